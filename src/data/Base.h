@@ -1,0 +1,101 @@
+#pragma once
+
+#include "data/Record.h"
+#include "values/Error.h"
+
+#include <QSqlQuery>
+#include <QString>
+#include <QVariantList>
+
+#include <memory>
+#include <unordered_map>
+
+namespace xa518 {
+
+class Motor;
+class Transaccion;
+
+/// A failure of the database engine: `Numero` as the messages know it (see `NumeroError`), `Texto` the engine's words.
+class ErrorBase : public Error {
+  public:
+    using Error::Error;
+};
+
+/// A row set, read forward. Columns count from 0; names without case.
+class Registros {
+  public:
+    Registros(Registros&& otro) noexcept;
+    Registros& operator=(Registros&&) = delete;
+    Registros(const Registros&) = delete;
+    Registros& operator=(const Registros&) = delete;
+    ~Registros();
+
+    /// Moves to the next row, at first to the first one; false past the last.
+    [[nodiscard]] bool Siguiente();
+
+    /// The value as text; the empty text for null.
+    [[nodiscard]] QString Texto(int columna) const;
+    [[nodiscard]] QString Texto(QStringView columna) const { return Texto(Columna(columna)); }
+    [[nodiscard]] qint64 Entero(int columna) const;
+    [[nodiscard]] bool EsNulo(int columna) const;
+    [[nodiscard]] QVariant Valor(int columna) const;
+    [[nodiscard]] QVariant Valor(QStringView columna) const { return Valor(Columna(columna)); }
+
+    /// Raises `ErrorBase` (`CampoNoExiste`) for a name that the set lacks.
+    [[nodiscard]] int Columna(QStringView nombre) const;
+    [[nodiscard]] int Columnas() const;
+
+  private:
+    friend class Base;
+    Registros(class Base& base, const QString& sql, std::unique_ptr<QSqlQuery> consulta);
+
+    class Base* m_base;
+    const QString* m_sql;
+    std::unique_ptr<QSqlQuery> m_consulta;
+};
+
+/// The open database. SQL texts are in the system's dialect, with `?` where a value goes; the engine, picked by the
+/// database's name, turns them into its own. Statements are prepared once per text. Every failure is an `ErrorBase`.
+class Base {
+  public:
+    /// Opens an existing database for shared reading and writing: `BaseNoExiste` when it is missing, `BaseBloqueada`
+    /// when another program holds it or it can't be written.
+    [[nodiscard]] static std::unique_ptr<Base> Abre(const QString& ruta);
+    /// Makes an empty database where there is none, private to the user, and opens it.
+    [[nodiscard]] static std::unique_ptr<Base> Crea(const QString& ruta);
+
+    Base(const Base&) = delete;
+    Base& operator=(const Base&) = delete;
+    ~Base();
+
+    [[nodiscard]] Registros Lee(const QString& sql, const QVariantList& valores = {});
+    /// Runs a statement; returns the number of rows it changed.
+    int Ejecuta(const QString& sql, const QVariantList& valores = {});
+
+    /// The table's columns as declared; read once. The reference holds as long as the base is open.
+    [[nodiscard]] const Tabla& Describe(const QString& tabla);
+    /// Adds a row. `ClaveDuplicada` when its key stands there already.
+    void Agrega(const Registro& registro);
+
+    /// Starts a transaction with the right to write, which waits a short while for other writers.
+    [[nodiscard]] Transaccion Comienza();
+
+    [[nodiscard]] const QString& Ruta() const { return m_ruta; }
+
+  private:
+    friend class Registros;
+    friend class Transaccion;
+    using Libres = std::vector<std::unique_ptr<QSqlQuery>>;
+
+    Base(QString ruta, std::unique_ptr<Motor> motor);
+    std::unique_ptr<QSqlQuery> Prepara(const QString& sql);
+    const QString& Corre(const QString& sql, const QVariantList& valores, std::unique_ptr<QSqlQuery>& consulta);
+    void Devuelve(const QString& sql, std::unique_ptr<QSqlQuery> consulta) noexcept;
+
+    QString m_ruta;
+    std::unique_ptr<Motor> m_motor;
+    std::unordered_map<QString, Libres> m_libres;
+    std::unordered_map<QString, Tabla> m_tablas;
+};
+
+} // namespace xa518

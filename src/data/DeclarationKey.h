@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+#include <QVariantList>
+
+namespace xa518 {
+
+inline const QString kNumFormulario = QStringLiteral("0518");
+
+/// What identifies a declaration: declarant, period and form, and for a sent one the number of the copy.
+/// It knows its own tables and its own condition.
+struct ClaveDeclaracion {
+    QString ruc;
+    QString periodo; ///< `yyyymm`
+    QString formulario = kNumFormulario;
+    bool enviada = false;
+    QString correl; ///< only of a sent copy
+
+    /// The name of a table of the declaration: itself, or its "H" twin when the declaration is a sent copy.
+    [[nodiscard]] QString Tabla(const QString& registrada) const;
+
+    /// "WHERE TIP_DOC_D=6 AND DOC_ID_D=? ..." with `correl` for a sent copy.
+    [[nodiscard]] QString Condicion() const;
+    /// The same without `TIP_DOC_D`: the queries of the boxes and of the payment vouchers don't name it, wanted so.
+    [[nodiscard]] QString CondicionSinTipo() const;
+    /// The values for either condition.
+    [[nodiscard]] QVariantList Valores() const;
+};
+
+} // namespace xa518

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+namespace xa518 {
+
+class Base;
+
+/// A row of the catalogue of document types, cut out of its fixed columns.
+struct TipoDocumento {
+    QString codigo;        ///< two digits, "06" is the RUC
+    QString corto;         ///< short name, 11 characters at most
+    int largo = 0;         ///< LenDoc: length of the number
+    QString tipoDato;      ///< column 128, "0" or another
+    QString tipoLongitud;  ///< column 130, "0" a maximum, otherwise exact
+
+    /// The item of the lists: code, short name in 60 characters and the tail of length and flags from which the
+    /// dialogs read the rules of the chosen type back.
+    [[nodiscard]] QString Item() const;
+};
+
+/// The document types offered where column `posFlag` of their row says "1", in the order of their sort key.
+[[nodiscard]] QList<TipoDocumento> DocumentosOfrecidos(Base& base, int posFlag);
+
+/// The type of a code compared by value, nothing when the catalogue lacks it.
+[[nodiscard]] std::optional<TipoDocumento> DocumentoDeTipo(Base& base, const QString& tipo);
+
+/// Tells whether a document number fits its type: length by columns 46 and 130, and by column 128 digits only ("0") or
+/// letters allowed.
+[[nodiscard]] bool ValidaDocumento(Base& base, const QString& tipo, const QString& numero);
+
+struct ConsultaSql {
+    QString texto;
+    QStringList valores;
+};
+
+/// The query for the declarants that a user may choose for a form.
+[[nodiscard]] ConsultaSql SqlDeclarantes(Base& base, const QString& formulario, const QString& usuario);
+
+} // namespace xa518

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QString>
+
+#include <memory>
+
+namespace xa518 {
+
+enum class ModoApertura { Existente, Nueva };
+
+/// What differs between database engines: opening, the dialect, the meaning of error codes.
+class Motor {
+  public:
+    Motor() = default;
+    Motor(const Motor&) = delete;
+    Motor& operator=(const Motor&) = delete;
+    virtual ~Motor() = default;
+
+    /// Opens the database and sets the engine's rules; raises `ErrorBase`.
+    virtual void Abre(const QString& ruta, ModoApertura modo) = 0;
+    [[nodiscard]] virtual QSqlDatabase Conexion() const = 0;
+    /// Turns the system's dialect into the engine's.
+    [[nodiscard]] virtual QString Traduce(const QString& sql) const = 0;
+    /// The engine's error in the vocabulary of the messages.
+    [[nodiscard]] virtual int Numero(const QSqlError& error) const = 0;
+    [[nodiscard]] virtual QString SqlComienza() const = 0;
+    /// A query of two columns, name and declared type, over the columns of a table in their order.
+    [[nodiscard]] virtual QString SqlColumnas(const QString& tabla) const = 0;
+};
+
+/// Picks the engine by the database's name: a file is SQLite.
+[[nodiscard]] std::unique_ptr<Motor> MotorPara(const QString& ruta);
+
+} // namespace xa518

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QVariant>
+
+namespace xa518 {
+
+struct Columna {
+    QString nombre;
+    bool entera = false; ///< declared INTEGER; every other column is text
+};
+
+/// A table as the database declares it: its columns in their order, the checksum's last.
+struct Tabla {
+    QString nombre;
+    QList<Columna> columnas;
+    QString sqlAlta; ///< the insert of a whole row, one `?` per column
+
+    /// The position of a column, its name without case; raises `Error` (`CampoNoExiste`) when there is none.
+    [[nodiscard]] int Indice(QStringView columna) const;
+};
+
+/// The values of one row, null until they are put, in the table's own column order.
+class Registro {
+  public:
+    explicit Registro(const Tabla& tabla);
+
+    Registro& Pon(QStringView columna, QVariant valor) { return Pon(m_tabla->Indice(columna), std::move(valor)); }
+    Registro& Pon(int columna, QVariant valor);
+    void Vacia();
+
+    [[nodiscard]] const Tabla& DeTabla() const { return *m_tabla; }
+    [[nodiscard]] const QVariantList& Valores() const { return m_valores; }
+    [[nodiscard]] const QVariant& Valor(QStringView columna) const { return m_valores[m_tabla->Indice(columna)]; }
+
+    /// A text column's value trimmed, a number as text, a date as `yyyymmdd`, null as the empty text.
+    [[nodiscard]] QString TextoDe(int columna) const;
+
+  private:
+    const Tabla* m_tabla;
+    QVariantList m_valores;
+};
+
+} // namespace xa518

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+
+namespace xa518 {
+
+/// The account with which the programs of the family open the database.
+struct Cuenta {
+    QString usuario;
+    QString clave;
+};
+
+/// Builds one of the account's texts, character by character, from its configured codes: eight masked bytes in hex.
+[[nodiscard]] QString TextoDeCodigos(const QString& codigos);
+
+/// The workgroup file: the accounts that may open the database, each with an Argon2id hash of its password.
+class GrupoTrabajo {
+  public:
+    explicit GrupoTrabajo(QString ruta) : m_ruta(std::move(ruta)) {}
+
+    /// Passes silently, or raises `ErrorBase`: `GrupoNoExiste` without the file, `CuentaRechazada` for an unknown
+    /// account or a wrong password.
+    void Verifica(const Cuenta& cuenta) const;
+
+    /// Writes a file with that one account, private to the user.
+    void Crea(const Cuenta& cuenta) const;
+
+  private:
+    QString m_ruta;
+};
+
+} // namespace xa518

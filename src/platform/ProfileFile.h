@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+
+namespace xa518 {
+
+/// A profile file of sections and keys, read by the rules of the Windows profile calls: section and key names without
+/// case, blanks around names and values dropped, one pair of quotes around a value stripped.
+class ArchivoPerfil {
+  public:
+    explicit ArchivoPerfil(QString ruta);
+
+    /// Where a profile file given by its bare name lies: `$XDG_CONFIG_HOME`, by default `~/.config`.
+    [[nodiscard]] static QString RutaDe(const QString& nombre);
+
+    /// The value of a key; the empty text when file, section or key is missing.
+    [[nodiscard]] QString Lee(QStringView seccion, QStringView clave) const;
+
+    /// Puts a value, making file (private to the user) and section as needed. Every other byte of the file stays.
+    /// Raises `Error` (`AccesoAlDisco`) when the file can't be written.
+    void Escribe(QStringView seccion, QStringView clave, QStringView valor) const;
+
+    [[nodiscard]] const QString& Ruta() const { return m_ruta; }
+
+  private:
+    QString m_ruta;
+};
+
+} // namespace xa518

@@ -1,0 +1,80 @@
+#include "values/Text.h"
+
+#include <QStringDecoder>
+
+#include <algorithm>
+#include <array>
+
+namespace xa518 {
+
+namespace {
+
+/// Windows-1252 from 128 to 159; elsewhere below 256 it agrees with Latin-1. 0 marks an unused code.
+constexpr std::array<char16_t, 32> kAltos = {
+    0x20AC, 0, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0, 0x017D, 0,
+    0, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0, 0x017E, 0x0178};
+constexpr int kPrimerAlto = 128;
+constexpr int kSinCodigo = u'?';
+
+constexpr bool EsLatino(char16_t codigo) {
+    return codigo < 128 || (codigo >= 160 && codigo < 256);
+}
+
+QChar Mayuscula(QChar c) {
+    const QChar mayor = c.toUpper();
+    const bool existe = CodigoWindows1252(mayor) != kSinCodigo;
+    return existe ? mayor : c;
+}
+
+} // namespace
+
+QStringView Recorta(QStringView texto) {
+    qsizetype desde = 0;
+    qsizetype hasta = texto.size();
+    while (desde < hasta && texto[desde] == u' ')
+        ++desde;
+    while (hasta > desde && texto[hasta - 1] == u' ')
+        --hasta;
+    return texto.sliced(desde, hasta - desde);
+}
+
+QStringView Mid(QStringView texto, qsizetype desde, qsizetype largo) {
+    const qsizetype inicio = std::clamp<qsizetype>(desde - 1, 0, texto.size());
+    return texto.sliced(inicio, std::clamp<qsizetype>(largo, 0, texto.size() - inicio));
+}
+
+QString Mayusculas(QStringView texto) {
+    QString resultado = texto.toString();
+    for (QChar& c : resultado)
+        c = Mayuscula(c);
+    return resultado;
+}
+
+int CodigoWindows1252(QChar caracter) {
+    const char16_t codigo = caracter.unicode();
+    if (EsLatino(codigo))
+        return codigo;
+    const auto alto = codigo == 0 ? kAltos.end() : std::find(kAltos.begin(), kAltos.end(), codigo);
+    return alto == kAltos.end() ? kSinCodigo : kPrimerAlto + static_cast<int>(alto - kAltos.begin());
+}
+
+QString DecodificaWindows1252(QByteArrayView bytes) {
+    QString texto(bytes.size(), Qt::Uninitialized);
+    std::transform(bytes.begin(), bytes.end(), texto.begin(), [](char byte) {
+        const auto codigo = static_cast<unsigned char>(byte);
+        const bool alto = codigo >= kPrimerAlto && codigo < kPrimerAlto + kAltos.size();
+        return alto ? QChar(kAltos[codigo - kPrimerAlto]) : QChar(codigo);
+    });
+    return texto;
+}
+
+bool EsUtf8Valido(QByteArrayView bytes) {
+    return bytes.isValidUtf8();
+}
+
+QString PeriodoDePantalla(QStringView mostrado) {
+    const qsizetype largo = mostrado.size();
+    return mostrado.last(std::min<qsizetype>(4, largo)).toString() + mostrado.first(std::min<qsizetype>(2, largo));
+}
+
+} // namespace xa518

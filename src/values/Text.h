@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+#include <QStringView>
+
+namespace xa518 {
+
+/// Cuts blanks (code 32 only, not tabs) from both ends.
+[[nodiscard]] QStringView Recorta(QStringView texto);
+
+/// The characters from position `desde`, counted from 1; what there is of them when the text ends sooner.
+[[nodiscard]] QStringView Mid(QStringView texto, qsizetype desde, qsizetype largo);
+
+/// Upper case character by character, within Windows-1252: "ñ" and accents follow, "ß" and "µ" stay.
+[[nodiscard]] QString Mayusculas(QStringView texto);
+
+/// The character's code in Windows-1252; 63, the code of "?", for a character that it lacks.
+[[nodiscard]] int CodigoWindows1252(QChar caracter);
+
+[[nodiscard]] QString DecodificaWindows1252(QByteArrayView bytes);
+
+[[nodiscard]] bool EsUtf8Valido(QByteArrayView bytes);
+
+[[nodiscard]] constexpr bool EsDigito(QChar c) {
+    return c >= u'0' && c <= u'9';
+}
+
+/// A to Z and a to z, nothing else.
+[[nodiscard]] constexpr bool EsLetra(QChar c) {
+    return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
+}
+
+/// Joins the shown period `mm/yyyy` or `mmyyyy` into `yyyymm`: its last four characters, then its first two.
+[[nodiscard]] QString PeriodoDePantalla(QStringView mostrado);
+
+} // namespace xa518
