@@ -1,0 +1,148 @@
+#include "data/Base.h"
+
+#include "data/Engine.h"
+#include "data/Transaction.h"
+
+#include <QSqlRecord>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+Registros::Registros(Base& base, const QString& sql, std::unique_ptr<QSqlQuery> consulta)
+    : m_base(&base), m_sql(&sql), m_consulta(std::move(consulta)) {}
+
+Registros::Registros(Registros&& otro) noexcept = default;
+
+Registros::~Registros() {
+    if (m_consulta)
+        m_base->Devuelve(*m_sql, std::move(m_consulta));
+}
+
+bool Registros::Siguiente() {
+    if (m_consulta->next())
+        return true;
+    if (m_consulta->lastError().isValid())
+        throw ErrorBase(m_base->m_motor->Numero(m_consulta->lastError()), m_consulta->lastError().databaseText());
+    return false;
+}
+
+QString Registros::Texto(int columna) const {
+    return m_consulta->value(columna).toString();
+}
+
+qint64 Registros::Entero(int columna) const {
+    return m_consulta->value(columna).toLongLong();
+}
+
+bool Registros::EsNulo(int columna) const {
+    return m_consulta->isNull(columna);
+}
+
+QVariant Registros::Valor(int columna) const {
+    return m_consulta->value(columna);
+}
+
+int Registros::Columna(QStringView nombre) const {
+    const int columna = m_consulta->record().indexOf(nombre.toString());
+    if (columna < 0)
+        throw ErrorBase(NumeroError::CampoNoExiste, u"La consulta no tiene la columna %1"_s.arg(nombre));
+    return columna;
+}
+
+int Registros::Columnas() const {
+    return m_consulta->record().count();
+}
+
+std::unique_ptr<Base> Base::Abre(const QString& ruta) {
+    std::unique_ptr<Motor> motor = MotorPara(ruta);
+    motor->Abre(ruta, ModoApertura::Existente);
+    return std::unique_ptr<Base>(new Base(ruta, std::move(motor)));
+}
+
+std::unique_ptr<Base> Base::Crea(const QString& ruta) {
+    std::unique_ptr<Motor> motor = MotorPara(ruta);
+    motor->Abre(ruta, ModoApertura::Nueva);
+    return std::unique_ptr<Base>(new Base(ruta, std::move(motor)));
+}
+
+Base::Base(QString ruta, std::unique_ptr<Motor> motor) : m_ruta(std::move(ruta)), m_motor(std::move(motor)) {}
+
+Base::~Base() {
+    m_libres.clear(); // the statements go before the connection that they belong to
+}
+
+Registros Base::Lee(const QString& sql, const QVariantList& valores) {
+    std::unique_ptr<QSqlQuery> consulta;
+    const QString& texto = Corre(sql, valores, consulta);
+    return {*this, texto, std::move(consulta)};
+}
+
+int Base::Ejecuta(const QString& sql, const QVariantList& valores) {
+    std::unique_ptr<QSqlQuery> consulta;
+    const QString& texto = Corre(sql, valores, consulta);
+    const int cambiadas = consulta->numRowsAffected();
+    Devuelve(texto, std::move(consulta));
+    return cambiadas;
+}
+
+std::unique_ptr<QSqlQuery> Base::Prepara(const QString& sql) {
+    auto consulta = std::make_unique<QSqlQuery>(m_motor->Conexion());
+    consulta->setForwardOnly(true);
+    if (!consulta->prepare(m_motor->Traduce(sql)))
+        throw ErrorBase(m_motor->Numero(consulta->lastError()), consulta->lastError().databaseText());
+    return consulta;
+}
+
+const QString& Base::Corre(const QString& sql, const QVariantList& valores, std::unique_ptr<QSqlQuery>& consulta) {
+    const auto entrada = m_libres.try_emplace(sql).first;
+    Libres& libres = entrada->second;
+    if (libres.empty()) {
+        consulta = Prepara(sql);
+    } else {
+        consulta = std::move(libres.back());
+        libres.pop_back();
+    }
+    for (int i = 0; i < valores.size(); ++i)
+        consulta->bindValue(i, valores[i]);
+    if (!consulta->exec()) {
+        const ErrorBase error(m_motor->Numero(consulta->lastError()), consulta->lastError().databaseText());
+        Devuelve(entrada->first, std::move(consulta));
+        throw error;
+    }
+    return entrada->first;
+}
+
+void Base::Devuelve(const QString& sql, std::unique_ptr<QSqlQuery> consulta) noexcept {
+    consulta->finish();
+    m_libres[sql].push_back(std::move(consulta));
+}
+
+const Tabla& Base::Describe(const QString& tabla) {
+    const auto [entrada, nueva] = m_tablas.try_emplace(tabla);
+    if (!nueva)
+        return entrada->second;
+    Tabla leida{tabla, {}, {}};
+    QStringList lugares;
+    Registros columnas = Lee(m_motor->SqlColumnas(tabla));
+    while (columnas.Siguiente()) {
+        leida.columnas.append({columnas.Texto(0), columnas.Texto(1).startsWith(u"INT", Qt::CaseInsensitive)});
+        lugares.append(u"?"_s);
+    }
+    if (leida.columnas.isEmpty()) {
+        m_tablas.erase(entrada);
+        throw ErrorBase(NumeroError::TablaNoExiste, u"La base no tiene la tabla %1"_s.arg(tabla));
+    }
+    leida.sqlAlta = u"INSERT INTO %1 VALUES (%2)"_s.arg(tabla, lugares.join(u','));
+    return entrada->second = std::move(leida);
+}
+
+void Base::Agrega(const Registro& registro) {
+    Ejecuta(registro.DeTabla().sqlAlta, registro.Valores());
+}
+
+Transaccion Base::Comienza() {
+    return Transaccion(*this);
+}
+
+} // namespace xa518

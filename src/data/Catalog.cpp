@@ -1,0 +1,32 @@
+#include "data/Catalog.h"
+
+#include "data/Base.h"
+#include "values/Format.h"
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+QString Catalogo::FuncionParam(const QString& numero, const QString& argumento, int largo, int inicio) const {
+    Registros fila = m_base->Lee(u" Select Argumento,mid(Funcion,?,?) as Func From Param "
+                                 " Where Numero = ? and Argumento =?"_s,
+                                 {inicio, largo, numero, argumento});
+    return fila.Siguiente() ? fila.Texto(u"func") : QString();
+}
+
+QString Catalogo::Funcion(const QString& numero, const QString& argumento) const {
+    Registros fila = m_base->Lee(u"SELECT Funcion FROM PARAM WHERE Numero=? AND Argumento=?"_s, {numero, argumento});
+    return fila.Siguiente() ? fila.Texto(0) : QString();
+}
+
+QString Catalogo::DescError(const QString& codigo) const {
+    Registros fila = m_base->Lee(u"SELECT * FROM ERROR WHERE CodError=?"_s, {Format(codigo, u"0000")});
+    return fila.Siguiente() ? fila.Texto(u"DescError") : QString();
+}
+
+QString Catalogo::TipoUsuario(const QString& usuario) const {
+    Registros fila = m_base->Lee(u"SELECT * FROM CLAVES WHERE Usuario=?"_s, {usuario});
+    return fila.Siguiente() ? fila.Texto(u"Tipo") : u"1"_s;
+}
+
+} // namespace xa518

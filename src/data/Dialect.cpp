@@ -1,0 +1,140 @@
+#include "data/Dialect.h"
+
+#include <QHash>
+#include <QStringList>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool EsDeNombre(QChar c) {
+    return c.isLetterOrNumber() || c == u'_' || c == u'.' || c == u'$';
+}
+
+/// The position behind a text in quotes that starts at `desde`; doubled quotes stay inside.
+qsizetype FinDeComillas(const QString& sql, qsizetype desde) {
+    const QChar comilla = sql[desde];
+    qsizetype i = desde + 1;
+    while (i < sql.size()) {
+        if (sql[i] == comilla && (i + 1 >= sql.size() || sql[i + 1] != comilla))
+            return i + 1;
+        i += sql[i] == comilla ? 2 : 1;
+    }
+    return sql.size();
+}
+
+qsizetype FinDePalabra(const QString& sql, qsizetype desde) {
+    qsizetype i = desde;
+    while (i < sql.size() && EsDeNombre(sql[i]))
+        ++i;
+    return i;
+}
+
+/// Words, quoted texts, bracketed names, blanks and single characters, in their order.
+QStringList Fichas(const QString& sql) {
+    QStringList fichas;
+    for (qsizetype i = 0; i < sql.size();) {
+        qsizetype fin = i + 1;
+        if (sql[i] == u'\'' || sql[i] == u'"')
+            fin = FinDeComillas(sql, i);
+        else if (sql[i] == u'[' && sql.indexOf(u']', i) > 0)
+            fin = sql.indexOf(u']', i) + 1;
+        else if (EsDeNombre(sql[i]))
+            fin = FinDePalabra(sql, i);
+        else if (sql[i].isSpace())
+            while (fin < sql.size() && sql[fin].isSpace())
+                ++fin;
+        fichas.append(sql.sliced(i, fin - i));
+        i = fin;
+    }
+    return fichas;
+}
+
+bool EsBlanco(const QString& ficha) {
+    return ficha.front().isSpace();
+}
+
+/// Only before a parenthesis is a word a function: "left" also names a kind of join.
+void TraduceFunciones(QStringList& fichas) {
+    static const QHash<QString, QString> funciones = {
+        {u"mid$"_s, u"substr"_s}, {u"mid"_s, u"substr"_s}, {u"left"_s, u"izquierda"_s}, {u"len"_s, u"length"_s}};
+    for (qsizetype i = 0; i + 1 < fichas.size(); ++i) {
+        if (fichas[i + 1] == u"(")
+            fichas[i] = funciones.value(fichas[i].toLower(), fichas[i]);
+    }
+}
+
+qsizetype SiguienteFicha(const QStringList& fichas, qsizetype desde, qsizetype paso) {
+    qsizetype i = desde + paso;
+    while (i >= 0 && i < fichas.size() && EsBlanco(fichas[i]))
+        i += paso;
+    return i;
+}
+
+/// The other end of the operand whose first token, seen from the operator, is `desde`: a name, a text, or a call with
+/// its arguments.
+qsizetype FinDeOperando(const QStringList& fichas, qsizetype desde, qsizetype paso) {
+    const QString abre = paso > 0 ? u"("_s : u")"_s;
+    const QString cierra = paso > 0 ? u")"_s : u"("_s;
+    qsizetype i = desde;
+    if (paso > 0 && fichas[i] != abre && i + 1 < fichas.size() && fichas[i + 1] == abre)
+        ++i;
+    if (fichas[i] != abre)
+        return i;
+    for (int nivel = 0; i >= 0 && i < fichas.size(); i += paso) {
+        nivel += fichas[i] == abre ? 1 : fichas[i] == cierra ? -1 : 0;
+        if (nivel == 0)
+            break;
+    }
+    const bool esLlamada = paso < 0 && i > 0 && EsDeNombre(fichas[i - 1].front());
+    return esLlamada ? i - 1 : i;
+}
+
+/// `a & b` takes null as the empty text, which the engine's own operator doesn't.
+void TraduceUnion(QStringList& fichas) {
+    for (qsizetype i = 1; i + 1 < fichas.size(); ++i) {
+        if (fichas[i] != u"&")
+            continue;
+        fichas[i] = u"||"_s;
+        const qsizetype derecha = SiguienteFicha(fichas, i, 1);
+        const qsizetype finDerecha = FinDeOperando(fichas, derecha, 1);
+        fichas[derecha].prepend(u"ifnull("_s);
+        fichas[finDerecha].append(u",'')"_s);
+        const qsizetype izquierda = SiguienteFicha(fichas, i, -1);
+        const qsizetype finIzquierda = FinDeOperando(fichas, izquierda, -1);
+        fichas[finIzquierda].prepend(u"ifnull("_s);
+        fichas[izquierda].append(u",'')"_s);
+    }
+}
+
+/// "DELETE * FROM": the star means nothing here.
+void QuitaAsterisco(QStringList& fichas) {
+    const qsizetype primera = SiguienteFicha(fichas, -1, 1);
+    if (primera >= fichas.size() || fichas[primera].compare("DELETE"_L1, Qt::CaseInsensitive) != 0)
+        return;
+    const qsizetype segunda = SiguienteFicha(fichas, primera, 1);
+    if (segunda < fichas.size() && fichas[segunda] == u"*")
+        fichas[segunda].clear();
+}
+
+void TraduceNombres(QStringList& fichas) {
+    for (QString& ficha : fichas) {
+        if (ficha.startsWith(u'['))
+            ficha = u'"' + ficha.sliced(1).chopped(1) + u'"';
+    }
+}
+
+} // namespace
+
+QString TraduceASqlite(const QString& sql) {
+    QStringList fichas = Fichas(sql);
+    QuitaAsterisco(fichas);
+    TraduceNombres(fichas);
+    TraduceFunciones(fichas);
+    TraduceUnion(fichas);
+    return fichas.join(QString());
+}
+
+} // namespace xa518

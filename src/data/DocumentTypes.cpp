@@ -1,0 +1,96 @@
+#include "data/DocumentTypes.h"
+
+#include "data/Base.h"
+#include "data/Catalog.h"
+#include "data/ObjetoUtil.h"
+#include "values/Decimal.h"
+#include "values/Text.h"
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Stands in for a missing row of the RUC. Its column 130 says "0", a maximum, so it adds no length filter. Wanted.
+const QString& FilaRucPorDefecto() {
+    static const QString fila = u"REG. UNICO DE CONTRIBUYENTES   RUC           11 000110 01 000001000001100111011111"
+                                "                                           0 5 0"_s;
+    return fila;
+}
+
+constexpr int kInicioCorto = 32;
+constexpr int kLargoCorto = 11;
+constexpr int kInicioLargo = 46;
+constexpr int kInicioTipoDato = 128;
+constexpr int kInicioTipoLongitud = 130;
+
+TipoDocumento Corta(const QString& codigo, QStringView funcion) {
+    return {codigo,
+            Mid(funcion, kInicioCorto, kLargoCorto).toString(),
+            Recorta(Mid(funcion, kInicioLargo, 2)).toInt(),
+            Mid(funcion, kInicioTipoDato, 1).toString(),
+            Mid(funcion, kInicioTipoLongitud, 1).toString()};
+}
+
+bool LargoValido(const TipoDocumento& tipo, qsizetype largo) {
+    return Decimal::Valor(tipo.tipoLongitud).Signo() == 0 ? largo <= tipo.largo : largo == tipo.largo;
+}
+
+} // namespace
+
+QString TipoDocumento::Item() const {
+    const QString ancho = QString::number(largo).rightJustified(2, u' ');
+    return codigo + u"  -  " + corto.leftJustified(60, u' ', true) + ancho + u' ' + tipoDato + u' ' + tipoLongitud;
+}
+
+QList<TipoDocumento> DocumentosOfrecidos(Base& base, int posFlag) {
+    Registros filas = base.Lee(u" SELECT format(trim(Par1.Argumento),'00') as Codigo, Par1.Funcion"
+                               " FROM Param as Par1 "
+                               " WHERE Par1.Numero = '044' and mid(Funcion,?,1)='1' "
+                               " Order By mid(Funcion,56,2)"_s,
+                               {posFlag});
+    QList<TipoDocumento> tipos;
+    while (filas.Siguiente())
+        tipos.append(Corta(filas.Texto(0), filas.Texto(1)));
+    return tipos;
+}
+
+std::optional<TipoDocumento> DocumentoDeTipo(Base& base, const QString& tipo) {
+    const QString codigo = Decimal::Valor(tipo).Texto();
+    const QString funcion = Catalogo(base).Funcion(u"044"_s, codigo);
+    if (funcion.isEmpty())
+        return std::nullopt;
+    return Corta(codigo.rightJustified(2, u'0'), funcion);
+}
+
+bool ValidaDocumento(Base& base, const QString& tipo, const QString& numero) {
+    const QStringView recortado = Recorta(numero);
+    if (Recorta(tipo).isEmpty() || recortado.isEmpty())
+        return false;
+    const std::optional<TipoDocumento> fila = DocumentoDeTipo(base, tipo);
+    if (!fila || !LargoValido(*fila, recortado.size()))
+        return false;
+    return Decimal::Valor(fila->tipoDato).Signo() != 0 ? ObjetoUtil::ValidaTextoDoc(numero)
+                                                       : ObjetoUtil::ValidaNumeroDoc(numero);
+}
+
+ConsultaSql SqlDeclarantes(Base& base, const QString& formulario, const QString& usuario) {
+    const Catalogo catalogo(base);
+    const QString guardada = catalogo.Funcion(u"044"_s, u"6"_s);
+    const TipoDocumento ruc = Corta(u"06"_s, guardada.isEmpty() ? FilaRucPorDefecto() : guardada);
+    ConsultaSql consulta{u" SELECT * FROM CONT  WHERE Tip_doc_d=6 "_s, {}};
+    if (ruc.largo == 11 && ruc.tipoLongitud == u"1")
+        consulta.texto += u" AND len(trim(Doc_id_d))=11 ";
+    if (formulario == u"0275") // the sibling form; never taken by this one, but the family shares the rule
+        consulta.texto += u" AND Tipo_Ingreso=2 ";
+    if (catalogo.TipoUsuario(usuario) == u"0") {
+        consulta.texto += u" ORDER BY Tip_doc_d, doc_id_d ";
+    } else {
+        consulta.texto += u" AND Usuario =? Order by Tip_doc_d, doc_id_d ";
+        consulta.valores.append(usuario);
+    }
+    return consulta;
+}
+
+} // namespace xa518

@@ -1,0 +1,40 @@
+#include "data/Record.h"
+
+#include "data/Base.h"
+#include "values/Text.h"
+
+#include <QDate>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+int Tabla::Indice(QStringView columna) const {
+    for (int i = 0; i < columnas.size(); ++i) {
+        if (columna.compare(columnas[i].nombre, Qt::CaseInsensitive) == 0)
+            return i;
+    }
+    throw ErrorBase(NumeroError::CampoNoExiste, u"La tabla %1 no tiene la columna %2"_s.arg(nombre, columna));
+}
+
+Registro::Registro(const Tabla& tabla) : m_tabla(&tabla), m_valores(tabla.columnas.size()) {}
+
+Registro& Registro::Pon(int columna, QVariant valor) {
+    m_valores[columna] = std::move(valor);
+    return *this;
+}
+
+void Registro::Vacia() {
+    m_valores.fill(QVariant());
+}
+
+QString Registro::TextoDe(int columna) const {
+    const QVariant& valor = m_valores[columna];
+    if (valor.isNull())
+        return {};
+    if (valor.metaType() == QMetaType::fromType<QDate>())
+        return valor.toDate().toString(u"yyyyMMdd"_s);
+    return Recorta(valor.toString()).toString();
+}
+
+} // namespace xa518

@@ -1,0 +1,135 @@
+#include "data/SqliteEngine.h"
+
+#include "data/Base.h"
+#include "data/Dialect.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSqlDriver>
+#include <QSqlQuery>
+#include <QUrl>
+#include <QUuid>
+
+#include <sqlite3.h>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Another program's write takes milliseconds; one that holds the base longer is told to the user.
+constexpr int kEsperaMs = 500;
+
+sqlite3* Manija(const QSqlDatabase& conexion) {
+    const QVariant manija = conexion.driver()->handle();
+    return *static_cast<sqlite3* const*>(manija.constData());
+}
+
+QString UriDe(const QString& ruta, ModoApertura modo) {
+    const auto camino = QString::fromLatin1(QUrl::toPercentEncoding(QFileInfo(ruta).absoluteFilePath(), "/:"));
+    return u"file:%1?mode=%2"_s.arg(camino, modo == ModoApertura::Nueva ? u"rwc"_s : u"rw"_s);
+}
+
+void ExigeArchivo(const QString& ruta) {
+    if (!QFileInfo(ruta).isFile())
+        throw ErrorBase(NumeroError::BaseNoExiste, u"No se encuentra el archivo '%1'."_s.arg(ruta));
+}
+
+/// Makes the empty file first, so that it is never, not even for a moment, readable by others.
+void CreaArchivoPrivado(const QString& ruta) {
+    QFile archivo(ruta);
+    if (!archivo.open(QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner))
+        throw ErrorBase(NumeroError::AccesoAlDisco, u"No se puede crear el archivo '%1'."_s.arg(ruta));
+}
+
+} // namespace
+
+std::unique_ptr<Motor> MotorPara(const QString& ruta) {
+    if (ruta.contains("://"_L1))
+        throw ErrorBase(NumeroError::MotorAjeno, u"No hay un motor de base de datos para '%1'."_s.arg(ruta));
+    return std::make_unique<MotorSqlite>();
+}
+
+MotorSqlite::MotorSqlite() : m_nombre(QUuid::createUuid().toString(QUuid::WithoutBraces)) {}
+
+MotorSqlite::~MotorSqlite() {
+    QSqlDatabase::removeDatabase(m_nombre);
+}
+
+void MotorSqlite::Abre(const QString& ruta, ModoApertura modo) {
+    if (modo == ModoApertura::Nueva)
+        CreaArchivoPrivado(ruta);
+    ExigeArchivo(ruta);
+    QSqlDatabase conexion = QSqlDatabase::addDatabase(u"QSQLITE"_s, m_nombre);
+    conexion.setDatabaseName(UriDe(ruta, modo));
+    conexion.setConnectOptions(u"QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1"_s.arg(kEsperaMs));
+    if (!conexion.open())
+        Falla(conexion.lastError());
+    Prepara(ruta);
+}
+
+void MotorSqlite::Prepara(const QString& ruta) {
+    sqlite3* manija = Manija(Conexion());
+    sqlite3_db_config(manija, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    RegistraFunciones(manija);
+    Pide(u"PRAGMA trusted_schema=OFF"_s);
+    Pide(u"PRAGMA foreign_keys=ON"_s);
+    Pide(u"SELECT count(*) FROM sqlite_master"_s); // the first read finds a locked file or one that is no base
+    // The rollback journal: the write-ahead log of the packaged engine can lose a commit when several programs share
+    // the file. EXTRA also makes the journal's removal durable, so that a power cut never brings an old state back.
+    Pide(u"PRAGMA journal_mode=DELETE"_s);
+    Pide(u"PRAGMA synchronous=EXTRA"_s);
+    if (sqlite3_db_readonly(manija, "main") == 1)
+        throw ErrorBase(NumeroError::BaseBloqueada, u"La base '%1' es de sólo lectura."_s.arg(ruta));
+}
+
+void MotorSqlite::Pide(const QString& sql) {
+    QSqlQuery consulta(Conexion());
+    if (!consulta.exec(sql))
+        Falla(consulta.lastError());
+}
+
+void MotorSqlite::Falla(const QSqlError& error) const {
+    throw ErrorBase(Numero(error), error.databaseText());
+}
+
+QSqlDatabase MotorSqlite::Conexion() const {
+    return QSqlDatabase::database(m_nombre, false);
+}
+
+QString MotorSqlite::Traduce(const QString& sql) const {
+    return TraduceASqlite(sql);
+}
+
+int MotorSqlite::Numero(const QSqlError& error) const {
+    const int extendido = error.nativeErrorCode().toInt();
+    const QString texto = error.databaseText();
+    switch (extendido) {
+    case SQLITE_CONSTRAINT_UNIQUE:
+    case SQLITE_CONSTRAINT_PRIMARYKEY: return static_cast<int>(NumeroError::ClaveDuplicada);
+    default: break;
+    }
+    switch (extendido & 0xff) {
+    case SQLITE_CANTOPEN:
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+    case SQLITE_READONLY: return static_cast<int>(NumeroError::BaseBloqueada);
+    default: break;
+    }
+    if (texto.contains("no such table"_L1))
+        return static_cast<int>(NumeroError::TablaNoExiste);
+    if (texto.contains("no such column"_L1))
+        return static_cast<int>(NumeroError::CampoNoExiste);
+    return extendido;
+}
+
+QString MotorSqlite::SqlComienza() const {
+    return u"BEGIN IMMEDIATE"_s;
+}
+
+QString MotorSqlite::SqlColumnas(const QString& tabla) const {
+    return u"SELECT name, type FROM pragma_table_info('%1') ORDER BY cid"_s.arg(tabla);
+}
+
+} // namespace xa518

@@ -1,0 +1,99 @@
+#include "data/SqliteEngine.h"
+#include "values/Decimal.h"
+#include "values/Error.h"
+#include "values/Format.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <optional>
+
+namespace xa518 {
+
+namespace {
+
+QString TextoDe(sqlite3_value* valor) {
+    const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(valor));
+    return QString::fromUtf8(bytes, sqlite3_value_bytes(valor));
+}
+
+void Responde(sqlite3_context* contexto, const QString& texto) {
+    const QByteArray bytes = texto.toUtf8();
+    sqlite3_result_text(contexto, bytes.constData(), static_cast<int>(bytes.size()), SQLITE_TRANSIENT);
+}
+
+/// Errors can't cross the engine's frames: they become its own error and come back through the statement.
+template <typename Funcion>
+void Protege(sqlite3_context* contexto, const Funcion& funcion) {
+    try {
+        funcion();
+    } catch (const std::exception& error) {
+        sqlite3_result_error(contexto, error.what(), -1);
+    }
+}
+
+void Val(sqlite3_context* contexto, int, sqlite3_value** argumentos) {
+    Protege(contexto, [&] {
+        if (sqlite3_value_type(argumentos[0]) == SQLITE_INTEGER)
+            return sqlite3_result_value(contexto, argumentos[0]);
+        const Decimal valor = Decimal::Valor(TextoDe(argumentos[0]));
+        if (valor.Decimales() == 0)
+            return sqlite3_result_int64(contexto, static_cast<sqlite3_int64>(valor.Mantisa()));
+        sqlite3_result_double(contexto, valor.Texto().toDouble());
+    });
+}
+
+void FormatDeSql(sqlite3_context* contexto, int, sqlite3_value** argumentos) {
+    Protege(contexto, [&] { Responde(contexto, Format(TextoDe(argumentos[0]), TextoDe(argumentos[1]))); });
+}
+
+/// The engine adds reals in binary; amounts must come out to the cent, so each term goes through its decimal text:
+/// the fifteen digits that a real is sure to keep.
+Decimal DecimalDe(sqlite3_value* valor) {
+    if (sqlite3_value_type(valor) != SQLITE_FLOAT)
+        return Decimal::Valor(TextoDe(valor));
+    const double real = sqlite3_value_double(valor);
+    const auto enteros = QString::number(std::fabs(real), 'f', 0).size();
+    return Decimal::Valor(QString::number(real, 'f', std::clamp(15 - static_cast<int>(enteros), 0, 10)));
+}
+
+void Izquierda(sqlite3_context* contexto, int, sqlite3_value** argumentos) {
+    Protege(contexto, [&] {
+        if (sqlite3_value_type(argumentos[0]) != SQLITE_NULL)
+            Responde(contexto, TextoDe(argumentos[0]).left(sqlite3_value_int(argumentos[1])));
+    });
+}
+
+using Suma = std::optional<Decimal>;
+
+void PasoDeSuma(sqlite3_context* contexto, int, sqlite3_value** argumentos) {
+    Protege(contexto, [&] {
+        void* memoria = sqlite3_aggregate_context(contexto, sizeof(Suma*));
+        auto** suma = static_cast<Suma**>(memoria);
+        if (*suma == nullptr)
+            *suma = std::make_unique<Suma>().release();
+        if (sqlite3_value_type(argumentos[0]) != SQLITE_NULL)
+            **suma = (*suma)->value_or(Decimal()) + DecimalDe(argumentos[0]);
+    });
+}
+
+void FinDeSuma(sqlite3_context* contexto) {
+    auto** memoria = static_cast<Suma**>(sqlite3_aggregate_context(contexto, 0));
+    const std::unique_ptr<Suma> suma(memoria == nullptr ? nullptr : *memoria);
+    if (suma && suma->has_value())
+        Responde(contexto, (*suma)->Texto());
+}
+
+} // namespace
+
+void RegistraFunciones(sqlite3* conexion) {
+    constexpr int kPura = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
+    sqlite3_create_function(conexion, "val", 1, kPura, nullptr, Val, nullptr, nullptr);
+    sqlite3_create_function(conexion, "format", 2, kPura, nullptr, FormatDeSql, nullptr, nullptr);
+    sqlite3_create_function(conexion, "izquierda", 2, kPura, nullptr, Izquierda, nullptr, nullptr);
+    sqlite3_create_function(conexion, "sum", 1, kPura, nullptr, nullptr, PasoDeSuma, FinDeSuma);
+}
+
+} // namespace xa518

@@ -1,0 +1,145 @@
+#include "platform/ProfileFile.h"
+
+#include "values/Error.h"
+#include "values/Text.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+namespace xa518 {
+
+namespace {
+
+QByteArray LeeBytes(const QString& ruta) {
+    QFile archivo(ruta);
+    return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
+}
+
+QString Decodifica(const QByteArray& linea) {
+    return EsUtf8Valido(linea) ? QString::fromUtf8(linea) : DecodificaWindows1252(linea);
+}
+
+bool EsMismoNombre(QStringView uno, QStringView otro) {
+    return uno.trimmed().compare(otro.trimmed(), Qt::CaseInsensitive) == 0;
+}
+
+/// One line of the file by its place in the bytes; `fin` lies behind its line end.
+struct Linea {
+    qsizetype inicio;
+    qsizetype fin;
+    QString texto;
+};
+
+QList<Linea> SeparaLineas(const QByteArray& bytes) {
+    QList<Linea> lineas;
+    for (qsizetype inicio = 0; inicio < bytes.size();) {
+        const qsizetype salto = bytes.indexOf('\n', inicio);
+        const qsizetype fin = salto < 0 ? bytes.size() : salto + 1;
+        lineas.append({inicio, fin, Decodifica(bytes.sliced(inicio, fin - inicio)).trimmed()});
+        inicio = fin;
+    }
+    return lineas;
+}
+
+bool AbreSeccion(const Linea& linea) {
+    return linea.texto.startsWith(u'[');
+}
+
+bool EsSeccion(const Linea& linea, QStringView seccion) {
+    const QStringView texto = linea.texto;
+    return AbreSeccion(linea) && texto.endsWith(u']') && EsMismoNombre(texto.sliced(1).chopped(1), seccion);
+}
+
+bool EsClave(const Linea& linea, QStringView clave) {
+    const qsizetype igual = linea.texto.indexOf(u'=');
+    return igual > 0 && EsMismoNombre(QStringView(linea.texto).first(igual), clave);
+}
+
+/// Where a key stands: the section's first line and the key's line, -1 when missing, and where a new key would go.
+struct Lugar {
+    qsizetype seccion = -1;
+    qsizetype clave = -1;
+    qsizetype finSeccion = -1;
+};
+
+Lugar Busca(const QList<Linea>& lineas, QStringView seccion, QStringView clave) {
+    Lugar lugar;
+    for (qsizetype i = 0; i < lineas.size(); ++i) {
+        if (lugar.seccion < 0) {
+            if (EsSeccion(lineas[i], seccion))
+                lugar.seccion = lugar.finSeccion = i;
+            continue;
+        }
+        if (AbreSeccion(lineas[i]))
+            break;
+        if (!lineas[i].texto.isEmpty())
+            lugar.finSeccion = i;
+        if (lugar.clave < 0 && EsClave(lineas[i], clave))
+            lugar.clave = i;
+    }
+    return lugar;
+}
+
+QString SinComillas(QStringView valor) {
+    const bool entreComillas = valor.size() >= 2 && valor.front() == valor.back() && (valor[0] == u'"' || valor[0] == u'\'');
+    return (entreComillas ? valor.sliced(1, valor.size() - 2) : valor).toString();
+}
+
+QByteArray FinDeLinea(const QByteArray& bytes) {
+#ifdef Q_OS_WIN
+    const bool dos = true;
+#else
+    const bool dos = bytes.contains("\r\n");
+#endif
+    return dos ? QByteArrayLiteral("\r\n") : QByteArrayLiteral("\n");
+}
+
+QByteArray ConValor(const QByteArray& bytes, QStringView seccion, QStringView clave, QStringView valor) {
+    const QList<Linea> lineas = SeparaLineas(bytes);
+    const Lugar lugar = Busca(lineas, seccion, clave);
+    const QByteArray fin = FinDeLinea(bytes);
+    const QByteArray entrada = clave.toUtf8() + '=' + valor.toUtf8() + fin;
+    if (lugar.clave >= 0) {
+        const Linea& vieja = lineas[lugar.clave];
+        return bytes.first(vieja.inicio) + entrada + bytes.sliced(vieja.fin);
+    }
+    const qsizetype corte = lugar.seccion < 0 ? bytes.size() : lineas[lugar.finSeccion].fin;
+    QByteArray antes = bytes.first(corte);
+    if (!antes.isEmpty() && !antes.endsWith('\n'))
+        antes += fin;
+    const QByteArray cabecera = lugar.seccion < 0 ? '[' + seccion.toUtf8() + ']' + fin : QByteArray();
+    return antes + cabecera + entrada + bytes.sliced(corte);
+}
+
+} // namespace
+
+ArchivoPerfil::ArchivoPerfil(QString ruta) : m_ruta(std::move(ruta)) {}
+
+QString ArchivoPerfil::RutaDe(const QString& nombre) {
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)).filePath(nombre);
+}
+
+QString ArchivoPerfil::Lee(QStringView seccion, QStringView clave) const {
+    const QList<Linea> lineas = SeparaLineas(LeeBytes(m_ruta));
+    const Lugar lugar = Busca(lineas, seccion, clave);
+    if (lugar.clave < 0)
+        return {};
+    const QStringView linea = lineas[lugar.clave].texto;
+    return SinComillas(linea.sliced(linea.indexOf(u'=') + 1).trimmed());
+}
+
+void ArchivoPerfil::Escribe(QStringView seccion, QStringView clave, QStringView valor) const {
+    const QByteArray nuevo = ConValor(LeeBytes(m_ruta), seccion, clave, valor);
+    QDir().mkpath(QFileInfo(m_ruta).path());
+    QSaveFile archivo(m_ruta);
+    const bool escrito = archivo.open(QIODevice::WriteOnly) &&
+                         archivo.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
+                         archivo.write(nuevo) == nuevo.size() && archivo.commit();
+    if (!escrito)
+        throw Error(NumeroError::AccesoAlDisco, QStringLiteral("No se puede escribir el archivo ") + m_ruta);
+}
+
+} // namespace xa518
