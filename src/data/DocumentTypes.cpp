@@ -41,7 +41,7 @@ bool LargoValido(const TipoDocumento& tipo, qsizetype largo) {
 
 QString TipoDocumento::Item() const {
     const QString ancho = QString::number(largo).rightJustified(2, u' ');
-    return codigo + u"  -  " + corto.leftJustified(60, u' ', true) + ancho + u' ' + tipoDato + u' ' + tipoLongitud;
+    return codigo + u"  -  "_s + corto.leftJustified(60, u' ', true) + ancho + u' ' + tipoDato + u' ' + tipoLongitud;
 }
 
 QList<TipoDocumento> DocumentosOfrecidos(Base& base, int posFlag) {

@@ -23,7 +23,6 @@ class TablasTrabajo {
 
     /// Number of voucher rows, cash sales included, of a client.
     [[nodiscard]] int CuentaDocs(int tipoDoc, const QString& numero) const;
-    [[nodiscard]] int CuentaClientes() const;
 
     struct Totales {
         Importe base;
@@ -40,8 +39,9 @@ class TablasTrabajo {
 
   private:
     void CopiaClientes(const ClaveDeclaracion& clave);
-    void CopiaComprobantes(const ClaveDeclaracion& clave, const QString& tabla);
+    void CopiaComprobantes(const ClaveDeclaracion& clave, const QString& tabla, const QString& tipoCp);
     void CopiaPagos(const ClaveDeclaracion& clave);
+    void CalculaTotalesDe(const QVariant& tipoDoc, const QVariant& numero);
 
     Base* m_base;
 };

@@ -65,7 +65,7 @@ QString Compone(const Decimal& redondeado, const Seccion& seccion) {
     decimales = decimales.leftJustified(seccion.decimalesForzados, u'0');
     if (seccion.punto)
         enteros += u'.' + decimales;
-    return seccion.prefijo + enteros + seccion.sufijo;
+    return seccion.prefijo.toString() + enteros + seccion.sufijo.toString();
 }
 
 } // namespace

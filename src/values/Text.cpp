@@ -63,7 +63,7 @@ QString DecodificaWindows1252(QByteArrayView bytes) {
     std::transform(bytes.begin(), bytes.end(), texto.begin(), [](char byte) {
         const auto codigo = static_cast<unsigned char>(byte);
         const bool alto = codigo >= kPrimerAlto && codigo < kPrimerAlto + kAltos.size();
-        return alto ? QChar(kAltos[codigo - kPrimerAlto]) : QChar(codigo);
+        return alto ? QChar(kAltos[codigo - kPrimerAlto]) : QChar(char16_t{codigo});
     });
     return texto;
 }
@@ -74,7 +74,8 @@ bool EsUtf8Valido(QByteArrayView bytes) {
 
 QString PeriodoDePantalla(QStringView mostrado) {
     const qsizetype largo = mostrado.size();
-    return mostrado.last(std::min<qsizetype>(4, largo)).toString() + mostrado.first(std::min<qsizetype>(2, largo));
+    return mostrado.last(std::min<qsizetype>(4, largo)).toString() +
+           mostrado.first(std::min<qsizetype>(2, largo)).toString();
 }
 
 } // namespace xa518
