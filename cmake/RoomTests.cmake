@@ -1,0 +1,13 @@
+# One test program per room, its cases found by name. The world is frozen: time zone, locale and platform.
+include(GoogleTest)
+
+function(add_room_test name)
+  cmake_parse_arguments(TEST "" "" "SOURCES;LINKS;LABELS" ${ARGN})
+  add_executable(${name} ${TEST_SOURCES})
+  target_link_libraries(${name} PRIVATE house_options ${TEST_LINKS} GTest::gmock GTest::gtest_main)
+  gtest_discover_tests(
+    ${name}
+    TEST_PREFIX "${name}."
+    DISCOVERY_TIMEOUT 60
+    PROPERTIES ENVIRONMENT "TZ=UTC;LC_ALL=C.UTF-8;QT_QPA_PLATFORM=offscreen" LABELS "${TEST_LABELS}")
+endfunction()
