@@ -49,9 +49,9 @@ Transferencia::Transferencia(Proceso& proceso, const FormatoImportacion& formato
     m_resultado.archivo = NombreDeArchivo(proceso, formato);
 }
 
-ResultadoImportacion Transferencia::Corre(ObservadorImportacion& observador) {
+ResultadoImportacion Transferencia::Corre(ObservadorImportacion& observador, const std::function<void()>& alEmpezar) {
     try {
-        Transfiere(observador);
+        Transfiere(observador, alEmpezar);
     } catch (const Error& error) {
         Falla(error);
     }
@@ -60,13 +60,18 @@ ResultadoImportacion Transferencia::Corre(ObservadorImportacion& observador) {
     return m_resultado;
 }
 
-void Transferencia::Transfiere(ObservadorImportacion& observador) {
+void Transferencia::Transfiere(ObservadorImportacion& observador, const std::function<void()>& alEmpezar) {
     QFile archivo(BuscaArchivo(m_carpeta, m_resultado.archivo));
     Abre(archivo);
     const Revision revision = RevisaArchivo(archivo, m_formato.Campos());
-    if (revision.defecto == Defecto::Ninguno) return ImportaLineas(archivo, revision.codificacion, observador);
-    m_resultado.fin = FinImportacion::Rechazada;
-    m_resultado.mensaje = MensajeDe(revision.defecto);
+    if (revision.defecto != Defecto::Ninguno) {
+        m_resultado.fin = FinImportacion::Rechazada;
+        m_resultado.mensaje = MensajeDe(revision.defecto);
+        return;
+    }
+    if (alEmpezar)
+        alEmpezar();
+    ImportaLineas(archivo, revision.codificacion, observador);
 }
 
 void Transferencia::ImportaLineas(QFile& archivo, Codificacion codificacion, ObservadorImportacion& observador) {

@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 class QFile;
@@ -65,11 +66,13 @@ class Transferencia {
   public:
     Transferencia(Proceso& proceso, const FormatoImportacion& formato, QString carpeta);
 
-    /// Errors of the file and the base end the run and come back in the result.
-    [[nodiscard]] ResultadoImportacion Corre(ObservadorImportacion& observador);
+    /// Errors of the file and the base end the run and come back in the result. `alEmpezar` runs once the file has
+    /// been found fit as a whole, before its first line: what a refused file must leave alone goes there.
+    [[nodiscard]] ResultadoImportacion Corre(ObservadorImportacion& observador,
+                                             const std::function<void()>& alEmpezar = {});
 
   private:
-    void Transfiere(ObservadorImportacion& observador);
+    void Transfiere(ObservadorImportacion& observador, const std::function<void()>& alEmpezar);
     void ImportaLineas(QFile& archivo, Codificacion codificacion, ObservadorImportacion& observador);
     void RecorreLineas(QFile& archivo, Codificacion codificacion, ObservadorImportacion& observador, Lotes& lotes);
     void ImportaLinea(QByteArrayView bytes, Codificacion codificacion, Almacen& almacen);
