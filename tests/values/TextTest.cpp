@@ -35,6 +35,10 @@ TEST(Text, KnowsTheCodesOfWindows1252) {
     const QList<int> codigos = {65, 0xE1, 0xF1, 0x80, 0x9F, 0x92, 63};
     for (qsizetype i = 0; i < codigos.size(); ++i)
         EXPECT_EQ(CodigoWindows1252(texto[i]), codigos[i]) << i;
+    for (int byte = 0; byte < 256; ++byte) {
+        const char caracter = static_cast<char>(byte);
+        EXPECT_EQ(CodigoWindows1252(DecodificaWindows1252({&caracter, 1})[0]), byte);
+    }
     EXPECT_EQ(DecodificaWindows1252("A\xE1\xF1\x80\x9F\x92"), texto.chopped(1));
 }
 
