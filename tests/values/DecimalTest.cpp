@@ -84,6 +84,7 @@ TEST(Decimal, RaisesPastThirtySixDigits) {
     EXPECT_EQ(grande.Texto(), QString(36, u'9'));
     EXPECT_THROW((void)Decimal::Lee(QString(37, u'9')), Desbordamiento);
     EXPECT_THROW((void)(grande * grande), Desbordamiento);
+    EXPECT_THROW((void)(grande * Decimal::DeEntero(10)), Desbordamiento); // fits 128 bits, but no longer 36 digits
     EXPECT_EQ(Decimal::Lee(QString(200, u'0') + u'7')->Texto(), u"7"_s);
 }
 
