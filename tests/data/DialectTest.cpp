@@ -24,6 +24,9 @@ TEST_F(DialectTest, RunsTheSystemsWordsOnTheEngine) {
         {u"SELECT mid('abcdef',2,3)"_s, u"bcd"_s},
         {u"SELECT MID('abcdef',5,9)"_s, u"ef"_s},
         {u"SELECT mid$(A.PERIODO,5,2) & mid$(A.PERIODO,1,4) as P FROM A ORDER BY 1"_s, u"052024|062024"_s},
+        {u"SELECT mid(periodo,5,2) & '/' & mid(periodo,1,4) & [mi nombre] FROM A"_s, u"05/2024uno|06/2024"_s},
+        {u"SELECT ('a' & null) & ('b' & mid('xc',2,1)) & 1"_s, u"abc1"_s},
+        {u"SELECT trim(clave)&trim([mi nombre])&left(periodo,4) FROM A"_s, u"1uno2024|22024"_s},
         {u"SELECT 'a' & null & 'b'"_s, u"ab"_s},
         {u"SELECT null & null"_s, u""_s},
         {u"SELECT left(A.clave & A.periodo, 3) FROM A"_s, u"120|220"_s},
@@ -34,6 +37,7 @@ TEST_F(DialectTest, RunsTheSystemsWordsOnTheEngine) {
         {u"SELECT 'it''s mid(1) & [x] left(' & \"clave\" FROM A WHERE clave='1'"_s, u"it's mid(1) & [x] left(1"_s},
         {u"SELECT format(' 7','00')"_s, u"07"_s},
         {u"SELECT format(null,'00')"_s, u""_s},
+        {u"SELECT val('12.5 kg') & '/' & val('x') & '/' & val('(3)') & '/' & val(8)"_s, u"12.5/0/0/8"_s},
         {u"SELECT clave FROM A WHERE val(periodo)=202406"_s, u"2"_s},
     };
     for (const Caso& caso : casos)
