@@ -119,9 +119,9 @@ void Base::Devuelve(const QString& sql, std::unique_ptr<QSqlQuery> consulta) noe
 }
 
 const Tabla& Base::Describe(const QString& tabla) {
-    const auto [entrada, nueva] = m_tablas.try_emplace(tabla);
-    if (!nueva)
-        return entrada->second;
+    const auto conocida = m_tablas.find(tabla);
+    if (conocida != m_tablas.end())
+        return conocida->second;
     Tabla leida{tabla, {}, {}};
     QStringList lugares;
     Registros columnas = Lee(m_motor->SqlColumnas(tabla));
@@ -129,12 +129,10 @@ const Tabla& Base::Describe(const QString& tabla) {
         leida.columnas.append({columnas.Texto(0), columnas.Texto(1).startsWith(u"INT", Qt::CaseInsensitive)});
         lugares.append(u"?"_s);
     }
-    if (leida.columnas.isEmpty()) {
-        m_tablas.erase(entrada);
+    if (leida.columnas.isEmpty())
         throw ErrorBase(NumeroError::TablaNoExiste, u"La base no tiene la tabla %1"_s.arg(tabla));
-    }
     leida.sqlAlta = u"INSERT INTO %1 VALUES (%2)"_s.arg(tabla, lugares.join(u','));
-    return entrada->second = std::move(leida);
+    return m_tablas.emplace(tabla, std::move(leida)).first->second;
 }
 
 void Base::Agrega(const Registro& registro) {

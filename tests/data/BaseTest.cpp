@@ -159,7 +159,9 @@ TEST_F(BaseTest, SaysThatItIsLockedAndWorksAgainAfterwards) {
         EXPECT_EQ(NumeroDe([&] { (void)Base::Abre(m_base->Ruta()); }), 3051);
         EXPECT_EQ(NumeroDe([&] { Agrega(u"1"_s); }), 3051);
         EXPECT_EQ(NumeroDe([&] { (void)m_base->Comienza(); }), 3051);
+        EXPECT_EQ(NumeroDe([&] { (void)m_base->Describe(u"CLIENTE"_s); }), 3051);
     }
+    EXPECT_EQ(m_base->Describe(u"CLIENTE"_s).columnas.size(), 4);
     Agrega(u"1"_s);
     {
         const OtroPrograma otro(m_base->Ruta(), "BEGIN IMMEDIATE"); // writing, while others may read
