@@ -9,6 +9,17 @@ namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// A text is never null for the tables, however Qt made it: only a value that was left out is. The driver would take
+/// a default QString for null, and a condition on it would match no row.
+QVariant SinTextoNulo(const QVariant& valor) {
+    const bool esTexto = valor.metaType() == QMetaType::fromType<QString>();
+    return esTexto && static_cast<const QString*>(valor.constData())->isNull() ? QVariant(u""_s) : valor;
+}
+
+} // namespace
+
 Registros::Registros(Base& base, const QString& sql, std::unique_ptr<QSqlQuery> consulta)
     : m_base(&base), m_sql(&sql), m_consulta(std::move(consulta)) {}
 
@@ -104,7 +115,7 @@ const QString& Base::Corre(const QString& sql, const QVariantList& valores, std:
         libres.pop_back();
     }
     for (int i = 0; i < valores.size(); ++i)
-        consulta->bindValue(i, valores[i]);
+        consulta->bindValue(i, SinTextoNulo(valores[i]));
     if (!consulta->exec()) {
         const ErrorBase error(m_motor->Numero(consulta->lastError()), consulta->lastError().databaseText());
         Devuelve(entrada->first, std::move(consulta));

@@ -59,8 +59,9 @@ TEST_F(BaseTest, KeepsValuesApartFromTheStatement) {
 TEST_F(BaseTest, StoresNullOnlyForAValueThatIsMissing) {
     Agrega(u"1"_s, QVariant());
     Agrega(u"2"_s, u""_s);
+    m_base->Ejecuta(u"INSERT INTO CLIENTE (numero, serie, nombre) VALUES ('3', '1', ?)"_s, {QString()});
     EXPECT_EQ(Lista(u"SELECT numero FROM CLIENTE WHERE nombre IS NULL"_s), u"1"_s);
-    EXPECT_EQ(Lista(u"SELECT numero FROM CLIENTE WHERE nombre = ''"_s), u"2"_s);
+    EXPECT_EQ(Lista(u"SELECT numero FROM CLIENTE WHERE nombre = ?"_s, {QString()}), u"2|3"_s);
     Registros fila = m_base->Lee(u"SELECT nombre FROM CLIENTE WHERE numero='1'"_s);
     ASSERT_TRUE(fila.Siguiente());
     EXPECT_TRUE(fila.EsNulo(0));
