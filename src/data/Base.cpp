@@ -150,6 +150,24 @@ void Base::Agrega(const Registro& registro) {
     Ejecuta(registro.DeTabla().sqlAlta, registro.Valores());
 }
 
+std::optional<Registro> Base::Busca(const QString& tabla, const QString& condicion, const QVariantList& valores) {
+    Registro registro(Describe(tabla));
+    Registros filas = Lee(u"SELECT * FROM %1 %2"_s.arg(tabla, condicion), valores);
+    if (!filas.Siguiente())
+        return std::nullopt;
+    for (int i = 0; i < registro.Valores().size(); ++i)
+        registro.Pon(i, filas.Valor(i));
+    return registro;
+}
+
+void Base::Actualiza(const Registro& registro, const QString& condicion, const QVariantList& valores) {
+    QStringList columnas;
+    for (const Columna& columna : registro.DeTabla().columnas)
+        columnas.append(columna.nombre + u"=?"_s);
+    Ejecuta(u"UPDATE %1 SET %2 %3"_s.arg(registro.DeTabla().nombre, columnas.join(u", "_s), condicion),
+            registro.Valores() + valores);
+}
+
 Transaccion Base::Comienza() {
     return Transaccion(*this);
 }

@@ -8,7 +8,9 @@
 #include <QVariantList>
 
 #include <memory>
+#include <optional>
 #include <unordered_map>
+#include <vector>
 
 namespace xa518 {
 
@@ -77,6 +79,12 @@ class Base {
     [[nodiscard]] const Tabla& Describe(const QString& tabla);
     /// Adds a row. `ClaveDuplicada` when its key stands there already.
     void Agrega(const Registro& registro);
+
+    /// The one row of a table that a condition ("WHERE ...") finds; nothing when there is none.
+    [[nodiscard]] std::optional<Registro> Busca(const QString& tabla, const QString& condicion,
+                                                const QVariantList& valores);
+    /// Writes a row over those that a condition finds.
+    void Actualiza(const Registro& registro, const QString& condicion, const QVariantList& valores);
 
     /// Starts a transaction with the right to write, which waits a short while for other writers.
     [[nodiscard]] Transaccion Comienza();

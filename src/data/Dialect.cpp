@@ -126,7 +126,7 @@ void QuitaAsterisco(QStringList& fichas) {
         return;
     const qsizetype segunda = SiguienteFicha(fichas, primera, 1);
     if (segunda < fichas.size() && fichas[segunda] == u"*")
-        fichas[segunda].clear();
+        fichas[segunda] = u" "_s;
 }
 
 void TraduceNombres(QStringList& fichas) {

@@ -37,4 +37,14 @@ QString Registro::TextoDe(int columna) const {
     return Recorta(valor.toString()).toString();
 }
 
+CopiaColumnas::CopiaColumnas(const Registros& origen, const Tabla& destino, const QStringList& columnas) {
+    for (const QString& columna : columnas)
+        m_pares.emplace_back(origen.Columna(columna), destino.Indice(columna));
+}
+
+void CopiaColumnas::Copia(const Registros& origen, Registro& destino) const {
+    for (const auto& [de, a] : m_pares)
+        destino.Pon(a, origen.Valor(de));
+}
+
 } // namespace xa518

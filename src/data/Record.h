@@ -2,9 +2,15 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 
+#include <utility>
+#include <vector>
+
 namespace xa518 {
+
+class Registros;
 
 struct Columna {
     QString nombre;
@@ -40,6 +46,16 @@ class Registro {
   private:
     const Tabla* m_tabla;
     QVariantList m_valores;
+};
+
+/// Copies the columns that a source row and a target table have under the same names; resolved once per loop.
+class CopiaColumnas {
+  public:
+    CopiaColumnas(const Registros& origen, const Tabla& destino, const QStringList& columnas);
+    void Copia(const Registros& origen, Registro& destino) const;
+
+  private:
+    std::vector<std::pair<int, int>> m_pares;
 };
 
 } // namespace xa518

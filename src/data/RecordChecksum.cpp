@@ -65,9 +65,13 @@ int PrimerosDe(const QString& tabla) {
     return *entrada;
 }
 
-void AgregaConChecksum(Base& base, Registro& registro) {
+void PonChecksum(Registro& registro) {
     const Tabla& tabla = registro.DeTabla();
     registro.Pon(static_cast<int>(tabla.columnas.size()) - 1, ChecksumRegistro(registro, PrimerosDe(tabla.nombre)));
+}
+
+void AgregaConChecksum(Base& base, Registro& registro) {
+    PonChecksum(registro);
     base.Agrega(registro);
 }
 

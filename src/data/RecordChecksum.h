@@ -15,7 +15,10 @@ class Registro;
 /// How many fields of a table `ChecksumRegistro` takes as numbers, the same for every writer of that table.
 [[nodiscard]] int PrimerosDe(const QString& tabla);
 
-/// Puts the checksum in the row's last column, `cNumero`, after all others are in place, and adds the row.
+/// Puts the checksum in the row's last column, `cNumero`, once all others are in place.
+void PonChecksum(Registro& registro);
+
+/// Puts the checksum and adds the row.
 void AgregaConChecksum(Base& base, Registro& registro);
 
 } // namespace xa518

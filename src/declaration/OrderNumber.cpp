@@ -1,0 +1,45 @@
+#include "declaration/OrderNumber.h"
+
+#include "data/Base.h"
+#include "data/Catalog.h"
+#include "data/CheckDigits.h"
+#include "data/RecordChecksum.h"
+#include "data/Transaction.h"
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kLargoMinimo = 8;
+const QString kCampoNumero = u"TxtNumOrdenE_0"_s;
+
+Veredicto Alto(MomentoOrden momento, const QString& enBoton, const QString& alCerrar) {
+    const QString texto = momento == MomentoOrden::Boton ? enBoton : alCerrar;
+    return Veredicto::Rechaza({Icono::Critico, texto, {}}, kCampoNumero);
+}
+
+} // namespace
+
+Veredicto ValidaNumeroDeOrden(const NumeroDeOrden& orden, MomentoOrden momento) {
+    if (orden.numero.size() < kLargoMinimo)
+        return Alto(momento, u"     El número de orden no es válido"_s, u"El número de orden es incorrecto"_s);
+    if (!ValidaDigitosOrden(orden.control, orden.numero, orden.digitos))
+        return Alto(momento, u"     El digito Verificador es incorrecto"_s, u"Digito verificador incorrecto"_s);
+    return Veredicto::Bien();
+}
+
+Mensaje RegistraNumeroDeOrden(Base& base, const ClaveDeclaracion& clave, const QString& numero) {
+    Transaccion transaccion = base.Comienza();
+    std::optional<Registro> cabecera = base.Busca(u"HCAB"_s, clave.Condicion(), clave.Valores());
+    if (cabecera) {
+        cabecera->Pon(u"norden", numero);
+        PonChecksum(*cabecera);
+        base.Actualiza(*cabecera, clave.Condicion(), clave.Valores());
+    }
+    transaccion.Confirma();
+    return {Icono::Exclamacion, Catalogo(base).DescError(u"0151"_s), {}};
+}
+
+} // namespace xa518

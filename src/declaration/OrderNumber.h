@@ -1,0 +1,28 @@
+#pragma once
+
+#include "data/DeclarationKey.h"
+#include "values/Message.h"
+
+#include <QString>
+
+namespace xa518 {
+
+class Base;
+
+/// The order number that the administration gave to a sent declaration, as typed: the number and its check digits.
+struct NumeroDeOrden {
+    QString control; ///< control number of the sending
+    QString numero;  ///< at least 8 characters
+    QString digitos;
+};
+
+/// The same two faults have two wordings: at the button they begin with five blanks, on closing they are plain.
+enum class MomentoOrden { Boton, Cierre };
+
+[[nodiscard]] Veredicto ValidaNumeroDeOrden(const NumeroDeOrden& orden, MomentoOrden momento);
+
+/// Stores the number, without its check digits, in the head of the sent copy, and returns what the user is told. A copy
+/// that no longer exists changes nothing, and the message is the same. Wanted.
+[[nodiscard]] Mensaje RegistraNumeroDeOrden(Base& base, const ClaveDeclaracion& clave, const QString& numero);
+
+} // namespace xa518

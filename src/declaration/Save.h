@@ -1,0 +1,30 @@
+#pragma once
+
+#include "declaration/Declaration.h"
+#include "values/Message.h"
+
+#include <QDate>
+#include <QList>
+
+namespace xa518 {
+
+class Base;
+
+/// What a save did and what the user is told after it, in this order.
+struct ResultadoGrabacion {
+    int estado = 0; ///< 0 clean; 9 with inconsistencies, so that it can't be sent
+    QList<Mensaje> mensajes;
+};
+
+/// Makes the declaration permanent: head, boxes with their control sum, and the detail out of the work tables, every
+/// row with its checksum. One transaction: a failure, raised as an `Error`, leaves what was stored before.
+/// The identification must have passed `ValidaContForm1` and `RechazaRucDeOcho`.
+[[nodiscard]] ResultadoGrabacion GrabaDeclaracion(Base& base, const Declaracion& declaracion, const QDate& hoy);
+
+/// The control sum of box 722: of each catalogue that "981" lists for the form, its number times its running numbers.
+[[nodiscard]] QString SumaDeControl(Base& base, const QString& formulario);
+
+/// Rewrites the saved detail tables from the work tables. Part of the save, inside its transaction.
+void GrabaDetalle(Base& base, const ClaveDeclaracion& clave);
+
+} // namespace xa518

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "data/DeclarationKey.h"
+#include "declaration/Declaration.h"
+
+#include <QString>
+
+namespace xa518 {
+
+class Base;
+
+/// Writes one box of a declaration, adding its row or editing it. An empty value, or a declaration without declarant,
+/// writes nothing and gives false.
+bool GrabaCasilla(Base& base, const ClaveDeclaracion& clave, const QString& casilla, const QString& valor);
+
+/// Writes the box that catalogue "856" names for the form, when it names one.
+void GrabaCasillaParam(Base& base, const ClaveDeclaracion& clave);
+
+/// Count, amounts charged and perceptions of a saved detail table; the payment vouchers have no perceptions.
+struct SumasDetalle {
+    QString cantidad;
+    QString base;
+    QString percepcion;
+};
+[[nodiscard]] SumasDetalle Get_Data(Base& base, const QString& tabla, const ClaveDeclaracion& clave);
+
+/// Shows one stored box in the record; boxes that the form has no field for are passed over.
+void MuestraCasilla(Declaracion& declaracion, const QString& casilla, const QString& valor);
+
+/// Reads the stored boxes and the payment of `declaracion.clave` into it. What isn't stored stays as it is.
+void CargaCasillas(Base& base, Declaracion& declaracion);
+
+} // namespace xa518

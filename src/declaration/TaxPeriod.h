@@ -1,0 +1,40 @@
+#pragma once
+
+#include "data/DeclarationKey.h"
+#include "values/Message.h"
+
+#include <QDate>
+#include <QString>
+
+namespace xa518 {
+
+class Base;
+
+/// Names of the fields that a refusal of the identification puts the focus on.
+inline const QString kCampoRuc = QStringLiteral("CmbRuc");
+inline const QString kCampoPeriodo = QStringLiteral("MkePeriodo");
+
+/// What the identification page holds when its rules run.
+struct Identificacion {
+    bool nueva = true;              ///< a new declaration, whose key may still change
+    QString ruc;                    ///< trimmed
+    QString mostrado;               ///< text of the period field, "mm/yyyy" with "_" where nothing was typed
+    bool periodoHabilitado = true;  ///< false once the key is frozen
+};
+
+/// The period is complete, from 01/2005 to the current month, and its month exists. An unfinished one fails silently.
+[[nodiscard]] Veredicto ValidaPeriodo(const QString& mostrado, const QDate& hoy);
+
+/// A registered declaration of that key exists; a sent copy doesn't count.
+[[nodiscard]] bool ExisteDeclaracion(Base& base, const ClaveDeclaracion& clave);
+
+/// Refuses the period of a declaration that exists already.
+[[nodiscard]] Veredicto RechazaDuplicada(Base& base, const ClaveDeclaracion& clave);
+
+/// The identification allows the work to go on: declarant, period, no duplicate.
+[[nodiscard]] Veredicto ValidaContForm1(Base& base, const Identificacion& identificacion, const QDate& hoy);
+
+/// A declarant with a RUC of the old form, eight characters, can be chosen but not saved. By length alone. Wanted.
+[[nodiscard]] Veredicto RechazaRucDeOcho(const QString& ruc);
+
+} // namespace xa518
