@@ -55,7 +55,7 @@ QStringList Fichas(const QString& sql) {
 }
 
 bool EsBlanco(const QString& ficha) {
-    return ficha.front().isSpace();
+    return ficha.isEmpty() || ficha.front().isSpace();
 }
 
 /// Only before a parenthesis is a word a function: "left" also names a kind of join.
@@ -104,11 +104,11 @@ void TraduceUnion(QStringList& fichas) {
         ++abren[primera];
         ++cierran[ultima];
     };
-    for (qsizetype i = 0; i < fichas.size(); ++i) {
+    for (qsizetype i = fichas.indexOf(u"&"); i >= 0; i = fichas.indexOf(u"&", i + 1)) {
         const qsizetype izquierda = SiguienteFicha(fichas, i, -1);
         const qsizetype derecha = SiguienteFicha(fichas, i, 1);
-        if (fichas[i] != u"&" || izquierda < 0 || derecha >= fichas.size())
-            continue;
+        if (izquierda < 0 || derecha >= fichas.size())
+            break;
         envuelve(FinDeOperando(fichas, izquierda, -1), izquierda);
         envuelve(derecha, FinDeOperando(fichas, derecha, 1));
     }

@@ -59,8 +59,9 @@ TEST_F(BaseTest, KeepsValuesApartFromTheStatement) {
 TEST_F(BaseTest, StoresNullOnlyForAValueThatIsMissing) {
     Agrega(u"1"_s, QVariant());
     Agrega(u"2"_s, u""_s);
+    m_base->Ejecuta(u"INSERT INTO CLIENTE (numero, serie, nombre) VALUES ('3', '1', ?)"_s, {QString()});
     EXPECT_EQ(Lista(u"SELECT numero FROM CLIENTE WHERE nombre IS NULL"_s), u"1"_s);
-    EXPECT_EQ(Lista(u"SELECT numero FROM CLIENTE WHERE nombre = ''"_s), u"2"_s);
+    EXPECT_EQ(Lista(u"SELECT numero FROM CLIENTE WHERE nombre = ?"_s, {QString()}), u"2|3"_s);
     Registros fila = m_base->Lee(u"SELECT nombre FROM CLIENTE WHERE numero='1'"_s);
     ASSERT_TRUE(fila.Siguiente());
     EXPECT_TRUE(fila.EsNulo(0));
@@ -159,7 +160,9 @@ TEST_F(BaseTest, SaysThatItIsLockedAndWorksAgainAfterwards) {
         EXPECT_EQ(NumeroDe([&] { (void)Base::Abre(m_base->Ruta()); }), 3051);
         EXPECT_EQ(NumeroDe([&] { Agrega(u"1"_s); }), 3051);
         EXPECT_EQ(NumeroDe([&] { (void)m_base->Comienza(); }), 3051);
+        EXPECT_EQ(NumeroDe([&] { (void)m_base->Describe(u"CLIENTE"_s); }), 3051);
     }
+    EXPECT_EQ(m_base->Describe(u"CLIENTE"_s).columnas.size(), 4);
     Agrega(u"1"_s);
     {
         const OtroPrograma otro(m_base->Ruta(), "BEGIN IMMEDIATE"); // writing, while others may read

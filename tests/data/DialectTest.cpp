@@ -65,5 +65,10 @@ TEST_F(DialectTest, SumsDecimalsExactly) {
     EXPECT_EQ(Lista(u"SELECT sum(monto * 1) FROM A"_s), u"99999999999989.99"_s);
 }
 
+TEST_F(DialectTest, RaisesWhenANumberDoesNotFit) {
+    EXPECT_NE(NumeroDe([&] { (void)Lista(u"SELECT val(?)"_s, {QString(40, u'9')}); }), 0);
+    EXPECT_EQ(Lista(u"SELECT val(?) > 9e29"_s, {QString(30, u'9')}), u"1"_s);
+}
+
 } // namespace
 } // namespace xa518
