@@ -53,6 +53,7 @@ TEST_F(Catalog, DocumentTypesCarryLengthAndFlags) {
 }
 
 TEST_F(Catalog, RatesByClassMonthAndDeclaredPeriod) {
+    EXPECT_EQ(Catalogo(*base).Funcion(u"953"_s, u"2010909200501"_s), u" 0.0220             0.0210    2.10  "_s);
     struct Caso {
         QString periodo;
         QString clase;
