@@ -56,7 +56,7 @@ QString ClaseTasa(Banda banda, const Respuestas& respuestas) {
     return {};
 }
 
-QString LblTipo(const QString& periodoDeclarado, const QString& fechaPrimerIgv, const Respuesta& cpFact) {
+QString LblTipo(const QString& periodoDeclarado, const QString& fechaPrimerIgv, const Contestacion& cpFact) {
     if (cpFact != true)
         return u"3"_s;
     const bool enRango = u"200501"_s <= periodoDeclarado && periodoDeclarado <= fechaPrimerIgv;

@@ -10,14 +10,14 @@
 namespace xa518 {
 
 /// An option pair: nothing while it is unanswered, otherwise Yes or No.
-using Respuesta = std::optional<bool>;
+using Contestacion = std::optional<bool>;
 
 /// The answers on which the law makes the rate of a voucher depend.
 struct Respuestas {
-    Respuesta cpFact;  ///< `OptCpFact`: the payment vouchers give a right to tax credit
-    Respuesta listado; ///< `OptListado`: the client is on the published list
-    Respuesta venta;   ///< `OptVenta`: materials for the earthquake zone
-    Respuesta medPago; ///< `OptMedPago`: authorised means of payment
+    Contestacion cpFact;  ///< `OptCpFact`: the payment vouchers give a right to tax credit
+    Contestacion listado; ///< `OptListado`: the client is on the published list
+    Contestacion venta;   ///< `OptVenta`: materials for the earthquake zone
+    Contestacion medPago; ///< `OptMedPago`: authorised means of payment
 };
 
 /// The class of a voucher, "1" to "6", or empty when the answers give none. In band C the means of payment can't be
@@ -26,7 +26,7 @@ struct Respuestas {
 [[nodiscard]] QString ClaseTasa(Banda banda, const Respuestas& respuestas);
 
 /// `lblTipo`: "3" without tax credit, otherwise "1" up to the period of catalogue "830" and "2" outside.
-[[nodiscard]] QString LblTipo(const QString& periodoDeclarado, const QString& fechaPrimerIgv, const Respuesta& cpFact);
+[[nodiscard]] QString LblTipo(const QString& periodoDeclarado, const QString& fechaPrimerIgv, const Contestacion& cpFact);
 
 /// Factor and rate of one voucher of the declared period.
 class TasaPercepcion {

@@ -10,9 +10,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr Respuesta kSi = true;
-constexpr Respuesta kNo = false;
-constexpr Respuesta kSinRespuesta = std::nullopt;
+constexpr Contestacion kSi = true;
+constexpr Contestacion kNo = false;
+constexpr Contestacion kSinRespuesta = std::nullopt;
 
 TEST(PerceptionRate, ClassOfEachBandAndAnswer) {
     struct Caso {

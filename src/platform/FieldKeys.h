@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QFlags>
+#include <QString>
+
+#include <functional>
+
+class QLineEdit;
+
+namespace xa518 {
+
+// Behaviours of a text field's keys, attached by name. They may be attached in any order: every typed key first runs
+// the callbacks of `AlTeclear`, then the filters one after the other, then the limit. Keys that type nothing (arrows,
+// Tab, shortcuts) pass untouched. A field with any of them takes text only from keys: pasting by keys, menu, middle
+// button or drop is blocked.
+
+/// A key's character code (8 Backspace) in, the code to type out: the same, another one, or 0 to swallow the key.
+using FiltroTecla = std::function<int(int tecla)>;
+
+void FiltraTeclas(QLineEdit& campo, FiltroTecla filtro);
+
+/// Runs on every typed key, Enter and Delete included, also for a key that a filter rejects: that is wanted, a
+/// rejected key counts as a change.
+void AlTeclear(QLineEdit& campo, std::function<void()> aviso);
+
+/// At most so many characters can be typed. A text set by the program is never cut. The limit that the field brings
+/// from its form counts as the first one.
+void LimitaTecleo(QLineEdit& campo, int largo);
+[[nodiscard]] int LimiteDeTecleo(const QLineEdit& campo);
+
+/// Digits and Backspace.
+void SoloDigitos(QLineEdit& campo);
+
+/// `FiltraTeclaNumero` decides.
+void SoloNumero(QLineEdit& campo);
+
+/// Upper case, then letters, digits, blank and Backspace.
+void SoloNombre(QLineEdit& campo);
+
+/// How much of an amount can be typed: with a point, and without.
+struct LimitesDeMonto {
+    int conPunto = 15;
+    int sinPunto = 12;
+};
+
+/// `FiltraTeclaNumero` with the point, one point at most, and the limits, asked at each key; by default always the
+/// same.
+void SoloMonto(QLineEdit& campo, std::function<LimitesDeMonto()> limites = {});
+
+/// What the series filter looks at.
+struct EstadoSerie {
+    QString texto;
+    bool haySeleccion = false;
+    int posicion = 0; ///< of the caret, from 0
+};
+
+/// The series key filter as a rule: upper case, never a point; letters by position only where `conLetras`, otherwise
+/// digits and Backspace.
+[[nodiscard]] int FiltraTeclaSerie(int tecla, const EstadoSerie& estado, bool conLetras);
+
+/// The same on a field; `conLetras` is asked at each key. Enter goes on only from a field that isn't empty.
+void SoloSerie(QLineEdit& campo, std::function<bool()> conLetras);
+
+/// Enter acts as Tab.
+void EntrarComoTab(QLineEdit& campo);
+
+/// The gestures that empty the clipboard. Ctrl+V, the middle button and drops are blocked without emptying it.
+enum class Gesto { ShiftInsert = 1, TeclaMenu = 2, BotonDerecho = 4 };
+Q_DECLARE_FLAGS(Gestos, Gesto)
+Q_DECLARE_OPERATORS_FOR_FLAGS(Gestos)
+inline constexpr Gestos kTodosLosGestos{7};
+
+/// The paste guard: nothing can be pasted into the field, and the gestures empty the clipboard.
+void SinPegar(QLineEdit& campo, Gestos gestos = kTodosLosGestos);
+
+} // namespace xa518

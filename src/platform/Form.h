@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QDialog>
+#include <QList>
+
+namespace xa518 {
+
+/// What every form is. Esc does nothing; the window's close button is the form's own way out. Enter goes to the next
+/// field, presses the button that has the focus, and never presses another one.
+class Forma : public QDialog {
+    Q_OBJECT
+  public:
+    explicit Forma(QWidget* padre = nullptr);
+
+    /// The window's close button: the leave handler of the field, then `Salir`, whatever the handler said.
+    void reject() override;
+
+    /// Opens a form over this one, waits until it closes, and runs this one's `AlActivar`.
+    void AbreModal(QDialog& otra);
+
+  protected:
+    /// To be called once the widgets are there. `salidas` are the buttons that leave the form.
+    void Prepara(const QList<QAbstractButton*>& salidas);
+
+    /// The form's activation: when it first shows and each time that a form over it has closed.
+    virtual void AlActivar() {}
+
+    /// The way out; a form that asks first does it here and ends with `Termina`.
+    virtual void Salir() { Termina(); }
+
+    /// Closes the form for good.
+    void Termina() { done(Accepted); }
+
+    void keyPressEvent(QKeyEvent* evento) override;
+    void showEvent(QShowEvent* evento) override;
+
+  private:
+    bool m_activada = false;
+};
+
+} // namespace xa518

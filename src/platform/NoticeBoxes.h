@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/Notices.h"
+
+namespace xa518 {
+
+/// The boxes that the person sees, over the form in front. Objects are named "CajaAviso" and "CajaPregunta", their
+/// buttons "CmdAceptar", "CmdSi" and "CmdNo".
+class AvisosEnPantalla final : public Avisos {
+  private:
+    void HazMuestra(const Mensaje& mensaje) override;
+    Respuesta HazPregunta(const Mensaje& mensaje, Respuesta preseleccionada) override;
+};
+
+} // namespace xa518

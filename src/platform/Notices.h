@@ -1,0 +1,36 @@
+#pragma once
+
+#include "values/Message.h"
+
+namespace xa518 {
+
+enum class Respuesta { Si, No };
+
+/// The one way in which a message or a question reaches the person. Answers come only from here, so that a test can
+/// give them. An empty title shows as the caption of the form in front.
+class Avisos {
+  public:
+    Avisos() = default;
+    Avisos(const Avisos&) = delete;
+    Avisos& operator=(const Avisos&) = delete;
+    virtual ~Avisos() = default;
+
+    /// A box with one button, "Aceptar".
+    void Muestra(const Mensaje& mensaje) { HazMuestra(mensaje); }
+
+    /// A box with "Sí" and "No". Esc and the box's own close button don't answer it.
+    [[nodiscard]] Respuesta Pregunta(const Mensaje& mensaje, Respuesta preseleccionada = Respuesta::Si) {
+        return HazPregunta(mensaje, preseleccionada);
+    }
+
+    /// The utility object's message: exclamation icon, one button.
+    void MuestraMensaje(const QString& texto, const QString& titulo = {}) {
+        HazMuestra({Icono::Exclamacion, texto, titulo});
+    }
+
+  private:
+    virtual void HazMuestra(const Mensaje& mensaje) = 0;
+    virtual Respuesta HazPregunta(const Mensaje& mensaje, Respuesta preseleccionada) = 0;
+};
+
+} // namespace xa518

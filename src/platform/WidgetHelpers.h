@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+
+class QComboBox;
+class QWidget;
+
+namespace xa518 {
+
+/// Centres a control inside its container, both ways, on whole pixels.
+void CentraControl(const QWidget& marco, QWidget& control);
+
+/// Average width of a letter in the window's font: the 52 letters' width divided by 52, truncated.
+[[nodiscard]] int AnchoPromedio(const QWidget& ventana);
+
+/// Sets the width of a list's drop-down to (longest item - 2) x `AnchoPromedio`.
+void AjustaCombo(const QWidget& ventana, QComboBox& combo);
+
+/// Sets it to (`caracteres` - 2) x `AnchoPromedio`, so that a long hidden tail of the items stays outside.
+void FijaAnchoCombo(const QWidget& ventana, QComboBox& combo, int caracteres);
+
+/// With "TAB", sends a tab key to the control that has the focus. Other keys aren't sent.
+void EnviaTecla(const QString& tecla);
+
+/// Puts the focus on a field, if it is enabled.
+void Enfoca(QWidget& campo);
+
+} // namespace xa518
