@@ -1,6 +1,7 @@
 #include "reports/AnnexLines.h"
 
 #include "data/ObjetoUtil.h"
+#include "reports/AmountText.h"
 #include "values/Format.h"
 #include "values/Text.h"
 
@@ -24,33 +25,56 @@ constexpr int kFinMontoPago = 147;
 constexpr int kFinBaseCliente = 40;
 constexpr int kFinPercepcionCliente = 63;
 
+constexpr int kAncho = LineasAnexo::kAncho;
+constexpr int kAnchoRayaCorta = 50;
 constexpr int kAnchoNombre = 60;
-constexpr int kAnchoTipoDoc = 12;
+constexpr int kAnchoTipoDoc = 11;
 constexpr int kLargoFecha = 10;
 constexpr int kAnchoTotal = 15;
 
-constexpr QStringView kMascaraMonto = u"###,###,###,##0.00;(###,###,###,##0.00)";
-constexpr QStringView kMascaraSuma = u"###,###,###,##0.00";
-
-void Alinea(QString& linea, const QString& texto, int fin) {
-    linea += ObjetoUtil::AlineaDerecha(texto, fin - static_cast<int>(linea.size()));
+void Blancos(QString& linea, qsizetype hasta) {
+    if (linea.size() < hasta)
+        linea.resize(hasta, u' ');
 }
 
-void Completa(QString& linea, QStringView texto, int fin) {
+/// Right-aligned, ending at a place.
+void Alinea(QString& linea, QStringView texto, qsizetype fin) {
+    Blancos(linea, fin - texto.size());
     linea += texto;
-    linea = ObjetoUtil::AlineaIzquierda(linea, fin);
 }
 
-/// A date stands as it is stored.
-QString Fecha(const QString& fecha) {
-    return ObjetoUtil::AlineaIzquierda(fecha, kLargoFecha);
+/// Filled with blanks up to a place.
+void Completa(QString& linea, QStringView texto, qsizetype fin) {
+    linea += texto;
+    Blancos(linea, fin);
 }
 
-QString SiNo(const QString& respuesta, const QString& sinRespuesta) {
-    return u"     "_s + (respuesta == u"1" ? u"SI"_s : respuesta == u"0" ? u"NO"_s : sinRespuesta);
+/// "1" and "0" are answers.
+QStringView SiNo(QStringView respuesta, QStringView sinRespuesta) {
+    return respuesta == u"1" ? u"SI" : respuesta == u"0" ? u"NO" : sinRespuesta;
+}
+
+/// Codes come with two digits already, nearly always.
+QString TipoDeDos(const QString& tipo) {
+    const bool listo = tipo.size() == 2 && EsDigito(tipo[0]) && EsDigito(tipo[1]);
+    return listo ? tipo : Format(tipo, u"00");
+}
+
+QString Raya(int ancho) {
+    return u' ' + ObjetoUtil::CompletaDerecha({}, ancho, u'_');
 }
 
 } // namespace
+
+const QString& LineasAnexo::RayaLarga() {
+    static const QString raya = Raya(kAncho);
+    return raya;
+}
+
+const QString& LineasAnexo::RayaCorta() {
+    static const QString raya = Raya(kAnchoRayaCorta);
+    return raya;
+}
 
 QString LineasAnexo::PrimerTitulo() const {
     return m_desde200803 ? u" SERIE  NÚMERO     FECHA DE      MONTO COBRADO TASA    IMPORTE DE LA     CRED.  ZONA  LISTA  "
@@ -67,48 +91,61 @@ QString LineasAnexo::SegundoTitulo() const {
 }
 
 QString LineasAnexo::Cliente(const ClienteImpreso& cliente, const QString& tipoDoc) {
-    return ObjetoUtil::AlineaIzquierda(cliente.nombre.left(kAnchoNombre), kAnchoNombre) + u' ' +
-           ObjetoUtil::AlineaIzquierda(tipoDoc, kAnchoTipoDoc) + u"  "_s + cliente.numero;
+    QString linea = cliente.nombre.left(kAnchoNombre);
+    Blancos(linea, kAnchoNombre + 1);
+    Completa(linea, tipoDoc, kAnchoNombre + 1 + kAnchoTipoDoc);
+    return linea + u"  "_s + cliente.numero;
 }
 
-QString LineasAnexo::Comprobante(const ComprobanteImpreso& comprobante) const {
+QString LineasAnexo::Comprobante(const ComprobanteImpreso& comprobante) {
     QString linea;
     linea.reserve(kFinMontoPago);
     Completa(linea, Recorta(comprobante.serie), kFinSerie);
     Completa(linea, Recorta(comprobante.numero), kFinNumero);
-    linea += u"  "_s + Fecha(comprobante.fecha) + u' ';
-    Alinea(linea, Format(comprobante.base, kMascaraMonto), kFinBase);
-    Alinea(linea, Format(comprobante.tasa, u"#0.0"), kFinTasa);
-    Alinea(linea, Format(comprobante.percepcion, kMascaraMonto), kFinPercepcion);
-    const QString noContesta = u" -"_s;
-    linea += SiNo(comprobante.creditoFiscal, u"  "_s);
-    linea += SiNo(m_desde200803 ? comprobante.medioPago : comprobante.listaClientes, noContesta);
-    linea += SiNo(m_desde200803 ? comprobante.listaClientes : comprobante.medioPago, noContesta);
+    linea += u"  ";
+    Completa(linea, comprobante.fecha, linea.size() + kLargoFecha + 1); // as it is stored
+    Alinea(linea, MontoConParentesis(comprobante.base), kFinBase);
+    Alinea(linea, Tasa(comprobante.tasa), kFinTasa);
+    Alinea(linea, MontoConParentesis(comprobante.percepcion), kFinPercepcion);
+    const QString& segunda = m_desde200803 ? comprobante.medioPago : comprobante.listaClientes;
+    const QString& tercera = m_desde200803 ? comprobante.listaClientes : comprobante.medioPago;
+    for (const QStringView respuesta : {SiNo(comprobante.creditoFiscal, u"  "), SiNo(segunda, u" -"), SiNo(tercera, u" -")})
+        linea.append(u"     ").append(respuesta);
     return linea;
 }
 
-QString LineasAnexo::Contado(const ComprobanteImpreso& contado) const {
-    return Comprobante(contado) + Format(contado.tipo, u"00") + u"  Venta al Contado"_s;
+/// A declaration knows very few rates.
+const QString& LineasAnexo::Tasa(const QString& tasa) {
+    auto mostrada = m_tasas.constFind(tasa);
+    if (mostrada == m_tasas.constEnd())
+        mostrada = m_tasas.insert(tasa, Format(tasa, u"#0.0"));
+    return *mostrada;
+}
+
+QString LineasAnexo::Contado(const ComprobanteImpreso& contado) {
+    return Comprobante(contado) + TipoDeDos(contado.tipo) + u"  Venta al Contado"_s;
 }
 
 QString LineasAnexo::Pago(const QString& comprobante, const PagoImpreso& pago) {
-    QString linea = ObjetoUtil::AlineaIzquierda(comprobante, kFinComprobante);
-    linea += Format(pago.tipo, u"00") + u"  "_s;
+    QString linea;
+    linea.reserve(kFinMontoPago);
+    Completa(linea, comprobante, kFinComprobante);
+    linea.append(TipoDeDos(pago.tipo)).append(u"  ");
     Completa(linea, pago.serie, kFinSeriePago);
-    linea += u"  "_s;
+    linea += u"  ";
     Completa(linea, pago.numero, kFinNumeroPago);
     linea += u' ';
-    Completa(linea, Fecha(pago.fecha), kFinFechaPago);
-    linea += u"  "_s;
-    Alinea(linea, Format(pago.monto, kMascaraMonto), kFinMontoPago);
+    Completa(linea, pago.fecha, kFinFechaPago);
+    linea += u"  ";
+    Alinea(linea, MontoConParentesis(pago.monto), kFinMontoPago);
     return linea;
 }
 
 QString LineasAnexo::FinDeCliente(int comprobantes, Importe base, Importe percepcion) {
     QString linea = u"     "_s + QString::number(comprobantes) + u" Registros      "_s;
-    Alinea(linea, Format(base, kMascaraSuma), kFinBaseCliente);
-    linea += u"     "_s;
-    Alinea(linea, Format(percepcion, kMascaraSuma), kFinPercepcionCliente);
+    Alinea(linea, MontoConSigno(base), kFinBaseCliente);
+    linea += u"     ";
+    Alinea(linea, MontoConSigno(percepcion), kFinPercepcionCliente);
     return linea;
 }
 
@@ -117,12 +154,8 @@ QString LineasAnexo::Totales(Importe base, Importe percepcion) {
     return u" Sub-Totales:"_s + sangria + MontoConComas(base, kAnchoTotal) + MontoConComas(percepcion, kAnchoTotal);
 }
 
-QString LineasAnexo::Raya(int ancho) {
-    return u' ' + ObjetoUtil::CompletaDerecha({}, ancho, u'_');
-}
-
 QString MontoConComas(Importe monto, int ancho) {
-    QString texto = Format(monto, kMascaraSuma);
+    QString texto = MontoConSigno(monto);
     if (texto.size() > ancho)
         texto.remove(u',');
     return ObjetoUtil::AlineaDerecha(texto, ancho);

@@ -12,8 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kAncho = 154;
-constexpr int kAnchoRayaCorta = 50;
+constexpr int kAncho = LineasAnexo::kAncho;
 constexpr int kAnchoDeclarante = 105;
 
 /// The head counts as ten lines though it takes more of the paper. Wanted: the limits below reckon with it.
@@ -45,7 +44,7 @@ void InformeAnexo::Sumas::Agrega(const ComprobanteImpreso& comprobante) {
 
 InformeAnexo::InformeAnexo(Base& base, const Reloj& reloj, const DatosDeclaracion& datos, EscritorInforme& escritor)
     : m_base(&base), m_reloj(&reloj), m_datos(&datos), m_escritor(&escritor), m_lineas(datos.clave.periodo),
-      m_nombres(CargarGrilla(base)) {}
+      m_nombres(CargarGrilla(base)), m_cabecera(LineasFijas()) {}
 
 int InformeAnexo::TotalPaginas(Base& base, const ClaveDeclaracion& clave) {
     const auto filasDe = [&](const QString& tabla) {
@@ -70,30 +69,39 @@ void InformeAnexo::Imprime() {
 }
 
 /// The code "F51801" is printed though the report is registered as PER007. Wanted.
-void InformeAnexo::ImprimeCabeceraAnexo() {
-    const QDateTime ahora = m_reloj->Ahora();
-    const auto imprime = [this](const LineaCompuesta& linea) { m_escritor->ImprimeLinea(linea.Texto()); };
-    imprime(LineaCompuesta()
-                .Pon(1, FormatFecha(ahora.date(), u"dd/mm/yyyy"))
-                .Pon(13, FormatHora(ahora.time()))
-                .PonHasta(kAncho, u"Pag:"_s + Format(qint64{m_escritor->PaginaActual()}, u"##").rightJustified(6, u' ')));
-    imprime(LineaCompuesta()
+QStringList InformeAnexo::LineasFijas() const {
+    const QString& raya = LineasAnexo::RayaLarga();
+    const QString declarante = u"DECLARANTE   : "_s + m_datos->clave.ruc + u"  "_s + m_datos->nombreDeclarante;
+    return {LineaCompuesta()
                 .PonCentrado(u"QMD 0518 - AGENTES DE PERCEPCION VENTAS INTERNAS"_s, kAncho)
                 .Pon(1, u"ZOLMA     "_s)
-                .PonHasta(kAncho, u"F51801"_s));
-    imprime(LineaCompuesta().PonCentrado(
-        u"REPORTE DE AGENTES DE PERCEPCION - PERIODO "_s + PeriodoImpreso(m_datos->clave.periodo), kAncho));
-    const QString declarante = u"DECLARANTE   : "_s + m_datos->clave.ruc + u"  "_s + m_datos->nombreDeclarante;
-    m_escritor->ImprimeLinea(declarante.leftJustified(kAnchoDeclarante, u' '));
-    m_escritor->ImprimeLinea(LineasAnexo::Raya(kAncho));
-    m_escritor->ImprimeLinea(u"  PERCEPCIONES "_s);
-    m_escritor->ImprimeLinea(LineasAnexo::Raya(kAncho));
-    m_escritor->ImprimeLinea(QString(25, u' ') + u"COMPROBANTE DE PERCEPCION EMITIDO"_s + QString(50, u' ') +
-                             u"COMPROBANTE DE PAGO"_s);
-    m_escritor->ImprimeLinea(LineasAnexo::Raya(kAncho));
-    m_escritor->ImprimeLinea(m_lineas.PrimerTitulo());
-    m_escritor->ImprimeLinea(m_lineas.SegundoTitulo());
-    m_escritor->ImprimeLinea(LineasAnexo::Raya(kAncho));
+                .PonHasta(kAncho, u"F51801"_s)
+                .Texto(),
+            LineaCompuesta()
+                .PonCentrado(
+                    u"REPORTE DE AGENTES DE PERCEPCION - PERIODO "_s + PeriodoImpreso(m_datos->clave.periodo), kAncho)
+                .Texto(),
+            declarante.leftJustified(kAnchoDeclarante, u' '),
+            raya,
+            u"  PERCEPCIONES "_s,
+            raya,
+            QString(25, u' ') + u"COMPROBANTE DE PERCEPCION EMITIDO"_s + QString(50, u' ') + u"COMPROBANTE DE PAGO"_s,
+            raya,
+            m_lineas.PrimerTitulo(),
+            m_lineas.SegundoTitulo(),
+            raya};
+}
+
+void InformeAnexo::ImprimeCabeceraAnexo() {
+    const QDateTime ahora = m_reloj->Ahora();
+    const QString pagina = Format(qint64{m_escritor->PaginaActual()}, u"##");
+    m_escritor->ImprimeLinea(LineaCompuesta()
+                                 .Pon(1, FormatFecha(ahora.date(), u"dd/mm/yyyy"))
+                                 .Pon(13, FormatHora(ahora.time()))
+                                 .PonHasta(kAncho, u"Pag:"_s + pagina.rightJustified(6, u' '))
+                                 .Texto());
+    for (const QString& linea : m_cabecera)
+        m_escritor->ImprimeLinea(linea);
 }
 
 void InformeAnexo::Cliente(FilasAnexo& filas) {
@@ -124,9 +132,9 @@ void InformeAnexo::Comprobante(FilasAnexo& filas) {
 }
 
 void InformeAnexo::FinDeCliente(const Sumas& sumas) {
-    Linea(LineasAnexo::Raya(kAncho));
+    Linea(LineasAnexo::RayaLarga());
     Linea(LineasAnexo::FinDeCliente(sumas.comprobantes, sumas.base, sumas.percepcion));
-    Linea(LineasAnexo::Raya(kAncho));
+    Linea(LineasAnexo::RayaLarga());
     m_total.base += sumas.base;
     m_total.percepcion += sumas.percepcion;
 }
@@ -134,13 +142,13 @@ void InformeAnexo::FinDeCliente(const Sumas& sumas) {
 void InformeAnexo::Cierre() {
     if (m_usadas >= kLineasAntesDelCierre)
         TerminaPagina();
-    m_escritor->ImprimeLinea(LineasAnexo::Raya(kAncho));
+    m_escritor->ImprimeLinea(LineasAnexo::RayaLarga());
     m_escritor->ImprimeLinea(LineasAnexo::Totales(m_total.base, m_total.percepcion));
-    m_escritor->ImprimeLinea(LineasAnexo::Raya(kAncho));
+    m_escritor->ImprimeLinea(LineasAnexo::RayaLarga());
 }
 
 void InformeAnexo::Leyenda() {
-    const QString raya = LineasAnexo::Raya(kAnchoRayaCorta);
+    const QString& raya = LineasAnexo::RayaCorta();
     for (const QString& linea : {QString(), raya, u" DOC. QUE DIO ORIGEN A PERCEPCION"_s, raya,
                                  u" TIPO    DESCRIPCION"_s, raya})
         m_escritor->ImprimeLinea(linea);
@@ -153,7 +161,7 @@ void InformeAnexo::Leyenda() {
 void InformeAnexo::Linea(const QString& texto) {
     if (m_usadas > kUltimaLinea) {
         TerminaPagina();
-        m_escritor->ImprimeLinea(LineasAnexo::Raya(kAncho));
+        m_escritor->ImprimeLinea(LineasAnexo::RayaLarga());
         ++m_usadas;
     }
     m_escritor->ImprimeLinea(texto);

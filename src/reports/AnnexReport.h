@@ -4,7 +4,7 @@
 #include "reports/DeclarationData.h"
 #include "reports/ReportWriter.h"
 
-class QDateTime;
+#include <QStringList>
 
 namespace xa518 {
 
@@ -30,6 +30,8 @@ class InformeAnexo {
         void Agrega(const ComprobanteImpreso& comprobante);
     };
 
+    /// The head of every page but its first line, which tells time and page.
+    [[nodiscard]] QStringList LineasFijas() const;
     void ImprimeCabeceraAnexo();
     void Cliente(FilasAnexo& filas);
     void Comprobante(FilasAnexo& filas);
@@ -47,6 +49,7 @@ class InformeAnexo {
     EscritorInforme* m_escritor;
     LineasAnexo m_lineas;
     NombresDocumento m_nombres;
+    QStringList m_cabecera;
     Sumas m_total;
     int m_usadas = 0; ///< lines of the page
 };

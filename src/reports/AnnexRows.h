@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <compare>
+
 namespace xa518 {
 
 /// A perception voucher, or a cash sale: that one has a type and no payment vouchers.
@@ -30,25 +32,27 @@ struct PagoImpreso {
     QString monto;
 };
 
-/// The rows of one table in the order of the annex, each telling the row of another table that it hangs on.
-/// It is read once, in step with the parents, so that a report's memory doesn't grow with its length.
-class FilasHijas {
+/// The rows of one table in the order of the annex, read once, in step with those that they hang on, so that a report's
+/// memory doesn't grow with its length. It stands on a row from the start, if there is any.
+class FilasEnPaso {
   public:
-    FilasHijas(Base& base, const QString& sql, const QVariantList& valores);
+    FilasEnPaso(Base& base, const QString& sql, const QVariantList& valores);
 
-    /// Moves to the parent's next row, at first to its first one. Columns 0 and 1 are the parent and the row itself.
-    [[nodiscard]] bool Siguiente(qint64 padre);
+    [[nodiscard]] bool Hay() const { return m_hay; }
     [[nodiscard]] const Registros& Fila() const { return m_filas; }
-    [[nodiscard]] qint64 Propia() const { return m_filas.Entero(1); }
+    void Avanza() { m_hay = m_filas.Siguiente(); }
+
+    /// Whether the row at hand has been handed out; the next question moves on from it.
+    bool entregada = false;
 
   private:
     Registros m_filas;
     bool m_hay;
-    bool m_entregada = false;
 };
 
-/// A declaration's clients by number, their vouchers and cash sales, and the payment vouchers of the first, all in the
-/// order in which they were entered.
+/// A declaration's clients by number, their vouchers and cash sales, and the payment vouchers of the first, each kind in
+/// the order in which it was entered. A voucher whose client is missing is passed over, as is a payment voucher without
+/// its voucher.
 class FilasAnexo {
   public:
     FilasAnexo(Base& base, const ClaveDeclaracion& clave);
@@ -57,22 +61,24 @@ class FilasAnexo {
     [[nodiscard]] const ClienteImpreso& Cliente() const { return m_cliente; }
 
     /// Of the client at hand.
-    [[nodiscard]] bool SiguienteComprobante() { return m_comprobantes.Siguiente(m_filaCliente); }
+    [[nodiscard]] bool SiguienteComprobante();
     [[nodiscard]] ComprobanteImpreso Comprobante() const;
     /// Of the voucher at hand.
-    [[nodiscard]] bool SiguientePago() { return m_pagos.Siguiente(m_comprobantes.Propia()); }
+    [[nodiscard]] bool SiguientePago();
     [[nodiscard]] PagoImpreso Pago() const;
     /// Of the client at hand.
-    [[nodiscard]] bool SiguienteContado() { return m_contados.Siguiente(m_filaCliente); }
+    [[nodiscard]] bool SiguienteContado();
     [[nodiscard]] ComprobanteImpreso Contado() const;
 
   private:
+    [[nodiscard]] std::strong_ordering RespectoDelCliente(const FilasEnPaso& filas) const;
+    void DejaComprobante();
+
     Registros m_clientes;
-    FilasHijas m_comprobantes;
-    FilasHijas m_pagos;
-    FilasHijas m_contados;
+    FilasEnPaso m_comprobantes;
+    FilasEnPaso m_pagos;
+    FilasEnPaso m_contados;
     ClienteImpreso m_cliente;
-    qint64 m_filaCliente = 0;
 };
 
 } // namespace xa518

@@ -1,30 +1,36 @@
 #include "reports/PageCommands.h"
 
+#include <QStringEncoder>
+
 #include <algorithm>
+#include <array>
+#include <charconv>
 
 namespace xa518 {
 
 namespace {
 
-constexpr char16_t kSeparador = u'|';
-
 void AgregaNumero(QByteArray& salida, int numero) {
-    salida += QByteArray::number(numero);
+    std::array<char, 16> cifras;
+    const auto fin = std::to_chars(cifras.data(), cifras.data() + cifras.size(), numero).ptr;
+    salida.append(cifras.data(), fin - cifras.data());
     salida += '|';
 }
 
-bool RompeLaLinea(QChar c) {
-    return c == kSeparador || c < u' ' || c == u'\x7f';
+/// No byte of a letter beyond ASCII looks like one of these.
+char SinRomperLaLinea(char c) {
+    const auto codigo = static_cast<unsigned char>(c);
+    return codigo < 32 || codigo == 127 || codigo == '|' ? ' ' : c;
 }
 
 void AgregaTexto(QByteArray& salida, const QString& texto) {
-    if (std::none_of(texto.begin(), texto.end(), RompeLaLinea)) {
-        salida += texto.toUtf8();
-    } else {
-        QString limpio = texto;
-        std::replace_if(limpio.begin(), limpio.end(), RompeLaLinea, QChar(u' '));
-        salida += limpio.toUtf8();
-    }
+    QStringEncoder codificador(QStringEncoder::Utf8);
+    const qsizetype inicio = salida.size();
+    salida.resize(inicio + codificador.requiredSpace(texto.size()));
+    const char* fin = codificador.appendToBuffer(salida.data() + inicio, texto);
+    salida.truncate(fin - salida.constData());
+    char* texto8 = salida.data() + inicio;
+    std::transform(texto8, texto8 + (salida.size() - inicio), texto8, SinRomperLaLinea);
     salida += '|';
 }
 

@@ -115,19 +115,26 @@ void Taller::Agrega(const Pago& pago) {
                           {u"mto_detcp"_s, pago.monto}});
 }
 
-void Taller::Clientes(int cuantos) {
+void Taller::DeUnaVez(const std::function<void()>& trabajo) {
     Transaccion transaccion = m_base->Comienza();
-    for (int i = 1; i <= cuantos; ++i) {
-        const bool empresa = i % 2 == 1;
-        const QString numero = (empresa ? u"20"_s : QString()) + QString::number(i).rightJustified(empresa ? 9 : 8, u'0');
-        if (empresa)
-            Agrega(Cliente{6, numero, u"BODEGA DEL VALLE N° %1 E.I.R.L."_s.arg(i), {}, {}, {}});
-        else
-            Agrega(Cliente{1, numero, {}, u"NÚÑEZ"_s, u"PEÑA"_s, u"JOSÉ MARÍA %1"_s.arg(i)});
-        Agrega(Comprobante{numero});
-        Agrega(Pago{numero});
-    }
+    trabajo();
     transaccion.Confirma();
+}
+
+void Taller::Clientes(int cuantos) {
+    DeUnaVez([&] {
+        for (int i = 1; i <= cuantos; ++i) {
+            const bool empresa = i % 2 == 1;
+            const QString numero =
+                (empresa ? u"20"_s : QString()) + QString::number(i).rightJustified(empresa ? 9 : 8, u'0');
+            if (empresa)
+                Agrega(Cliente{6, numero, u"BODEGA DEL VALLE N° %1 E.I.R.L."_s.arg(i)});
+            else
+                Agrega(Cliente{1, numero, {}, u"NÚÑEZ"_s, u"PEÑA"_s, u"JOSÉ MARÍA %1"_s.arg(i)});
+            Agrega(Comprobante{numero});
+            Agrega(Pago{numero});
+        }
+    });
 }
 
 QStringList Libreta::Textos(int pagina) const {

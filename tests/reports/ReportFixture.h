@@ -9,6 +9,8 @@
 #include <QList>
 #include <QStringList>
 
+#include <functional>
+
 namespace xa518::prueba {
 
 struct Cliente {
@@ -58,6 +60,8 @@ class Taller {
     void Agrega(const Cliente& cliente);
     void Agrega(const Comprobante& comprobante);
     void Agrega(const Pago& pago);
+    /// Does the work in one transaction: many rows in a breath.
+    void DeUnaVez(const std::function<void()>& trabajo);
     /// Companies and persons in turn, each with a voucher and a payment voucher.
     void Clientes(int cuantos);
 
