@@ -62,7 +62,7 @@ std::optional<Declarante> Declarantes::Busca(const QString& ruc) const {
 Veredicto Declarantes::Registra(Declarante declarante) {
     declarante.ruc = Recorta(declarante.ruc).toString();
     declarante.nombre = Recorta(declarante.nombre).toString();
-    const Veredicto veredicto = ValidaDeclarante(declarante);
+    Veredicto veredicto = ValidaDeclarante(declarante);
     if (!veredicto) return veredicto;
     Transaccion transaccion = m_base->Comienza();
     if (const std::optional<Declarante> anterior = Busca(declarante.ruc))
