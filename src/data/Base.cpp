@@ -51,7 +51,8 @@ bool Registros::EsNulo(int columna) const {
 }
 
 QVariant Registros::Valor(int columna) const {
-    return m_consulta->value(columna);
+    // The driver hands null out as a default text, which bound again would be the empty text.
+    return m_consulta->isNull(columna) ? QVariant() : m_consulta->value(columna);
 }
 
 int Registros::Columna(QStringView nombre) const {

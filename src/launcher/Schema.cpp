@@ -38,9 +38,11 @@ QStringList SentenciasDe(const QString& sql) {
     QStringList sentencias;
     QString sentencia;
     for (const QString& linea : sql.split(u'\n')) {
-        if (linea.startsWith("--"_L1) || linea.trimmed().isEmpty()) continue;
+        if (linea.startsWith("--"_L1) || linea.trimmed().isEmpty())
+            continue;
         sentencia += linea + u'\n';
-        if (linea.endsWith(u';')) sentencias.append(std::exchange(sentencia, QString()));
+        if (linea.endsWith(u';'))
+            sentencias.append(std::exchange(sentencia, QString()));
     }
     return sentencias;
 }
@@ -48,7 +50,8 @@ QStringList SentenciasDe(const QString& sql) {
 /// The version is read again inside the transaction: two installers may run at once.
 void DaPaso(Base& base, const Paso& paso) {
     Transaccion transaccion = base.Comienza();
-    if (VersionDe(base) >= paso.version) return;
+    if (VersionDe(base) >= paso.version)
+        return;
     for (const QString& sentencia : SentenciasDe(LeeSql(paso.ruta)))
         base.Ejecuta(sentencia);
     base.Ejecuta(u"PRAGMA user_version=%1"_s.arg(paso.version));
@@ -61,8 +64,10 @@ EstadoEsquema Esquema::Aplica(Base& base) const {
     const QList<Paso> pasos = PasosDe(m_carpeta);
     const int inicial = VersionDe(base);
     const int ultima = pasos.isEmpty() ? 0 : pasos.last().version;
-    if (inicial > ultima) return {ResultadoEsquema::MasNuevo, inicial, 0, {}};
-    if (inicial == ultima) return {ResultadoEsquema::Vigente, inicial, 0, {}};
+    if (inicial > ultima)
+        return {ResultadoEsquema::MasNuevo, inicial, 0, {}};
+    if (inicial == ultima)
+        return {ResultadoEsquema::Vigente, inicial, 0, {}};
     try {
         for (const Paso& paso : pasos)
             DaPaso(base, paso);

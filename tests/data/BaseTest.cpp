@@ -65,6 +65,7 @@ TEST_F(BaseTest, StoresNullOnlyForAValueThatIsMissing) {
     Registros fila = m_base->Lee(u"SELECT nombre FROM CLIENTE WHERE numero='1'"_s);
     ASSERT_TRUE(fila.Siguiente());
     EXPECT_TRUE(fila.EsNulo(0));
+    EXPECT_FALSE(fila.Valor(0).isValid());
     EXPECT_EQ(fila.Texto(u"NOMBRE"), u""_s);
     EXPECT_FALSE(fila.Siguiente());
 }

@@ -48,7 +48,8 @@ QString NombresDe(const Tabla& tabla) {
 QString EnterasDe(const Tabla& tabla) {
     QStringList nombres;
     for (const Columna& columna : tabla.columnas)
-        if (columna.entera) nombres.append(columna.nombre);
+        if (columna.entera)
+            nombres.append(columna.nombre);
     return nombres.join(u' ');
 }
 
