@@ -4,7 +4,6 @@
 #include "data/Process.h"
 #include "launcher/Declarants.h"
 #include "launcher/Installation.h"
-#include "launcher/Schema.h"
 #include "launcher/Sending.h"
 #include "platform/Clock.h"
 #include "values/Error.h"
@@ -65,21 +64,10 @@ void Exige(const Veredicto& veredicto) {
     if (!veredicto) throw Rechazo(veredicto.mensaje->texto);
 }
 
-/// Before the opening, which already writes to the profile file.
-void ExigeInstalacion(const ArchivoPerfil& perfil) {
-    if (!QFileInfo::exists(perfil.Ruta()))
-        throw Rechazo(u"No se encuentra '%1'. Ejecute primero consola --instalar."_s.arg(perfil.Ruta()));
-    for (const QString& clave : {u"SysPath"_s, u"DBPath"_s, u"DBName"_s}) {
-        if (perfil.Lee(kSeccionOpciones, clave).isEmpty())
-            throw Rechazo(u"Falta la clave %1 en '%2'. Ejecute consola --instalar."_s.arg(clave, perfil.Ruta()));
-    }
-}
-
 void Abre(Proceso& proceso, const ArchivoPerfil& perfil) {
     ExigeInstalacion(perfil);
     LeerIni(proceso, perfil);
     AbrirBase(proceso, perfil);
-    ExigeVersion(*proceso.baseDatos);
 }
 
 void Instala(const Pedido& pedido) {

@@ -2,6 +2,7 @@
 
 #include "app/Configuration.h"
 #include "data/Base.h"
+#include "data/SchemaVersion.h"
 #include "data/Workgroup.h"
 #include "launcher/CatalogInstaller.h"
 #include "launcher/Declarants.h"

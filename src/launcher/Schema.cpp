@@ -1,6 +1,7 @@
 #include "launcher/Schema.h"
 
 #include "data/Base.h"
+#include "data/SchemaVersion.h"
 #include "data/Transaction.h"
 
 #include <QDir>
@@ -55,22 +56,6 @@ void DaPaso(Base& base, const Paso& paso) {
 }
 
 } // namespace
-
-int VersionDe(Base& base) {
-    Registros fila = base.Lee(u"PRAGMA user_version"_s);
-    return fila.Siguiente() ? static_cast<int>(fila.Entero(0)) : 0;
-}
-
-void ExigeVersion(Base& base) {
-    const int version = VersionDe(base);
-    if (version == VersionEsquema) return;
-    throw ErrorBase(NumeroError::VersionAjena,
-                    u"La base '%1' es de la versión %2 y este programa usa la %3. %4"_s.arg(base.Ruta())
-                        .arg(version)
-                        .arg(VersionEsquema)
-                        .arg(version > VersionEsquema ? u"Instale la versión actual del programa."_s
-                                                      : u"Ejecute consola --instalar."_s));
-}
 
 EstadoEsquema Esquema::Aplica(Base& base) const {
     const QList<Paso> pasos = PasosDe(m_carpeta);

@@ -1,4 +1,5 @@
 #include "data/Base.h"
+#include "data/SchemaVersion.h"
 #include "data/RecordChecksum.h"
 #include "data/Transaction.h"
 #include "launcher/CommandLine.h"
