@@ -34,7 +34,7 @@ class Batch : public testing::Test {
 
     [[nodiscard]] QString Casa() const { return m_carpeta.filePath(u"casa"_s); }
     [[nodiscard]] QString Ejemplo() const { return Casa() + u"/EJEMPLO"_s; }
-    [[nodiscard]] QString ArchivoDelMes() const { return Ejemplo() + u"/0518%1202609.TXT"_s.arg(kRuc); }
+    [[nodiscard]] QString ArchivoDelMes() const { return Ejemplo() + u"/0518"_s + kRuc + u"202609.TXT"_s; }
 
     int Corre(const QString& linea) {
         m_salida.clear();
@@ -106,7 +106,7 @@ TEST_F(Batch, RefusedLinesAreLoggedAndCounted) {
     ASSERT_EQ(Corre(u"importar"_s + octubre + u" --json --percepciones "_s + Ejemplo()), 1);
     const int rechazados = Json()[u"rechazados"_s].toInt();
     EXPECT_GE(rechazados, 12);
-    QFile log(Casa() + u"/RPT0518%1202610.Log"_s.arg(kRuc));
+    QFile log(Casa() + u"/RPT0518"_s + kRuc + u"202610.Log"_s);
     ASSERT_TRUE(log.open(QIODevice::ReadOnly));
     EXPECT_EQ(log.readAll().count('\n'), rechazados);
     EXPECT_GT(Cuenta(u"TMPF518PDET"_s), 0);
