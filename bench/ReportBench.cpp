@@ -1,28 +1,26 @@
+#include "Measure.h"
+
 #include "reports/PagePainter.h"
 #include "reports/PdfFile.h"
 #include "reports/ReportFixture.h"
 #include "reports/RunReport.h"
 #include "reports/SpoolFile.h"
 
-#include <QFile>
+#include <QDir>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 
 #include <sqlite3.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <chrono>
 #include <cstdio>
-#include <fstream>
 #include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
 
 using namespace xa518;
+using namespace xa518::medida;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -31,56 +29,8 @@ constexpr int kClientes = 20'000;
 constexpr int kComprobantes = 50'000;
 constexpr int kPagos = 100'000;
 
-struct Medida {
-    double segundos = 0;   ///< by the wall's clock
-    double procesador = 0; ///< which other programs on the machine disturb less, and so ratios are taken of it
-    long picoKb = 0;
-};
-
-double Procesador() {
-    rusage uso{};
-    getrusage(RUSAGE_SELF, &uso);
-    const auto segundos = [](const timeval& t) {
-        return static_cast<double>(t.tv_sec) + static_cast<double>(t.tv_usec) / 1e6;
-    };
-    return segundos(uso.ru_utime) + segundos(uso.ru_stime);
-}
-
-long PicoKb() {
-    std::ifstream estado("/proc/self/status");
-    for (std::string linea; std::getline(estado, linea);) {
-        if (linea.starts_with("VmHWM:"))
-            return std::stol(linea.substr(6));
-    }
-    return 0;
-}
-
-/// Does the work in a process of its own, so that its peak of memory is its own too.
-Medida Mide(const std::function<void()>& trabajo) {
-    int tubo[2];
-    if (pipe(tubo) != 0)
-        throw std::runtime_error("no pipe");
-    const pid_t hijo = fork();
-    if (hijo == 0) {
-        const double antes = Procesador();
-        const auto inicio = std::chrono::steady_clock::now();
-        trabajo();
-        const std::chrono::duration<double> duracion = std::chrono::steady_clock::now() - inicio;
-        const Medida medida{duracion.count(), Procesador() - antes, PicoKb()};
-        _exit(write(tubo[1], &medida, sizeof medida) == sizeof medida ? 0 : 1);
-    }
-    close(tubo[1]);
-    Medida medida;
-    const bool leida = hijo > 0 && read(tubo[0], &medida, sizeof medida) == sizeof medida;
-    close(tubo[0]);
-    int estado = 1;
-    if (waitpid(hijo, &estado, 0) != hijo || estado != 0 || !leida)
-        throw std::runtime_error("the measured process failed");
-    return medida;
-}
-
 /// Several runs, the quickest of them: the machine is shared.
-Medida MejorDe(int veces, const std::function<void()>& trabajo) {
+Medida MejorDe(int veces, const std::function<std::function<void()>()>& trabajo) {
     Medida mejor = Mide(trabajo);
     for (int i = 1; i < veces; ++i) {
         const Medida otra = Mide(trabajo);
@@ -164,31 +114,33 @@ void EscribePaginas(const QString& spool, const QString& pdf, int paginas) {
     EscribePdf({spool}, pdf, {u"Anexo"_s, u"Banco de pruebas"_s, QDateTime::currentDateTime()}, {true, 1, paginas});
 }
 
+void Linea(const char* que, const Medida& medida, double razon, const char* unidad) {
+    std::printf("%-44s %7.2f s %7.2f s %9.2f %-11s %5.0f MB\n", que, medida.segundos, medida.procesador, razon, unidad,
+                static_cast<double>(medida.memoriaKb) / 1024);
+    std::fflush(stdout);
+}
+
+/// Ratios are of processor time, which other programs on the machine disturb less.
 void Informa(int argc, char** argv) {
     prueba::Taller taller;
     Llena(taller);
     const QString spool = taller.Carpeta() + u"/anexo.PRN"_s;
     const QString pdf = taller.Carpeta() + u"/anexo.pdf"_s;
     const auto conDibujo = [&](const std::function<void()>& trabajo) {
-        return [&argc, argv, trabajo] {
-            const QGuiApplication aplicacion(argc, argv);
-            trabajo();
+        return [&argc, argv, trabajo]() -> std::function<void()> {
+            return [aplicacion = std::make_shared<QGuiApplication>(argc, argv), trabajo] { trabajo(); };
         };
     };
-    const auto linea = [](const char* que, const Medida& medida, double razon, const char* unidad) {
-        std::printf("%-44s %8.2f s %8.2f s cpu %10.2f %-12s %6.0f MB\n", que, medida.segundos, medida.procesador,
-                    razon, unidad, static_cast<double>(medida.picoKb) / 1024);
-        std::fflush(stdout);
-    };
-    const Medida suelo = MejorDe(5, [&] { LeeDesnudo(taller.Ruta().toUtf8()); });
-    linea("20,000 clients, 150,000 vouchers, bare read", suelo, 1, "x");
-    const Medida anexo = MejorDe(5, [&] { EscribeAnexo(taller, spool); });
-    linea("the annex of them to spool", anexo, anexo.procesador / suelo.procesador, "x the read");
+    std::printf("%-44s %9s %9s %21s %8s\n", "", "wall", "processor", "", "peak");
+    const Medida suelo = MejorDe(5, [&] { return [&] { LeeDesnudo(taller.Ruta().toUtf8()); }; });
+    Linea("20,000 clients, 150,000 vouchers, bare read", suelo, 1, "");
+    const Medida anexo = MejorDe(5, [&] { return [&] { EscribeAnexo(taller, spool); }; });
+    Linea("the annex of them to spool", anexo, anexo.procesador / suelo.procesador, "x the read");
     const Medida vista = MejorDe(3, conDibujo([&] { AbreVista(spool); }));
-    linea("opening its preview", vista, InformeSpool::Abre(spool)->Paginas(), "pages");
+    Linea("opening its preview", vista, InformeSpool::Abre(spool)->Paginas(), "pages");
     for (const int paginas : {100, 1000}) {
         const Medida impresa = MejorDe(2, conDibujo([&] { EscribePaginas(spool, pdf, paginas); }));
-        linea(paginas == 100 ? "PDF of 100 pages" : "PDF of 1,000 pages", impresa, paginas / impresa.procesador,
+        Linea(paginas == 100 ? "PDF of 100 pages" : "PDF of 1,000 pages", impresa, paginas / impresa.procesador,
               "pages/s");
     }
 }
