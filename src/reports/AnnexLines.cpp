@@ -55,9 +55,12 @@ QStringView SiNo(QStringView respuesta, QStringView sinRespuesta) {
 }
 
 /// Codes come with two digits already, nearly always.
-QString TipoDeDos(const QString& tipo) {
+void AgregaTipo(QString& linea, QStringView tipo) {
     const bool listo = tipo.size() == 2 && EsDigito(tipo[0]) && EsDigito(tipo[1]);
-    return listo ? tipo : Format(tipo, u"00");
+    if (listo)
+        linea += tipo;
+    else
+        linea += Format(tipo, u"00");
 }
 
 QString Raya(int ancho) {
@@ -107,30 +110,34 @@ QString LineasAnexo::Comprobante(const ComprobanteImpreso& comprobante) {
     Alinea(linea, MontoConParentesis(comprobante.base), kFinBase);
     Alinea(linea, Tasa(comprobante.tasa), kFinTasa);
     Alinea(linea, MontoConParentesis(comprobante.percepcion), kFinPercepcion);
-    const QString& segunda = m_desde200803 ? comprobante.medioPago : comprobante.listaClientes;
-    const QString& tercera = m_desde200803 ? comprobante.listaClientes : comprobante.medioPago;
+    const QStringView segunda = m_desde200803 ? comprobante.medioPago : comprobante.listaClientes;
+    const QStringView tercera = m_desde200803 ? comprobante.listaClientes : comprobante.medioPago;
     for (const QStringView respuesta : {SiNo(comprobante.creditoFiscal, u"  "), SiNo(segunda, u" -"), SiNo(tercera, u" -")})
         linea.append(u"     ").append(respuesta);
     return linea;
 }
 
-/// A declaration knows very few rates.
-const QString& LineasAnexo::Tasa(const QString& tasa) {
-    auto mostrada = m_tasas.constFind(tasa);
-    if (mostrada == m_tasas.constEnd())
-        mostrada = m_tasas.insert(tasa, Format(tasa, u"#0.0"));
-    return *mostrada;
+/// Vouchers in a row nearly always share their rate.
+const QString& LineasAnexo::Tasa(QStringView tasa) {
+    if (m_tasa != tasa) {
+        m_tasa = tasa.toString();
+        m_tasaMostrada = Format(tasa, u"#0.0");
+    }
+    return m_tasaMostrada;
 }
 
 QString LineasAnexo::Contado(const ComprobanteImpreso& contado) {
-    return Comprobante(contado) + TipoDeDos(contado.tipo) + u"  Venta al Contado"_s;
+    QString linea = Comprobante(contado);
+    AgregaTipo(linea, contado.tipo);
+    return linea + u"  Venta al Contado"_s;
 }
 
 QString LineasAnexo::Pago(const QString& comprobante, const PagoImpreso& pago) {
     QString linea;
     linea.reserve(kFinMontoPago);
     Completa(linea, comprobante, kFinComprobante);
-    linea.append(TipoDeDos(pago.tipo)).append(u"  ");
+    AgregaTipo(linea, pago.tipo);
+    linea += u"  ";
     Completa(linea, pago.serie, kFinSeriePago);
     linea += u"  ";
     Completa(linea, pago.numero, kFinNumeroPago);

@@ -3,7 +3,6 @@
 #include "reports/AnnexRows.h"
 #include "values/Decimal.h"
 
-#include <QHash>
 #include <QString>
 
 namespace xa518 {
@@ -35,10 +34,11 @@ class LineasAnexo {
     [[nodiscard]] static const QString& RayaCorta();
 
   private:
-    const QString& Tasa(const QString& tasa);
+    const QString& Tasa(QStringView tasa);
 
     bool m_desde200803;
-    QHash<QString, QString> m_tasas;
+    QString m_tasa;
+    QString m_tasaMostrada;
 };
 
 /// An amount in a width, right-aligned; one too wide keeps its digits and loses its commas, wanted so.

@@ -108,11 +108,12 @@ void InformeAnexo::Cliente(FilasAnexo& filas) {
     Linea(LineasAnexo::Cliente(filas.Cliente(), m_nombres.value(filas.Cliente().tipoDoc)));
     Sumas sumas;
     while (filas.SiguienteComprobante()) {
-        sumas.Agrega(filas.Comprobante());
-        Comprobante(filas);
+        const ComprobanteImpreso comprobante = filas.Comprobante();
+        sumas.Agrega(comprobante);
+        Comprobante(m_lineas.Comprobante(comprobante), filas);
     }
     while (filas.SiguienteContado()) {
-        const ComprobanteImpreso contado = filas.Contado();
+        const ComprobanteImpreso contado = filas.Comprobante();
         sumas.Agrega(contado);
         Linea(m_lineas.Contado(contado));
     }
@@ -120,8 +121,7 @@ void InformeAnexo::Cliente(FilasAnexo& filas) {
 }
 
 /// The first payment voucher stands on the voucher's own line.
-void InformeAnexo::Comprobante(FilasAnexo& filas) {
-    const QString comprobante = m_lineas.Comprobante(filas.Comprobante());
+void InformeAnexo::Comprobante(const QString& comprobante, FilasAnexo& filas) {
     if (!filas.SiguientePago()) {
         Linea(comprobante);
         return;

@@ -34,7 +34,7 @@ class InformeAnexo {
     [[nodiscard]] QStringList LineasFijas() const;
     void ImprimeCabeceraAnexo();
     void Cliente(FilasAnexo& filas);
-    void Comprobante(FilasAnexo& filas);
+    void Comprobante(const QString& comprobante, FilasAnexo& filas);
     void FinDeCliente(const Sumas& sumas);
     void Cierre();
     void Leyenda();

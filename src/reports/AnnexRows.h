@@ -5,54 +5,56 @@
 #include "reports/PrintedClient.h"
 
 #include <QString>
+#include <QStringView>
 
 #include <compare>
+#include <optional>
+#include <vector>
 
 namespace xa518 {
 
-/// A perception voucher, or a cash sale: that one has a type and no payment vouchers.
+/// A perception voucher, or a cash sale: that one has a type and no payment vouchers. Null reads as the empty text.
 struct ComprobanteImpreso {
-    QString serie;
-    QString numero;
-    QString fecha;
-    QString base;
-    QString tasa;
-    QString percepcion;
-    QString creditoFiscal; ///< "1", "0" or another for no answer; so are the next two
-    QString listaClientes;
-    QString medioPago;
-    QString tipo;
+    QStringView serie;
+    QStringView numero;
+    QStringView fecha;
+    QStringView base;
+    QStringView tasa;
+    QStringView percepcion;
+    QStringView creditoFiscal; ///< "1", "0" or another for no answer; so are the next two
+    QStringView listaClientes;
+    QStringView medioPago;
+    QStringView tipo;
 };
 
 struct PagoImpreso {
-    QString tipo;
-    QString serie;
-    QString numero;
-    QString fecha;
-    QString monto;
+    QStringView tipo;
+    QStringView serie;
+    QStringView numero;
+    QStringView fecha;
+    QStringView monto;
 };
 
-/// The rows of one table in the order of the annex, read once, in step with those that they hang on, so that a report's
-/// memory doesn't grow with its length. It stands on a row from the start, if there is any.
+/// The rows of one table, client by client, read once and in step with the clients, so that a report's memory doesn't
+/// grow with its length. Columns 0 and 1 tell the client.
 class FilasEnPaso {
   public:
     FilasEnPaso(Base& base, const QString& sql, const QVariantList& valores);
 
-    [[nodiscard]] bool Hay() const { return m_hay; }
-    [[nodiscard]] const Registros& Fila() const { return m_filas; }
-    void Avanza() { m_hay = m_filas.Siguiente(); }
-
-    /// Whether the row at hand has been handed out; the next question moves on from it.
-    bool entregada = false;
+    /// Moves to the client's next row, at first to its first one. Rows of clients that are missing are passed over.
+    [[nodiscard]] bool Siguiente(const ClienteImpreso& cliente);
+    [[nodiscard]] QString Texto(int columna) const { return m_filas.Texto(columna); }
 
   private:
+    [[nodiscard]] std::strong_ordering Respecto(const ClienteImpreso& cliente) const;
+
     Registros m_filas;
     bool m_hay;
+    bool m_entregada = false;
 };
 
 /// A declaration's clients by number, their vouchers and cash sales, and the payment vouchers of the first, each kind in
-/// the order in which it was entered. A voucher whose client is missing is passed over, as is a payment voucher without
-/// its voucher.
+/// the order in which it was entered. What is handed out holds until the next move.
 class FilasAnexo {
   public:
     FilasAnexo(Base& base, const ClaveDeclaracion& clave);
@@ -68,17 +70,29 @@ class FilasAnexo {
     [[nodiscard]] PagoImpreso Pago() const;
     /// Of the client at hand.
     [[nodiscard]] bool SiguienteContado();
-    [[nodiscard]] ComprobanteImpreso Contado() const;
 
   private:
-    [[nodiscard]] std::strong_ordering RespectoDelCliente(const FilasEnPaso& filas) const;
-    void DejaComprobante();
+    using Pagos = std::vector<QString>;
 
+    void CargaPagos();
+    void EligePagos();
+    [[nodiscard]] Registros PidePagos() const;
+
+    Base* m_base;
+    ClaveDeclaracion m_clave;
     Registros m_clientes;
     FilasEnPaso m_comprobantes;
     FilasEnPaso m_pagos;
     FilasEnPaso m_contados;
     ClienteImpreso m_cliente;
+    QString m_comprobante; ///< the row at hand, a voucher's or a cash sale's
+    QString m_pago;
+
+    Pagos m_delCliente;             ///< by voucher
+    bool m_sonDemasiados = false;   ///< to be kept: each voucher's are asked for by themselves
+    Pagos::const_iterator m_siguiente;
+    Pagos::const_iterator m_fin;
+    std::optional<Registros> m_aparte;
 };
 
 } // namespace xa518
