@@ -115,6 +115,14 @@ void Taller::Agrega(const Pago& pago) {
                           {u"mto_detcp"_s, pago.monto}});
 }
 
+void Taller::Vacia() {
+    for (const QString& tabla :
+         {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u"F518PDETVC"_s, u"F518PDETCP"_s}) {
+        m_base->Ejecuta(u"DELETE * FROM "_s + tabla);
+        m_base->Ejecuta(u"DELETE * FROM H"_s + tabla);
+    }
+}
+
 void Taller::DeUnaVez(const std::function<void()>& trabajo) {
     Transaccion transaccion = m_base->Comienza();
     trabajo();

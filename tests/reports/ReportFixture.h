@@ -60,6 +60,9 @@ class Taller {
     void Agrega(const Cliente& cliente);
     void Agrega(const Comprobante& comprobante);
     void Agrega(const Pago& pago);
+    /// Takes every declaration out again.
+    void Vacia();
+
     /// Does the work in one transaction: many rows in a breath.
     void DeUnaVez(const std::function<void()>& trabajo);
     /// Companies and persons in turn, each with a voucher and a payment voucher.
