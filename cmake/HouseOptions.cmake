@@ -36,4 +36,4 @@ endif()
 
 # The account that opens the database, as codes from which the programs build the two texts at run time.
 set(XA518_ACCOUNT_CODES "0c1b1d1d0a0b5a5e" CACHE STRING "Account of the workgroup file, eight masked bytes in hex")
-set(XA518_PASSWORD_CODES "335f2c6b2e386c30" CACHE STRING "Password of the workgroup file, eight masked bytes in hex")
+set(XA518_PASSWORD_CODES "2922372d2f1e2119" CACHE STRING "Password of the workgroup file, eight masked bytes in hex")

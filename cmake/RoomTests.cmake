@@ -5,6 +5,7 @@ function(add_room_test name)
   cmake_parse_arguments(TEST "" "" "SOURCES;LINKS;LABELS" ${ARGN})
   add_executable(${name} ${TEST_SOURCES})
   target_link_libraries(${name} PRIVATE house_options ${TEST_LINKS} GTest::gmock GTest::gtest_main)
+  target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
   gtest_discover_tests(
     ${name}
     TEST_PREFIX "${name}."

@@ -9,6 +9,17 @@ namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// A text is never null for the tables, however Qt made it: only a value that was left out is. The driver would take
+/// a default QString for null, and a condition on it would match no row.
+QVariant SinTextoNulo(const QVariant& valor) {
+    const bool esTexto = valor.metaType() == QMetaType::fromType<QString>();
+    return esTexto && static_cast<const QString*>(valor.constData())->isNull() ? QVariant(u""_s) : valor;
+}
+
+} // namespace
+
 Registros::Registros(Base& base, const QString& sql, std::unique_ptr<QSqlQuery> consulta)
     : m_base(&base), m_sql(&sql), m_consulta(std::move(consulta)) {}
 
@@ -104,7 +115,7 @@ const QString& Base::Corre(const QString& sql, const QVariantList& valores, std:
         libres.pop_back();
     }
     for (int i = 0; i < valores.size(); ++i)
-        consulta->bindValue(i, valores[i]);
+        consulta->bindValue(i, SinTextoNulo(valores[i]));
     if (!consulta->exec()) {
         const ErrorBase error(m_motor->Numero(consulta->lastError()), consulta->lastError().databaseText());
         Devuelve(entrada->first, std::move(consulta));
@@ -119,9 +130,9 @@ void Base::Devuelve(const QString& sql, std::unique_ptr<QSqlQuery> consulta) noe
 }
 
 const Tabla& Base::Describe(const QString& tabla) {
-    const auto [entrada, nueva] = m_tablas.try_emplace(tabla);
-    if (!nueva)
-        return entrada->second;
+    const auto conocida = m_tablas.find(tabla);
+    if (conocida != m_tablas.end())
+        return conocida->second;
     Tabla leida{tabla, {}, {}};
     QStringList lugares;
     Registros columnas = Lee(m_motor->SqlColumnas(tabla));
@@ -129,12 +140,10 @@ const Tabla& Base::Describe(const QString& tabla) {
         leida.columnas.append({columnas.Texto(0), columnas.Texto(1).startsWith(u"INT", Qt::CaseInsensitive)});
         lugares.append(u"?"_s);
     }
-    if (leida.columnas.isEmpty()) {
-        m_tablas.erase(entrada);
+    if (leida.columnas.isEmpty())
         throw ErrorBase(NumeroError::TablaNoExiste, u"La base no tiene la tabla %1"_s.arg(tabla));
-    }
     leida.sqlAlta = u"INSERT INTO %1 VALUES (%2)"_s.arg(tabla, lugares.join(u','));
-    return entrada->second = std::move(leida);
+    return m_tablas.emplace(tabla, std::move(leida)).first->second;
 }
 
 void Base::Agrega(const Registro& registro) {

@@ -57,7 +57,8 @@ class Registros {
 };
 
 /// The open database. SQL texts are in the system's dialect, with `?` where a value goes; the engine, picked by the
-/// database's name, turns them into its own. Statements are prepared once per text. Every failure is an `ErrorBase`.
+/// database's name, turns them into its own. Statements are prepared once per text. An invalid value is null; a text
+/// never is, a default `QString` is the empty text. Every failure is an `ErrorBase`.
 class Base {
   public:
     /// Opens an existing database for shared reading and writing: `BaseNoExiste` when it is missing, `BaseBloqueada`

@@ -3,6 +3,8 @@
 #include <QHash>
 #include <QStringList>
 
+#include <algorithm>
+
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
@@ -53,7 +55,7 @@ QStringList Fichas(const QString& sql) {
 }
 
 bool EsBlanco(const QString& ficha) {
-    return ficha.front().isSpace();
+    return ficha.isEmpty() || ficha.front().isSpace();
 }
 
 /// Only before a parenthesis is a word a function: "left" also names a kind of join.
@@ -88,24 +90,32 @@ qsizetype FinDeOperando(const QStringList& fichas, qsizetype desde, qsizetype pa
         if (nivel == 0)
             break;
     }
+    i = std::clamp<qsizetype>(i, 0, fichas.size() - 1); // a text with an unpaired parenthesis fails in the engine
     const bool esLlamada = paso < 0 && i > 0 && EsDeNombre(fichas[i - 1].front());
     return esLlamada ? i - 1 : i;
 }
 
-/// `a & b` takes null as the empty text, which the engine's own operator doesn't.
+/// `a & b` takes null as the empty text, which the engine's own operator doesn't. What is put around the operands is
+/// counted first and written last, so that each operand is found in the text as it was.
 void TraduceUnion(QStringList& fichas) {
-    for (qsizetype i = 1; i + 1 < fichas.size(); ++i) {
-        if (fichas[i] != u"&")
-            continue;
-        fichas[i] = u"||"_s;
-        const qsizetype derecha = SiguienteFicha(fichas, i, 1);
-        const qsizetype finDerecha = FinDeOperando(fichas, derecha, 1);
-        fichas[derecha].prepend(u"ifnull("_s);
-        fichas[finDerecha].append(u",'')"_s);
+    QList<int> abren(fichas.size());
+    QList<int> cierran(fichas.size());
+    const auto envuelve = [&](qsizetype primera, qsizetype ultima) {
+        ++abren[primera];
+        ++cierran[ultima];
+    };
+    for (qsizetype i = fichas.indexOf(u"&"); i >= 0; i = fichas.indexOf(u"&", i + 1)) {
         const qsizetype izquierda = SiguienteFicha(fichas, i, -1);
-        const qsizetype finIzquierda = FinDeOperando(fichas, izquierda, -1);
-        fichas[finIzquierda].prepend(u"ifnull("_s);
-        fichas[izquierda].append(u",'')"_s);
+        const qsizetype derecha = SiguienteFicha(fichas, i, 1);
+        if (izquierda < 0 || derecha >= fichas.size())
+            break;
+        envuelve(FinDeOperando(fichas, izquierda, -1), izquierda);
+        envuelve(derecha, FinDeOperando(fichas, derecha, 1));
+    }
+    for (qsizetype i = 0; i < fichas.size(); ++i) {
+        if (fichas[i] == u"&")
+            fichas[i] = u"||"_s;
+        fichas[i] = u"ifnull("_s.repeated(abren[i]) + fichas[i] + u",'')"_s.repeated(cierran[i]);
     }
 }
 
@@ -116,7 +126,7 @@ void QuitaAsterisco(QStringList& fichas) {
         return;
     const qsizetype segunda = SiguienteFicha(fichas, primera, 1);
     if (segunda < fichas.size() && fichas[segunda] == u"*")
-        fichas[segunda].clear();
+        fichas[segunda] = u" "_s;
 }
 
 void TraduceNombres(QStringList& fichas) {

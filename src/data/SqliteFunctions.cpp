@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <optional>
 
@@ -39,7 +40,9 @@ void Val(sqlite3_context* contexto, int, sqlite3_value** argumentos) {
         if (sqlite3_value_type(argumentos[0]) == SQLITE_INTEGER)
             return sqlite3_result_value(contexto, argumentos[0]);
         const Decimal valor = Decimal::Valor(TextoDe(argumentos[0]));
-        if (valor.Decimales() == 0)
+        const bool cabe = valor.Mantisa() >= std::numeric_limits<qint64>::min() &&
+                          valor.Mantisa() <= std::numeric_limits<qint64>::max();
+        if (valor.Decimales() == 0 && cabe)
             return sqlite3_result_int64(contexto, static_cast<sqlite3_int64>(valor.Mantisa()));
         sqlite3_result_double(contexto, valor.Texto().toDouble());
     });

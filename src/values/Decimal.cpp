@@ -94,8 +94,9 @@ void AgregaDigitos(Entero128& mantisa, QStringView digitos) {
 }
 
 Entero128 Producto(Entero128 a, Entero128 b) {
+    static const Entero128 tope = Potencia10(kDigitosMaximos);
     Entero128 resultado = 0;
-    if (__builtin_mul_overflow(a, b, &resultado))
+    if (__builtin_mul_overflow(a, b, &resultado) || resultado >= tope || resultado <= -tope)
         throw Desbordamiento();
     return resultado;
 }

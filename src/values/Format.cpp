@@ -51,6 +51,10 @@ QString AgrupaMillares(QString digitos) {
     return digitos;
 }
 
+Decimal Redondea(const Decimal& valor, const Seccion& seccion) {
+    return valor.RedondeaFuera(static_cast<int>(seccion.decimales));
+}
+
 /// The absolute value, already rounded to the section's decimals, laid out by the section.
 QString Compone(const Decimal& redondeado, const Seccion& seccion) {
     const QString texto = redondeado.Absoluto().Texto();
@@ -72,12 +76,15 @@ QString Compone(const Decimal& redondeado, const Seccion& seccion) {
 
 QString Format(const Decimal& valor, QStringView mascara) {
     const qsizetype corte = mascara.indexOf(u';');
-    const bool seccionNegativa = corte >= 0 && valor.Signo() < 0;
-    const QStringView elegida = corte < 0 ? mascara : seccionNegativa ? mascara.sliced(corte + 1) : mascara.first(corte);
-    const Seccion seccion = Analiza(elegida);
-    const Decimal redondeado = valor.RedondeaFuera(static_cast<int>(seccion.decimales));
-    const bool conSigno = redondeado.Signo() < 0 && !seccionNegativa;
-    return (conSigno ? QStringLiteral("-") : QString()) + Compone(redondeado, seccion);
+    if (corte >= 0 && valor.Signo() < 0) {
+        const Seccion negativa = Analiza(mascara.sliced(corte + 1));
+        const Decimal redondeado = Redondea(valor, negativa);
+        if (redondeado.Signo() < 0) // what rounds to zero has no sign, so it belongs to the first section
+            return Compone(redondeado, negativa);
+    }
+    const Seccion seccion = Analiza(corte < 0 ? mascara : mascara.first(corte));
+    const Decimal redondeado = Redondea(valor, seccion);
+    return (redondeado.Signo() < 0 ? QStringLiteral("-") : QString()) + Compone(redondeado, seccion);
 }
 
 QString Format(QStringView texto, QStringView mascara) {

@@ -9,10 +9,12 @@ namespace xa518 {
 
 namespace {
 
-/// Windows-1252 from 128 to 159; elsewhere below 256 it agrees with Latin-1. 0 marks an unused code.
-constexpr std::array<char16_t, 32> kAltos = {
-    0x20AC, 0, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0, 0x017D, 0,
-    0, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0, 0x017E, 0x0178};
+/// Windows-1252 from 128 to 159; elsewhere below 256 it agrees with Latin-1. The five codes that it leaves unused stand
+/// for the control characters of the same number, so that no byte is lost and none turns into the end of a text.
+constexpr std::array<char16_t, 32> kAltos = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                             0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                             0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                             0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 constexpr int kPrimerAlto = 128;
 constexpr int kSinCodigo = u'?';
 
@@ -54,7 +56,7 @@ int CodigoWindows1252(QChar caracter) {
     const char16_t codigo = caracter.unicode();
     if (EsLatino(codigo))
         return codigo;
-    const auto alto = codigo == 0 ? kAltos.end() : std::find(kAltos.begin(), kAltos.end(), codigo);
+    const auto* const alto = std::find(kAltos.begin(), kAltos.end(), codigo);
     return alto == kAltos.end() ? kSinCodigo : kPrimerAlto + static_cast<int>(alto - kAltos.begin());
 }
 

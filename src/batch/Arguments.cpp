@@ -1,0 +1,166 @@
+#include "batch/Arguments.h"
+
+#include "batch/ExitCode.h"
+#include "values/Dates.h"
+#include "values/Decimal.h"
+#include "values/Text.h"
+
+#include <QCommandLineParser>
+#include <QDir>
+#include <QHash>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kUso = u"Uso: xa518-lote importar --ruc RUC --periodo AAAAMM [--percepciones DIR]\n"
+                     "     xa518-lote declarar --ruc RUC --periodo AAAAMM [--percepciones DIR]\n"
+                     "                         [--pagos-previos N] [--interes N] [--importe N]\n"
+                     "                         [--efectivo | --cheque NUM --banco COD] [--rectifica]\n"
+                     "     xa518-lote validar  --ruc RUC --periodo AAAAMM\n"
+                     "     xa518-lote listar   [--enviadas]\n"_s;
+
+const QString kAyuda = kUso + u"\nLas reglas de la declaración 0518, sin ventana.\n"
+                              "\nÓrdenes:\n"
+                              "  importar   carga la declaración en las tablas de trabajo y agrega el archivo\n"
+                              "  declarar   lo mismo, y además calcula, valida y graba la declaración\n"
+                              "  validar    dice las inconsistencias de una declaración registrada\n"
+                              "  listar     muestra las declaraciones registradas, o las enviadas\n"
+                              "\nOpciones:\n"
+                              "  --ruc RUC            número del declarante\n"
+                              "  --periodo AAAAMM     período tributario\n"
+                              "  --percepciones DIR   carpeta del archivo 0518<RUC><AAAAMM>.TXT\n"
+                              "  --pagos-previos N    casilla 402\n"
+                              "  --interes N          casilla 404\n"
+                              "  --importe N          casilla 410; sin ella toma la 405\n"
+                              "  --efectivo           paga en efectivo\n"
+                              "  --cheque NUM         paga con cheque, junto con --banco\n"
+                              "  --banco COD          banco del cheque\n"
+                              "  --rectifica          la declaración rectifica o sustituye a otra\n"
+                              "  --enviadas           las declaraciones enviadas\n"
+                              "  --json               imprime un objeto JSON\n"
+                              "  --hoy DD/MM/AAAA     trabaja como si fuera ese día\n"
+                              "  --help, --version\n"
+                              "\nCódigos de salida: 0 hecho y sin observaciones; 1 hecho, con líneas rechazadas o\n"
+                              "inconsistencias; 2 rechazado, no se ha escrito nada; 3 falló la base o un archivo.\n"_s;
+
+Lectura Mal(const QString& motivo) {
+    return {std::nullopt, u"xa518-lote: "_s + motivo + u"\n"_s + kUso, kSalidaRechazado};
+}
+
+std::optional<Orden> LeeOrden(const QString& palabra) {
+    static const QHash<QString, Orden> ordenes = {{u"importar"_s, Orden::Importar},
+                                                  {u"declarar"_s, Orden::Declarar},
+                                                  {u"validar"_s, Orden::Validar},
+                                                  {u"listar"_s, Orden::Listar}};
+    const auto orden = ordenes.constFind(palabra);
+    return orden == ordenes.cend() ? std::nullopt : std::optional(*orden);
+}
+
+/// The options that each command takes beside those that all take.
+QStringList OpcionesDe(Orden orden) {
+    static const QStringList clave = {u"ruc"_s, u"periodo"_s};
+    static const QStringList archivos = {u"percepciones"_s};
+    static const QStringList montos = {u"pagos-previos"_s, u"interes"_s, u"importe"_s,  u"efectivo"_s,
+                                       u"cheque"_s,        u"banco"_s,   u"rectifica"_s};
+    switch (orden) {
+    case Orden::Importar: return clave + archivos;
+    case Orden::Declarar: return clave + archivos + montos;
+    case Orden::Validar: return clave;
+    case Orden::Listar: return {u"enviadas"_s};
+    }
+    return {};
+}
+
+void DeclaraOpciones(QCommandLineParser& lector) {
+    for (const QString& conValor : {u"ruc"_s, u"periodo"_s, u"percepciones"_s, u"pagos-previos"_s, u"interes"_s,
+                                    u"importe"_s, u"cheque"_s, u"banco"_s, u"hoy"_s})
+        lector.addOption({conValor, {}, u"VALOR"_s});
+    for (const QString& sinValor : {u"efectivo"_s, u"rectifica"_s, u"enviadas"_s, u"json"_s, u"help"_s, u"version"_s})
+        lector.addOption(QCommandLineOption(sinValor));
+}
+
+std::optional<QString> Dado(const QCommandLineParser& lector, const QString& opcion) {
+    return lector.isSet(opcion) ? std::optional(lector.value(opcion)) : std::nullopt;
+}
+
+/// The first option given that the command doesn't take; empty when all fit.
+QString OpcionAjena(const QCommandLineParser& lector, Orden orden) {
+    const QStringList propias = OpcionesDe(orden) + QStringList{u"json"_s, u"hoy"_s};
+    for (const QString& dada : lector.optionNames()) {
+        if (!propias.contains(dada))
+            return dada;
+    }
+    return {};
+}
+
+bool EsMontoEntero(const std::optional<QString>& monto) {
+    constexpr qsizetype kDigitosMaximos = 12;
+    if (!monto)
+        return true;
+    return !monto->isEmpty() && monto->size() <= kDigitosMaximos && std::all_of(monto->begin(), monto->end(), EsDigito);
+}
+
+/// What is wrong with the values given; empty when nothing is.
+QString FaltaEn(const QCommandLineParser& lector, const Argumentos& dados) {
+    if (dados.orden != Orden::Listar && (dados.ruc.isEmpty() || dados.periodo.isEmpty()))
+        return u"faltan --ruc y --periodo"_s;
+    if (!EsMontoEntero(dados.pagosPrevios) || !EsMontoEntero(dados.interes) || !EsMontoEntero(dados.importe))
+        return u"los montos son enteros de hasta doce dígitos"_s;
+    if (dados.efectivo && dados.cheque)
+        return u"--efectivo y --cheque no van juntos"_s;
+    if (dados.cheque.has_value() == dados.banco.isEmpty())
+        return u"--cheque y --banco van juntos"_s;
+    if (lector.isSet(u"hoy"_s) && !dados.hoy)
+        return u"--hoy espera una fecha dd/mm/aaaa"_s;
+    return {};
+}
+
+Argumentos Recoge(const QCommandLineParser& lector, Orden orden) {
+    Argumentos dados;
+    dados.orden = orden;
+    dados.ruc = lector.value(u"ruc"_s);
+    dados.periodo = lector.value(u"periodo"_s);
+    // The installation folder becomes the current one at the start, so names are made absolute before.
+    if (const auto carpeta = Dado(lector, u"percepciones"_s))
+        dados.percepciones = QDir::current().absoluteFilePath(*carpeta);
+    dados.pagosPrevios = Dado(lector, u"pagos-previos"_s);
+    dados.interes = Dado(lector, u"interes"_s);
+    dados.importe = Dado(lector, u"importe"_s);
+    dados.efectivo = lector.isSet(u"efectivo"_s);
+    dados.cheque = Dado(lector, u"cheque"_s);
+    dados.banco = lector.value(u"banco"_s);
+    dados.rectifica = lector.isSet(u"rectifica"_s);
+    dados.enviadas = lector.isSet(u"enviadas"_s);
+    dados.json = lector.isSet(u"json"_s);
+    dados.hoy = LeeFecha(lector.value(u"hoy"_s));
+    return dados;
+}
+
+} // namespace
+
+Lectura LeeArgumentos(const QStringList& argumentos) {
+    QCommandLineParser lector;
+    DeclaraOpciones(lector);
+    if (!lector.parse(argumentos))
+        return Mal(lector.errorText());
+    if (lector.isSet(u"help"_s))
+        return {std::nullopt, kAyuda, kSalidaBien};
+    if (lector.isSet(u"version"_s))
+        return {std::nullopt, u"xa518-lote %1\n"_s.arg(QStringLiteral(XA518_VERSION)), kSalidaBien};
+    if (lector.positionalArguments().size() != 1)
+        return Mal(u"se espera una orden"_s);
+    const std::optional<Orden> orden = LeeOrden(lector.positionalArguments().first());
+    if (!orden)
+        return Mal(u"no hay una orden «%1»"_s.arg(lector.positionalArguments().first()));
+    if (const QString ajena = OpcionAjena(lector, *orden); !ajena.isEmpty())
+        return Mal(u"esa orden no lleva --%1"_s.arg(ajena));
+    const Argumentos dados = Recoge(lector, *orden);
+    if (const QString falta = FaltaEn(lector, dados); !falta.isEmpty())
+        return Mal(falta);
+    return {dados, {}, kSalidaBien};
+}
+
+} // namespace xa518

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace xa518 {
+
+enum class Orden { Importar, Declarar, Validar, Listar };
+
+/// The command line, read. An amount that wasn't given is the missing value, and what is stored then stays.
+struct Argumentos {
+    Orden orden = Orden::Listar;
+    QString ruc;
+    QString periodo; ///< `yyyymm`
+    std::optional<QString> percepciones; ///< absolute folder of the file of perception vouchers
+    std::optional<QString> pagosPrevios;
+    std::optional<QString> interes;
+    std::optional<QString> importe;
+    bool efectivo = false;
+    std::optional<QString> cheque;
+    QString banco;
+    bool rectifica = false;
+    bool enviadas = false;
+    bool json = false;
+    std::optional<QDate> hoy;
+};
+
+/// What the command line asks for: something to do, or a text to print, with the exit code that goes with it.
+struct Lectura {
+    std::optional<Argumentos> argumentos;
+    QString texto;
+    int codigo = 0;
+};
+
+/// Reads the arguments, the program's name first.
+[[nodiscard]] Lectura LeeArgumentos(const QStringList& argumentos);
+
+} // namespace xa518

@@ -1,0 +1,58 @@
+#include "batch/Batch.h"
+
+#include "batch/Commands.h"
+#include "batch/ExitCode.h"
+#include "batch/ProgressLine.h"
+#include "batch/Session.h"
+#include "platform/Clock.h"
+
+#include <QTextStream>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::unique_ptr<Reloj> RelojPara(const Argumentos& argumentos) {
+    if (argumentos.hoy)
+        return std::make_unique<RelojFijo>(argumentos.hoy->startOfDay());
+    return std::make_unique<RelojSistema>();
+}
+
+Informe Ejecuta(const Argumentos& argumentos, const EntornoLote& entorno) {
+    const std::unique_ptr<Reloj> reloj = RelojPara(argumentos);
+    LineaDeAvance avance(entorno.errores, entorno.muestraAvance);
+    Informe informe;
+    try {
+        const std::unique_ptr<Proceso> proceso = AbreSesion(entorno.perfil, *reloj);
+        return EjecutaOrden(*proceso, argumentos, avance);
+    } catch (const Rechazo& rechazo) {
+        informe.codigo = kSalidaRechazado;
+        informe.mensajes.append(rechazo.mensaje);
+    } catch (const Error& error) {
+        informe.codigo = kSalidaFallo;
+        informe.mensajes.append({Icono::Critico, u"%1 (error %2)"_s.arg(error.Texto()).arg(error.Numero()), {}});
+    }
+    return informe;
+}
+
+} // namespace
+
+int EjecutaLote(const QStringList& argumentos, const EntornoLote& entorno) {
+    const Lectura lectura = LeeArgumentos(argumentos);
+    if (!lectura.argumentos) {
+        (lectura.codigo == kSalidaBien ? entorno.salida : entorno.errores) << lectura.texto;
+        return lectura.codigo;
+    }
+    const Informe informe = Ejecuta(*lectura.argumentos, entorno);
+    if (lectura.argumentos->json)
+        EscribeJson(informe, entorno.salida);
+    else
+        EscribeTexto(informe, entorno.salida);
+    if (informe.codigo >= kSalidaRechazado)
+        EscribeMensajes(informe, entorno.errores);
+    return informe.codigo;
+}
+
+} // namespace xa518

@@ -1,0 +1,216 @@
+#include "batch/Commands.h"
+
+#include "batch/ExitCode.h"
+#include "batch/Session.h"
+#include "data/Catalog.h"
+#include "data/DocumentTypes.h"
+#include "data/WorkTables.h"
+#include "declaration/ClientGrid.h"
+#include "declaration/Consistency.h"
+#include "declaration/Save.h"
+#include "declaration/StoredBoxes.h"
+#include "declaration/TaxPeriod.h"
+#include "import/ImportRun.h"
+#include "import/PerceptionFormat.h"
+#include "platform/Clock.h"
+#include "values/Text.h"
+
+#include <algorithm>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void Exige(const Veredicto& veredicto, const QString& siCalla) {
+    if (!veredicto)
+        throw Rechazo{veredicto.mensaje.value_or(Mensaje{Icono::Critico, siCalla, {}})};
+}
+
+/// The declarant must be one of those that the user may choose in the module.
+void ExigeDeclarante(Proceso& proceso, const QString& ruc) {
+    Base& base = *proceso.baseDatos;
+    const ConsultaSql consulta = SqlDeclarantes(base, proceso.numFormulario, proceso.sysUser);
+    QVariantList valores;
+    for (const QString& valor : consulta.valores)
+        valores.append(valor);
+    Registros filas = base.Lee(consulta.texto, valores);
+    const int columna = filas.Columna(u"Doc_id_d");
+    while (filas.Siguiente()) {
+        if (Recorta(filas.Texto(columna)) == ruc)
+            return;
+    }
+    throw RechazaCon(u"El declarante %1 no está registrado para el usuario «%2»."_s.arg(ruc, proceso.sysUser));
+}
+
+ClaveDeclaracion ClaveDe(Proceso& proceso, const Argumentos& argumentos) {
+    const QString& periodo = argumentos.periodo;
+    const QString noValido = u"El período no es válido."_s;
+    if (periodo.size() != 6 || !std::all_of(periodo.begin(), periodo.end(), EsDigito))
+        throw RechazaCon(noValido);
+    Exige(ValidaPeriodo(periodo.right(2) + u'/' + periodo.left(4), proceso.reloj.Hoy()), noValido);
+    ExigeDeclarante(proceso, argumentos.ruc);
+    proceso.docDeclarante = argumentos.ruc;
+    proceso.periodoDeclarado = periodo;
+    return {argumentos.ruc, periodo, proceso.numFormulario, false, {}};
+}
+
+void AnotaImportacion(Informe& informe, const ResultadoImportacion& resultado) {
+    informe.transferidos = static_cast<int>(resultado.transferidos);
+    informe.rechazados = static_cast<int>(resultado.rechazados);
+    for (const QString& ruta : {resultado.rutaLog, resultado.rutaErr}) {
+        if (!ruta.isEmpty())
+            informe.archivos.append(ruta);
+    }
+    if (resultado.rechazados > 0)
+        informe.codigo = kSalidaObservaciones;
+    if (!resultado.fallaDelLog.isEmpty())
+        informe.mensajes.append({Icono::Exclamacion, resultado.fallaDelLog, {}});
+}
+
+/// Loads the declaration into the work tables, where a new one starts empty, and adds the files.
+void CargaTrabajo(Proceso& proceso, const Argumentos& argumentos, const ClaveDeclaracion& clave,
+                  ObservadorImportacion& avance, Informe& informe) {
+    TablasTrabajo trabajo(*proceso.baseDatos);
+    if (!argumentos.percepciones) {
+        trabajo.Reconstruye(clave);
+        return;
+    }
+    Transferencia transferencia(proceso, FormatoPercepciones(), *argumentos.percepciones);
+    const ResultadoImportacion resultado = transferencia.Corre(avance, [&] { trabajo.Reconstruye(clave); });
+    if (resultado.fin == FinImportacion::Rechazada)
+        throw Rechazo{*resultado.mensaje};
+    if (resultado.fin == FinImportacion::Fallida)
+        throw Error(resultado.numeroError, resultado.mensaje->texto);
+    AnotaImportacion(informe, resultado);
+}
+
+/// What the command line gives goes over what is stored. Interest and prior payments keep their stored value when they
+/// aren't given; the amount to pay follows the debt.
+void LlenaMontos(Declaracion& declaracion, const Argumentos& argumentos) {
+    Montos& montos = declaracion.montos;
+    if (argumentos.pagosPrevios)
+        montos.Cambia(402, TextoAlSalir(402, *argumentos.pagosPrevios));
+    if (argumentos.interes)
+        montos.Cambia(404, TextoAlSalir(404, *argumentos.interes));
+    montos.Cambia(410, argumentos.importe ? TextoAlSalir(410, *argumentos.importe) : montos.Texto(405));
+}
+
+void LlenaPago(Declaracion& declaracion, const Argumentos& argumentos) {
+    if (argumentos.efectivo)
+        declaracion.pago = {u"E"_s, {}, {}, {}};
+    if (argumentos.cheque)
+        declaracion.pago = {u"C"_s, Recorta(argumentos.banco).toString(), Recorta(*argumentos.cheque).toString(), {}};
+    declaracion.pago.importe = declaracion.montos.ImportePagar();
+    if (argumentos.rectifica)
+        declaracion.rectifica = u"1"_s;
+    else if (declaracion.rectifica.isEmpty())
+        declaracion.rectifica = u"0"_s;
+}
+
+QList<CasillaGrabada> CasillasGrabadas(Base& base, const ClaveDeclaracion& clave) {
+    Registros filas =
+        base.Lee(u"SELECT Casilla, i_valor FROM DET "_s + clave.CondicionSinTipo() + u" ORDER BY Casilla"_s,
+                 clave.Valores());
+    QList<CasillaGrabada> casillas;
+    while (filas.Siguiente())
+        casillas.append({filas.Texto(0), filas.Texto(1)});
+    return casillas;
+}
+
+void AnotaInconsistencias(Proceso& proceso, const Declaracion& declaracion, Informe& informe) {
+    informe.inconsistencias = Inconsistencias(declaracion);
+    const QString ruta = RutaMens(proceso.sysPath, proceso.numFormulario);
+    EscribeMens(ruta, *informe.inconsistencias);
+    if (!informe.inconsistencias->isEmpty()) {
+        informe.codigo = kSalidaObservaciones;
+        informe.archivos.append(ruta);
+    }
+}
+
+Informe Importar(Proceso& proceso, const Argumentos& argumentos, ObservadorImportacion& avance) {
+    Informe informe;
+    CargaTrabajo(proceso, argumentos, ClaveDe(proceso, argumentos), avance, informe);
+    return informe;
+}
+
+Informe Declarar(Proceso& proceso, const Argumentos& argumentos, ObservadorImportacion& avance) {
+    Base& base = *proceso.baseDatos;
+    Declaracion declaracion;
+    declaracion.clave = ClaveDe(proceso, argumentos);
+    Exige(RechazaRucDeOcho(declaracion.clave.ruc), {});
+    Informe informe;
+    CargaTrabajo(proceso, argumentos, declaracion.clave, avance, informe);
+    CargaCasillas(base, declaracion);
+    RefrescaTotales(base, declaracion);
+    LlenaMontos(declaracion, argumentos);
+    LlenaPago(declaracion, argumentos);
+    AnotaInconsistencias(proceso, declaracion, informe);
+    const ResultadoGrabacion grabacion = GrabaDeclaracion(base, declaracion, proceso.reloj.Hoy());
+    informe.estado = grabacion.estado;
+    informe.casillas = CasillasGrabadas(base, declaracion.clave);
+    informe.mensajes += grabacion.mensajes;
+    return informe;
+}
+
+Informe Validar(Proceso& proceso, const Argumentos& argumentos) {
+    Base& base = *proceso.baseDatos;
+    Declaracion declaracion;
+    declaracion.clave = ClaveDe(proceso, argumentos);
+    if (!ExisteDeclaracion(base, declaracion.clave))
+        throw RechazaCon(
+            u"No hay una declaración registrada de %1 para %2."_s.arg(argumentos.ruc, argumentos.periodo));
+    CargaCasillas(base, declaracion);
+    Informe informe;
+    if (const std::optional<Mensaje> aviso = AvisoDeImporte(declaracion))
+        informe.mensajes.append(*aviso);
+    AnotaInconsistencias(proceso, declaracion, informe);
+    if (informe.inconsistencias->isEmpty())
+        informe.mensajes.append(SinInconsistencias());
+    informe.casillas = CasillasGrabadas(base, declaracion.clave);
+    return informe;
+}
+
+/// The same declarations as the module's pickers: all of them for a user of kind "0", otherwise the user's own.
+QList<FilaLista> LeeLista(Proceso& proceso, bool enviadas) {
+    Base& base = *proceso.baseDatos;
+    QString sql = u"SELECT A.DOC_ID_D, B.NOMBRE, A.PERIODO, A.ESTADO, A.RECTIFICA%1 FROM %2 AS A, CONT AS B "
+                  "WHERE A.DOC_ID_D=B.DOC_ID_D AND A.TIP_DOC_D=6 AND B.TIP_DOC_D=6 AND A.FORMULARIO=?"_s
+                      .arg(enviadas ? u", A.CORREL, A.CONTROL, A.NORDEN, A.FEC_ENV"_s : QString(),
+                           enviadas ? u"HCAB"_s : u"CAB"_s);
+    QVariantList valores{proceso.numFormulario};
+    if (Catalogo(base).TipoUsuario(proceso.sysUser) != u"0") {
+        sql += u" AND B.USUARIO=?";
+        valores.append(proceso.sysUser);
+    }
+    Registros filas = base.Lee(sql + u" ORDER BY A.PERIODO DESC, A.DOC_ID_D"_s, valores);
+    QList<FilaLista> lista;
+    while (filas.Siguiente()) {
+        FilaLista fila{filas.Texto(0), filas.Texto(1), filas.Texto(2), filas.Texto(3), filas.Texto(4), {}, {}, {}, {}};
+        if (enviadas) {
+            fila.correl = filas.Texto(5);
+            fila.control = filas.Texto(6);
+            fila.norden = filas.Texto(7);
+            fila.fecEnv = filas.Texto(8);
+        }
+        lista.append(fila);
+    }
+    return lista;
+}
+
+} // namespace
+
+Informe EjecutaOrden(Proceso& proceso, const Argumentos& argumentos, ObservadorImportacion& avance) {
+    switch (argumentos.orden) {
+    case Orden::Importar: return Importar(proceso, argumentos, avance);
+    case Orden::Declarar: return Declarar(proceso, argumentos, avance);
+    case Orden::Validar: return Validar(proceso, argumentos);
+    case Orden::Listar: break;
+    }
+    Informe informe;
+    informe.declaraciones = LeeLista(proceso, argumentos.enviadas);
+    return informe;
+}
+
+} // namespace xa518

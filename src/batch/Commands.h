@@ -1,0 +1,14 @@
+#pragma once
+
+#include "batch/Arguments.h"
+#include "batch/Report.h"
+
+namespace xa518 {
+
+struct Proceso;
+class ObservadorImportacion;
+
+/// Runs one command over the open base. A refusal is raised as `Rechazo`, a failure as `Error`.
+[[nodiscard]] Informe EjecutaOrden(Proceso& proceso, const Argumentos& argumentos, ObservadorImportacion& avance);
+
+} // namespace xa518

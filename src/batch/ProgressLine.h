@@ -1,0 +1,28 @@
+#pragma once
+
+#include "import/ImportRun.h"
+
+#include <QElapsedTimer>
+
+class QTextStream;
+
+namespace xa518 {
+
+/// A line on the terminal that follows a run at a human pace; silent elsewhere.
+class LineaDeAvance final : public ObservadorImportacion {
+  public:
+    LineaDeAvance(QTextStream& terminal, bool muestra);
+    ~LineaDeAvance() override;
+    LineaDeAvance(const LineaDeAvance&) = delete;
+    LineaDeAvance& operator=(const LineaDeAvance&) = delete;
+
+    [[nodiscard]] bool Sigue(const AvanceImportacion& avance) override;
+
+  private:
+    QTextStream& m_terminal;
+    QElapsedTimer m_reloj;
+    bool m_muestra;
+    bool m_escrita = false;
+};
+
+} // namespace xa518

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "data/Process.h"
+#include "platform/ProfileFile.h"
+#include "values/Message.h"
+
+#include <memory>
+
+namespace xa518 {
+
+/// Raised when something is refused before anything is written: the message for the user.
+struct Rechazo {
+    Mensaje mensaje;
+};
+
+[[nodiscard]] Rechazo RechazaCon(const QString& texto);
+
+/// The process-wide values and the open base, read as the module reads them. Raises `Error` when the profile file or
+/// the base fails.
+[[nodiscard]] std::unique_ptr<Proceso> AbreSesion(const ArchivoPerfil& perfil, const Reloj& reloj);
+
+} // namespace xa518

@@ -1,0 +1,100 @@
+#include "detail/PerceptionRate.h"
+
+#include "data/Base.h"
+#include "values/Format.h"
+#include "values/Text.h"
+
+#include <array>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kMontoMaximo = u"999999999999.99"_s;
+constexpr QStringView kDosDecimales = u"###########0.#0";
+
+QString ClaseEnBandaA(const Respuestas& r) {
+    if (!*r.cpFact)
+        return u"2"_s;
+    if (!r.listado)
+        return {};
+    return *r.listado ? u"1"_s : u"2"_s;
+}
+
+QString ClaseEnBandaB(const Respuestas& r) {
+    if (!r.venta)
+        return {};
+    if (*r.cpFact && r.listado == true)
+        return u"1"_s;
+    return *r.venta ? u"6"_s : u"2"_s;
+}
+
+QString ClaseEnBandaC(const Respuestas& r) {
+    if (!*r.cpFact)
+        return u"5"_s;
+    if (!r.listado)
+        return {};
+    if (!*r.listado)
+        return u"4"_s;
+    if (!r.medPago)
+        return {};
+    return *r.medPago ? u"3"_s : u"4"_s;
+}
+
+} // namespace
+
+QString ClaseTasa(Banda banda, const Respuestas& respuestas) {
+    if (!respuestas.cpFact)
+        return {};
+    switch (banda) {
+    case Banda::A: return ClaseEnBandaA(respuestas);
+    case Banda::B: return ClaseEnBandaB(respuestas);
+    case Banda::C: return ClaseEnBandaC(respuestas);
+    }
+    return {};
+}
+
+QString LblTipo(const QString& periodoDeclarado, const QString& fechaPrimerIgv, const Contestacion& cpFact) {
+    if (cpFact != true)
+        return u"3"_s;
+    const bool enRango = u"200501"_s <= periodoDeclarado && periodoDeclarado <= fechaPrimerIgv;
+    return enRango ? u"1"_s : u"2"_s;
+}
+
+TasaPercepcion::TasaPercepcion(Base& base, const QString& periodoDeclarado, const QString& fechaPrimerIgv)
+    : m_banda(BandaDe(periodoDeclarado, fechaPrimerIgv)), m_catalogo(base, periodoDeclarado) {}
+
+const FilaTasa& TasaPercepcion::Calcular(const Respuestas& respuestas, const QString& periodoEmision) {
+    return m_catalogo.Busca(ClaseTasa(m_banda, respuestas), periodoEmision);
+}
+
+QString TextoFactor(const QString& factor) {
+    return Format(Importe::De(Decimal::Valor(factor) * Decimal::DeEntero(100)), u"##0.#0");
+}
+
+QString LimitaMonto(const QString& monto) {
+    const Decimal valor = Decimal::Valor(Format(monto, kDosDecimales));
+    return valor > Decimal::Valor(kMontoMaximo) ? kMontoMaximo : monto;
+}
+
+QString Percepcion(const QString& monto, const QString& factor) {
+    if (monto.isEmpty())
+        return u" "_s; // one blank, not the empty text: wanted
+    const Decimal cobrado = Decimal::Valor(Format(monto, kDosDecimales));
+    return Format(Importe::De(cobrado * Decimal::Valor(factor)), kDosDecimales);
+}
+
+QString IniIgv(Base& base, const QString& argumento, const QString& numeroIgv, const QString& periodo) {
+    Registros filas = base.Lee(u"SELECT MID(ARGUMENTO,8,6) AS PER, mid(FUNCION,2,6) AS IGV FROM PARAM "
+                               "WHERE numero=? AND MID(ARGUMENTO,8,6)<= ? AND MID(ARGUMENTO,1,6)=? "
+                               "order by MID(ARGUMENTO,8,6)"_s,
+                               {numeroIgv, periodo, argumento});
+    QString tasa;
+    while (filas.Siguiente())
+        tasa = Decimal::Valor(filas.Texto(u"IGV")).Texto();
+    return tasa;
+}
+
+} // namespace xa518

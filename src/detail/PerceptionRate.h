@@ -1,0 +1,59 @@
+#pragma once
+
+#include "data/RateCatalog.h"
+#include "values/Decimal.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace xa518 {
+
+/// An option pair: nothing while it is unanswered, otherwise Yes or No.
+using Contestacion = std::optional<bool>;
+
+/// The answers on which the law makes the rate of a voucher depend.
+struct Respuestas {
+    Contestacion cpFact;  ///< `OptCpFact`: the payment vouchers give a right to tax credit
+    Contestacion listado; ///< `OptListado`: the client is on the published list
+    Contestacion venta;   ///< `OptVenta`: materials for the earthquake zone
+    Contestacion medPago; ///< `OptMedPago`: authorised means of payment
+};
+
+/// The class of a voucher, "1" to "6", or empty when the answers give none. In band C the means of payment can't be
+/// answered, since its frame is hidden, so that credit with a listed client has no class. Wanted: the branch is ready
+/// for the day the frame is shown.
+[[nodiscard]] QString ClaseTasa(Banda banda, const Respuestas& respuestas);
+
+/// `lblTipo`: "3" without tax credit, otherwise "1" up to the period of catalogue "830" and "2" outside.
+[[nodiscard]] QString LblTipo(const QString& periodoDeclarado, const QString& fechaPrimerIgv, const Contestacion& cpFact);
+
+/// Factor and rate of one voucher of the declared period.
+class TasaPercepcion {
+  public:
+    TasaPercepcion(Base& base, const QString& periodoDeclarado, const QString& fechaPrimerIgv);
+
+    /// The catalogue row for the answers; the class comes from the declared period, the row within it from the month
+    /// of issue (`yyyymm`, or text with the mask's underscores, which finds none). "0" and "0" when none applies.
+    [[nodiscard]] const FilaTasa& Calcular(const Respuestas& respuestas, const QString& periodoEmision);
+
+  private:
+    Banda m_banda;
+    CatalogoTasas m_catalogo;
+};
+
+/// The factor as a percentage: "##0.#0".
+[[nodiscard]] QString TextoFactor(const QString& factor);
+
+/// The amount charged, cut to 999999999999.99.
+[[nodiscard]] QString LimitaMonto(const QString& monto);
+
+/// Amount times factor, fixed to four decimals with ties to even and then to two with ties away: rounded twice, in this
+/// order. One blank for an empty amount. Raises `Desbordamiento`.
+[[nodiscard]] QString Percepcion(const QString& monto, const QString& factor);
+
+/// The general sales tax in force in a period, from catalogue `numeroIgv`: the row with the latest start not after it,
+/// as a number in its shortest form. Empty when there is none.
+[[nodiscard]] QString IniIgv(Base& base, const QString& argumento, const QString& numeroIgv, const QString& periodo);
+
+} // namespace xa518

@@ -1,0 +1,28 @@
+#include "import/ImportFile.h"
+
+#include "data/Process.h"
+#include "import/ImportFormat.h"
+#include "values/Error.h"
+
+#include <QDir>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+QString NombreDeArchivo(const Proceso& proceso, const FormatoImportacion& formato) {
+    return proceso.numFormulario + proceso.docDeclarante + proceso.periodoDeclarado + formato.finDeNombre + ".TXT"_L1;
+}
+
+QString BuscaArchivo(const QString& carpeta, const QString& nombre) {
+    if (carpeta.isEmpty()) throw Error(NumeroError::ArgumentoInvalido, u"Falta la carpeta del archivo a importar."_s);
+    const QDir directorio(carpeta);
+    if (ObjetoUtil::ExisteArchivo(directorio.filePath(nombre))) return directorio.filePath(nombre);
+    // Files that come from other systems may bear the name in lower case.
+    const QStringList iguales = directorio.entryList({nombre}, QDir::Files);
+    if (iguales.isEmpty())
+        throw Error(NumeroError::ArchivoNoEncontrado, u"No se encuentra el archivo '%1'."_s.arg(nombre));
+    return directorio.filePath(iguales.front());
+}
+
+} // namespace xa518

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "import/FieldChecks.h"
+
+#include <QVarLengthArray>
+
+#include <memory>
+#include <span>
+
+namespace xa518 {
+
+struct Proceso;
+
+/// Codes of what the tables have against a line, in the order in which they were met; none when all of it was written.
+using Objeciones = QVarLengthArray<Codigo, 3>;
+inline constexpr Codigo kClaveDuplicada{"0228"};
+
+/// Writes accepted lines to the work tables.
+class Almacen {
+  public:
+    Almacen() = default;
+    Almacen(const Almacen&) = delete;
+    Almacen& operator=(const Almacen&) = delete;
+    virtual ~Almacen() = default;
+
+    /// Raises `Error` for a failure that ends the run.
+    [[nodiscard]] virtual Objeciones Guarda(const LineaComprobada& linea) = 0;
+};
+
+/// What tells one kind of import file from another: its name, its fields with their checks, and its tables.
+struct FormatoImportacion {
+    QLatin1StringView finDeNombre;                ///< what the file's name has behind the period
+    std::span<const Comprobacion> comprobaciones; ///< one for each field of a line, in file order
+    std::unique_ptr<Almacen> (*almacen)(Proceso& proceso);
+
+    [[nodiscard]] int Campos() const { return static_cast<int>(comprobaciones.size()); }
+};
+
+} // namespace xa518

@@ -1,0 +1,72 @@
+#include "import/ImportLog.h"
+
+#include "data/Base.h"
+#include "data/Process.h"
+#include "import/ErrorTexts.h"
+
+#include <QFile>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kAnchoClave = 28;
+constexpr int kAnchoClaveSinTexto = 10;
+constexpr int kBlancosSinTexto = 14;
+
+#ifdef Q_OS_WIN
+constexpr QByteArrayView kFinDeLinea("\r\n", 2);
+#else
+constexpr QByteArrayView kFinDeLinea("\n", 1);
+#endif
+
+/// Wanted: no separator behind `rutaRPT`, so the files lie beside the report folder and begin with its name.
+QString RutaDe(const Proceso& proceso, const QString& fin) {
+    return proceso.rutaRPT + proceso.numFormulario + proceso.docDeclarante + proceso.periodoDeclarado + fin;
+}
+
+} // namespace
+
+void ArchivoLog::Agrega(QByteArrayView linea) {
+    QFile archivo(m_ruta);
+    const auto modo = QIODevice::Unbuffered | (m_empezado ? QIODevice::Append : QIODevice::Truncate);
+    if (!archivo.open(QIODevice::WriteOnly | modo, QFile::ReadOwner | QFile::WriteOwner))
+        throw Error(NumeroError::AccesoAlDisco, u"%1: %2"_s.arg(m_ruta, archivo.errorString()));
+    m_empezado = true;
+    QByteArray bytes = linea.toByteArray();
+    bytes.append(kFinDeLinea);
+    if (archivo.write(bytes) != bytes.size())
+        throw Error(NumeroError::AccesoAlDisco, u"%1: %2"_s.arg(m_ruta, archivo.errorString()));
+}
+
+LogImportacion::LogImportacion(const Proceso& proceso)
+    : m_base(proceso.baseDatos.get()), m_log(RutaDe(proceso, u".Log"_s)), m_err(RutaDe(proceso, u".Err"_s)) {}
+
+void LogImportacion::GraboLog(QByteArrayView linea, const QString& clave, Codigo codigo) {
+    Anota([&] { m_log.Agrega(linea); });
+    Anota([&] { m_err.Agrega(LineaDeLista(clave, codigo).toUtf8()); });
+}
+
+template <typename Escritura>
+void LogImportacion::Anota(const Escritura& escritura) {
+    try {
+        escritura();
+    } catch (const Error& error) {
+        if (m_falla.isEmpty()) m_falla = error.Texto();
+    }
+}
+
+/// Wanted: a code without a row in `ERROR` gets the general text and a shorter key, even when its text is fixed here.
+QString LogImportacion::LineaDeLista(const QString& clave, Codigo codigo) const {
+    Registros fila = m_base->Lee(u"SELECT DescError FROM ERROR WHERE CodError=?"_s, {QString(codigo)});
+    if (!fila.Siguiente())
+        return clave.left(kAnchoClaveSinTexto).leftJustified(kAnchoClaveSinTexto + kBlancosSinTexto) +
+               "Otro Error : Verifique Estructura de Tablas y datos a transferir"_L1;
+    const QString fijo = TextoFijo(codigo);
+    return ObjetoUtil::AlineaIzquierda(clave.left(kAnchoClave), kAnchoClave) + u' ' +
+           (fijo.isEmpty() ? fila.Texto(0) : fijo);
+}
+
+} // namespace xa518

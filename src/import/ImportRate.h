@@ -1,0 +1,26 @@
+#pragma once
+
+#include "data/RateCatalog.h"
+#include "import/CheckedLine.h"
+
+namespace xa518 {
+
+/// The rate of a perception voucher that comes from a file. The class follows from the line's answers in its own way,
+/// apart from that of the dialogs, and the row is the one in force in the declared period.
+class TasaImportacion {
+  public:
+    TasaImportacion(Base& base, const QString& periodoDeclarado, const QString& fechaPrimerIgv);
+
+    /// Factor and rate for the answers as they stand in the line, each a "1" for yes.
+    [[nodiscard]] const FilaTasa& NuevaTasa(const QString& credito, const QString& venta, const QString& lista,
+                                            const QString& monto);
+
+    [[nodiscard]] Banda BandaDeclarada() const { return m_banda; }
+
+  private:
+    CatalogoTasas m_catalogo;
+    QString m_periodo;
+    Banda m_banda;
+};
+
+} // namespace xa518

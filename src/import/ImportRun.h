@@ -1,0 +1,94 @@
+#pragma once
+
+#include "import/FileSurvey.h"
+#include "import/ImportFormat.h"
+#include "import/ImportLog.h"
+#include "values/Message.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+
+class QFile;
+
+namespace xa518 {
+
+class Error;
+class Lotes;
+
+/// How far a run has come.
+struct AvanceImportacion {
+    qint64 transferidos = 0;
+    qint64 rechazados = 0;
+    qint64 bytesLeidos = 0;
+    qint64 bytesTotal = 0;
+};
+
+/// Whoever watches a run: a window, which lets events through and may have been told to cancel, or a progress line.
+class ObservadorImportacion {
+  public:
+    ObservadorImportacion() = default;
+    ObservadorImportacion(const ObservadorImportacion&) = delete;
+    ObservadorImportacion& operator=(const ObservadorImportacion&) = delete;
+    virtual ~ObservadorImportacion() = default;
+
+    /// Called before each line; false cancels the run.
+    [[nodiscard]] virtual bool Sigue(const AvanceImportacion& avance) = 0;
+};
+
+enum class FinImportacion {
+    Completa,
+    Cancelada,
+    Rechazada, ///< the whole file, before its first line
+    Fallida,   ///< by an error of the file or the base
+};
+
+struct ResultadoImportacion {
+    FinImportacion fin = FinImportacion::Completa;
+    /// Lines, not rows. Wanted: a line refused since its voucher is there with another date or amount counts in both.
+    qint64 transferidos = 0;
+    qint64 rechazados = 0;
+    /// What the user is told at the end, nothing after a cancel. With refused lines it is a question, whether to show
+    /// the report of errors.
+    std::optional<Mensaje> mensaje;
+    int numeroError = 0; ///< of a failed run
+    QString archivo;     ///< bare name of the import file
+    QString rutaLog;     ///< of the refused lines; empty when this run has written none
+    QString rutaErr;     ///< of the error list, likewise
+    QString fallaDelLog; ///< why refused lines may be missing from the two; empty when all were written
+};
+
+/// One run over one import file: every line is checked and what passes is added to the work tables, whose totals are
+/// brought up to date at the end. What was written before a cancel or an error stays. An object serves one run.
+class Transferencia {
+  public:
+    Transferencia(Proceso& proceso, const FormatoImportacion& formato, QString carpeta);
+
+    /// Errors of the file and the base end the run and come back in the result. `alEmpezar` runs once the file has
+    /// been found fit as a whole, before its first line: what a refused file must leave alone goes there.
+    [[nodiscard]] ResultadoImportacion Corre(ObservadorImportacion& observador,
+                                             const std::function<void()>& alEmpezar = {});
+
+  private:
+    void Transfiere(ObservadorImportacion& observador, const std::function<void()>& alEmpezar);
+    void ImportaLineas(QFile& archivo, Codificacion codificacion, ObservadorImportacion& observador);
+    void RecorreLineas(QFile& archivo, Codificacion codificacion, ObservadorImportacion& observador, Lotes& lotes);
+    void ImportaLinea(QByteArrayView bytes, Codificacion codificacion, Almacen& almacen);
+    void Rechaza(QByteArrayView bytes, Codigo codigo);
+    void CalcularTot();
+    void Falla(const Error& error);
+    void Cierra();
+
+    Proceso& m_proceso;
+    const FormatoImportacion& m_formato;
+    QString m_carpeta;
+    ContextoImportacion m_contexto;
+    LogImportacion m_log;
+    ResultadoImportacion m_resultado;
+    QStringList m_campos; ///< of the current line, as taken
+    LineaComprobada m_linea;
+};
+
+} // namespace xa518

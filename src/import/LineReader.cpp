@@ -1,0 +1,63 @@
+#include "import/LineReader.h"
+
+#include "values/Error.h"
+
+#include <QIODevice>
+
+#include <cstring>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kBuffer = 4 * LectorLineas::kLargoMaximo;
+constexpr QByteArrayView kMarcaUtf8("\xEF\xBB\xBF", 3);
+
+} // namespace
+
+LectorLineas::LectorLineas(QIODevice& archivo) : m_archivo(archivo), m_buffer(kBuffer, Qt::Uninitialized) {
+    if (!m_archivo.seek(0)) throw Error(NumeroError::AccesoAlDisco, m_archivo.errorString());
+    Rellena();
+    SaltaMarca();
+}
+
+void LectorLineas::SaltaMarca() {
+    if (QByteArrayView(m_buffer).first(m_hasta).startsWith(kMarcaUtf8)) m_desde = kMarcaUtf8.size();
+}
+
+LectorLineas::Lectura LectorLineas::Siguiente() {
+    qsizetype vistos = 0; // bytes from `m_desde` on that are known to hold no end of line
+    for (;;) {
+        const QByteArrayView resto(m_buffer.constData() + m_desde, m_hasta - m_desde);
+        const qsizetype salto = resto.indexOf('\n', vistos);
+        if (salto >= 0) return Entrega(salto, salto + 1);
+        if (m_agotado) return resto.isEmpty() ? Lectura::Fin : Entrega(resto.size(), resto.size());
+        if (resto.size() > kLargoMaximo + 1) // one more for the CR of a CRLF that is still to come
+            return Lectura::DemasiadoLarga;
+        vistos = resto.size();
+        Rellena();
+    }
+}
+
+LectorLineas::Lectura LectorLineas::Entrega(qsizetype fin, qsizetype siguiente) {
+    m_linea = QByteArrayView(m_buffer.constData() + m_desde, fin);
+    if (m_linea.endsWith('\r')) m_linea.chop(1);
+    m_desde += siguiente;
+    return m_linea.size() > kLargoMaximo ? Lectura::DemasiadoLarga : Lectura::Linea;
+}
+
+void LectorLineas::Rellena() {
+    std::memmove(m_buffer.data(), m_buffer.constData() + m_desde, static_cast<size_t>(m_hasta - m_desde));
+    m_hasta -= m_desde;
+    m_desde = 0;
+    const qint64 leidos = m_archivo.read(m_buffer.data() + m_hasta, kBuffer - m_hasta);
+    if (leidos < 0)
+        throw Error(NumeroError::AccesoAlDisco, u"No se puede leer el archivo: %1"_s.arg(m_archivo.errorString()));
+    m_agotado = leidos == 0;
+    m_hasta += leidos;
+    m_leidos += leidos;
+}
+
+} // namespace xa518

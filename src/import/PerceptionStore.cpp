@@ -1,0 +1,60 @@
+#include "import/PerceptionStore.h"
+
+#include "values/Dates.h"
+#include "values/Format.h"
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr Codigo kComprobanteDistinto{"0872"};
+
+/// By what two readings of a perception voucher are told to be the same.
+QString Huella(const QString& fecha, const QString& monto) {
+    return FormatFecha(fecha, u"dd/mm/yyyy") + Format(monto, u"############.##");
+}
+
+/// A row that can't be added since its key stands there already is dropped, and the line goes on with the next one:
+/// wanted, so rows that the line has written, and those that it still writes, stay.
+template <typename Alta>
+void Intenta(Objeciones& objeciones, const Alta& alta) {
+    try {
+        alta();
+    } catch (const ErrorBase& error) {
+        if (!error.Es(NumeroError::ClaveDuplicada)) throw;
+        objeciones.append(kClaveDuplicada);
+    }
+}
+
+} // namespace
+
+AlmacenPercepciones::AlmacenPercepciones(Base& base, const QString& periodoDeclarado, const QString& fechaPrimerIgv)
+    : m_base(&base), m_cliente(base), m_comprobante(base, periodoDeclarado, fechaPrimerIgv), m_pago(base) {}
+
+Objeciones AlmacenPercepciones::Guarda(const LineaComprobada& linea) {
+    Objeciones objeciones;
+    if (m_cliente.Not_Seek_Cab_N(linea)) Intenta(objeciones, [&] { m_cliente.Agrega(linea); });
+    const QString leido = Not_Seek_Det_N(linea);
+    if (leido.isEmpty()) {
+        Intenta(objeciones, [&] { m_comprobante.Agrega(linea, u""_s); });
+    } else if (leido != Huella(linea[Campo::FechaEmision], linea[Campo::MontoCobrado])) {
+        objeciones.append(kComprobanteDistinto);
+        return objeciones;
+    }
+    Intenta(objeciones, [&] { m_pago.Agrega(linea); });
+    return objeciones;
+}
+
+/// Date and amount of the perception voucher already in the table; empty when there is none.
+QString AlmacenPercepciones::Not_Seek_Det_N(const LineaComprobada& linea) const {
+    Registros fila = m_base->Lee(
+        u"Select fec_emision_cp, mto_base_p  from TMPF518PDET "
+        " WHERE tip_doc_per = ? and num_doc_per = ?  and Num_Serie_cp = ?"
+        " and Num_cp = ? and tip_cp = ''"_s,
+        {linea.tipoDocPer, linea[Campo::NumDoc], linea[Campo::SeriePercepcion], linea[Campo::NumeroPercepcion]});
+    return fila.Siguiente() ? Huella(fila.Texto(0), fila.Texto(1)) : QString();
+}
+
+} // namespace xa518

@@ -1,0 +1,60 @@
+#include "import/RunMessages.h"
+
+#include "import/LineReader.h"
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kTituloError = u"Error"_s;
+const QString kTituloMensaje = u"Mensaje"_s;
+const QString kTituloArchivo = u"Error en archivo a cargar"_s;
+
+} // namespace
+
+/// A duplicate key never comes here: the line that meets it is refused and the run goes on.
+Mensaje Errores_Transferencia(const Error& error) {
+    switch (static_cast<NumeroError>(error.Numero())) {
+    case NumeroError::ArchivoNoEncontrado:
+    case NumeroError::TablaNoExiste:
+    case NumeroError::BaseNoExiste:
+        return {Icono::Critico, u"En la ruta indicada, no se encuentra el archivo a transferir, verifique la ruta"_s,
+                kTituloError};
+    case NumeroError::ArgumentoInvalido:
+        return {Icono::Informacion, u"Seleccionar directorio donde se encuentran\n\nlos archivos a transferir"_s,
+                kTituloMensaje};
+    case NumeroError::BaseBloqueada:
+        return {Icono::Critico, u"El archivo se encuentra abierto!!\nIntente nuevamente por favor."_s, kTituloError};
+    default:
+        return {Icono::Critico, error.Texto() + " Error Tecnico: "_L1 + QString::number(error.Numero()), kTituloError};
+    }
+}
+
+Mensaje MensajeDe(Defecto defecto) {
+    switch (defecto) {
+    case Defecto::SinSeparadorFinal:
+        return {Icono::Critico, u"Cada línea del archivo debe terminar con el separador |"_s, kTituloArchivo};
+    case Defecto::LineaDemasiadoLarga:
+        return {Icono::Critico,
+                u"El archivo de importación tiene una línea de más de %1 caracteres"_s.arg(LectorLineas::kLargoMaximo),
+                kTituloArchivo};
+    case Defecto::Separadores:
+    case Defecto::Ninguno: break;
+    }
+    return {Icono::Critico, u"El archivo de importación no tiene el número de campos correctos"_s, {}};
+}
+
+Mensaje MensajeTransferido(const QString& archivo) {
+    return {Icono::Informacion, u"Archivo : "_s + archivo + " transferido"_L1, kTituloMensaje};
+}
+
+Mensaje PreguntaPorReporte(const QString& rutaLog) {
+    return {Icono::Pregunta,
+            u"Algunos registros han sido rechazados!!\nVerifique Archivo Log: "_s + rutaLog +
+                u"\n¿Desea Visualizar Reporte de errores?"_s,
+            u"Confirmar"_s};
+}
+
+} // namespace xa518

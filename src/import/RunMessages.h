@@ -1,0 +1,21 @@
+#pragma once
+
+#include "import/FileSurvey.h"
+#include "values/Error.h"
+#include "values/Message.h"
+
+namespace xa518 {
+
+/// What the user is told about an error that has ended a run.
+[[nodiscard]] Mensaje Errores_Transferencia(const Error& error);
+
+/// Why the whole file is refused.
+[[nodiscard]] Mensaje MensajeDe(Defecto defecto);
+
+/// The end of a run without a refused line.
+[[nodiscard]] Mensaje MensajeTransferido(const QString& archivo);
+
+/// The end of a run with refused lines: a question, whether to show the report of errors.
+[[nodiscard]] Mensaje PreguntaPorReporte(const QString& rutaLog);
+
+} // namespace xa518

@@ -1,0 +1,207 @@
+#include "launcher/CommandLine.h"
+
+#include "app/Configuration.h"
+#include "data/Process.h"
+#include "launcher/Declarants.h"
+#include "launcher/Installation.h"
+#include "launcher/Schema.h"
+#include "launcher/Sending.h"
+#include "platform/Clock.h"
+#include "values/Error.h"
+#include "values/Message.h"
+#include "values/Text.h"
+
+#include <QCommandLineParser>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QTextStream>
+
+#include <algorithm>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum Codigo { Hecho = 0, Rechazado = 2, Fallo = 3 };
+
+const QString kAyuda = uR"(Uso: consola ORDEN [OPCIONES]
+
+Instala la base de datos que comparten los módulos, lleva el registro de declarantes y envía declaraciones.
+
+Órdenes:
+  --instalar                 Prepara la carpeta, la base de datos, el catálogo, el grupo de trabajo y XA000.INI.
+                             Sobre una instalación anterior renueva el catálogo y conserva todos los datos.
+      --carpeta DIR          Carpeta de la instalación. Por omisión, la que nombra XA000.INI o, si no nombra
+                             ninguna, ~/.local/share/xa518.
+      --ejemplo              Agrega una empresa de ejemplo y archivos para importar.
+  --declarante RUC           Registra un declarante o cambia sus datos.
+      --nombre TEXTO         Su nombre o razón social, de 50 caracteres como máximo.
+      --usuario U            El usuario a quien pertenece. Por omisión, el de XA000.INI.
+  --enviar RUC AAAAMM        Envía la declaración registrada de ese período. Escribe el número de la copia enviada
+                             y el número de control.
+  --help                     Muestra esta ayuda.
+  --version                  Muestra la versión.
+
+Código de salida: 0 hecho; 2 rechazado, sin cambiar nada; 3 falló la base de datos o un archivo.
+)"_s;
+
+/// What was asked can't be done; nothing has been written.
+class Rechazo : public Error {
+  public:
+    explicit Rechazo(const QString& texto) : Error(NumeroError::ArgumentoInvalido, texto) {}
+};
+
+/// One run of the program: its options, where it writes and what surrounds it.
+struct Pedido {
+    const QCommandLineParser& opciones;
+    QTextStream& salida;
+    const EntornoConsola& entorno;
+    ArchivoPerfil perfil;
+};
+
+void Exige(const Veredicto& veredicto) {
+    if (!veredicto) throw Rechazo(veredicto.mensaje->texto);
+}
+
+/// Before the opening, which already writes to the profile file.
+void ExigeInstalacion(const ArchivoPerfil& perfil) {
+    if (!QFileInfo::exists(perfil.Ruta()))
+        throw Rechazo(u"No se encuentra '%1'. Ejecute primero consola --instalar."_s.arg(perfil.Ruta()));
+    for (const QString& clave : {u"SysPath"_s, u"DBPath"_s, u"DBName"_s}) {
+        if (perfil.Lee(kSeccionOpciones, clave).isEmpty())
+            throw Rechazo(u"Falta la clave %1 en '%2'. Ejecute consola --instalar."_s.arg(clave, perfil.Ruta()));
+    }
+}
+
+void Abre(Proceso& proceso, const ArchivoPerfil& perfil) {
+    ExigeInstalacion(perfil);
+    LeerIni(proceso, perfil);
+    AbrirBase(proceso, perfil);
+    ExigeVersion(*proceso.baseDatos);
+}
+
+void Instala(const Pedido& pedido) {
+    const QString carpeta = pedido.opciones.isSet(u"carpeta"_s)
+                                ? pedido.opciones.value(u"carpeta"_s)
+                                : Instalacion::CarpetaVigente(pedido.perfil, pedido.entorno.carpeta);
+    if (carpeta.isEmpty()) throw Rechazo(u"La carpeta de la instalación no puede quedar en blanco."_s);
+    Instalacion instalacion(carpeta, pedido.perfil);
+    QStringList hecho = instalacion.Instala(pedido.entorno.usuario);
+    if (pedido.opciones.isSet(u"ejemplo"_s)) hecho += instalacion.InstalaEjemplo();
+    pedido.salida << hecho.join(u'\n') << '\n';
+}
+
+void RegistraDeclarante(const Pedido& pedido) {
+    if (!pedido.opciones.isSet(u"nombre"_s)) throw Rechazo(u"Falta la opción --nombre."_s);
+    Proceso proceso(pedido.entorno.reloj);
+    Abre(proceso, pedido.perfil);
+    Declarantes declarantes(*proceso.baseDatos);
+    Declarante declarante{pedido.opciones.value(u"declarante"_s), pedido.opciones.value(u"nombre"_s),
+                          pedido.opciones.value(u"usuario"_s)};
+    const bool estaba = declarantes.Busca(Recorta(declarante.ruc).toString()).has_value();
+    if (!estaba && declarante.usuario.isEmpty()) declarante.usuario = proceso.sysUser;
+    Exige(declarantes.Registra(declarante));
+    pedido.salida << (estaba ? u"Declarante cambiado: "_s : u"Declarante registrado: "_s) << declarante.ruc << '\n';
+}
+
+void Envia(const Pedido& pedido) {
+    ClaveDeclaracion clave;
+    clave.ruc = pedido.opciones.value(u"enviar"_s);
+    clave.periodo = pedido.opciones.positionalArguments().constFirst();
+    Proceso proceso(pedido.entorno.reloj);
+    Abre(proceso, pedido.perfil);
+    const ResultadoEnvio resultado = Envio(*proceso.baseDatos, proceso.reloj).Envia(clave);
+    Exige(resultado.veredicto);
+    pedido.salida << u"Copia enviada: "_s << resultado.correl << u"\nNúmero de control: "_s << resultado.control
+                  << '\n';
+}
+
+void MuestraAyuda(const Pedido& pedido) {
+    pedido.salida << kAyuda;
+}
+
+void MuestraVersion(const Pedido& pedido) {
+    pedido.salida << u"consola " XA518_VERSION "\n"_s;
+}
+
+/// An order, the options that go with it, and how many arguments stand alone.
+struct Orden {
+    QString nombre;
+    QStringList admite;
+    int sueltos;
+    void (*ejecuta)(const Pedido&);
+};
+
+const QList<Orden>& Ordenes() {
+    static const QList<Orden> ordenes = {
+        {u"help"_s, {}, 0, MuestraAyuda},
+        {u"version"_s, {}, 0, MuestraVersion},
+        {u"instalar"_s, {u"carpeta"_s, u"ejemplo"_s}, 0, Instala},
+        {u"declarante"_s, {u"nombre"_s, u"usuario"_s}, 0, RegistraDeclarante},
+        {u"enviar"_s, {}, 1, Envia},
+    };
+    return ordenes;
+}
+
+void Define(QCommandLineParser& opciones) {
+    opciones.addOptions({{{u"h"_s, u"help"_s}, {}},
+                         {{u"v"_s, u"version"_s}, {}},
+                         {u"instalar"_s, {}},
+                         {u"carpeta"_s, {}, u"DIR"_s},
+                         {u"ejemplo"_s, {}},
+                         {u"declarante"_s, {}, u"RUC"_s},
+                         {u"nombre"_s, {}, u"TEXTO"_s},
+                         {u"usuario"_s, {}, u"U"_s},
+                         {u"enviar"_s, {}, u"RUC"_s}});
+}
+
+void Lee(QCommandLineParser& opciones, const QStringList& argumentos) {
+    if (opciones.parse(argumentos)) return;
+    const QStringList desconocidas = opciones.unknownOptionNames();
+    throw Rechazo(desconocidas.isEmpty() ? u"Falta el valor de una opción. Vea consola --help."_s
+                                         : u"Opción desconocida: %1. Vea consola --help."_s.arg(desconocidas.first()));
+}
+
+const Orden& OrdenPedida(const QCommandLineParser& opciones) {
+    const QList<Orden>& ordenes = Ordenes();
+    const auto pedida = [&](const Orden& orden) { return opciones.isSet(orden.nombre); };
+    const auto orden = std::find_if(ordenes.cbegin(), ordenes.cend(), pedida);
+    if (orden == ordenes.cend())
+        throw Rechazo(u"La consola todavía no tiene ventana: indíquele una orden. Vea consola --help."_s);
+    for (const QString& opcion : opciones.optionNames()) {
+        const bool propia = opcion == orden->nombre || orden->admite.contains(opcion) || opcion.size() == 1;
+        if (!propia) throw Rechazo(u"La opción --%1 no va con --%2. Vea consola --help."_s.arg(opcion, orden->nombre));
+    }
+    if (opciones.positionalArguments().size() != orden->sueltos)
+        throw Rechazo(u"Los argumentos de --%1 no son los esperados. Vea consola --help."_s.arg(orden->nombre));
+    return *orden;
+}
+
+} // namespace
+
+EntornoConsola EntornoConsola::DelSistema(const Reloj& reloj) {
+    const QString datos = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    const QString usuario = qEnvironmentVariable("USER", qEnvironmentVariable("USERNAME"));
+    return {reloj, PerfilCompartido().Ruta(), datos + u"/xa518"_s, usuario.isEmpty() ? u"USUARIO"_s : usuario};
+}
+
+int EjecutaConsola(const QStringList& argumentos, QTextStream& salida, QTextStream& errores,
+                   const EntornoConsola& entorno) {
+    try {
+        QCommandLineParser opciones;
+        Define(opciones);
+        Lee(opciones, argumentos);
+        OrdenPedida(opciones).ejecuta({opciones, salida, entorno, ArchivoPerfil(entorno.rutaIni)});
+        return Hecho;
+    } catch (const Rechazo& rechazo) {
+        errores << u"consola: "_s << rechazo.Texto() << '\n';
+        return Rechazado;
+    } catch (const Error& error) {
+        errores << u"consola: "_s << error.Texto() << u" (error "_s << error.Numero() << u")\n"_s;
+        return Fallo;
+    }
+}
+
+} // namespace xa518

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class QTextStream;
+
+namespace xa518 {
+
+class Reloj;
+
+/// What the launcher takes from the machine it runs on.
+struct EntornoConsola {
+    const Reloj& reloj;
+    QString rutaIni; ///< the shared profile file
+    QString carpeta; ///< where to install when nobody says otherwise
+    QString usuario; ///< who owns what is registered when nobody says otherwise
+
+    [[nodiscard]] static EntornoConsola DelSistema(const Reloj& reloj);
+};
+
+/// Runs the launcher's command line, the program's name first among the arguments. Returns the exit code: 0 done,
+/// 2 refused, with the reason on `errores` and nothing written, 3 the database or a file failed.
+[[nodiscard]] int EjecutaConsola(const QStringList& argumentos, QTextStream& salida, QTextStream& errores,
+                                 const EntornoConsola& entorno);
+
+} // namespace xa518

@@ -1,0 +1,96 @@
+#include "launcher/Declarants.h"
+
+#include "data/Base.h"
+#include "data/ObjetoUtil.h"
+#include "data/Transaction.h"
+#include "values/Text.h"
+
+#include <algorithm>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kLargoRucAntiguo = 8;
+constexpr qsizetype kLargoNombre = 50; ///< what the lists of the modules show
+constexpr int kIngresoGeneral = 1;     ///< of `Tipo_Ingreso`; only a sibling form looks for another
+
+Veredicto Rechaza(const QString& texto, const QString& campo) {
+    return Veredicto::Rechaza({Icono::Critico, texto, {}}, campo);
+}
+
+bool EsRucAdmitido(const QString& ruc) {
+    return ObjetoUtil::ValidaRUC(ruc) || (ruc.size() == kLargoRucAntiguo && ObjetoUtil::ValidaNumeroDoc(ruc));
+}
+
+/// A line break or another control character would break lists and print-outs.
+bool EsTextoDeUnaLinea(const QString& texto) {
+    return std::all_of(texto.cbegin(), texto.cend(), [](QChar c) { return c.isPrint(); });
+}
+
+Veredicto ValidaDeclarante(const Declarante& declarante) {
+    if (!EsRucAdmitido(declarante.ruc)) return Rechaza(u"El RUC '%1' no es válido."_s.arg(declarante.ruc), u"ruc"_s);
+    if (declarante.nombre.isEmpty()) return Rechaza(u"Ingrese el nombre o razón social del declarante."_s, u"nombre"_s);
+    if (declarante.nombre.size() > kLargoNombre)
+        return Rechaza(u"El nombre del declarante no puede pasar de %1 caracteres."_s.arg(kLargoNombre), u"nombre"_s);
+    if (!EsTextoDeUnaLinea(declarante.nombre))
+        return Rechaza(u"El nombre del declarante tiene caracteres no permitidos."_s, u"nombre"_s);
+    return Veredicto::Bien();
+}
+
+Declarante Lee(const Registros& fila) {
+    return {fila.Texto(u"Doc_id_d"), fila.Texto(u"Nombre"), fila.Texto(u"Usuario")};
+}
+
+} // namespace
+
+QList<Declarante> Declarantes::Lista() const {
+    Registros filas = m_base->Lee(u"SELECT * FROM CONT WHERE Tip_doc_d = 6 ORDER BY Doc_id_d"_s);
+    QList<Declarante> lista;
+    while (filas.Siguiente())
+        lista.append(Lee(filas));
+    return lista;
+}
+
+std::optional<Declarante> Declarantes::Busca(const QString& ruc) const {
+    Registros filas = m_base->Lee(u"SELECT * FROM CONT WHERE Tip_doc_d = 6 AND Doc_id_d = ?"_s, {ruc});
+    return filas.Siguiente() ? std::optional(Lee(filas)) : std::nullopt;
+}
+
+Veredicto Declarantes::Registra(Declarante declarante) {
+    declarante.ruc = Recorta(declarante.ruc).toString();
+    declarante.nombre = Recorta(declarante.nombre).toString();
+    const Veredicto veredicto = ValidaDeclarante(declarante);
+    if (!veredicto) return veredicto;
+    Transaccion transaccion = m_base->Comienza();
+    if (const std::optional<Declarante> anterior = Busca(declarante.ruc))
+        m_base->Ejecuta(
+            u"UPDATE CONT SET Nombre = ?, Usuario = ? WHERE Tip_doc_d = 6 AND Doc_id_d = ?"_s,
+            {declarante.nombre, declarante.usuario.isEmpty() ? anterior->usuario : declarante.usuario, declarante.ruc});
+    else
+        m_base->Ejecuta(
+            u"INSERT INTO CONT (Tip_doc_d, Doc_id_d, Nombre, Usuario, Tipo_Ingreso) VALUES (6, ?, ?, ?, ?)"_s,
+            {declarante.ruc, declarante.nombre, declarante.usuario, kIngresoGeneral});
+    transaccion.Confirma();
+    return Veredicto::Bien();
+}
+
+Veredicto Declarantes::Elimina(const QString& ruc) {
+    Transaccion transaccion = m_base->Comienza();
+    if (TieneDeclaraciones(ruc))
+        return Rechaza(u"El declarante %1 tiene declaraciones: elimínelas primero."_s.arg(ruc), u"ruc"_s);
+    if (m_base->Ejecuta(u"DELETE * FROM CONT WHERE Tip_doc_d = 6 AND Doc_id_d = ?"_s, {ruc}) == 0)
+        return Rechaza(u"El declarante %1 no está registrado."_s.arg(ruc), u"ruc"_s);
+    transaccion.Confirma();
+    return Veredicto::Bien();
+}
+
+bool Declarantes::TieneDeclaraciones(const QString& ruc) const {
+    Registros filas = m_base->Lee(
+        u"SELECT 1 FROM CAB WHERE Doc_id_d = ? UNION ALL SELECT 1 FROM HCAB WHERE Doc_id_d = ?"_s, {ruc, ruc});
+    return filas.Siguiente();
+}
+
+} // namespace xa518

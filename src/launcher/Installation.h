@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/ProfileFile.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+namespace xa518 {
+
+class Base;
+
+/// What the launcher puts on a machine: the folder of the family with its subfolders, the base with its tables and
+/// catalogue, the workgroup file, and the profile file that names them. Doing it again over an installation refreshes
+/// the catalogue and keeps everything else: declarations, declarants, users and their kinds, sample files.
+class Instalacion {
+  public:
+    /// `carpeta` becomes absolute.
+    Instalacion(const QString& carpeta, ArchivoPerfil perfil);
+
+    /// The folder of the installation that the profile file names, or `porOmision` when it names none.
+    [[nodiscard]] static QString CarpetaVigente(const ArchivoPerfil& perfil, const QString& porOmision);
+
+    /// Installs, and returns what it did, a line for each thing. `usuario` becomes `SysUser` where the profile file
+    /// names nobody. The profile file is written last: it never points to half an installation.
+    /// Raises `ErrorBase`; `VersionAjena` for a base that a later build made, which stays untouched.
+    [[nodiscard]] QStringList Instala(const QString& usuario);
+
+    /// Registers the sample company, if nobody has yet, and copies its files.
+    [[nodiscard]] QStringList InstalaEjemplo();
+
+  private:
+    void CreaCarpetas() const;
+    [[nodiscard]] std::unique_ptr<Base> PreparaBase(QStringList& hecho) const;
+    [[nodiscard]] QString PreparaGrupo() const;
+    void EscribePerfil(const QString& usuario) const;
+    [[nodiscard]] bool EsLaVigente() const;
+    [[nodiscard]] QString OpcionVigente(QStringView clave, const QString& porOmision) const;
+
+    QString m_carpeta; ///< with its separator
+    ArchivoPerfil m_perfil;
+    QString m_carpetaBase;
+    QString m_nombreBase;
+};
+
+} // namespace xa518

@@ -1,0 +1,58 @@
+#include "launcher/Sample.h"
+
+#include "launcher/CsvTable.h"
+#include "values/Error.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kRecurso = u":/ejemplo"_s;
+const QString kArchivoEmpresa = u"empresa.csv"_s;
+
+QByteArray Contenido(const QString& ruta) {
+    QFile archivo(ruta);
+    if (!archivo.open(QIODevice::ReadOnly))
+        throw Error(NumeroError::AccesoAlDisco, u"No se puede leer el archivo '%1'."_s.arg(ruta));
+    return archivo.readAll();
+}
+
+void EscribePrivado(const QString& ruta, const QByteArray& bytes) {
+    QSaveFile archivo(ruta);
+    const bool escrito = archivo.open(QIODevice::WriteOnly) &&
+                         archivo.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
+                         archivo.write(bytes) == bytes.size() && archivo.commit();
+    if (!escrito) throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir el archivo '%1'."_s.arg(ruta));
+}
+
+QString CopiaArchivo(const QString& nombre, const QString& destino) {
+    const QByteArray bytes = Contenido(kRecurso + u'/' + nombre);
+    if (!QFile::exists(destino)) {
+        EscribePrivado(destino, bytes);
+        return u"%1: copiado."_s.arg(nombre);
+    }
+    return Contenido(destino) == bytes ? u"%1: sin cambios."_s.arg(nombre)
+                                       : u"%1: se conserva el que había."_s.arg(nombre);
+}
+
+} // namespace
+
+Declarante Ejemplo::Empresa() {
+    const QStringList fila = LeeArchivoCsv(kRecurso + u'/' + kArchivoEmpresa, {u"ruc"_s, u"nombre"_s}).constFirst();
+    return {fila[0], fila[1], {}};
+}
+
+QStringList Ejemplo::CopiaArchivos() const {
+    QStringList lineas;
+    for (const QString& nombre : QDir(kRecurso).entryList({u"*.TXT"_s}, QDir::Files, QDir::Name))
+        lineas.append(CopiaArchivo(nombre, QDir(m_carpeta).filePath(nombre)));
+    return lineas;
+}
+
+} // namespace xa518

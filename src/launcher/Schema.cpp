@@ -1,0 +1,90 @@
+#include "launcher/Schema.h"
+
+#include "data/Base.h"
+#include "data/Transaction.h"
+
+#include <QDir>
+#include <QFile>
+#include <QList>
+#include <QStringList>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Paso {
+    int version;
+    QString ruta;
+};
+
+QList<Paso> PasosDe(const QString& carpeta) {
+    QList<Paso> pasos;
+    for (const QFileInfo& archivo : QDir(carpeta).entryInfoList({u"*.sql"_s}, QDir::Files, QDir::Name))
+        pasos.append({archivo.fileName().section(u'_', 0, 0).toInt(), archivo.filePath()});
+    return pasos;
+}
+
+QString LeeSql(const QString& ruta) {
+    QFile archivo(ruta);
+    if (!archivo.open(QIODevice::ReadOnly))
+        throw ErrorBase(NumeroError::ArchivoNoEncontrado, u"No se puede leer '%1'."_s.arg(ruta));
+    return QString::fromUtf8(archivo.readAll());
+}
+
+QStringList SentenciasDe(const QString& sql) {
+    QStringList sentencias;
+    QString sentencia;
+    for (const QString& linea : sql.split(u'\n')) {
+        if (linea.startsWith("--"_L1) || linea.trimmed().isEmpty()) continue;
+        sentencia += linea + u'\n';
+        if (linea.endsWith(u';')) sentencias.append(std::exchange(sentencia, QString()));
+    }
+    return sentencias;
+}
+
+/// The version is read again inside the transaction: two installers may run at once.
+void DaPaso(Base& base, const Paso& paso) {
+    Transaccion transaccion = base.Comienza();
+    if (VersionDe(base) >= paso.version) return;
+    for (const QString& sentencia : SentenciasDe(LeeSql(paso.ruta)))
+        base.Ejecuta(sentencia);
+    base.Ejecuta(u"PRAGMA user_version=%1"_s.arg(paso.version));
+    transaccion.Confirma();
+}
+
+} // namespace
+
+int VersionDe(Base& base) {
+    Registros fila = base.Lee(u"PRAGMA user_version"_s);
+    return fila.Siguiente() ? static_cast<int>(fila.Entero(0)) : 0;
+}
+
+void ExigeVersion(Base& base) {
+    const int version = VersionDe(base);
+    if (version == VersionEsquema) return;
+    throw ErrorBase(NumeroError::VersionAjena,
+                    u"La base '%1' es de la versión %2 y este programa usa la %3. %4"_s.arg(base.Ruta())
+                        .arg(version)
+                        .arg(VersionEsquema)
+                        .arg(version > VersionEsquema ? u"Instale la versión actual del programa."_s
+                                                      : u"Ejecute consola --instalar."_s));
+}
+
+EstadoEsquema Esquema::Aplica(Base& base) const {
+    const QList<Paso> pasos = PasosDe(m_carpeta);
+    const int inicial = VersionDe(base);
+    const int ultima = pasos.isEmpty() ? 0 : pasos.last().version;
+    if (inicial > ultima) return {ResultadoEsquema::MasNuevo, inicial, 0, {}};
+    if (inicial == ultima) return {ResultadoEsquema::Vigente, inicial, 0, {}};
+    try {
+        for (const Paso& paso : pasos)
+            DaPaso(base, paso);
+    } catch (const ErrorBase& error) {
+        return {ResultadoEsquema::Fallido, VersionDe(base), error.Numero(), error.Texto()};
+    }
+    return {inicial == 0 ? ResultadoEsquema::Creado : ResultadoEsquema::Actualizado, ultima, 0, {}};
+}
+
+} // namespace xa518

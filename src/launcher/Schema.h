@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QString>
+
+namespace xa518 {
+
+class Base;
+
+/// The version of the tables that this build reads and writes. It stands in the header of the base.
+inline constexpr int VersionEsquema = 2;
+
+enum class ResultadoEsquema {
+    Creado,      ///< there were no tables
+    Vigente,     ///< nothing to do
+    Actualizado, ///< steps were missing and have been made
+    MasNuevo,    ///< a later build made the base: nothing was touched
+    Fallido,     ///< a step failed and was undone; the earlier ones stay
+};
+
+struct EstadoEsquema {
+    ResultadoEsquema resultado;
+    int version = 0; ///< the base's, after the work
+    int numero = 0;  ///< of the engine's error, when it failed
+    QString motivo;  ///< its words
+};
+
+/// The version that a base carries; 0 for one without tables.
+[[nodiscard]] int VersionDe(Base& base);
+
+/// Raises `ErrorBase` (`VersionAjena`) for a base whose tables are not of `VersionEsquema`.
+void ExigeVersion(Base& base);
+
+/// The tables of the base as numbered steps: the files `NNNN_name.sql` of a folder, made in their order, each in a
+/// transaction of its own that also writes the version. A statement ends with a semicolon at the end of a line, and a
+/// comment fills whole lines.
+class Esquema {
+  public:
+    explicit Esquema(QString carpeta = QStringLiteral(":/esquema")) : m_carpeta(std::move(carpeta)) {}
+
+    /// Makes the steps that the base lacks.
+    [[nodiscard]] EstadoEsquema Aplica(Base& base) const;
+
+  private:
+    QString m_carpeta;
+};
+
+} // namespace xa518

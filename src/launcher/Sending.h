@@ -1,0 +1,37 @@
+#pragma once
+
+#include "data/DeclarationKey.h"
+#include "values/Message.h"
+
+#include <QString>
+
+namespace xa518 {
+
+class Base;
+class Reloj;
+
+/// The number of a sent copy and the control number of its sending, or why it can't be sent.
+struct ResultadoEnvio {
+    Veredicto veredicto;
+    QString correl;
+    QString control;
+};
+
+/// Sends a registered declaration: its rows move to the tables of the sent ones.
+class Envio {
+  public:
+    Envio(Base& base, const Reloj& reloj) : m_base(&base), m_reloj(&reloj) {}
+
+    /// One transaction. Refused when there is no such declaration, or when it was saved with inconsistencies.
+    [[nodiscard]] ResultadoEnvio Envia(const ClaveDeclaracion& clave);
+
+  private:
+    [[nodiscard]] QString MotivoDeRechazo(const ClaveDeclaracion& clave) const;
+    [[nodiscard]] QString SiguienteCorrel(const ClaveDeclaracion& clave) const;
+    [[nodiscard]] QString SiguienteControl();
+
+    Base* m_base;
+    const Reloj* m_reloj;
+};
+
+} // namespace xa518

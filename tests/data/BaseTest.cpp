@@ -1,0 +1,185 @@
+#include "DataFixture.h"
+
+#include "data/Transaction.h"
+
+#include <sqlite3.h>
+
+#include <stdexcept>
+
+namespace xa518 {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class BaseTest : public BaseDePrueba {
+  protected:
+    BaseTest() {
+        Corre({u"CREATE TABLE CLIENTE (numero TEXT PRIMARY KEY, serie TEXT NOT NULL DEFAULT '', nombre TEXT, "
+               "orden INTEGER, UNIQUE (serie, nombre))"_s});
+    }
+    void Agrega(const QString& numero, const QVariant& nombre = {}) {
+        m_base->Ejecuta(u"INSERT INTO CLIENTE (numero, nombre) VALUES (?,?)"_s, {numero, nombre});
+    }
+    [[nodiscard]] QString Numeros() { return Lista(u"SELECT numero FROM CLIENTE ORDER BY numero"_s); }
+};
+
+TEST_F(BaseTest, NumbersTheErrorsAsTheMessagesKnowThem) {
+    Agrega(u"1"_s, u"UNO"_s);
+    struct Caso {
+        QString sql;
+        int numero;
+    };
+    const QList<Caso> casos = {
+        {u"INSERT INTO CLIENTE (numero) VALUES ('1')"_s, 3022},
+        {u"INSERT INTO CLIENTE (numero, nombre) VALUES ('2','UNO')"_s, 3022},
+        {u"INSERT INTO CLIENTE (numero, serie) VALUES ('2', NULL)"_s, SQLITE_CONSTRAINT_NOTNULL},
+        {u"SELECT * FROM NOHAY"_s, 3011},
+        {u"DELETE * FROM NOHAY"_s, 3011},
+        {u"SELECT nohay FROM CLIENTE"_s, 3061},
+        {u"INSERT INTO CLIENTE (nohay) VALUES (1)"_s, SQLITE_ERROR},
+        {u"SELEC 1"_s, SQLITE_ERROR},
+    };
+    for (const Caso& caso : casos)
+        EXPECT_EQ(NumeroDe([&] { m_base->Ejecuta(caso.sql); }), caso.numero) << caso.sql.toStdString();
+    EXPECT_EQ(Numeros(), u"1"_s);
+    EXPECT_EQ(NumeroDe([&] { (void)m_base->Lee(u"SELECT numero FROM CLIENTE"_s).Columna(u"nohay"); }), 3061);
+    EXPECT_EQ(NumeroDe([&] { (void)m_base->Describe(u"NOHAY"_s); }), 3011);
+    EXPECT_EQ(NumeroDe([&] { Registro(m_base->Describe(u"CLIENTE"_s)).Pon(u"nohay", 1); }), 3061);
+}
+
+TEST_F(BaseTest, KeepsValuesApartFromTheStatement) {
+    const QStringList textos = {u"O'Higgins \"&\" ñandú"_s, u"x'; DROP TABLE CLIENTE; --"_s, u"?"_s, u"%1 [a] * "_s,
+                                u""_s};
+    for (qsizetype i = 0; i < textos.size(); ++i) {
+        Agrega(QString::number(i), textos[i]);
+        EXPECT_EQ(Lista(u"SELECT nombre FROM CLIENTE WHERE nombre=?"_s, {textos[i]}), textos[i]);
+    }
+}
+
+TEST_F(BaseTest, StoresNullOnlyForAValueThatIsMissing) {
+    Agrega(u"1"_s, QVariant());
+    Agrega(u"2"_s, u""_s);
+    m_base->Ejecuta(u"INSERT INTO CLIENTE (numero, serie, nombre) VALUES ('3', '1', ?)"_s, {QString()});
+    EXPECT_EQ(Lista(u"SELECT numero FROM CLIENTE WHERE nombre IS NULL"_s), u"1"_s);
+    EXPECT_EQ(Lista(u"SELECT numero FROM CLIENTE WHERE nombre = ?"_s, {QString()}), u"2|3"_s);
+    Registros fila = m_base->Lee(u"SELECT nombre FROM CLIENTE WHERE numero='1'"_s);
+    ASSERT_TRUE(fila.Siguiente());
+    EXPECT_TRUE(fila.EsNulo(0));
+    EXPECT_EQ(fila.Texto(u"NOMBRE"), u""_s);
+    EXPECT_FALSE(fila.Siguiente());
+}
+
+TEST_F(BaseTest, ReadsTheSameStatementInsideItself) {
+    for (const QString& numero : {u"1"_s, u"2"_s, u"3"_s})
+        Agrega(numero, u"N"_s + numero);
+    const QString sql = u"SELECT numero FROM CLIENTE WHERE numero > ? ORDER BY numero"_s;
+    QStringList vistos;
+    for (int vuelta = 0; vuelta < 2; ++vuelta) { // the second time with statements that were used before
+        Registros afuera = m_base->Lee(sql, {u"0"_s});
+        while (afuera.Siguiente()) {
+            vistos.append(afuera.Texto(0));
+            Registros adentro = m_base->Lee(sql, {afuera.Texto(0)});
+            while (adentro.Siguiente())
+                vistos.append(adentro.Texto(0));
+        }
+    }
+    const QString una = u"1 2 3 2 3 3"_s;
+    EXPECT_EQ(vistos.join(u' '), una + u' ' + una);
+}
+
+TEST_F(BaseTest, GoesOnWithAStatementThatFailedOnce) {
+    Agrega(u"1"_s);
+    EXPECT_EQ(NumeroDe([&] { Agrega(u"1"_s); }), 3022);
+    Agrega(u"2"_s);
+    EXPECT_EQ(Numeros(), u"1|2"_s);
+    EXPECT_EQ(m_base->Ejecuta(u"UPDATE CLIENTE SET orden=7"_s), 2);
+}
+
+TEST_F(BaseTest, DescribesAndAddsWholeRowsInTheTablesOrder) {
+    const Tabla& tabla = m_base->Describe(u"CLIENTE"_s);
+    ASSERT_EQ(tabla.columnas.size(), 4);
+    EXPECT_EQ(tabla.Indice(u"ORDEN"), 3);
+    EXPECT_TRUE(tabla.columnas[3].entera);
+    EXPECT_FALSE(tabla.columnas[0].entera);
+    Registro fila(tabla);
+    fila.Pon(u"Orden", 5).Pon(u"numero", u"9"_s).Pon(u"serie", u"A"_s);
+    m_base->Agrega(fila);
+    EXPECT_EQ(Lista(u"SELECT numero & '/' & serie & '/' & orden & '/' & nombre FROM CLIENTE"_s), u"9/A/5/"_s);
+    EXPECT_EQ(NumeroDe([&] { m_base->Agrega(fila); }), 3022);
+}
+
+TEST_F(BaseTest, UndoesWhatIsNotConfirmed) {
+    {
+        Transaccion transaccion = m_base->Comienza();
+        Agrega(u"1"_s);
+    }
+    EXPECT_EQ(Numeros(), u""_s);
+    EXPECT_THROW(
+        {
+            Transaccion transaccion = m_base->Comienza();
+            Agrega(u"2"_s);
+            throw std::runtime_error("halfway");
+        },
+        std::runtime_error);
+    EXPECT_EQ(Numeros(), u""_s);
+    {
+        Transaccion transaccion = m_base->Comienza();
+        Agrega(u"3"_s);
+        Transaccion movida = std::move(transaccion);
+        movida.Confirma();
+    }
+    EXPECT_EQ(Numeros(), u"3"_s);
+    EXPECT_EQ(NumeroDe([&] { // a failed statement undoes itself only
+                  Transaccion transaccion = m_base->Comienza();
+                  Agrega(u"4"_s);
+                  EXPECT_EQ(NumeroDe([&] { Agrega(u"3"_s); }), 3022);
+                  transaccion.Confirma();
+              }),
+              0);
+    EXPECT_EQ(Numeros(), u"3|4"_s);
+}
+
+/// Another program of the family that holds the file for longer than the short wait.
+class OtroPrograma {
+  public:
+    OtroPrograma(const QString& ruta, const char* sql) {
+        sqlite3_open(ruta.toUtf8().constData(), &m_conexion);
+        EXPECT_EQ(sqlite3_exec(m_conexion, sql, nullptr, nullptr, nullptr), SQLITE_OK);
+    }
+    ~OtroPrograma() { sqlite3_close(m_conexion); }
+    OtroPrograma(const OtroPrograma&) = delete;
+    OtroPrograma& operator=(const OtroPrograma&) = delete;
+
+  private:
+    sqlite3* m_conexion = nullptr;
+};
+
+TEST_F(BaseTest, SaysThatItIsLockedAndWorksAgainAfterwards) {
+    {
+        const OtroPrograma otro(m_base->Ruta(), "BEGIN EXCLUSIVE");
+        EXPECT_EQ(NumeroDe([&] { (void)Base::Abre(m_base->Ruta()); }), 3051);
+        EXPECT_EQ(NumeroDe([&] { Agrega(u"1"_s); }), 3051);
+        EXPECT_EQ(NumeroDe([&] { (void)m_base->Comienza(); }), 3051);
+        EXPECT_EQ(NumeroDe([&] { (void)m_base->Describe(u"CLIENTE"_s); }), 3051);
+    }
+    EXPECT_EQ(m_base->Describe(u"CLIENTE"_s).columnas.size(), 4);
+    Agrega(u"1"_s);
+    {
+        const OtroPrograma otro(m_base->Ruta(), "BEGIN IMMEDIATE"); // writing, while others may read
+        EXPECT_EQ(Numeros(), u"1"_s);
+        EXPECT_EQ(NumeroDe([&] { (void)m_base->Comienza(); }), 3051);
+    }
+    {
+        const OtroPrograma otro(m_base->Ruta(), "BEGIN; SELECT * FROM CLIENTE");
+        EXPECT_EQ(NumeroDe([&] {
+                      Transaccion transaccion = m_base->Comienza();
+                      Agrega(u"2"_s);
+                      transaccion.Confirma();
+                  }),
+                  3051);
+    }
+    EXPECT_EQ(Numeros(), u"1"_s); // a commit that others kept from happening is undone, not left half way
+}
+
+} // namespace
+} // namespace xa518

@@ -1,0 +1,73 @@
+#include "DataFixture.h"
+
+#include "data/RecordChecksum.h"
+
+namespace xa518 {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class RecordChecksumTest : public BaseDePrueba {
+  protected:
+    RecordChecksumTest() {
+        Corre(
+            {u"CREATE TABLE CAB (Doc_id_d TEXT, tip_doc_d INTEGER, periodo TEXT, Formulario TEXT, fec_pro TEXT, "
+             "bcolibrad TEXT, nrocheque TEXT, cheque TEXT, efectivo TEXT, estado INTEGER, rectifica TEXT, cNumero TEXT)"_s,
+             u"CREATE TABLE F518PCAB (tip_doc_d INTEGER, Doc_id_d TEXT, periodo TEXT, Formulario TEXT, "
+             "tip_doc_per INTEGER, num_doc_per TEXT, des_razon TEXT, des_apellido_p TEXT, des_apellido_m TEXT, "
+             "des_nombres TEXT, ctd_docs INTEGER, mto_base_p TEXT, mto_imp_p TEXT, ind_ruc INTEGER, cNumero TEXT)"_s,
+             u"CREATE TABLE LIBRE (a TEXT, b TEXT, c TEXT, d TEXT, e TEXT, f TEXT, g TEXT, cNumero TEXT)"_s});
+    }
+    [[nodiscard]] QString De(const QString& tabla, int primeros, const QVariantList& valores) {
+        Registro registro(m_base->Describe(tabla));
+        for (int i = 0; i < valores.size(); ++i)
+            registro.Pon(i, valores[i]);
+        return ChecksumRegistro(registro, primeros);
+    }
+};
+
+TEST_F(RecordChecksumTest, SumsNumbersAndThenCodesByPosition) {
+    // 20555123451 + 6 + 202405 + 518 = ...380; "1500" 491, "0" 48, "0" 48 = 587. The date is no number, blanks are cut.
+    const QVariantList cab = {u"20555123451"_s, 6,     u"202405"_s, u"0518"_s, u"03/06/2024"_s, u" "_s,
+                              u" "_s,           u""_s, u"1500"_s,   0,         u"0"_s};
+    EXPECT_EQ(De(u"CAB"_s, 5, cab), u"380587"_s);
+    // Accents, Ñ and € by their code in Windows-1252; a null field counts nothing; the whole sums pass three digits.
+    const QVariantList cliente = {6,           u"20555123451"_s,
+                                  u"202405"_s, u"0518"_s,
+                                  6,           u"10456789012"_s,
+                                  QVariant(),  u"NÚÑEZ"_s,
+                                  u"PEÑA"_s,   u"JOSÉ €"_s,
+                                  3,           u"1000.50"_s,
+                                  u"20.01"_s,  1};
+    EXPECT_EQ(De(u"F518PCAB"_s, 6, cliente), u"398371"_s);
+}
+
+TEST_F(RecordChecksumTest, GivesSixDigitsForAnyRow) {
+    EXPECT_EQ(De(u"LIBRE"_s, 6, {}), u"000000"_s);
+    EXPECT_EQ(De(u"LIBRE"_s, 5, {u"1.25"_s, u"1.25"_s, u"A"_s, u""_s, u""_s, u""_s, u"x"_s}), u"003120"_s); // 2.5 is 3
+    EXPECT_EQ(De(u"LIBRE"_s, 5, {u" 7 "_s, u"-9.5"_s, u""_s, u""_s, u""_s, u"a b "_s}), u"003455"_s);
+    EXPECT_EQ(De(u"LIBRE"_s, 5, {1, 2, 3, 4, 5, u"日本"_s}), u"015189"_s); // two "?": 63 + 126
+    // The position starts again in each field, and what lies in the last field doesn't count.
+    EXPECT_EQ(De(u"LIBRE"_s, 5, {0, 0, 0, 0, 0, u"A"_s, u"A"_s, u"999"_s}), u"000130"_s);
+}
+
+TEST_F(RecordChecksumTest, RaisesWhereSixteenBitsEnd) {
+    const auto largo = [this](const QString& texto) { return De(u"LIBRE"_s, 5, {0, 0, 0, 0, 0, texto}); };
+    EXPECT_NO_THROW((void)largo(QString(128, u'ÿ'))); // 255 x 128 = 32640
+    EXPECT_THROW((void)largo(QString(129, u'ÿ')), Desbordamiento);
+    EXPECT_NO_THROW((void)largo(QString(504, u'A'))); // 65 x 504 = 32760
+    EXPECT_THROW((void)largo(QString(505, u'A')), Desbordamiento);
+}
+
+TEST_F(RecordChecksumTest, IsWrittenLastByTheTablesOwnSplit) {
+    Registro cab(m_base->Describe(u"CAB"_s));
+    cab.Pon(u"Doc_id_d", u"20555123451"_s).Pon(u"tip_doc_d", 6).Pon(u"efectivo", u"1500"_s);
+    AgregaConChecksum(*m_base, cab);
+    EXPECT_EQ(Lista(u"SELECT cNumero FROM CAB"_s), u"457491"_s);
+    EXPECT_EQ(PrimerosDe(u"hcab"_s), 6);
+    EXPECT_EQ(PrimerosDe(u"F518PDETCP"_s), 10);
+    EXPECT_THROW((void)PrimerosDe(u"LIBRE"_s), ErrorBase);
+}
+
+} // namespace
+} // namespace xa518

@@ -1,0 +1,222 @@
+#include "data/Base.h"
+#include "data/RecordChecksum.h"
+#include "data/Transaction.h"
+#include "launcher/CommandLine.h"
+#include "launcher/Declarants.h"
+#include "launcher/Schema.h"
+#include "platform/Clock.h"
+#include "platform/ProfileFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+#include <gtest/gtest.h>
+
+using namespace xa518;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kRuc = u"20990518018"_s;
+constexpr auto kPrivado = QFile::ReadOwner | QFile::WriteOwner;
+constexpr auto kDeOtros =
+    QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+
+class Console : public testing::Test {
+  protected:
+    Console() : rutaIni(raiz.filePath(u"config/XA000.INI"_s)), carpeta(raiz.filePath(u"datos/xa518"_s)) {}
+    ~Console() override { QDir::setCurrent(QDir::rootPath()); } // the opening made the installation the current folder
+
+    int Corre(const QStringList& argumentos) {
+        salida.clear();
+        errores.clear();
+        QTextStream flujoSalida(&salida);
+        QTextStream flujoErrores(&errores);
+        return EjecutaConsola(QStringList{u"consola"_s} + argumentos, flujoSalida, flujoErrores,
+                              {reloj, rutaIni, carpeta, u"CONTADOR"_s});
+    }
+    QString RutaBase() const { return carpeta + u"/XA000.DB"_s; }
+    std::unique_ptr<Base> Abre() const { return Base::Abre(RutaBase()); }
+
+    static void Escribe(const QString& ruta, const QByteArray& bytes) {
+        QFile archivo(ruta);
+        ASSERT_TRUE(archivo.open(QIODevice::WriteOnly));
+        archivo.write(bytes);
+    }
+    static QByteArray Lee(const QString& ruta) {
+        QFile archivo(ruta);
+        return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
+    }
+
+    static void Graba(Base& base, const QString& periodo, int estado) {
+        Registro cabecera(base.Describe(u"CAB"_s));
+        cabecera.Pon(u"Doc_id_d", kRuc).Pon(u"tip_doc_d", 6).Pon(u"periodo", periodo).Pon(u"Formulario", u"0518"_s);
+        cabecera.Pon(u"estado", estado);
+        AgregaConChecksum(base, cabecera);
+    }
+
+    QTemporaryDir raiz;
+    QString rutaIni;
+    QString carpeta;
+    QString salida;
+    QString errores;
+    RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
+};
+
+} // namespace
+
+TEST_F(Console, InstallsPrivatelyAndPointsTheProfileFileToIt) {
+    ASSERT_EQ(Corre({u"--instalar"_s, u"--ejemplo"_s}), 0) << errores.toStdString();
+    for (const QString& nombre : {u""_s, u"RPT"_s, u"TMP"_s, u"BMP"_s, u"0518"_s, u"EJEMPLO"_s})
+        EXPECT_EQ(QFile::permissions(carpeta + u'/' + nombre) & kDeOtros, QFile::Permissions()) << nombre.toStdString();
+    for (const QString& nombre : {u"XA000.DB"_s, u"XA000.MDW"_s, u"EJEMPLO/0518"_s + kRuc + u"202609.TXT"_s}) {
+        EXPECT_TRUE(QFile::exists(carpeta + u'/' + nombre)) << nombre.toStdString();
+        EXPECT_EQ(QFile::permissions(carpeta + u'/' + nombre) & (kDeOtros | kPrivado), kPrivado)
+            << nombre.toStdString();
+    }
+    const ArchivoPerfil perfil(rutaIni);
+    EXPECT_EQ(perfil.Lee(u"Options", u"SysPath"), carpeta + u'/');
+    EXPECT_EQ(perfil.Lee(u"Options", u"DBPath") + perfil.Lee(u"Options", u"DBName"), RutaBase());
+    EXPECT_EQ(perfil.Lee(u"Options", u"SysUser"), u"CONTADOR"_s);
+    const auto empresa = Declarantes(*Abre()).Busca(kRuc);
+    ASSERT_TRUE(empresa);
+    EXPECT_EQ(empresa->usuario, u"CONTADOR"_s);
+}
+
+TEST_F(Console, ReinstallingKeepsWhatTheUserMade) {
+    ASSERT_EQ(Corre({u"--instalar"_s, u"--ejemplo"_s}), 0);
+    const QString archivo = carpeta + u"/EJEMPLO/0518"_s + kRuc + u"202610.TXT"_s;
+    Escribe(archivo, "corregido|");
+    {
+        const auto base = Abre();
+        Graba(*base, u"202609"_s, 0);
+        base->Ejecuta(u"UPDATE CONT SET Nombre = 'OTRO NOMBRE'"_s);
+        base->Ejecuta(u"INSERT INTO CLAVES VALUES ('CONTADOR', '0')"_s);
+        base->Ejecuta(u"UPDATE PARAM SET Funcion = 'x' WHERE Numero = '830'"_s);
+    }
+    ArchivoPerfil(rutaIni).Escribe(u"Options", u"SysUser", u"JEFE");
+    ASSERT_EQ(Corre({u"--instalar"_s, u"--ejemplo"_s}), 0) << errores.toStdString();
+    EXPECT_TRUE(salida.contains(u"se conserva, versión"_s)) << salida.toStdString();
+    EXPECT_TRUE(salida.contains(u"0 filas nuevas, 1 cambiadas"_s)) << salida.toStdString();
+    EXPECT_TRUE(salida.contains(u"202610.TXT: se conserva"_s)) << salida.toStdString();
+    EXPECT_EQ(Lee(archivo), "corregido|");
+    EXPECT_EQ(ArchivoPerfil(rutaIni).Lee(u"Options", u"SysUser"), u"JEFE"_s);
+    const auto base = Abre();
+    Registros filas = base->Lee(u"SELECT B.Nombre, C.Tipo FROM CAB AS A, CONT AS B, CLAVES AS C"
+                                " WHERE A.Doc_id_d = B.Doc_id_d AND C.Usuario = 'CONTADOR'"_s);
+    ASSERT_TRUE(filas.Siguiente());
+    EXPECT_EQ(filas.Texto(0) + filas.Texto(1), u"OTRO NOMBRE0"_s);
+}
+
+TEST_F(Console, WithoutAFolderItRenewsTheInstallationInForce) {
+    const QString otra = raiz.filePath(u"otra carpeta"_s);
+    ASSERT_EQ(Corre({u"--instalar"_s, u"--carpeta"_s, otra}), 0) << errores.toStdString();
+    ASSERT_EQ(Corre({u"--instalar"_s}), 0) << errores.toStdString();
+    EXPECT_TRUE(salida.contains(u"0 filas nuevas"_s)) << salida.toStdString();
+    EXPECT_TRUE(QFile::exists(otra + u"/XA000.DB"_s));
+    EXPECT_FALSE(QFile::exists(carpeta));
+}
+
+TEST_F(Console, RegistersDeclarantsByTheRulesOfTheirNumber) {
+    ASSERT_EQ(Corre({u"--instalar"_s}), 0);
+    struct Caso {
+        const char* que;
+        QStringList argumentos;
+        int codigo;
+    };
+    const QList<Caso> casos = {
+        {"a company", {kRuc, u"--nombre"_s, u"O'HIGGINS & HIJOS"_s}, 0},
+        {"its new name, the same owner", {kRuc, u"--nombre"_s, u"  LOS MOLLES  "_s}, 0},
+        {"a number of the old form", {u"12345678"_s, u"--nombre"_s, u"ANTIGUO"_s, u"--usuario"_s, u"JEFE"_s}, 0},
+        {"a wrong check digit", {u"20990518019"_s, u"--nombre"_s, u"X"_s}, 2},
+        {"letters in the old form", {u"1234567A"_s, u"--nombre"_s, u"X"_s}, 2},
+        {"a blank name", {kRuc, u"--nombre"_s, u" "_s}, 2},
+        {"a name past the lists' width", {kRuc, u"--nombre"_s, QString(51, u'A')}, 2},
+        {"a line break", {kRuc, u"--nombre"_s, u"A\nB"_s}, 2},
+        {"no name", {kRuc}, 2},
+    };
+    for (const Caso& caso : casos) {
+        EXPECT_EQ(Corre(QStringList{u"--declarante"_s} + caso.argumentos), caso.codigo) << caso.que;
+        EXPECT_EQ(errores.isEmpty(), caso.codigo == 0) << caso.que;
+    }
+    const auto base = Abre();
+    QStringList lista;
+    for (const Declarante& declarante : Declarantes(*base).Lista())
+        lista.append(declarante.ruc + u' ' + declarante.nombre + u' ' + declarante.usuario);
+    EXPECT_EQ(lista, QStringList({u"12345678 ANTIGUO JEFE"_s, kRuc + u" LOS MOLLES CONTADOR"_s}));
+}
+
+TEST_F(Console, ADeclarantGoesOnlyWithoutDeclarations) {
+    ASSERT_EQ(Corre({u"--instalar"_s, u"--ejemplo"_s}), 0);
+    const auto base = Abre();
+    Graba(*base, u"202609"_s, 0);
+    Declarantes declarantes(*base);
+    EXPECT_FALSE(declarantes.Elimina(kRuc));
+    EXPECT_TRUE(declarantes.Busca(kRuc));
+    base->Ejecuta(u"DELETE * FROM CAB"_s);
+    EXPECT_TRUE(declarantes.Elimina(kRuc));
+    EXPECT_FALSE(declarantes.Busca(kRuc));
+    EXPECT_FALSE(declarantes.Elimina(kRuc));
+}
+
+TEST_F(Console, SendsAndPrintsTheNumbers) {
+    ASSERT_EQ(Corre({u"--instalar"_s}), 0);
+    Graba(*Abre(), u"202609"_s, 0);
+    Graba(*Abre(), u"202610"_s, 9);
+    ASSERT_EQ(Corre({u"--enviar"_s, kRuc, u"202609"_s}), 0) << errores.toStdString();
+    EXPECT_EQ(salida, u"Copia enviada: 1\nNúmero de control: 10000001\n"_s);
+    EXPECT_EQ(Corre({u"--enviar"_s, kRuc, u"202609"_s}), 2);
+    EXPECT_EQ(Corre({u"--enviar"_s, kRuc, u"202610"_s}), 2);
+    EXPECT_TRUE(salida.isEmpty());
+}
+
+TEST_F(Console, RefusesWhatItDoesNotUnderstand) {
+    const QList<QStringList> casos = {
+        {},
+        {u"--ayuda"_s},
+        {u"suelto"_s},
+        {u"--carpeta"_s, u"x"_s},
+        {u"--instalar"_s, u"--carpeta"_s},
+        {u"--instalar"_s, u"--carpeta"_s, u""_s},
+        {u"--instalar"_s, u"--nombre"_s, u"x"_s},
+        {u"--instalar"_s, u"--enviar"_s, kRuc, u"202609"_s},
+        {u"--instalar"_s, u"suelto"_s},
+        {u"--enviar"_s, kRuc},
+    };
+    for (const QStringList& argumentos : casos) {
+        EXPECT_EQ(Corre(argumentos), 2) << argumentos.join(u' ').toStdString();
+        EXPECT_TRUE(errores.startsWith(u"consola: "_s)) << argumentos.join(u' ').toStdString();
+    }
+    EXPECT_EQ(Corre({u"--enviar"_s, kRuc, u"202609"_s}), 2); // no installation yet
+    EXPECT_FALSE(QFile::exists(rutaIni));
+    EXPECT_FALSE(QFile::exists(carpeta));
+    EXPECT_EQ(Corre({u"--help"_s}), 0);
+    EXPECT_TRUE(salida.startsWith(u"Uso: consola"_s));
+}
+
+TEST_F(Console, DatabaseAndFileFailuresHaveTheirOwnCode) {
+    ASSERT_EQ(Corre({u"--instalar"_s}), 0);
+    const QStringList envio{u"--enviar"_s, kRuc, u"202609"_s};
+    {
+        const auto otro = Abre();
+        const Transaccion ocupada = otro->Comienza();
+        EXPECT_EQ(Corre(envio), 3);
+        EXPECT_TRUE(errores.contains(u"3051"_s)) << errores.toStdString();
+    }
+    Abre()->Ejecuta(u"PRAGMA user_version=99"_s);
+    for (const QStringList& argumentos : {envio, QStringList{u"--instalar"_s}}) {
+        EXPECT_EQ(Corre(argumentos), 3);
+        EXPECT_TRUE(errores.contains(u"versión 99"_s)) << errores.toStdString();
+    }
+    EXPECT_EQ(VersionDe(*Abre()), 99);
+
+    Escribe(carpeta + u"/XA000.MDW"_s, "{}");
+    EXPECT_EQ(Corre(envio), 3);
+    EXPECT_TRUE(errores.contains(u"3029"_s)) << errores.toStdString();
+    Escribe(RutaBase(), QByteArray(4096, 'x'));
+    EXPECT_EQ(Corre({u"--instalar"_s}), 3);
+    EXPECT_EQ(Lee(RutaBase()), QByteArray(4096, 'x'));
+    EXPECT_EQ(Corre({u"--instalar"_s, u"--carpeta"_s, RutaBase()}), 3);
+}

@@ -1,0 +1,126 @@
+#include "NewBase.h"
+
+#include "data/RecordChecksum.h"
+#include "launcher/Sending.h"
+#include "platform/Clock.h"
+
+#include <QDateTime>
+
+using namespace xa518;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kRuc = u"20990518018"_s;
+const QStringList kTablas = {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u"F518PDETVC"_s, u"F518PDETCP"_s};
+
+class Sending : public testing::Test {
+  protected:
+    Sending() { base.ConTablas(); }
+
+    static ClaveDeclaracion Clave(const QString& periodo) {
+        ClaveDeclaracion clave;
+        clave.ruc = kRuc;
+        clave.periodo = periodo;
+        return clave;
+    }
+
+    /// One row in every table; its texts are the columns' own names, so that a swap would show.
+    void Graba(const QString& periodo, int estado = 0, const QString& pagoDe = u"7.50"_s) {
+        for (const QString& tabla : kTablas) {
+            const Tabla& forma = base->Describe(tabla);
+            Registro fila(forma);
+            for (int i = 0; i < forma.columnas.size(); ++i)
+                fila.Pon(i, forma.columnas[i].entera ? QVariant(6) : QVariant(forma.columnas[i].nombre));
+            fila.Pon(u"Doc_id_d", kRuc).Pon(u"periodo", periodo).Pon(u"Formulario", kNumFormulario);
+            if (tabla == u"CAB") fila.Pon(u"estado", estado).Pon(u"bcolibrad", QVariant());
+            if (tabla == u"F518PDETCP") fila.Pon(u"mto_detcp", pagoDe);
+            AgregaConChecksum(*base, fila);
+        }
+    }
+
+    ResultadoEnvio Envia(const QString& periodo) { return Envio(*base, reloj).Envia(Clave(periodo)); }
+
+    /// What a row's checksum should be by the row as it now stands in the base.
+    QString ChecksumDe(const QString& tabla, const QString& correl) {
+        Registros leida = base->Lee(u"SELECT * FROM "_s + tabla + u" WHERE correl = ?"_s, {correl});
+        EXPECT_TRUE(leida.Siguiente()) << tabla.toStdString();
+        Registro fila(base->Describe(tabla));
+        for (int i = 0; i < leida.Columnas(); ++i)
+            fila.Pon(i, leida.Valor(i));
+        return ChecksumRegistro(fila, PrimerosDe(tabla));
+    }
+
+    BaseNueva base;
+    RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
+};
+
+} // namespace
+
+TEST_F(Sending, MovesEveryRowOfThatDeclarationAndStampsIt) {
+    Graba(u"202609"_s);
+    Graba(u"202610"_s);
+    const ResultadoEnvio resultado = Envia(u"202609"_s);
+    ASSERT_TRUE(resultado.veredicto);
+    EXPECT_EQ(resultado.correl, u"1"_s);
+    EXPECT_EQ(resultado.control.size(), 8);
+    for (const QString& tabla : kTablas) {
+        EXPECT_EQ(base.Valor(u"SELECT group_concat(periodo) FROM "_s + tabla), u"202610"_s) << tabla.toStdString();
+        EXPECT_EQ(base.Valor(u"SELECT group_concat(periodo) FROM H"_s + tabla), u"202609"_s) << tabla.toStdString();
+        EXPECT_EQ(base.Valor(u"SELECT cNumero FROM H"_s + tabla), ChecksumDe(u'H' + tabla, u"1"_s))
+            << tabla.toStdString();
+    }
+    EXPECT_EQ(base.Valor(u"SELECT estado & '|' & norden & '|' & fec_env & '|' & control & '|' & correl & '|' & fec_pro"
+                         " FROM HCAB WHERE bcolibrad IS NULL"_s),
+              u"1|0|21/11/2026|"_s + resultado.control + u"|1|fec_pro"_s);
+    EXPECT_EQ(base.Valor(u"SELECT tip_cp & fec_emision_cp & por_tasa_p FROM HF518PDETVC"_s),
+              u"tip_cpfec_emision_cppor_tasa_p"_s);
+}
+
+TEST_F(Sending, ARectificationBecomesTheNextCopyWithAnotherControlNumber) {
+    Graba(u"202609"_s);
+    const ResultadoEnvio primera = Envia(u"202609"_s);
+    Graba(u"202609"_s);
+    const ResultadoEnvio segunda = Envia(u"202609"_s);
+    EXPECT_EQ(segunda.correl, u"2"_s);
+    EXPECT_NE(segunda.control, primera.control);
+    EXPECT_EQ(base.Cuenta(u"HF518PDETCP"_s), 2);
+}
+
+// The deletion of a sent declaration leaves its cash-sale rows, wanted so.
+TEST_F(Sending, NumbersOfADeletedCopyAreNotGivenAgain) {
+    Graba(u"202609"_s);
+    const ResultadoEnvio borrada = Envia(u"202609"_s);
+    for (const QString& tabla : {u"HDET"_s, u"HCAB"_s, u"HF518PDETCP"_s, u"HF518PDET"_s, u"HF518PCAB"_s})
+        base->Ejecuta(u"DELETE * FROM "_s + tabla);
+    Graba(u"202609"_s);
+    const ResultadoEnvio nueva = Envia(u"202609"_s);
+    ASSERT_TRUE(nueva.veredicto);
+    EXPECT_EQ(nueva.correl, u"2"_s);
+    EXPECT_GT(nueva.control, borrada.control);
+}
+
+TEST_F(Sending, RefusedWithItsReasonAndNothingMoved) {
+    Graba(u"202609"_s, 9);
+    const ResultadoEnvio inconsistente = Envia(u"202609"_s);
+    EXPECT_FALSE(inconsistente.veredicto);
+    EXPECT_TRUE(inconsistente.veredicto.mensaje->texto.contains(u"inconsistencias"_s));
+    const ResultadoEnvio ausente = Envia(u"202611"_s);
+    EXPECT_FALSE(ausente.veredicto);
+    EXPECT_TRUE(ausente.veredicto.mensaje->texto.contains(u"No existe"_s));
+    EXPECT_EQ(base.Cuenta(u"CAB"_s), 1);
+    EXPECT_EQ(base.Cuenta(u"HCAB"_s), 0);
+    EXPECT_EQ(base.Cuenta(u"PARAM"_s), 0);
+}
+
+// The last row of the last table can't be summed: all that was moved before it must come back.
+TEST_F(Sending, AFailureHalfWayLeavesTheDeclarationRegistered) {
+    Graba(u"202609"_s);
+    base->Ejecuta(u"UPDATE F518PDETCP SET mto_detcp = ?"_s, {QString(400, u'z')});
+    EXPECT_THROW((void)Envia(u"202609"_s), Desbordamiento);
+    for (const QString& tabla : kTablas) {
+        EXPECT_EQ(base.Cuenta(tabla), 1) << tabla.toStdString();
+        EXPECT_EQ(base.Cuenta(u'H' + tabla), 0) << tabla.toStdString();
+    }
+    EXPECT_EQ(base.Cuenta(u"PARAM"_s), 0);
+}

@@ -1,0 +1,88 @@
+#include "support/TemporaryBase.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <stdexcept>
+
+namespace xa518::prueba {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString LeeTodo(const QString& ruta) {
+    QFile archivo(ruta);
+    if (!archivo.open(QIODevice::ReadOnly))
+        throw std::runtime_error("unreadable " + ruta.toStdString());
+    return QString::fromUtf8(archivo.readAll());
+}
+
+QString SinComentarios(const QString& sql) {
+    QStringList lineas;
+    for (const QString& linea : sql.split(u'\n')) {
+        if (!linea.startsWith("--"_L1))
+            lineas.append(linea);
+    }
+    return lineas.join(u'\n');
+}
+
+} // namespace
+
+std::unique_ptr<Base> CreaBase(const QString& ruta) {
+    std::unique_ptr<Base> base = Base::Crea(ruta);
+    const QDir esquema(QStringLiteral(XA518_SCHEMA_DIR));
+    const QStringList pasos = esquema.entryList({u"*.sql"_s}, QDir::Files, QDir::Name);
+    if (pasos.isEmpty())
+        throw std::runtime_error("no schema in " XA518_SCHEMA_DIR);
+    for (const QString& paso : pasos) {
+        for (const QString& sentencia : SinComentarios(LeeTodo(esquema.filePath(paso))).split(u";\n"_s)) {
+            if (!sentencia.trimmed().isEmpty())
+                base->Ejecuta(sentencia);
+        }
+    }
+    return base;
+}
+
+BaseTemporal::BaseTemporal() : m_base(CreaBase(Ruta())) {}
+
+void BaseTemporal::Param(const QString& numero, const QString& argumento, const QString& funcion, int correl) const {
+    m_base->Ejecuta(u"INSERT INTO PARAM VALUES (?,?,?,?)"_s, {numero, argumento, funcion, correl});
+}
+
+QStringList BaseTemporal::Filas(const QString& sql) const {
+    QStringList filas;
+    Registros registros = m_base->Lee(sql);
+    while (registros.Siguiente()) {
+        QStringList campos;
+        for (int i = 0; i < registros.Columnas(); ++i)
+            campos.append(registros.EsNulo(i) ? u"<null>"_s : registros.Texto(i));
+        filas.append(campos.join(u'|'));
+    }
+    return filas;
+}
+
+QString Funcion(const QList<Pieza>& piezas) {
+    QString funcion;
+    for (const Pieza& pieza : piezas) {
+        funcion = funcion.leftJustified(pieza.posicion - 1);
+        funcion.replace(pieza.posicion - 1, pieza.texto.size(), pieza.texto);
+    }
+    return funcion;
+}
+
+QString Retrato(Base& base) {
+    QString retrato;
+    for (const QString& tabla :
+         {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u"F518PDETVC"_s, u"F518PDETCP"_s}) {
+        Registros filas = base.Lee(u"SELECT * FROM %1 ORDER BY rowid"_s.arg(tabla));
+        while (filas.Siguiente()) {
+            for (int i = 0; i < filas.Columnas(); ++i)
+                retrato += filas.Texto(i) + u'|';
+            retrato += u'\n';
+        }
+    }
+    return retrato;
+}
+
+} // namespace xa518::prueba

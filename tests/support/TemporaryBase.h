@@ -1,0 +1,44 @@
+#pragma once
+
+#include "data/Base.h"
+
+#include <QTemporaryDir>
+
+#include <memory>
+
+namespace xa518::prueba {
+
+/// Makes a base with the shipped tables and nothing in them.
+std::unique_ptr<Base> CreaBase(const QString& ruta);
+
+/// A base in a folder of its own, gone with it.
+class BaseTemporal {
+  public:
+    BaseTemporal();
+
+    [[nodiscard]] Base& operator*() const { return *m_base; }
+    [[nodiscard]] Base* operator->() const { return m_base.get(); }
+    [[nodiscard]] QString Carpeta() const { return m_carpeta.path(); }
+    [[nodiscard]] QString Ruta() const { return m_carpeta.filePath(QStringLiteral("XA.DB")); }
+
+    void Param(const QString& numero, const QString& argumento, const QString& funcion, int correl = 0) const;
+
+    /// The rows of a query, columns joined by "|", null as "<null>".
+    [[nodiscard]] QStringList Filas(const QString& sql) const;
+
+  private:
+    QTemporaryDir m_carpeta;
+    std::unique_ptr<Base> m_base;
+};
+
+/// A text of blanks with pieces put at their positions, counted from 1: the fixed columns of the catalogue.
+struct Pieza {
+    int posicion;
+    QString texto;
+};
+[[nodiscard]] QString Funcion(const QList<Pieza>& piezas);
+
+/// Everything that is stored of a declaration, registered tables only, in one text.
+[[nodiscard]] QString Retrato(Base& base);
+
+} // namespace xa518::prueba
