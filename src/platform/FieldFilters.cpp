@@ -28,7 +28,8 @@ int SiEsDigito(int tecla) {
 bool CabeLetraPorPosicion(int tecla, const EstadoSerie& estado) {
     if (estado.haySeleccion) {
         const QString conTecla = estado.texto + Letra(tecla);
-        if (std::any_of(conTecla.begin() + 1, conTecla.end(), EsLetra)) return false;
+        if (std::any_of(conTecla.begin() + 1, conTecla.end(), EsLetra))
+            return false;
     }
     return !EsLetra(estado.texto.front()) || estado.posicion != 0;
 }
@@ -54,7 +55,8 @@ void SoloMonto(QLineEdit& campo, std::function<LimitesDeMonto()> limites) {
     FiltraTeclas(campo, [&campo, limites = std::move(limites)](int tecla) {
         const int numero = ObjetoUtil::FiltraTeclaNumero(tecla, true);
         const bool tienePunto = campo.text().contains(u'.');
-        if (numero == kPunto && tienePunto) return 0;
+        if (numero == kPunto && tienePunto)
+            return 0;
         const LimitesDeMonto largos = limites ? limites() : LimitesDeMonto{};
         LimitaTecleo(campo, numero == kPunto || tienePunto ? largos.conPunto : largos.sinPunto);
         return numero;
@@ -63,9 +65,12 @@ void SoloMonto(QLineEdit& campo, std::function<LimitesDeMonto()> limites) {
 
 int FiltraTeclaSerie(int tecla, const EstadoSerie& estado, bool conLetras) {
     const int mayuscula = ObjetoUtil::FiltraTeclaMayuscula(tecla);
-    if (mayuscula == kPunto) return 0;
-    if (!conLetras) return SiEsDigito(mayuscula);
-    if (mayuscula != kRetroceso && !estado.texto.isEmpty() && !CabeLetraPorPosicion(mayuscula, estado)) return 0;
+    if (mayuscula == kPunto)
+        return 0;
+    if (!conLetras)
+        return SiEsDigito(mayuscula);
+    if (mayuscula != kRetroceso && !estado.texto.isEmpty() && !CabeLetraPorPosicion(mayuscula, estado))
+        return 0;
     return ObjetoUtil::EsTeclaValida(mayuscula) ? mayuscula : 0;
 }
 

@@ -25,7 +25,8 @@ bool EsEntrar(const QKeyEvent& tecla) {
 
 /// The code of a key that types: Backspace or a printable character; 0 for all others.
 int CodigoDe(const QKeyEvent& tecla) {
-    if (tecla.key() == Qt::Key_Backspace) return kRetroceso;
+    if (tecla.key() == Qt::Key_Backspace)
+        return kRetroceso;
     const bool esAtajo =
         tecla.modifiers() == Qt::ControlModifier || tecla.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
     const QString texto = tecla.text();
@@ -77,7 +78,8 @@ TeclasDeCampo& TeclasDeCampo::De(QLineEdit& campo) {
 }
 
 bool TeclasDeCampo::eventFilter(QObject* objeto, QEvent* evento) {
-    if (m_reenvio) return false;
+    if (m_reenvio)
+        return false;
     switch (evento->type()) {
     case QEvent::KeyPress: return Pulsada(*static_cast<QKeyEvent*>(evento));
     case QEvent::InputMethod: return Compone(*static_cast<QInputMethodEvent*>(evento));
@@ -90,9 +92,11 @@ bool TeclasDeCampo::eventFilter(QObject* objeto, QEvent* evento) {
 }
 
 bool TeclasDeCampo::Pulsada(const QKeyEvent& tecla) {
-    if (Pega(tecla)) return true;
+    if (Pega(tecla))
+        return true;
     const bool escribe = CodigoDe(tecla) != 0;
-    if (escribe || EsEntrar(tecla) || tecla.key() == Qt::Key_Delete) Avisa();
+    if (escribe || EsEntrar(tecla) || tecla.key() == Qt::Key_Delete)
+        Avisa();
     if (EsEntrar(tecla) && m_entrar) {
         m_entrar();
         return true;
@@ -115,9 +119,12 @@ bool TeclasDeCampo::Pega(const QKeyEvent& tecla) const {
 /// True when the key was dealt with here; otherwise the field types it.
 bool TeclasDeCampo::Escribe(int tecla) {
     const int salida = Filtra(tecla);
-    if (salida == kRetroceso) return false;
-    if (salida == 0 || !Cabe(1)) return true;
-    if (salida == tecla) return false;
+    if (salida == kRetroceso)
+        return false;
+    if (salida == 0 || !Cabe(1))
+        return true;
+    if (salida == tecla)
+        return false;
     m_campo->insert(QChar(static_cast<char16_t>(salida)));
     return true;
 }
@@ -128,9 +135,11 @@ bool TeclasDeCampo::Compone(const QInputMethodEvent& evento) {
     for (const QChar c : evento.commitString()) {
         Avisa();
         const int salida = Filtra(c.unicode());
-        if (salida != 0 && Cabe(pasan.size() + 1)) pasan.append(QChar(static_cast<char16_t>(salida)));
+        if (salida != 0 && Cabe(pasan.size() + 1))
+            pasan.append(QChar(static_cast<char16_t>(salida)));
     }
-    if (pasan == evento.commitString()) return false;
+    if (pasan == evento.commitString())
+        return false;
     QInputMethodEvent filtrado(evento.preeditString(), evento.attributes());
     filtrado.setCommitString(pasan, evento.replacementStart(), evento.replacementLength());
     const QScopedValueRollback<bool> reenvio(m_reenvio, true);
@@ -148,7 +157,8 @@ bool TeclasDeCampo::Raton(const QMouseEvent& evento) const {
 int TeclasDeCampo::Filtra(int tecla) const {
     for (const auto& filtro : m_filtros) {
         tecla = filtro(tecla);
-        if (tecla == 0) break;
+        if (tecla == 0)
+            break;
     }
     return tecla;
 }
@@ -163,7 +173,8 @@ void TeclasDeCampo::Avisa() const {
 }
 
 void TeclasDeCampo::VaciaPortapapeles(Gesto gesto) const {
-    if (m_gestos.testFlag(gesto)) QGuiApplication::clipboard()->setText(QString());
+    if (m_gestos.testFlag(gesto))
+        QGuiApplication::clipboard()->setText(QString());
 }
 
 } // namespace
@@ -199,7 +210,8 @@ void EntrarComoTab(QLineEdit& campo) {
 
 void EntrarSiHayTexto(QLineEdit& campo) {
     TeclasDeCampo::De(campo).m_entrar = [&campo] {
-        if (!campo.text().trimmed().isEmpty()) EnviaTecla(u"TAB"_s);
+        if (!campo.text().trimmed().isEmpty())
+            EnviaTecla(u"TAB"_s);
     };
 }
 

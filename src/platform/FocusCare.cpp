@@ -31,7 +31,8 @@ class GuardiaDeFoco final : public QObject {
 /// Qt has already moved the focus for this press; the field that was left has pulled it back.
 bool SeRetuvo(const QWidget& control) {
     const QWidget* campo = control.window()->focusWidget();
-    if (!campo || campo == &control || control.isAncestorOf(campo)) return false;
+    if (!campo || campo == &control || control.isAncestorOf(campo))
+        return false;
     const FocoDeCampo* foco = FocoDeCampo::Busca(*campo);
     return foco && foco->Ultima() == Salida::Retenida;
 }
@@ -72,8 +73,10 @@ bool GuardiaDeFoco::eventFilter(QObject* objeto, QEvent* evento) {
 }
 
 bool GuardiaDeFoco::Pulsado(QWidget& control, const QMouseEvent& raton) {
-    if (raton.button() != Qt::LeftButton) return false;
-    if (auto* boton = qobject_cast<QAbstractButton*>(&control)) return PulsadoBoton(*boton);
+    if (raton.button() != Qt::LeftButton)
+        return false;
+    if (auto* boton = qobject_cast<QAbstractButton*>(&control))
+        return PulsadoBoton(*boton);
     if (const auto* fichas = qobject_cast<QTabBar*>(&control)) {
         const int ficha = fichas->tabAt(raton.position().toPoint());
         return ficha >= 0 && ficha != fichas->currentIndex() && SueltaFoco(&control) == Salida::Retenida;
@@ -85,8 +88,10 @@ bool GuardiaDeFoco::Pulsado(QWidget& control, const QMouseEvent& raton) {
 /// A message of the leave handler swallows the button's release: then the press alone is the click.
 bool GuardiaDeFoco::PulsadoBoton(QAbstractButton& boton) {
     const bool retenido = TomaFocoAlPulsar(boton) ? SeRetuvo(boton) : SueltaFoco(&boton) == Salida::Retenida;
-    if (retenido && !m_salidas.contains(&boton)) return true;
-    if (!retenido && QGuiApplication::mouseButtons().testFlag(Qt::LeftButton)) return false;
+    if (retenido && !m_salidas.contains(&boton))
+        return true;
+    if (!retenido && QGuiApplication::mouseButtons().testFlag(Qt::LeftButton))
+        return false;
     boton.click();
     return true;
 }
@@ -94,7 +99,8 @@ bool GuardiaDeFoco::PulsadoBoton(QAbstractButton& boton) {
 /// A mnemonic doesn't move the focus by itself.
 bool GuardiaDeFoco::Atajo(QWidget& control) {
     auto* boton = qobject_cast<QAbstractButton*>(&control);
-    if (!boton && !qobject_cast<QTabBar*>(&control)) return false;
+    if (!boton && !qobject_cast<QTabBar*>(&control))
+        return false;
     return SueltaFoco(&control) == Salida::Retenida && !m_salidas.contains(boton);
 }
 

@@ -23,6 +23,7 @@ class FocoDeCampo final : public QObject {
 
   private:
     explicit FocoDeCampo(QWidget& campo);
+    [[nodiscard]] bool SeVa() const;
     void Entra();
     void Sale();
     void Vuelve();

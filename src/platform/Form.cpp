@@ -46,7 +46,8 @@ void Forma::AbreModal(QDialog& otra) {
 }
 
 void Forma::keyPressEvent(QKeyEvent* evento) {
-    if (evento->key() == Qt::Key_Escape) return;
+    if (evento->key() == Qt::Key_Escape)
+        return;
     if (evento->key() != Qt::Key_Return && evento->key() != Qt::Key_Enter) {
         QDialog::keyPressEvent(evento);
         return;
@@ -60,7 +61,8 @@ void Forma::keyPressEvent(QKeyEvent* evento) {
 
 void Forma::showEvent(QShowEvent* evento) {
     QDialog::showEvent(evento);
-    if (!std::exchange(m_activada, true)) AlActivar();
+    if (!std::exchange(m_activada, true))
+        AlActivar();
 }
 
 } // namespace xa518
