@@ -2,6 +2,7 @@
 
 #include "data/ObjetoUtil.h"
 #include "platform/FieldKeys.h"
+#include "platform/WidgetHelpers.h"
 #include "values/Text.h"
 
 #include <QButtonGroup>
@@ -19,7 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kLargoCheque = 20;
-constexpr int kLetrasDeBanco = 24;
+constexpr int kLetrasDeBanco = 40;
 const QLatin1StringView kEfectivo("E");
 const QLatin1StringView kCheque("C");
 const QLatin1StringView kSinElegir("X");
@@ -70,6 +71,7 @@ void FormaDePagoQMD::Compone() {
     m_numero->setMaxLength(kLargoCheque);
     m_importe->setTextFormat(Qt::PlainText);
     m_importe->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_importe->setMinimumHeight(m_numero->sizeHint().height());
     m_importe->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
 
     auto* marco = new QGroupBox(u"Forma de pago"_s);
@@ -119,6 +121,7 @@ void FormaDePagoQMD::PonBancos(const QList<OpcionBanco>& bancos) {
     for (const OpcionBanco& banco : bancos)
         m_banco->addItem(Recortado(banco.codigo) + u"  "_s + Recortado(banco.descripcion), Recortado(banco.codigo));
     PonBanco(elegido);
+    AjustaCombo(*this, *m_banco);
 }
 
 QString FormaDePagoQMD::FormaPago() const {

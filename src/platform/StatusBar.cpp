@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QStyle>
+#include <QtMath>
 
 #include <algorithm>
 
@@ -34,9 +35,10 @@ class EtiquetaRecortada final : public QLabel {
     }
 
     [[nodiscard]] QSize sizeHint() const override {
-        const int reservado = fontMetrics().horizontalAdvance(m_rotulo + QString(m_reserva, u'0'));
-        const int propio = fontMetrics().horizontalAdvance(text());
-        return {std::max(reservado, propio) + 2 * kMargen, QLabel::sizeHint().height()};
+        const QFontMetricsF medida(font());
+        const qreal ancho = std::max(medida.horizontalAdvance(m_rotulo + QString(m_reserva, u'0')),
+                                     medida.horizontalAdvance(text()));
+        return {qCeil(ancho) + 1 + 2 * kMargen, QLabel::sizeHint().height()};
     }
     [[nodiscard]] QSize minimumSizeHint() const override { return {2 * kMargen, QLabel::minimumSizeHint().height()}; }
 
@@ -67,7 +69,7 @@ BarradeEstadoQMD::BarradeEstadoQMD(QWidget* padre)
     m_nombre->setObjectName(u"PanelNombre"_s);
     m_mensaje->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     addWidget(m_mensaje, 2);
-    addPermanentWidget(m_nombre, 1);
+    addPermanentWidget(m_nombre, 3);
     AgregaPanelFijo(*m_ruc, u"PanelRuc"_s, u"RUC: "_s, 11);
     AgregaPanelFijo(*m_periodo, u"PanelPeriodo"_s, u"Período: "_s, 7);
     AgregaPanelFijo(*m_formulario, u"PanelFormulario"_s, u"Formulario: "_s, 4);
@@ -78,8 +80,7 @@ void BarradeEstadoQMD::AgregaPanelFijo(EtiquetaRecortada& panel, const QString& 
     panel.setObjectName(nombre);
     panel.PonRotulo(rotulo);
     panel.Reserva(caracteres);
-    panel.setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred);
-    panel.setMinimumWidth(panel.sizeHint().width());
+    panel.setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
     addPermanentWidget(&panel);
 }
 
