@@ -1,10 +1,9 @@
-#include "NewBase.h"
-
 #include "data/Catalog.h"
 #include "data/DocumentTypes.h"
 #include "data/RateCatalog.h"
 #include "launcher/CatalogInstaller.h"
 #include "launcher/CatalogLayout.h"
+#include "support/TemporaryBase.h"
 
 #include <gmock/gmock.h>
 
@@ -15,21 +14,8 @@ namespace {
 
 class Catalog : public testing::Test {
   protected:
-    Catalog() {
-        base.ConTablas();
-        instalado = InstaladorCatalogo(*base).Instala();
-    }
-
-    QStringList Columna(const QString& sql) {
-        Registros filas = base->Lee(sql);
-        QStringList valores;
-        while (filas.Siguiente())
-            valores.append(filas.Texto(0));
-        return valores;
-    }
-
-    BaseNueva base;
-    InstaladorCatalogo::Resumen instalado;
+    prueba::BaseTemporal base;
+    InstaladorCatalogo::Resumen instalado = InstaladorCatalogo(*base).Instala();
 };
 
 } // namespace
@@ -47,7 +33,8 @@ TEST_F(Catalog, DocumentTypesCarryLengthAndFlags) {
         ofrecidos.append(tipo.codigo);
     EXPECT_EQ(ofrecidos, QStringList({u"06"_s, u"01"_s, u"04"_s, u"07"_s, u"03"_s, u"11"_s}));
     EXPECT_EQ(
-        Columna(u"SELECT Argumento FROM PARAM WHERE Numero='044' AND mid(Funcion,75,1)='1' ORDER BY val(Argumento)"_s),
+        base.Filas(
+            u"SELECT Argumento FROM PARAM WHERE Numero='044' AND mid(Funcion,75,1)='1' ORDER BY val(Argumento)"_s),
         QStringList({u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"6"_s, u"7"_s, u"11"_s}));
     struct Caso {
         QString tipo;
@@ -66,6 +53,7 @@ TEST_F(Catalog, DocumentTypesCarryLengthAndFlags) {
 }
 
 TEST_F(Catalog, RatesByClassMonthAndDeclaredPeriod) {
+    EXPECT_EQ(Catalogo(*base).Funcion(u"953"_s, u"2010909200501"_s), u" 0.0220             0.0210    2.10  "_s);
     struct Caso {
         QString periodo;
         QString clase;
@@ -98,15 +86,16 @@ TEST_F(Catalog, OtherCataloguesReadBackByTheModulesQueries) {
     EXPECT_EQ(catalogo.FuncionParam(u"830"_s, u"01"_s, 6, 1), u"209912"_s);
     EXPECT_EQ(catalogo.FuncionParam(u"856"_s, u"0518"_s, 3, 20), u"790"_s);
     EXPECT_EQ(catalogo.FuncionParam(u"856"_s, u"0518"_s, 10, 5).trimmed(), u"202601"_s);
-    EXPECT_EQ(Columna(u"SELECT trim(Funcion) FROM PARAM WHERE numero='981' AND left(argumento,4)='0518'"_s),
+    EXPECT_EQ(base.Filas(u"SELECT trim(Funcion) FROM PARAM WHERE numero='981' AND left(argumento,4)='0518'"_s),
               QStringList({u"044/233/953/998/"_s}));
-    EXPECT_EQ(Columna(u"SELECT val(mid(FUNCION,2,6)) FROM PARAM WHERE numero='998' AND MID(ARGUMENTO,8,6)<='201102'"
-                      " AND MID(ARGUMENTO,1,6)='010101' order by MID(ARGUMENTO,8,6)"_s),
+    EXPECT_EQ(base.Filas(u"SELECT val(mid(FUNCION,2,6)) FROM PARAM WHERE numero='998' AND MID(ARGUMENTO,8,6)<='201102'"
+                         " AND MID(ARGUMENTO,1,6)='010101' order by MID(ARGUMENTO,8,6)"_s),
               QStringList({u"19"_s}));
-    EXPECT_EQ(Columna(u"SELECT argumento FROM PARAM WHERE numero='233' AND MID(FUNCION,64,1)='1' ORDER BY argumento"_s),
-              QStringList({u"01"_s, u"03"_s, u"07"_s, u"08"_s, u"12"_s, u"99"_s}));
+    EXPECT_EQ(
+        base.Filas(u"SELECT argumento FROM PARAM WHERE numero='233' AND MID(FUNCION,64,1)='1' ORDER BY argumento"_s),
+        QStringList({u"01"_s, u"03"_s, u"07"_s, u"08"_s, u"12"_s, u"99"_s}));
     const QStringList bancos =
-        Columna(u"SELECT mid(FUNCION,1,36) FROM PARAM WHERE NUMERO='004' AND TRIM(ARGUMENTO)<> '00' order by 1"_s);
+        base.Filas(u"SELECT mid(FUNCION,1,36) FROM PARAM WHERE NUMERO='004' AND TRIM(ARGUMENTO)<> '00' order by 1"_s);
     EXPECT_GT(bancos.size(), 5);
     EXPECT_THAT(bancos, testing::Each(testing::ResultOf([](const QString& b) { return b.size(); }, 36)));
     EXPECT_EQ(catalogo.TipoUsuario(u"supervisor"_s), u"0"_s);

@@ -1,11 +1,27 @@
-#include "NewBase.h"
+#include "launcher/Schema.h"
+#include "data/Base.h"
+#include "support/TemporaryBase.h"
 
 #include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
 
 using namespace xa518;
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// A base without tables.
+class BaseVacia {
+  public:
+    Base& operator*() { return *m_base; }
+    Base* operator->() { return m_base.get(); }
+
+  private:
+    QTemporaryDir m_carpeta;
+    std::unique_ptr<Base> m_base = Base::Crea(m_carpeta.filePath(u"vacia.db"_s));
+};
 
 /// A folder of steps that a test writes itself.
 class Pasos {
@@ -35,14 +51,14 @@ QString EnterasDe(const Tabla& tabla) {
     return nombres.join(u' ');
 }
 
-bool HayTabla(BaseNueva& base, const QString& tabla) {
-    return base.Valor(u"SELECT name FROM sqlite_master WHERE name = ?"_s, {tabla}) == tabla;
+bool HayTabla(BaseVacia& base, const QString& tabla) {
+    return base->Lee(u"SELECT 1 FROM sqlite_master WHERE name = ?"_s, {tabla}).Siguiente();
 }
 
 } // namespace
 
 TEST(Schema, FreshThenCurrent) {
-    BaseNueva base;
+    BaseVacia base;
     const EstadoEsquema creado = Esquema().Aplica(*base);
     EXPECT_EQ(creado.resultado, ResultadoEsquema::Creado);
     EXPECT_EQ(VersionDe(*base), VersionEsquema);
@@ -52,8 +68,7 @@ TEST(Schema, FreshThenCurrent) {
 
 // The record checksum runs over the columns in this order and by these types.
 TEST(Schema, ColumnsStandWhereTheChecksumExpectsThem) {
-    BaseNueva base;
-    base.ConTablas();
+    const prueba::BaseTemporal base;
     const QString cabecera =
         u"Doc_id_d tip_doc_d periodo Formulario fec_pro bcolibrad nrocheque cheque efectivo estado "
         "rectifica"_s;
@@ -80,8 +95,7 @@ TEST(Schema, ColumnsStandWhereTheChecksumExpectsThem) {
 }
 
 TEST(Schema, KeysIgnoreCaseAndTellKindsOfVouchersApart) {
-    BaseNueva base;
-    base.ConTablas();
+    const prueba::BaseTemporal base;
     const QString alta = u"INSERT INTO TMPF518PDET (tip_doc_per, num_doc_per, num_serie_cp, num_cp, tip_cp)"
                          " VALUES (7, ?, '0001', '00000001', ?)"_s;
     base->Ejecuta(alta, {u"ax1"_s, u""_s});
@@ -95,7 +109,7 @@ TEST(Schema, KeysIgnoreCaseAndTellKindsOfVouchersApart) {
 }
 
 TEST(Schema, MissingStepsAreMadeOverTheDataThatIsThere) {
-    BaseNueva base;
+    BaseVacia base;
     Pasos pasos;
     pasos.Escribe(u"0001_uno.sql"_s, "-- it's one\nCREATE TABLE UNO (a TEXT);\n");
     EXPECT_EQ(pasos.Aplica(*base).resultado, ResultadoEsquema::Creado);
@@ -104,12 +118,13 @@ TEST(Schema, MissingStepsAreMadeOverTheDataThatIsThere) {
     const EstadoEsquema estado = pasos.Aplica(*base);
     EXPECT_EQ(estado.resultado, ResultadoEsquema::Actualizado);
     EXPECT_EQ(estado.version, 2);
-    EXPECT_EQ(base.Valor(u"SELECT a FROM UNO WHERE c IS NULL"_s), u"queda"_s);
+    EXPECT_TRUE(base->Lee(u"SELECT 1 FROM UNO WHERE a = 'queda' AND c IS NULL"_s).Siguiente());
 }
 
 TEST(Schema, NewerBaseIsLeftAlone) {
-    BaseNueva base;
-    base.ConTablas()->Ejecuta(u"PRAGMA user_version=99"_s);
+    BaseVacia base;
+    ASSERT_EQ(Esquema().Aplica(*base).resultado, ResultadoEsquema::Creado);
+    base->Ejecuta(u"PRAGMA user_version=99"_s);
     EXPECT_EQ(Esquema().Aplica(*base).resultado, ResultadoEsquema::MasNuevo);
     EXPECT_EQ(VersionDe(*base), 99);
     try {
@@ -121,7 +136,7 @@ TEST(Schema, NewerBaseIsLeftAlone) {
 }
 
 TEST(Schema, FailingStepIsUndoneWholeAndItsVersionNotWritten) {
-    BaseNueva base;
+    BaseVacia base;
     Pasos pasos;
     pasos.Escribe(u"0001_uno.sql"_s, "CREATE TABLE UNO (a TEXT);\n");
     pasos.Escribe(u"0002_mal.sql"_s, "CREATE TABLE DOS (b TEXT);\nCREATE TABLE UNO (a TEXT);\n");

@@ -1,10 +1,11 @@
-#include "NewBase.h"
-
-#include "data/RecordChecksum.h"
 #include "launcher/Sending.h"
+#include "data/RecordChecksum.h"
 #include "platform/Clock.h"
+#include "support/TemporaryBase.h"
 
 #include <QDateTime>
+
+#include <gtest/gtest.h>
 
 using namespace xa518;
 using namespace Qt::StringLiterals;
@@ -16,8 +17,6 @@ const QStringList kTablas = {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u
 
 class Sending : public testing::Test {
   protected:
-    Sending() { base.ConTablas(); }
-
     static ClaveDeclaracion Clave(const QString& periodo) {
         ClaveDeclaracion clave;
         clave.ruc = kRuc;
@@ -41,6 +40,9 @@ class Sending : public testing::Test {
 
     ResultadoEnvio Envia(const QString& periodo) { return Envio(*base, reloj).Envia(Clave(periodo)); }
 
+    QString Valor(const QString& sql) const { return base.Filas(sql).value(0); }
+    int Cuenta(const QString& tabla) const { return Valor(u"SELECT count(*) FROM "_s + tabla).toInt(); }
+
     /// What a row's checksum should be by the row as it now stands in the base.
     QString ChecksumDe(const QString& tabla, const QString& correl) {
         Registros leida = base->Lee(u"SELECT * FROM "_s + tabla + u" WHERE correl = ?"_s, {correl});
@@ -51,7 +53,7 @@ class Sending : public testing::Test {
         return ChecksumRegistro(fila, PrimerosDe(tabla));
     }
 
-    BaseNueva base;
+    prueba::BaseTemporal base;
     RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
 };
 
@@ -65,15 +67,14 @@ TEST_F(Sending, MovesEveryRowOfThatDeclarationAndStampsIt) {
     EXPECT_EQ(resultado.correl, u"1"_s);
     EXPECT_EQ(resultado.control.size(), 8);
     for (const QString& tabla : kTablas) {
-        EXPECT_EQ(base.Valor(u"SELECT group_concat(periodo) FROM "_s + tabla), u"202610"_s) << tabla.toStdString();
-        EXPECT_EQ(base.Valor(u"SELECT group_concat(periodo) FROM H"_s + tabla), u"202609"_s) << tabla.toStdString();
-        EXPECT_EQ(base.Valor(u"SELECT cNumero FROM H"_s + tabla), ChecksumDe(u'H' + tabla, u"1"_s))
-            << tabla.toStdString();
+        EXPECT_EQ(Valor(u"SELECT group_concat(periodo) FROM "_s + tabla), u"202610"_s) << tabla.toStdString();
+        EXPECT_EQ(Valor(u"SELECT group_concat(periodo) FROM H"_s + tabla), u"202609"_s) << tabla.toStdString();
+        EXPECT_EQ(Valor(u"SELECT cNumero FROM H"_s + tabla), ChecksumDe(u'H' + tabla, u"1"_s)) << tabla.toStdString();
     }
-    EXPECT_EQ(base.Valor(u"SELECT estado & '|' & norden & '|' & fec_env & '|' & control & '|' & correl & '|' & fec_pro"
-                         " FROM HCAB WHERE bcolibrad IS NULL"_s),
+    EXPECT_EQ(Valor(u"SELECT estado & '|' & norden & '|' & fec_env & '|' & control & '|' & correl & '|' & fec_pro"
+                    " FROM HCAB WHERE bcolibrad IS NULL"_s),
               u"1|0|21/11/2026|"_s + resultado.control + u"|1|fec_pro"_s);
-    EXPECT_EQ(base.Valor(u"SELECT tip_cp & fec_emision_cp & por_tasa_p FROM HF518PDETVC"_s),
+    EXPECT_EQ(Valor(u"SELECT tip_cp & fec_emision_cp & por_tasa_p FROM HF518PDETVC"_s),
               u"tip_cpfec_emision_cppor_tasa_p"_s);
 }
 
@@ -84,7 +85,7 @@ TEST_F(Sending, ARectificationBecomesTheNextCopyWithAnotherControlNumber) {
     const ResultadoEnvio segunda = Envia(u"202609"_s);
     EXPECT_EQ(segunda.correl, u"2"_s);
     EXPECT_NE(segunda.control, primera.control);
-    EXPECT_EQ(base.Cuenta(u"HF518PDETCP"_s), 2);
+    EXPECT_EQ(Cuenta(u"HF518PDETCP"_s), 2);
 }
 
 // The deletion of a sent declaration leaves its cash-sale rows, wanted so.
@@ -108,9 +109,9 @@ TEST_F(Sending, RefusedWithItsReasonAndNothingMoved) {
     const ResultadoEnvio ausente = Envia(u"202611"_s);
     EXPECT_FALSE(ausente.veredicto);
     EXPECT_TRUE(ausente.veredicto.mensaje->texto.contains(u"No existe"_s));
-    EXPECT_EQ(base.Cuenta(u"CAB"_s), 1);
-    EXPECT_EQ(base.Cuenta(u"HCAB"_s), 0);
-    EXPECT_EQ(base.Cuenta(u"PARAM"_s), 0);
+    EXPECT_EQ(Cuenta(u"CAB"_s), 1);
+    EXPECT_EQ(Cuenta(u"HCAB"_s), 0);
+    EXPECT_EQ(Cuenta(u"PARAM"_s), 0);
 }
 
 // The last row of the last table can't be summed: all that was moved before it must come back.
@@ -119,8 +120,8 @@ TEST_F(Sending, AFailureHalfWayLeavesTheDeclarationRegistered) {
     base->Ejecuta(u"UPDATE F518PDETCP SET mto_detcp = ?"_s, {QString(400, u'z')});
     EXPECT_THROW((void)Envia(u"202609"_s), Desbordamiento);
     for (const QString& tabla : kTablas) {
-        EXPECT_EQ(base.Cuenta(tabla), 1) << tabla.toStdString();
-        EXPECT_EQ(base.Cuenta(u'H' + tabla), 0) << tabla.toStdString();
+        EXPECT_EQ(Cuenta(tabla), 1) << tabla.toStdString();
+        EXPECT_EQ(Cuenta(u'H' + tabla), 0) << tabla.toStdString();
     }
-    EXPECT_EQ(base.Cuenta(u"PARAM"_s), 0);
+    EXPECT_EQ(Cuenta(u"PARAM"_s), 0);
 }

@@ -1,0 +1,54 @@
+# The Debian 12 packages that the project stands on, each named once. Sourced by ./run, ./test and .ci/run.
+# shellcheck shell=bash
+
+packages_build=(
+  ca-certificates
+  cmake
+  g++
+  ninja-build
+  pkg-config
+  ccache
+  qt6-base-dev
+  libqt6sql6-sqlite # the database driver, which Qt loads at run time
+  libsqlite3-dev
+  libsodium-dev
+  libfccp-dev
+)
+
+packages_test=(
+  libgtest-dev
+  libgmock-dev
+  clang-format
+  python3
+)
+
+packages_tidy=(
+  clang-tidy
+)
+
+# Installs what is missing of the named packages, and so does nothing the second time.
+install_packages() {
+  local missing=() package
+  for package in "$@"; do
+    [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed ]] || missing+=("$package")
+  done
+  ((${#missing[@]})) || return 0
+
+  local as_root=()
+  if ((EUID != 0)); then
+    if ! command -v sudo >/dev/null; then
+      echo "These packages are missing, and only root can install them:" >&2
+      echo "  apt-get install ${missing[*]}" >&2
+      return 1
+    fi
+    as_root=(sudo)
+  fi
+  echo "Installing ${missing[*]}"
+  if ! { "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq update &&
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+      apt-get -qq install --yes --no-install-recommends "${missing[@]}"; } </dev/null >&2; then
+    echo "The packages could not be installed. With a network, try again, or by hand:" >&2
+    echo "  apt-get install ${missing[*]}" >&2
+    return 1
+  fi
+}
