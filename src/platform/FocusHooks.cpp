@@ -47,9 +47,9 @@ bool FocoDeCampo::eventFilter(QObject* objeto, QEvent* evento) {
     return true;
 }
 
-/// The window is closing, or the field is being destroyed: then it is no more than a bare widget.
+/// The field is being destroyed: it is no more than a bare widget.
 bool FocoDeCampo::SeVa() const {
-    return !m_campo->window()->isVisible() || m_campo->metaObject() == &QWidget::staticMetaObject;
+    return m_campo->metaObject() == &QWidget::staticMetaObject;
 }
 
 void FocoDeCampo::Entra() {
