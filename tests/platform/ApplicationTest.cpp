@@ -50,5 +50,16 @@ TEST(ApplicationTest, AnErrorInAFormShowsUnderItsCaptionAndTheFormGoesOn) {
     EXPECT_EQ(pulsaciones, 3);
 }
 
+/// A window that can't be painted fails again under each box that tells so.
+TEST(ApplicationTest, AFailureUnderItsOwnMessageShowsNoSecondBox) {
+    auto& aplicacion = *static_cast<Aplicacion*>(qApp);
+    AvisosDelPrograma().Espera(u"primera"_s);
+    AvisosDelPrograma().AlMostrar([&] { aplicacion.AtiendeFalla(u"segunda"_s); });
+    aplicacion.AtiendeFalla(u"primera"_s);
+    AvisosDelPrograma().Espera(u"tercera"_s);
+    AvisosDelPrograma().AlMostrar({});
+    aplicacion.AtiendeFalla(u"tercera"_s);
+}
+
 } // namespace
 } // namespace xa518

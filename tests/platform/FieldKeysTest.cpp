@@ -4,8 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QClipboard>
-#include <QGuiApplication>
+#include <QContextMenuEvent>
 #include <QLineEdit>
 #include <QTest>
 #include <QVBoxLayout>
@@ -128,15 +129,16 @@ TEST_F(FieldKeysTest, PasteGuardBlocksAllAndEmptiesByItsGestures) {
     const auto tecla = [this](Qt::Key cual, Qt::KeyboardModifier con) -> Accion {
         return [this, cual, con] { QTest::keyClick(&m_campo, cual, con); };
     };
-    const auto raton = [this](Qt::MouseButton boton) -> Accion {
-        return [this, boton] { QTest::mouseClick(&m_campo, boton); };
-    };
     const QList<std::pair<Accion, bool>> gestos = {
         {tecla(Qt::Key_Insert, Qt::ShiftModifier), true},
         {tecla(Qt::Key_Menu, Qt::NoModifier), true},
-        {raton(Qt::RightButton), true},
+        {[this] { QTest::mouseClick(&m_campo, Qt::RightButton); }, true},
         {tecla(Qt::Key_V, Qt::ControlModifier), false},
-        {raton(Qt::MiddleButton), false},
+        {[this] {
+             QContextMenuEvent menu(QContextMenuEvent::Mouse, {5, 5}, m_campo.mapToGlobal(QPoint(5, 5)));
+             QCoreApplication::sendEvent(&m_campo, &menu);
+         },
+         false},
     };
     QClipboard* portapapeles = QGuiApplication::clipboard();
     for (const Gestos guardados : {kTodosLosGestos, Gestos(Gesto::BotonDerecho)}) {

@@ -11,6 +11,7 @@ void AvisosDePrueba::Comprueba() {
     for (const Paso& paso : m_guion)
         ADD_FAILURE() << "a box that was expected didn't show: " << paso.mensaje.texto.toStdString();
     m_guion.clear();
+    m_alMostrar = nullptr;
     m_mostrados.clear();
 }
 
@@ -25,6 +26,8 @@ Respuesta AvisosDePrueba::HazPregunta(const Mensaje& mensaje, Respuesta preselec
 }
 
 std::optional<Respuesta> AvisosDePrueba::Atiende(const Mensaje& mensaje, bool esPregunta) {
+    if (m_alMostrar)
+        m_alMostrar();
     if (m_guion.isEmpty()) {
         ADD_FAILURE() << "a box that nobody expected: " << mensaje.texto.toStdString();
         return std::nullopt;

@@ -4,6 +4,7 @@
 
 #include <QList>
 
+#include <functional>
 #include <optional>
 
 namespace xa518 {
@@ -27,6 +28,9 @@ class AvisosDePrueba final : public Avisos {
         m_guion.append({{Icono::Ninguno, texto, {}}, true, respuesta});
     }
 
+    /// Runs while a box shows, to look at what lies under it.
+    void AlMostrar(std::function<void()> mira) { m_alMostrar = std::move(mira); }
+
     [[nodiscard]] const QList<Mostrado>& Mostrados() const { return m_mostrados; }
 
     /// Fails the test when an expected box didn't show, and begins anew.
@@ -44,6 +48,7 @@ class AvisosDePrueba final : public Avisos {
     [[nodiscard]] std::optional<Respuesta> Atiende(const Mensaje& mensaje, bool esPregunta);
 
     QList<Paso> m_guion;
+    std::function<void()> m_alMostrar;
     QList<Mostrado> m_mostrados;
 };
 
