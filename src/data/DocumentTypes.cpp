@@ -26,11 +26,8 @@ constexpr int kInicioTipoDato = 128;
 constexpr int kInicioTipoLongitud = 130;
 
 TipoDocumento Corta(const QString& codigo, QStringView funcion) {
-    return {codigo,
-            Mid(funcion, kInicioCorto, kLargoCorto).toString(),
-            Recorta(Mid(funcion, kInicioLargo, 2)).toInt(),
-            Mid(funcion, kInicioTipoDato, 1).toString(),
-            Mid(funcion, kInicioTipoLongitud, 1).toString()};
+    return {codigo, Mid(funcion, kInicioCorto, kLargoCorto).toString(), Recorta(Mid(funcion, kInicioLargo, 2)).toInt(),
+            Mid(funcion, kInicioTipoDato, 1).toString(), Mid(funcion, kInicioTipoLongitud, 1).toString()};
 }
 
 bool LargoValido(const TipoDocumento& tipo, qsizetype largo) {

@@ -11,11 +11,11 @@ class Base;
 
 /// A row of the catalogue of document types, cut out of its fixed columns.
 struct TipoDocumento {
-    QString codigo;        ///< two digits, "06" is the RUC
-    QString corto;         ///< short name, 11 characters at most
-    int largo = 0;         ///< LenDoc: length of the number
-    QString tipoDato;      ///< column 128, "0" or another
-    QString tipoLongitud;  ///< column 130, "0" a maximum, otherwise exact
+    QString codigo;       ///< two digits, "06" is the RUC
+    QString corto;        ///< short name, 11 characters at most
+    int largo = 0;        ///< LenDoc: length of the number
+    QString tipoDato;     ///< column 128, "0" or another
+    QString tipoLongitud; ///< column 130, "0" a maximum, otherwise exact
 
     /// The item of the lists: code, short name in 60 characters and the tail of length and flags from which the
     /// dialogs read the rules of the chosen type back.

@@ -51,9 +51,7 @@ const std::array<Regla, 6>& Reglas() {
         {[](const Declaracion& d) { return !d.pago.EsEfectivo() && !d.pago.EsCheque(); },
          u"Indique la forma de pago."_s},
         {[](const Declaracion& d) { return d.pago.EsCheque() && !d.pago.ConBanco(); }, u"Seleccione el banco."_s},
-        {[](const Declaracion& d) {
-             return d.pago.EsCheque() && d.pago.ConBanco() && d.pago.numeroCheque.isEmpty();
-         },
+        {[](const Declaracion& d) { return d.pago.EsCheque() && d.pago.ConBanco() && d.pago.numeroCheque.isEmpty(); },
          u"Ingrese el número de cheque."_s},
         {[](const Declaracion& d) { return d.pago.EsCheque() && EsNumericoCero(d.pago.numeroCheque); },
          u"Ingrese un número de cheque diferente de '0'."_s},

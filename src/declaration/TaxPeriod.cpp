@@ -72,11 +72,12 @@ Veredicto ValidaContForm1(Base& base, const Identificacion& identificacion, cons
 Veredicto RechazaRucDeOcho(const QString& ruc) {
     if (Recorta(ruc).size() != 8)
         return Veredicto::Bien();
-    return Veredicto::Rechaza({Icono::Informacion,
-                               u"No puede grabar declaraciones con RUC de 8, modifique el RUC de 8 a 11 en el Modulo de "
-                               "Registro de Declarantes."_s,
-                               {}},
-                              kCampoRuc);
+    return Veredicto::Rechaza(
+        {Icono::Informacion,
+         u"No puede grabar declaraciones con RUC de 8, modifique el RUC de 8 a 11 en el Modulo de "
+         "Registro de Declarantes."_s,
+         {}},
+        kCampoRuc);
 }
 
 } // namespace xa518

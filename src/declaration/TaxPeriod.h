@@ -16,10 +16,10 @@ inline const QString kCampoPeriodo = QStringLiteral("MkePeriodo");
 
 /// What the identification page holds when its rules run.
 struct Identificacion {
-    bool nueva = true;              ///< a new declaration, whose key may still change
-    QString ruc;                    ///< trimmed
-    QString mostrado;               ///< text of the period field, "mm/yyyy" with "_" where nothing was typed
-    bool periodoHabilitado = true;  ///< false once the key is frozen
+    bool nueva = true;             ///< a new declaration, whose key may still change
+    QString ruc;                   ///< trimmed
+    QString mostrado;              ///< text of the period field, "mm/yyyy" with "_" where nothing was typed
+    bool periodoHabilitado = true; ///< false once the key is frozen
 };
 
 /// The period is complete, from 01/2005 to the current month, and its month exists. An unfinished one fails silently.
