@@ -2,9 +2,11 @@
 
 #include "data/Catalog.h"
 #include "data/Process.h"
+#include "data/SchemaVersion.h"
 #include "values/Text.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace xa518 {
 
@@ -54,7 +56,20 @@ void AbrirBase(Proceso& proceso, const ArchivoPerfil& perfil) {
     // Before the opening, and at every start even when the opening fails: the family's programs find the file by it.
     perfil.Escribe(kSeccionOpciones, u"SystemDB", grupo);
     GrupoTrabajo(grupo).Verifica(CuentaConfigurada(perfil));
-    proceso.baseDatos = Base::Abre(proceso.rutaBase);
+    std::unique_ptr<Base> base = Base::Abre(proceso.rutaBase);
+    ExigeVersion(*base);
+    proceso.baseDatos = std::move(base);
+}
+
+void ExigeInstalacion(const ArchivoPerfil& perfil) {
+    if (!QFileInfo::exists(perfil.Ruta()))
+        throw Error(NumeroError::ArchivoNoEncontrado,
+                    u"No se encuentra '%1'. Ejecute primero consola --instalar."_s.arg(perfil.Ruta()));
+    for (const QString& clave : {u"SysPath"_s, u"DBPath"_s, u"DBName"_s}) {
+        if (Opcion(perfil, clave).isEmpty())
+            throw Error(NumeroError::ArgumentoInvalido,
+                        u"Falta la clave %1 en '%2'. Ejecute consola --instalar."_s.arg(clave, perfil.Ruta()));
+    }
 }
 
 void LeerCatalogoInicial(Proceso& proceso) {

@@ -26,6 +26,10 @@ void LeerIni(Proceso& proceso, const ArchivoPerfil& perfil);
 /// Writes `SystemDB`, checks the account against the workgroup file and opens the database. Raises `ErrorBase`.
 void AbrirBase(Proceso& proceso, const ArchivoPerfil& perfil);
 
+/// What the tools without a window ask before they open: the profile file is there and names folder and base. Without
+/// it there is nothing to find the base by, and writing a new one would only hide that. Raises `Error`.
+void ExigeInstalacion(const ArchivoPerfil& perfil);
+
 /// What the module reads once the base is open: `FechaPrimerIgv`.
 void LeerCatalogoInicial(Proceso& proceso);
 

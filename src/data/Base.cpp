@@ -11,10 +11,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A text is never null for the tables, however Qt made it: only a value that was left out is. The driver would take
-/// a default QString for null, and a condition on it would match no row.
+/// A text is never null for the tables, however Qt made it: only a value that was left out, or read as null, is. The
+/// driver would take a default QString for null, and a condition on it would match no row.
 QVariant SinTextoNulo(const QVariant& valor) {
-    const bool esTexto = valor.metaType() == QMetaType::fromType<QString>();
+    const bool esTexto = !valor.isNull() && valor.metaType() == QMetaType::fromType<QString>();
     return esTexto && static_cast<const QString*>(valor.constData())->isNull() ? QVariant(u""_s) : valor;
 }
 
@@ -51,7 +51,8 @@ bool Registros::EsNulo(int columna) const {
 }
 
 QVariant Registros::Valor(int columna) const {
-    return m_consulta->value(columna);
+    // The driver hands null out as a default text, which bound again would be the empty text.
+    return m_consulta->isNull(columna) ? QVariant() : m_consulta->value(columna);
 }
 
 int Registros::Columna(QStringView nombre) const {

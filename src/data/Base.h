@@ -40,7 +40,7 @@ class Registros {
     [[nodiscard]] QString Texto(QStringView columna) const { return Texto(Columna(columna)); }
     [[nodiscard]] qint64 Entero(int columna) const;
     [[nodiscard]] bool EsNulo(int columna) const;
-    [[nodiscard]] QVariant Valor(int columna) const;
+    [[nodiscard]] QVariant Valor(int columna) const; ///< an invalid value for null
     [[nodiscard]] QVariant Valor(QStringView columna) const { return Valor(Columna(columna)); }
 
     /// Raises `ErrorBase` (`CampoNoExiste`) for a name that the set lacks.

@@ -32,7 +32,7 @@ QByteArray HashDe(const QString& clave) {
                               crypto_pwhash_OPSLIMIT_INTERACTIVE, crypto_pwhash_MEMLIMIT_INTERACTIVE,
                               crypto_pwhash_ALG_ARGON2ID13) != 0)
         throw ErrorBase(NumeroError::CuentaRechazada, u"No hay memoria para cifrar la cuenta."_s);
-    return QByteArray(hash.data());
+    return {hash.data()};
 }
 
 bool Coincide(const QByteArray& hash, const QString& clave) {

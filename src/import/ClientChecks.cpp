@@ -17,7 +17,8 @@ constexpr int kLargoDni = 8;
 constexpr int kLargoOtroDoc = 12;
 
 Codigo CompruebaRuc(const QString& campo, const ContextoImportacion& contexto) {
-    if (campo == contexto.docDeclarante) return "0221"_L1;
+    if (campo == contexto.docDeclarante)
+        return "0221"_L1;
     return ObjetoUtil::ValidaRUC(campo) ? kAceptado : "0001"_L1;
 }
 
@@ -28,7 +29,8 @@ Codigo CompruebaOtroDoc(const QString& campo, bool esDni) {
 }
 
 Codigo LimpiaNombre(QString& campo) {
-    if (campo.contains(u'Ñ') || campo.contains(u'ñ')) campo = ObjetoUtil::QuitaEnie(Recorta(campo).toString());
+    if (campo.contains(u'Ñ') || campo.contains(u'ñ'))
+        campo = ObjetoUtil::QuitaEnie(Recorta(campo).toString());
     return ObjetoUtil::ValidaCaracteres(campo) ? kAceptado : "0239"_L1;
 }
 
@@ -40,8 +42,10 @@ Codigo SoloDePersona(const QString& campo) {
 } // namespace
 
 Codigo CompruebaTipoDoc(QString& campo, LineaComprobada& linea, const ContextoImportacion& /*contexto*/) {
-    if (campo.size() > 2) return "0888"_L1;
-    if (!EstaEnLista(campo, u"01-02-03-04-06-07")) return "0009"_L1;
+    if (campo.size() > 2)
+        return "0888"_L1;
+    if (!EstaEnLista(campo, u"01-02-03-04-06-07"))
+        return "0009"_L1;
     const Decimal valor = Decimal::Valor(campo);
     linea.tipoDocLinea = valor.Texto();
     linea.tipoDocPer = static_cast<int>(valor.RedondeaPar(0).Mantisa());
@@ -56,27 +60,34 @@ Codigo CompruebaNumDoc(QString& campo, LineaComprobada& linea, const ContextoImp
 }
 
 Codigo CompruebaRazonSocial(QString& campo, LineaComprobada& linea, const ContextoImportacion& /*contexto*/) {
-    if (!linea.clienteEsEmpresa) return campo.isEmpty() ? kAceptado : "0992"_L1;
-    if (campo.isEmpty()) return "0003"_L1;
+    if (!linea.clienteEsEmpresa)
+        return campo.isEmpty() ? kAceptado : "0992"_L1;
+    if (campo.isEmpty())
+        return "0003"_L1;
     campo.truncate(kLargoRazon);
     return LimpiaNombre(campo);
 }
 
 Codigo CompruebaApellidoPaterno(QString& campo, LineaComprobada& linea, const ContextoImportacion& /*contexto*/) {
-    if (linea.clienteEsEmpresa) return SoloDePersona(campo);
-    if (campo.isEmpty()) return "0853"_L1;
+    if (linea.clienteEsEmpresa)
+        return SoloDePersona(campo);
+    if (campo.isEmpty())
+        return "0853"_L1;
     return campo.size() > kLargoNombre ? "0889"_L1 : LimpiaNombre(campo);
 }
 
 Codigo CompruebaApellidoMaterno(QString& campo, LineaComprobada& linea, const ContextoImportacion& /*contexto*/) {
-    if (linea.clienteEsEmpresa) return SoloDePersona(campo);
+    if (linea.clienteEsEmpresa)
+        return SoloDePersona(campo);
     return campo.size() > kLargoNombre ? "0889"_L1 : LimpiaNombre(campo);
 }
 
 /// Wanted: unlike a surname, the first names are cut without a word.
 Codigo CompruebaNombres(QString& campo, LineaComprobada& linea, const ContextoImportacion& /*contexto*/) {
-    if (linea.clienteEsEmpresa) return SoloDePersona(campo);
-    if (campo.isEmpty()) return "0855"_L1;
+    if (linea.clienteEsEmpresa)
+        return SoloDePersona(campo);
+    if (campo.isEmpty())
+        return "0855"_L1;
     campo.truncate(kLargoNombre);
     return LimpiaNombre(campo);
 }

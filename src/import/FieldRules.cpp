@@ -35,7 +35,8 @@ bool EsMontoNumerico(QStringView campo, bool admiteSigno) {
 
 Codigo CompruebaAncho(QStringView campo, const ReglaMonto& regla) {
     const qsizetype punto = campo.indexOf(u'.');
-    if ((punto < 0 ? campo.size() : punto) > regla.maximoEnteros) return regla.enteros;
+    if ((punto < 0 ? campo.size() : punto) > regla.maximoEnteros)
+        return regla.enteros;
     return punto >= 0 && campo.size() > regla.maximoEnteros + 3 ? regla.largo : kAceptado;
 }
 
@@ -46,20 +47,23 @@ bool EstaEnLista(QStringView campo, QStringView lista) {
 }
 
 bool CompletaSerie(QString& campo) {
-    if (campo.isEmpty() || campo.size() > kAnchoSerie) return false;
+    if (campo.isEmpty() || campo.size() > kAnchoSerie)
+        return false;
     campo = ObjetoUtil::CompletaIzquierda(campo, kAnchoSerie, u'0');
     return ObjetoUtil::EsTeclaValida(campo.front().unicode()) &&
            std::all_of(campo.cbegin() + 1, campo.cend(), PasaNumero);
 }
 
 bool CompletaNumero(QString& campo, int ancho) {
-    if (campo.isEmpty() || campo.size() > ancho) return false;
+    if (campo.isEmpty() || campo.size() > ancho)
+        return false;
     campo = ObjetoUtil::CompletaIzquierda(campo, ancho, u'0');
     return std::all_of(campo.cbegin(), campo.cend(), PasaNumero) && SignoDelValor(campo) > 0;
 }
 
 std::optional<QDate> FechaImportada(QStringView campo) {
-    if (!ObjetoUtil::FechaEnRango(campo, u"01/01/1850", u"01/01/2500")) return std::nullopt;
+    if (!ObjetoUtil::FechaEnRango(campo, u"01/01/1850", u"01/01/2500"))
+        return std::nullopt;
     return LeeFecha(campo);
 }
 
@@ -81,18 +85,24 @@ bool EmpiezaConDigito(QStringView serie) {
 }
 
 bool EsSerieConLetra(QStringView serie) {
-    if (serie.size() < kAnchoSerie || !(EsLetra(serie.front()) || EsDigito(serie.front()))) return false;
+    if (serie.size() < kAnchoSerie || !(EsLetra(serie.front()) || EsDigito(serie.front())))
+        return false;
     const QStringView resto = serie.sliced(1, kAnchoSerie - 1);
     return std::none_of(resto.begin(), resto.end(), EsLetra);
 }
 
 Codigo CompruebaMonto(QStringView campo, const ReglaMonto& regla) {
-    if (campo.isEmpty()) return regla.vacio;
-    if (SignoDelValor(campo) <= 0) return regla.noValido;
-    if (!EsMontoNumerico(campo, regla.admiteSigno)) return regla.noNumerico;
+    if (campo.isEmpty())
+        return regla.vacio;
+    if (SignoDelValor(campo) <= 0)
+        return regla.noValido;
+    if (!EsMontoNumerico(campo, regla.admiteSigno))
+        return regla.noNumerico;
     // Wanted: amounts below zero have left above; the code stands for the day that rule changes.
-    if (SignoDelValor(campo) < 0) return regla.negativo;
-    if (campo.count(u'.') >= 2) return regla.puntos;
+    if (SignoDelValor(campo) < 0)
+        return regla.negativo;
+    if (campo.count(u'.') >= 2)
+        return regla.puntos;
     return CompruebaAncho(campo, regla);
 }
 

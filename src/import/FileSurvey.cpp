@@ -30,12 +30,17 @@ Revision RevisaArchivo(QIODevice& archivo, int separadores) {
     Revision revision;
     for (;;) {
         const LectorLineas::Lectura lectura = lector.Siguiente();
-        if (lectura == LectorLineas::Lectura::Fin) return revision;
-        if (lectura == LectorLineas::Lectura::DemasiadoLarga) return {Defecto::LineaDemasiadoLarga};
-        if (!CuentaPye(lector.Linea(), separadores)) return {Defecto::Separadores};
-        if (!TerminaEnSeparador(lector.Linea())) revision.defecto = Defecto::SinSeparadorFinal;
+        if (lectura == LectorLineas::Lectura::Fin)
+            return revision;
+        if (lectura == LectorLineas::Lectura::DemasiadoLarga)
+            return {Defecto::LineaDemasiadoLarga};
+        if (!CuentaPye(lector.Linea(), separadores))
+            return {Defecto::Separadores};
+        if (!TerminaEnSeparador(lector.Linea()))
+            revision.defecto = Defecto::SinSeparadorFinal;
         // No character of UTF-8 goes on past an end of line, so the file is valid when each of its lines is.
-        if (!EsUtf8Valido(lector.Linea())) revision.codificacion = Codificacion::Windows1252;
+        if (!EsUtf8Valido(lector.Linea()))
+            revision.codificacion = Codificacion::Windows1252;
     }
 }
 

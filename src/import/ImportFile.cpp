@@ -15,9 +15,11 @@ QString NombreDeArchivo(const Proceso& proceso, const FormatoImportacion& format
 }
 
 QString BuscaArchivo(const QString& carpeta, const QString& nombre) {
-    if (carpeta.isEmpty()) throw Error(NumeroError::ArgumentoInvalido, u"Falta la carpeta del archivo a importar."_s);
+    if (carpeta.isEmpty())
+        throw Error(NumeroError::ArgumentoInvalido, u"Falta la carpeta del archivo a importar."_s);
     const QDir directorio(carpeta);
-    if (ObjetoUtil::ExisteArchivo(directorio.filePath(nombre))) return directorio.filePath(nombre);
+    if (ObjetoUtil::ExisteArchivo(directorio.filePath(nombre)))
+        return directorio.filePath(nombre);
     // Files that come from other systems may bear the name in lower case.
     const QStringList iguales = directorio.entryList({nombre}, QDir::Files);
     if (iguales.isEmpty())

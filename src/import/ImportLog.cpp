@@ -54,7 +54,8 @@ void LogImportacion::Anota(const Escritura& escritura) {
     try {
         escritura();
     } catch (const Error& error) {
-        if (m_falla.isEmpty()) m_falla = error.Texto();
+        if (m_falla.isEmpty())
+            m_falla = error.Texto();
     }
 }
 

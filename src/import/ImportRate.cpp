@@ -14,12 +14,14 @@ struct Respuestas {
 };
 
 QString ClaseEnBandaB(const Respuestas& r) {
-    if (r.credito && r.lista) return u"1"_s;
+    if (r.credito && r.lista)
+        return u"1"_s;
     return r.venta ? u"6"_s : u"2"_s;
 }
 
 QString ClaseEnBandaC(const Respuestas& r) {
-    if (!r.credito) return u"5"_s;
+    if (!r.credito)
+        return u"5"_s;
     return r.lista && r.monto ? u"3"_s : u"4"_s;
 }
 

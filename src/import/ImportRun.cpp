@@ -103,11 +103,13 @@ void Transferencia::RecorreLineas(QFile& archivo, Codificacion codificacion, Obs
 void Transferencia::ImportaLinea(QByteArrayView bytes, Codificacion codificacion, Almacen& almacen) {
     SeparaCampos(Decodifica(bytes, codificacion), m_formato.Campos(), m_campos);
     const Codigo refutacion = CompruebaLinea(m_formato.comprobaciones, m_campos, m_contexto, m_linea);
-    if (!refutacion.isEmpty()) return Rechaza(bytes, refutacion);
+    if (!refutacion.isEmpty())
+        return Rechaza(bytes, refutacion);
     ++m_resultado.transferidos;
     for (const Codigo objecion : almacen.Guarda(m_linea)) {
         // Wanted: only a duplicate key takes the line back from the transferred ones.
-        if (objecion == kClaveDuplicada) --m_resultado.transferidos;
+        if (objecion == kClaveDuplicada)
+            --m_resultado.transferidos;
         Rechaza(bytes, objecion);
     }
 }
@@ -122,7 +124,8 @@ void Transferencia::CalcularTot() {
     try {
         TablasTrabajo(*m_proceso.baseDatos).CalculaTotales();
     } catch (const Error& error) {
-        if (m_resultado.fin != FinImportacion::Fallida) Falla(error);
+        if (m_resultado.fin != FinImportacion::Fallida)
+            Falla(error);
     }
 }
 

@@ -11,7 +11,8 @@ void SeparaCampos(const QString& linea, int maximo, QStringList& campos) {
     qsizetype desde = 0;
     while (campos.size() < maximo) {
         const qsizetype separador = texto.indexOf(u'|', desde);
-        if (separador < 0) return;
+        if (separador < 0)
+            return;
         campos.append(Recorta(texto.sliced(desde, separador - desde)).toString());
         desde = separador + 1;
     }

@@ -18,13 +18,15 @@ constexpr QByteArrayView kMarcaUtf8("\xEF\xBB\xBF", 3);
 } // namespace
 
 LectorLineas::LectorLineas(QIODevice& archivo) : m_archivo(archivo), m_buffer(kBuffer, Qt::Uninitialized) {
-    if (!m_archivo.seek(0)) throw Error(NumeroError::AccesoAlDisco, m_archivo.errorString());
+    if (!m_archivo.seek(0))
+        throw Error(NumeroError::AccesoAlDisco, m_archivo.errorString());
     Rellena();
     SaltaMarca();
 }
 
 void LectorLineas::SaltaMarca() {
-    if (QByteArrayView(m_buffer).first(m_hasta).startsWith(kMarcaUtf8)) m_desde = kMarcaUtf8.size();
+    if (QByteArrayView(m_buffer).first(m_hasta).startsWith(kMarcaUtf8))
+        m_desde = kMarcaUtf8.size();
 }
 
 LectorLineas::Lectura LectorLineas::Siguiente() {
@@ -32,8 +34,10 @@ LectorLineas::Lectura LectorLineas::Siguiente() {
     for (;;) {
         const QByteArrayView resto(m_buffer.constData() + m_desde, m_hasta - m_desde);
         const qsizetype salto = resto.indexOf('\n', vistos);
-        if (salto >= 0) return Entrega(salto, salto + 1);
-        if (m_agotado) return resto.isEmpty() ? Lectura::Fin : Entrega(resto.size(), resto.size());
+        if (salto >= 0)
+            return Entrega(salto, salto + 1);
+        if (m_agotado)
+            return resto.isEmpty() ? Lectura::Fin : Entrega(resto.size(), resto.size());
         if (resto.size() > kLargoMaximo + 1) // one more for the CR of a CRLF that is still to come
             return Lectura::DemasiadoLarga;
         vistos = resto.size();
@@ -43,7 +47,8 @@ LectorLineas::Lectura LectorLineas::Siguiente() {
 
 LectorLineas::Lectura LectorLineas::Entrega(qsizetype fin, qsizetype siguiente) {
     m_linea = QByteArrayView(m_buffer.constData() + m_desde, fin);
-    if (m_linea.endsWith('\r')) m_linea.chop(1);
+    if (m_linea.endsWith('\r'))
+        m_linea.chop(1);
     m_desde += siguiente;
     return m_linea.size() > kLargoMaximo ? Lectura::DemasiadoLarga : Lectura::Linea;
 }

@@ -25,8 +25,10 @@ bool EsUnoDe(QStringView tipo, const std::array<Codigo, N>& tipos) {
 Codigo CompruebaCredito(QStringView tipo, bool creditoFiscal) {
     static constexpr std::array<Codigo, 4> kConCredito{"01"_L1, "07"_L1, "08"_L1, "12"_L1};
     static constexpr std::array<Codigo, 2> kSinCredito{"03"_L1, "99"_L1};
-    if (!creditoFiscal) return tipo == u"01" ? "0883"_L1 : kAceptado;
-    if (EsUnoDe(tipo, kConCredito)) return kAceptado;
+    if (!creditoFiscal)
+        return tipo == u"01" ? "0883"_L1 : kAceptado;
+    if (EsUnoDe(tipo, kConCredito))
+        return kAceptado;
     return EsUnoDe(tipo, kSinCredito) ? "0891"_L1 : "0883"_L1;
 }
 
@@ -34,7 +36,8 @@ Codigo CompruebaCredito(QStringView tipo, bool creditoFiscal) {
 bool SeriePermitidaEn(const QDate& fecha, const LineaComprobada& linea) {
     static constexpr std::array<Codigo, 4> kConLetra{"03"_L1, "01"_L1, "07"_L1, "08"_L1};
     const QString& serie = linea[Campo::SerieCp];
-    if (!AdmiteSerieConLetra(fecha) || !EsUnoDe(linea[Campo::TipoCp], kConLetra)) return EmpiezaConDigito(serie);
+    if (!AdmiteSerieConLetra(fecha) || !EsUnoDe(linea[Campo::TipoCp], kConLetra))
+        return EmpiezaConDigito(serie);
     // Wanted: a type "03" whose sale isn't answered with "0" is refused here, under the code of the series.
     return EsSerieConLetra(serie) && (linea[Campo::TipoCp] != u"03" || linea[Campo::RespuestaVenta] == u'0');
 }
@@ -44,9 +47,11 @@ bool SeriePermitidaEn(const QDate& fecha, const LineaComprobada& linea) {
 Codigo CompruebaTipoCp(QString& campo, LineaComprobada& linea, const ContextoImportacion& /*contexto*/) {
     linea.tipoCpCrudo = campo;
     linea.largoNumeroCp = campo == u"99" ? kAnchoNumeroOtros : kAnchoNumero;
-    if (campo.isEmpty()) return "0883"_L1;
+    if (campo.isEmpty())
+        return "0883"_L1;
     campo = ObjetoUtil::CompletaIzquierda(campo, kAnchoTipo, u'0');
-    if (!EstaEnLista(campo, u"01-03-07-08-12-99")) return "0883"_L1;
+    if (!EstaEnLista(campo, u"01-03-07-08-12-99"))
+        return "0883"_L1;
     return CompruebaCredito(campo, linea.Si(Campo::CreditoFiscal));
 }
 
@@ -60,9 +65,12 @@ Codigo CompruebaNumeroCp(QString& campo, LineaComprobada& linea, const ContextoI
 
 Codigo CompruebaFechaCp(QString& campo, LineaComprobada& linea, const ContextoImportacion& contexto) {
     const std::optional<QDate> fecha = FechaImportada(campo);
-    if (!fecha) return "0859"_L1;
-    if (!Fechadesistema(*fecha, contexto.hoy)) return "0990"_L1;
-    if (contexto.periodoDeclarado.toInt() < MesDe(*fecha)) return "0868"_L1;
+    if (!fecha)
+        return "0859"_L1;
+    if (!Fechadesistema(*fecha, contexto.hoy))
+        return "0990"_L1;
+    if (contexto.periodoDeclarado.toInt() < MesDe(*fecha))
+        return "0868"_L1;
     return SeriePermitidaEn(*fecha, linea) ? kAceptado : "0892"_L1;
 }
 

@@ -16,6 +16,13 @@ QString Huella(const QString& fecha, const QString& monto) {
     return FormatFecha(fecha, u"dd/mm/yyyy") + Format(monto, u"############.##");
 }
 
+/// Texts that are the same need no format to be found so, and most are.
+bool MismoComprobante(const QString& fecha, const QString& monto, const LineaComprobada& linea) {
+    const QString& suFecha = linea[Campo::FechaEmision];
+    const QString& suMonto = linea[Campo::MontoCobrado];
+    return (fecha == suFecha && monto == suMonto) || Huella(fecha, monto) == Huella(suFecha, suMonto);
+}
+
 /// A row that can't be added since its key stands there already is dropped, and the line goes on with the next one:
 /// wanted, so rows that the line has written, and those that it still writes, stay.
 template <typename Alta>
@@ -23,7 +30,8 @@ void Intenta(Objeciones& objeciones, const Alta& alta) {
     try {
         alta();
     } catch (const ErrorBase& error) {
-        if (!error.Es(NumeroError::ClaveDuplicada)) throw;
+        if (!error.Es(NumeroError::ClaveDuplicada))
+            throw;
         objeciones.append(kClaveDuplicada);
     }
 }
@@ -35,26 +43,29 @@ AlmacenPercepciones::AlmacenPercepciones(Base& base, const QString& periodoDecla
 
 Objeciones AlmacenPercepciones::Guarda(const LineaComprobada& linea) {
     Objeciones objeciones;
-    if (m_cliente.Not_Seek_Cab_N(linea)) Intenta(objeciones, [&] { m_cliente.Agrega(linea); });
-    const QString leido = Not_Seek_Det_N(linea);
-    if (leido.isEmpty()) {
-        Intenta(objeciones, [&] { m_comprobante.Agrega(linea, u""_s); });
-    } else if (leido != Huella(linea[Campo::FechaEmision], linea[Campo::MontoCobrado])) {
+    if (m_cliente.Not_Seek_Cab_N(linea))
+        Intenta(objeciones, [&] { m_cliente.Agrega(linea); });
+    const Leido leido = Not_Seek_Det_N(linea);
+    if (leido == Leido::Distinto) {
         objeciones.append(kComprobanteDistinto);
         return objeciones;
     }
+    if (leido == Leido::No)
+        Intenta(objeciones, [&] { m_comprobante.Agrega(linea, u""_s); });
     Intenta(objeciones, [&] { m_pago.Agrega(linea); });
     return objeciones;
 }
 
-/// Date and amount of the perception voucher already in the table; empty when there is none.
-QString AlmacenPercepciones::Not_Seek_Det_N(const LineaComprobada& linea) const {
+/// Looks for the line's perception voucher among those already in the table, and compares date and amount.
+AlmacenPercepciones::Leido AlmacenPercepciones::Not_Seek_Det_N(const LineaComprobada& linea) const {
     Registros fila = m_base->Lee(
         u"Select fec_emision_cp, mto_base_p  from TMPF518PDET "
         " WHERE tip_doc_per = ? and num_doc_per = ?  and Num_Serie_cp = ?"
         " and Num_cp = ? and tip_cp = ''"_s,
         {linea.tipoDocPer, linea[Campo::NumDoc], linea[Campo::SeriePercepcion], linea[Campo::NumeroPercepcion]});
-    return fila.Siguiente() ? Huella(fila.Texto(0), fila.Texto(1)) : QString();
+    if (!fila.Siguiente())
+        return Leido::No;
+    return MismoComprobante(fila.Texto(0), fila.Texto(1), linea) ? Leido::Igual : Leido::Distinto;
 }
 
 } // namespace xa518

@@ -13,7 +13,8 @@ class AlmacenPercepciones final : public Almacen {
     [[nodiscard]] Objeciones Guarda(const LineaComprobada& linea) override;
 
   private:
-    [[nodiscard]] QString Not_Seek_Det_N(const LineaComprobada& linea) const;
+    enum class Leido { No, Igual, Distinto };
+    [[nodiscard]] Leido Not_Seek_Det_N(const LineaComprobada& linea) const;
 
     Base* m_base;
     AltaCliente m_cliente;

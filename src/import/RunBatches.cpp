@@ -11,13 +11,16 @@ constexpr int kLineasPorLote = 5000;
 } // namespace
 
 void Lotes::Linea() {
-    if (m_lineas == kLineasPorLote) Cierra();
-    if (!m_abierta) m_abierta.emplace(m_base->Comienza());
+    if (m_lineas == kLineasPorLote)
+        Cierra();
+    if (!m_abierta)
+        m_abierta.emplace(m_base->Comienza());
     ++m_lineas;
 }
 
 void Lotes::Cierra() {
-    if (m_abierta) m_abierta->Confirma();
+    if (m_abierta)
+        m_abierta->Confirma();
     m_abierta.reset();
     m_lineas = 0;
 }

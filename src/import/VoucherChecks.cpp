@@ -17,7 +17,8 @@ bool EsSiNo(const QString& campo) {
 }
 
 Codigo CompruebaMes(const QDate& fecha, const QString& periodoDeclarado) {
-    if (periodoDeclarado.toInt() != MesDe(fecha)) return "0991"_L1;
+    if (periodoDeclarado.toInt() != MesDe(fecha))
+        return "0991"_L1;
     // Wanted: no real date has a month below 1; the code stays with its text.
     return fecha.month() < 1 && fecha.year() == 2005 ? "0876"_L1 : kAceptado;
 }
@@ -38,10 +39,13 @@ Codigo CompruebaNumeroPercepcion(QString& campo, LineaComprobada& /*linea*/, con
 
 Codigo CompruebaFechaEmision(QString& campo, LineaComprobada& linea, const ContextoImportacion& contexto) {
     const std::optional<QDate> fecha = FechaImportada(campo);
-    if (!fecha) return "0859"_L1;
-    if (!Fechadesistema(*fecha, contexto.hoy)) return "0989"_L1;
+    if (!fecha)
+        return "0859"_L1;
+    if (!Fechadesistema(*fecha, contexto.hoy))
+        return "0989"_L1;
     const Codigo codigo = CompruebaMes(*fecha, contexto.periodoDeclarado);
-    if (!codigo.isEmpty()) return codigo;
+    if (!codigo.isEmpty())
+        return codigo;
     return SeriePermitidaEn(*fecha, linea[Campo::SeriePercepcion]) ? kAceptado : "0857"_L1;
 }
 
@@ -50,7 +54,8 @@ Codigo CompruebaCreditoFiscal(QString& campo, LineaComprobada& /*linea*/, const 
 }
 
 Codigo CompruebaRespuestaVenta(QString& campo, LineaComprobada& /*linea*/, const ContextoImportacion& contexto) {
-    if (contexto.periodoDeclarado < kPrimerPeriodoVenta) return campo.isEmpty() ? kAceptado : "0869"_L1;
+    if (contexto.periodoDeclarado < kPrimerPeriodoVenta)
+        return campo.isEmpty() ? kAceptado : "0869"_L1;
     return EsSiNo(campo) ? kAceptado : "0870"_L1;
 }
 

@@ -28,7 +28,8 @@ QString SinBlancosFinales(QString texto) {
 
 bool Iguales(const Registros& fila, const QVariantList& valores) {
     for (int i = 0; i < valores.size(); ++i) {
-        if (fila.Texto(i) != valores[i].toString()) return false;
+        if (fila.Texto(i) != valores[i].toString())
+            return false;
     }
     return true;
 }

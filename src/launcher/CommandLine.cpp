@@ -4,7 +4,6 @@
 #include "data/Process.h"
 #include "launcher/Declarants.h"
 #include "launcher/Installation.h"
-#include "launcher/Schema.h"
 #include "launcher/Sending.h"
 #include "platform/Clock.h"
 #include "values/Error.h"
@@ -62,46 +61,40 @@ struct Pedido {
 };
 
 void Exige(const Veredicto& veredicto) {
-    if (!veredicto) throw Rechazo(veredicto.mensaje->texto);
-}
-
-/// Before the opening, which already writes to the profile file.
-void ExigeInstalacion(const ArchivoPerfil& perfil) {
-    if (!QFileInfo::exists(perfil.Ruta()))
-        throw Rechazo(u"No se encuentra '%1'. Ejecute primero consola --instalar."_s.arg(perfil.Ruta()));
-    for (const QString& clave : {u"SysPath"_s, u"DBPath"_s, u"DBName"_s}) {
-        if (perfil.Lee(kSeccionOpciones, clave).isEmpty())
-            throw Rechazo(u"Falta la clave %1 en '%2'. Ejecute consola --instalar."_s.arg(clave, perfil.Ruta()));
-    }
+    if (!veredicto)
+        throw Rechazo(veredicto.mensaje->texto);
 }
 
 void Abre(Proceso& proceso, const ArchivoPerfil& perfil) {
     ExigeInstalacion(perfil);
     LeerIni(proceso, perfil);
     AbrirBase(proceso, perfil);
-    ExigeVersion(*proceso.baseDatos);
 }
 
 void Instala(const Pedido& pedido) {
     const QString carpeta = pedido.opciones.isSet(u"carpeta"_s)
                                 ? pedido.opciones.value(u"carpeta"_s)
                                 : Instalacion::CarpetaVigente(pedido.perfil, pedido.entorno.carpeta);
-    if (carpeta.isEmpty()) throw Rechazo(u"La carpeta de la instalación no puede quedar en blanco."_s);
+    if (carpeta.isEmpty())
+        throw Rechazo(u"La carpeta de la instalación no puede quedar en blanco."_s);
     Instalacion instalacion(carpeta, pedido.perfil);
     QStringList hecho = instalacion.Instala(pedido.entorno.usuario);
-    if (pedido.opciones.isSet(u"ejemplo"_s)) hecho += instalacion.InstalaEjemplo();
+    if (pedido.opciones.isSet(u"ejemplo"_s))
+        hecho += instalacion.InstalaEjemplo();
     pedido.salida << hecho.join(u'\n') << '\n';
 }
 
 void RegistraDeclarante(const Pedido& pedido) {
-    if (!pedido.opciones.isSet(u"nombre"_s)) throw Rechazo(u"Falta la opción --nombre."_s);
+    if (!pedido.opciones.isSet(u"nombre"_s))
+        throw Rechazo(u"Falta la opción --nombre."_s);
     Proceso proceso(pedido.entorno.reloj);
     Abre(proceso, pedido.perfil);
     Declarantes declarantes(*proceso.baseDatos);
     Declarante declarante{pedido.opciones.value(u"declarante"_s), pedido.opciones.value(u"nombre"_s),
                           pedido.opciones.value(u"usuario"_s)};
     const bool estaba = declarantes.Busca(Recorta(declarante.ruc).toString()).has_value();
-    if (!estaba && declarante.usuario.isEmpty()) declarante.usuario = proceso.sysUser;
+    if (!estaba && declarante.usuario.isEmpty())
+        declarante.usuario = proceso.sysUser;
     Exige(declarantes.Registra(declarante));
     pedido.salida << (estaba ? u"Declarante cambiado: "_s : u"Declarante registrado: "_s) << declarante.ruc << '\n';
 }
@@ -158,7 +151,8 @@ void Define(QCommandLineParser& opciones) {
 }
 
 void Lee(QCommandLineParser& opciones, const QStringList& argumentos) {
-    if (opciones.parse(argumentos)) return;
+    if (opciones.parse(argumentos))
+        return;
     const QStringList desconocidas = opciones.unknownOptionNames();
     throw Rechazo(desconocidas.isEmpty() ? u"Falta el valor de una opción. Vea consola --help."_s
                                          : u"Opción desconocida: %1. Vea consola --help."_s.arg(desconocidas.first()));
@@ -172,7 +166,8 @@ const Orden& OrdenPedida(const QCommandLineParser& opciones) {
         throw Rechazo(u"La consola todavía no tiene ventana: indíquele una orden. Vea consola --help."_s);
     for (const QString& opcion : opciones.optionNames()) {
         const bool propia = opcion == orden->nombre || orden->admite.contains(opcion) || opcion.size() == 1;
-        if (!propia) throw Rechazo(u"La opción --%1 no va con --%2. Vea consola --help."_s.arg(opcion, orden->nombre));
+        if (!propia)
+            throw Rechazo(u"La opción --%1 no va con --%2. Vea consola --help."_s.arg(opcion, orden->nombre));
     }
     if (opciones.positionalArguments().size() != orden->sueltos)
         throw Rechazo(u"Los argumentos de --%1 no son los esperados. Vea consola --help."_s.arg(orden->nombre));

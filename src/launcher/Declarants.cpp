@@ -31,8 +31,10 @@ bool EsTextoDeUnaLinea(const QString& texto) {
 }
 
 Veredicto ValidaDeclarante(const Declarante& declarante) {
-    if (!EsRucAdmitido(declarante.ruc)) return Rechaza(u"El RUC '%1' no es válido."_s.arg(declarante.ruc), u"ruc"_s);
-    if (declarante.nombre.isEmpty()) return Rechaza(u"Ingrese el nombre o razón social del declarante."_s, u"nombre"_s);
+    if (!EsRucAdmitido(declarante.ruc))
+        return Rechaza(u"El RUC '%1' no es válido."_s.arg(declarante.ruc), u"ruc"_s);
+    if (declarante.nombre.isEmpty())
+        return Rechaza(u"Ingrese el nombre o razón social del declarante."_s, u"nombre"_s);
     if (declarante.nombre.size() > kLargoNombre)
         return Rechaza(u"El nombre del declarante no puede pasar de %1 caracteres."_s.arg(kLargoNombre), u"nombre"_s);
     if (!EsTextoDeUnaLinea(declarante.nombre))
@@ -62,8 +64,9 @@ std::optional<Declarante> Declarantes::Busca(const QString& ruc) const {
 Veredicto Declarantes::Registra(Declarante declarante) {
     declarante.ruc = Recorta(declarante.ruc).toString();
     declarante.nombre = Recorta(declarante.nombre).toString();
-    const Veredicto veredicto = ValidaDeclarante(declarante);
-    if (!veredicto) return veredicto;
+    Veredicto veredicto = ValidaDeclarante(declarante);
+    if (!veredicto)
+        return veredicto;
     Transaccion transaccion = m_base->Comienza();
     if (const std::optional<Declarante> anterior = Busca(declarante.ruc))
         m_base->Ejecuta(

@@ -2,6 +2,7 @@
 
 #include "app/Configuration.h"
 #include "data/Base.h"
+#include "data/SchemaVersion.h"
 #include "data/Workgroup.h"
 #include "launcher/CatalogInstaller.h"
 #include "launcher/Declarants.h"
@@ -50,8 +51,10 @@ QString Relato(const EstadoEsquema& estado) {
 
 void AplicaEsquema(Base& base, QStringList& hecho) {
     const EstadoEsquema estado = Esquema().Aplica(base);
-    if (estado.resultado == ResultadoEsquema::MasNuevo) ExigeVersion(base);
-    if (estado.resultado == ResultadoEsquema::Fallido) throw ErrorBase(estado.numero, estado.motivo);
+    if (estado.resultado == ResultadoEsquema::MasNuevo)
+        ExigeVersion(base);
+    if (estado.resultado == ResultadoEsquema::Fallido)
+        throw ErrorBase(estado.numero, estado.motivo);
     hecho.append(u"Base de datos '%1': %2"_s.arg(base.Ruta(), Relato(estado)));
 }
 

@@ -28,7 +28,8 @@ void EscribePrivado(const QString& ruta, const QByteArray& bytes) {
     const bool escrito = archivo.open(QIODevice::WriteOnly) &&
                          archivo.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
                          archivo.write(bytes) == bytes.size() && archivo.commit();
-    if (!escrito) throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir el archivo '%1'."_s.arg(ruta));
+    if (!escrito)
+        throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir el archivo '%1'."_s.arg(ruta));
 }
 
 QString CopiaArchivo(const QString& nombre, const QString& destino) {

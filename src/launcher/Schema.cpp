@@ -1,6 +1,7 @@
 #include "launcher/Schema.h"
 
 #include "data/Base.h"
+#include "data/SchemaVersion.h"
 #include "data/Transaction.h"
 
 #include <QDir>
@@ -37,9 +38,11 @@ QStringList SentenciasDe(const QString& sql) {
     QStringList sentencias;
     QString sentencia;
     for (const QString& linea : sql.split(u'\n')) {
-        if (linea.startsWith("--"_L1) || linea.trimmed().isEmpty()) continue;
+        if (linea.startsWith("--"_L1) || linea.trimmed().isEmpty())
+            continue;
         sentencia += linea + u'\n';
-        if (linea.endsWith(u';')) sentencias.append(std::exchange(sentencia, QString()));
+        if (linea.endsWith(u';'))
+            sentencias.append(std::exchange(sentencia, QString()));
     }
     return sentencias;
 }
@@ -47,7 +50,8 @@ QStringList SentenciasDe(const QString& sql) {
 /// The version is read again inside the transaction: two installers may run at once.
 void DaPaso(Base& base, const Paso& paso) {
     Transaccion transaccion = base.Comienza();
-    if (VersionDe(base) >= paso.version) return;
+    if (VersionDe(base) >= paso.version)
+        return;
     for (const QString& sentencia : SentenciasDe(LeeSql(paso.ruta)))
         base.Ejecuta(sentencia);
     base.Ejecuta(u"PRAGMA user_version=%1"_s.arg(paso.version));
@@ -56,28 +60,14 @@ void DaPaso(Base& base, const Paso& paso) {
 
 } // namespace
 
-int VersionDe(Base& base) {
-    Registros fila = base.Lee(u"PRAGMA user_version"_s);
-    return fila.Siguiente() ? static_cast<int>(fila.Entero(0)) : 0;
-}
-
-void ExigeVersion(Base& base) {
-    const int version = VersionDe(base);
-    if (version == VersionEsquema) return;
-    throw ErrorBase(NumeroError::VersionAjena,
-                    u"La base '%1' es de la versión %2 y este programa usa la %3. %4"_s.arg(base.Ruta())
-                        .arg(version)
-                        .arg(VersionEsquema)
-                        .arg(version > VersionEsquema ? u"Instale la versión actual del programa."_s
-                                                      : u"Ejecute consola --instalar."_s));
-}
-
 EstadoEsquema Esquema::Aplica(Base& base) const {
     const QList<Paso> pasos = PasosDe(m_carpeta);
     const int inicial = VersionDe(base);
     const int ultima = pasos.isEmpty() ? 0 : pasos.last().version;
-    if (inicial > ultima) return {ResultadoEsquema::MasNuevo, inicial, 0, {}};
-    if (inicial == ultima) return {ResultadoEsquema::Vigente, inicial, 0, {}};
+    if (inicial > ultima)
+        return {ResultadoEsquema::MasNuevo, inicial, 0, {}};
+    if (inicial == ultima)
+        return {ResultadoEsquema::Vigente, inicial, 0, {}};
     try {
         for (const Paso& paso : pasos)
             DaPaso(base, paso);

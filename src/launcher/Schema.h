@@ -6,9 +6,6 @@ namespace xa518 {
 
 class Base;
 
-/// The version of the tables that this build reads and writes. It stands in the header of the base.
-inline constexpr int VersionEsquema = 2;
-
 enum class ResultadoEsquema {
     Creado,      ///< there were no tables
     Vigente,     ///< nothing to do
@@ -23,12 +20,6 @@ struct EstadoEsquema {
     int numero = 0;  ///< of the engine's error, when it failed
     QString motivo;  ///< its words
 };
-
-/// The version that a base carries; 0 for one without tables.
-[[nodiscard]] int VersionDe(Base& base);
-
-/// Raises `ErrorBase` (`VersionAjena`) for a base whose tables are not of `VersionEsquema`.
-void ExigeVersion(Base& base);
 
 /// The tables of the base as numbered steps: the files `NNNN_name.sql` of a folder, made in their order, each in a
 /// transaction of its own that also writes the version. A statement ends with a semicolon at the end of a line, and a

@@ -68,7 +68,8 @@ qint64 MayorNumero(Registros filas) {
 ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave) {
     Transaccion transaccion = m_base->Comienza();
     const QString motivo = MotivoDeRechazo(clave);
-    if (!motivo.isEmpty()) return {Veredicto::Rechaza({Icono::Critico, motivo, {}}, {}), {}, {}};
+    if (!motivo.isEmpty())
+        return {Veredicto::Rechaza({Icono::Critico, motivo, {}}, {}), {}, {}};
     const QString correl = SiguienteCorrel(clave);
     const QString control = SiguienteControl();
     const Sello sello{{u"correl"_s, correl},
@@ -108,7 +109,8 @@ QString Envio::SiguienteControl() {
     const qint64 ultimo = std::max(
         {kAntesDelPrimerControl, MayorNumero(m_base->Lee(u"SELECT max(control) FROM HCAB"_s)),
          MayorNumero(m_base->Lee(u"SELECT correl_param FROM PARAM WHERE Numero = ? AND Argumento = ?"_s, clave))});
-    if (ultimo >= kUltimoControl) throw Desbordamiento();
+    if (ultimo >= kUltimoControl)
+        throw Desbordamiento();
     const qint64 control = ultimo + 1;
     if (m_base->Ejecuta(u"UPDATE PARAM SET correl_param = ? WHERE Numero = ? AND Argumento = ?"_s,
                         QVariantList{control} + clave) == 0)

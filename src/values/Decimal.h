@@ -51,7 +51,7 @@ class Decimal {
     friend Decimal operator*(const Decimal& a, const Decimal& b);
     friend Decimal operator+(const Decimal& a, const Decimal& b);
     friend std::strong_ordering operator<=>(const Decimal& a, const Decimal& b);
-    friend bool operator==(const Decimal& a, const Decimal& b) { return (a <=> b) == 0; }
+    friend bool operator==(const Decimal& a, const Decimal& b) { return std::is_eq(a <=> b); }
 
   private:
     Decimal(Entero128 mantisa, int decimales) : m_mantisa(mantisa), m_decimales(decimales) {}

@@ -2,6 +2,7 @@
 
 #include "Printers.h"
 #include "data/Process.h"
+#include "data/SchemaVersion.h"
 #include "platform/Clock.h"
 
 #include <gtest/gtest.h>
@@ -32,6 +33,7 @@ class ConfigurationTest : public testing::Test {
         const auto base = Base::Crea(m_carpeta.filePath(u"XA000.MDB"_s));
         base->Ejecuta(u"CREATE TABLE PARAM (Numero TEXT, Argumento TEXT, Funcion TEXT)"_s);
         base->Ejecuta(u"INSERT INTO PARAM VALUES ('830','01','209912 X')"_s);
+        base->Ejecuta(u"PRAGMA user_version=%1"_s.arg(kVersionEsquema));
     }
     [[nodiscard]] int NumeroAlAbrir() {
         LeerIni(m_proceso, m_perfil);

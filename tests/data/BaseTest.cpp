@@ -62,11 +62,15 @@ TEST_F(BaseTest, StoresNullOnlyForAValueThatIsMissing) {
     m_base->Ejecuta(u"INSERT INTO CLIENTE (numero, serie, nombre) VALUES ('3', '1', ?)"_s, {QString()});
     EXPECT_EQ(Lista(u"SELECT numero FROM CLIENTE WHERE nombre IS NULL"_s), u"1"_s);
     EXPECT_EQ(Lista(u"SELECT numero FROM CLIENTE WHERE nombre = ?"_s, {QString()}), u"2|3"_s);
-    Registros fila = m_base->Lee(u"SELECT nombre FROM CLIENTE WHERE numero='1'"_s);
-    ASSERT_TRUE(fila.Siguiente());
-    EXPECT_TRUE(fila.EsNulo(0));
-    EXPECT_EQ(fila.Texto(u"NOMBRE"), u""_s);
-    EXPECT_FALSE(fila.Siguiente());
+    {
+        Registros fila = m_base->Lee(u"SELECT nombre FROM CLIENTE WHERE numero='1'"_s);
+        ASSERT_TRUE(fila.Siguiente());
+        EXPECT_TRUE(fila.EsNulo(0));
+        EXPECT_EQ(fila.Texto(u"NOMBRE"), u""_s);
+        Agrega(u"4"_s, fila.Valor(0)); // a null that was read is copied as null
+        EXPECT_FALSE(fila.Siguiente());
+    }
+    EXPECT_EQ(Lista(u"SELECT numero FROM CLIENTE WHERE nombre IS NULL"_s), u"1|4"_s);
 }
 
 TEST_F(BaseTest, ReadsTheSameStatementInsideItself) {

@@ -1,4 +1,5 @@
 #include "data/Base.h"
+#include "data/SchemaVersion.h"
 #include "data/RecordChecksum.h"
 #include "data/Transaction.h"
 #include "launcher/CommandLine.h"
@@ -189,7 +190,7 @@ TEST_F(Console, RefusesWhatItDoesNotUnderstand) {
         EXPECT_EQ(Corre(argumentos), 2) << argumentos.join(u' ').toStdString();
         EXPECT_TRUE(errores.startsWith(u"consola: "_s)) << argumentos.join(u' ').toStdString();
     }
-    EXPECT_EQ(Corre({u"--enviar"_s, kRuc, u"202609"_s}), 2); // no installation yet
+    EXPECT_EQ(Corre({u"--enviar"_s, kRuc, u"202609"_s}), 3); // no installation yet
     EXPECT_FALSE(QFile::exists(rutaIni));
     EXPECT_FALSE(QFile::exists(carpeta));
     EXPECT_EQ(Corre({u"--help"_s}), 0);

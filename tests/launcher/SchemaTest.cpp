@@ -1,5 +1,6 @@
 #include "launcher/Schema.h"
 #include "data/Base.h"
+#include "data/SchemaVersion.h"
 #include "support/TemporaryBase.h"
 
 #include <QFile>
@@ -47,7 +48,8 @@ QString NombresDe(const Tabla& tabla) {
 QString EnterasDe(const Tabla& tabla) {
     QStringList nombres;
     for (const Columna& columna : tabla.columnas)
-        if (columna.entera) nombres.append(columna.nombre);
+        if (columna.entera)
+            nombres.append(columna.nombre);
     return nombres.join(u' ');
 }
 
@@ -61,7 +63,7 @@ TEST(Schema, FreshThenCurrent) {
     BaseVacia base;
     const EstadoEsquema creado = Esquema().Aplica(*base);
     EXPECT_EQ(creado.resultado, ResultadoEsquema::Creado);
-    EXPECT_EQ(VersionDe(*base), VersionEsquema);
+    EXPECT_EQ(VersionDe(*base), kVersionEsquema);
     EXPECT_NO_THROW(ExigeVersion(*base));
     EXPECT_EQ(Esquema().Aplica(*base).resultado, ResultadoEsquema::Vigente);
 }

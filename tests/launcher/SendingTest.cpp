@@ -32,8 +32,10 @@ class Sending : public testing::Test {
             for (int i = 0; i < forma.columnas.size(); ++i)
                 fila.Pon(i, forma.columnas[i].entera ? QVariant(6) : QVariant(forma.columnas[i].nombre));
             fila.Pon(u"Doc_id_d", kRuc).Pon(u"periodo", periodo).Pon(u"Formulario", kNumFormulario);
-            if (tabla == u"CAB") fila.Pon(u"estado", estado).Pon(u"bcolibrad", QVariant());
-            if (tabla == u"F518PDETCP") fila.Pon(u"mto_detcp", pagoDe);
+            if (tabla == u"CAB")
+                fila.Pon(u"estado", estado).Pon(u"bcolibrad", QVariant());
+            if (tabla == u"F518PDETCP")
+                fila.Pon(u"mto_detcp", pagoDe);
             AgregaConChecksum(*base, fila);
         }
     }

@@ -1,5 +1,7 @@
 #include "support/TemporaryBase.h"
 
+#include "data/Transaction.h"
+
 #include <QDir>
 #include <QFile>
 
@@ -35,12 +37,14 @@ std::unique_ptr<Base> CreaBase(const QString& ruta) {
     const QStringList pasos = esquema.entryList({u"*.sql"_s}, QDir::Files, QDir::Name);
     if (pasos.isEmpty())
         throw std::runtime_error("no schema in " XA518_SCHEMA_DIR);
+    Transaccion transaccion = base->Comienza(); // one wait for the disk instead of one a table
     for (const QString& paso : pasos) {
         for (const QString& sentencia : SinComentarios(LeeTodo(esquema.filePath(paso))).split(u";\n"_s)) {
             if (!sentencia.trimmed().isEmpty())
                 base->Ejecuta(sentencia);
         }
     }
+    transaccion.Confirma();
     return base;
 }
 

@@ -1,0 +1,73 @@
+#include "Measure.h"
+
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <exception>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+
+namespace xa518::medida {
+
+namespace {
+
+long PicoDeMemoria() {
+    std::ifstream estado("/proc/self/status");
+    for (std::string linea; std::getline(estado, linea);) {
+        if (linea.starts_with("VmHWM:"))
+            return std::stol(linea.substr(6));
+    }
+    return 0;
+}
+
+double Procesador() {
+    rusage uso{};
+    getrusage(RUSAGE_SELF, &uso);
+    const auto segundos = [](const timeval& t) {
+        return static_cast<double>(t.tv_sec) + static_cast<double>(t.tv_usec) / 1e6;
+    };
+    return segundos(uso.ru_utime) + segundos(uso.ru_stime);
+}
+
+[[noreturn]] void Hijo(int salida, const std::function<std::function<void()>()>& trabajo) {
+    int codigo = 1;
+    try {
+        std::function<void()> cronometrado = trabajo();
+        const double antes = Procesador();
+        const auto inicio = std::chrono::steady_clock::now();
+        cronometrado();
+        const std::chrono::duration<double> duracion = std::chrono::steady_clock::now() - inicio;
+        const Medida medida{duracion.count(), Procesador() - antes, PicoDeMemoria()};
+        cronometrado = nullptr; // what the work stands on goes before the process does
+        codigo = write(salida, &medida, sizeof medida) == sizeof medida ? 0 : 1;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+    }
+    _exit(codigo);
+}
+
+} // namespace
+
+Medida Mide(const std::function<std::function<void()>()>& trabajo) {
+    int tubo[2];
+    if (pipe(tubo) != 0)
+        throw std::runtime_error("no pipe");
+    std::fflush(nullptr);
+    const pid_t hijo = fork();
+    if (hijo == 0)
+        Hijo(tubo[1], trabajo);
+    close(tubo[1]);
+    Medida medida;
+    const bool leida = hijo > 0 && read(tubo[0], &medida, sizeof medida) == sizeof medida;
+    close(tubo[0]);
+    int estado = 0;
+    if (hijo < 0 || waitpid(hijo, &estado, 0) != hijo || estado != 0 || !leida)
+        throw std::runtime_error("the measured process failed");
+    return medida;
+}
+
+} // namespace xa518::medida

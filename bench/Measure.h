@@ -1,0 +1,17 @@
+#pragma once
+
+#include <functional>
+
+namespace xa518::medida {
+
+struct Medida {
+    double segundos = 0;   ///< by the wall's clock
+    double procesador = 0; ///< seconds of processor, which other programs on the machine disturb less
+    long memoriaKb = 0;    ///< the most that the work has held at once
+};
+
+/// Does the work in a process of its own, so that its peak of memory is its own too. `trabajo` does what isn't timed
+/// first and returns what is. Raises `std::runtime_error` when the process fails.
+[[nodiscard]] Medida Mide(const std::function<std::function<void()>()>& trabajo);
+
+} // namespace xa518::medida

@@ -1,0 +1,25 @@
+#include "data/SchemaVersion.h"
+
+#include "data/Base.h"
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+int VersionDe(Base& base) {
+    Registros fila = base.Lee(u"PRAGMA user_version"_s);
+    return fila.Siguiente() ? static_cast<int>(fila.Entero(0)) : 0;
+}
+
+void ExigeVersion(Base& base) {
+    const int version = VersionDe(base);
+    if (version == kVersionEsquema) return;
+    throw ErrorBase(NumeroError::VersionAjena,
+                    u"La base '%1' es de la versión %2 y este programa usa la %3. %4"_s.arg(base.Ruta())
+                        .arg(version)
+                        .arg(kVersionEsquema)
+                        .arg(version > kVersionEsquema ? u"Instale la versión actual del programa."_s
+                                                      : u"Ejecute consola --instalar."_s));
+}
+
+} // namespace xa518

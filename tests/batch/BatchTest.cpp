@@ -1,0 +1,190 @@
+#include "batch/Batch.h"
+
+#include "app/Configuration.h"
+#include "data/Base.h"
+#include "launcher/Installation.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+#include <gtest/gtest.h>
+
+using namespace xa518;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kRuc = u"20990518018"_s; // the sample company
+const QString kClave = u" --ruc 20990518018 --periodo 202609 --hoy 21/11/2026"_s;
+
+/// An installation with the sample company in a folder of its own.
+class Batch : public testing::Test {
+  protected:
+    Batch() : m_antes(QDir::currentPath()), m_perfil(m_carpeta.filePath(u"conf/XA000.INI"_s)) {
+        Instalacion instalacion(Casa(), m_perfil);
+        (void)instalacion.Instala(u"USUARIO"_s);
+        (void)instalacion.InstalaEjemplo();
+    }
+    ~Batch() override { QDir::setCurrent(m_antes); }
+
+    [[nodiscard]] QString Casa() const { return m_carpeta.filePath(u"casa"_s); }
+    [[nodiscard]] QString Ejemplo() const { return Casa() + u"/EJEMPLO"_s; }
+    [[nodiscard]] QString ArchivoDelMes() const { return Ejemplo() + u"/0518"_s + kRuc + u"202609.TXT"_s; }
+
+    int Corre(const QString& linea) {
+        m_salida.clear();
+        m_errores.clear();
+        QTextStream salida(&m_salida);
+        QTextStream errores(&m_errores);
+        return EjecutaLote(QStringList{u"xa518-lote"_s} + linea.split(u' ', Qt::SkipEmptyParts),
+                           {m_perfil, salida, errores});
+    }
+    [[nodiscard]] QJsonObject Json() const { return QJsonDocument::fromJson(m_salida.toUtf8()).object(); }
+    [[nodiscard]] QString Casilla(const QString& casilla) const {
+        return Json()[u"casillas"_s].toObject()[casilla].toString();
+    }
+    [[nodiscard]] qint64 Cuenta(const QString& tabla) const {
+        const auto base = Base::Abre(Casa() + u"/XA000.DB"_s);
+        Registros fila = base->Lee(u"SELECT count(*) FROM "_s + tabla);
+        return fila.Siguiente() ? fila.Entero(0) : -1;
+    }
+    void EscribeArchivo(const QByteArray& bytes) const {
+        QFile archivo(ArchivoDelMes());
+        ASSERT_TRUE(archivo.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        ASSERT_EQ(archivo.write(bytes), bytes.size());
+    }
+
+    QTemporaryDir m_carpeta;
+    QString m_antes;
+    ArchivoPerfil m_perfil;
+    QString m_salida;
+    QString m_errores;
+};
+
+TEST_F(Batch, DeclaresAMonthFromATextFile) {
+    ASSERT_EQ(Corre(u"declarar"_s + kClave + u" --efectivo --json --percepciones "_s + Ejemplo()), 0) << m_errores.toStdString();
+    EXPECT_EQ(Json()[u"transferidos"_s].toInt(), 245);
+    EXPECT_EQ(Json()[u"rechazados"_s].toInt(), 0);
+    EXPECT_EQ(Json()[u"estado"_s].toInt(), 0);
+    EXPECT_EQ(Casilla(u"501"_s), u"60"_s);
+    EXPECT_EQ(Casilla(u"510"_s), u"150"_s);
+    EXPECT_EQ(Casilla(u"410"_s), Casilla(u"405"_s));
+    EXPECT_EQ(Cuenta(u"F518PDET"_s), 150);
+
+    // Again without a file: the stored rows and payment are what is declared, with the amounts given now.
+    ASSERT_EQ(Corre(u"declarar"_s + kClave + u" --json --pagos-previos 100 --interes 7"_s), 0) << m_errores.toStdString();
+    EXPECT_EQ(Casilla(u"402"_s), u"-100"_s);
+    EXPECT_EQ(Casilla(u"405"_s).toInt(), Casilla(u"401"_s).toInt() - 93);
+    EXPECT_EQ(Casilla(u"999"_s), u"E"_s);
+    EXPECT_EQ(Cuenta(u"F518PDET"_s), 150);
+
+    EXPECT_EQ(Corre(u"listar --json"_s), 0);
+    EXPECT_EQ(Json()[u"declaraciones"_s].toArray().size(), 1);
+}
+
+TEST_F(Batch, SavesAndTellsInconsistencies) {
+    ASSERT_EQ(Corre(u"declarar"_s + kClave + u" --json --percepciones "_s + Ejemplo()), 1);
+    EXPECT_EQ(Json()[u"estado"_s].toInt(), 9);
+    EXPECT_EQ(Json()[u"inconsistencias"_s].toArray().first().toString(), u"Indique la forma de pago."_s);
+    ASSERT_EQ(Corre(u"validar"_s + kClave), 1);
+    EXPECT_TRUE(m_salida.contains(u"Indique la forma de pago."_s));
+    QFile mens(Casa() + u"/0518/Mens.txt"_s);
+    ASSERT_TRUE(mens.open(QIODevice::ReadOnly));
+    EXPECT_EQ(QString::fromUtf8(mens.readAll()), u"Indique la forma de pago.\n"_s);
+    ASSERT_EQ(Corre(u"declarar"_s + kClave + u" --cheque 0017 --banco 02"_s), 0);
+    ASSERT_EQ(Corre(u"validar"_s + kClave), 0);
+    EXPECT_TRUE(m_salida.contains(u"La declaración no presenta inconsistencias."_s));
+}
+
+TEST_F(Batch, RefusedLinesAreLoggedAndCounted) {
+    const QString octubre = u" --ruc 20990518018 --periodo 202610 --hoy 21/11/2026"_s;
+    ASSERT_EQ(Corre(u"importar"_s + octubre + u" --json --percepciones "_s + Ejemplo()), 1);
+    const int rechazados = Json()[u"rechazados"_s].toInt();
+    EXPECT_GE(rechazados, 12);
+    QFile log(Casa() + u"/RPT0518"_s + kRuc + u"202610.Log"_s);
+    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
+    EXPECT_EQ(log.readAll().count('\n'), rechazados);
+    EXPECT_GT(Cuenta(u"TMPF518PDET"_s), 0);
+    EXPECT_EQ(Cuenta(u"CAB"_s), 0); // importing declares nothing
+}
+
+TEST_F(Batch, RefusesWithoutWritingAnything) {
+    ASSERT_EQ(Corre(u"declarar"_s + kClave + u" --efectivo --percepciones "_s + Ejemplo()), 0);
+    struct Caso {
+        QString nombre;
+        QString linea;
+        QByteArray archivo;
+        QString mensaje;
+    };
+    const QString declarar = u"declarar"_s + kClave + u" --percepciones "_s + Ejemplo();
+    const QByteArray linea = QByteArray("06|x").append(16, '|') + "|\n";
+    const QList<Caso> casos = {
+        {u"unknown declarant"_s, u"declarar --ruc 20100000009 --periodo 202609 --hoy 21/11/2026"_s, {}, u"no está registrado"_s},
+        {u"period to come"_s, u"declarar --ruc 20990518018 --periodo 202612 --hoy 21/11/2026"_s, {}, u"El período no es válido."_s},
+        {u"no period"_s, u"declarar --ruc 20990518018 --periodo 2026 --hoy 21/11/2026"_s, {}, u"El período no es válido."_s},
+        {u"nothing to validate"_s, u"validar --ruc 20990518018 --periodo 202608 --hoy 21/11/2026"_s, {}, u"No hay una declaración"_s},
+        {u"too few fields"_s, declarar, "06|20100000009|\n", u"no tiene el número de campos correctos"_s},
+        {u"no final separator"_s, declarar, QByteArray(18, '|') + "x\n", u"debe terminar con el separador |"_s},
+        {u"binary rubbish"_s, declarar, QByteArray("\x7f\x45\x4c\x46\0\0\n\xff\xfe", 9), u"no tiene el número de campos correctos"_s},
+        {u"an endless line"_s, declarar, QByteArray(100'000'000, 'x'), u"tiene una línea de más de"_s},
+    };
+    for (const Caso& caso : casos) {
+        if (!caso.archivo.isEmpty())
+            EscribeArchivo(caso.archivo);
+        EXPECT_EQ(Corre(caso.linea), 2) << caso.nombre.toStdString();
+        EXPECT_TRUE(m_errores.contains(caso.mensaje)) << caso.nombre.toStdString() << ": " << m_errores.toStdString();
+        EXPECT_EQ(Cuenta(u"F518PDET"_s), 150) << caso.nombre.toStdString();
+        EXPECT_EQ(Cuenta(u"TMPF518PDET"_s), 150) << caso.nombre.toStdString();
+    }
+}
+
+TEST_F(Batch, QuotesInEveryFieldChangeNothing) {
+    QByteArray linea;
+    for (int campo = 0; campo < 18; ++campo)
+        linea += "'; DROP TABLE CAB; --|";
+    EscribeArchivo(linea + '\n');
+    EXPECT_EQ(Corre(u"importar"_s + kClave + u" --json --percepciones "_s + Ejemplo()), 1);
+    EXPECT_EQ(Json()[u"rechazados"_s].toInt(), 1);
+    EXPECT_EQ(Cuenta(u"CAB"_s), 0);
+}
+
+TEST_F(Batch, TellsWhatFailed) {
+    const QString listar = u"listar"_s;
+    const auto espera = [&](const QString& mensaje) {
+        EXPECT_EQ(Corre(listar), 3) << mensaje.toStdString();
+        EXPECT_TRUE(m_errores.contains(mensaje)) << m_errores.toStdString();
+    };
+    EXPECT_EQ(Corre(u"importar"_s + kClave + u" --percepciones /no/hay"_s), 3);
+    EXPECT_TRUE(m_errores.contains(u"no se encuentra el archivo a transferir"_s));
+    EXPECT_EQ(Cuenta(u"TMPF518PCAB"_s), 0);
+    {
+        const auto otro = Base::Abre(Casa() + u"/XA000.DB"_s);
+        otro->Ejecuta(u"BEGIN EXCLUSIVE"_s);
+        espera(u"3051"_s);
+    }
+    ASSERT_TRUE(QFile::rename(Casa() + u"/XA000.MDW"_s, Casa() + u"/otro"_s));
+    espera(u"3028"_s);
+    ASSERT_TRUE(QFile::rename(Casa() + u"/otro"_s, Casa() + u"/XA000.MDW"_s));
+    m_perfil.Escribe(u"Grupo", u"Clave", u"0011223344556677");
+    espera(u"3029"_s);
+    m_perfil.Escribe(u"Grupo", u"Clave", u"");
+    ASSERT_TRUE(QFile::rename(Casa() + u"/XA000.DB"_s, Casa() + u"/otra"_s));
+    espera(u"3024"_s);
+    QFile basura(Casa() + u"/XA000.DB"_s);
+    ASSERT_TRUE(basura.open(QIODevice::WriteOnly));
+    basura.write(QByteArray(4096, 'x'));
+    basura.close();
+    espera(u"not a database"_s);
+    m_perfil.Escribe(kSeccionOpciones, u"DBName", u"");
+    espera(u"Falta la clave DBName"_s);
+    ASSERT_TRUE(QFile::remove(m_perfil.Ruta()));
+    espera(u"consola --instalar"_s);
+    EXPECT_FALSE(QFile::exists(m_perfil.Ruta()));
+}
+
+} // namespace

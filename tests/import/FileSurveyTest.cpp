@@ -1,0 +1,123 @@
+#include "import/FileSurvey.h"
+
+#include "import/LineFields.h"
+#include "import/LineReader.h"
+#include "values/Error.h"
+
+#include "Printers.h"
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+
+#include <algorithm>
+
+using namespace xa518;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Hands out few bytes at a time, so that every boundary between two reads falls somewhere in a line.
+class Goteo final : public QIODevice {
+  public:
+    Goteo(QByteArray bytes, qint64 sorbo) : m_bytes(std::move(bytes)), m_sorbo(sorbo) { open(ReadOnly | Unbuffered); }
+
+  protected:
+    qint64 readData(char* destino, qint64 largo) override {
+        const QByteArray trozo = m_bytes.mid(pos(), std::min(largo, m_sorbo));
+        std::copy(trozo.begin(), trozo.end(), destino);
+        return trozo.size();
+    }
+    qint64 writeData(const char* /*bytes*/, qint64 /*largo*/) override { return -1; }
+
+  private:
+    QByteArray m_bytes;
+    qint64 m_sorbo;
+};
+
+QByteArrayList Lineas(const QByteArray& bytes, qint64 sorbo) {
+    Goteo archivo(bytes, sorbo);
+    LectorLineas lector(archivo);
+    QByteArrayList lineas;
+    while (lector.Siguiente() == LectorLineas::Lectura::Linea)
+        lineas.append(lector.Linea().toByteArray());
+    lineas.append(QByteArray::number(lector.BytesLeidos()));
+    return lineas;
+}
+
+TEST(LineReader, EndsOfLines) {
+    const QList<std::pair<QByteArray, QByteArrayList>> casos = {
+        {"", {"0"}},
+        {"\n", {"", "1"}},
+        {"a\nb\n", {"a", "b", "4"}},
+        {"a\r\nb", {"a", "b", "4"}},
+        {"a\n\nb\n\n", {"a", "", "b", "", "6"}},
+        {"a\rb\r\n", {"a\rb", "5"}},
+        {"\xEF\xBB\xBF"
+         "a\n",
+         {"a", "5"}},
+        {"\xEF\xBB\xBF", {"3"}},
+        {QByteArray("a\0b\n", 4), {QByteArray("a\0b", 3), "4"}},
+    };
+    for (const auto& [bytes, lineas] : casos) {
+        EXPECT_EQ(Lineas(bytes, 4096), lineas) << bytes.toStdString();
+        EXPECT_EQ(Lineas(bytes, 3), lineas) << bytes.toStdString();
+    }
+}
+
+TEST(LineReader, LinesUpToTheLimitPassAtAnyPlaceOfTheBuffer) {
+    const QByteArray justa(LectorLineas::kLargoMaximo, 'x');
+    EXPECT_EQ(Lineas("corta\n" + justa + "\r\n" + justa + "\n" + justa, 1000).size(), 5);
+    for (const char* const fin : {"x", "x\n", "x\r\n"}) {
+        Goteo archivo("corta\n" + justa + fin, 1000);
+        LectorLineas lector(archivo);
+        EXPECT_EQ(lector.Siguiente(), LectorLineas::Lectura::Linea);
+        EXPECT_EQ(lector.Siguiente(), LectorLineas::Lectura::DemasiadoLarga);
+    }
+}
+
+TEST(FileSurvey, WhatBarsAFile) {
+    const QByteArray larga = QByteArray(LectorLineas::kLargoMaximo, 'x') + "||\n";
+    const QList<std::pair<QByteArray, Defecto>> casos = {
+        {"", Defecto::Ninguno},
+        {"a|b|\nc|d|  \n", Defecto::Ninguno},
+        {"a|b|", Defecto::Ninguno},
+        {"a|b|\na|\n", Defecto::Separadores},
+        {"a|b|\na|b|c|\n", Defecto::Separadores},
+        {"a|b|\n\n", Defecto::Separadores},
+        {"a|b|\n   \n", Defecto::Separadores},
+        {"a|b|c\na|b|\n", Defecto::SinSeparadorFinal},
+        {"a|b|\t\n", Defecto::SinSeparadorFinal},
+        {"a|b|c\na|\n", Defecto::Separadores},
+        {"a|b|c\n" + larga, Defecto::LineaDemasiadoLarga},
+    };
+    for (const auto& [bytes, defecto] : casos) {
+        QBuffer archivo;
+        archivo.setData(bytes);
+        ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
+        EXPECT_EQ(RevisaArchivo(archivo, 2).defecto, defecto) << bytes.left(40).toStdString();
+    }
+}
+
+TEST(FileSurvey, OneEncodingForTheWholeFile) {
+    const auto codificacion = [](const QByteArray& bytes) {
+        QBuffer archivo;
+        archivo.setData(bytes);
+        archivo.open(QIODevice::ReadOnly);
+        return RevisaArchivo(archivo, 1).codificacion;
+    };
+    EXPECT_EQ(codificacion("\xC3\xB1|\nabc|\n"), Codificacion::Utf8);
+    EXPECT_EQ(codificacion("\xC3\xB1|\n\xF1|\n"), Codificacion::Windows1252);
+    EXPECT_EQ(codificacion("\xC3|\n"), Codificacion::Windows1252);
+}
+
+TEST(LineFields, CutsTrimsAndRaises) {
+    QStringList campos{u"viejo"_s};
+    SeparaCampos(u" ñandú |\t||b| c"_s, 9, campos);
+    EXPECT_EQ(campos, (QStringList{u"ÑANDÚ"_s, u"\t"_s, u""_s, u"B"_s}));
+    SeparaCampos(u"a|b|c|"_s, 2, campos);
+    EXPECT_EQ(campos, (QStringList{u"A"_s, u"B"_s}));
+    SeparaCampos({}, 2, campos);
+    EXPECT_TRUE(campos.isEmpty());
+}
+
+} // namespace

@@ -1,0 +1,102 @@
+#include "import/ImportFixture.h"
+
+#include "data/Transaction.h"
+#include "import/PerceptionFormat.h"
+
+#include <QFile>
+
+#include <stdexcept>
+
+namespace xa518::prueba {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Observador final : public ObservadorImportacion {
+  public:
+    explicit Observador(const std::function<bool(int)>& antesDeLinea) : m_antesDeLinea(antesDeLinea) {}
+    bool Sigue(const AvanceImportacion& /*avance*/) override { return m_antesDeLinea(m_lineas++); }
+
+  private:
+    const std::function<bool(int)>& m_antesDeLinea;
+    int m_lineas = 0;
+};
+
+} // namespace
+
+QStringList CamposDe(const Cambios& cambios) {
+    QStringList campos{u"1"_s,     u"45678901"_s, u""_s,           u"Quispe"_s, u"Rojas"_s,      u"Maria"_s,
+                       u"1"_s,     u"123"_s,      u"15/10/2026"_s, u"1"_s,      u"0"_s,          u"1"_s,
+                       u"100.5"_s, u"01"_s,       u"F001"_s,       u"77"_s,     u"10/10/2026"_s, u"118.59"_s};
+    for (auto cambio = cambios.cbegin(); cambio != cambios.cend(); ++cambio)
+        campos[static_cast<int>(cambio.key())] = cambio.value();
+    return campos;
+}
+
+QString LineaDe(const Cambios& cambios) {
+    return CamposDe(cambios).join(u'|') + u'|';
+}
+
+Cambios Empresa(const Cambios& cambios) {
+    Cambios todos{{Campo::TipoDoc, u"06"_s},    {Campo::NumDoc, u"20500000008"_s}, {Campo::RazonSocial, u"Acme S.A."_s},
+                  {Campo::ApellidoPaterno, {}}, {Campo::ApellidoMaterno, {}},      {Campo::Nombres, {}}};
+    todos.insert(cambios);
+    return todos;
+}
+
+Escenario::Escenario(const QString& periodo) {
+    proceso.baseDatos = Base::Abre(base.Ruta());
+    proceso.docDeclarante = u"20990518018"_s;
+    proceso.periodoDeclarado = periodo;
+    proceso.fechaPrimerIgv = u"209912"_s;
+    proceso.rutaRPT = base.Carpeta() + u"/RPT"_s;
+    Transaccion transaccion = base->Comienza();
+    for (const QString& clase : {u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s, u"6"_s})
+        base.Param(u"953"_s, clase + u"010909200501"_s,
+                   Funcion({{2, u"0.9"_s}, {21, u"0.0"_s + clase}, {31, clase + u".00"_s}}));
+    for (const QString& codigo : {u"0009"_s, u"0228"_s, u"0858"_s, u"0872"_s, u"0889"_s})
+        base->Ejecuta(u"INSERT INTO ERROR VALUES (?,?)"_s, {codigo, u"De la tabla %1"_s.arg(codigo)});
+    transaccion.Confirma();
+}
+
+QString Escenario::RutaArchivo() const {
+    return base.Carpeta() + u"/0518"_s + proceso.docDeclarante + proceso.periodoDeclarado + u".TXT"_s;
+}
+
+void Escenario::Escribe(const QByteArray& bytes) const {
+    QFile archivo(RutaArchivo());
+    if (!archivo.open(QIODevice::WriteOnly) || archivo.write(bytes) != bytes.size())
+        throw std::runtime_error("the import file can't be written");
+}
+
+ResultadoImportacion Escenario::Importa(const QStringList& lineas) {
+    return Importa(lineas.join(u'\n').toUtf8() + '\n');
+}
+
+ResultadoImportacion Escenario::Importa(const QByteArray& bytes) {
+    Escribe(bytes);
+    return Corre();
+}
+
+ResultadoImportacion Escenario::Corre(const std::function<bool(int)>& antesDeLinea) {
+    Observador observador(antesDeLinea);
+    return Transferencia(proceso, FormatoPercepciones(), base.Carpeta()).Corre(observador);
+}
+
+QStringList Escenario::Filas(const QString& sql) const {
+    return base.Filas(sql);
+}
+
+QList<int> Escenario::Cuenta() const {
+    const auto filas = [&](const QString& tabla) { return Filas(u"SELECT * FROM "_s + tabla).size(); };
+    return {static_cast<int>(filas(u"TMPF518PCAB"_s)), static_cast<int>(filas(u"TMPF518PDET"_s)),
+            static_cast<int>(filas(u"TMPF518PDETCP"_s))};
+}
+
+QByteArray LeeBytes(const QString& ruta) {
+    QFile archivo(ruta);
+    return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray("(no file)");
+}
+
+} // namespace xa518::prueba

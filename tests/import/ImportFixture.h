@@ -1,0 +1,48 @@
+#pragma once
+
+#include "data/Process.h"
+#include "import/ImportRun.h"
+#include "platform/Clock.h"
+#include "support/TemporaryBase.h"
+
+#include <QMap>
+
+#include <functional>
+
+namespace xa518::prueba {
+
+using Cambios = QMap<Campo, QString>;
+
+/// The fields of a line that passes every check in period 202610, a person's, with changes.
+[[nodiscard]] QStringList CamposDe(const Cambios& cambios = {});
+/// The same as a line of the file, without its end.
+[[nodiscard]] QString LineaDe(const Cambios& cambios = {});
+/// The changes that make it a company's, and more of them.
+[[nodiscard]] Cambios Empresa(const Cambios& cambios = {});
+
+/// An open declaration with its base, folder and rates, in which files are imported.
+class Escenario {
+  public:
+    explicit Escenario(const QString& periodo = QStringLiteral("202610"));
+
+    /// Writes the import file of the declaration.
+    void Escribe(const QByteArray& bytes) const;
+    /// Writes lines as the file and imports it.
+    ResultadoImportacion Importa(const QStringList& lineas);
+    ResultadoImportacion Importa(const QByteArray& bytes);
+    /// Imports what is there; `antesDeLinea` gets the number of lines done and tells whether to go on.
+    ResultadoImportacion Corre(const std::function<bool(int)>& antesDeLinea = [](int) { return true; });
+
+    [[nodiscard]] QString RutaArchivo() const;
+    [[nodiscard]] QStringList Filas(const QString& sql) const;
+    /// Rows of the three work tables: clients, vouchers, payment vouchers.
+    [[nodiscard]] QList<int> Cuenta() const;
+
+    BaseTemporal base;
+    RelojFijo reloj{QDateTime(QDate(2026, 11, 21), QTime(10, 0))};
+    Proceso proceso{reloj};
+};
+
+[[nodiscard]] QByteArray LeeBytes(const QString& ruta);
+
+} // namespace xa518::prueba

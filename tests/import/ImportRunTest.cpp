@@ -1,0 +1,199 @@
+#include "import/ImportFixture.h"
+#include "import/LineReader.h"
+#include "import/PerceptionFormat.h"
+
+#include "data/Transaction.h"
+
+#include "Printers.h"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+
+using namespace xa518;
+using namespace Qt::StringLiterals;
+using prueba::Escenario;
+using prueba::LineaDe;
+using testing::Each;
+using testing::ElementsAre;
+
+namespace {
+
+const QString kCamposIncorrectos = u"El archivo de importación no tiene el número de campos correctos"_s;
+
+QString Texto(const ResultadoImportacion& resultado) {
+    return resultado.mensaje ? resultado.mensaje->texto : u"(no message)"_s;
+}
+
+QStringList Muchas(int cuantas) {
+    QStringList lineas;
+    for (int i = 1; i <= cuantas; ++i)
+        lineas.append(LineaDe({{Campo::NumeroPercepcion, QString::number(i)}}));
+    return lineas;
+}
+
+TEST(ImportRun, AFileThatIsRefusedWholeLeavesEverythingAsItWas) {
+    const QByteArray buena = LineaDe().toUtf8();
+    QByteArray ruido(1 << 20, '\0');
+    QRandomGenerator(518).generate(ruido.begin(), ruido.end());
+    const QList<std::pair<QByteArray, Mensaje>> casos = {
+        {buena + "\n" + buena.chopped(1) + "\n", {Icono::Critico, kCamposIncorrectos, {}}},
+        {buena + "\n\n", {Icono::Critico, kCamposIncorrectos, {}}},
+        {ruido, {Icono::Critico, kCamposIncorrectos, {}}},
+        {buena + "\n" + buena + "x\n",
+         {Icono::Critico, u"Cada línea del archivo debe terminar con el separador |"_s,
+          u"Error en archivo a cargar"_s}},
+        {buena + "\n" + QByteArray(LectorLineas::kLargoMaximo + 1, '|'),
+         {Icono::Critico, u"El archivo de importación tiene una línea de más de 65536 caracteres"_s,
+          u"Error en archivo a cargar"_s}},
+    };
+    for (const auto& [bytes, mensaje] : casos) {
+        Escenario escenario;
+        const ResultadoImportacion resultado = escenario.Importa(bytes);
+        EXPECT_EQ(resultado.fin, FinImportacion::Rechazada);
+        EXPECT_EQ(Texto(resultado), mensaje.texto);
+        EXPECT_EQ(resultado.mensaje, mensaje);
+        EXPECT_EQ(resultado.transferidos + resultado.rechazados, 0);
+        EXPECT_THAT(escenario.Cuenta(), Each(0));
+    }
+}
+
+TEST(ImportRun, ALineOfAHundredMegabytesIsRefusedUnread) {
+    Escenario escenario;
+    QFile archivo(escenario.RutaArchivo());
+    ASSERT_TRUE(archivo.open(QIODevice::WriteOnly) && archivo.resize(100 << 20));
+    EXPECT_EQ(Texto(escenario.Corre()), u"El archivo de importación tiene una línea de más de 65536 caracteres"_s);
+}
+
+TEST(ImportRun, EncodingsAndEndsOfLineGiveTheSameRows) {
+    const QString texto = LineaDe({{Campo::Nombres, u"José"_s}});
+    const QByteArray utf8 = texto.toUtf8();
+    const QByteArray latino = texto.toLatin1();
+    for (const QByteArray& bytes :
+         {QByteArray(utf8 + '\n'), utf8, QByteArray(utf8 + "\r\n"), QByteArray("\xEF\xBB\xBF" + utf8),
+          QByteArray(latino + '\n'), QByteArray(latino + "   \r\n")}) {
+        Escenario escenario;
+        EXPECT_EQ(escenario.Importa(bytes).transferidos, 1) << bytes.toStdString();
+        EXPECT_THAT(escenario.Filas(u"SELECT des_nombres FROM TMPF518PCAB"_s), ElementsAre(u"JOSÉ"_s));
+    }
+}
+
+TEST(ImportRun, AnEmptyFileIsTransferred) {
+    Escenario escenario;
+    const ResultadoImportacion resultado = escenario.Importa(QByteArray());
+    EXPECT_EQ(resultado.fin, FinImportacion::Completa);
+    EXPECT_EQ(Texto(resultado), u"Archivo : 051820990518018202610.TXT transferido"_s);
+}
+
+TEST(ImportRun, QuotesInAnyFieldChangeNoStatement) {
+    const QString comillas = u"'\" OR '1'='1"_s;
+    QStringList lineas{
+        LineaDe({{Campo::TipoDoc, u"7"_s}, {Campo::NumDoc, u"O'\""_s}, {Campo::ApellidoPaterno, u"D'\"A"_s}})};
+    for (int i = 0; i < kCampos; ++i)
+        lineas.append(LineaDe({{static_cast<Campo>(i), comillas}}));
+    Escenario escenario;
+    const ResultadoImportacion resultado = escenario.Importa(lineas);
+    EXPECT_EQ(resultado.fin, FinImportacion::Completa);
+    EXPECT_EQ(resultado.rechazados, kCampos);
+    EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 1));
+    EXPECT_THAT(escenario.Filas(u"SELECT num_doc_per, des_apellido_p FROM TMPF518PCAB"_s),
+                ElementsAre(u"O'\"|D'\"A"_s));
+}
+
+TEST(ImportRun, TheFileIsFoundWhateverTheCaseOfItsName) {
+    Escenario escenario;
+    escenario.Escribe(LineaDe().toUtf8());
+    ASSERT_TRUE(QFile::rename(escenario.RutaArchivo(), escenario.RutaArchivo().replace(u".TXT"_s, u".txt"_s)));
+    EXPECT_EQ(escenario.Corre().transferidos, 1);
+}
+
+TEST(ImportRun, WithoutTheFileItsErrorIsTold) {
+    Escenario escenario;
+    const ResultadoImportacion sinArchivo = escenario.Corre();
+    EXPECT_EQ(sinArchivo.fin, FinImportacion::Fallida);
+    EXPECT_EQ(sinArchivo.numeroError, 53);
+    EXPECT_EQ(
+        sinArchivo.mensaje,
+        (Mensaje{Icono::Critico, u"En la ruta indicada, no se encuentra el archivo a transferir, verifique la ruta"_s,
+                 u"Error"_s}));
+
+    ASSERT_TRUE(QDir().mkdir(escenario.RutaArchivo()));
+    EXPECT_EQ(escenario.Corre().numeroError, 53);
+
+    class Nadie final : public ObservadorImportacion {
+        bool Sigue(const AvanceImportacion& /*avance*/) override { return true; }
+    } nadie;
+    const ResultadoImportacion sinCarpeta = Transferencia(escenario.proceso, FormatoPercepciones(), {}).Corre(nadie);
+    EXPECT_EQ(sinCarpeta.mensaje,
+              (Mensaje{Icono::Informacion, u"Seleccionar directorio donde se encuentran\n\nlos archivos a transferir"_s,
+                       u"Mensaje"_s}));
+}
+
+TEST(ImportRun, ABaseThatAnotherProgramHoldsStopsTheRun) {
+    Escenario escenario;
+    escenario.Escribe(LineaDe().toUtf8());
+    const Transaccion ajena = escenario.base->Comienza();
+    const ResultadoImportacion resultado = escenario.Corre();
+    EXPECT_EQ(resultado.fin, FinImportacion::Fallida);
+    EXPECT_EQ(resultado.numeroError, 3051);
+    EXPECT_EQ(
+        resultado.mensaje,
+        (Mensaje{Icono::Critico, u"El archivo se encuentra abierto!!\nIntente nuevamente por favor."_s, u"Error"_s}));
+}
+
+TEST(ImportRun, ACancelKeepsWhatIsWrittenAndTotalsIt) {
+    Escenario escenario;
+    escenario.Escribe(Muchas(10).join(u'\n').toUtf8());
+    const ResultadoImportacion resultado = escenario.Corre([](int hechas) { return hechas < 7; });
+    EXPECT_EQ(resultado.fin, FinImportacion::Cancelada);
+    EXPECT_EQ(resultado.mensaje, std::nullopt);
+    EXPECT_EQ(resultado.transferidos, 7);
+    EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 7, 7));
+    EXPECT_THAT(escenario.Filas(u"SELECT mto_base_p, mto_imp_p FROM TMPF518PCAB"_s), ElementsAre(u"703.5|7.07"_s));
+}
+
+TEST(ImportRun, AnErrorKeepsWhatIsWrittenAndTotalsIt) {
+    Escenario escenario;
+    escenario.Escribe(Muchas(10).join(u'\n').toUtf8());
+    const ResultadoImportacion resultado = escenario.Corre([&](int hechas) {
+        if (hechas == 7)
+            escenario.proceso.baseDatos->Ejecuta(u"ALTER TABLE TMPF518PDETCP RENAME TO movida"_s);
+        return true;
+    });
+    EXPECT_EQ(resultado.fin, FinImportacion::Fallida);
+    EXPECT_EQ(resultado.numeroError, 3011);
+    EXPECT_THAT(escenario.Filas(u"SELECT count(*) FROM movida"_s), ElementsAre(u"7"_s));
+    EXPECT_THAT(escenario.Filas(u"SELECT mto_base_p, mto_imp_p FROM TMPF518PCAB"_s), ElementsAre(u"804|8.08"_s));
+}
+
+TEST(ImportRun, AFailureOfTheTotalsIsTold) {
+    Escenario escenario;
+    escenario.base->Ejecuta(u"DROP TABLE F518PDET"_s);
+    const ResultadoImportacion resultado = escenario.Importa({LineaDe()});
+    EXPECT_EQ(resultado.fin, FinImportacion::Fallida);
+    EXPECT_EQ(resultado.numeroError, 3011);
+    EXPECT_EQ(resultado.transferidos, 1);
+    EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 1));
+}
+
+TEST(ImportRun, ACatalogueWithTooManyRatesEndsTheRun) {
+    Escenario escenario;
+    for (int mes = 1; mes <= 20; ++mes)
+        escenario.base.Param(u"953"_s, u"1010909"_s + QString::number(202000 + mes), {});
+    const ResultadoImportacion resultado = escenario.Importa({LineaDe()});
+    EXPECT_EQ(resultado.fin, FinImportacion::Fallida);
+    EXPECT_TRUE(Texto(resultado).endsWith(u" Error Tecnico: 6"_s)) << Texto(resultado).toStdString();
+}
+
+TEST(ImportRun, ManyLinesInSeveralBatches) {
+    Escenario escenario;
+    qint64 ultimo = 0;
+    escenario.Escribe(Muchas(6000).join(u'\n').toUtf8());
+    EXPECT_EQ(escenario.Corre([&](int hechas) { return (ultimo = hechas) >= 0; }).transferidos, 6000);
+    EXPECT_EQ(ultimo, 5999);
+    EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 6000, 6000));
+}
+
+} // namespace

@@ -1,0 +1,156 @@
+#include "import/ImportFixture.h"
+
+#include "Printers.h"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace xa518;
+using namespace Qt::StringLiterals;
+using prueba::Cambios;
+using prueba::Empresa;
+using prueba::Escenario;
+using prueba::LineaDe;
+using testing::ElementsAre;
+
+namespace {
+
+TEST(ImportStore, RowsOfAPersonAndACompany) {
+    using enum Campo;
+    Escenario escenario;
+    const QString nota = LineaDe(Empresa({{RazonSocial, u"Compañía "_s + QString(33, u'X')},
+                                          {TipoCp, u"7"_s},
+                                          {SerieCp, u"7"_s},
+                                          {MontoCp, u"100.50"_s}}));
+    const ResultadoImportacion resultado =
+        escenario.Importa({LineaDe({{Nombres, u"María de los Ángeles del Pilar"_s}}), nota});
+    EXPECT_EQ(resultado.fin, FinImportacion::Completa);
+    EXPECT_EQ(resultado.transferidos, 2);
+    EXPECT_EQ(resultado.rechazados, 0);
+    EXPECT_EQ(resultado.mensaje,
+              (Mensaje{Icono::Informacion, u"Archivo : 051820990518018202610.TXT transferido"_s, u"Mensaje"_s}));
+    EXPECT_THAT(
+        escenario.Filas(u"SELECT * FROM TMPF518PCAB"_s),
+        ElementsAre(
+            u"1|45678901|MARÍA DE LOS ÁNGELES ROJAS QUISPE|QUISPE|ROJAS|MARÍA DE LOS ÁNGELES|<null>|100.5|1.01|<null>"_s,
+            u"6|20500000008|COMPANÍA "_s + QString(31, u'X') + u"| | | |<null>|100.5|1.01|<null>"_s));
+    EXPECT_THAT(escenario.Filas(u"SELECT * FROM TMPF518PDET"_s),
+                ElementsAre(u"1|45678901|0001|00000123||1|1|0|15/10/2026|100.5|1.01|1.00"_s,
+                            u"6|20500000008|0001|00000123||1|1|0|15/10/2026|100.5|1.01|1.00"_s));
+    EXPECT_THAT(escenario.Filas(u"SELECT * FROM TMPF518PDETCP"_s),
+                ElementsAre(u"1|45678901|0001|00000123|01|F001|00000077|10/10/2026|118.59"_s,
+                            u"6|20500000008|0001|00000123|07|0007|00000077|10/10/2026|-100.5"_s));
+}
+
+TEST(ImportStore, TheDocumentTypeIsStoredAsAnInteger) {
+    Escenario escenario;
+    (void)escenario.Importa({LineaDe({{Campo::TipoDoc, u"07"_s}}), LineaDe({{Campo::TipoDoc, u"1-"_s}}),
+                             LineaDe({{Campo::TipoDoc, {}}, {Campo::NumDoc, {}}})});
+    EXPECT_THAT(
+        escenario.Filas(u"SELECT tip_doc_per, typeof(tip_doc_per), num_doc_per FROM TMPF518PCAB ORDER BY rowid"_s),
+        ElementsAre(u"7|integer|45678901"_s, u"1|integer|45678901"_s, u"0|integer|"_s));
+}
+
+TEST(ImportStore, LinesOfOneVoucherShareItsRow) {
+    Escenario escenario;
+    const ResultadoImportacion resultado =
+        escenario.Importa({LineaDe(), LineaDe({{Campo::NumeroCp, u"78"_s}}),
+                           LineaDe({{Campo::NumeroCp, u"79"_s}, {Campo::MontoCobrado, u"100.50"_s}})});
+    EXPECT_EQ(resultado.transferidos, 3);
+    EXPECT_EQ(resultado.rechazados, 0);
+    EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 3));
+}
+
+TEST(ImportStore, AVoucherReadWithAnotherDateOrAmountIsRefusedAfterItWasCounted) {
+    using enum Campo;
+    Escenario escenario;
+    const ResultadoImportacion resultado =
+        escenario.Importa({LineaDe(), LineaDe({{MontoCobrado, u"100.51"_s}, {NumeroCp, u"78"_s}}),
+                           LineaDe({{FechaEmision, u"16/10/2026"_s}, {NumeroCp, u"79"_s}})});
+    EXPECT_EQ(resultado.transferidos, 3);
+    EXPECT_EQ(resultado.rechazados, 2);
+    EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 1));
+    EXPECT_EQ(
+        prueba::LeeBytes(resultado.rutaErr).count("La fecha y/o el monto del comprobante de percepción no coincide"),
+        2);
+}
+
+TEST(ImportStore, AVoucherEnteredByHandIsKnownByTheValueOfItsAmount) {
+    Escenario escenario;
+    escenario.base->Ejecuta(
+        u"INSERT INTO TMPF518PDET VALUES (1,'45678901','0001','00000123','','1','1','0','15/10/2026',"
+        "'1000.00','10.00','1.00')"_s);
+    EXPECT_EQ(escenario.Importa({LineaDe({{Campo::MontoCobrado, u"1000"_s}})}).rechazados, 0);
+    EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 1));
+}
+
+TEST(ImportStore, ASecondRunOverTheSameFileMeetsItsPaymentVouchers) {
+    using enum Campo;
+    Escenario escenario;
+    const QStringList lineas{LineaDe(), LineaDe({{NumeroCp, u"78"_s}})};
+    (void)escenario.Importa(lineas);
+    const ResultadoImportacion segunda = escenario.Importa(lineas + QStringList{LineaDe({{NumeroCp, u"79"_s}})});
+    EXPECT_EQ(segunda.fin, FinImportacion::Completa);
+    EXPECT_EQ(segunda.transferidos, 1);
+    EXPECT_EQ(segunda.rechazados, 2);
+    EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 3));
+    EXPECT_EQ(prueba::LeeBytes(segunda.rutaErr).count("De la tabla 0228"), 2);
+}
+
+/// A trigger stands in for another program that adds the same row between the look-up and the insert.
+TEST(ImportStore, AfterADuplicateKeyTheLineGoesOnWithItsNextRow) {
+    struct Caso {
+        QString tabla;
+        QList<int> filas;
+        int rechazados;
+    };
+    for (const Caso& caso : {Caso{u"TMPF518PCAB"_s, {0, 1, 1}, 1}, Caso{u"TMPF518PDET"_s, {1, 0, 1}, 1}}) {
+        Escenario escenario;
+        escenario.base->Ejecuta(u"CREATE TABLE unica (x UNIQUE)"_s);
+        escenario.base->Ejecuta(u"INSERT INTO unica VALUES (1)"_s);
+        escenario.base->Ejecuta(
+            u"CREATE TRIGGER doble BEFORE INSERT ON %1 BEGIN INSERT INTO unica VALUES (1); END"_s.arg(caso.tabla));
+        const ResultadoImportacion resultado = escenario.Importa({LineaDe()});
+        EXPECT_EQ(resultado.transferidos, 0) << caso.tabla.toStdString();
+        EXPECT_EQ(resultado.rechazados, caso.rechazados);
+        EXPECT_EQ(escenario.Cuenta(), caso.filas) << caso.tabla.toStdString();
+    }
+}
+
+TEST(ImportStore, AnswersThatThePeriodKeeps) {
+    using enum Campo;
+    struct Caso {
+        QString periodo;
+        QString primerIgv;
+        Cambios cambios;
+        QString guardado; // cp_fact, lista_clie, med_pago, mto_imp_p, por_tasa_p
+    };
+    const QString igv = u"201012"_s;
+    const auto del = [](const QString& fecha, const QString& venta, const QString& credito, const QString& tipo) {
+        return Cambios{{FechaEmision, fecha},   {FechaCp, u"01/01/2005"_s}, {SerieCp, u"1"_s},
+                       {RespuestaVenta, venta}, {CreditoFiscal, credito},   {TipoCp, tipo}};
+    };
+    for (const Caso& caso : {
+             Caso{u"200503"_s, igv, del(u"15/03/2005"_s, {}, u"1"_s, u"01"_s), u"1|1|9|90.45|1.00"_s},
+             Caso{u"200802"_s, igv, del(u"15/02/2008"_s, {}, u"0"_s, u"03"_s), u"0|1|9|2.01|2.00"_s},
+             Caso{u"201012"_s, igv, del(u"15/12/2010"_s, u"1"_s, u"0"_s, u"03"_s), u"0|1|1|6.03|6.00"_s},
+             Caso{u"201101"_s, igv, del(u"15/01/2011"_s, u"1"_s, u"1"_s, u"01"_s), u"1|1|9|4.02|4.00"_s},
+             Caso{u"201101"_s, igv, del(u"15/01/2011"_s, u"1"_s, u"0"_s, u"03"_s), u"0|9|9|5.03|5.00"_s},
+         }) {
+        Escenario escenario(caso.periodo);
+        escenario.proceso.fechaPrimerIgv = caso.primerIgv;
+        (void)escenario.Importa({LineaDe(caso.cambios)});
+        EXPECT_THAT(escenario.Filas(u"SELECT cp_fact, lista_clie, med_pago, mto_imp_p, por_tasa_p FROM TMPF518PDET"_s),
+                    ElementsAre(caso.guardado))
+            << caso.periodo.toStdString();
+    }
+}
+
+TEST(ImportStore, ThePerceptionIsRoundedTwice) {
+    Escenario escenario;
+    escenario.base->Ejecuta(u"DELETE * FROM PARAM"_s);
+    escenario.base.Param(u"953"_s, u"1010909200501"_s, prueba::Funcion({{21, u"0.00405"_s}, {31, u"0.41"_s}}));
+    (void)escenario.Importa({LineaDe({{Campo::MontoCobrado, u"1.23"_s}})});
+    EXPECT_THAT(escenario.Filas(u"SELECT mto_imp_p FROM TMPF518PDET"_s), ElementsAre(u"0.01"_s));
+}
+
+} // namespace
