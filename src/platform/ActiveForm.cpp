@@ -8,8 +8,10 @@
 namespace xa518 {
 
 QWidget* FormaActiva() {
-    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
-    if (QWidget* activa = QApplication::activeWindow()) return activa;
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    if (QWidget* activa = QApplication::activeWindow())
+        return activa;
     const auto todas = QApplication::topLevelWidgets();
     const auto visible = std::find_if(todas.begin(), todas.end(), [](const QWidget* w) { return w->isVisible(); });
     return visible == todas.end() ? nullptr : *visible;

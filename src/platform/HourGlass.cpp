@@ -16,7 +16,8 @@ RelojDeArena::~RelojDeArena() {
 }
 
 void RelojDeArena::Suelta() {
-    if (std::exchange(m_puesto, false)) QGuiApplication::restoreOverrideCursor();
+    if (std::exchange(m_puesto, false))
+        QGuiApplication::restoreOverrideCursor();
 }
 
 } // namespace xa518

@@ -29,7 +29,8 @@ void CampoMascara::setText(const QString& texto) {
 /// digit belongs.
 void CampoMascara::focusInEvent(QFocusEvent* evento) {
     QLineEdit::focusInEvent(evento);
-    if (evento->reason() == Qt::MouseFocusReason || evento->reason() == Qt::ActiveWindowFocusReason) return;
+    if (evento->reason() == Qt::MouseFocusReason || evento->reason() == Qt::ActiveWindowFocusReason)
+        return;
     if (EstaCompleto())
         selectAll();
     else
@@ -40,7 +41,8 @@ void CampoMascara::focusInEvent(QFocusEvent* evento) {
 void CampoMascara::mouseReleaseEvent(QMouseEvent* evento) {
     QLineEdit::mouseReleaseEvent(evento);
     const QString texto = displayText();
-    if (std::none_of(texto.begin(), texto.end(), [](QChar c) { return c.isDigit(); })) setCursorPosition(0);
+    if (std::none_of(texto.begin(), texto.end(), [](QChar c) { return c.isDigit(); }))
+        setCursorPosition(0);
 }
 
 CampoPeriodo::CampoPeriodo(QWidget* padre) : CampoMascara(u"99/9999"_s, padre) {}

@@ -57,7 +57,8 @@ class CajaPregunta final : public Caja {
 
   protected:
     void keyPressEvent(QKeyEvent* evento) override {
-        if (!evento->matches(QKeySequence::Cancel)) Caja::keyPressEvent(evento);
+        if (!evento->matches(QKeySequence::Cancel))
+            Caja::keyPressEvent(evento);
     }
     void closeEvent(QCloseEvent* evento) override { evento->ignore(); }
 };

@@ -86,9 +86,9 @@ void FormaDePagoQMD::Compone() {
     rejilla->addWidget(m_importe, 3, 1);
     rejilla->setColumnStretch(1, 1);
 
-    auto* todo = new QVBoxLayout(this);
-    todo->setContentsMargins(0, 0, 0, 0);
-    todo->addWidget(marco);
+    auto* columna = new QVBoxLayout(this);
+    columna->setContentsMargins(0, 0, 0, 0);
+    columna->addWidget(marco);
 }
 
 void FormaDePagoQMD::Conecta() {
@@ -125,7 +125,8 @@ void FormaDePagoQMD::PonBancos(const QList<OpcionBanco>& bancos) {
 }
 
 QString FormaDePagoQMD::FormaPago() const {
-    if (m_efectivo->isChecked()) return kEfectivo;
+    if (m_efectivo->isChecked())
+        return kEfectivo;
     return m_cheque->isChecked() ? kCheque : kSinElegir;
 }
 
@@ -149,7 +150,8 @@ void FormaDePagoQMD::PonBanco(const QString& codigo) {
         m_banco->setCurrentIndex(-1);
         return;
     }
-    if (m_banco->findData(propio) < 0) m_banco->addItem(propio, propio);
+    if (m_banco->findData(propio) < 0)
+        m_banco->addItem(propio, propio);
     m_banco->setCurrentIndex(m_banco->findData(propio));
 }
 

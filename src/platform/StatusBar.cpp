@@ -36,8 +36,8 @@ class EtiquetaRecortada final : public QLabel {
 
     [[nodiscard]] QSize sizeHint() const override {
         const QFontMetricsF medida(font());
-        const qreal ancho = std::max(medida.horizontalAdvance(m_rotulo + QString(m_reserva, u'0')),
-                                     medida.horizontalAdvance(text()));
+        const qreal ancho =
+            std::max(medida.horizontalAdvance(m_rotulo + QString(m_reserva, u'0')), medida.horizontalAdvance(text()));
         return {qCeil(ancho) + 1 + 2 * kMargen, QLabel::sizeHint().height()};
     }
     [[nodiscard]] QSize minimumSizeHint() const override { return {2 * kMargen, QLabel::minimumSizeHint().height()}; }

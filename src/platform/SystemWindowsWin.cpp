@@ -32,7 +32,8 @@ class VentanasWindows final : public VentanasDelSistema {
 
     QString Titulo(Manejador ventana) override {
         const int largo = GetWindowTextLengthW(DeManejador(ventana));
-        if (largo <= 0) return {};
+        if (largo <= 0)
+            return {};
         std::wstring texto(static_cast<size_t>(largo) + 1, L'\0');
         const int copiados = GetWindowTextW(DeManejador(ventana), texto.data(), largo + 1);
         return QString::fromWCharArray(texto.data(), copiados);

@@ -73,7 +73,8 @@ std::optional<Propiedad> VentanasX11::Lee(xcb_window_t ventana, xcb_atom_t propi
     const auto pedido =
         xcb_get_property(m_conexion.get(), 0, ventana, propiedad, XCB_GET_PROPERTY_TYPE_ANY, 0, kMaximoDePropiedad);
     const Respondido<xcb_get_property_reply_t> valor(xcb_get_property_reply(m_conexion.get(), pedido, nullptr));
-    if (!valor || valor->type == XCB_ATOM_NONE) return std::nullopt;
+    if (!valor || valor->type == XCB_ATOM_NONE)
+        return std::nullopt;
     const auto* bytes = static_cast<const char*>(xcb_get_property_value(valor.get()));
     return Propiedad{valor->type, QByteArray(bytes, xcb_get_property_value_length(valor.get()))};
 }
@@ -82,7 +83,8 @@ std::optional<Propiedad> VentanasX11::Lee(xcb_window_t ventana, xcb_atom_t propi
 bool VentanasX11::HayGestor(xcb_window_t raiz) {
     const xcb_atom_t marca = Atomo("_NET_SUPPORTING_WM_CHECK");
     const auto deRaiz = Lee(raiz, marca);
-    if (!deRaiz || deRaiz->Palabras().isEmpty()) return false;
+    if (!deRaiz || deRaiz->Palabras().isEmpty())
+        return false;
     const auto propia = Lee(deRaiz->Palabras().first(), marca);
     return propia && propia->Palabras() == deRaiz->Palabras();
 }
@@ -90,7 +92,8 @@ bool VentanasX11::HayGestor(xcb_window_t raiz) {
 QList<uint32_t> VentanasX11::HijasDe(xcb_window_t raiz) {
     const auto pedido = xcb_query_tree(m_conexion.get(), raiz);
     const Respondido<xcb_query_tree_reply_t> arbol(xcb_query_tree_reply(m_conexion.get(), pedido, nullptr));
-    if (!arbol) return {};
+    if (!arbol)
+        return {};
     const xcb_window_t* hijas = xcb_query_tree_children(arbol.get());
     return {hijas, hijas + xcb_query_tree_children_length(arbol.get())};
 }
@@ -101,7 +104,8 @@ QList<uint32_t> VentanasX11::SuperioresDe(xcb_window_t raiz) {
 }
 
 QList<Manejador> VentanasX11::Superiores() {
-    if (xcb_connection_has_error(m_conexion.get())) return {};
+    if (xcb_connection_has_error(m_conexion.get()))
+        return {};
     QList<Manejador> todas;
     auto pantalla = xcb_setup_roots_iterator(xcb_get_setup(m_conexion.get()));
     for (; pantalla.rem > 0; xcb_screen_next(&pantalla))
@@ -116,7 +120,8 @@ bool VentanasX11::EsVisible(Manejador ventana) {
     const auto pedido = xcb_get_window_attributes(m_conexion.get(), DeManejador(ventana));
     const Respondido<xcb_get_window_attributes_reply_t> rasgos(
         xcb_get_window_attributes_reply(m_conexion.get(), pedido, nullptr));
-    if (!rasgos || rasgos->map_state != XCB_MAP_STATE_UNMAPPED) return rasgos != nullptr;
+    if (!rasgos || rasgos->map_state != XCB_MAP_STATE_UNMAPPED)
+        return rasgos != nullptr;
     const auto estado = Lee(DeManejador(ventana), Atomo("WM_STATE"));
     return estado && estado->Palabras().value(0) == kMinimizada;
 }
@@ -126,7 +131,8 @@ QString VentanasX11::Titulo(Manejador ventana) {
     if (const auto nombre = Lee(DeManejador(ventana), Atomo("_NET_WM_NAME")); nombre && !nombre->bytes.isEmpty())
         return QString::fromUtf8(nombre->bytes);
     const auto nombre = Lee(DeManejador(ventana), XCB_ATOM_WM_NAME);
-    if (!nombre) return {};
+    if (!nombre)
+        return {};
     return nombre->tipo == utf8 ? QString::fromUtf8(nombre->bytes) : QString::fromLatin1(nombre->bytes);
 }
 
@@ -156,7 +162,8 @@ std::unique_ptr<VentanasDelSistema> VentanasReales() {
 
 void PrefiereX11() {
     const bool enWayland = qEnvironmentVariableIsSet("WAYLAND_DISPLAY") && qEnvironmentVariableIsSet("DISPLAY");
-    if (enWayland && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb");
+    if (enWayland && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "xcb");
 }
 
 } // namespace xa518

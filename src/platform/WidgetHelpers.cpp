@@ -46,13 +46,15 @@ void FijaAnchoCombo(const QWidget& ventana, QComboBox& combo, int caracteres) {
 
 void EnviaTecla(const QString& tecla) {
     QWidget* campo = QApplication::focusWidget();
-    if (tecla != u"TAB" || !campo) return;
+    if (tecla != u"TAB" || !campo)
+        return;
     QKeyEvent pulsada(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, u"\t"_s);
     QCoreApplication::sendEvent(campo, &pulsada);
 }
 
 void Enfoca(QWidget& campo) {
-    if (campo.isEnabled()) campo.setFocus(Qt::OtherFocusReason);
+    if (campo.isEnabled())
+        campo.setFocus(Qt::OtherFocusReason);
 }
 
 } // namespace xa518

@@ -12,7 +12,8 @@ constexpr qsizetype kLargoDeClase = 256;
 Manejador BuscaVentana(VentanasDelSistema& sistema, const QString& titulo, const QString& clase) {
     for (const Manejador ventana : sistema.Superiores()) {
         const bool esSuya = clase.isEmpty() || sistema.Clase(ventana).compare(clase, Qt::CaseInsensitive) == 0;
-        if (esSuya && sistema.Titulo(ventana).compare(titulo, Qt::CaseInsensitive) == 0) return ventana;
+        if (esSuya && sistema.Titulo(ventana).compare(titulo, Qt::CaseInsensitive) == 0)
+            return ventana;
     }
     return 0;
 }
@@ -22,18 +23,23 @@ Manejador BuscaVentana(VentanasDelSistema& sistema, const QString& titulo, const
 bool cWindows::CorreApp(const QString& titulo) {
     m_vistas.clear();
     for (const Manejador ventana : m_sistema->Superiores()) {
-        if (!m_sistema->EsVisible(ventana)) continue;
+        if (!m_sistema->EsVisible(ventana))
+            continue;
         const QString suyo = m_sistema->Titulo(ventana);
-        if (suyo.isEmpty()) continue;
+        if (suyo.isEmpty())
+            continue;
         m_vistas.insert(suyo, ventana);
-        if (suyo == titulo) return true;
+        if (suyo == titulo)
+            return true;
     }
     return false;
 }
 
 void cWindows::CloseApp(const QString& titulo, const QString& clase) {
-    if (titulo == u"Progman") return;
-    if (const Manejador ventana = BuscaVentana(*m_sistema, titulo, clase)) m_sistema->PideCierre(ventana);
+    if (titulo == u"Progman")
+        return;
+    if (const Manejador ventana = BuscaVentana(*m_sistema, titulo, clase))
+        m_sistema->PideCierre(ventana);
 }
 
 QString cWindows::ClassName(const QString& titulo) {
