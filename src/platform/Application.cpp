@@ -10,19 +10,31 @@ namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QString TextoDeLaFalla() {
+    try {
+        throw;
+    } catch (const Error& falla) {
+        return falla.Texto();
+    } catch (const std::exception& falla) {
+        return QString::fromUtf8(falla.what());
+    } catch (...) {
+        return u"Se produjo un error desconocido."_s;
+    }
+}
+
+} // namespace
+
 Aplicacion::Aplicacion(int& argc, char** argv, Avisos& avisos) : QApplication(argc, argv), m_avisos(&avisos) {}
 
 bool Aplicacion::notify(QObject* receptor, QEvent* evento) {
     try {
         return QApplication::notify(receptor, evento);
-    } catch (const Error& falla) {
-        AtiendeFalla(falla.Texto());
-    } catch (const std::exception& falla) {
-        AtiendeFalla(QString::fromUtf8(falla.what()));
     } catch (...) {
-        AtiendeFalla(u"Se produjo un error desconocido."_s);
+        AtiendeFalla(TextoDeLaFalla());
+        return false;
     }
-    return false;
 }
 
 void Aplicacion::AtiendeFalla(const QString& texto) {
@@ -35,6 +47,13 @@ void Aplicacion::AtiendeFalla(const QString& texto) {
     m_mostrando = true;
     const auto alSalir = qScopeGuard([this] { m_mostrando = false; });
     m_avisos->Muestra({Icono::Critico, texto, {}});
+}
+
+void AtiendeFallaEnCurso() {
+    auto* aplicacion = qobject_cast<Aplicacion*>(qApp);
+    if (!aplicacion)
+        throw;
+    aplicacion->AtiendeFalla(TextoDeLaFalla());
 }
 
 } // namespace xa518

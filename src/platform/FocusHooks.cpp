@@ -1,6 +1,7 @@
 #include "platform/FocusHooks.h"
 
-#include <QApplication>
+#include "platform/Application.h"
+
 #include <QFocusEvent>
 #include <QPointer>
 #include <QScopeGuard>
@@ -54,8 +55,10 @@ bool FocoDeCampo::SeVa() const {
 
 void FocoDeCampo::Entra() {
     m_dentro = true;
-    for (const auto& manejador : m_alEntrar)
-        manejador();
+    Protegido([this] {
+        for (const auto& manejador : m_alEntrar)
+            manejador();
+    })();
 }
 
 /// A message of a handler makes the window lose and get the focus, which lands anywhere meanwhile: until the
@@ -70,10 +73,12 @@ void FocoDeCampo::Sale() {
     });
     qApp->setProperty(kEnTransito, true);
     const auto transito = qScopeGuard([] { qApp->setProperty(kEnTransito, false); });
-    for (const auto& manejador : m_alSalir)
-        if (manejador() == Salida::Retenida || !vive)
-            return;
-    m_ultima = Salida::Libre;
+    Protegido([&] {
+        for (const auto& manejador : m_alSalir)
+            if (manejador() == Salida::Retenida || !vive)
+                return;
+        m_ultima = Salida::Libre;
+    })();
 }
 
 void FocoDeCampo::Vuelve() {

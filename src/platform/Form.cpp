@@ -1,5 +1,6 @@
 #include "platform/Form.h"
 
+#include "platform/Application.h"
 #include "platform/FieldFocus.h"
 #include "platform/WidgetHelpers.h"
 
@@ -37,12 +38,12 @@ void Forma::Prepara(const QList<QAbstractButton*>& salidas) {
 
 void Forma::reject() {
     (void)SueltaFoco(); // the way out goes on even when the field has a fault
-    Salir();
+    Protegido([this] { Salir(); })();
 }
 
 void Forma::AbreModal(QDialog& otra) {
     otra.exec();
-    AlActivar();
+    Protegido([this] { AlActivar(); })();
 }
 
 void Forma::keyPressEvent(QKeyEvent* evento) {
@@ -62,7 +63,7 @@ void Forma::keyPressEvent(QKeyEvent* evento) {
 void Forma::showEvent(QShowEvent* evento) {
     QDialog::showEvent(evento);
     if (!std::exchange(m_activada, true))
-        AlActivar();
+        Protegido([this] { AlActivar(); })();
 }
 
 } // namespace xa518

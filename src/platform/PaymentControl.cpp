@@ -86,9 +86,9 @@ void FormaDePagoQMD::Compone() {
     rejilla->addWidget(m_importe, 3, 1);
     rejilla->setColumnStretch(1, 1);
 
-    auto* todo = new QVBoxLayout(this);
-    todo->setContentsMargins(0, 0, 0, 0);
-    todo->addWidget(marco);
+    auto* columna = new QVBoxLayout(this);
+    columna->setContentsMargins(0, 0, 0, 0);
+    columna->addWidget(marco);
 }
 
 void FormaDePagoQMD::Conecta() {
