@@ -13,14 +13,12 @@ packages_build=(
   libqt6sql6-sqlite # the database driver, which Qt loads at run time
   libsqlite3-dev
   libsodium-dev
-  libxcb1-dev
   libfccp-dev
 )
 
 packages_test=(
   libgtest-dev
   libgmock-dev
-  xvfb # the window search is tried on a real X server
   clang-format
   python3
   xvfb # the window search is tried against real windows
