@@ -9,6 +9,7 @@ packages_build=(
   pkg-config
   ccache
   qt6-base-dev
+  libxcb1-dev # finds the launcher's window
   libqt6sql6-sqlite # the database driver, which Qt loads at run time
   libsqlite3-dev
   libsodium-dev
@@ -20,6 +21,7 @@ packages_test=(
   libgmock-dev
   clang-format
   python3
+  xvfb # the window search is tried against real windows
 )
 
 packages_tidy=(

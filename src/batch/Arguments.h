@@ -14,7 +14,7 @@ enum class Orden { Importar, Declarar, Validar, Listar };
 struct Argumentos {
     Orden orden = Orden::Listar;
     QString ruc;
-    QString periodo; ///< `yyyymm`
+    QString periodo;                     ///< `yyyymm`
     std::optional<QString> percepciones; ///< absolute folder of the file of perception vouchers
     std::optional<QString> pagosPrevios;
     std::optional<QString> interes;

@@ -30,17 +30,11 @@ void Exige(const Veredicto& veredicto, const QString& siCalla) {
 
 /// The declarant must be one of those that the user may choose in the module.
 void ExigeDeclarante(Proceso& proceso, const QString& ruc) {
-    Base& base = *proceso.baseDatos;
-    const ConsultaSql consulta = SqlDeclarantes(base, proceso.numFormulario, proceso.sysUser);
-    QVariantList valores;
-    for (const QString& valor : consulta.valores)
-        valores.append(valor);
-    Registros filas = base.Lee(consulta.texto, valores);
-    const int columna = filas.Columna(u"Doc_id_d");
-    while (filas.Siguiente()) {
-        if (Recorta(filas.Texto(columna)) == ruc)
-            return;
-    }
+    const QList<DeclaranteOfrecido> ofrecidos =
+        DeclarantesOfrecidos(*proceso.baseDatos, proceso.numFormulario, proceso.sysUser);
+    if (std::any_of(ofrecidos.begin(), ofrecidos.end(),
+                    [&](const DeclaranteOfrecido& ofrecido) { return ofrecido.ruc == ruc; }))
+        return;
     throw RechazaCon(u"El declarante %1 no está registrado para el usuario «%2»."_s.arg(ruc, proceso.sysUser));
 }
 
@@ -110,9 +104,8 @@ void LlenaPago(Declaracion& declaracion, const Argumentos& argumentos) {
 }
 
 QList<CasillaGrabada> CasillasGrabadas(Base& base, const ClaveDeclaracion& clave) {
-    Registros filas =
-        base.Lee(u"SELECT Casilla, i_valor FROM DET "_s + clave.CondicionSinTipo() + u" ORDER BY Casilla"_s,
-                 clave.Valores());
+    Registros filas = base.Lee(
+        u"SELECT Casilla, i_valor FROM DET "_s + clave.CondicionSinTipo() + u" ORDER BY Casilla"_s, clave.Valores());
     QList<CasillaGrabada> casillas;
     while (filas.Siguiente())
         casillas.append({filas.Texto(0), filas.Texto(1)});
@@ -159,8 +152,7 @@ Informe Validar(Proceso& proceso, const Argumentos& argumentos) {
     Declaracion declaracion;
     declaracion.clave = ClaveDe(proceso, argumentos);
     if (!ExisteDeclaracion(base, declaracion.clave))
-        throw RechazaCon(
-            u"No hay una declaración registrada de %1 para %2."_s.arg(argumentos.ruc, argumentos.periodo));
+        throw RechazaCon(u"No hay una declaración registrada de %1 para %2."_s.arg(argumentos.ruc, argumentos.periodo));
     CargaCasillas(base, declaracion);
     Informe informe;
     if (const std::optional<Mensaje> aviso = AvisoDeImporte(declaracion))
@@ -175,10 +167,10 @@ Informe Validar(Proceso& proceso, const Argumentos& argumentos) {
 /// The same declarations as the module's pickers: all of them for a user of kind "0", otherwise the user's own.
 QList<FilaLista> LeeLista(Proceso& proceso, bool enviadas) {
     Base& base = *proceso.baseDatos;
-    QString sql = u"SELECT A.DOC_ID_D, B.NOMBRE, A.PERIODO, A.ESTADO, A.RECTIFICA%1 FROM %2 AS A, CONT AS B "
-                  "WHERE A.DOC_ID_D=B.DOC_ID_D AND A.TIP_DOC_D=6 AND B.TIP_DOC_D=6 AND A.FORMULARIO=?"_s
-                      .arg(enviadas ? u", A.CORREL, A.CONTROL, A.NORDEN, A.FEC_ENV"_s : QString(),
-                           enviadas ? u"HCAB"_s : u"CAB"_s);
+    QString sql =
+        u"SELECT A.DOC_ID_D, B.NOMBRE, A.PERIODO, A.ESTADO, A.RECTIFICA%1 FROM %2 AS A, CONT AS B "
+        "WHERE A.DOC_ID_D=B.DOC_ID_D AND A.TIP_DOC_D=6 AND B.TIP_DOC_D=6 AND A.FORMULARIO=?"_s.arg(
+            enviadas ? u", A.CORREL, A.CONTROL, A.NORDEN, A.FEC_ENV"_s : QString(), enviadas ? u"HCAB"_s : u"CAB"_s);
     QVariantList valores{proceso.numFormulario};
     if (Catalogo(base).TipoUsuario(proceso.sysUser) != u"0") {
         sql += u" AND B.USUARIO=?";

@@ -3,9 +3,9 @@
 namespace xa518 {
 
 /// Exit codes of the tools without a window.
-inline constexpr int kSalidaBien = 0;           ///< done and clean
-inline constexpr int kSalidaObservaciones = 1;  ///< done, with refused lines or inconsistencies
-inline constexpr int kSalidaRechazado = 2;      ///< refused: nothing was written
-inline constexpr int kSalidaFallo = 3;          ///< the database or a file failed
+inline constexpr int kSalidaBien = 0;          ///< done and clean
+inline constexpr int kSalidaObservaciones = 1; ///< done, with refused lines or inconsistencies
+inline constexpr int kSalidaRechazado = 2;     ///< refused: nothing was written
+inline constexpr int kSalidaFallo = 3;         ///< the database or a file failed
 
 } // namespace xa518

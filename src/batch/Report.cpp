@@ -34,8 +34,10 @@ QJsonArray Mensajes(const Informe& informe) {
 QJsonArray Declaraciones(const QList<FilaLista>& filas) {
     QJsonArray lista;
     for (const FilaLista& fila : filas) {
-        QJsonObject objeto{{u"ruc"_s, fila.ruc},         {u"nombre"_s, fila.nombre},
-                           {u"periodo"_s, fila.periodo}, {u"estado"_s, fila.estado.toInt()},
+        QJsonObject objeto{{u"ruc"_s, fila.ruc},
+                           {u"nombre"_s, fila.nombre},
+                           {u"periodo"_s, fila.periodo},
+                           {u"estado"_s, fila.estado.toInt()},
                            {u"rectifica"_s, fila.rectifica}};
         if (!fila.correl.isEmpty()) {
             objeto.insert(u"correl"_s, fila.correl);

@@ -19,7 +19,7 @@ struct FilaLista {
     QString periodo; ///< `yyyymm`
     QString estado;
     QString rectifica;
-    QString correl;  ///< of a sent copy, as the three below
+    QString correl; ///< of a sent copy, as the three below
     QString control;
     QString norden;
     QString fecEnv;

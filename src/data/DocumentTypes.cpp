@@ -26,11 +26,8 @@ constexpr int kInicioTipoDato = 128;
 constexpr int kInicioTipoLongitud = 130;
 
 TipoDocumento Corta(const QString& codigo, QStringView funcion) {
-    return {codigo,
-            Mid(funcion, kInicioCorto, kLargoCorto).toString(),
-            Recorta(Mid(funcion, kInicioLargo, 2)).toInt(),
-            Mid(funcion, kInicioTipoDato, 1).toString(),
-            Mid(funcion, kInicioTipoLongitud, 1).toString()};
+    return {codigo, Mid(funcion, kInicioCorto, kLargoCorto).toString(), Recorta(Mid(funcion, kInicioLargo, 2)).toInt(),
+            Mid(funcion, kInicioTipoDato, 1).toString(), Mid(funcion, kInicioTipoLongitud, 1).toString()};
 }
 
 bool LargoValido(const TipoDocumento& tipo, qsizetype largo) {
@@ -91,6 +88,17 @@ ConsultaSql SqlDeclarantes(Base& base, const QString& formulario, const QString&
         consulta.valores.append(usuario);
     }
     return consulta;
+}
+
+QList<DeclaranteOfrecido> DeclarantesOfrecidos(Base& base, const QString& formulario, const QString& usuario) {
+    const ConsultaSql consulta = SqlDeclarantes(base, formulario, usuario);
+    Registros filas = base.Lee(consulta.texto, QVariantList(consulta.valores.begin(), consulta.valores.end()));
+    const int ruc = filas.Columna(u"Doc_id_d");
+    const int nombre = filas.Columna(u"Nombre");
+    QList<DeclaranteOfrecido> ofrecidos;
+    while (filas.Siguiente())
+        ofrecidos.append({Recorta(filas.Texto(ruc)).toString(), filas.Texto(nombre)});
+    return ofrecidos;
 }
 
 } // namespace xa518

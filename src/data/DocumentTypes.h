@@ -11,11 +11,11 @@ class Base;
 
 /// A row of the catalogue of document types, cut out of its fixed columns.
 struct TipoDocumento {
-    QString codigo;        ///< two digits, "06" is the RUC
-    QString corto;         ///< short name, 11 characters at most
-    int largo = 0;         ///< LenDoc: length of the number
-    QString tipoDato;      ///< column 128, "0" or another
-    QString tipoLongitud;  ///< column 130, "0" a maximum, otherwise exact
+    QString codigo;       ///< two digits, "06" is the RUC
+    QString corto;        ///< short name, 11 characters at most
+    int largo = 0;        ///< LenDoc: length of the number
+    QString tipoDato;     ///< column 128, "0" or another
+    QString tipoLongitud; ///< column 130, "0" a maximum, otherwise exact
 
     /// The item of the lists: code, short name in 60 characters and the tail of length and flags from which the
     /// dialogs read the rules of the chosen type back.
@@ -39,5 +39,13 @@ struct ConsultaSql {
 
 /// The query for the declarants that a user may choose for a form.
 [[nodiscard]] ConsultaSql SqlDeclarantes(Base& base, const QString& formulario, const QString& usuario);
+
+struct DeclaranteOfrecido {
+    QString ruc; ///< trimmed
+    QString nombre;
+};
+/// The rows of that query.
+[[nodiscard]] QList<DeclaranteOfrecido> DeclarantesOfrecidos(Base& base, const QString& formulario,
+                                                             const QString& usuario);
 
 } // namespace xa518

@@ -22,8 +22,8 @@ enum class Banda {
 
 /// A row of catalogue "953": the rates of one class from one month on.
 struct FilaTasa {
-    QString factor;   ///< fraction of one, as text, by the declared period before or from 200504
-    QString tasa;     ///< the rate that is shown and stored
+    QString factor; ///< fraction of one, as text, by the declared period before or from 200504
+    QString tasa;   ///< the rate that is shown and stored
 };
 
 /// Perception rates by class and month. Values are read once per class and month and kept, since they can't change

@@ -55,9 +55,9 @@ QString ChecksumRegistro(const Registro& registro, int primeros) {
 
 int PrimerosDe(const QString& tabla) {
     static const QHash<QString, int> primeros = {
-        {u"CAB"_s, 5},         {u"DET"_s, 6},          {u"HCAB"_s, 6},         {u"HDET"_s, 6},
-        {u"F518PCAB"_s, 6},    {u"F518PDET"_s, 8},     {u"F518PDETVC"_s, 9},   {u"F518PDETCP"_s, 10},
-        {u"HF518PCAB"_s, 6},   {u"HF518PDET"_s, 8},    {u"HF518PDETVC"_s, 9},  {u"HF518PDETCP"_s, 10},
+        {u"CAB"_s, 5},       {u"DET"_s, 6},       {u"HCAB"_s, 6},        {u"HDET"_s, 6},
+        {u"F518PCAB"_s, 6},  {u"F518PDET"_s, 8},  {u"F518PDETVC"_s, 9},  {u"F518PDETCP"_s, 10},
+        {u"HF518PCAB"_s, 6}, {u"HF518PDET"_s, 8}, {u"HF518PDETVC"_s, 9}, {u"HF518PDETCP"_s, 10},
     };
     const auto entrada = primeros.constFind(tabla.toUpper());
     if (entrada == primeros.cend())

@@ -13,13 +13,14 @@ int VersionDe(Base& base) {
 
 void ExigeVersion(Base& base) {
     const int version = VersionDe(base);
-    if (version == kVersionEsquema) return;
+    if (version == kVersionEsquema)
+        return;
     throw ErrorBase(NumeroError::VersionAjena,
                     u"La base '%1' es de la versión %2 y este programa usa la %3. %4"_s.arg(base.Ruta())
                         .arg(version)
                         .arg(kVersionEsquema)
                         .arg(version > kVersionEsquema ? u"Instale la versión actual del programa."_s
-                                                      : u"Ejecute consola --instalar."_s));
+                                                       : u"Ejecute consola --instalar."_s));
 }
 
 } // namespace xa518

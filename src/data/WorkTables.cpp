@@ -14,7 +14,7 @@ namespace {
 QString CopiaSql(const QString& destino, const QString& columnas, const QString& valores, const QString& origen,
                  const QString& condicion) {
     return u"INSERT INTO %1 (%2) SELECT %3 FROM %4 %5 ORDER BY rowid"_s.arg(destino, columnas, valores, origen,
-                                                                              condicion);
+                                                                            condicion);
 }
 
 Importe SoloPositivo(Importe total) {
@@ -64,9 +64,9 @@ void TablasTrabajo::CopiaComprobantes(const ClaveDeclaracion& clave, const QStri
 void TablasTrabajo::CopiaPagos(const ClaveDeclaracion& clave) {
     const QString columnas = u"tip_doc_per, num_doc_per, num_serie_cp, num_cp, tip_doc_detcp, num_serie_detcp, "
                              "num_detcp, fec_emis_detcp, mto_detcp"_s;
-    m_base->Ejecuta(CopiaSql(u"TMPF518PDETCP"_s, columnas, columnas, clave.Tabla(u"F518PDETCP"_s),
-                             clave.CondicionSinTipo()),
-                    clave.Valores());
+    m_base->Ejecuta(
+        CopiaSql(u"TMPF518PDETCP"_s, columnas, columnas, clave.Tabla(u"F518PDETCP"_s), clave.CondicionSinTipo()),
+        clave.Valores());
 }
 
 int TablasTrabajo::CuentaDocs(int tipoDoc, const QString& numero) const {

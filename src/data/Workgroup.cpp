@@ -55,7 +55,8 @@ QString TextoDeCodigos(const QString& codigos) {
 void GrupoTrabajo::Verifica(const Cuenta& cuenta) const {
     QFile archivo(m_ruta);
     if (!archivo.open(QIODevice::ReadOnly))
-        throw ErrorBase(NumeroError::GrupoNoExiste, u"No se encuentra el archivo de grupo de trabajo '%1'."_s.arg(m_ruta));
+        throw ErrorBase(NumeroError::GrupoNoExiste,
+                        u"No se encuentra el archivo de grupo de trabajo '%1'."_s.arg(m_ruta));
     const QJsonObject cuentas = QJsonDocument::fromJson(archivo.readAll()).object();
     const QByteArray hash = cuentas.value(cuenta.usuario).toString().toLatin1();
     if (hash.isEmpty() || !Coincide(hash, cuenta.clave))

@@ -65,8 +65,12 @@ const QString& Montos::Texto(int casilla) const {
     return m_textos[IndiceDe(casilla)];
 }
 
-void Montos::Cambia(int casilla, const QString& texto) {
+void Montos::Pon(int casilla, const QString& texto) {
     m_textos[IndiceDe(casilla)] = texto;
+}
+
+void Montos::Cambia(int casilla, const QString& texto) {
+    Pon(casilla, texto);
     switch (casilla) {
     case 401:
     case 402: return Calcular403();
@@ -82,12 +86,13 @@ void Montos::Cambia(int casilla, const QString& texto) {
 void Montos::Calcular403() {
     const bool vacias = Texto(401).isEmpty() && Texto(402).isEmpty();
     const Decimal resto = ValorCasilla(Texto(401)) + ValorCasilla(Texto(402)).Absoluto().Opuesto();
-    Cambia(403, vacias ? QString() : NoNegativo(resto));
+    Pon(403, vacias ? QString() : NoNegativo(resto));
+    Calcular405();
 }
 
 void Montos::Calcular405() {
     const bool vacias = Texto(403).isEmpty() && Texto(404).isEmpty();
-    Cambia(405, vacias ? QString() : NoNegativo(ValorCasilla(Texto(403)) + ValorCasilla(Texto(404))));
+    Pon(405, vacias ? QString() : NoNegativo(ValorCasilla(Texto(403)) + ValorCasilla(Texto(404))));
 }
 
 void Montos::CalcularTotal() {

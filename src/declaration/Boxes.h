@@ -36,6 +36,7 @@ class Montos {
     [[nodiscard]] const QString& ImportePagar() const { return m_importePagar; }
 
   private:
+    void Pon(int casilla, const QString& texto);
     void Calcular403();
     void Calcular405();
     void CalcularTotal();

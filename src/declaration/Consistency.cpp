@@ -51,9 +51,7 @@ const std::array<Regla, 6>& Reglas() {
         {[](const Declaracion& d) { return !d.pago.EsEfectivo() && !d.pago.EsCheque(); },
          u"Indique la forma de pago."_s},
         {[](const Declaracion& d) { return d.pago.EsCheque() && !d.pago.ConBanco(); }, u"Seleccione el banco."_s},
-        {[](const Declaracion& d) {
-             return d.pago.EsCheque() && d.pago.ConBanco() && d.pago.numeroCheque.isEmpty();
-         },
+        {[](const Declaracion& d) { return d.pago.EsCheque() && d.pago.ConBanco() && d.pago.numeroCheque.isEmpty(); },
          u"Ingrese el número de cheque."_s},
         {[](const Declaracion& d) { return d.pago.EsCheque() && EsNumericoCero(d.pago.numeroCheque); },
          u"Ingrese un número de cheque diferente de '0'."_s},
@@ -101,6 +99,13 @@ void EscribeMens(const QString& ruta, const QStringList& lineas) {
     QSaveFile archivo(ruta);
     if (!archivo.open(QIODevice::WriteOnly) || archivo.write(bytes) != bytes.size() || !archivo.commit())
         throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir el archivo %1"_s.arg(ruta));
+}
+
+QString LeeMens(const QString& ruta) {
+    QFile archivo(ruta);
+    if (!archivo.open(QIODevice::ReadOnly))
+        throw Error(NumeroError::AccesoAlDisco, u"No se puede leer el archivo %1"_s.arg(ruta));
+    return QString::fromUtf8(archivo.readAll());
 }
 
 } // namespace xa518

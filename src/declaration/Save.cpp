@@ -67,8 +67,8 @@ Decimal SumaCorrelativos(Base& base, const QString& catalogo) {
 }
 
 QString CatalogosDeControl(Base& base, const QString& formulario) {
-    Registros filas = base.Lee(u"SELECT * FROM PARAM WHERE numero='981' AND left(argumento,4)=? ORDER BY rowid"_s,
-                               {formulario});
+    Registros filas =
+        base.Lee(u"SELECT * FROM PARAM WHERE numero='981' AND left(argumento,4)=? ORDER BY rowid"_s, {formulario});
     return filas.Siguiente() ? Recorta(filas.Texto(u"Funcion")).toString() : QString();
 }
 

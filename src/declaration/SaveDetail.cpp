@@ -90,9 +90,9 @@ QStringList ColumnasComprobante(const QStringList& trasNumero) {
 
 void GrabaDetalle(Base& base, const ClaveDeclaracion& clave) {
     GrabaClientes(base, clave);
-    GrabaCopia(base, clave,
-               {u"F518PDET"_s, u"SELECT * FROM TMPF518PDET WHERE TIP_CP = ''"_s, clave.Condicion(),
-                ColumnasComprobante({})});
+    GrabaCopia(
+        base, clave,
+        {u"F518PDET"_s, u"SELECT * FROM TMPF518PDET WHERE TIP_CP = ''"_s, clave.Condicion(), ColumnasComprobante({})});
     GrabaCopia(base, clave,
                {u"F518PDETVC"_s, u"SELECT * FROM TMPF518PDET WHERE TIP_CP <> ''"_s, clave.Condicion(),
                 ColumnasComprobante({u"tip_cp"_s})});

@@ -17,10 +17,10 @@ namespace {
 /// Boxes whose value is stored as given. 501 and 503 are among them and 502 isn't, so that 502 is formatted twice;
 /// the bank in 015 isn't either and loses its leading zero. Wanted: the receiver reads them so.
 const QSet<QString>& CasillasTalCual() {
-    static const QSet<QString> casillas = {
-        u"012"_s, u"005"_s, u"721"_s, u"987"_s, u"986"_s, u"985"_s, u"984"_s, u"983"_s,
-        u"720"_s, u"722"_s, u"723"_s, u"724"_s, u"725"_s, u"726"_s, u"727"_s, u"728"_s,
-        u"729"_s, u"871"_s, u"500"_s, u"501"_s, u"503"_s, u"506"_s, u"790"_s};
+    static const QSet<QString> casillas = {u"012"_s, u"005"_s, u"721"_s, u"987"_s, u"986"_s, u"985"_s,
+                                           u"984"_s, u"983"_s, u"720"_s, u"722"_s, u"723"_s, u"724"_s,
+                                           u"725"_s, u"726"_s, u"727"_s, u"728"_s, u"729"_s, u"871"_s,
+                                           u"500"_s, u"501"_s, u"503"_s, u"506"_s, u"790"_s};
     return casillas;
 }
 
@@ -34,8 +34,7 @@ QString TextoDeSuma(const Registros& fila, int columna) {
 
 void CargaPago(Base& base, Declaracion& declaracion) {
     const ClaveDeclaracion& clave = declaracion.clave;
-    Registros fila =
-        base.Lee(u"SELECT * FROM %1 %2"_s.arg(clave.Tabla(u"CAB"_s), clave.Condicion()), clave.Valores());
+    Registros fila = base.Lee(u"SELECT * FROM %1 %2"_s.arg(clave.Tabla(u"CAB"_s), clave.Condicion()), clave.Valores());
     if (!fila.Siguiente())
         return;
     declaracion.pago.banco = Recorta(fila.Texto(u"bcolibrad")).toString();
@@ -98,9 +97,8 @@ void MuestraCasilla(Declaracion& declaracion, const QString& casilla, const QStr
 void CargaCasillas(Base& base, Declaracion& declaracion) {
     const ClaveDeclaracion& clave = declaracion.clave;
     // In the order in which they were saved, so that a stored result comes after the arithmetic that it answers.
-    Registros filas = base.Lee(u"SELECT * FROM %1 %2 ORDER BY rowid"_s.arg(clave.Tabla(u"DET"_s),
-                                                                           clave.CondicionSinTipo()),
-                               clave.Valores());
+    Registros filas = base.Lee(
+        u"SELECT * FROM %1 %2 ORDER BY rowid"_s.arg(clave.Tabla(u"DET"_s), clave.CondicionSinTipo()), clave.Valores());
     const int casilla = filas.Columna(u"Casilla");
     const int valor = filas.Columna(u"i_valor");
     while (filas.Siguiente())

@@ -69,14 +69,23 @@ Veredicto ValidaContForm1(Base& base, const Identificacion& identificacion, cons
     return ValidaPeriodo(mostrado, hoy);
 }
 
+Veredicto ValidaClaveElegida(const Identificacion& identificacion) {
+    if (!identificacion.nueva)
+        return Veredicto::Bien();
+    if (identificacion.ruc.isEmpty())
+        return Alto(u"Ingrese el RUC."_s, kCampoRuc);
+    return identificacion.mostrado.contains(u'_') ? PeriodoNoValido() : Veredicto::Bien();
+}
+
 Veredicto RechazaRucDeOcho(const QString& ruc) {
     if (Recorta(ruc).size() != 8)
         return Veredicto::Bien();
-    return Veredicto::Rechaza({Icono::Informacion,
-                               u"No puede grabar declaraciones con RUC de 8, modifique el RUC de 8 a 11 en el Modulo de "
-                               "Registro de Declarantes."_s,
-                               {}},
-                              kCampoRuc);
+    return Veredicto::Rechaza(
+        {Icono::Informacion,
+         u"No puede grabar declaraciones con RUC de 8, modifique el RUC de 8 a 11 en el Modulo de "
+         "Registro de Declarantes."_s,
+         {}},
+        kCampoRuc);
 }
 
 } // namespace xa518

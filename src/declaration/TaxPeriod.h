@@ -16,10 +16,10 @@ inline const QString kCampoPeriodo = QStringLiteral("MkePeriodo");
 
 /// What the identification page holds when its rules run.
 struct Identificacion {
-    bool nueva = true;              ///< a new declaration, whose key may still change
-    QString ruc;                    ///< trimmed
-    QString mostrado;               ///< text of the period field, "mm/yyyy" with "_" where nothing was typed
-    bool periodoHabilitado = true;  ///< false once the key is frozen
+    bool nueva = true;             ///< a new declaration, whose key may still change
+    QString ruc;                   ///< trimmed
+    QString mostrado;              ///< text of the period field, "mm/yyyy" with "_" where nothing was typed
+    bool periodoHabilitado = true; ///< false once the key is frozen
 };
 
 /// The period is complete, from 01/2005 to the current month, and its month exists. An unfinished one fails silently.
@@ -33,6 +33,10 @@ struct Identificacion {
 
 /// The identification allows the work to go on: declarant, period, no duplicate.
 [[nodiscard]] Veredicto ValidaContForm1(Base& base, const Identificacion& identificacion, const QDate& hoy);
+
+/// What a change of page asks first of a new declaration: a declarant and a whole period. The other wording of the same
+/// faults is `ValidaContForm1`'s. Wanted, both.
+[[nodiscard]] Veredicto ValidaClaveElegida(const Identificacion& identificacion);
 
 /// A declarant with a RUC of the old form, eight characters, can be chosen but not saved. By length alone. Wanted.
 [[nodiscard]] Veredicto RechazaRucDeOcho(const QString& ruc);

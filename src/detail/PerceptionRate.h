@@ -26,7 +26,8 @@ struct Respuestas {
 [[nodiscard]] QString ClaseTasa(Banda banda, const Respuestas& respuestas);
 
 /// `lblTipo`: "3" without tax credit, otherwise "1" up to the period of catalogue "830" and "2" outside.
-[[nodiscard]] QString LblTipo(const QString& periodoDeclarado, const QString& fechaPrimerIgv, const Contestacion& cpFact);
+[[nodiscard]] QString LblTipo(const QString& periodoDeclarado, const QString& fechaPrimerIgv,
+                              const Contestacion& cpFact);
 
 /// Factor and rate of one voucher of the declared period.
 class TasaPercepcion {

@@ -25,7 +25,7 @@ class AltaCliente {
 
     Base* m_base;
     Registro m_fila;
-    Columnas m_columnas;
+    Columnas m_columnas{};
 };
 
 /// Adds perception vouchers to `TMPF518PDET`, with the perception that the rate in force gives.
@@ -46,7 +46,7 @@ class AltaComprobante {
     Base* m_base;
     TasaImportacion m_tasa;
     Registro m_fila;
-    Columnas m_columnas;
+    Columnas m_columnas{};
 };
 
 /// Adds payment vouchers to `TMPF518PDETCP`.
@@ -63,7 +63,7 @@ class AltaPago {
 
     Base* m_base;
     Registro m_fila;
-    Columnas m_columnas;
+    Columnas m_columnas{};
 };
 
 } // namespace xa518

@@ -28,6 +28,9 @@ void AlTeclear(QLineEdit& campo, std::function<void()> aviso);
 void LimitaTecleo(QLineEdit& campo, int largo);
 [[nodiscard]] int LimiteDeTecleo(const QLineEdit& campo);
 
+/// Lifts the limit that the field brings from its form into a typing limit, so that the program's texts aren't cut.
+void TextoSinCorte(QLineEdit& campo);
+
 /// Digits and Backspace.
 void SoloDigitos(QLineEdit& campo);
 
@@ -63,6 +66,9 @@ void SoloSerie(QLineEdit& campo, std::function<bool()> conLetras);
 
 /// Enter acts as Tab.
 void EntrarComoTab(QLineEdit& campo);
+
+/// The same, but an empty field swallows it.
+void EntrarSiHayTexto(QLineEdit& campo);
 
 /// The gestures that empty the clipboard. Ctrl+V, the middle button and drops are blocked without emptying it.
 enum class Gesto { ShiftInsert = 1, TeclaMenu = 2, BotonDerecho = 4 };

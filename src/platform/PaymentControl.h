@@ -4,6 +4,7 @@
 #include <QString>
 #include <QWidget>
 
+class QButtonGroup;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -11,7 +12,7 @@ class QRadioButton;
 
 namespace xa518 {
 
-struct Banco {
+struct OpcionBanco {
     QString codigo;
     QString descripcion;
 };
@@ -29,7 +30,7 @@ class FormaDePagoQMD : public QWidget {
     explicit FormaDePagoQMD(QWidget* padre = nullptr);
 
     /// The banks to choose from. The one chosen before stays chosen.
-    void PonBancos(const QList<xa518::Banco>& bancos);
+    void PonBancos(const QList<OpcionBanco>& bancos);
 
     /// "E" cash, "C" cheque, "X" no choice yet.
     [[nodiscard]] QString FormaPago() const;
@@ -54,6 +55,7 @@ class FormaDePagoQMD : public QWidget {
     void Cambiado();
 
   private:
+    void Nombra();
     void Compone();
     void Conecta();
     void EligeForma();
@@ -61,6 +63,7 @@ class FormaDePagoQMD : public QWidget {
 
     QRadioButton* m_efectivo;
     QRadioButton* m_cheque;
+    QButtonGroup* m_opciones;
     QComboBox* m_banco;
     QLineEdit* m_numero;
     QLabel* m_importe;

@@ -84,7 +84,8 @@ Lugar Busca(const QList<Linea>& lineas, QStringView seccion, QStringView clave) 
 }
 
 QString SinComillas(QStringView valor) {
-    const bool entreComillas = valor.size() >= 2 && valor.front() == valor.back() && (valor[0] == u'"' || valor[0] == u'\'');
+    const bool entreComillas =
+        valor.size() >= 2 && valor.front() == valor.back() && (valor[0] == u'"' || valor[0] == u'\'');
     return (entreComillas ? valor.sliced(1, valor.size() - 2) : valor).toString();
 }
 

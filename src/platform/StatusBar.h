@@ -33,7 +33,7 @@ class BarradeEstadoQMD : public QStatusBar {
     void Limpia(const QString& formulario);
 
   private:
-    [[nodiscard]] EtiquetaRecortada* Panel(const QString& nombre, const QString& descripcion, int caracteres);
+    void AgregaPanelFijo(EtiquetaRecortada& panel, const QString& nombre, const QString& rotulo, int caracteres);
 
     EtiquetaRecortada* m_mensaje;
     EtiquetaRecortada* m_nombre;

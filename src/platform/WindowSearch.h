@@ -21,8 +21,6 @@ class cWindows {
     [[nodiscard]] QString ClassName(const QString& titulo);
 
   private:
-    [[nodiscard]] QString TituloDe(Manejador ventana);
-
     VentanasDelSistema* m_sistema;
     QHash<QString, Manejador> m_vistas; ///< windows seen by the last search; read by nobody
 };

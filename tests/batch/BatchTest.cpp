@@ -67,7 +67,8 @@ class Batch : public testing::Test {
 };
 
 TEST_F(Batch, DeclaresAMonthFromATextFile) {
-    ASSERT_EQ(Corre(u"declarar"_s + kClave + u" --efectivo --json --percepciones "_s + Ejemplo()), 0) << m_errores.toStdString();
+    ASSERT_EQ(Corre(u"declarar"_s + kClave + u" --efectivo --json --percepciones "_s + Ejemplo()), 0)
+        << m_errores.toStdString();
     EXPECT_EQ(Json()[u"transferidos"_s].toInt(), 245);
     EXPECT_EQ(Json()[u"rechazados"_s].toInt(), 0);
     EXPECT_EQ(Json()[u"estado"_s].toInt(), 0);
@@ -77,7 +78,8 @@ TEST_F(Batch, DeclaresAMonthFromATextFile) {
     EXPECT_EQ(Cuenta(u"F518PDET"_s), 150);
 
     // Again without a file: the stored rows and payment are what is declared, with the amounts given now.
-    ASSERT_EQ(Corre(u"declarar"_s + kClave + u" --json --pagos-previos 100 --interes 7"_s), 0) << m_errores.toStdString();
+    ASSERT_EQ(Corre(u"declarar"_s + kClave + u" --json --pagos-previos 100 --interes 7"_s), 0)
+        << m_errores.toStdString();
     EXPECT_EQ(Casilla(u"402"_s), u"-100"_s);
     EXPECT_EQ(Casilla(u"405"_s).toInt(), Casilla(u"401"_s).toInt() - 93);
     EXPECT_EQ(Casilla(u"999"_s), u"E"_s);
@@ -124,13 +126,26 @@ TEST_F(Batch, RefusesWithoutWritingAnything) {
     const QString declarar = u"declarar"_s + kClave + u" --percepciones "_s + Ejemplo();
     const QByteArray linea = QByteArray("06|x").append(16, '|') + "|\n";
     const QList<Caso> casos = {
-        {u"unknown declarant"_s, u"declarar --ruc 20100000009 --periodo 202609 --hoy 21/11/2026"_s, {}, u"no está registrado"_s},
-        {u"period to come"_s, u"declarar --ruc 20990518018 --periodo 202612 --hoy 21/11/2026"_s, {}, u"El período no es válido."_s},
-        {u"no period"_s, u"declarar --ruc 20990518018 --periodo 2026 --hoy 21/11/2026"_s, {}, u"El período no es válido."_s},
-        {u"nothing to validate"_s, u"validar --ruc 20990518018 --periodo 202608 --hoy 21/11/2026"_s, {}, u"No hay una declaración"_s},
+        {u"unknown declarant"_s,
+         u"declarar --ruc 20100000009 --periodo 202609 --hoy 21/11/2026"_s,
+         {},
+         u"no está registrado"_s},
+        {u"period to come"_s,
+         u"declarar --ruc 20990518018 --periodo 202612 --hoy 21/11/2026"_s,
+         {},
+         u"El período no es válido."_s},
+        {u"no period"_s,
+         u"declarar --ruc 20990518018 --periodo 2026 --hoy 21/11/2026"_s,
+         {},
+         u"El período no es válido."_s},
+        {u"nothing to validate"_s,
+         u"validar --ruc 20990518018 --periodo 202608 --hoy 21/11/2026"_s,
+         {},
+         u"No hay una declaración"_s},
         {u"too few fields"_s, declarar, "06|20100000009|\n", u"no tiene el número de campos correctos"_s},
         {u"no final separator"_s, declarar, QByteArray(18, '|') + "x\n", u"debe terminar con el separador |"_s},
-        {u"binary rubbish"_s, declarar, QByteArray("\x7f\x45\x4c\x46\0\0\n\xff\xfe", 9), u"no tiene el número de campos correctos"_s},
+        {u"binary rubbish"_s, declarar, QByteArray("\x7f\x45\x4c\x46\0\0\n\xff\xfe", 9),
+         u"no tiene el número de campos correctos"_s},
         {u"an endless line"_s, declarar, QByteArray(100'000'000, 'x'), u"tiene una línea de más de"_s},
     };
     for (const Caso& caso : casos) {

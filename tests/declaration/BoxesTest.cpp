@@ -51,8 +51,12 @@ TEST(Boxes, TextsAreEditedPlainAndShownGrouped) {
         QString texto, alEntrar, alSalir;
     };
     const QList<Caso> casos = {
-        {402, u"(1,300)"_s, u"1300"_s, u"(1,300)"_s}, {402, u"0"_s, u"0"_s, u"(0)"_s},    {402, {}, {}, {}},
-        {402, u"1300"_s, u"1300"_s, u"(1,300)"_s},    {404, u"1,300"_s, u"1300"_s, u"1,300"_s}, {410, {}, {}, {}},
+        {402, u"(1,300)"_s, u"1300"_s, u"(1,300)"_s},
+        {402, u"0"_s, u"0"_s, u"(0)"_s},
+        {402, {}, {}, {}},
+        {402, u"1300"_s, u"1300"_s, u"(1,300)"_s},
+        {404, u"1,300"_s, u"1300"_s, u"1,300"_s},
+        {410, {}, {}, {}},
         {410, u"0"_s, u"0"_s, u"0"_s},
     };
     for (const Caso& caso : casos) {

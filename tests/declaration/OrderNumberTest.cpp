@@ -15,7 +15,8 @@ TEST(OrderNumber, EachFaultHasTwoWordings) {
     ASSERT_EQ(digitos.size(), 2);
     const NumeroDeOrden corto{u"00000017"_s, u"1234567"_s, digitos};
     const NumeroDeOrden ajeno{u"00000018"_s, u"12345678"_s, digitos};
-    EXPECT_EQ(ValidaNumeroDeOrden(corto, MomentoOrden::Boton).mensaje->texto, u"     El número de orden no es válido"_s);
+    EXPECT_EQ(ValidaNumeroDeOrden(corto, MomentoOrden::Boton).mensaje->texto,
+              u"     El número de orden no es válido"_s);
     EXPECT_EQ(ValidaNumeroDeOrden(corto, MomentoOrden::Cierre).mensaje->texto, u"El número de orden es incorrecto"_s);
     EXPECT_EQ(ValidaNumeroDeOrden(ajeno, MomentoOrden::Boton).mensaje->texto,
               u"     El digito Verificador es incorrecto"_s);
@@ -32,7 +33,8 @@ TEST(OrderNumber, WritesOnlyTheNumberAndTheChecksumOfThatCopy) {
                       {correl});
     const ClaveDeclaracion clave{u"20100000009"_s, u"202609"_s, kNumFormulario, true, u"2"_s};
     EXPECT_EQ(RegistraNumeroDeOrden(*base, clave, u"12345678"_s).texto, u"Número registrado"_s);
-    const QStringList filas = base.Filas(u"SELECT correl, norden, cNumero <> '000000', efectivo FROM HCAB ORDER BY correl"_s);
+    const QStringList filas =
+        base.Filas(u"SELECT correl, norden, cNumero <> '000000', efectivo FROM HCAB ORDER BY correl"_s);
     EXPECT_EQ(filas, (QStringList{u"1|0|0|5"_s, u"2|12345678|1|5"_s}));
 
     const ClaveDeclaracion ninguna{u"20100000009"_s, u"202608"_s, kNumFormulario, true, u"1"_s};

@@ -27,7 +27,8 @@ class Save : public testing::Test {
         base.Param(u"856"_s, u"0518"_s, Funcion({{5, u"       123"_s}, {20, u"506"_s}}));
     }
 
-    void Cliente(int tipo, const QString& numero, const QString& percepcion, const QString& nombre = u"Ñandú \"O'Hara\""_s) const {
+    void Cliente(int tipo, const QString& numero, const QString& percepcion,
+                 const QString& nombre = u"Ñandú \"O'Hara\""_s) const {
         base->Ejecuta(u"INSERT INTO TMPF518PCAB (tip_doc_per,num_doc_per,des_razon,des_apellido_p,des_apellido_m,"
                       "des_nombres,ctd_docs,mto_base_p,mto_imp_p) VALUES (?,?,?,'P','M','N','99','100.00',?)"_s,
                       {tipo, numero, nombre, percepcion});
@@ -39,8 +40,9 @@ class Save : public testing::Test {
                       {tipo, numero, cp, tipCp});
     }
     void Pago(const QString& numero, const QString& monto) const {
-        base->Ejecuta(u"INSERT INTO TMPF518PDETCP VALUES (6,'20500000007','0001','00000001','01','0001',?,'05/10/2026',?)"_s,
-                      {numero, monto});
+        base->Ejecuta(
+            u"INSERT INTO TMPF518PDETCP VALUES (6,'20500000007','0001','00000001','01','0001',?,'05/10/2026',?)"_s,
+            {numero, monto});
     }
     void Detalle() const {
         Cliente(6, u"20500000007"_s, u"1000.00"_s);
@@ -78,12 +80,14 @@ TEST_F(Save, WritesHeadBoxesAndDetail) {
                          "estado,rectifica FROM CAB"_s),
               QStringList{u"20100000009|6|202610|0518|21/11/2026| | ||702|0|0"_s});
     const QList<std::pair<QString, QString>> casillas = {
-        {u"401"_s, u"1002"_s}, {u"402"_s, u"-300"_s}, {u"403"_s, u"702"_s}, {u"404"_s, u"-"_s},   {u"405"_s, u"702"_s},
-        {u"410"_s, u"702"_s},  {u"002"_s, u"20100000009"_s}, {u"012"_s, u"-"_s},   {u"015"_s, u"-"_s},
-        {u"007"_s, u"202610"_s}, {u"721"_s, u"1.5"_s}, {u"722"_s, u"9838"_s}, {u"502"_s, u"200"_s}, {u"503"_s, u"1002"_s},
-        {u"501"_s, u"2"_s},    {u"506"_s, u"123"_s}, {u"871"_s, u"0"_s},   {u"005"_s, u"0"_s},   {u"999"_s, u"E"_s},
-        {u"599"_s, u"E"_s},    {u"510"_s, u"2"_s},   {u"511"_s, u"201"_s}, {u"512"_s, u"4"_s},   {u"513"_s, u"1"_s},
-        {u"514"_s, u"100"_s},  {u"515"_s, u"2"_s},   {u"516"_s, u"2"_s},   {u"517"_s, u"100"_s}, {u"518"_s, u"-"_s}};
+        {u"401"_s, u"1002"_s}, {u"402"_s, u"-300"_s},   {u"403"_s, u"702"_s},         {u"404"_s, u"-"_s},
+        {u"405"_s, u"702"_s},  {u"410"_s, u"702"_s},    {u"002"_s, u"20100000009"_s}, {u"012"_s, u"-"_s},
+        {u"015"_s, u"-"_s},    {u"007"_s, u"202610"_s}, {u"721"_s, u"1.5"_s},         {u"722"_s, u"9838"_s},
+        {u"502"_s, u"200"_s},  {u"503"_s, u"1002"_s},   {u"501"_s, u"2"_s},           {u"506"_s, u"123"_s},
+        {u"871"_s, u"0"_s},    {u"005"_s, u"0"_s},      {u"999"_s, u"E"_s},           {u"599"_s, u"E"_s},
+        {u"510"_s, u"2"_s},    {u"511"_s, u"201"_s},    {u"512"_s, u"4"_s},           {u"513"_s, u"1"_s},
+        {u"514"_s, u"100"_s},  {u"515"_s, u"2"_s},      {u"516"_s, u"2"_s},           {u"517"_s, u"100"_s},
+        {u"518"_s, u"-"_s}};
     for (const auto& [casilla, valor] : casillas)
         EXPECT_EQ(Casilla(casilla), valor) << casilla.toStdString();
     EXPECT_EQ(base.Filas(u"SELECT Casilla FROM DET WHERE idcasilla='05'"_s), QStringList{u"410"_s});
@@ -130,9 +134,11 @@ TEST_F(Save, WithoutAWayOfPaymentTheStoredOneStays) {
     declaracion.pago = {};
     const ResultadoGrabacion resultado = GrabaDeclaracion(*base, declaracion, kHoy);
     EXPECT_EQ(resultado.estado, 9);
-    EXPECT_EQ(resultado.mensajes.last().texto,
-              u"La infomación de la declaración fue grabada con inconsistencias. En estas condiciones no podra ser enviada a ZOLMA."_s);
-    EXPECT_EQ(base.Filas(u"SELECT bcolibrad,nrocheque,cheque,efectivo,estado FROM CAB"_s), QStringList{u"02|007|1250||9"_s});
+    EXPECT_EQ(
+        resultado.mensajes.last().texto,
+        u"La infomación de la declaración fue grabada con inconsistencias. En estas condiciones no podra ser enviada a ZOLMA."_s);
+    EXPECT_EQ(base.Filas(u"SELECT bcolibrad,nrocheque,cheque,efectivo,estado FROM CAB"_s),
+              QStringList{u"02|007|1250||9"_s});
 }
 
 TEST_F(Save, WithoutClientsTheTotalsLeaveNoRow) {

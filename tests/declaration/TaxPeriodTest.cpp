@@ -31,7 +31,8 @@ TEST(TaxPeriod, AcceptsFromJanuary2005ToTheCurrentMonth) {
 
 TEST(TaxPeriod, RefusesASecondDeclarationOnlyWhileTheKeyMayChange) {
     const prueba::BaseTemporal base;
-    base->Ejecuta(u"INSERT INTO CAB (Doc_id_d,tip_doc_d,periodo,Formulario) VALUES ('20100000009',6,'202610','0518')"_s);
+    base->Ejecuta(
+        u"INSERT INTO CAB (Doc_id_d,tip_doc_d,periodo,Formulario) VALUES ('20100000009',6,'202610','0518')"_s);
     base->Ejecuta(u"INSERT INTO HCAB (Doc_id_d,tip_doc_d,periodo,Formulario,correl) "
                   "VALUES ('20100000009',6,'202609','0518','1')"_s);
     struct Caso {
@@ -41,7 +42,10 @@ TEST(TaxPeriod, RefusesASecondDeclarationOnlyWhileTheKeyMayChange) {
         QString campo;
     };
     const QList<Caso> casos = {
-        {u"registered"_s, {true, u"20100000009"_s, u"10/2026"_s, true}, u"La declaración ya ha sido registrada."_s, kCampoPeriodo},
+        {u"registered"_s,
+         {true, u"20100000009"_s, u"10/2026"_s, true},
+         u"La declaración ya ha sido registrada."_s,
+         kCampoPeriodo},
         {u"frozen key"_s, {true, u"20100000009"_s, u"10/2026"_s, false}, {}, {}},
         {u"modify"_s, {false, u"20100000009"_s, u"10/2026"_s, false}, {}, {}},
         {u"only a sent copy"_s, {true, u"20100000009"_s, u"09/2026"_s, true}, {}, {}},
@@ -55,7 +59,8 @@ TEST(TaxPeriod, RefusesASecondDeclarationOnlyWhileTheKeyMayChange) {
         const Veredicto veredicto = ValidaContForm1(*base, caso.identificacion, kHoy);
         EXPECT_EQ(veredicto.pasa, caso.mensaje.isEmpty()) << caso.nombre.toStdString();
         EXPECT_EQ(veredicto.campo, caso.campo) << caso.nombre.toStdString();
-        EXPECT_EQ(veredicto.mensaje ? veredicto.mensaje->texto : QString(), caso.mensaje == u"-" ? QString() : caso.mensaje)
+        EXPECT_EQ(veredicto.mensaje ? veredicto.mensaje->texto : QString(),
+                  caso.mensaje == u"-" ? QString() : caso.mensaje)
             << caso.nombre.toStdString();
     }
 }

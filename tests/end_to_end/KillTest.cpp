@@ -13,13 +13,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kMuertes = 60;
+constexpr int kMuertes = 45;
 
-/// Starts a program that saves without end, and kills it after that many microseconds.
-void MataTras(const QString& ruta, int espera) {
+/// Starts a program that saves without end, and kills it that many microseconds into the save after `grabadas`.
+void MataTras(const QString& ruta, int grabadas, int espera) {
     QProcess victima;
     victima.start(QStringLiteral(SAVE_VICTIM), {ruta});
-    ASSERT_TRUE(victima.waitForReadyRead(10000));
+    for (int lineas = 0; lineas <= grabadas; ++lineas) {
+        while (!victima.canReadLine())
+            ASSERT_TRUE(victima.waitForReadyRead(30000));
+        victima.readLine();
+    }
     QThread::usleep(static_cast<unsigned long>(espera));
     ASSERT_EQ(victima.state(), QProcess::Running);
     victima.kill();
@@ -43,8 +47,8 @@ TEST(Kill, AKilledSaveLeavesTheOldDeclarationOrTheNewOne) {
 
     int quedoUno = 0;
     for (int muerte = 0; muerte < kMuertes; ++muerte) {
-        // Spread over three saves, at moments that don't fall into step with them.
-        MataTras(base.Ruta(), 1 + muerte * 3 * duracion / kMuertes);
+        // Each third kill falls into the first, second and third save, at moments spread over a save's length.
+        MataTras(base.Ruta(), muerte % 3, muerte * duracion / kMuertes);
         const std::unique_ptr<Base> despues = Base::Abre(base.Ruta());
         const QString quedo = prueba::Retrato(*despues);
         EXPECT_TRUE(quedo == uno || quedo == otro) << "killed at moment " << muerte;

@@ -18,12 +18,15 @@ void LlenaTrabajo(Base& base, const QString& monto) {
         base.Ejecuta(u"DELETE * FROM "_s + tabla);
     for (int i = 0; i < kClientes; ++i) {
         const QString numero = QString::number(20500000000 + i);
-        base.Ejecuta(u"INSERT INTO TMPF518PCAB VALUES (6,?,'EMPRESA',' ',' ',' ','1',?,?,NULL)"_s, {numero, monto, monto});
+        base.Ejecuta(u"INSERT INTO TMPF518PCAB VALUES (6,?,'EMPRESA',' ',' ',' ','1',?,?,NULL)"_s,
+                     {numero, monto, monto});
         for (const QString& tipCp : {u""_s, u"01"_s})
-            base.Ejecuta(u"INSERT INTO TMPF518PDET VALUES (6,?,'0001','00000001',?,'1','0','9','05/10/2026',?,?,'2.00')"_s,
-                         {numero, tipCp, monto, monto});
-        base.Ejecuta(u"INSERT INTO TMPF518PDETCP VALUES (6,?,'0001','00000001','01','0001','00000009','05/10/2026',?)"_s,
-                     {numero, monto});
+            base.Ejecuta(
+                u"INSERT INTO TMPF518PDET VALUES (6,?,'0001','00000001',?,'1','0','9','05/10/2026',?,?,'2.00')"_s,
+                {numero, tipCp, monto, monto});
+        base.Ejecuta(
+            u"INSERT INTO TMPF518PDETCP VALUES (6,?,'0001','00000001','01','0001','00000009','05/10/2026',?)"_s,
+            {numero, monto});
     }
     transaccion.Confirma();
 }

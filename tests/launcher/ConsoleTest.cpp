@@ -1,6 +1,6 @@
 #include "data/Base.h"
-#include "data/SchemaVersion.h"
 #include "data/RecordChecksum.h"
+#include "data/SchemaVersion.h"
 #include "data/Transaction.h"
 #include "launcher/CommandLine.h"
 #include "launcher/Declarants.h"

@@ -77,8 +77,7 @@ QString Funcion(const QList<Pieza>& piezas) {
 
 QString Retrato(Base& base) {
     QString retrato;
-    for (const QString& tabla :
-         {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u"F518PDETVC"_s, u"F518PDETCP"_s}) {
+    for (const QString& tabla : {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u"F518PDETVC"_s, u"F518PDETCP"_s}) {
         Registros filas = base.Lee(u"SELECT * FROM %1 ORDER BY rowid"_s.arg(tabla));
         while (filas.Siguiente()) {
             for (int i = 0; i < filas.Columnas(); ++i)

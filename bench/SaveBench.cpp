@@ -1,0 +1,180 @@
+#include "BareBase.h"
+#include "Measure.h"
+
+#include "data/Base.h"
+#include "data/Transaction.h"
+#include "data/WorkTables.h"
+#include "declaration/ClientGrid.h"
+#include "declaration/Save.h"
+#include "declaration/StoredBoxes.h"
+#include "support/TemporaryBase.h"
+
+#include <cstdio>
+#include <memory>
+#include <stdexcept>
+
+using namespace xa518;
+using namespace xa518::medida;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const ClaveDeclaracion kClave{u"20990518018"_s, u"202610"_s, kNumFormulario, false, {}};
+
+/// Clients, each with that many vouchers, each with a payment voucher.
+struct Tamanio {
+    int clientes;
+    int comprobantes;
+};
+
+/// The work tables of a declaration of that size.
+void LlenaTrabajo(Base& base, const Tamanio& tamanio) {
+    Transaccion transaccion = base.Comienza();
+    for (int i = 0; i < tamanio.clientes; ++i)
+        base.Ejecuta(u"INSERT INTO TMPF518PCAB VALUES (6,?,'COMERCIAL DEL VALLE Y HERMANOS S.A.C.',' ',' ',' ','1',"
+                     "'1250.40','25.01',NULL)"_s,
+                     {QString::number(20500000000 + i)});
+    for (int i = 0; i < tamanio.comprobantes; ++i) {
+        const QString numero = QString::number(20500000000 + i % tamanio.clientes);
+        const QString cp = QString::number(i + 1).rightJustified(8, u'0');
+        base.Ejecuta(
+            u"INSERT INTO TMPF518PDET VALUES (6,?,'0001',?,'','1','0','9','05/10/2026','500.20','10.00','2.00')"_s,
+            {numero, cp});
+        base.Ejecuta(u"INSERT INTO TMPF518PDETCP VALUES (6,?,'0001',?,'01','F001',?,'05/10/2026','500.20')"_s,
+                     {numero, cp, cp});
+    }
+    transaccion.Confirma();
+}
+
+struct Taller {
+    explicit Taller(const Tamanio& tamanio) {
+        base.Param(u"044"_s, u"6"_s, prueba::Funcion({{32, u"RUC"_s}, {46, u"11"_s}}));
+        LlenaTrabajo(*base, tamanio);
+    }
+    prueba::BaseTemporal base;
+};
+
+void Graba(Base& base) {
+    Declaracion declaracion;
+    declaracion.clave = kClave;
+    RefrescaTotales(base, declaracion);
+    declaracion.montos.Cambia(410, declaracion.montos.Texto(405));
+    declaracion.pago = {u"E"_s, {}, {}, declaracion.montos.ImportePagar()};
+    declaracion.rectifica = u"0"_s;
+    if (GrabaDeclaracion(base, declaracion, QDate(2026, 11, 1)).estado != 0)
+        throw std::runtime_error("the save was not clean");
+}
+
+void Abre(Base& base) {
+    Declaracion declaracion;
+    declaracion.clave = kClave;
+    TablasTrabajo(base).Reconstruye(kClave);
+    CargaCasillas(base, declaracion);
+    RefrescaTotales(base, declaracion);
+    Registros filas = base.Lee(SqlClientes());
+    while (filas.Siguiente()) {
+    }
+}
+
+/// Copies the rows of one table to another through the engine's own interface, row by row, with the look-up that the
+/// save makes for each client and nothing computed.
+class Suelo {
+  public:
+    explicit Suelo(const QString& ruta) : m_base(ruta) {}
+
+    void Corre() {
+        m_base.Pide("BEGIN IMMEDIATE");
+        CopiaClientes();
+        Copia("SELECT tip_doc_per,num_doc_per,num_serie_cp,num_cp,cp_fact,lista_clie,med_pago,fec_emision_cp,"
+              "mto_base_p,mto_imp_p,por_tasa_p FROM TMPF518PDET WHERE tip_cp='' ORDER BY rowid",
+              "INSERT INTO F518PDET VALUES (6,'20990518018','202610','0518',?,?,?,?,?,?,?,?,?,?,?,'000000')");
+        Copia("SELECT * FROM TMPF518PDETCP ORDER BY rowid",
+              "INSERT INTO F518PDETCP VALUES (6,'20990518018','202610','0518',?,?,?,?,?,?,?,?,?,'000000')");
+        m_base.Pide("COMMIT");
+    }
+
+  private:
+    using Sentencia = BaseDesnuda::Sentencia;
+
+    void Alta(const Sentencia& origen, const Sentencia& alta) {
+        for (int i = 0; i < sqlite3_column_count(origen.get()); ++i)
+            sqlite3_bind_value(alta.get(), i + 1, sqlite3_column_value(origen.get(), i));
+        m_base.Exige(sqlite3_step(alta.get()) == SQLITE_DONE);
+        sqlite3_reset(alta.get());
+    }
+    void Copia(const char* leer, const char* escribir) {
+        const Sentencia origen = m_base.Prepara(leer);
+        const Sentencia alta = m_base.Prepara(escribir);
+        while (sqlite3_step(origen.get()) == SQLITE_ROW)
+            Alta(origen, alta);
+    }
+    void CopiaClientes() {
+        const Sentencia origen =
+            m_base.Prepara("SELECT A.tip_doc_per,A.num_doc_per,A.des_razon,A.mto_base_p,A.mto_imp_p "
+                           "FROM TMPF518PCAB A CROSS JOIN PARAM B WHERE B.Numero='044' "
+                           "AND B.Argumento=A.tip_doc_per ORDER BY A.rowid");
+        const Sentencia cuenta =
+            m_base.Prepara("SELECT count(*) FROM TMPF518PDET WHERE tip_doc_per=? AND num_doc_per=?");
+        const Sentencia alta = m_base.Prepara("INSERT INTO F518PCAB (tip_doc_d,Doc_id_d,periodo,Formulario,tip_doc_per,"
+                                              "num_doc_per,des_razon,mto_base_p,mto_imp_p,ctd_docs,ind_ruc,cNumero) "
+                                              "VALUES (6,'20990518018','202610','0518',?,?,?,?,?,?,1,'000000')");
+        while (sqlite3_step(origen.get()) == SQLITE_ROW) {
+            sqlite3_bind_value(cuenta.get(), 1, sqlite3_column_value(origen.get(), 0));
+            sqlite3_bind_value(cuenta.get(), 2, sqlite3_column_value(origen.get(), 1));
+            sqlite3_step(cuenta.get());
+            sqlite3_bind_int(alta.get(), 6, sqlite3_column_int(cuenta.get(), 0));
+            sqlite3_reset(cuenta.get());
+            Alta(origen, alta);
+        }
+    }
+
+    BaseDesnuda m_base;
+};
+
+Medida MideSuelo(const Tamanio& tamanio) {
+    return Mide([&] {
+        const auto taller = std::make_shared<Taller>(tamanio);
+        return [taller] { Suelo(taller->base.Ruta()).Corre(); };
+    });
+}
+
+Medida MideGrabacion(const Tamanio& tamanio) {
+    return Mide([&] {
+        const auto taller = std::make_shared<Taller>(tamanio);
+        return [taller] { Graba(*taller->base); };
+    });
+}
+
+Medida MideApertura(const Tamanio& tamanio) {
+    return Mide([&] {
+        const auto taller = std::make_shared<Taller>(tamanio);
+        Graba(*taller->base);
+        return [taller] { Abre(*taller->base); };
+    });
+}
+
+double Informa(const Tamanio& tamanio) {
+    const Medida suelo = MideSuelo(tamanio);
+    const Medida grabacion = MideGrabacion(tamanio);
+    const Medida apertura = MideApertura(tamanio);
+    std::printf("%9d %9.2f %9.2f %8.2fx %8.2fx %9.0f %9.2f %8.2fx\n", tamanio.comprobantes, suelo.segundos,
+                grabacion.segundos, grabacion.segundos / suelo.segundos, grabacion.procesador / suelo.procesador,
+                static_cast<double>(grabacion.memoriaKb) / 1024, apertura.segundos, apertura.segundos / suelo.segundos);
+    std::fflush(stdout);
+    return apertura.procesador;
+}
+
+} // namespace
+
+int main() {
+    try {
+        std::printf(" vouchers   floor s    save s    ratio cpu ratio   peak MB    open s  to floor\n");
+        const double menor = Informa({5'000, 12'500});
+        const double mayor = Informa({20'000, 50'000});
+        std::printf("four times the rows: opened in %.2f times the processor time\n", mayor / menor);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return 1;
+    }
+    return 0;
+}

@@ -1,0 +1,59 @@
+#include "platform/Application.h"
+
+#include "platform/Notices.h"
+#include "values/Error.h"
+
+#include <QScopeGuard>
+#include <QtDebug>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString TextoDeLaFalla() {
+    try {
+        throw;
+    } catch (const Error& falla) {
+        return falla.Texto();
+    } catch (const std::exception& falla) {
+        return QString::fromUtf8(falla.what());
+    } catch (...) {
+        return u"Se produjo un error desconocido."_s;
+    }
+}
+
+} // namespace
+
+Aplicacion::Aplicacion(int& argc, char** argv, Avisos& avisos) : QApplication(argc, argv), m_avisos(&avisos) {}
+
+bool Aplicacion::notify(QObject* receptor, QEvent* evento) {
+    try {
+        return QApplication::notify(receptor, evento);
+    } catch (...) {
+        AtiendeFalla(TextoDeLaFalla());
+        return false;
+    }
+}
+
+void Aplicacion::AtiendeFalla(const QString& texto) {
+    while (overrideCursor())
+        restoreOverrideCursor();
+    if (m_mostrando) { // a window that fails at each repaint must not pile up boxes
+        qWarning().noquote() << texto;
+        return;
+    }
+    m_mostrando = true;
+    const auto alSalir = qScopeGuard([this] { m_mostrando = false; });
+    m_avisos->Muestra({Icono::Critico, texto, {}});
+}
+
+void AtiendeFallaEnCurso() {
+    auto* aplicacion = qobject_cast<Aplicacion*>(qApp);
+    if (!aplicacion)
+        throw;
+    aplicacion->AtiendeFalla(TextoDeLaFalla());
+}
+
+} // namespace xa518

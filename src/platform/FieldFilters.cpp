@@ -1,0 +1,85 @@
+#include "platform/FieldKeys.h"
+
+#include "data/ObjetoUtil.h"
+#include "values/Text.h"
+
+#include <QLineEdit>
+
+#include <algorithm>
+
+namespace xa518 {
+
+namespace {
+
+constexpr int kRetroceso = 8;
+constexpr int kPunto = '.';
+
+QChar Letra(int tecla) {
+    return QChar(static_cast<char16_t>(tecla));
+}
+
+int SiEsDigito(int tecla) {
+    return tecla == kRetroceso || EsDigito(Letra(tecla)) ? tecla : 0;
+}
+
+/// With a selection the key is tried behind the whole text, as if nothing were replaced. That is wanted: a serial
+/// that begins with a letter then takes no second one. Without a selection nothing is tried, and the check before
+/// storing finds the letter.
+bool CabeLetraPorPosicion(int tecla, const EstadoSerie& estado) {
+    if (estado.haySeleccion) {
+        const QString conTecla = estado.texto + Letra(tecla);
+        if (std::any_of(conTecla.begin() + 1, conTecla.end(), EsLetra))
+            return false;
+    }
+    return !EsLetra(estado.texto.front()) || estado.posicion != 0;
+}
+
+} // namespace
+
+void SoloDigitos(QLineEdit& campo) {
+    FiltraTeclas(campo, SiEsDigito);
+}
+
+void SoloNumero(QLineEdit& campo) {
+    FiltraTeclas(campo, [](int tecla) { return ObjetoUtil::FiltraTeclaNumero(tecla); });
+}
+
+void SoloNombre(QLineEdit& campo) {
+    FiltraTeclas(campo, [](int tecla) {
+        const int mayuscula = ObjetoUtil::FiltraTeclaMayuscula(tecla);
+        return ObjetoUtil::EsTeclaValida(mayuscula) ? mayuscula : 0;
+    });
+}
+
+void SoloMonto(QLineEdit& campo, std::function<LimitesDeMonto()> limites) {
+    FiltraTeclas(campo, [&campo, limites = std::move(limites)](int tecla) {
+        const int numero = ObjetoUtil::FiltraTeclaNumero(tecla, true);
+        const bool tienePunto = campo.text().contains(u'.');
+        if (numero == kPunto && tienePunto)
+            return 0;
+        const LimitesDeMonto largos = limites ? limites() : LimitesDeMonto{};
+        LimitaTecleo(campo, numero == kPunto || tienePunto ? largos.conPunto : largos.sinPunto);
+        return numero;
+    });
+}
+
+int FiltraTeclaSerie(int tecla, const EstadoSerie& estado, bool conLetras) {
+    const int mayuscula = ObjetoUtil::FiltraTeclaMayuscula(tecla);
+    if (mayuscula == kPunto)
+        return 0;
+    if (!conLetras)
+        return SiEsDigito(mayuscula);
+    if (mayuscula != kRetroceso && !estado.texto.isEmpty() && !CabeLetraPorPosicion(mayuscula, estado))
+        return 0;
+    return ObjetoUtil::EsTeclaValida(mayuscula) ? mayuscula : 0;
+}
+
+void SoloSerie(QLineEdit& campo, std::function<bool()> conLetras) {
+    EntrarSiHayTexto(campo);
+    FiltraTeclas(campo, [&campo, conLetras = std::move(conLetras)](int tecla) {
+        const EstadoSerie estado{campo.text(), campo.hasSelectedText(), campo.cursorPosition()};
+        return FiltraTeclaSerie(tecla, estado, conLetras());
+    });
+}
+
+} // namespace xa518

@@ -1,0 +1,220 @@
+#include "platform/FieldKeys.h"
+
+#include "platform/WidgetHelpers.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kRetroceso = 8;
+constexpr int kSinLimite = 32767;
+
+bool EsEntrar(const QKeyEvent& tecla) {
+    return tecla.key() == Qt::Key_Return || tecla.key() == Qt::Key_Enter;
+}
+
+/// The code of a key that types: Backspace or a printable character; 0 for all others.
+int CodigoDe(const QKeyEvent& tecla) {
+    if (tecla.key() == Qt::Key_Backspace)
+        return kRetroceso;
+    const bool esAtajo =
+        tecla.modifiers() == Qt::ControlModifier || tecla.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
+    const QString texto = tecla.text();
+    return esAtajo || texto.isEmpty() || !texto.front().isPrint() ? 0 : texto.front().unicode();
+}
+
+/// All that one field does with its keys: one object per field, so that the order of attaching doesn't matter.
+class TeclasDeCampo final : public QObject {
+    Q_OBJECT
+  public:
+    explicit TeclasDeCampo(QLineEdit& campo);
+    static TeclasDeCampo& De(QLineEdit& campo);
+
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+    QList<std::function<void()>> m_avisos;
+    QList<FiltroTecla> m_filtros;
+    std::function<void()> m_entrar;
+    Gestos m_gestos;
+    int m_limite = kSinLimite;
+
+  private:
+    [[nodiscard]] bool Pulsada(const QKeyEvent& tecla);
+    [[nodiscard]] bool Pega(const QKeyEvent& tecla) const;
+    [[nodiscard]] bool Escribe(int tecla);
+    [[nodiscard]] bool Compone(const QInputMethodEvent& evento);
+    [[nodiscard]] bool Raton(const QMouseEvent& evento) const;
+    [[nodiscard]] int Filtra(int tecla) const;
+    [[nodiscard]] bool Cabe(qsizetype nuevos) const;
+    void Avisa() const;
+    void VaciaPortapapeles(Gesto gesto) const;
+
+    QLineEdit* m_campo;
+    bool m_reenvio = false;
+};
+
+TeclasDeCampo::TeclasDeCampo(QLineEdit& campo) : QObject(&campo), m_campo(&campo) {
+    if (campo.inputMask().isEmpty()) { // a mask has its own length
+        m_limite = campo.maxLength();
+        campo.setMaxLength(kSinLimite); // the field's own limit would cut the texts that the program sets
+    }
+    campo.setAcceptDrops(false);
+    campo.installEventFilter(this);
+}
+
+TeclasDeCampo& TeclasDeCampo::De(QLineEdit& campo) {
+    auto* teclas = campo.findChild<TeclasDeCampo*>(QString(), Qt::FindDirectChildrenOnly);
+    return teclas ? *teclas : *new TeclasDeCampo(campo); // the field owns it
+}
+
+bool TeclasDeCampo::eventFilter(QObject* objeto, QEvent* evento) {
+    if (m_reenvio)
+        return false;
+    switch (evento->type()) {
+    case QEvent::KeyPress: return Pulsada(*static_cast<QKeyEvent*>(evento));
+    case QEvent::InputMethod: return Compone(*static_cast<QInputMethodEvent*>(evento));
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseButtonRelease: return Raton(*static_cast<QMouseEvent*>(evento));
+    case QEvent::ContextMenu: return true;
+    default: return QObject::eventFilter(objeto, evento);
+    }
+}
+
+bool TeclasDeCampo::Pulsada(const QKeyEvent& tecla) {
+    if (Pega(tecla))
+        return true;
+    const bool escribe = CodigoDe(tecla) != 0;
+    if (escribe || EsEntrar(tecla) || tecla.key() == Qt::Key_Delete)
+        Avisa();
+    if (EsEntrar(tecla) && m_entrar) {
+        m_entrar();
+        return true;
+    }
+    return escribe && !m_campo->isReadOnly() && Escribe(CodigoDe(tecla));
+}
+
+bool TeclasDeCampo::Pega(const QKeyEvent& tecla) const {
+    if (tecla.key() == Qt::Key_Menu) {
+        VaciaPortapapeles(Gesto::TeclaMenu);
+        return true;
+    }
+    if (tecla.key() == Qt::Key_Insert && tecla.modifiers() == Qt::ShiftModifier) {
+        VaciaPortapapeles(Gesto::ShiftInsert);
+        return true;
+    }
+    return tecla.matches(QKeySequence::Paste);
+}
+
+/// True when the key was dealt with here; otherwise the field types it.
+bool TeclasDeCampo::Escribe(int tecla) {
+    const int salida = Filtra(tecla);
+    if (salida == kRetroceso)
+        return false;
+    if (salida == 0 || !Cabe(1))
+        return true;
+    if (salida == tecla)
+        return false;
+    m_campo->insert(QChar(static_cast<char16_t>(salida)));
+    return true;
+}
+
+/// What dead keys and input methods put together passes the same way, character by character.
+bool TeclasDeCampo::Compone(const QInputMethodEvent& evento) {
+    QString pasan;
+    for (const QChar c : evento.commitString()) {
+        Avisa();
+        const int salida = Filtra(c.unicode());
+        if (salida != 0 && Cabe(pasan.size() + 1))
+            pasan.append(QChar(static_cast<char16_t>(salida)));
+    }
+    if (pasan == evento.commitString())
+        return false;
+    QInputMethodEvent filtrado(evento.preeditString(), evento.attributes());
+    filtrado.setCommitString(pasan, evento.replacementStart(), evento.replacementLength());
+    const QScopedValueRollback<bool> reenvio(m_reenvio, true);
+    QCoreApplication::sendEvent(m_campo, &filtrado);
+    return true;
+}
+
+/// The middle button would paste what is selected elsewhere.
+bool TeclasDeCampo::Raton(const QMouseEvent& evento) const {
+    if (evento.button() == Qt::RightButton && evento.type() != QEvent::MouseButtonRelease)
+        VaciaPortapapeles(Gesto::BotonDerecho);
+    return evento.button() == Qt::RightButton || evento.button() == Qt::MiddleButton;
+}
+
+int TeclasDeCampo::Filtra(int tecla) const {
+    for (const auto& filtro : m_filtros) {
+        tecla = filtro(tecla);
+        if (tecla == 0)
+            break;
+    }
+    return tecla;
+}
+
+bool TeclasDeCampo::Cabe(qsizetype nuevos) const {
+    return m_campo->text().size() - m_campo->selectedText().size() + nuevos <= m_limite;
+}
+
+void TeclasDeCampo::Avisa() const {
+    for (const auto& aviso : m_avisos)
+        aviso();
+}
+
+void TeclasDeCampo::VaciaPortapapeles(Gesto gesto) const {
+    if (m_gestos.testFlag(gesto))
+        QGuiApplication::clipboard()->setText(QString());
+}
+
+} // namespace
+
+void FiltraTeclas(QLineEdit& campo, FiltroTecla filtro) {
+    TeclasDeCampo::De(campo).m_filtros.append(std::move(filtro));
+}
+
+void AlTeclear(QLineEdit& campo, std::function<void()> aviso) {
+    TeclasDeCampo::De(campo).m_avisos.append(std::move(aviso));
+}
+
+void LimitaTecleo(QLineEdit& campo, int largo) {
+    TeclasDeCampo::De(campo).m_limite = largo;
+}
+
+void TextoSinCorte(QLineEdit& campo) {
+    TeclasDeCampo::De(campo);
+}
+
+int LimiteDeTecleo(const QLineEdit& campo) {
+    const auto* teclas = campo.findChild<TeclasDeCampo*>(QString(), Qt::FindDirectChildrenOnly);
+    return teclas ? teclas->m_limite : campo.maxLength();
+}
+
+void SinPegar(QLineEdit& campo, Gestos gestos) {
+    TeclasDeCampo::De(campo).m_gestos = gestos;
+}
+
+void EntrarComoTab(QLineEdit& campo) {
+    TeclasDeCampo::De(campo).m_entrar = [] { EnviaTecla(u"TAB"_s); };
+}
+
+void EntrarSiHayTexto(QLineEdit& campo) {
+    TeclasDeCampo::De(campo).m_entrar = [&campo] {
+        if (!campo.text().trimmed().isEmpty())
+            EnviaTecla(u"TAB"_s);
+    };
+}
+
+} // namespace xa518
+
+#include "FieldKeys.moc"

@@ -1,0 +1,60 @@
+#include "platform/WidgetHelpers.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QFontMetrics>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kLetras = 52;
+
+/// The drop-down is told apart from the closed box, which keeps the width of its layout.
+void FijaDesplegable(QComboBox& combo, int ancho) {
+    combo.view()->setTextElideMode(Qt::ElideNone);
+    combo.view()->setMinimumWidth(std::max(ancho, 0));
+}
+
+} // namespace
+
+void CentraControl(const QWidget& marco, QWidget& control) {
+    control.move((marco.width() - control.width()) / 2, (marco.height() - control.height()) / 2);
+}
+
+int AnchoPromedio(const QWidget& ventana) {
+    static const QString letras = u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"_s;
+    return ventana.fontMetrics().horizontalAdvance(letras) / kLetras;
+}
+
+void AjustaCombo(const QWidget& ventana, QComboBox& combo) {
+    qsizetype mayor = 0;
+    for (int i = 0; i < combo.count(); ++i)
+        mayor = std::max(mayor, combo.itemText(i).size());
+    FijaAnchoCombo(ventana, combo, static_cast<int>(mayor));
+}
+
+void FijaAnchoCombo(const QWidget& ventana, QComboBox& combo, int caracteres) {
+    FijaDesplegable(combo, (caracteres - 2) * AnchoPromedio(ventana));
+}
+
+void EnviaTecla(const QString& tecla) {
+    QWidget* campo = QApplication::focusWidget();
+    if (tecla != u"TAB" || !campo)
+        return;
+    QKeyEvent pulsada(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, u"\t"_s);
+    QCoreApplication::sendEvent(campo, &pulsada);
+}
+
+void Enfoca(QWidget& campo) {
+    if (campo.isEnabled())
+        campo.setFocus(Qt::OtherFocusReason);
+}
+
+} // namespace xa518

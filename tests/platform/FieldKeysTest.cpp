@@ -1,0 +1,185 @@
+#include "platform/FieldKeys.h"
+
+#include "Printers.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QLineEdit>
+#include <QTest>
+#include <QVBoxLayout>
+
+namespace xa518 {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// Types any text, letters beyond ASCII included.
+void Escribe(QLineEdit& campo, const QString& teclas) {
+    for (const QChar c : teclas) {
+        QKeyEvent tecla(QEvent::KeyPress, 0, Qt::NoModifier, c);
+        QCoreApplication::sendEvent(&campo, &tecla);
+    }
+}
+
+/// Two fields in a window, the first one with the focus.
+class FieldKeysTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        auto* orden = new QVBoxLayout(&m_ventana);
+        orden->addWidget(&m_campo);
+        orden->addWidget(&m_otro);
+        m_ventana.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_ventana));
+        m_campo.setFocus();
+    }
+    /// What the first field holds after typing into it, starting from a text set by the program.
+    QString Teclea(const QString& antes, const QString& teclas) {
+        m_campo.setText(antes);
+        QTest::keyClicks(&m_campo, teclas);
+        return m_campo.text();
+    }
+
+    QWidget m_ventana;
+    QLineEdit m_campo;
+    QLineEdit m_otro;
+};
+
+TEST_F(FieldKeysTest, FiltersByName) {
+    struct Caso {
+        const char* nombre;
+        void (*pone)(QLineEdit&);
+        QString teclas;
+        QString queda;
+    };
+    const QList<Caso> casos = {
+        {"digits", SoloDigitos, u"a1 2.3ñ٣-"_s, u"123"_s},
+        {"number", SoloNumero, u"a1 2.3-"_s, u"123"_s},
+        {"name", SoloNombre, u"ab Ññáé'c.9-"_s, u"AB C9"_s},
+        {"amount", [](QLineEdit& campo) { SoloMonto(campo); }, u"1,2.3.4x"_s, u"12.34"_s},
+    };
+    for (const Caso& caso : casos) {
+        QLineEdit campo;
+        caso.pone(campo);
+        Escribe(campo, caso.teclas);
+        EXPECT_EQ(campo.text(), caso.queda) << caso.nombre;
+        QTest::keyClick(&campo, Qt::Key_Backspace);
+        EXPECT_EQ(campo.text(), caso.queda.chopped(1)) << caso.nombre << ": Backspace";
+    }
+}
+
+TEST_F(FieldKeysTest, ALimitStopsTypingAndNeverATextOfTheProgram) {
+    m_campo.setMaxLength(12);
+    SoloMonto(m_campo);
+    EXPECT_EQ(Teclea(u"999,999,999,999.00"_s, u"1"_s), u"999,999,999,999.00"_s);
+    EXPECT_EQ(Teclea({}, u"1234567890123"_s), u"123456789012"_s);
+    EXPECT_EQ(Teclea({}, u"1234567890123.4567"_s), u"123456789012.45"_s);
+    EXPECT_EQ(Teclea(u"123456789012345"_s, u"."_s), u"123456789012345"_s);
+    m_campo.selectAll();
+    QTest::keyClicks(&m_campo, u"7"_s);
+    EXPECT_EQ(m_campo.text(), u"7"_s) << "what is selected gives its room";
+    EXPECT_EQ(LimiteDeTecleo(m_campo), 12);
+    LimitaTecleo(m_otro, 2);
+    Escribe(m_otro, u"ñandú"_s);
+    EXPECT_EQ(m_otro.text(), u"ña"_s);
+}
+
+TEST_F(FieldKeysTest, TellsEveryTypedKeyEvenARejectedOne) {
+    int avisos = 0;
+    SoloDigitos(m_campo);
+    EntrarComoTab(m_campo);
+    AlTeclear(m_campo, [&avisos] { ++avisos; }); // attached last, told first
+    const QList<std::pair<Qt::Key, int>> teclas = {{Qt::Key_X, 1},    {Qt::Key_1, 1},      {Qt::Key_Backspace, 1},
+                                                   {Qt::Key_Left, 0}, {Qt::Key_Delete, 1}, {Qt::Key_Shift, 0},
+                                                   {Qt::Key_Home, 0}, {Qt::Key_Return, 1}};
+    for (const auto& [tecla, cuenta] : teclas) {
+        avisos = 0;
+        QTest::keyClick(&m_campo, tecla);
+        EXPECT_EQ(avisos, cuenta) << tecla;
+    }
+    m_campo.setText(u"5"_s);
+    QTest::keyClick(&m_campo, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(avisos, 1) << "neither the program's text nor a shortcut";
+}
+
+TEST_F(FieldKeysTest, FiltersWhatDeadKeysCompose) {
+    SoloNombre(m_campo);
+    QInputMethodEvent compuesta;
+    compuesta.setCommitString(u"éa"_s);
+    QCoreApplication::sendEvent(&m_campo, &compuesta);
+    EXPECT_EQ(m_campo.text(), u"A"_s);
+}
+
+TEST_F(FieldKeysTest, EnterGoesToTheNextField) {
+    EntrarComoTab(m_campo);
+    QTest::keyClick(&m_campo, Qt::Key_Return);
+    EXPECT_TRUE(m_otro.hasFocus());
+    SoloSerie(m_otro, [] { return true; });
+    QTest::keyClick(&m_otro, Qt::Key_Enter);
+    EXPECT_TRUE(m_otro.hasFocus()) << "an empty serial isn't passed over";
+    QTest::keyClicks(&m_otro, u"e1"_s);
+    QTest::keyClick(&m_otro, Qt::Key_Enter);
+    EXPECT_TRUE(m_campo.hasFocus());
+}
+
+TEST_F(FieldKeysTest, PasteGuardBlocksAllAndEmptiesByItsGestures) {
+    using Accion = std::function<void()>;
+    const auto tecla = [this](Qt::Key cual, Qt::KeyboardModifier con) -> Accion {
+        return [this, cual, con] { QTest::keyClick(&m_campo, cual, con); };
+    };
+    const QList<std::pair<Accion, bool>> gestos = {
+        {tecla(Qt::Key_Insert, Qt::ShiftModifier), true},
+        {tecla(Qt::Key_Menu, Qt::NoModifier), true},
+        {[this] { QTest::mouseClick(&m_campo, Qt::RightButton); }, true},
+        {tecla(Qt::Key_V, Qt::ControlModifier), false},
+        {[this] {
+             QContextMenuEvent menu(QContextMenuEvent::Mouse, {5, 5}, m_campo.mapToGlobal(QPoint(5, 5)));
+             QCoreApplication::sendEvent(&m_campo, &menu);
+         },
+         false},
+    };
+    QClipboard* portapapeles = QGuiApplication::clipboard();
+    for (const Gestos guardados : {kTodosLosGestos, Gestos(Gesto::BotonDerecho)}) {
+        SinPegar(m_campo, guardados);
+        for (qsizetype i = 0; i < gestos.size(); ++i) {
+            portapapeles->setText(u"123"_s);
+            gestos.at(i).first();
+            const bool vacia = gestos.at(i).second && (guardados == kTodosLosGestos || i == 2);
+            EXPECT_EQ(portapapeles->text(), vacia ? QString() : u"123"_s) << i;
+            EXPECT_EQ(m_campo.text(), QString()) << i;
+            EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << i;
+        }
+    }
+    EXPECT_FALSE(m_campo.acceptDrops());
+}
+
+TEST(SeriesFilterTest, LetsLettersByPosition) {
+    struct Caso {
+        char16_t tecla;
+        EstadoSerie estado;
+        bool conLetras;
+        char16_t sale;
+    };
+    const QList<Caso> casos = {
+        {u'e', {}, true, u'E'},
+        {u'e', {}, false, 0},
+        {u'.', {u"1"_s}, true, 0},
+        {u'.', {u"1"_s}, false, 0}, // a point never passes: the upper step drops it
+        {u'-', {}, true, 0},
+        {u'ñ', {}, true, 0},
+        {u'E', {u"E"_s, false, 1}, true, u'E'}, // without a selection the check before storing finds it
+        {u'E', {u"E001"_s, true, 4}, true, 0},  // tried behind the whole text, as if nothing were replaced
+        {u'2', {u"E001"_s, true, 4}, true, u'2'},
+        {u'2', {u"E001"_s, false, 0}, true, 0}, // nothing comes before the letter
+        {u'2', {u"0001"_s, false, 0}, true, u'2'},
+        {8, {u"E001"_s, true, 0}, true, 8},
+        {8, {u"E001"_s, true, 0}, false, 8},
+    };
+    for (const Caso& caso : casos)
+        EXPECT_EQ(FiltraTeclaSerie(caso.tecla, caso.estado, caso.conLetras), caso.sale) << (&caso - &casos.first());
+}
+
+} // namespace
+} // namespace xa518

@@ -1,0 +1,61 @@
+#include "platform/MaskedField.h"
+
+#include "Printers.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QVBoxLayout>
+
+namespace xa518 {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST(MaskedFieldTest, ReadsAsItShows) {
+    CampoPeriodo periodo;
+    CampoFecha fecha;
+    EXPECT_EQ(periodo.text(), u"__/____"_s);
+    EXPECT_EQ(fecha.text(), u"__/__/____"_s);
+    EXPECT_FALSE(periodo.EstaCompleto());
+    for (const QString& texto : {u"03/2010"_s, u"__/____"_s, u"1_/2___"_s}) {
+        periodo.setText(texto);
+        EXPECT_EQ(periodo.text(), texto);
+    }
+    fecha.setText(u"18/07/2010"_s);
+    EXPECT_EQ(fecha.text(), u"18/07/2010"_s);
+    EXPECT_TRUE(fecha.EstaCompleto());
+    fecha.setText({});
+    EXPECT_EQ(fecha.text(), u"__/__/____"_s);
+}
+
+TEST(MaskedFieldTest, IsTypedFromItsBeginningAndTypedOver) {
+    QWidget ventana;
+    CampoPeriodo periodo;
+    CampoFecha fecha;
+    auto* orden = new QVBoxLayout(&ventana);
+    orden->addWidget(&fecha);
+    orden->addWidget(&periodo);
+    ventana.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&ventana));
+
+    QTest::mouseClick(&periodo, Qt::LeftButton, {}, periodo.rect().center());
+    QTest::keyClicks(&periodo, u"0x3/20"_s);
+    EXPECT_EQ(periodo.text(), u"03/20__"_s);
+    QTest::keyClick(&periodo, Qt::Key_Home);
+    fecha.setFocus();
+    periodo.setFocus(); // back at what is missing
+    QTest::keyClicks(&periodo, u"10"_s);
+    EXPECT_EQ(periodo.text(), u"03/2010"_s);
+    QTest::keyClick(&periodo, Qt::Key_Backspace);
+    EXPECT_EQ(periodo.text(), u"03/201_"_s);
+    QTest::keyClicks(&periodo, u"15"_s);
+    EXPECT_EQ(periodo.text(), u"03/2011"_s);
+    fecha.setFocus();
+    periodo.setFocus(); // as after a refusal
+    QTest::keyClicks(&periodo, u"042012"_s);
+    EXPECT_EQ(periodo.text(), u"04/2012"_s);
+}
+
+} // namespace
+} // namespace xa518
