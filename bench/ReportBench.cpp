@@ -72,8 +72,9 @@ void LeeDesnudo(const QByteArray& ruta) {
         throw std::runtime_error("open");
     qint64 bytes = 0;
     for (const char* tabla : {"F518PCAB", "F518PDET", "F518PDETVC", "F518PDETCP"}) {
-        const std::string sql = std::string("SELECT * FROM ") + tabla + " WHERE tip_doc_d=6 AND doc_id_d='20990518018' "
-                                                                         "AND periodo='202601' AND formulario='0518'";
+        const std::string sql = std::string("SELECT * FROM ") + tabla +
+                                " WHERE tip_doc_d=6 AND doc_id_d='20990518018' "
+                                "AND periodo='202601' AND formulario='0518'";
         sqlite3_stmt* sentencia = nullptr;
         if (sqlite3_prepare_v2(conexion, sql.c_str(), -1, &sentencia, nullptr) != SQLITE_OK)
             throw std::runtime_error("prepare");

@@ -80,17 +80,19 @@ const QString& LineasAnexo::RayaCorta() {
 }
 
 QString LineasAnexo::PrimerTitulo() const {
-    return m_desde200803 ? u" SERIE  NÚMERO     FECHA DE      MONTO COBRADO TASA    IMPORTE DE LA     CRED.  ZONA  LISTA  "
-                           "TIPO SERIE  NUMERO         FECHA DE       IMPORTE     "_s
-                         : u" SERIE  NÚMERO     FECHA DE      MONTO COBRADO TASA    IMPORTE DE LA     CRED.  LISTA INSTRU "
-                           "TIPO SERIE  NUMERO         FECHA DE       IMPORTE     "_s;
+    return m_desde200803
+               ? u" SERIE  NÚMERO     FECHA DE      MONTO COBRADO TASA    IMPORTE DE LA     CRED.  ZONA  LISTA  "
+                 "TIPO SERIE  NUMERO         FECHA DE       IMPORTE     "_s
+               : u" SERIE  NÚMERO     FECHA DE      MONTO COBRADO TASA    IMPORTE DE LA     CRED.  LISTA INSTRU "
+                 "TIPO SERIE  NUMERO         FECHA DE       IMPORTE     "_s;
 }
 
 QString LineasAnexo::SegundoTitulo() const {
-    return m_desde200803 ? u"                   EMISIÓN                              PERCEPCIÓN       FISCAL EMERG ZOLMA   "
-                           "DOC                       EMISIÓN    COMPROBANTE PAGO"_s
-                         : u"                   EMISIÓN                              PERCEPCIÓN       FISCAL ZOLMA  PAGO   "
-                           "DOC                       EMISIÓN    COMPROBANTE PAGO"_s;
+    return m_desde200803
+               ? u"                   EMISIÓN                              PERCEPCIÓN       FISCAL EMERG ZOLMA   "
+                 "DOC                       EMISIÓN    COMPROBANTE PAGO"_s
+               : u"                   EMISIÓN                              PERCEPCIÓN       FISCAL ZOLMA  PAGO   "
+                 "DOC                       EMISIÓN    COMPROBANTE PAGO"_s;
 }
 
 QString LineasAnexo::Cliente(const ClienteImpreso& cliente, const QString& tipoDoc) {
@@ -112,7 +114,8 @@ QString LineasAnexo::Comprobante(const ComprobanteImpreso& comprobante) {
     Alinea(linea, MontoConParentesis(comprobante.percepcion), kFinPercepcion);
     const QStringView segunda = m_desde200803 ? comprobante.medioPago : comprobante.listaClientes;
     const QStringView tercera = m_desde200803 ? comprobante.listaClientes : comprobante.medioPago;
-    for (const QStringView respuesta : {SiNo(comprobante.creditoFiscal, u"  "), SiNo(segunda, u" -"), SiNo(tercera, u" -")})
+    for (const QStringView respuesta :
+         {SiNo(comprobante.creditoFiscal, u"  "), SiNo(segunda, u" -"), SiNo(tercera, u" -")})
         linea.append(u"     ").append(respuesta);
     return linea;
 }

@@ -7,8 +7,8 @@
 
 namespace xa518 {
 
-/// The lines of the annex. Columns end at fixed places: a text too long for its column takes from the blanks in front of
-/// the next amount, so that right edges meet.
+/// The lines of the annex. Columns end at fixed places: a text too long for its column takes from the blanks in front
+/// of the next amount, so that right edges meet.
 class LineasAnexo {
   public:
     static constexpr int kAncho = 154;

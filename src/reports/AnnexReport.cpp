@@ -43,8 +43,13 @@ void InformeAnexo::Sumas::Agrega(const ComprobanteImpreso& comprobante) {
 }
 
 InformeAnexo::InformeAnexo(Base& base, const Reloj& reloj, const DatosDeclaracion& datos, EscritorInforme& escritor)
-    : m_base(&base), m_reloj(&reloj), m_datos(&datos), m_escritor(&escritor), m_lineas(datos.clave.periodo),
-      m_nombres(CargarGrilla(base)), m_cabecera(LineasFijas()) {}
+    : m_base(&base)
+    , m_reloj(&reloj)
+    , m_datos(&datos)
+    , m_escritor(&escritor)
+    , m_lineas(datos.clave.periodo)
+    , m_nombres(CargarGrilla(base))
+    , m_cabecera(LineasFijas()) {}
 
 int InformeAnexo::TotalPaginas(Base& base, const ClaveDeclaracion& clave) {
     const auto filasDe = [&](const QString& tabla) {
@@ -78,8 +83,8 @@ QStringList InformeAnexo::LineasFijas() const {
                 .PonHasta(kAncho, u"F51801"_s)
                 .Texto(),
             LineaCompuesta()
-                .PonCentrado(
-                    u"REPORTE DE AGENTES DE PERCEPCION - PERIODO "_s + PeriodoImpreso(m_datos->clave.periodo), kAncho)
+                .PonCentrado(u"REPORTE DE AGENTES DE PERCEPCION - PERIODO "_s + PeriodoImpreso(m_datos->clave.periodo),
+                             kAncho)
                 .Texto(),
             declarante.leftJustified(kAnchoDeclarante, u' '),
             raya,
@@ -149,8 +154,8 @@ void InformeAnexo::Cierre() {
 
 void InformeAnexo::Leyenda() {
     const QString& raya = LineasAnexo::RayaCorta();
-    for (const QString& linea : {QString(), raya, u" DOC. QUE DIO ORIGEN A PERCEPCION"_s, raya,
-                                 u" TIPO    DESCRIPCION"_s, raya})
+    for (const QString& linea :
+         {QString(), raya, u" DOC. QUE DIO ORIGEN A PERCEPCION"_s, raya, u" TIPO    DESCRIPCION"_s, raya})
         m_escritor->ImprimeLinea(linea);
     Registros tipos = m_base->Lee(SqlLeyenda());
     while (tipos.Siguiente())

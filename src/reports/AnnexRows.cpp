@@ -97,11 +97,13 @@ bool FilasEnPaso::Siguiente(const ClienteImpreso& cliente) {
 }
 
 FilasAnexo::FilasAnexo(Base& base, const ClaveDeclaracion& clave)
-    : m_base(&base), m_clave(clave), m_clientes(base.Lee(SqlClientes(clave), clave.Valores())),
-      m_comprobantes(base, SqlEnPaso(UnidasComprobante(u"''"_s), clave.Tabla(u"F518PDET"_s), clave.Condicion()),
-                     clave.Valores()),
-      m_pagos(base, SqlEnPaso(UnidasPago(), clave.Tabla(u"F518PDETCP"_s), clave.CondicionSinTipo()), clave.Valores()),
-      m_contados(base, SqlEnPaso(UnidasComprobante(u"tip_cp"_s), clave.Tabla(u"F518PDETVC"_s), clave.Condicion()),
+    : m_base(&base)
+    , m_clave(clave)
+    , m_clientes(base.Lee(SqlClientes(clave), clave.Valores()))
+    , m_comprobantes(base, SqlEnPaso(UnidasComprobante(u"''"_s), clave.Tabla(u"F518PDET"_s), clave.Condicion()),
+                     clave.Valores())
+    , m_pagos(base, SqlEnPaso(UnidasPago(), clave.Tabla(u"F518PDETCP"_s), clave.CondicionSinTipo()), clave.Valores())
+    , m_contados(base, SqlEnPaso(UnidasComprobante(u"tip_cp"_s), clave.Tabla(u"F518PDETVC"_s), clave.Condicion()),
                  clave.Valores()) {}
 
 bool FilasAnexo::SiguienteCliente() {
@@ -142,11 +144,11 @@ void FilasAnexo::EligePagos() {
 
 Registros FilasAnexo::PidePagos() const {
     const auto [serie, numero] = Separa<2>(m_comprobante);
-    return m_base->Lee(u"SELECT %1 FROM %2 %3 AND tip_doc_d = 6 AND tip_doc_per = ? AND num_doc_per = ? AND "
-                       "num_serie_cp = ? AND num_cp = ? ORDER BY rowid"_s.arg(
-                           UnidasPago(), m_clave.Tabla(u"F518PDETCP"_s), m_clave.CondicionSinTipo()),
-                       m_clave.Valores() +
-                           QVariantList{m_cliente.tipoDoc, m_cliente.numero, serie.toString(), numero.toString()});
+    return m_base->Lee(
+        u"SELECT %1 FROM %2 %3 AND tip_doc_d = 6 AND tip_doc_per = ? AND num_doc_per = ? AND "
+        "num_serie_cp = ? AND num_cp = ? ORDER BY rowid"_s.arg(UnidasPago(), m_clave.Tabla(u"F518PDETCP"_s),
+                                                               m_clave.CondicionSinTipo()),
+        m_clave.Valores() + QVariantList{m_cliente.tipoDoc, m_cliente.numero, serie.toString(), numero.toString()});
 }
 
 bool FilasAnexo::SiguientePago() {

@@ -53,8 +53,8 @@ class FilasEnPaso {
     bool m_entregada = false;
 };
 
-/// A declaration's clients by number, their vouchers and cash sales, and the payment vouchers of the first, each kind in
-/// the order in which it was entered. What is handed out holds until the next move.
+/// A declaration's clients by number, their vouchers and cash sales, and the payment vouchers of the first, each kind
+/// in the order in which it was entered. What is handed out holds until the next move.
 class FilasAnexo {
   public:
     FilasAnexo(Base& base, const ClaveDeclaracion& clave);
@@ -88,8 +88,8 @@ class FilasAnexo {
     QString m_comprobante; ///< the row at hand, a voucher's or a cash sale's
     QString m_pago;
 
-    Pagos m_delCliente;             ///< by voucher
-    bool m_sonDemasiados = false;   ///< to be kept: each voucher's are asked for by themselves
+    Pagos m_delCliente;           ///< by voucher
+    bool m_sonDemasiados = false; ///< to be kept: each voucher's are asked for by themselves
     Pagos::const_iterator m_siguiente;
     Pagos::const_iterator m_fin;
     std::optional<Registros> m_aparte;

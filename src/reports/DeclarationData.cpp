@@ -62,7 +62,8 @@ void DatosDeclaracion::GuardaCasilla(int numero, const QString& valor) {
 
 int DatosDeclaracion::Clientes() const {
     const Decimal clientes = Decimal::Valor(Casilla(kCasillaClientes));
-    return static_cast<int>(std::clamp(clientes, Decimal(), Decimal::DeEntero(kClientesMaximos)).RedondeaPar(0).Mantisa());
+    return static_cast<int>(
+        std::clamp(clientes, Decimal(), Decimal::DeEntero(kClientesMaximos)).RedondeaPar(0).Mantisa());
 }
 
 std::optional<DatosDeclaracion> CargarCasillas(Base& base, const ClaveDeclaracion& clave) {
@@ -77,12 +78,12 @@ std::optional<DatosDeclaracion> CargarCasillas(Base& base, const ClaveDeclaracio
 
 NombresDocumento CargarGrilla(Base& base) {
     NombresDocumento nombres;
-    Registros filas =
-        base.Lee(u"Select funcion,argumento From param Where numero='044' Order by val(argumento)"_s);
+    Registros filas = base.Lee(u"Select funcion,argumento From param Where numero='044' Order by val(argumento)"_s);
     while (filas.Siguiente()) {
         const QString funcion = filas.Texto(0);
         if (Mid(funcion, kEnInformes, 1) == u"1")
-            nombres.insert(Recorta(filas.Texto(1)).toInt(), Recorta(Mid(funcion, kInicioCorto, kLargoCorto)).toString());
+            nombres.insert(Recorta(filas.Texto(1)).toInt(),
+                           Recorta(Mid(funcion, kInicioCorto, kLargoCorto)).toString());
     }
     return nombres;
 }

@@ -25,12 +25,9 @@ struct FilaCasilla {
 };
 
 constexpr FilaCasilla kCasillas[] = {
-    {u"PERCEPCIONES EFECTUADAS", 401},
-    {u"Pagos previos(Efectivo,cheque. o doc.val)", 402},
-    {u"PERCEPCION A PAGAR", 403},
-    {u"Interés moratorio", 404},
-    {u"TOTAL DEUDA TRIBUTARIA", 405},
-    {u"IMPORTE A PAGAR", 410, true},
+    {u"PERCEPCIONES EFECTUADAS", 401}, {u"Pagos previos(Efectivo,cheque. o doc.val)", 402},
+    {u"PERCEPCION A PAGAR", 403},      {u"Interés moratorio", 404},
+    {u"TOTAL DEUDA TRIBUTARIA", 405},  {u"IMPORTE A PAGAR", 410, true},
 };
 
 /// Rows with a pair of answers, and so with a second square to mark.

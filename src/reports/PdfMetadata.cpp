@@ -56,8 +56,7 @@ QByteArray Informacion(const MetadatosPdf& metadatos) {
 void PonMetadatos(QFile& pdf, const MetadatosPdf& metadatos) {
     const Cola cola = LeeCola(pdf);
     const qint64 lugarObjeto = pdf.size() + 1;
-    const QByteArray objeto =
-        QByteArray::number(cola.objetos) + " 0 obj\n" + Informacion(metadatos) + "\nendobj\n";
+    const QByteArray objeto = QByteArray::number(cola.objetos) + " 0 obj\n" + Informacion(metadatos) + "\nendobj\n";
     const qint64 lugarTabla = lugarObjeto + objeto.size();
     const QString tabla = u"xref\n%1 1\n%2 00000 n \ntrailer\n<< /Size %3 /Root %4 /Info %1 0 R /Prev %5 >>\n"
                           "startxref\n%6\n%%EOF\n"_s.arg(cola.objetos)

@@ -34,8 +34,8 @@ struct InformesEmitidos {
     Veredicto veredicto;
 };
 
-/// The print-out of a declaration and, when asked for, its annex. Refused when there is no such declaration; one without
-/// clients gives its print-out alone and the refusal of the annex.
+/// The print-out of a declaration and, when asked for, its annex. Refused when there is no such declaration; one
+/// without clients gives its print-out alone and the refusal of the annex.
 [[nodiscard]] InformesEmitidos ImprimeDeclaracion(Proceso& proceso, const ClaveDeclaracion& clave, bool anexos);
 
 /// The pages that the dialog of the page range tells: what the head says, and for an annex one more. Wanted.

@@ -30,15 +30,15 @@ void ArchivoSpool::Recibe(const Comando& comando) {
 void ArchivoSpool::Termina() {
     Vierte();
     if (!m_archivo.flush())
-        throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir el archivo '%1': %2"_s.arg(
-                                                    m_archivo.fileName(), m_archivo.errorString()));
+        throw Error(NumeroError::AccesoAlDisco,
+                    u"No se puede escribir el archivo '%1': %2"_s.arg(m_archivo.fileName(), m_archivo.errorString()));
     m_archivo.close();
 }
 
 void ArchivoSpool::Vierte() {
     if (m_archivo.write(m_bloque) != m_bloque.size())
-        throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir el archivo '%1': %2"_s.arg(
-                                                    m_archivo.fileName(), m_archivo.errorString()));
+        throw Error(NumeroError::AccesoAlDisco,
+                    u"No se puede escribir el archivo '%1': %2"_s.arg(m_archivo.fileName(), m_archivo.errorString()));
     m_bloque.resize(0);
 }
 

@@ -21,7 +21,9 @@ class LineaSpool {
 
     /// The page of the command, without the cost of its text; -1 when it has none.
     [[nodiscard]] int Pagina() const;
-    [[nodiscard]] bool EsDePagina() const { return m_clase == Clase::Texto || m_clase == Clase::Vertical || m_clase == Clase::Cuadro; }
+    [[nodiscard]] bool EsDePagina() const {
+        return m_clase == Clase::Texto || m_clase == Clase::Vertical || m_clase == Clase::Cuadro;
+    }
     [[nodiscard]] bool EsEtiqueta() const { return m_clase == Clase::Etiqueta; }
 
   private:

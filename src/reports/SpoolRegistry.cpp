@@ -42,8 +42,7 @@ QString SiguienteArchivo(Base& base) {
 QString NuevoReporte(Proceso& proceso, const QString& codigo, int tipoDoc, const QString& doc) {
     Base& base = *proceso.baseDatos;
     Transaccion transaccion = base.Comienza();
-    const Decimal ultimaSec =
-        Ultimo(base, u"SELECT max(Secuencia) as SecTipo FROM SPOOL Where CodRep = ?"_s, {codigo});
+    const Decimal ultimaSec = Ultimo(base, u"SELECT max(Secuencia) as SecTipo FROM SPOOL Where CodRep = ?"_s, {codigo});
     const QString archivo = SiguienteArchivo(base);
     Registro fila(base.Describe(u"SPOOL"_s));
     fila.Pon(u"CodRep", codigo)

@@ -6,9 +6,9 @@ namespace xa518 {
 
 struct Proceso;
 
-/// Allocates the name of a spool file and registers it in `SPOOL`, where the launcher finds it. One transaction, so that
-/// two programs at once never get one name. The row stays even if the report is never written, wanted so.
-/// Raises `ErrorBase`.
+/// Allocates the name of a spool file and registers it in `SPOOL`, where the launcher finds it. One transaction, so
+/// that two programs at once never get one name. The row stays even if the report is never written, wanted so. Raises
+/// `ErrorBase`.
 [[nodiscard]] QString NuevoReporte(Proceso& proceso, const QString& codigo, int tipoDoc, const QString& doc);
 
 /// The full name of a spool file.

@@ -46,8 +46,8 @@ struct RangoPaginas {
     [[nodiscard]] bool Incluye(int pagina) const { return !usar || (pagina + 1 >= desde && pagina + 1 <= hasta); }
 };
 
-/// A spool file open for reading. It keeps where each page lies, never what it holds: the pages are read when asked for,
-/// so that thousands of them open at once. It survives any file: what it can't understand it passes over.
+/// A spool file open for reading. It keeps where each page lies, never what it holds: the pages are read when asked
+/// for, so that thousands of them open at once. It survives any file: what it can't understand it passes over.
 class InformeSpool {
   public:
     /// Pages past this many are passed over: no report has them.

@@ -8,10 +8,10 @@
 using namespace xa518;
 using namespace xa518::prueba;
 using namespace Qt::StringLiterals;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsSupersetOf;
 using testing::Not;
-using testing::Contains;
 
 namespace {
 
@@ -82,8 +82,14 @@ TEST_F(DeclarationReport, TurnsThePageAfterTheTwentiethClient) {
 
 TEST_F(DeclarationReport, ListsCompaniesAndPersonsByNumber) {
     taller.Cabecera({{u"501"_s, u"4"_s}});
-    taller.Agrega(Cliente{6, u"20512345671"_s, u"CORPORACIÓN AGROINDUSTRIAL DE LA SELVA CENTRAL S.A.A."_s, {}, {}, {},
-                          u"-1234.5"_s, u"2469135.79"_s});
+    taller.Agrega(Cliente{6,
+                          u"20512345671"_s,
+                          u"CORPORACIÓN AGROINDUSTRIAL DE LA SELVA CENTRAL S.A.A."_s,
+                          {},
+                          {},
+                          {},
+                          u"-1234.5"_s,
+                          u"2469135.79"_s});
     taller.Agrega(Cliente{1, u"40512345"_s, u"  "_s, u"NÚÑEZ"_s, {}, u"ANA|LUZ"_s});
     taller.Agrega(Cliente{7, u"X40512345678901"_s, u"VIAJERO"_s}); // a type that reports don't show
     Imprime();
@@ -155,8 +161,9 @@ TEST_F(DeclarationReport, RefusesWhatIsntThere) {
         const InformesEmitidos sinAnexo = ImprimeDeclaracion(taller.proceso, taller.clave, true);
         EXPECT_EQ(sinAnexo.rutas.size(), 1);
         ASSERT_FALSE(sinAnexo.veredicto);
-        EXPECT_EQ(*sinAnexo.veredicto.mensaje,
-                  (Mensaje{Icono::Informacion, u"No existe información de anexos para esta declaración"_s, u"Anexos"_s}));
+        EXPECT_EQ(
+            *sinAnexo.veredicto.mensaje,
+            (Mensaje{Icono::Informacion, u"No existe información de anexos para esta declaración"_s, u"Anexos"_s}));
     }
     EXPECT_EQ(LineasDe(taller.proceso.rutaRPT + u"/00000001.PRN"_s).first(4),
               (QStringList{u"<!font!>Courier New<!/font!>"_s, u"<!nHojas!>1<!/nHojas!>"_s,

@@ -73,7 +73,8 @@ std::unique_ptr<QGuiApplication> Pdf::aplicacion;
 } // namespace
 
 TEST_F(Pdf, TakesASheetForEachPageAndTurnsItForTheAnnex) {
-    Escribe({Spool(u"a.PRN"_s, kInforme), Spool(u"b.PRN"_s, kApaisado), Spool(u"c.PRN"_s, "pPos|1|1|sin más|False|8|0|")});
+    Escribe(
+        {Spool(u"a.PRN"_s, kInforme), Spool(u"b.PRN"_s, kApaisado), Spool(u"c.PRN"_s, "pPos|1|1|sin más|False|8|0|")});
     EXPECT_THAT(Hojas(), ElementsAre(u"595x842"_s, u"595x842"_s, u"595x842"_s, u"842x595"_s, u"595x842"_s));
     Escribe({Ruta(u"a.PRN"_s)}, {true, 3, 3});
     EXPECT_THAT(Hojas(), ElementsAre(u"595x842"_s));
@@ -125,8 +126,9 @@ TEST_F(Pdf, LeavesWhatWasThereWhenItFails) {
 }
 
 TEST_F(Pdf, SurvivesWhatADamagedFileAsksFor) {
-    Escribe({Spool(u"a.PRN"_s, "pPos|999999|-999999|lejos|False|8|0|\npPos|1|1|enorme|False|32000|0|\n"
-                               "pPos|1|1|nada|False|0|0|\npPos|1|1|menos|False|-8|0|\npCuadro|-999999|1|999999|2|0|\n")});
+    Escribe(
+        {Spool(u"a.PRN"_s, "pPos|999999|-999999|lejos|False|8|0|\npPos|1|1|enorme|False|32000|0|\n"
+                           "pPos|1|1|nada|False|0|0|\npPos|1|1|menos|False|-8|0|\npCuadro|-999999|1|999999|2|0|\n")});
     EXPECT_EQ(Hojas().size(), 1);
 }
 

@@ -91,8 +91,8 @@ TEST(Registry, GivesTwoProgramsAtOnceDifferentNames) {
         EXPECT_EQ(estado, 0);
     }
     const auto base = Base::Abre(ruta);
-    Registros fila = base->Lee(
-        u"SELECT count(*), count(DISTINCT Archivo), count(DISTINCT Secuencia), max(Archivo) FROM SPOOL"_s);
+    Registros fila =
+        base->Lee(u"SELECT count(*), count(DISTINCT Archivo), count(DISTINCT Secuencia), max(Archivo) FROM SPOOL"_s);
     ASSERT_TRUE(fila.Siguiente());
     EXPECT_EQ(fila.Entero(0), 2 * kPorPrograma);
     EXPECT_EQ(fila.Entero(1), 2 * kPorPrograma);

@@ -53,12 +53,10 @@ void Taller::Pon(const QString& tabla, const QList<std::pair<QString, QVariant>>
 void Taller::Cabecera(const QList<std::pair<QString, QString>>& casillas, const QString& cheque,
                       const QString& rectifica) {
     const bool efectivo = cheque.isEmpty();
-    QList<std::pair<QString, QVariant>> columnas{{u"estado"_s, clave.enviada ? 1 : 0},
-                                                 {u"rectifica"_s, rectifica},
-                                                 {u"bcolibrad"_s, efectivo ? u" "_s : u"02"_s},
-                                                 {u"nrocheque"_s, efectivo ? u" "_s : cheque},
-                                                 {u"cheque"_s, efectivo ? u""_s : u"150"_s},
-                                                 {u"efectivo"_s, efectivo ? u"150"_s : u""_s}};
+    QList<std::pair<QString, QVariant>> columnas{
+        {u"estado"_s, clave.enviada ? 1 : 0},          {u"rectifica"_s, rectifica},
+        {u"bcolibrad"_s, efectivo ? u" "_s : u"02"_s}, {u"nrocheque"_s, efectivo ? u" "_s : cheque},
+        {u"cheque"_s, efectivo ? u""_s : u"150"_s},    {u"efectivo"_s, efectivo ? u"150"_s : u""_s}};
     if (clave.enviada)
         columnas.append({{u"control"_s, u"10000001"_s}, {u"norden"_s, u"4000123456"_s}});
     Pon(u"CAB"_s, columnas);
@@ -116,8 +114,7 @@ void Taller::Agrega(const Pago& pago) {
 }
 
 void Taller::Vacia() {
-    for (const QString& tabla :
-         {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u"F518PDETVC"_s, u"F518PDETCP"_s}) {
+    for (const QString& tabla : {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u"F518PDETVC"_s, u"F518PDETCP"_s}) {
         m_base->Ejecuta(u"DELETE * FROM "_s + tabla);
         m_base->Ejecuta(u"DELETE * FROM H"_s + tabla);
     }

@@ -1,5 +1,5 @@
-#include "reports/ReportFixture.h"
 #include "reports/ReportWriter.h"
+#include "reports/ReportFixture.h"
 
 #include <gtest/gtest.h>
 

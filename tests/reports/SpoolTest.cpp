@@ -113,7 +113,8 @@ TEST(SpoolReport, FindsLinesWhateverTheirLength) {
 }
 
 TEST(SpoolReport, SurvivesTenMegabytesOfRubbish) {
-    static constexpr char kTrozos[][16] = {"pPos|", "pCuadro|", "pNuevaHoja", "\n", "\r", "|", "-9", "1e9", "<!nHojas!>"};
+    static constexpr char kTrozos[][16] = {"pPos|", "pCuadro|", "pNuevaHoja", "\n",        "\r",
+                                           "|",     "-9",       "1e9",        "<!nHojas!>"};
     QRandomGenerator azar(518);
     QByteArray basura;
     while (basura.size() < 10'000'000) {
