@@ -76,6 +76,11 @@ std::optional<DatosDeclaracion> CargarCasillas(Base& base, const ClaveDeclaracio
     return datos;
 }
 
+Mensaje NoExisteDeclaracion(const ClaveDeclaracion& clave) {
+    const QString texto = u"No existe la declaración del RUC %1 por el período %2."_s;
+    return {Icono::Critico, texto.arg(clave.ruc, PeriodoImpreso(clave.periodo)), {}};
+}
+
 NombresDocumento CargarGrilla(Base& base) {
     NombresDocumento nombres;
     Registros filas = base.Lee(u"Select funcion,argumento From param Where numero='044' Order by val(argumento)"_s);

@@ -41,6 +41,9 @@ struct DatosDeclaracion {
 /// Reads a declaration's boxes and head, and its declarant's name; nothing when there is no such declaration.
 [[nodiscard]] std::optional<DatosDeclaracion> CargarCasillas(Base& base, const ClaveDeclaracion& clave);
 
+/// What the user is told then.
+[[nodiscard]] Mensaje NoExisteDeclaracion(const ClaveDeclaracion& clave);
+
 /// Short names of the document types by code, of those that the reports show; for the others the name is empty.
 using NombresDocumento = QHash<int, QString>;
 [[nodiscard]] NombresDocumento CargarGrilla(Base& base);

@@ -51,7 +51,7 @@ Registrado RegistroDe(const PedidoInforme& pedido) {
 }
 
 QString EscribeConRuta(Proceso& proceso, const PedidoInforme& pedido) {
-    return RutaDeInforme(proceso, EscribeInforme(proceso, pedido));
+    return RutaDeInforme(proceso.rutaRPT, EscribeInforme(proceso, pedido));
 }
 
 } // namespace
@@ -68,17 +68,15 @@ void EjecutaReporte(Proceso& proceso, const PedidoInforme& pedido, DestinoInform
 QString EscribeInforme(Proceso& proceso, const PedidoInforme& pedido) {
     const auto [codigo, doc] = RegistroDe(pedido);
     const QString archivo = NuevoReporte(proceso, codigo, kTipoRuc, doc);
-    ArchivoSpool spool(RutaDeInforme(proceso, archivo));
+    ArchivoSpool spool(RutaDeInforme(proceso.rutaRPT, archivo));
     EjecutaReporte(proceso, pedido, spool);
     return archivo;
 }
 
 InformesEmitidos ImprimeDeclaracion(Proceso& proceso, const ClaveDeclaracion& clave, bool anexos) {
     const std::optional<DatosDeclaracion> datos = CargarCasillas(*proceso.baseDatos, clave);
-    if (!datos) {
-        const QString texto = u"No existe la declaración del RUC %1 por el período %2."_s;
-        return {{}, Veredicto::Rechaza({Icono::Critico, texto.arg(clave.ruc, PeriodoImpreso(clave.periodo)), {}}, {})};
-    }
+    if (!datos)
+        return {{}, Veredicto::Rechaza(NoExisteDeclaracion(clave), {})};
     InformesEmitidos emitidos;
     emitidos.rutas.append(EscribeConRuta(proceso, PedidoDeclaracion{*datos, false}));
     if (anexos)
@@ -86,6 +84,12 @@ InformesEmitidos ImprimeDeclaracion(Proceso& proceso, const ClaveDeclaracion& cl
     if (anexos && emitidos.veredicto)
         emitidos.rutas.append(EscribeConRuta(proceso, PedidoDeclaracion{*datos, true}));
     return emitidos;
+}
+
+QString TituloDe(const PedidoDeclaracion& pedido) {
+    const ClaveDeclaracion& clave = pedido.datos.clave;
+    return u"%1 %2 - RUC %3 - %4"_s.arg(pedido.anexo ? u"Anexo de la declaración"_s : u"Declaración"_s,
+                                        clave.formulario, clave.ruc, PeriodoImpreso(clave.periodo));
 }
 
 int HojasDeImpresion(const PedidoDeclaracion& pedido, int hojas) {

@@ -38,6 +38,9 @@ struct InformesEmitidos {
 /// without clients gives its print-out alone and the refusal of the annex.
 [[nodiscard]] InformesEmitidos ImprimeDeclaracion(Proceso& proceso, const ClaveDeclaracion& clave, bool anexos);
 
+/// What a print-out is called as a document.
+[[nodiscard]] QString TituloDe(const PedidoDeclaracion& pedido);
+
 /// The pages that the dialog of the page range tells: what the head says, and for an annex one more. Wanted.
 [[nodiscard]] int HojasDeImpresion(const PedidoDeclaracion& pedido, int hojas);
 

@@ -57,8 +57,8 @@ QString NuevoReporte(Proceso& proceso, const QString& codigo, int tipoDoc, const
     return archivo;
 }
 
-QString RutaDeInforme(const Proceso& proceso, const QString& archivo) {
-    return proceso.rutaRPT + QDir::separator() + archivo;
+QString RutaDeInforme(const QString& rutaRPT, const QString& archivo) {
+    return rutaRPT + QDir::separator() + archivo;
 }
 
 } // namespace xa518

@@ -11,7 +11,7 @@ struct Proceso;
 /// `ErrorBase`.
 [[nodiscard]] QString NuevoReporte(Proceso& proceso, const QString& codigo, int tipoDoc, const QString& doc);
 
-/// The full name of a spool file.
-[[nodiscard]] QString RutaDeInforme(const Proceso& proceso, const QString& archivo);
+/// The full name of a spool file in the folder of reports, `Proceso::rutaRPT`.
+[[nodiscard]] QString RutaDeInforme(const QString& rutaRPT, const QString& archivo);
 
 } // namespace xa518

@@ -44,6 +44,8 @@ struct RangoPaginas {
 
     /// `pagina` counts from 0.
     [[nodiscard]] bool Incluye(int pagina) const { return !usar || (pagina + 1 >= desde && pagina + 1 <= hasta); }
+    /// Whether it takes any page of a report of so many.
+    [[nodiscard]] bool Alcanza(int paginas) const { return !usar || desde <= paginas; }
 };
 
 /// A spool file open for reading. It keeps where each page lies, never what it holds: the pages are read when asked

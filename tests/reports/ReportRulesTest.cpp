@@ -64,12 +64,18 @@ TEST(PrintList, OffersTheUsersDeclarationsOfTheKindAskedFor) {
     Base& base = *taller.proceso.baseDatos;
     base.Ejecuta(u"UPDATE HCAB SET estado = 0 WHERE correl = '1' AND periodo = '202601'"_s);
     const auto resumen = [&](bool enviadas) {
+        const ConsultaSql consulta = SqlParaImprimir(taller.proceso, enviadas);
+        Registros fila = base.Lee(consulta.texto, {consulta.valores.begin(), consulta.valores.end()});
         QStringList filas;
-        for (const FilaImprimir& fila : DeclaracionesParaImprimir(taller.proceso, enviadas))
-            filas.append(fila.periodo + u' ' + fila.periodoMostrado + u' ' + fila.rectifica + u' ' + fila.correl);
+        while (fila.Siguiente())
+            filas.append(
+                fila.Texto(ColumnaImprimir::Periodo) + u' ' + fila.Texto(ColumnaImprimir::PeriodoMostrado) + u' ' +
+                (enviadas
+                     ? fila.Texto(ColumnaImprimirEnviada::Rectifica) + u' ' + fila.Texto(ColumnaImprimirEnviada::Correl)
+                     : fila.Texto(ColumnaImprimir::Rectifica)));
         return filas;
     };
-    EXPECT_THAT(resumen(false), ElementsAre(u"202602 022026 0 "_s, u"202601 012026 1 "_s));
+    EXPECT_THAT(resumen(false), ElementsAre(u"202602 022026 0"_s, u"202601 012026 1"_s));
     EXPECT_THAT(resumen(true), testing::UnorderedElementsAre(u"202602 022026 0 1"_s, u"202602 022026 1 2"_s));
     base.Ejecuta(u"UPDATE HCAB SET estado = 0 WHERE correl = '1'"_s);
     EXPECT_THAT(resumen(true), ElementsAre(u"202602 022026 1 2"_s));
@@ -78,19 +84,6 @@ TEST(PrintList, OffersTheUsersDeclarationsOfTheKindAskedFor) {
     EXPECT_THAT(resumen(false), ElementsAre());
     base.Ejecuta(u"INSERT INTO CLAVES VALUES ('OTRO','0')"_s);
     EXPECT_EQ(resumen(false).size(), 2);
-}
-
-TEST(PrintList, GivesTheKeyOfItsRow) {
-    Taller taller;
-    taller.clave.enviada = true;
-    taller.clave.correl = u"4"_s;
-    taller.Cabecera({{u"501"_s, u"3"_s}});
-    const QList<FilaImprimir> lista = DeclaracionesParaImprimir(taller.proceso, true);
-    ASSERT_EQ(lista.size(), 1);
-    const auto datos = CargarCasillas(*taller.proceso.baseDatos, lista[0].Clave(true));
-    ASSERT_TRUE(datos);
-    EXPECT_EQ(HojasDeImpresion({*datos, true}, 9), 10);
-    EXPECT_EQ(HojasDeImpresion({*datos, false}, 9), 9);
 }
 
 TEST(ErrorReport, CountsSixtyNineErrorsToAPage) {
@@ -126,7 +119,7 @@ TEST(ErrorReport, IsRegisteredUnderItsOwnCodeAndNeedsItsList) {
     const QString lista = taller.Carpeta() + u"/viejo.Err"_s;
     EscribeEn(lista, "a\xf1o de otra \xe9poca\n"); // as an older program wrote it
     const DatosErrores datos{lista, taller.clave.ruc, u"ÑAUPARI"_s, u"202601"_s};
-    const QStringList lineas = LineasDe(RutaDeInforme(taller.proceso, EscribeInforme(taller.proceso, datos)));
+    const QStringList lineas = LineasDe(RutaDeInforme(taller.proceso.rutaRPT, EscribeInforme(taller.proceso, datos)));
     EXPECT_EQ(lineas[3], u"<!Color!>&H80000005&<!/Color!>"_s);
     EXPECT_THAT(lineas, testing::Contains(u"pPos|10|1400|                    año de otra época|False|8|0|"_s));
     EXPECT_THAT(taller.Filas(u"SELECT CodRep, Doc_id_d FROM SPOOL"_s), ElementsAre(u"PER005|20990518018"_s));
