@@ -1,0 +1,15 @@
+#include "app/Dialogs.h"
+
+#include "platform/WidgetHelpers.h"
+
+#include <algorithm>
+
+namespace xa518 {
+
+void CentraSobre(const QWidget& ventana, QWidget& forma) {
+    forma.adjustSize();
+    CentraControl(ventana, forma);
+    forma.move(ventana.pos() + QPoint(std::max(forma.x(), 0), std::max(forma.y(), 0)));
+}
+
+} // namespace xa518

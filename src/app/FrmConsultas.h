@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/Form.h"
+
+#include <memory>
+
+namespace xa518 {
+
+namespace Ui {
+class FrmConsultas;
+}
+class ModeloFilas;
+struct Proceso;
+
+/// A list of the catalogue, to be read: of the kind in `Proceso::tipoConsulta`. "B" is the banks; any other is empty.
+class FrmConsultas final : public Forma {
+    Q_OBJECT
+  public:
+    explicit FrmConsultas(Proceso& proceso, QWidget* padre = nullptr);
+    ~FrmConsultas() override;
+
+  protected:
+    void Salir() override;
+
+  private:
+    std::unique_ptr<Ui::FrmConsultas> m_ui;
+    ModeloFilas* m_datos;
+};
+
+} // namespace xa518
