@@ -1,18 +1,16 @@
 #include "app/FormaSeleccion.h"
 
 #include "app/DeclarationLists.h"
-#include "app/RowsModel.h"
 #include "data/Process.h"
 #include "platform/Application.h"
 #include "platform/HourGlass.h"
 #include "platform/Notices.h"
+#include "platform/ReadGrid.h"
 #include "platform/StatusBar.h"
 #include "values/Text.h"
 
 #include "ui_FormaSeleccion.h"
 
-#include <QHeaderView>
-#include <QKeyEvent>
 #include <QScopeGuard>
 #include <QtDebug>
 
@@ -20,41 +18,46 @@ namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QList<ColumnaDeGrilla> ColumnasDe(const QStringList& titulos) {
+    QList<ColumnaDeGrilla> columnas;
+    for (const QString& titulo : titulos)
+        columnas.append({titulo, static_cast<int>(columnas.size()), false, {}});
+    return columnas;
+}
+
+} // namespace
+
 FormaSeleccion::FormaSeleccion(const Entorno& entorno, const QStringList& columnas, const QString& marco,
                                QWidget* padre)
     : Forma(padre)
     , m_ui(std::make_unique<Ui::FormaSeleccion>())
     , m_entorno(entorno)
-    , m_datos(new ModeloFilas(columnas, this)) {
+    , m_datos(new ModeloDeConsulta(ColumnasDe(columnas), this)) {
     m_ui->setupUi(this);
     m_ui->Frame1->setTitle(marco);
     m_datos->setObjectName(u"DtaNew"_s);
-    PreparaGrilla();
+    m_ui->grdContrib->setModel(m_datos);
     Conecta();
     Prepara({m_ui->CmdOpciones_1});
 }
 
 FormaSeleccion::~FormaSeleccion() = default;
 
-void FormaSeleccion::PreparaGrilla() {
-    QTableView& grilla = *m_ui->grdContrib;
-    grilla.setModel(m_datos);
-    grilla.installEventFilter(this);
-    QHeaderView& cabecera = *grilla.horizontalHeader();
-    cabecera.setSectionResizeMode(QHeaderView::ResizeToContents);
-    cabecera.setSectionResizeMode(ColumnaDeLista::Nombre, QHeaderView::Stretch);
-    cabecera.setHighlightSections(false);
-    cabecera.setSectionsClickable(true);
-}
-
 void FormaSeleccion::Conecta() {
     connect(m_ui->CmdOpciones_0, &QPushButton::clicked, this, Protegido([this] { Actua(); }));
     connect(m_ui->CmdOpciones_1, &QPushButton::clicked, this, [this] { Salir(); });
-    connect(m_ui->grdContrib, &QTableView::doubleClicked, this, Protegido([this] { Actua(); }));
-    connect(m_ui->grdContrib->horizontalHeader(), &QHeaderView::sectionClicked, this,
-            Protegido([this](int columna) { PulsaCabecera(columna); }));
-    connect(m_ui->grdContrib->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            [this] { MuestraFila(); });
+    connect(m_ui->grdContrib, &GrillaDeLectura::FilaActivada, this, Protegido([this] { Actua(); }));
+    connect(m_ui->grdContrib, &GrillaDeLectura::FilaCambiada, this, Protegido([this](int fila) { MuestraFila(fila); }));
+}
+
+GrillaDeLectura& FormaSeleccion::Grilla() const {
+    return *m_ui->grdContrib;
+}
+
+QString FormaSeleccion::Celda(int fila, int columna) const {
+    return Recorta(m_datos->Texto(fila, columna)).toString();
 }
 
 void FormaSeleccion::Presenta(const Textos& textos) {
@@ -64,27 +67,26 @@ void FormaSeleccion::Presenta(const Textos& textos) {
 }
 
 void FormaSeleccion::Refresca(int fila) {
-    m_datos->Lee(*m_entorno.proceso.baseDatos, m_consulta);
-    m_ui->grdContrib->selectRow(fila < m_datos->Filas() ? fila : 0);
-    MuestraFila();
+    m_datos->Consulta(*m_entorno.proceso.baseDatos, m_consulta.texto,
+                      QVariantList(m_consulta.valores.begin(), m_consulta.valores.end()));
+    Grilla().AjustaColumnas(ColumnaDeLista::Nombre);
+    Grilla().PonFila(fila);
+    if (m_datos->rowCount() == 0)
+        m_entorno.barra.Limpia(m_entorno.proceso.numFormulario);
 }
 
-int FormaSeleccion::FilaActual() const {
-    return m_ui->grdContrib->currentIndex().row();
-}
-
-/// The way out of the form over this one empties the status bar: the row is told again each time that it is shown.
-void FormaSeleccion::MuestraFila() {
-    const DeclaracionElegida fila = Elegida(FilaActual());
-    m_entorno.barra.PonRuc(fila.ruc);
-    m_entorno.barra.PonNombre(fila.nombre);
-    m_entorno.barra.PonPeriodo(fila.periodo.isEmpty() ? QString() : fila.periodo.left(2) + u'/' + fila.periodo.mid(2));
+void FormaSeleccion::MuestraFila(int fila) {
+    const DeclaracionElegida elegida = Elegida(fila);
+    m_entorno.barra.PonRuc(elegida.ruc);
+    m_entorno.barra.PonNombre(elegida.nombre);
+    m_entorno.barra.PonPeriodo(elegida.periodo.isEmpty() ? QString()
+                                                         : elegida.periodo.left(2) + u'/' + elegida.periodo.mid(2));
 }
 
 DeclaracionElegida FormaSeleccion::Elegida(int fila) const {
-    return {m_datos->Celda(fila, ColumnaDeLista::Ruc),
-            m_datos->Celda(fila, ColumnaDeLista::Nombre),
-            m_datos->Celda(fila, ColumnaDeLista::Periodo),
+    return {Celda(fila, ColumnaDeLista::Ruc),
+            Celda(fila, ColumnaDeLista::Nombre),
+            Celda(fila, ColumnaDeLista::Periodo),
             {},
             {}};
 }
@@ -97,10 +99,10 @@ ClaveDeclaracion FormaSeleccion::Clave(int fila) const {
 /// An error of the engine ends the command without a word, with the list as it was: wanted.
 void FormaSeleccion::Actua() {
     RelojDeArena reloj;
-    if (m_datos->Filas() == 0)
+    if (m_datos->rowCount() == 0)
         return;
     try {
-        TomaFila(FilaActual());
+        TomaFila(Grilla().Fila());
         if (m_entorno.proceso.opcion == kModificar)
             Abre(reloj);
         else if (m_entorno.proceso.opcion == kEliminar)
@@ -114,7 +116,7 @@ void FormaSeleccion::Actua() {
 void FormaSeleccion::Abre(RelojDeArena& reloj) {
     if (!m_entorno.dialogos.declaracion)
         return;
-    const int fila = FilaActual();
+    const int fila = Grilla().Fila();
     const QPoint sitio = pos();
     QWidget::setVisible(false);
     const auto vuelve = qScopeGuard([this, sitio] {
@@ -133,24 +135,13 @@ void FormaSeleccion::Elimina() {
                            windowTitle()};
     if (m_entorno.avisos.Pregunta(pregunta, Respuesta::No) == Respuesta::No)
         return;
-    EliminaDeclaracion(*m_entorno.proceso.baseDatos, Clave(FilaActual()));
+    EliminaDeclaracion(*m_entorno.proceso.baseDatos, Clave(Grilla().Fila()));
     Refresca();
 }
 
 void FormaSeleccion::Salir() {
-    m_datos->Vacia();
     m_entorno.barra.Limpia(m_entorno.proceso.numFormulario);
     Termina();
-}
-
-bool FormaSeleccion::eventFilter(QObject* objeto, QEvent* evento) {
-    if (objeto != m_ui->grdContrib || evento->type() != QEvent::KeyPress)
-        return Forma::eventFilter(objeto, evento);
-    const auto& tecla = *static_cast<QKeyEvent*>(evento);
-    if (tecla.key() != Qt::Key_Return && tecla.key() != Qt::Key_Enter)
-        return !DejaPasar(tecla);
-    Protegido([this] { Actua(); })();
-    return true;
 }
 
 } // namespace xa518

@@ -3,6 +3,7 @@
 #include "app/Dialogs.h"
 #include "data/DocumentTypes.h"
 #include "platform/Form.h"
+#include "platform/QueryModel.h"
 
 #include <memory>
 
@@ -11,7 +12,7 @@ namespace xa518 {
 namespace Ui {
 class FormaSeleccion;
 }
-class ModeloFilas;
+class GrillaDeLectura;
 class RelojDeArena;
 
 /// What the two lists of declarations are alike in: the grid, the row that the status bar tells, the command on the
@@ -28,6 +29,7 @@ class FormaSeleccion : public Forma {
         QString etiqueta;
     };
 
+    /// One title for each column of the query, in its order.
     FormaSeleccion(const Entorno& entorno, const QStringList& columnas, const QString& marco, QWidget* padre);
 
     void Presenta(const Textos& textos);
@@ -37,32 +39,28 @@ class FormaSeleccion : public Forma {
     void Refresca(int fila = 0);
 
     [[nodiscard]] Proceso& ElProceso() const { return m_entorno.proceso; }
-    [[nodiscard]] const ModeloFilas& Lista() const { return *m_datos; }
+    [[nodiscard]] GrillaDeLectura& Grilla() const;
+    /// The trimmed text of a cell.
+    [[nodiscard]] QString Celda(int fila, int columna) const;
 
     /// The row in the form that the next one needs.
     [[nodiscard]] virtual DeclaracionElegida Elegida(int fila) const;
     [[nodiscard]] virtual ClaveDeclaracion Clave(int fila) const;
     /// Before the command works on a row.
     virtual void TomaFila(int /*fila*/) {}
-    /// A key typed on the grid goes on to it.
-    [[nodiscard]] virtual bool DejaPasar(const QKeyEvent& /*tecla*/) const { return true; }
-    virtual void PulsaCabecera(int /*columna*/) {}
 
     void Salir() override;
-    bool eventFilter(QObject* objeto, QEvent* evento) override;
 
   private:
-    void PreparaGrilla();
     void Conecta();
-    [[nodiscard]] int FilaActual() const;
-    void MuestraFila();
+    void MuestraFila(int fila);
     void Actua();
     void Abre(RelojDeArena& reloj);
     void Elimina();
 
     std::unique_ptr<Ui::FormaSeleccion> m_ui;
     Entorno m_entorno;
-    ModeloFilas* m_datos;
+    ModeloDeConsulta* m_datos;
     ConsultaSql m_consulta;
 };
 

@@ -9,7 +9,6 @@ namespace xa518 {
 namespace Ui {
 class FrmConsultas;
 }
-class ModeloFilas;
 struct Proceso;
 
 /// A list of the catalogue, to be read: of the kind in `Proceso::tipoConsulta`. "B" is the banks; any other is empty.
@@ -19,12 +18,8 @@ class FrmConsultas final : public Forma {
     explicit FrmConsultas(Proceso& proceso, QWidget* padre = nullptr);
     ~FrmConsultas() override;
 
-  protected:
-    void Salir() override;
-
   private:
     std::unique_ptr<Ui::FrmConsultas> m_ui;
-    ModeloFilas* m_datos;
 };
 
 } // namespace xa518

@@ -11,8 +11,10 @@ class FrmContAbrir final : public FormaSeleccion {
     explicit FrmContAbrir(const Entorno& entorno, QWidget* padre = nullptr);
 
   protected:
-    [[nodiscard]] bool DejaPasar(const QKeyEvent& tecla) const override;
-    void PulsaCabecera(int columna) override;
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+  private:
+    void Ordena(int columna);
 };
 
 } // namespace xa518

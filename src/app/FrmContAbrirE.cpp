@@ -1,7 +1,6 @@
 #include "app/FrmContAbrirE.h"
 
 #include "app/DeclarationLists.h"
-#include "app/RowsModel.h"
 #include "data/Process.h"
 
 #include <utility>
@@ -28,15 +27,15 @@ FrmContAbrirE::FrmContAbrirE(const Entorno& entorno, QWidget* padre)
 
 DeclaracionElegida FrmContAbrirE::Elegida(int fila) const {
     DeclaracionElegida elegida = FormaSeleccion::Elegida(fila);
-    elegida.norden = Lista().Celda(fila, ColumnaDeLista::NOrden);
-    elegida.control = Lista().Celda(fila, ColumnaDeLista::Control);
+    elegida.norden = Celda(fila, ColumnaDeLista::NOrden);
+    elegida.control = Celda(fila, ColumnaDeLista::Control);
     return elegida;
 }
 
 ClaveDeclaracion FrmContAbrirE::Clave(int fila) const {
     ClaveDeclaracion clave = FormaSeleccion::Clave(fila);
     clave.enviada = true;
-    clave.correl = Lista().Celda(fila, ColumnaDeLista::Correl);
+    clave.correl = Celda(fila, ColumnaDeLista::Correl);
     return clave;
 }
 

@@ -17,8 +17,8 @@ namespace {
 /// The topic of the form that holds a control: its number, or else its name.
 QString ContextoDe(const QWidget& control) {
     const QWidget* forma = control.window();
-    const QVariant numero = forma->property("contextoAyuda");
-    return numero.isValid() ? numero.toString() : forma->objectName();
+    const int numero = forma->property("contextoAyuda").toInt();
+    return numero != 0 ? QString::number(numero) : forma->objectName();
 }
 
 } // namespace
