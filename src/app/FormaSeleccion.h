@@ -7,11 +7,12 @@
 
 #include <memory>
 
-namespace xa518 {
-
 namespace Ui {
 class FormaSeleccion;
 }
+
+namespace xa518 {
+
 class GrillaDeLectura;
 class RelojDeArena;
 

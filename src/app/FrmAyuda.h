@@ -6,11 +6,12 @@
 
 #include <memory>
 
-namespace xa518 {
-
 namespace Ui {
 class FrmAyuda;
 }
+
+namespace xa518 {
+
 
 /// The module's help window: stays open beside the form that it helps with.
 class FrmAyuda final : public QDialog {

@@ -4,11 +4,12 @@
 
 #include <memory>
 
-namespace xa518 {
-
 namespace Ui {
 class FrmConsultas;
 }
+
+namespace xa518 {
+
 struct Proceso;
 
 /// A list of the catalogue, to be read: of the kind in `Proceso::tipoConsulta`. "B" is the banks; any other is empty.

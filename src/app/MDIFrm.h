@@ -7,11 +7,12 @@
 
 #include <memory>
 
-namespace xa518 {
-
 namespace Ui {
 class MDIFrm;
 }
+
+namespace xa518 {
+
 class Ayuda;
 
 /// The module's main window. It has no work of its own: each command says in `Proceso` what it is for and opens a form.

@@ -4,11 +4,12 @@
 
 #include <memory>
 
-namespace xa518 {
-
 namespace Ui {
 class frmAcercade;
 }
+
+namespace xa518 {
+
 
 /// The box that tells what this program is.
 class frmAcercade final : public Forma {
