@@ -2,12 +2,15 @@
 
 #include "platform/WidgetHelpers.h"
 
+#include <QLayout>
+
 #include <algorithm>
 
 namespace xa518 {
 
 void CentraSobre(const QWidget& ventana, QWidget& forma) {
-    forma.adjustSize();
+    if (forma.layout())
+        forma.layout()->activate(); // a form of fixed size takes it now
     CentraControl(ventana, forma);
     forma.move(ventana.pos() + QPoint(std::max(forma.x(), 0), std::max(forma.y(), 0)));
 }

@@ -22,7 +22,7 @@ bool EscribeAlgo(const QKeyEvent& tecla) {
 
 FrmContAbrir::FrmContAbrir(const Entorno& entorno, QWidget* padre)
     : FormaSeleccion(entorno,
-                     {u"RUC"_s, u"Nombre o razón social"_s, u"Período"_s, u"Formulario"_s, u"Estado"_s, u"Rectifica"_s},
+                     {u"RUC"_s, u"Nombre o razón social"_s, u"Período"_s, u"Form."_s, u"Estado"_s, u"Rectifica"_s},
                      u"Declaraciones Registradas"_s, padre) {
     setObjectName(u"FrmContAbrir"_s);
     if (ElProceso().opcion == kEliminar)

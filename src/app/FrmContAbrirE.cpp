@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 
 FrmContAbrirE::FrmContAbrirE(const Entorno& entorno, QWidget* padre)
     : FormaSeleccion(entorno,
-                     {u"RUC"_s, u"Nombre o razón social"_s, u"Período"_s, u"Formulario"_s, u"Nro. de orden"_s,
-                      u"Fecha de envío"_s, u"Nro. de control"_s, u"Copia"_s, u"Rectifica"_s},
+                     {u"RUC"_s, u"Nombre o razón social"_s, u"Período"_s, u"Form."_s, u"Nro. orden"_s, u"Enviada"_s,
+                      u"Control"_s, u"Copia"_s, u"Rectifica"_s},
                      u"Declaraciones Enviadas"_s, padre) {
     setObjectName(u"FrmContAbrirE"_s);
     if (ElProceso().opcion == kEliminar)

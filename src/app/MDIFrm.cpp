@@ -17,6 +17,7 @@
 #include "ui_MDIFrm.h"
 
 #include <QScreen>
+#include <QStyle>
 
 namespace xa518 {
 
@@ -70,7 +71,8 @@ bool MDIFrm::Carga() {
 }
 
 void MDIFrm::Coloca() {
-    const QRect pantalla = screen()->availableGeometry();
+    QRect pantalla = screen()->availableGeometry();
+    pantalla.setHeight(pantalla.height() - style()->pixelMetric(QStyle::PM_TitleBarHeight));
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowCloseButtonHint);
     setFixedSize(kMedida.boundedTo(pantalla.size()));
