@@ -149,13 +149,6 @@ TEST_F(PickersTest, NothingCanBeTypedOnTheGridOfTheRegistered) {
     EXPECT_EQ(Grilla(*lista).Fila(), 0) << "the list was searched";
     QTest::keyClick(&Grilla(*lista), Qt::Key_Down);
     EXPECT_EQ(Grilla(*lista).Fila(), 1);
-    Grilla(*lista).PonFila(0);
-    Declaracion(kAna, u"202608"_s, u"1"_s);
-    Declaracion(kBeto, u"202608"_s, u"1"_s);
-    const auto enviadas = Abre<FrmContAbrirE>(kModificar);
-    Grilla(*enviadas).setCurrentIndex(Grilla(*enviadas).model()->index(0, 0));
-    QTest::keyClicks(&Grilla(*enviadas), kBeto.left(4));
-    EXPECT_EQ(Grilla(*enviadas).Fila(), 1) << "there other keys pass";
 }
 
 TEST_F(PickersTest, AnEmptyListStopsWithoutAWord) {
