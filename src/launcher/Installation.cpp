@@ -7,12 +7,12 @@
 #include "data/Workgroup.h"
 #include "launcher/CatalogInstaller.h"
 #include "launcher/Declarants.h"
+#include "launcher/PrivateFiles.h"
 #include "launcher/Sample.h"
 #include "launcher/Schema.h"
 #include "values/Error.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 
@@ -32,11 +32,6 @@ const QStringList kSubcarpetas = {u"RPT"_s, u"TMP"_s, u"BMP"_s, u"0518"_s};
 QString ConSeparador(const QString& carpeta) {
     const QString nativa = QDir::toNativeSeparators(QDir::cleanPath(QFileInfo(carpeta).absoluteFilePath()));
     return nativa.endsWith(QDir::separator()) ? nativa : nativa + QDir::separator();
-}
-
-void CreaCarpetaPrivada(const QString& ruta) {
-    if (!QDir().mkpath(ruta) || !QFile::setPermissions(ruta, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner))
-        throw Error(NumeroError::AccesoAlDisco, u"No se puede preparar la carpeta '%1'."_s.arg(ruta));
 }
 
 QString Relato(const EstadoEsquema& estado) {
