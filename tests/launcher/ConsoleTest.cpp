@@ -72,7 +72,8 @@ TEST_F(Console, InstallsPrivatelyAndPointsTheProfileFileToIt) {
     ASSERT_EQ(Corre({u"--instalar"_s, u"--ejemplo"_s}), 0) << errores.toStdString();
     for (const QString& nombre : {u""_s, u"RPT"_s, u"TMP"_s, u"BMP"_s, u"0518"_s, u"EJEMPLO"_s})
         EXPECT_EQ(QFile::permissions(carpeta + u'/' + nombre) & kDeOtros, QFile::Permissions()) << nombre.toStdString();
-    for (const QString& nombre : {u"XA000.DB"_s, u"XA000.MDW"_s, u"EJEMPLO/0518"_s + kRuc + u"202609.TXT"_s}) {
+    for (const QString& nombre :
+         {u"XA000.DB"_s, u"XA000.MDW"_s, u"0518/Xa518.hlp"_s, u"EJEMPLO/0518"_s + kRuc + u"202609.TXT"_s}) {
         EXPECT_TRUE(QFile::exists(carpeta + u'/' + nombre)) << nombre.toStdString();
         EXPECT_EQ(QFile::permissions(carpeta + u'/' + nombre) & (kDeOtros | kPrivado), kPrivado)
             << nombre.toStdString();
