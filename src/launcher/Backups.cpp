@@ -26,6 +26,7 @@ const QString kMarca = u"yyyyMMdd-HHmmss"_s;
 const QString kExtension = u".DB"_s;
 const QString kExtensionDanada = u".DANADA"_s; ///< no copy to restore, but what is left of a broken base
 const QString kDiario = u"-journal"_s;
+constexpr qint64 kRafaga = 3600; ///< seconds that a row of quick copies may run ahead of the clock
 
 Veredicto Rechaza(const QString& texto) {
     return Veredicto::Rechaza({Icono::Critico, texto, {}}, {});
@@ -97,9 +98,13 @@ QString Respaldos::Haz() const {
     return destino;
 }
 
-/// Two copies within a second get the marks of two seconds.
+/// Copies made within a second get the marks of the seconds that follow, so that their order stays. A mark further
+/// ahead than that comes from a clock that was wrong.
 QString Respaldos::NombreLibre(const QString& extension) const {
     QDateTime momento = m_reloj->Ahora();
+    const QList<Respaldo> anteriores = Lista();
+    if (!anteriores.isEmpty() && momento.secsTo(anteriores.first().fecha) < kRafaga)
+        momento = std::max(momento, anteriores.first().fecha.addSecs(1));
     QString ruta;
     do {
         ruta = m_carpeta + u'/' + kPrefijo + momento.toString(kMarca) + extension;

@@ -39,7 +39,7 @@ void TablaFilas::Llena(const QList<FilaDeLista>& filas) {
         const QSignalBlocker callada(selectionModel());
         PonFilas();
         const qsizetype misma = Busca(clave);
-        EligeFila(misma >= 0 ? misma : std::clamp<qsizetype>(anterior, 0, m_filas.size() - 1));
+        EligeFila(misma >= 0 ? misma : std::min<qsizetype>(std::max(anterior, 0), m_filas.size() - 1));
     }
     AjustaColumnas();
     viewport()->update();

@@ -217,6 +217,7 @@ TEST_F(Console, RefusesWhatItDoesNotUnderstand) {
 
 TEST_F(Console, DatabaseAndFileFailuresHaveTheirOwnCode) {
     ASSERT_EQ(Corre({u"--instalar"_s}), 0);
+    Graba(*Abre(), u"202609"_s, 0);
     const QStringList envio{u"--enviar"_s, kRuc, u"202609"_s};
     {
         const auto otro = Abre();

@@ -161,6 +161,7 @@ TEST_F(FrmConsolaUpkeepTest, StartsTheModuleBesideItOrSaysWhatIsMissing) {
     qputenv("PATH", camino);
 
     const QString modulo = programas + u"/xa518"_s;
+    ASSERT_TRUE(QDir().mkpath(programas));
     const auto ejecutable = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
     EscribeArchivo(modulo, "#!/no/existe\n");
     QFile::setPermissions(modulo, ejecutable);

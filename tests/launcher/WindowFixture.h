@@ -44,7 +44,7 @@ class Ventana : public testing::Test {
 
     QTemporaryDir raiz;
     QString carpeta{raiz.filePath(QStringLiteral("xa518"))};
-    QString programas{raiz.path()};
+    QString programas{raiz.filePath(QStringLiteral("bin"))};
     RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
     EntornoConsola entorno{reloj, raiz.filePath(QStringLiteral("XA000.INI")), carpeta, QStringLiteral("CONTADOR")};
     AvisosDePrueba avisos;
