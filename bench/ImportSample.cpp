@@ -29,10 +29,13 @@ std::string Documento(int cliente) {
     return DigitoVerificador(diez).toStdString();
 }
 
-/// Scatters clients over vouchers without repeating itself before all had their turn.
-int ClienteDe(int comprobante, int clientes) {
+/// In the order of issue it scatters clients over vouchers without repeating itself before all had their turn.
+int ClienteDe(int comprobante, const Tamanio& tamanio) {
     constexpr int64_t kPaso = 7919;
-    return static_cast<int>(comprobante * kPaso % clientes);
+    const int64_t cliente = tamanio.orden == Orden::Emision
+                                ? comprobante * kPaso % tamanio.clientes
+                                : static_cast<int64_t>(comprobante) * tamanio.clientes / tamanio.comprobantes;
+    return static_cast<int>(cliente);
 }
 
 } // namespace
@@ -45,7 +48,7 @@ Muestra::Muestra(const Tamanio& tamanio) : m_tamanio(tamanio) {
 LineaMuestra Muestra::Linea(int indice) const {
     const int porComprobante = m_tamanio.lineas / m_tamanio.comprobantes;
     const int comprobante = indice / porComprobante;
-    const int cliente = ClienteDe(comprobante, m_tamanio.clientes);
+    const int cliente = ClienteDe(comprobante, m_tamanio);
     const std::string centimos = Relleno(comprobante % 100, 2);
     return {EsEmpresa(cliente),
             m_documentos[static_cast<size_t>(cliente)],

@@ -7,11 +7,16 @@
 
 namespace xa518::medida {
 
-/// How much a file holds. The vouchers of a client lie far apart, as they do in a month in the order of issue.
+/// How the lines follow each other: as issued, a client's vouchers far apart, or client after client. The first is the
+/// hard one: every row goes to another place of the tables.
+enum class Orden { Emision, Cliente };
+
+/// How much a file holds.
 struct Tamanio {
     int lineas = 0;
     int clientes = 0;
     int comprobantes = 0;
+    Orden orden = Orden::Emision;
 };
 
 /// One line of the sample, the parts that vary.

@@ -80,7 +80,7 @@ void MotorSqlite::Prepara(const QString& ruta) {
     // the file. EXTRA also makes the journal's removal durable, so that a power cut never brings an old state back.
     Pide(u"PRAGMA journal_mode=DELETE"_s);
     Pide(u"PRAGMA synchronous=EXTRA"_s);
-    Pide(u"PRAGMA cache_size=-32768"_s); // 32 MB: the indexes of a large declaration, filled in no order, fit
+    Pide(u"PRAGMA cache_size=-65536"_s); // 64 MB: the indexes of a large declaration, filled in no order, fit
     if (sqlite3_db_readonly(manija, "main") == 1)
         throw ErrorBase(NumeroError::BaseBloqueada, u"La base '%1' es de sólo lectura."_s.arg(ruta));
 }

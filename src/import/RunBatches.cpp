@@ -6,7 +6,7 @@ namespace xa518 {
 
 namespace {
 
-constexpr int kLineasPorLote = 5000;
+constexpr int kLineasPorLote = 10000; // under half a second, so that another writer waits and isn't refused
 
 } // namespace
 

@@ -10,6 +10,7 @@ namespace xa518 {
 /// field, presses the button that has the focus, and never presses another one.
 class Forma : public QDialog {
     Q_OBJECT
+    Q_PROPERTY(int contextoAyuda READ ContextoAyuda WRITE PonContextoAyuda)
   public:
     explicit Forma(QWidget* padre = nullptr);
 
@@ -18,6 +19,10 @@ class Forma : public QDialog {
 
     /// Opens a form over this one, waits until it closes, and runs this one's `AlActivar`.
     void AbreModal(QDialog& otra);
+
+    /// The help topic that F1 opens here; 0 for none.
+    [[nodiscard]] int ContextoAyuda() const { return m_contextoAyuda; }
+    void PonContextoAyuda(int contexto) { m_contextoAyuda = contexto; }
 
   protected:
     /// To be called once the widgets are there. `salidas` are the buttons that leave the form.
@@ -37,6 +42,7 @@ class Forma : public QDialog {
 
   private:
     bool m_activada = false;
+    int m_contextoAyuda = 0;
 };
 
 } // namespace xa518

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QCache>
+#include <QString>
+#include <QVariantList>
+
+#include <vector>
+
+namespace xa518 {
+
+class Base;
+
+/// A column of a grid: a field of the query under a title.
+struct ColumnaDeGrilla {
+    QString titulo;
+    int campo = 0;
+    bool derecha = false; ///< amounts and counts
+    QString mascara;      ///< how a number shows; empty for the text as it stands
+};
+
+/// The rows of a query, read-only. The count is exact at once, the rows are read by pages when they are looked at, and
+/// no statement stays open in between, which would keep other programs from writing.
+class ModeloDeConsulta : public QAbstractTableModel {
+    Q_OBJECT
+  public:
+    explicit ModeloDeConsulta(QList<ColumnaDeGrilla> columnas, QObject* padre = nullptr);
+
+    /// Runs the query anew; raises `ErrorBase`, and then the model is empty. The base must outlive the model's use.
+    /// The query must give its rows in the same order each time.
+    void Consulta(Base& base, const QString& sql, const QVariantList& valores = {});
+
+    /// A field of a row as text, also of one that no column shows; empty for a row that isn't there.
+    [[nodiscard]] QString Texto(int fila, int campo) const;
+
+    [[nodiscard]] int rowCount(const QModelIndex& padre = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& padre = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& indice, int papel) const override;
+    [[nodiscard]] QVariant headerData(int seccion, Qt::Orientation sentido, int papel) const override;
+
+  private:
+    using Pagina = std::vector<QStringList>;
+
+    [[nodiscard]] const Pagina& PaginaDe(int fila) const;
+    [[nodiscard]] Pagina LeePagina(int primera) const;
+    [[nodiscard]] QString TextoSinFalla(int fila, int campo) const;
+
+    QList<ColumnaDeGrilla> m_columnas;
+    Base* m_base = nullptr;
+    QString m_sql;
+    QVariantList m_valores;
+    int m_filas = 0;
+    mutable QCache<int, Pagina> m_paginas;
+    mutable bool m_fallo = false; ///< a page couldn't be read, and it has been told
+};
+
+} // namespace xa518

@@ -1,0 +1,59 @@
+#include "platform/ReadGrid.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace xa518 {
+
+GrillaDeLectura::GrillaDeLectura(QWidget* padre) : QTableView(padre) {
+    setEditTriggers(NoEditTriggers);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setTabKeyNavigation(false);
+    setWordWrap(false);
+    setAlternatingRowColors(true);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
+    horizontalHeader()->setHighlightSections(false);
+    connect(this, &QTableView::doubleClicked, this,
+            [this](const QModelIndex& celda) { Q_EMIT FilaActivada(celda.row()); });
+}
+
+void GrillaDeLectura::setModel(QAbstractItemModel* modelo) {
+    QTableView::setModel(modelo);
+    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& celda) { Q_EMIT FilaCambiada(celda.row()); });
+}
+
+void GrillaDeLectura::PonFila(int fila) {
+    const int filas = model()->rowCount();
+    if (filas == 0)
+        return;
+    const int vigente = fila >= 0 && fila < filas ? fila : 0;
+    setCurrentIndex(model()->index(vigente, std::max(0, currentIndex().column())));
+}
+
+void GrillaDeLectura::AjustaColumnas(int principal) {
+    constexpr int kAire = 16;
+    for (int columna = 0; columna < model()->columnCount(); ++columna) {
+        const bool estira = columna == principal;
+        horizontalHeader()->setSectionResizeMode(columna, estira ? QHeaderView::Stretch : QHeaderView::Interactive);
+        if (!estira)
+            setColumnWidth(columna,
+                           std::max(sizeHintForColumn(columna), horizontalHeader()->sectionSizeHint(columna)) + kAire);
+    }
+}
+
+void GrillaDeLectura::keyPressEvent(QKeyEvent* evento) {
+    if (evento->key() != Qt::Key_Return && evento->key() != Qt::Key_Enter) {
+        QTableView::keyPressEvent(evento);
+        return;
+    }
+    if (Fila() >= 0)
+        Q_EMIT FilaActivada(Fila());
+}
+
+} // namespace xa518
