@@ -12,6 +12,12 @@ struct ClavePago {
     QString numero;
 };
 
+struct Pago {
+    ClavePago clave;
+    QString fecha;
+    QString monto;
+};
+
 /// The columns of the query over a voucher's payment vouchers.
 enum class ColumnaPago { Descripcion, Serie, Numero, Fecha, Tipo, Monto };
 

@@ -25,6 +25,11 @@ struct CamposComprobante {
     QString tasa;
 };
 
+struct Comprobante {
+    ClaveComprobante clave;
+    CamposComprobante campos;
+};
+
 /// The columns of the query over a client's vouchers.
 enum class ColumnaComprobante { Serie, Numero, Fecha, Base, Tasa, Percepcion, CpFact, ListaClie, MedPago, TipCp };
 
