@@ -2,6 +2,7 @@
 
 #include "data/ObjetoUtil.h"
 #include "data/Process.h"
+#include "detail/ReadablePalette.h"
 #include "detail/ShowVerdict.h"
 #include "detail/VoucherDates.h"
 #include "detail/VoucherTypes.h"
@@ -29,6 +30,7 @@ frmPerDet::frmPerDet(Proceso& proceso, Avisos& avisos, const Pago& pago, const Q
     , m_lblTipo(lblTipo) {
     const RelojDeArena reloj;
     m_ui->setupUi(this);
+    AclaraDeshabilitados(*this);
     Prepara({m_ui->CmdOpciones_1});
     PreparaCampos();
     PreparaMonto();
