@@ -98,6 +98,8 @@ void frmPerDet::MuestraPago(const Pago& pago) {
         campo->setEnabled(false);
     m_ui->MkeFecEmis->setEnabled(!m_proceso->enviadas);
     m_ui->TxtMtoDet->setEnabled(!m_proceso->enviadas);
+    if (!m_proceso->enviadas)
+        m_ui->MkeFecEmis->setFocus(); // with its text selected, to be typed over
 }
 
 void frmPerDet::LimpiaCampos() {

@@ -25,9 +25,7 @@ class ClientDialogTest : public prueba::DetailTest {
         Muestra(*forma);
         return forma;
     }
-    static void Clic(QWidget& forma, const char* boton) {
-        QTest::mouseClick(&De(forma, boton), Qt::LeftButton);
-    }
+    static void Clic(QWidget& forma, const char* boton) { QTest::mouseClick(&De(forma, boton), Qt::LeftButton); }
     /// What is typed into the field that has the focus, then the message of the button and where the focus goes.
     struct Paso {
         QString teclas;

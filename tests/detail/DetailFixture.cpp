@@ -18,7 +18,11 @@ void LlenaCatalogo(const BaseTemporal& base) {
     Transaccion transaccion = base->Comienza();
     const auto documento = [&](const QString& tipo, const QString& corto, const QString& largo, const QString& dato) {
         base.Param(u"044"_s, tipo,
-                   Funcion({{32, corto}, {46, largo}, {56, tipo.rightJustified(2, u'0')}, {82, u"1"_s}, {128, dato},
+                   Funcion({{32, corto},
+                            {46, largo},
+                            {56, tipo.rightJustified(2, u'0')},
+                            {82, u"1"_s},
+                            {128, dato},
                             {130, u"0"_s}}));
     };
     documento(u"1"_s, u"DNI"_s, u"08"_s, u"5"_s);
