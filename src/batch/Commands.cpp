@@ -30,17 +30,11 @@ void Exige(const Veredicto& veredicto, const QString& siCalla) {
 
 /// The declarant must be one of those that the user may choose in the module.
 void ExigeDeclarante(Proceso& proceso, const QString& ruc) {
-    Base& base = *proceso.baseDatos;
-    const ConsultaSql consulta = SqlDeclarantes(base, proceso.numFormulario, proceso.sysUser);
-    QVariantList valores;
-    for (const QString& valor : consulta.valores)
-        valores.append(valor);
-    Registros filas = base.Lee(consulta.texto, valores);
-    const int columna = filas.Columna(u"Doc_id_d");
-    while (filas.Siguiente()) {
-        if (Recorta(filas.Texto(columna)) == ruc)
-            return;
-    }
+    const QList<DeclaranteOfrecido> ofrecidos =
+        DeclarantesOfrecidos(*proceso.baseDatos, proceso.numFormulario, proceso.sysUser);
+    if (std::any_of(ofrecidos.begin(), ofrecidos.end(),
+                    [&](const DeclaranteOfrecido& ofrecido) { return ofrecido.ruc == ruc; }))
+        return;
     throw RechazaCon(u"El declarante %1 no está registrado para el usuario «%2»."_s.arg(ruc, proceso.sysUser));
 }
 

@@ -34,7 +34,7 @@ bool Registros::Siguiente() {
     if (m_consulta->next())
         return true;
     if (m_consulta->lastError().isValid())
-        throw ErrorBase(m_base->m_motor->Numero(m_consulta->lastError()), m_consulta->lastError().databaseText());
+        throw m_base->m_motor->ErrorDe(m_consulta->lastError());
     return false;
 }
 
@@ -102,7 +102,7 @@ std::unique_ptr<QSqlQuery> Base::Prepara(const QString& sql) {
     auto consulta = std::make_unique<QSqlQuery>(m_motor->Conexion());
     consulta->setForwardOnly(true);
     if (!consulta->prepare(m_motor->Traduce(sql)))
-        throw ErrorBase(m_motor->Numero(consulta->lastError()), consulta->lastError().databaseText());
+        throw m_motor->ErrorDe(consulta->lastError());
     return consulta;
 }
 
@@ -118,7 +118,7 @@ const QString& Base::Corre(const QString& sql, const QVariantList& valores, std:
     for (int i = 0; i < valores.size(); ++i)
         consulta->bindValue(i, SinTextoNulo(valores[i]));
     if (!consulta->exec()) {
-        const ErrorBase error(m_motor->Numero(consulta->lastError()), consulta->lastError().databaseText());
+        const ErrorBase error = m_motor->ErrorDe(consulta->lastError());
         Devuelve(entrada->first, std::move(consulta));
         throw error;
     }

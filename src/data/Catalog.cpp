@@ -29,4 +29,17 @@ QString Catalogo::TipoUsuario(const QString& usuario) const {
     return fila.Siguiente() ? fila.Texto(u"Tipo") : u"1"_s;
 }
 
+QString SqlBancos() {
+    return u"SELECT MID(ARGUMENTO,1,2) as codigo, mid(FUNCION,1,36) as descrip "
+           "FROM PARAM WHERE NUMERO='004' AND TRIM(ARGUMENTO)<> '00' order by 1"_s;
+}
+
+QList<BancoOfrecido> BancosOfrecidos(Base& base) {
+    Registros filas = base.Lee(SqlBancos());
+    QList<BancoOfrecido> bancos;
+    while (filas.Siguiente())
+        bancos.append({filas.Texto(0), filas.Texto(1)});
+    return bancos;
+}
+
 } // namespace xa518

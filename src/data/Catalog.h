@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 
 namespace xa518 {
@@ -26,5 +27,14 @@ class Catalogo {
   private:
     Base* m_base;
 };
+
+/// The banks of the catalogue, by code; its columns are `codigo` and `descrip`.
+[[nodiscard]] QString SqlBancos();
+
+struct BancoOfrecido {
+    QString codigo;
+    QString descripcion;
+};
+[[nodiscard]] QList<BancoOfrecido> BancosOfrecidos(Base& base);
 
 } // namespace xa518

@@ -90,4 +90,15 @@ ConsultaSql SqlDeclarantes(Base& base, const QString& formulario, const QString&
     return consulta;
 }
 
+QList<DeclaranteOfrecido> DeclarantesOfrecidos(Base& base, const QString& formulario, const QString& usuario) {
+    const ConsultaSql consulta = SqlDeclarantes(base, formulario, usuario);
+    Registros filas = base.Lee(consulta.texto, QVariantList(consulta.valores.begin(), consulta.valores.end()));
+    const int ruc = filas.Columna(u"Doc_id_d");
+    const int nombre = filas.Columna(u"Nombre");
+    QList<DeclaranteOfrecido> ofrecidos;
+    while (filas.Siguiente())
+        ofrecidos.append({Recorta(filas.Texto(ruc)).toString(), filas.Texto(nombre)});
+    return ofrecidos;
+}
+
 } // namespace xa518

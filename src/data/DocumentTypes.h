@@ -40,4 +40,12 @@ struct ConsultaSql {
 /// The query for the declarants that a user may choose for a form.
 [[nodiscard]] ConsultaSql SqlDeclarantes(Base& base, const QString& formulario, const QString& usuario);
 
+struct DeclaranteOfrecido {
+    QString ruc; ///< trimmed
+    QString nombre;
+};
+/// The rows of that query.
+[[nodiscard]] QList<DeclaranteOfrecido> DeclarantesOfrecidos(Base& base, const QString& formulario,
+                                                             const QString& usuario);
+
 } // namespace xa518

@@ -8,6 +8,8 @@
 
 namespace xa518 {
 
+class ErrorBase;
+
 enum class ModoApertura { Existente, Nueva };
 
 /// What differs between database engines: opening, the dialect, the meaning of error codes.
@@ -23,8 +25,9 @@ class Motor {
     [[nodiscard]] virtual QSqlDatabase Conexion() const = 0;
     /// Turns the system's dialect into the engine's.
     [[nodiscard]] virtual QString Traduce(const QString& sql) const = 0;
-    /// The engine's error in the vocabulary of the messages.
-    [[nodiscard]] virtual int Numero(const QSqlError& error) const = 0;
+    /// The engine's error in the vocabulary of the messages: its number, what happened in plain words, and the engine's
+    /// own words for whoever is asked for help.
+    [[nodiscard]] virtual ErrorBase ErrorDe(const QSqlError& error) const = 0;
     [[nodiscard]] virtual QString SqlComienza() const = 0;
     /// A query of two columns, name and declared type, over the columns of a table in their order.
     [[nodiscard]] virtual QString SqlColumnas(const QString& tabla) const = 0;

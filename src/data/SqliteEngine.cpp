@@ -43,6 +43,42 @@ void CreaArchivoPrivado(const QString& ruta) {
         throw ErrorBase(NumeroError::AccesoAlDisco, u"No se puede crear el archivo '%1'."_s.arg(ruta));
 }
 
+int NumeroDe(int codigo, const QString& motor) {
+    switch (codigo) {
+    case SQLITE_CONSTRAINT_UNIQUE:
+    case SQLITE_CONSTRAINT_PRIMARYKEY: return static_cast<int>(NumeroError::ClaveDuplicada);
+    default: break;
+    }
+    switch (codigo & 0xff) {
+    case SQLITE_CANTOPEN:
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+    case SQLITE_READONLY: return static_cast<int>(NumeroError::BaseBloqueada);
+    default: break;
+    }
+    if (motor.contains("no such table"_L1))
+        return static_cast<int>(NumeroError::TablaNoExiste);
+    if (motor.contains("no such column"_L1))
+        return static_cast<int>(NumeroError::CampoNoExiste);
+    return codigo;
+}
+
+/// Empty for the errors that only the engine's own words describe.
+QString ExplicacionDe(int codigo) {
+    switch (codigo & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED: return u"La base de datos está ocupada por otro programa."_s;
+    case SQLITE_READONLY: return u"La base de datos es de sólo lectura."_s;
+    case SQLITE_CANTOPEN: return u"No se puede abrir la base de datos."_s;
+    case SQLITE_FULL: return u"El disco está lleno."_s;
+    case SQLITE_IOERR: return u"El disco falló al leer o escribir la base de datos."_s;
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB: return u"El archivo está dañado o no es una base de datos."_s;
+    case SQLITE_CONSTRAINT: return u"Ya hay un registro con esa clave, o falta un dato obligatorio."_s;
+    default: return {};
+    }
+}
+
 } // namespace
 
 std::unique_ptr<Motor> MotorPara(const QString& ruta) {
@@ -65,7 +101,7 @@ void MotorSqlite::Abre(const QString& ruta, ModoApertura modo) {
     conexion.setDatabaseName(UriDe(ruta, modo));
     conexion.setConnectOptions(u"QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1"_s.arg(kEsperaMs));
     if (!conexion.open())
-        Falla(conexion.lastError());
+        throw ErrorDe(conexion.lastError());
     Prepara(ruta);
 }
 
@@ -88,11 +124,7 @@ void MotorSqlite::Prepara(const QString& ruta) {
 void MotorSqlite::Pide(const QString& sql) {
     QSqlQuery consulta(Conexion());
     if (!consulta.exec(sql))
-        Falla(consulta.lastError());
-}
-
-void MotorSqlite::Falla(const QSqlError& error) const {
-    throw ErrorBase(Numero(error), error.databaseText());
+        throw ErrorDe(consulta.lastError());
 }
 
 QSqlDatabase MotorSqlite::Conexion() const {
@@ -103,26 +135,11 @@ QString MotorSqlite::Traduce(const QString& sql) const {
     return TraduceASqlite(sql);
 }
 
-int MotorSqlite::Numero(const QSqlError& error) const {
-    const int extendido = error.nativeErrorCode().toInt();
-    const QString texto = error.databaseText();
-    switch (extendido) {
-    case SQLITE_CONSTRAINT_UNIQUE:
-    case SQLITE_CONSTRAINT_PRIMARYKEY: return static_cast<int>(NumeroError::ClaveDuplicada);
-    default: break;
-    }
-    switch (extendido & 0xff) {
-    case SQLITE_CANTOPEN:
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-    case SQLITE_READONLY: return static_cast<int>(NumeroError::BaseBloqueada);
-    default: break;
-    }
-    if (texto.contains("no such table"_L1))
-        return static_cast<int>(NumeroError::TablaNoExiste);
-    if (texto.contains("no such column"_L1))
-        return static_cast<int>(NumeroError::CampoNoExiste);
-    return extendido;
+ErrorBase MotorSqlite::ErrorDe(const QSqlError& error) const {
+    const int codigo = error.nativeErrorCode().toInt();
+    const QString motor = error.databaseText();
+    const QString explicacion = ExplicacionDe(codigo);
+    return {NumeroDe(codigo, motor), explicacion.isEmpty() ? motor : explicacion + u" ("_s + motor + u')'};
 }
 
 QString MotorSqlite::SqlComienza() const {

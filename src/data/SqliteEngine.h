@@ -15,14 +15,13 @@ class MotorSqlite final : public Motor {
     void Abre(const QString& ruta, ModoApertura modo) override;
     [[nodiscard]] QSqlDatabase Conexion() const override;
     [[nodiscard]] QString Traduce(const QString& sql) const override;
-    [[nodiscard]] int Numero(const QSqlError& error) const override;
+    [[nodiscard]] ErrorBase ErrorDe(const QSqlError& error) const override;
     [[nodiscard]] QString SqlComienza() const override;
     [[nodiscard]] QString SqlColumnas(const QString& tabla) const override;
 
   private:
     void Prepara(const QString& ruta);
     void Pide(const QString& sql);
-    [[noreturn]] void Falla(const QSqlError& error) const;
 
     QString m_nombre;
 };

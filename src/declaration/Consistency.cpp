@@ -101,4 +101,11 @@ void EscribeMens(const QString& ruta, const QStringList& lineas) {
         throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir el archivo %1"_s.arg(ruta));
 }
 
+QString LeeMens(const QString& ruta) {
+    QFile archivo(ruta);
+    if (!archivo.open(QIODevice::ReadOnly))
+        throw Error(NumeroError::AccesoAlDisco, u"No se puede leer el archivo %1"_s.arg(ruta));
+    return QString::fromUtf8(archivo.readAll());
+}
+
 } // namespace xa518

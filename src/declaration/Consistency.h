@@ -25,4 +25,7 @@ namespace xa518 {
 /// Replaces the file by these lines; raises `Error` (`AccesoAlDisco`) when its folder can't be written.
 void EscribeMens(const QString& ruta, const QStringList& lineas);
 
+/// The file's whole text; raises `Error` (`AccesoAlDisco`) when it can't be read.
+[[nodiscard]] QString LeeMens(const QString& ruta);
+
 } // namespace xa518

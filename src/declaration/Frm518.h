@@ -1,15 +1,22 @@
 #pragma once
 
-#include "data/DeclarationKey.h"
+#include "declaration/Declaration.h"
+#include "platform/FieldFocus.h"
 #include "platform/Form.h"
+#include "values/Message.h"
 
 #include <functional>
 #include <memory>
 #include <optional>
 
+namespace Ui {
+class Frm518;
+}
+
 namespace xa518 {
 
 class Avisos;
+class Base;
 class BarradeEstadoQMD;
 struct Proceso;
 
@@ -35,20 +42,80 @@ struct ClienteElegido {
 /// The dialogs of other rooms that the declaration form opens over itself. One that is missing does nothing.
 struct DialogosDeDetalle {
     /// The client dialog: on a row of the grid, or on none for a new client.
-    std::function<void(Forma& sobre, const std::optional<ClienteElegido>& cliente)> abreCliente;
+    std::function<void(Forma& sobre, const ClaveDeclaracion& clave, const std::optional<ClienteElegido>& cliente)>
+        abreCliente;
     /// The import into the work tables of that declaration.
     std::function<void(Forma& sobre, const ClaveDeclaracion& clave)> abreImportacion;
 };
 
-/// The window in which a declaration is filled in, reviewed and corrected. `Proceso::opcion` and `Proceso::enviadas` say
-/// how it opens: new, to be modified, or the view of a sent copy, where only the order number can be registered.
+/// The window in which a declaration is filled in, reviewed and corrected. `Proceso::opcion` and `Proceso::enviadas`
+/// say how it opens: new, to be modified, or the view of a sent copy, where only the order number can be registered.
 class Frm518 : public Forma {
     Q_OBJECT
   public:
-    /// `elegida` is the picker's row; a new declaration has none. The base must be open.
+    /// `elegida` is the picker's row; a new declaration has none. The base must be open. Raises `ErrorBase`.
     Frm518(Proceso& proceso, Avisos& avisos, BarradeEstadoQMD& barra, DialogosDeDetalle dialogos,
            const DeclaracionElegida& elegida = {}, QWidget* padre = nullptr);
     ~Frm518() override;
+
+  protected:
+    void AlActivar() override;
+    void Salir() override;
+
+  private:
+    [[nodiscard]] bool EsNueva() const;
+    [[nodiscard]] Base& BaseDatos() const;
+
+    // Opening.
+    void Carga();
+    void CargaIdent();
+    void CargaCasillasDeLaClave();
+    void CargaOrdenGuardado();
+    void DesTodo();
+    void Conecta();
+    void ConectaPaginas();
+
+    // What is on the pages, and showing it.
+    [[nodiscard]] ClaveDeclaracion Clave() const;
+    void LeePaginas();
+    void RefrescaGrilla();
+    void VuelveAIdentificacion();
+    /// Shows a refusal and puts the person on the field at fault.
+    [[nodiscard]] bool Acata(const Veredicto& veredicto);
+    [[nodiscard]] bool IdentificacionVale();
+
+    // Handlers.
+    void AlCambiarRazon();
+    void AlElegirDeclarante();
+    [[nodiscard]] Veredicto PeriodoDejado();
+    [[nodiscard]] Salida AlDejarPeriodo();
+    void AlRectificar(bool si);
+    void AlCambiarPestania(int nueva);
+    [[nodiscard]] bool PestaniaVale(int nueva);
+    void EnfocaPrimerCampo();
+    void Opcion(int indice);
+    [[nodiscard]] bool AtiendeOpcion(int indice);
+    [[nodiscard]] bool EliminaCliente();
+
+    // The three buttons.
+    void Valida();
+    void Graba();
+    void GrabaTodo();
+    void RegistraOrden();
+    void SueltaDatos();
+
+    Proceso& m_proceso;
+    Avisos& m_avisos;
+    BarradeEstadoQMD& m_barra;
+    DialogosDeDetalle m_dialogos;
+    DeclaracionElegida m_elegida;
+    std::unique_ptr<Ui::Frm518> m_ui;
+
+    Declaracion m_declaracion;
+    bool m_modificado = false; ///< changed by the person since the load or the last save
+    bool m_cargando = true;    ///< silences the reminder of the rectification
+    bool m_volviendo = false;  ///< a refusal is taking the person back to the first page
+    int m_posicionGrid = -1;   ///< row of the grid when a client was opened; kept for the family, read by nobody
 };
 
 } // namespace xa518

@@ -69,6 +69,14 @@ Veredicto ValidaContForm1(Base& base, const Identificacion& identificacion, cons
     return ValidaPeriodo(mostrado, hoy);
 }
 
+Veredicto ValidaClaveElegida(const Identificacion& identificacion) {
+    if (!identificacion.nueva)
+        return Veredicto::Bien();
+    if (identificacion.ruc.isEmpty())
+        return Alto(u"Ingrese el RUC."_s, kCampoRuc);
+    return identificacion.mostrado.contains(u'_') ? PeriodoNoValido() : Veredicto::Bien();
+}
+
 Veredicto RechazaRucDeOcho(const QString& ruc) {
     if (Recorta(ruc).size() != 8)
         return Veredicto::Bien();

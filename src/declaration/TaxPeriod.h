@@ -34,6 +34,10 @@ struct Identificacion {
 /// The identification allows the work to go on: declarant, period, no duplicate.
 [[nodiscard]] Veredicto ValidaContForm1(Base& base, const Identificacion& identificacion, const QDate& hoy);
 
+/// What a change of page asks first of a new declaration: a declarant and a whole period. The other wording of the same
+/// faults is `ValidaContForm1`'s. Wanted, both.
+[[nodiscard]] Veredicto ValidaClaveElegida(const Identificacion& identificacion);
+
 /// A declarant with a RUC of the old form, eight characters, can be chosen but not saved. By length alone. Wanted.
 [[nodiscard]] Veredicto RechazaRucDeOcho(const QString& ruc);
 

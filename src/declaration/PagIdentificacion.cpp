@@ -1,0 +1,200 @@
+#include "declaration/PagIdentificacion.h"
+
+#include "ui_PagIdentificacion.h"
+
+#include "data/DocumentTypes.h"
+#include "declaration/Frm518.h"
+#include "platform/Application.h"
+#include "platform/FieldKeys.h"
+#include "platform/WidgetHelpers.h"
+#include "values/Text.h"
+
+#include <QAbstractItemView>
+#include <QKeyEvent>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The item of the list of declarants. Its readers cut the number and the name out of it by position.
+QString Item(const DeclaranteOfrecido& declarante) {
+    return Recorta(declarante.ruc.left(11)).toString() + QString(7, u' ') + declarante.nombre + QString(10, u' ');
+}
+
+/// From character 16, which serves a number of 8 characters as well as one of 11.
+QString NombreDeItem(const QString& item) {
+    return Recorta(Mid(item, 16, 50)).toString();
+}
+
+QString RucDeItem(const QString& item) {
+    return Recorta(item.left(11)).toString();
+}
+
+void AnchoDeTexto(QLineEdit& campo, int caracteres) {
+    constexpr int kAire = 20;
+    campo.setFixedWidth(campo.fontMetrics().horizontalAdvance(QString(caracteres, u'0')) + kAire);
+}
+
+} // namespace
+
+PagIdentificacion::PagIdentificacion(QWidget* padre) : QWidget(padre), m_ui(std::make_unique<Ui::PagIdentificacion>()) {
+    m_ui->setupUi(this);
+    PonAnchos();
+    ConectaCampos();
+}
+
+PagIdentificacion::~PagIdentificacion() = default;
+
+void PagIdentificacion::PonAnchos() {
+    AnchoDeTexto(*m_ui->TxtNumRuc, 12);
+    AnchoDeTexto(*m_ui->MkePeriodo, 8);
+    AnchoDeTexto(*m_ui->TxtControl, 12);
+    AnchoDeTexto(*m_ui->TxtNumOrdenE_0, 12);
+    AnchoDeTexto(*m_ui->TxtNumOrdenE_1, 4);
+}
+
+void PagIdentificacion::ConectaCampos() {
+    EntrarComoTab(*m_ui->MkePeriodo);
+    SoloDigitos(*m_ui->MkePeriodo);
+    SinPegar(*m_ui->MkePeriodo, Gesto::ShiftInsert | Gesto::TeclaMenu);
+    AlTeclear(*m_ui->MkePeriodo, [this] { Q_EMIT Tocado(); });
+    for (QLineEdit* campo : {m_ui->TxtNumOrdenE_0, m_ui->TxtNumOrdenE_1}) {
+        EntrarComoTab(*campo);
+        SoloNumero(*campo);
+        SinPegar(*campo, Gesto::ShiftInsert | Gesto::BotonDerecho);
+        connect(campo, &QLineEdit::textChanged, this, &PagIdentificacion::Tocado);
+    }
+    m_ui->CmbRuc->installEventFilter(this);
+    connect(m_ui->CmbRuc, &QComboBox::activated, this, Protegido([this] { EligeDeclarante(); }));
+    connect(m_ui->TxtRazon, &QLineEdit::textChanged, this, Protegido([this] { Q_EMIT RazonCambiada(); }));
+    connect(m_ui->OptRectifica_0, &QRadioButton::toggled, this, [this](bool elegida) {
+        if (elegida)
+            Q_EMIT RectificaElegida(false);
+    });
+    connect(m_ui->OptRectifica_1, &QRadioButton::toggled, this, [this](bool elegida) {
+        if (elegida)
+            Q_EMIT RectificaElegida(true);
+    });
+}
+
+void PagIdentificacion::MuestraNueva(const QList<DeclaranteOfrecido>& declarantes) {
+    m_nueva = true;
+    m_ui->Frame10->hide();
+    m_ui->Label1_14->hide();
+    m_ui->TxtControl->hide();
+    m_ui->TxtNumRuc->setEnabled(false);
+    m_ui->TxtNumRuc->hide();
+    for (const DeclaranteOfrecido& declarante : declarantes)
+        m_ui->CmbRuc->addItem(Item(declarante));
+    m_ui->CmbRuc->setCurrentIndex(-1);
+    AjustaCombo(*this, *m_ui->CmbRuc);
+}
+
+void PagIdentificacion::MuestraElegida(const DeclaracionElegida& elegida) {
+    m_ui->Frame10->hide();
+    m_ui->Label1_14->hide();
+    m_ui->TxtControl->hide();
+    m_ui->CmbRuc->setEnabled(false);
+    m_ui->CmbRuc->hide();
+    m_ui->Label1_0->setBuddy(m_ui->TxtNumRuc);
+    m_ui->TxtNumRuc->setEnabled(false);
+    m_ui->MkePeriodo->setEnabled(false);
+    m_ui->TxtNumRuc->setText(elegida.ruc);
+    m_ui->MkePeriodo->setText(elegida.periodo.left(2) + u'/' + elegida.periodo.mid(2));
+    m_ui->TxtRazon->setText(elegida.nombre);
+}
+
+void PagIdentificacion::MuestraEnviada(const DeclaracionElegida& elegida) {
+    MuestraElegida(elegida);
+    m_ui->Frame10->show();
+    m_ui->Label1_14->show();
+    m_ui->TxtControl->show();
+    m_ui->TxtControl->setText(Recorta(elegida.control).toString());
+    PonOrden(elegida.norden);
+    // A sent copy says nothing of rectification here; without question and options the frame would stand empty.
+    m_ui->Label1_11->hide();
+    m_ui->OptRectifica_0->hide();
+    m_ui->OptRectifica_1->hide();
+    m_ui->Frame17->hide();
+}
+
+Identificacion PagIdentificacion::Lee() const {
+    const QString ruc = m_nueva ? RucDeItem(m_ui->CmbRuc->currentText()) : Recorta(m_ui->TxtNumRuc->text()).toString();
+    return {m_nueva, ruc, m_ui->MkePeriodo->text(), m_ui->MkePeriodo->isEnabled()};
+}
+
+QString PagIdentificacion::Nombre() const {
+    return m_ui->TxtRazon->text();
+}
+
+void PagIdentificacion::EligeDeclarante() {
+    m_ui->TxtRazon->setText(NombreDeItem(m_ui->CmbRuc->currentText()));
+    AjustaCombo(*this, *m_ui->CmbRuc);
+    xa518::Enfoca(*m_ui->MkePeriodo);
+    Q_EMIT DeclaranteElegido();
+}
+
+void PagIdentificacion::CongelaClave() {
+    m_ui->CmbRuc->setEnabled(false);
+    m_ui->MkePeriodo->setEnabled(false);
+}
+
+QString PagIdentificacion::Rectifica() const {
+    if (m_ui->OptRectifica_1->isChecked())
+        return u"1"_s;
+    return m_ui->OptRectifica_0->isChecked() ? u"0"_s : QString();
+}
+
+void PagIdentificacion::PonRectifica(const QString& valor) {
+    const QStringView recortado = Recorta(valor);
+    if (recortado == u"0")
+        m_ui->OptRectifica_0->setChecked(true);
+    else if (recortado == u"1")
+        m_ui->OptRectifica_1->setChecked(true);
+}
+
+NumeroDeOrden PagIdentificacion::Orden(const QString& control) const {
+    return {control, m_ui->TxtNumOrdenE_0->text(), m_ui->TxtNumOrdenE_1->text()};
+}
+
+void PagIdentificacion::PonOrden(const QString& numero) {
+    m_ui->TxtNumOrdenE_0->setText(Recorta(numero) == u"0" ? QString() : Recorta(numero).toString());
+}
+
+void PagIdentificacion::PonDigitos(const QString& digitos) {
+    m_ui->TxtNumOrdenE_1->setText(digitos);
+}
+
+void PagIdentificacion::Enfoca(const QString& campo) {
+    if (auto* control = campo.isEmpty() ? nullptr : findChild<QWidget*>(campo))
+        xa518::Enfoca(*control);
+}
+
+void PagIdentificacion::EnfocaOrden() {
+    if (m_ui->TxtNumOrdenE_0->isVisible() && m_ui->TxtNumOrdenE_0->isEnabled())
+        m_ui->TxtNumOrdenE_0->setFocus();
+}
+
+void PagIdentificacion::AlDejarPeriodo(std::function<Salida()> manejador) {
+    AlSalir(*m_ui->MkePeriodo, std::move(manejador));
+}
+
+/// On the closed list a key would choose a declarant at once, and the focus would move on: nobody could go past the
+/// first one. So the key opens the list and goes on there.
+bool PagIdentificacion::eventFilter(QObject* objeto, QEvent* evento) {
+    if (objeto != m_ui->CmbRuc || evento->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(objeto, evento);
+    const auto* tecla = static_cast<QKeyEvent*>(evento);
+    const bool escribe = !tecla->text().isEmpty() && tecla->text().front().isPrint();
+    const bool mueve = tecla->key() == Qt::Key_Up || tecla->key() == Qt::Key_Down;
+    if ((!escribe && !mueve) || tecla->modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier))
+        return QWidget::eventFilter(objeto, evento);
+    m_ui->CmbRuc->showPopup();
+    if (escribe)
+        m_ui->CmbRuc->view()->keyboardSearch(tecla->text());
+    return true;
+}
+
+} // namespace xa518

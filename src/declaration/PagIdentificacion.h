@@ -1,0 +1,77 @@
+#pragma once
+
+#include "declaration/OrderNumber.h"
+#include "declaration/TaxPeriod.h"
+#include "platform/FieldFocus.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+namespace Ui {
+class PagIdentificacion;
+}
+
+namespace xa518 {
+
+struct DeclaracionElegida;
+struct DeclaranteOfrecido;
+
+/// The page "Identificación": declarant, period, rectification, and of a sent copy its control and order numbers.
+class PagIdentificacion : public QWidget {
+    Q_OBJECT
+  public:
+    explicit PagIdentificacion(QWidget* padre = nullptr);
+    ~PagIdentificacion() override;
+
+    /// Shows what belongs to a new declaration, to one that exists, or to a sent copy, which can't be changed.
+    void MuestraNueva(const QList<DeclaranteOfrecido>& declarantes);
+    void MuestraElegida(const DeclaracionElegida& elegida);
+    void MuestraEnviada(const DeclaracionElegida& elegida);
+
+    /// What the rules look at.
+    [[nodiscard]] Identificacion Lee() const;
+    [[nodiscard]] QString Nombre() const;
+
+    /// From here on the key of a new declaration stays.
+    void CongelaClave();
+
+    /// "0", "1", or empty when neither option is chosen.
+    [[nodiscard]] QString Rectifica() const;
+    void PonRectifica(const QString& valor);
+
+    [[nodiscard]] NumeroDeOrden Orden(const QString& control) const;
+    /// "0" stands for none yet and shows empty.
+    void PonOrden(const QString& numero);
+    void PonDigitos(const QString& digitos);
+
+    /// Puts the focus on a field that a rule names, if it is enabled.
+    void Enfoca(const QString& campo);
+    /// Where a sent copy's number is typed, when that can be seen.
+    void EnfocaOrden();
+
+    /// The leave handler of the period field.
+    void AlDejarPeriodo(std::function<Salida()> manejador);
+
+  Q_SIGNALS:
+    /// The declarant of a new declaration was chosen.
+    void DeclaranteElegido();
+    void RazonCambiada();
+    void RectificaElegida(bool si);
+    /// The person changed something; also by a key that was rejected.
+    void Tocado();
+
+  protected:
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+  private:
+    void ConectaCampos();
+    void PonAnchos();
+    void EligeDeclarante();
+
+    std::unique_ptr<Ui::PagIdentificacion> m_ui;
+    bool m_nueva = false;
+};
+
+} // namespace xa518

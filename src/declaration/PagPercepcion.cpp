@@ -1,0 +1,97 @@
+#include "declaration/PagPercepcion.h"
+
+#include "ui_PagPercepcion.h"
+
+#include "declaration/ClientGrid.h"
+#include "declaration/Declaration.h"
+#include "platform/BoxLabel.h"
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int Campo(ColumnaCliente columna) {
+    return static_cast<int>(columna);
+}
+
+QList<ColumnaDeGrilla> Columnas() {
+    const QString monto = u"###,###,###,##0.#0"_s;
+    return {{u"Tip. Doc."_s, Campo(ColumnaCliente::Doc), false, {}},
+            {u"Número Doc."_s, Campo(ColumnaCliente::NumDocPer), false, {}},
+            {u"Nombre o Razón Social"_s, Campo(ColumnaCliente::DesRazon), false, {}},
+            {u"Monto Cobrado"_s, Campo(ColumnaCliente::MtoBaseP), true, monto},
+            {u"Percepción"_s, Campo(ColumnaCliente::MtoImpP), true, monto}};
+}
+
+} // namespace
+
+PagPercepcion::PagPercepcion(QWidget* padre)
+    : QWidget(padre), m_ui(std::make_unique<Ui::PagPercepcion>()), m_clientes(Columnas()) {
+    m_ui->setupUi(this);
+    m_ui->GrdDatos->setModel(&m_clientes);
+    for (QLabel* rotulo : {m_ui->LblCasilla_501, m_ui->LblCasilla_502, m_ui->LblCasilla_503})
+        ComoNumeroDeCasilla(*rotulo);
+    constexpr int kCifras = 18;
+    for (QLineEdit* total : {m_ui->TxtBase, m_ui->TxtPercepcion})
+        total->setMinimumWidth(fontMetrics().horizontalAdvance(QString(kCifras, u'0')));
+    const QList<QPushButton*> botones = {m_ui->CmdOpciones_0, m_ui->CmdOpciones_1, m_ui->CmdOpciones_2,
+                                         m_ui->CmdOpciones_3};
+    for (int indice = 0; indice < botones.size(); ++indice)
+        connect(botones[indice], &QPushButton::clicked, this, [this, indice] { Q_EMIT Opcion(indice); });
+    connect(m_ui->GrdDatos, &GrillaDeLectura::FilaActivada, this, [this] { Q_EMIT Opcion(1); });
+}
+
+PagPercepcion::~PagPercepcion() = default;
+
+void PagPercepcion::MuestraEnviada() {
+    for (QPushButton* boton : {m_ui->CmdOpciones_0, m_ui->CmdOpciones_2, m_ui->CmdOpciones_3})
+        boton->hide();
+    m_ui->CmdOpciones_1->setText(u"&Detalle"_s);
+}
+
+void PagPercepcion::Refresca(Base& base) {
+    const int fila = Fila();
+    const bool primera = m_clientes.rowCount() == 0;
+    m_clientes.Consulta(base, SqlClientes());
+    m_ui->GrdDatos->PonFila(fila);
+    if (primera)
+        m_ui->GrdDatos->AjustaColumnas(Campo(ColumnaCliente::DesRazon));
+}
+
+void PagPercepcion::Suelta(Base& base) {
+    // Twice is wanted: the family's data source lets go of its table only at the second turn.
+    m_clientes.Consulta(base, u"Select * from Param Where 1=2"_s);
+    m_clientes.Consulta(base, u"Select * from Param Where 1=2"_s);
+}
+
+void PagPercepcion::MuestraTotales(const Declaracion& declaracion) {
+    m_ui->TxtBase->setText(declaracion.base);
+    m_ui->TxtPercepcion->setText(declaracion.percepcion);
+    MuestraCuenta(declaracion.clientes);
+}
+
+void PagPercepcion::MuestraCuenta(int clientes) {
+    m_ui->lblNumTrab_0->setText(QString::number(clientes) + u"   Registros      "_s);
+}
+
+int PagPercepcion::Fila() const {
+    return m_ui->GrdDatos->Fila();
+}
+
+void PagPercepcion::PonPrimeraFila() {
+    m_ui->GrdDatos->PonFila(0);
+}
+
+std::optional<ClienteElegido> PagPercepcion::Elegido() const {
+    const int fila = Fila();
+    if (fila < 0)
+        return std::nullopt;
+    const auto texto = [&](ColumnaCliente columna) { return m_clientes.Texto(fila, Campo(columna)); };
+    return ClienteElegido{texto(ColumnaCliente::TipDocPer),    texto(ColumnaCliente::NumDocPer),
+                          texto(ColumnaCliente::DesRazon),     texto(ColumnaCliente::DesApellidoP),
+                          texto(ColumnaCliente::DesApellidoM), texto(ColumnaCliente::DesNombres)};
+}
+
+} // namespace xa518

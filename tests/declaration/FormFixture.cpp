@@ -1,0 +1,140 @@
+#include "declaration/FormFixture.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+
+namespace xa518::prueba {
+
+using namespace Qt::StringLiterals;
+
+void ConFormulario::SetUp() {
+    m_base.Param(u"044"_s, u"6"_s, Funcion({{1, u"REGISTRO"_s}, {32, u"RUC"_s}, {46, u"11"_s}}), 3);
+    m_base.Param(u"044"_s, u"1"_s, Funcion({{1, u"DOCUMENTO"_s}, {32, u"DNI"_s}, {46, u" 8"_s}}), 4);
+    m_base.Param(u"004"_s, u"02"_s, u"BANCO DEL VALLE"_s);
+    m_base->Ejecuta(u"INSERT INTO ERROR VALUES ('0151','Se registró el número de orden.')"_s);
+    m_base->Ejecuta(u"INSERT INTO CONT VALUES (6,?,'COMERCIAL DEL VALLE S.A.C.','ANA',1)"_s, {kRucDeclarante});
+    m_base->Ejecuta(u"INSERT INTO CONT VALUES (6,'12345678','BODEGA ANTIGUA','ANA',1)"_s);
+    QDir(m_base.Carpeta()).mkdir(u"0518"_s);
+    m_proceso.sysPath = m_base.Carpeta() + u'/';
+    m_proceso.sysUser = u"ANA"_s;
+    m_proceso.baseDatos = Base::Abre(m_base.Ruta());
+    m_dialogos.abreCliente = [this](Forma& sobre, const ClaveDeclaracion&, const std::optional<ClienteElegido>&) {
+        if (m_alAgregar)
+            m_alAgregar();
+        QDialog dialogo;
+        QTimer::singleShot(0, &dialogo, &QDialog::reject);
+        sobre.AbreModal(dialogo);
+    };
+}
+
+void ConFormulario::Abre(const DeclaracionElegida& elegida) {
+    m_forma = std::make_unique<Frm518>(m_proceso, m_avisos, m_barra, m_dialogos, elegida);
+    m_forma->show();
+    m_forma->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(m_forma.get()));
+}
+
+void ConFormulario::AbreNueva() {
+    m_proceso.opcion = kNueva;
+    m_proceso.enviadas = false;
+    Abre({});
+}
+
+void ConFormulario::AbreRegistrada() {
+    m_proceso.opcion = kModificar;
+    m_proceso.enviadas = false;
+    Abre({kRucDeclarante, u"COMERCIAL DEL VALLE S.A.C."_s, u"102026"_s, {}, {}});
+}
+
+void ConFormulario::AbreEnviada(const QString& norden) {
+    const QString clave = u"Doc_id_d,tip_doc_d,periodo,Formulario,"_s;
+    m_base->Ejecuta(u"INSERT INTO HCAB ("_s + clave + u"estado,rectifica,norden,fec_env,control,correl) SELECT "_s +
+                        clave + u"1,rectifica,?,'02/11/2026','00000017','3' FROM CAB"_s,
+                    {norden});
+    m_base->Ejecuta(u"INSERT INTO HDET ("_s + clave + u"Casilla,i_valor,correl) SELECT "_s + clave +
+                    u"Casilla,i_valor,'3' FROM DET"_s);
+    m_base->Ejecuta(u"INSERT INTO HF518PCAB ("_s + clave +
+                    u"tip_doc_per,num_doc_per,des_razon,mto_imp_p,correl) SELECT "_s + clave +
+                    u"tip_doc_per,num_doc_per,des_razon,mto_imp_p,'3' FROM F518PCAB"_s);
+    m_proceso.opcion = kModificar;
+    m_proceso.enviadas = true;
+    m_proceso.correl = u"3"_s;
+    m_proceso.numOrden = norden;
+    m_proceso.numControl = u"00000017"_s;
+    Abre({kRucDeclarante, u"COMERCIAL DEL VALLE S.A.C."_s, u"102026"_s, norden, u"00000017"_s});
+}
+
+QString ConFormulario::ConFoco() const {
+    return m_forma->focusWidget() ? m_forma->focusWidget()->objectName() : QString();
+}
+
+void ConFormulario::EligeDeclarante(int fila) {
+    auto& lista = Control<QComboBox>(u"CmbRuc"_s);
+    QTest::keyClick(&lista, Qt::Key_Down); // opens it
+    QTest::keyClick(lista.view(), Qt::Key_Home);
+    for (int i = 0; i < fila; ++i)
+        QTest::keyClick(lista.view(), Qt::Key_Down);
+    QTest::keyClick(lista.view(), Qt::Key_Return);
+}
+
+void ConFormulario::Teclea(const QString& campo, const QString& texto) {
+    Control<>(campo).setFocus();
+    QTest::keyClick(&Control<>(campo), Qt::Key_Home);
+    QTest::keyClicks(&Control<>(campo), texto);
+}
+
+void ConFormulario::Pulsa(const QString& boton) {
+    QTest::mouseClick(&Control<QAbstractButton>(boton), Qt::LeftButton, {}, {8, 8});
+}
+
+void ConFormulario::VaAPestania(int indice) {
+    QTabBar* fichas = Control<QTabWidget>(u"SSTab1"_s).tabBar();
+    QTest::mouseClick(fichas, Qt::LeftButton, {}, fichas->tabRect(indice).center());
+}
+
+void ConFormulario::Identifica() {
+    EligeDeclarante(1);
+    Teclea(u"MkePeriodo"_s, u"102026"_s);
+}
+
+void ConFormulario::Paga(const QString& monto) {
+    VaAPestania(2);
+    Teclea(u"TxtValor_410"_s, monto);
+    Pulsa(u"OptEfectivo"_s);
+}
+
+void ConFormulario::AgregaCliente(int tipo, const QString& numero, const QString& percepcion) {
+    m_alAgregar = [=, this] {
+        m_base->Ejecuta(u"INSERT INTO TMPF518PCAB (tip_doc_per,num_doc_per,des_razon,ctd_docs,mto_base_p,mto_imp_p) "
+                        "VALUES (?,?,'CLIENTE','1','1000.00',?)"_s,
+                        {tipo, numero, percepcion});
+        m_base->Ejecuta(
+            u"INSERT INTO TMPF518PDET (tip_doc_per,num_doc_per,num_serie_cp,num_cp,tip_cp,fec_emision_cp,mto_base_p,"
+            "mto_imp_p,por_tasa_p) VALUES (?,?,'0001','00000001','','05/10/2026','1000.00',?,'2')"_s,
+            {tipo, numero, percepcion});
+    };
+    Pulsa(u"CmdOpciones_0"_s);
+    m_forma->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(m_forma.get()));
+}
+
+void ConFormulario::GrabaUna() {
+    AbreNueva();
+    Identifica();
+    VaAPestania(1);
+    AgregaCliente(6, u"20500000007"_s, u"1000.00"_s);
+    Paga(u"1000"_s);
+    m_avisos.Espera(u"Toda la información de la declaración fue grabada satisfactoriamente."_s);
+    Pulsa(u"CmdGrabar"_s);
+    m_forma.reset();
+}
+
+} // namespace xa518::prueba
