@@ -12,7 +12,7 @@ struct ClavePago {
     QString numero;
 };
 
-struct Pago {
+struct ComprobanteDePago {
     ClavePago clave;
     QString fecha;
     QString monto;

@@ -92,8 +92,8 @@ void FrmDetAgePer::ModificarPago() {
     AbrePago(Seleccionado());
 }
 
-void FrmDetAgePer::AbrePago(const Pago& pago) {
-    Pago deEste = pago;
+void FrmDetAgePer::AbrePago(const ComprobanteDePago& pago) {
+    ComprobanteDePago deEste = pago;
     deEste.clave.comprobante = Clave();
     const QString lblTipo = LblTipo(m_proceso->periodoDeclarado, m_proceso->fechaPrimerIgv, m_cpFact->Respuesta());
     frmPerDet dialogo(*m_proceso, *m_avisos, deEste, lblTipo, this);
@@ -219,7 +219,7 @@ Veredicto FrmDetAgePer::Valida() const {
     return ValidaGrabar(Datos(), m_proceso->periodoDeclarado, m_proceso->reloj.Hoy());
 }
 
-Pago FrmDetAgePer::Seleccionado() const {
+ComprobanteDePago FrmDetAgePer::Seleccionado() const {
     using enum ColumnaPago;
     const auto texto = [this](ColumnaPago columna) { return m_pagos.Texto(m_ui->GrdDetPer->Fila(), Campo(columna)); };
     return {{Clave(), texto(Tipo), texto(Serie), texto(Numero)}, texto(Fecha), texto(Monto)};

@@ -61,7 +61,7 @@ class FrmDetAgePer : public Forma {
     void NuevoPago();
     void ModificarPago();
     void EliminarPago();
-    void AbrePago(const Pago& pago);
+    void AbrePago(const ComprobanteDePago& pago);
     void Deshabilita_Percepcion();
     void FijaClase();
     void LigaGrilla();
@@ -80,7 +80,7 @@ class FrmDetAgePer : public Forma {
     [[nodiscard]] DatosComprobante Datos() const;
     [[nodiscard]] Respuestas LasRespuestas() const;
     [[nodiscard]] Veredicto Valida() const;
-    [[nodiscard]] Pago Seleccionado() const;
+    [[nodiscard]] ComprobanteDePago Seleccionado() const;
 
     std::unique_ptr<Ui::FrmDetAgePer> m_ui;
     Proceso* m_proceso;

@@ -21,7 +21,7 @@ void AclaraDeshabilitados(QWidget& forma) {
     };
     aclara(QPalette::WindowText, QPalette::Window);
     aclara(QPalette::ButtonText, QPalette::Button);
-    paleta.setColor(QPalette::Disabled, QPalette::Text, paleta.color(QPalette::Active, QPalette::Text));
+    aclara(QPalette::Text, QPalette::Window);
     forma.setPalette(paleta);
 }
 

@@ -21,7 +21,8 @@ namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
-frmPerDet::frmPerDet(Proceso& proceso, Avisos& avisos, const Pago& pago, const QString& lblTipo, QWidget* padre)
+frmPerDet::frmPerDet(Proceso& proceso, Avisos& avisos, const ComprobanteDePago& pago, const QString& lblTipo,
+                     QWidget* padre)
     : Forma(padre)
     , m_ui(std::make_unique<Ui::frmPerDet>())
     , m_proceso(&proceso)
@@ -87,7 +88,7 @@ void frmPerDet::CargaTipoDoc() {
     LlenaTiposDeComprobante(*m_ui->CmbTipoDoc, TiposDePago(*m_proceso->baseDatos, m_lblTipo));
 }
 
-void frmPerDet::MuestraPago(const Pago& pago) {
+void frmPerDet::MuestraPago(const ComprobanteDePago& pago) {
     const QString& tipo = pago.clave.tipo;
     m_ui->CmbTipoDoc->Elige(tipo);
     m_ui->TxtSerie->setText(pago.clave.serie);

@@ -22,7 +22,8 @@ class frmPerDet : public Forma {
     Q_OBJECT
   public:
     /// Of a new payment voucher only the perception voucher is filled. `lblTipo` decides which types are offered.
-    frmPerDet(Proceso& proceso, Avisos& avisos, const Pago& pago, const QString& lblTipo, QWidget* padre = nullptr);
+    frmPerDet(Proceso& proceso, Avisos& avisos, const ComprobanteDePago& pago, const QString& lblTipo,
+              QWidget* padre = nullptr);
     ~frmPerDet() override;
 
   Q_SIGNALS:
@@ -37,7 +38,7 @@ class frmPerDet : public Forma {
     void PreparaMonto();
     void ConectaBotones();
     void CargaTipoDoc();
-    void MuestraPago(const Pago& pago);
+    void MuestraPago(const ComprobanteDePago& pago);
     void LimpiaCampos();
 
     void AlElegirTipoDoc();

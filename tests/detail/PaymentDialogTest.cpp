@@ -2,6 +2,8 @@
 
 #include "detail/DetailFixture.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QLineEdit>
 
 namespace xa518 {
@@ -17,7 +19,7 @@ class PaymentDialogTest : public prueba::DetailTest {
     std::unique_ptr<frmPerDet> Abre(const QString& modo, const ClavePago& clave = {}, const QString& fecha = {},
                                     const QString& monto = {}) {
         m_proceso.modoPago = modo;
-        Pago pago{clave, fecha, monto};
+        ComprobanteDePago pago{clave, fecha, monto};
         pago.clave.comprobante = {{6, prueba::kEmpresa}, u"P001"_s, u"00000001"_s, {}};
         auto forma = std::make_unique<frmPerDet>(m_proceso, m_avisos, pago, u"1"_s);
         Muestra(*forma);
@@ -89,6 +91,21 @@ TEST_F(PaymentDialogTest, GoesOnWithTheNextAndStoresACreditNoteNegative) {
     Teclea(u"\r"_s);
     EXPECT_FALSE(modifica->isVisible());
     EXPECT_EQ(Filas().first(), u"07|F001|00000005|11/10/2026|-99999999999.00"_s);
+}
+
+TEST_F(PaymentDialogTest, ATypeIsChosenFromTheOpenListToo) {
+    const auto forma = Abre(u"0"_s);
+    auto& lista = De<QComboBox>(*forma, "CmbTipoDoc");
+    Teclea(u"0"_s); // half a code chooses nothing
+    Pulsa(Qt::Key_Down);
+    EXPECT_EQ(lista.currentIndex(), -1);
+    ASSERT_TRUE(lista.view()->isVisible());
+    lista.view()->setCurrentIndex(lista.model()->index(0, 0));
+    QTest::keyClick(lista.view(), Qt::Key_Down);
+    QTest::keyClick(lista.view(), Qt::Key_Return);
+    EXPECT_EQ(lista.currentText(), u"07   NOTA DE CREDITO"_s);
+    EXPECT_EQ(Foco(), u"TxtSerie"_s);
+    forma->hide();
 }
 
 TEST_F(PaymentDialogTest, ADateBefore2005IsAskedAboutEachTime) {
