@@ -3,6 +3,7 @@
 #include "app/MDIFrm.h"
 #include "app/Startup.h"
 #include "data/Process.h"
+#include "detail/FrmAgePer.h"
 #include "platform/Application.h"
 #include "platform/Clock.h"
 #include "platform/NoticeBoxes.h"
@@ -15,12 +16,27 @@ using namespace xa518;
 
 namespace {
 
+/// The client dialog over the declaration form, on the row of its grid.
+void AbreCliente(Proceso& proceso, Avisos& avisos, Forma& sobre, const ClaveDeclaracion& clave,
+                 const std::optional<ClienteElegido>& cliente) {
+    std::optional<FilaCliente> fila;
+    if (cliente)
+        fila = FilaCliente{cliente->tipDocPer, cliente->numDocPer, cliente->desRazon,
+                           cliente->apellidoP, cliente->apellidoM, cliente->nombres};
+    FrmAgePer dialogo(proceso, avisos, clave.periodo.mid(4) + u'/' + clave.periodo.left(4), fila, &sobre);
+    sobre.AbreModal(dialogo);
+}
+
 /// The one place where the forms of other rooms are put into the commands and into the declaration form.
 Dialogos FormasDelModulo(Proceso& proceso, Avisos& avisos) {
     Dialogos dialogos;
     dialogos.declaracion = [&proceso, &avisos](BarradeEstadoQMD& barra, const DeclaracionElegida& elegida,
                                                QWidget* padre) -> std::unique_ptr<QDialog> {
-        const DialogosDeDetalle detalle;
+        DialogosDeDetalle detalle;
+        detalle.abreCliente = [&proceso, &avisos](Forma& sobre, const ClaveDeclaracion& clave,
+                                                  const std::optional<ClienteElegido>& cliente) {
+            AbreCliente(proceso, avisos, sobre, clave, cliente);
+        };
         return std::make_unique<Frm518>(proceso, avisos, barra, detalle, elegida, padre);
     };
     return dialogos;
