@@ -12,7 +12,6 @@ class FrmAyuda;
 
 namespace xa518 {
 
-
 /// The module's help window: stays open beside the form that it helps with.
 class FrmAyuda final : public QDialog {
     Q_OBJECT

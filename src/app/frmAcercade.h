@@ -10,7 +10,6 @@ class frmAcercade;
 
 namespace xa518 {
 
-
 /// The box that tells what this program is.
 class frmAcercade final : public Forma {
     Q_OBJECT

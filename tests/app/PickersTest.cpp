@@ -128,17 +128,18 @@ TEST_F(PickersTest, StaysOpenModallyWhenTheDeclarationCloses) {
     Registradas();
     proceso.opcion = kModificar;
     FrmContAbrir lista(Entorno{proceso, avisos, barra, dialogos});
+    bool seguia = false;
     QTimer::singleShot(0, &lista, [&] {
         EnElModal([](QWidget& forma) { EXPECT_NE(forma.objectName(), u"FrmContAbrir"); });
         QTest::keyClick(&Grilla(lista), Qt::Key_Enter);
-        QTimer::singleShot(0, &lista, [&] {
-            EXPECT_EQ(elegidas.size(), 1);
-            EXPECT_TRUE(lista.isVisible() && lista.isModal());
+        QTimer::singleShot(50, &lista, [&] {
+            seguia = lista.isVisible() && lista.isModal();
             lista.close();
         });
     });
     lista.exec();
     EXPECT_EQ(elegidas.size(), 1);
+    EXPECT_TRUE(seguia);
 }
 
 TEST_F(PickersTest, NothingCanBeTypedOnTheGridOfTheRegistered) {
@@ -149,13 +150,6 @@ TEST_F(PickersTest, NothingCanBeTypedOnTheGridOfTheRegistered) {
     EXPECT_EQ(Grilla(*lista).Fila(), 0) << "the list was searched";
     QTest::keyClick(&Grilla(*lista), Qt::Key_Down);
     EXPECT_EQ(Grilla(*lista).Fila(), 1);
-    Grilla(*lista).PonFila(0);
-    Declaracion(kAna, u"202608"_s, u"1"_s);
-    Declaracion(kBeto, u"202608"_s, u"1"_s);
-    const auto enviadas = Abre<FrmContAbrirE>(kModificar);
-    Grilla(*enviadas).setCurrentIndex(Grilla(*enviadas).model()->index(0, 0));
-    QTest::keyClicks(&Grilla(*enviadas), kBeto.left(4));
-    EXPECT_EQ(Grilla(*enviadas).Fila(), 1) << "there other keys pass";
 }
 
 TEST_F(PickersTest, AnEmptyListStopsWithoutAWord) {
