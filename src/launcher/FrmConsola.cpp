@@ -1,5 +1,6 @@
 #include "launcher/FrmConsola.h"
 
+#include "app/Startup.h"
 #include "launcher/ModuleStart.h"
 #include "launcher/PagCopias.h"
 #include "launcher/PagDeclarantes.h"
@@ -33,6 +34,7 @@ FrmConsola::FrmConsola(const EntornoConsola& entorno, Avisos& avisos, QString ca
     , m_carpetaPrograma(std::move(carpetaPrograma))
     , m_sesion(entorno) {
     m_ui->setupUi(this);
+    setWindowTitle(kTituloIntegrador);
     const int lado = style()->pixelMetric(QStyle::PM_LargeIconSize);
     m_ui->LblIcono->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(lado));
     m_ui->FraAviso->hide();
