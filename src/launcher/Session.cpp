@@ -82,7 +82,7 @@ QString TextoDeFalla(const Error& error) {
         return u"La base de datos está en uso por otro programa, o es de sólo lectura. Espere a que el otro programa"
                " termine y vuelva a intentarlo."_s;
     if (error.Numero() == kBaseDanada || error.Numero() == kNoEsBase)
-        return u"La base de datos está dañada (%1). Restaure una de sus copias de respaldo."_s.arg(error.Texto());
+        return u"%1 Restaure una de sus copias de respaldo."_s.arg(error.Texto());
     return u"%1 (error %2)"_s.arg(error.Texto()).arg(error.Numero());
 }
 

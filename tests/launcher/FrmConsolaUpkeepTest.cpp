@@ -114,7 +114,8 @@ TEST_F(FrmConsolaUpkeepTest, ABrokenBaseIsToldAtTheStartAndCanBeRestored) {
     (void)Sesion(entorno).Copias().Haz();
     EscribeArchivo(RutaBase(), QByteArray(8192, 'x'));
     const QString falta =
-        u"La base de datos está dañada (file is not a database). Restaure una de sus copias de respaldo."_s;
+        u"El archivo está dañado o no es una base de datos. (file is not a database) Restaure una de sus copias de "
+        "respaldo."_s;
     avisos.Espera(falta);
     Abre();
     EXPECT_EQ(Aviso(), falta);
