@@ -1,13 +1,10 @@
 #include "BareBase.h"
 #include "Measure.h"
+#include "SavedSample.h"
 
-#include "data/Base.h"
-#include "data/Transaction.h"
 #include "data/WorkTables.h"
 #include "declaration/ClientGrid.h"
-#include "declaration/Save.h"
 #include "declaration/StoredBoxes.h"
-#include "support/TemporaryBase.h"
 
 #include <cstdio>
 #include <memory>
@@ -18,52 +15,6 @@ using namespace xa518::medida;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const ClaveDeclaracion kClave{u"20990518018"_s, u"202610"_s, kNumFormulario, false, {}};
-
-/// Clients, each with that many vouchers, each with a payment voucher.
-struct Tamanio {
-    int clientes;
-    int comprobantes;
-};
-
-/// The work tables of a declaration of that size.
-void LlenaTrabajo(Base& base, const Tamanio& tamanio) {
-    Transaccion transaccion = base.Comienza();
-    for (int i = 0; i < tamanio.clientes; ++i)
-        base.Ejecuta(u"INSERT INTO TMPF518PCAB VALUES (6,?,'COMERCIAL DEL VALLE Y HERMANOS S.A.C.',' ',' ',' ','1',"
-                     "'1250.40','25.01',NULL)"_s,
-                     {QString::number(20500000000 + i)});
-    for (int i = 0; i < tamanio.comprobantes; ++i) {
-        const QString numero = QString::number(20500000000 + i % tamanio.clientes);
-        const QString cp = QString::number(i + 1).rightJustified(8, u'0');
-        base.Ejecuta(
-            u"INSERT INTO TMPF518PDET VALUES (6,?,'0001',?,'','1','0','9','05/10/2026','500.20','10.00','2.00')"_s,
-            {numero, cp});
-        base.Ejecuta(u"INSERT INTO TMPF518PDETCP VALUES (6,?,'0001',?,'01','F001',?,'05/10/2026','500.20')"_s,
-                     {numero, cp, cp});
-    }
-    transaccion.Confirma();
-}
-
-struct Taller {
-    explicit Taller(const Tamanio& tamanio) {
-        base.Param(u"044"_s, u"6"_s, prueba::Funcion({{32, u"RUC"_s}, {46, u"11"_s}}));
-        LlenaTrabajo(*base, tamanio);
-    }
-    prueba::BaseTemporal base;
-};
-
-void Graba(Base& base) {
-    Declaracion declaracion;
-    declaracion.clave = kClave;
-    RefrescaTotales(base, declaracion);
-    declaracion.montos.Cambia(410, declaracion.montos.Texto(405));
-    declaracion.pago = {u"E"_s, {}, {}, declaracion.montos.ImportePagar()};
-    declaracion.rectifica = u"0"_s;
-    if (GrabaDeclaracion(base, declaracion, QDate(2026, 11, 1)).estado != 0)
-        throw std::runtime_error("the save was not clean");
-}
 
 void Abre(Base& base) {
     Declaracion declaracion;
@@ -131,33 +82,33 @@ class Suelo {
     BaseDesnuda m_base;
 };
 
-Medida MideSuelo(const Tamanio& tamanio) {
+Medida MideSuelo(const Detalle& detalle) {
     return Mide([&] {
-        const auto taller = std::make_shared<Taller>(tamanio);
+        const auto taller = std::make_shared<Taller>(detalle);
         return [taller] { Suelo(taller->base.Ruta()).Corre(); };
     });
 }
 
-Medida MideGrabacion(const Tamanio& tamanio) {
+Medida MideGrabacion(const Detalle& detalle) {
     return Mide([&] {
-        const auto taller = std::make_shared<Taller>(tamanio);
+        const auto taller = std::make_shared<Taller>(detalle);
         return [taller] { Graba(*taller->base); };
     });
 }
 
-Medida MideApertura(const Tamanio& tamanio) {
+Medida MideApertura(const Detalle& detalle) {
     return Mide([&] {
-        const auto taller = std::make_shared<Taller>(tamanio);
+        const auto taller = std::make_shared<Taller>(detalle);
         Graba(*taller->base);
         return [taller] { Abre(*taller->base); };
     });
 }
 
-double Informa(const Tamanio& tamanio) {
-    const Medida suelo = MideSuelo(tamanio);
-    const Medida grabacion = MideGrabacion(tamanio);
-    const Medida apertura = MideApertura(tamanio);
-    std::printf("%9d %9.2f %9.2f %8.2fx %8.2fx %9.0f %9.2f %8.2fx\n", tamanio.comprobantes, suelo.segundos,
+double Informa(const Detalle& detalle) {
+    const Medida suelo = MideSuelo(detalle);
+    const Medida grabacion = MideGrabacion(detalle);
+    const Medida apertura = MideApertura(detalle);
+    std::printf("%9d %9.2f %9.2f %8.2fx %8.2fx %9.0f %9.2f %8.2fx\n", detalle.comprobantes, suelo.segundos,
                 grabacion.segundos, grabacion.segundos / suelo.segundos, grabacion.procesador / suelo.procesador,
                 static_cast<double>(grabacion.memoriaKb) / 1024, apertura.segundos, apertura.segundos / suelo.segundos);
     std::fflush(stdout);

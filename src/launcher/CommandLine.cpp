@@ -1,11 +1,9 @@
 #include "launcher/CommandLine.h"
 
 #include "app/Configuration.h"
-#include "data/Process.h"
 #include "launcher/Declarants.h"
 #include "launcher/Installation.h"
-#include "launcher/Sending.h"
-#include "platform/Clock.h"
+#include "launcher/Session.h"
 #include "values/Error.h"
 #include "values/Message.h"
 #include "values/Text.h"
@@ -25,9 +23,10 @@ namespace {
 
 enum Codigo { Hecho = 0, Rechazado = 2, Fallo = 3 };
 
-const QString kAyuda = uR"(Uso: consola ORDEN [OPCIONES]
+const QString kAyuda = uR"(Uso: consola [ORDEN [OPCIONES]]
 
 Instala la base de datos que comparten los módulos, lleva el registro de declarantes y envía declaraciones.
+Sin ninguna orden abre su ventana, que hace lo mismo e inicia el módulo.
 
 Órdenes:
   --instalar                 Prepara la carpeta, la base de datos, el catálogo, el grupo de trabajo y XA000.INI.
@@ -39,12 +38,19 @@ Instala la base de datos que comparten los módulos, lleva el registro de declar
       --nombre TEXTO         Su nombre o razón social, de 50 caracteres como máximo.
       --usuario U            El usuario a quien pertenece. Por omisión, el de XA000.INI.
   --enviar RUC AAAAMM        Envía la declaración registrada de ese período. Escribe el número de la copia enviada
-                             y el número de control.
+                             y el número de control. Antes hace una copia de respaldo.
+  --respaldar                Hace una copia de respaldo de la base y escribe su nombre. Se conservan las últimas 20,
+                             en la subcarpeta RESPALDOS de la instalación.
+  --restaurar ARCHIVO        Pone una copia de respaldo en el lugar de la base, después de guardar la que había.
   --help                     Muestra esta ayuda.
   --version                  Muestra la versión.
 
 Código de salida: 0 hecho; 2 rechazado, sin cambiar nada; 3 falló la base de datos o un archivo.
 )"_s;
+
+/// Without an order the window is meant, and whoever comes here then has no screen for it.
+const QString kSinPantalla = u"No hay una pantalla en la que abrir la ventana. Sin pantalla, indíquele una orden, como"
+                             " consola --instalar o consola --enviar RUC AAAAMM. Vea consola --help."_s;
 
 /// What was asked can't be done; nothing has been written.
 class Rechazo : public Error {
@@ -65,12 +71,6 @@ void Exige(const Veredicto& veredicto) {
         throw Rechazo(veredicto.mensaje->texto);
 }
 
-void Abre(Proceso& proceso, const ArchivoPerfil& perfil) {
-    ExigeInstalacion(perfil);
-    LeerIni(proceso, perfil);
-    AbrirBase(proceso, perfil);
-}
-
 void Instala(const Pedido& pedido) {
     const QString carpeta = pedido.opciones.isSet(u"carpeta"_s)
                                 ? pedido.opciones.value(u"carpeta"_s)
@@ -87,14 +87,14 @@ void Instala(const Pedido& pedido) {
 void RegistraDeclarante(const Pedido& pedido) {
     if (!pedido.opciones.isSet(u"nombre"_s))
         throw Rechazo(u"Falta la opción --nombre."_s);
-    Proceso proceso(pedido.entorno.reloj);
-    Abre(proceso, pedido.perfil);
-    Declarantes declarantes(*proceso.baseDatos);
+    Sesion sesion(pedido.entorno);
+    const std::unique_ptr<Base> base = sesion.Abre();
+    Declarantes declarantes(*base);
     Declarante declarante{pedido.opciones.value(u"declarante"_s), pedido.opciones.value(u"nombre"_s),
                           pedido.opciones.value(u"usuario"_s)};
     const bool estaba = declarantes.Busca(Recorta(declarante.ruc).toString()).has_value();
     if (!estaba && declarante.usuario.isEmpty())
-        declarante.usuario = proceso.sysUser;
+        declarante.usuario = sesion.Usuario();
     Exige(declarantes.Registra(declarante));
     pedido.salida << (estaba ? u"Declarante cambiado: "_s : u"Declarante registrado: "_s) << declarante.ruc << '\n';
 }
@@ -103,12 +103,21 @@ void Envia(const Pedido& pedido) {
     ClaveDeclaracion clave;
     clave.ruc = pedido.opciones.value(u"enviar"_s);
     clave.periodo = pedido.opciones.positionalArguments().constFirst();
-    Proceso proceso(pedido.entorno.reloj);
-    Abre(proceso, pedido.perfil);
-    const ResultadoEnvio resultado = Envio(*proceso.baseDatos, proceso.reloj).Envia(clave);
+    const ResultadoEnvio resultado = Sesion(pedido.entorno).Envia(clave);
     Exige(resultado.veredicto);
     pedido.salida << u"Copia enviada: "_s << resultado.correl << u"\nNúmero de control: "_s << resultado.control
                   << '\n';
+}
+
+void Respalda(const Pedido& pedido) {
+    const QString ruta = Sesion(pedido.entorno).Copias().Haz();
+    pedido.salida << u"Copia de respaldo: "_s << ruta << '\n';
+}
+
+void Restaura(const Pedido& pedido) {
+    const QString archivo = QFileInfo(pedido.opciones.value(u"restaurar"_s)).absoluteFilePath();
+    Exige(Sesion(pedido.entorno).Copias().Restaura(archivo));
+    pedido.salida << u"Base restaurada de: "_s << archivo << '\n';
 }
 
 void MuestraAyuda(const Pedido& pedido) {
@@ -134,6 +143,8 @@ const QList<Orden>& Ordenes() {
         {u"instalar"_s, {u"carpeta"_s, u"ejemplo"_s}, 0, Instala},
         {u"declarante"_s, {u"nombre"_s, u"usuario"_s}, 0, RegistraDeclarante},
         {u"enviar"_s, {}, 1, Envia},
+        {u"respaldar"_s, {}, 0, Respalda},
+        {u"restaurar"_s, {}, 0, Restaura},
     };
     return ordenes;
 }
@@ -147,7 +158,9 @@ void Define(QCommandLineParser& opciones) {
                          {u"declarante"_s, {}, u"RUC"_s},
                          {u"nombre"_s, {}, u"TEXTO"_s},
                          {u"usuario"_s, {}, u"U"_s},
-                         {u"enviar"_s, {}, u"RUC"_s}});
+                         {u"enviar"_s, {}, u"RUC"_s},
+                         {u"respaldar"_s, {}},
+                         {u"restaurar"_s, {}, u"ARCHIVO"_s}});
 }
 
 void Lee(QCommandLineParser& opciones, const QStringList& argumentos) {
@@ -158,12 +171,12 @@ void Lee(QCommandLineParser& opciones, const QStringList& argumentos) {
                                          : u"Opción desconocida: %1. Vea consola --help."_s.arg(desconocidas.first()));
 }
 
-const Orden& OrdenPedida(const QCommandLineParser& opciones) {
+const Orden& OrdenPedida(const QCommandLineParser& opciones, const QStringList& argumentos) {
     const QList<Orden>& ordenes = Ordenes();
     const auto pedida = [&](const Orden& orden) { return opciones.isSet(orden.nombre); };
     const auto orden = std::find_if(ordenes.cbegin(), ordenes.cend(), pedida);
     if (orden == ordenes.cend())
-        throw Rechazo(u"La consola todavía no tiene ventana: indíquele una orden. Vea consola --help."_s);
+        throw Rechazo(argumentos.size() > 1 ? u"Falta una orden. Vea consola --help."_s : kSinPantalla);
     for (const QString& opcion : opciones.optionNames()) {
         const bool propia = opcion == orden->nombre || orden->admite.contains(opcion) || opcion.size() == 1;
         if (!propia)
@@ -188,7 +201,7 @@ int EjecutaConsola(const QStringList& argumentos, QTextStream& salida, QTextStre
         QCommandLineParser opciones;
         Define(opciones);
         Lee(opciones, argumentos);
-        OrdenPedida(opciones).ejecuta({opciones, salida, entorno, ArchivoPerfil(entorno.rutaIni)});
+        OrdenPedida(opciones, argumentos).ejecuta({opciones, salida, entorno, ArchivoPerfil(entorno.rutaIni)});
         return Hecho;
     } catch (const Rechazo& rechazo) {
         errores << u"consola: "_s << rechazo.Texto() << '\n';

@@ -19,7 +19,8 @@ struct EntornoConsola {
     [[nodiscard]] static EntornoConsola DelSistema(const Reloj& reloj);
 };
 
-/// Runs the launcher's command line, the program's name first among the arguments. Returns the exit code: 0 done,
+/// Runs the launcher's command line, the program's name first among the arguments; without any other it says that there
+/// is no screen for the window. Returns the exit code: 0 done,
 /// 2 refused, with the reason on `errores` and nothing written, 3 the database or a file failed.
 [[nodiscard]] int EjecutaConsola(const QStringList& argumentos, QTextStream& salida, QTextStream& errores,
                                  const EntornoConsola& entorno);

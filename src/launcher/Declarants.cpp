@@ -46,6 +46,17 @@ Declarante Lee(const Registros& fila) {
     return {fila.Texto(u"Doc_id_d"), fila.Texto(u"Nombre"), fila.Texto(u"Usuario")};
 }
 
+void Inserta(Base& base, const Declarante& declarante) {
+    base.Ejecuta(u"INSERT INTO CONT (Tip_doc_d, Doc_id_d, Nombre, Usuario, Tipo_Ingreso) VALUES (6, ?, ?, ?, ?)"_s,
+                 {declarante.ruc, declarante.nombre, declarante.usuario, kIngresoGeneral});
+}
+
+void Cambia(Base& base, const Declarante& declarante, const Declarante& anterior) {
+    base.Ejecuta(
+        u"UPDATE CONT SET Nombre = ?, Usuario = ? WHERE Tip_doc_d = 6 AND Doc_id_d = ?"_s,
+        {declarante.nombre, declarante.usuario.isEmpty() ? anterior.usuario : declarante.usuario, declarante.ruc});
+}
+
 } // namespace
 
 QList<Declarante> Declarantes::Lista() const {
@@ -61,21 +72,47 @@ std::optional<Declarante> Declarantes::Busca(const QString& ruc) const {
     return filas.Siguiente() ? std::optional(Lee(filas)) : std::nullopt;
 }
 
+QStringList Declarantes::Usuarios() const {
+    Registros filas = m_base->Lee(u"SELECT Usuario FROM CLAVES UNION SELECT Usuario FROM CONT ORDER BY 1"_s);
+    QStringList usuarios;
+    while (filas.Siguiente()) {
+        if (!filas.Texto(0).isEmpty())
+            usuarios.append(filas.Texto(0));
+    }
+    return usuarios;
+}
+
 Veredicto Declarantes::Registra(Declarante declarante) {
-    declarante.ruc = Recorta(declarante.ruc).toString();
-    declarante.nombre = Recorta(declarante.nombre).toString();
-    Veredicto veredicto = ValidaDeclarante(declarante);
-    if (!veredicto)
+    return Escribe(std::move(declarante), Modo::Cualquiera);
+}
+
+Veredicto Declarantes::Agrega(Declarante declarante) {
+    return Escribe(std::move(declarante), Modo::Nuevo);
+}
+
+Veredicto Declarantes::Modifica(Declarante declarante) {
+    return Escribe(std::move(declarante), Modo::Existente);
+}
+
+Veredicto Declarantes::Escribe(Declarante declarante, Modo modo) {
+    declarante = {Recorta(declarante.ruc).toString(), Recorta(declarante.nombre).toString(),
+                  Recorta(declarante.usuario).toString()};
+    if (Veredicto veredicto = ValidaDeclarante(declarante); !veredicto)
         return veredicto;
+    if (modo != Modo::Cualquiera && declarante.usuario.isEmpty())
+        return Rechaza(u"Ingrese el usuario a quien pertenece el declarante."_s, u"usuario"_s);
     Transaccion transaccion = m_base->Comienza();
-    if (const std::optional<Declarante> anterior = Busca(declarante.ruc))
-        m_base->Ejecuta(
-            u"UPDATE CONT SET Nombre = ?, Usuario = ? WHERE Tip_doc_d = 6 AND Doc_id_d = ?"_s,
-            {declarante.nombre, declarante.usuario.isEmpty() ? anterior->usuario : declarante.usuario, declarante.ruc});
+    const std::optional<Declarante> anterior = Busca(declarante.ruc);
+    if (anterior && modo == Modo::Nuevo)
+        return Rechaza(
+            u"El declarante %1 ya está registrado, con el nombre '%2'."_s.arg(anterior->ruc, anterior->nombre),
+            u"ruc"_s);
+    if (!anterior && modo == Modo::Existente)
+        return Rechaza(u"El declarante %1 ya no está registrado."_s.arg(declarante.ruc), u"ruc"_s);
+    if (anterior)
+        Cambia(*m_base, declarante, *anterior);
     else
-        m_base->Ejecuta(
-            u"INSERT INTO CONT (Tip_doc_d, Doc_id_d, Nombre, Usuario, Tipo_Ingreso) VALUES (6, ?, ?, ?, ?)"_s,
-            {declarante.ruc, declarante.nombre, declarante.usuario, kIngresoGeneral});
+        Inserta(*m_base, declarante);
     transaccion.Confirma();
     return Veredicto::Bien();
 }

@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -23,17 +24,28 @@ class Declarantes {
   public:
     explicit Declarantes(Base& base) : m_base(&base) {}
 
+    /// Ordered by number.
     [[nodiscard]] QList<Declarante> Lista() const;
     [[nodiscard]] std::optional<Declarante> Busca(const QString& ruc) const;
+    /// The users that the base knows: those with a kind of their own, and the owners of declarants.
+    [[nodiscard]] QStringList Usuarios() const;
 
     /// Adds the declarant, or changes the name and the owner of one who is there; an empty `usuario` leaves the owner.
     /// A number of the old form, eight digits, may be registered: only its declarations can't be saved.
     [[nodiscard]] Veredicto Registra(Declarante declarante);
 
+    /// Adds one who isn't there yet.
+    [[nodiscard]] Veredicto Agrega(Declarante declarante);
+    /// Changes the name and the owner of one who is there.
+    [[nodiscard]] Veredicto Modifica(Declarante declarante);
+
     /// Refused while he has declarations, registered or sent: without his row they could be neither seen nor printed.
     [[nodiscard]] Veredicto Elimina(const QString& ruc);
 
   private:
+    /// Which of the two ways of writing a declarant is meant, and what the owner may be.
+    enum class Modo { Cualquiera, Nuevo, Existente };
+    [[nodiscard]] Veredicto Escribe(Declarante declarante, Modo modo);
     [[nodiscard]] bool TieneDeclaraciones(const QString& ruc) const;
 
     Base* m_base;

@@ -1,18 +1,20 @@
 #include "launcher/Installation.h"
 
 #include "app/Configuration.h"
+#include "app/Startup.h"
 #include "data/Base.h"
 #include "data/SchemaVersion.h"
 #include "data/Workgroup.h"
 #include "launcher/CatalogInstaller.h"
 #include "launcher/Declarants.h"
+#include "launcher/PrivateFiles.h"
 #include "launcher/Sample.h"
 #include "launcher/Schema.h"
 #include "values/Error.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 
 namespace xa518 {
 
@@ -30,11 +32,6 @@ const QStringList kSubcarpetas = {u"RPT"_s, u"TMP"_s, u"BMP"_s, u"0518"_s};
 QString ConSeparador(const QString& carpeta) {
     const QString nativa = QDir::toNativeSeparators(QDir::cleanPath(QFileInfo(carpeta).absoluteFilePath()));
     return nativa.endsWith(QDir::separator()) ? nativa : nativa + QDir::separator();
-}
-
-void CreaCarpetaPrivada(const QString& ruta) {
-    if (!QDir().mkpath(ruta) || !QFile::setPermissions(ruta, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner))
-        throw Error(NumeroError::AccesoAlDisco, u"No se puede preparar la carpeta '%1'."_s.arg(ruta));
 }
 
 QString Relato(const EstadoEsquema& estado) {
@@ -84,6 +81,7 @@ QStringList Instalacion::Instala(const QString& usuario) {
     const std::unique_ptr<Base> base = PreparaBase(hecho);
     hecho.append(InstalaCatalogo(*base));
     hecho.append(PreparaGrupo());
+    hecho.append(InstalaAyuda());
     EscribePerfil(usuario);
     hecho.append(u"Configuración: %1"_s.arg(m_perfil.Ruta()));
     return hecho;
@@ -128,6 +126,18 @@ QString Instalacion::PreparaGrupo() const {
         grupo.Crea(cuenta);
         return u"Grupo de trabajo: creado."_s;
     }
+}
+
+/// Replaced as a whole: a module that has the former file open goes on reading that one.
+QString Instalacion::InstalaAyuda() const {
+    const QString ruta = RutaAyuda(m_carpeta);
+    QFile origen(u":/modulos/Xa518.hlp"_s);
+    QSaveFile destino(ruta);
+    if (!origen.open(QIODevice::ReadOnly) || !destino.open(QIODevice::WriteOnly) ||
+        destino.write(origen.readAll()) != origen.size() ||
+        !destino.setPermissions(QFile::ReadOwner | QFile::WriteOwner) || !destino.commit())
+        throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir '%1'."_s.arg(ruta));
+    return u"Ayuda del módulo: %1"_s.arg(ruta);
 }
 
 void Instalacion::EscribePerfil(const QString& usuario) const {

@@ -12,8 +12,9 @@ namespace xa518 {
 class Base;
 
 /// What the launcher puts on a machine: the folder of the family with its subfolders, the base with its tables and
-/// catalogue, the workgroup file, and the profile file that names them. Doing it again over an installation refreshes
-/// the catalogue and keeps everything else: declarations, declarants, users and their kinds, sample files.
+/// catalogue, the workgroup file, the module's help, and the profile file that names them. Doing it again over an
+/// installation refreshes catalogue and help and keeps everything else: declarations, declarants, users and their
+/// kinds, sample files.
 class Instalacion {
   public:
     /// `carpeta` becomes absolute.
@@ -34,6 +35,7 @@ class Instalacion {
     void CreaCarpetas() const;
     [[nodiscard]] std::unique_ptr<Base> PreparaBase(QStringList& hecho) const;
     [[nodiscard]] QString PreparaGrupo() const;
+    [[nodiscard]] QString InstalaAyuda() const;
     void EscribePerfil(const QString& usuario) const;
     [[nodiscard]] bool EsLaVigente() const;
     [[nodiscard]] QString OpcionVigente(QStringView clave, const QString& porOmision) const;

@@ -3,6 +3,7 @@
 #include "data/Base.h"
 #include "data/RecordChecksum.h"
 #include "data/Transaction.h"
+#include "launcher/DeclarationList.h"
 #include "platform/Clock.h"
 #include "values/Dates.h"
 
@@ -18,9 +19,6 @@ namespace {
 
 const QStringList kTablas = {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u"F518PDETVC"_s, u"F518PDETCP"_s};
 
-constexpr int kGuardadaConInconsistencias = 9;
-constexpr int kEnviada = 1;
-
 /// The last control number that was given is the running number of this row, so that none comes twice, not even after
 /// its declaration is deleted.
 const QString kCatalogoEnvios = u"999"_s;
@@ -29,6 +27,10 @@ constexpr qint64 kUltimoControl = 99'999'999;
 
 /// The values that the sent copy has of its own, by column name in lower case.
 using Sello = QHash<QString, QVariant>;
+
+Veredicto Rechaza(const QString& motivo, const ClaveDeclaracion& clave) {
+    return Veredicto::Rechaza({Icono::Critico, motivo.arg(clave.ruc, clave.periodo), {}}, {});
+}
 
 /// For each column of the target the position of the source's column of that name; -1 for one that the seal fills.
 QList<int> LugaresEn(const Tabla& origen, const Tabla& destino, const Sello& sello) {
@@ -67,15 +69,14 @@ qint64 MayorNumero(Registros filas) {
 
 ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave) {
     Transaccion transaccion = m_base->Comienza();
-    const QString motivo = MotivoDeRechazo(clave);
-    if (!motivo.isEmpty())
-        return {Veredicto::Rechaza({Icono::Critico, motivo, {}}, {}), {}, {}};
+    if (Veredicto veredicto = Valida(clave); !veredicto)
+        return {std::move(veredicto), {}, {}};
     const QString correl = SiguienteCorrel(clave);
     const QString control = SiguienteControl();
     const Sello sello{{u"correl"_s, correl},
                       {u"control"_s, control},
                       {u"norden"_s, u"0"_s},
-                      {u"estado"_s, kEnviada},
+                      {u"estado"_s, kEstadoEnviada},
                       {u"fec_env"_s, FormatFecha(m_reloj->Hoy(), u"dd/mm/yyyy")}};
     for (const QString& tabla : kTablas)
         Mueve(*m_base, clave, tabla, sello);
@@ -83,14 +84,15 @@ ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave) {
     return {Veredicto::Bien(), correl, control};
 }
 
-QString Envio::MotivoDeRechazo(const ClaveDeclaracion& clave) const {
+Veredicto Envio::Valida(const ClaveDeclaracion& clave) const {
     Registros cabecera = m_base->Lee(u"SELECT estado FROM CAB "_s + clave.Condicion(), clave.Valores());
     if (!cabecera.Siguiente())
-        return u"No existe una declaración registrada del RUC %1 y el período %2."_s.arg(clave.ruc, clave.periodo);
-    if (cabecera.Entero(0) == kGuardadaConInconsistencias)
-        return u"La declaración del RUC %1 y el período %2 fue grabada con inconsistencias: no puede ser enviada."_s
-            .arg(clave.ruc, clave.periodo);
-    return {};
+        return Rechaza(u"No existe una declaración registrada del RUC %1 y el período %2."_s, clave);
+    if (cabecera.Entero(0) == kEstadoInconsistente)
+        return Rechaza(u"La declaración del RUC %1 y el período %2 fue grabada con inconsistencias: no puede ser"
+                       " enviada."_s,
+                       clave);
+    return Veredicto::Bien();
 }
 
 /// Deleting a sent declaration leaves its cash-sale rows behind: their numbers count too, or the next copy would meet

@@ -22,11 +22,13 @@ class Envio {
   public:
     Envio(Base& base, const Reloj& reloj) : m_base(&base), m_reloj(&reloj) {}
 
-    /// One transaction. Refused when there is no such declaration, or when it was saved with inconsistencies.
+    /// Refused when there is no such declaration, or when it was saved with inconsistencies.
+    [[nodiscard]] Veredicto Valida(const ClaveDeclaracion& clave) const;
+
+    /// One transaction, which asks `Valida` once more.
     [[nodiscard]] ResultadoEnvio Envia(const ClaveDeclaracion& clave);
 
   private:
-    [[nodiscard]] QString MotivoDeRechazo(const ClaveDeclaracion& clave) const;
     [[nodiscard]] QString SiguienteCorrel(const ClaveDeclaracion& clave) const;
     [[nodiscard]] QString SiguienteControl();
 

@@ -1,16 +1,40 @@
 #include "launcher/CommandLine.h"
+#include "launcher/Display.h"
+#include "launcher/FrmConsola.h"
+#include "platform/Application.h"
 #include "platform/Clock.h"
+#include "platform/NoticeBoxes.h"
+#include "platform/SystemWindows.h"
 
-#include <QCoreApplication>
 #include <QTextStream>
 
 #include <cstdio>
 
-int main(int argc, char* argv[]) {
+using namespace xa518;
+
+namespace {
+
+int SinVentana(int argc, char** argv, const EntornoConsola& entorno) {
     const QCoreApplication aplicacion(argc, argv);
     QTextStream salida(stdout);
     QTextStream errores(stderr);
-    const xa518::RelojSistema reloj;
-    return xa518::EjecutaConsola(QCoreApplication::arguments(), salida, errores,
-                                 xa518::EntornoConsola::DelSistema(reloj));
+    return EjecutaConsola(QCoreApplication::arguments(), salida, errores, entorno);
+}
+
+int ConVentana(int argc, char** argv, const EntornoConsola& entorno) {
+    AvisosEnPantalla avisos;
+    const Aplicacion aplicacion(argc, argv, avisos);
+    FrmConsola ventana(entorno, avisos, QCoreApplication::applicationDirPath());
+    ventana.show();
+    return QCoreApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    const RelojSistema reloj;
+    const EntornoConsola entorno = EntornoConsola::DelSistema(reloj);
+    PrefiereX11();
+    const bool ventana = argc == 1 && HayPantalla();
+    return ventana ? ConVentana(argc, argv, entorno) : SinVentana(argc, argv, entorno);
 }

@@ -72,7 +72,8 @@ TEST_F(Console, InstallsPrivatelyAndPointsTheProfileFileToIt) {
     ASSERT_EQ(Corre({u"--instalar"_s, u"--ejemplo"_s}), 0) << errores.toStdString();
     for (const QString& nombre : {u""_s, u"RPT"_s, u"TMP"_s, u"BMP"_s, u"0518"_s, u"EJEMPLO"_s})
         EXPECT_EQ(QFile::permissions(carpeta + u'/' + nombre) & kDeOtros, QFile::Permissions()) << nombre.toStdString();
-    for (const QString& nombre : {u"XA000.DB"_s, u"XA000.MDW"_s, u"EJEMPLO/0518"_s + kRuc + u"202609.TXT"_s}) {
+    for (const QString& nombre :
+         {u"XA000.DB"_s, u"XA000.MDW"_s, u"0518/Xa518.hlp"_s, u"EJEMPLO/0518"_s + kRuc + u"202609.TXT"_s}) {
         EXPECT_TRUE(QFile::exists(carpeta + u'/' + nombre)) << nombre.toStdString();
         EXPECT_EQ(QFile::permissions(carpeta + u'/' + nombre) & (kDeOtros | kPrivado), kPrivado)
             << nombre.toStdString();
@@ -173,6 +174,22 @@ TEST_F(Console, SendsAndPrintsTheNumbers) {
     EXPECT_TRUE(salida.isEmpty());
 }
 
+TEST_F(Console, MakesACopyBeforeASendAndPutsItBack) {
+    ASSERT_EQ(Corre({u"--instalar"_s}), 0);
+    Graba(*Abre(), u"202609"_s, 0);
+    ASSERT_EQ(Corre({u"--enviar"_s, kRuc, u"202609"_s}), 0) << errores.toStdString();
+    const QString copia = carpeta + u"/RESPALDOS/XA000-20261121-100000.DB"_s;
+    ASSERT_TRUE(QFile::exists(copia));
+    EXPECT_EQ(Corre({u"--restaurar"_s, carpeta + u"/XA000.MDW"_s}), 2);
+    ASSERT_EQ(Corre({u"--restaurar"_s, copia}), 0) << errores.toStdString();
+    EXPECT_EQ(Corre({u"--enviar"_s, kRuc, u"202609"_s}), 0) << errores.toStdString(); // it is registered again
+    ASSERT_EQ(Corre({u"--respaldar"_s}), 0) << errores.toStdString();
+    EXPECT_TRUE(QFile::exists(salida.section(u": "_s, 1).trimmed())) << salida.toStdString();
+    QFile::remove(RutaBase());
+    EXPECT_EQ(Corre({u"--respaldar"_s}), 3);
+    EXPECT_TRUE(salida.isEmpty());
+}
+
 TEST_F(Console, RefusesWhatItDoesNotUnderstand) {
     const QList<QStringList> casos = {
         {},
@@ -185,6 +202,7 @@ TEST_F(Console, RefusesWhatItDoesNotUnderstand) {
         {u"--instalar"_s, u"--enviar"_s, kRuc, u"202609"_s},
         {u"--instalar"_s, u"suelto"_s},
         {u"--enviar"_s, kRuc},
+        {u"--restaurar"_s},
     };
     for (const QStringList& argumentos : casos) {
         EXPECT_EQ(Corre(argumentos), 2) << argumentos.join(u' ').toStdString();
@@ -199,6 +217,7 @@ TEST_F(Console, RefusesWhatItDoesNotUnderstand) {
 
 TEST_F(Console, DatabaseAndFileFailuresHaveTheirOwnCode) {
     ASSERT_EQ(Corre({u"--instalar"_s}), 0);
+    Graba(*Abre(), u"202609"_s, 0);
     const QStringList envio{u"--enviar"_s, kRuc, u"202609"_s};
     {
         const auto otro = Abre();

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "data/DeclarationKey.h"
+#include "support/TemporaryBase.h"
+
+namespace xa518::medida {
+
+inline const ClaveDeclaracion kClave{
+    QStringLiteral("20990518018"), QStringLiteral("202610"), kNumFormulario, false, {}};
+
+/// Clients, each with that many vouchers, each with a payment voucher.
+struct Detalle {
+    int clientes;
+    int comprobantes;
+};
+
+/// A base whose work tables hold a declaration of that size.
+struct Taller {
+    explicit Taller(const Detalle& detalle);
+    prueba::BaseTemporal base;
+};
+
+/// Saves it, clean and paid in cash.
+void Graba(Base& base);
+
+} // namespace xa518::medida

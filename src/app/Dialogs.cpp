@@ -1,0 +1,18 @@
+#include "app/Dialogs.h"
+
+#include "platform/WidgetHelpers.h"
+
+#include <QLayout>
+
+#include <algorithm>
+
+namespace xa518 {
+
+void CentraSobre(const QWidget& ventana, QWidget& forma) {
+    if (forma.layout())
+        forma.layout()->activate(); // a form of fixed size takes it now
+    CentraControl(ventana, forma);
+    forma.move(ventana.pos() + QPoint(std::max(forma.x(), 0), std::max(forma.y(), 0)));
+}
+
+} // namespace xa518

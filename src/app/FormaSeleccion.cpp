@@ -1,0 +1,147 @@
+#include "app/FormaSeleccion.h"
+
+#include "app/DeclarationLists.h"
+#include "data/Process.h"
+#include "platform/Application.h"
+#include "platform/HourGlass.h"
+#include "platform/Notices.h"
+#include "platform/ReadGrid.h"
+#include "platform/StatusBar.h"
+#include "values/Text.h"
+
+#include "ui_FormaSeleccion.h"
+
+#include <QScopeGuard>
+#include <QtDebug>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QList<ColumnaDeGrilla> ColumnasDe(const QStringList& titulos) {
+    QList<ColumnaDeGrilla> columnas;
+    for (const QString& titulo : titulos)
+        columnas.append({titulo, static_cast<int>(columnas.size()), false, {}});
+    return columnas;
+}
+
+} // namespace
+
+FormaSeleccion::FormaSeleccion(const Entorno& entorno, const QStringList& columnas, const QString& marco,
+                               QWidget* padre)
+    : Forma(padre)
+    , m_ui(std::make_unique<Ui::FormaSeleccion>())
+    , m_entorno(entorno)
+    , m_datos(new ModeloDeConsulta(ColumnasDe(columnas), this)) {
+    m_ui->setupUi(this);
+    m_ui->Frame1->setTitle(marco);
+    m_datos->setObjectName(u"DtaNew"_s);
+    m_ui->grdContrib->setModel(m_datos);
+    Conecta();
+    Prepara({m_ui->CmdOpciones_1});
+}
+
+FormaSeleccion::~FormaSeleccion() = default;
+
+void FormaSeleccion::Conecta() {
+    connect(m_ui->CmdOpciones_0, &QPushButton::clicked, this, Protegido([this] { Actua(); }));
+    connect(m_ui->CmdOpciones_1, &QPushButton::clicked, this, [this] { Salir(); });
+    connect(m_ui->grdContrib, &GrillaDeLectura::FilaActivada, this, Protegido([this] { Actua(); }));
+    connect(m_ui->grdContrib, &GrillaDeLectura::FilaCambiada, this, Protegido([this](int fila) { MuestraFila(fila); }));
+}
+
+GrillaDeLectura& FormaSeleccion::Grilla() const {
+    return *m_ui->grdContrib;
+}
+
+QString FormaSeleccion::Celda(int fila, int columna) const {
+    return Recorta(m_datos->Texto(fila, columna)).toString();
+}
+
+void FormaSeleccion::Presenta(const Textos& textos) {
+    setWindowTitle(textos.titulo);
+    m_ui->CmdOpciones_0->setText(textos.accion);
+    m_ui->Label1->setText(textos.etiqueta);
+}
+
+void FormaSeleccion::Refresca(int fila) {
+    m_datos->Consulta(*m_entorno.proceso.baseDatos, m_consulta.texto,
+                      QVariantList(m_consulta.valores.begin(), m_consulta.valores.end()));
+    Grilla().AjustaColumnas(ColumnaDeLista::Nombre);
+    Grilla().PonFila(fila);
+    if (m_datos->rowCount() == 0)
+        m_entorno.barra.Limpia(m_entorno.proceso.numFormulario);
+}
+
+void FormaSeleccion::MuestraFila(int fila) {
+    const DeclaracionElegida elegida = Elegida(fila);
+    m_entorno.barra.PonRuc(elegida.ruc);
+    m_entorno.barra.PonNombre(elegida.nombre);
+    m_entorno.barra.PonPeriodo(elegida.periodo.isEmpty() ? QString()
+                                                         : elegida.periodo.left(2) + u'/' + elegida.periodo.mid(2));
+}
+
+DeclaracionElegida FormaSeleccion::Elegida(int fila) const {
+    return {Celda(fila, ColumnaDeLista::Ruc),
+            Celda(fila, ColumnaDeLista::Nombre),
+            Celda(fila, ColumnaDeLista::Periodo),
+            {},
+            {}};
+}
+
+ClaveDeclaracion FormaSeleccion::Clave(int fila) const {
+    const DeclaracionElegida elegida = Elegida(fila);
+    return {elegida.ruc, PeriodoDePantalla(elegida.periodo), m_entorno.proceso.numFormulario, false, {}};
+}
+
+/// An error of the engine ends the command without a word, with the list as it was: wanted.
+void FormaSeleccion::Actua() {
+    RelojDeArena reloj;
+    if (m_datos->rowCount() == 0)
+        return;
+    try {
+        TomaFila(Grilla().Fila());
+        if (m_entorno.proceso.opcion == kModificar)
+            Abre(reloj);
+        else if (m_entorno.proceso.opcion == kEliminar)
+            Elimina();
+    } catch (const ErrorBase& falla) {
+        qWarning().noquote() << falla.Texto();
+    }
+}
+
+/// Hidden past the dialog's own hiding, which would end this form's wait for its end.
+void FormaSeleccion::Abre(RelojDeArena& reloj) {
+    if (!m_entorno.dialogos.declaracion)
+        return;
+    const int fila = Grilla().Fila();
+    const QPoint sitio = pos();
+    QWidget::setVisible(false);
+    const auto vuelve = qScopeGuard([this, sitio] {
+        move(sitio);
+        show();
+    });
+    std::unique_ptr<QDialog> forma = m_entorno.dialogos.declaracion(m_entorno.barra, Elegida(fila), parentWidget());
+    reloj.Suelta();
+    AbreModal(*forma);
+    forma.reset();
+    Refresca(fila);
+}
+
+void FormaSeleccion::Elimina() {
+    const Mensaje pregunta{Icono::Pregunta, u"¿Confirma que va a eliminar la declaración seleccionada?"_s,
+                           windowTitle()};
+    if (m_entorno.avisos.Pregunta(pregunta, Respuesta::No) == Respuesta::No)
+        return;
+    EliminaDeclaracion(*m_entorno.proceso.baseDatos, Clave(Grilla().Fila()));
+    Refresca();
+}
+
+void FormaSeleccion::Salir() {
+    m_entorno.barra.Limpia(m_entorno.proceso.numFormulario);
+    Termina();
+}
+
+} // namespace xa518

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "app/Dialogs.h"
+#include "data/DocumentTypes.h"
+#include "platform/Form.h"
+#include "platform/QueryModel.h"
+
+#include <memory>
+
+namespace Ui {
+class FormaSeleccion;
+}
+
+namespace xa518 {
+
+class GrillaDeLectura;
+class RelojDeArena;
+
+/// What the two lists of declarations are alike in: the grid, the row that the status bar tells, the command on the
+/// row and the way out. `Proceso::opcion` says what the command is: open the row's declaration, or delete it.
+class FormaSeleccion : public Forma {
+    Q_OBJECT
+  public:
+    ~FormaSeleccion() override;
+
+  protected:
+    struct Textos {
+        QString titulo;
+        QString accion;
+        QString etiqueta;
+    };
+
+    /// One title for each column of the query, in its order.
+    FormaSeleccion(const Entorno& entorno, const QStringList& columnas, const QString& marco, QWidget* padre);
+
+    void Presenta(const Textos& textos);
+    /// Changes what the list is read from; it shows with the next `Refresca`.
+    void PonConsulta(ConsultaSql consulta) { m_consulta = std::move(consulta); }
+    /// Reads the list again and goes to that row, or to the first when it is no longer there.
+    void Refresca(int fila = 0);
+
+    [[nodiscard]] Proceso& ElProceso() const { return m_entorno.proceso; }
+    [[nodiscard]] GrillaDeLectura& Grilla() const;
+    /// The trimmed text of a cell.
+    [[nodiscard]] QString Celda(int fila, int columna) const;
+
+    /// The row in the form that the next one needs.
+    [[nodiscard]] virtual DeclaracionElegida Elegida(int fila) const;
+    [[nodiscard]] virtual ClaveDeclaracion Clave(int fila) const;
+    /// Before the command works on a row.
+    virtual void TomaFila(int /*fila*/) {}
+
+    void Salir() override;
+
+  private:
+    void Conecta();
+    void MuestraFila(int fila);
+    void Actua();
+    void Abre(RelojDeArena& reloj);
+    void Elimina();
+
+    std::unique_ptr<Ui::FormaSeleccion> m_ui;
+    Entorno m_entorno;
+    ModeloDeConsulta* m_datos;
+    ConsultaSql m_consulta;
+};
+
+} // namespace xa518

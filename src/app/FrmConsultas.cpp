@@ -1,0 +1,32 @@
+#include "app/FrmConsultas.h"
+
+#include "data/Process.h"
+#include "platform/QueryModel.h"
+#include "platform/ReadGrid.h"
+
+#include "ui_FrmConsultas.h"
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+FrmConsultas::FrmConsultas(Proceso& proceso, QWidget* padre)
+    : Forma(padre), m_ui(std::make_unique<Ui::FrmConsultas>()) {
+    m_ui->setupUi(this);
+    auto* datos = new ModeloDeConsulta({{u"Código"_s, 0, false, {}}, {u"Descripción"_s, 1, false, {}}}, this);
+    datos->setObjectName(u"Dta1"_s);
+    m_ui->grdBancos->setModel(datos);
+    if (proceso.tipoConsulta == u"B") {
+        setWindowTitle(u"Bancos"_s);
+        datos->Consulta(*proceso.baseDatos, u"SELECT MID(ARGUMENTO,1,2) as codigo, mid(FUNCION,1,36) as descrip "
+                                            "FROM PARAM WHERE NUMERO='004' AND TRIM(ARGUMENTO)<> '00' order by 1"_s);
+    }
+    m_ui->grdBancos->AjustaColumnas(1);
+    m_ui->grdBancos->PonFila(0);
+    connect(m_ui->CmdSalir, &QPushButton::clicked, this, [this] { Salir(); });
+    Prepara({m_ui->CmdSalir});
+}
+
+FrmConsultas::~FrmConsultas() = default;
+
+} // namespace xa518

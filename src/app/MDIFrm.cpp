@@ -1,0 +1,215 @@
+#include "app/MDIFrm.h"
+
+#include "app/CommandIcons.h"
+#include "app/Configuration.h"
+#include "app/FrmConsultas.h"
+#include "app/FrmContAbrir.h"
+#include "app/FrmContAbrirE.h"
+#include "app/HelpWindow.h"
+#include "app/Startup.h"
+#include "app/frmAcercade.h"
+#include "data/Process.h"
+#include "platform/Application.h"
+#include "platform/HourGlass.h"
+#include "platform/Notices.h"
+#include "platform/StatusBar.h"
+
+#include "ui_MDIFrm.h"
+
+#include <QScreen>
+#include <QStyle>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize kMedida{960, 620};
+
+} // namespace
+
+MDIFrm::MDIFrm(Proceso& proceso, Avisos& avisos, ArchivoPerfil perfil, Dialogos dialogos)
+    : m_ui(std::make_unique<Ui::MDIFrm>())
+    , m_proceso(&proceso)
+    , m_avisos(&avisos)
+    , m_perfil(std::move(perfil))
+    , m_dialogos(std::move(dialogos))
+    , m_ayuda(new Ayuda(avisos, this)) {
+    m_ui->setupUi(this);
+    PreparaBarra();
+    ConectaMenu();
+    setMouseTracking(true);
+    m_ui->Picture1->setMouseTracking(true);
+    for (QWidget* dentro : m_ui->Picture1->findChildren<QWidget*>())
+        dentro->setMouseTracking(true);
+}
+
+MDIFrm::~MDIFrm() = default;
+
+BarradeEstadoQMD& MDIFrm::Barra() const {
+    return *m_ui->BarradeEstadoQMD1;
+}
+
+Entorno MDIFrm::ElEntorno() const {
+    return {*m_proceso, *m_avisos, Barra(), m_dialogos};
+}
+
+/// The window stands before the configuration is read: a base that can't be opened is told above an empty window.
+bool MDIFrm::Carga() {
+    m_proceso->numFormulario = kNumFormulario;
+    Coloca();
+    show();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    LeerIni(*m_proceso, m_perfil);
+    if (!AbreLaBase())
+        return false;
+    m_ayuda->PonArchivo(RutaAyuda(m_proceso->sysPath));
+    Barra().Limpia(m_proceso->numFormulario);
+    LeerCatalogoInicial(*m_proceso);
+    return true;
+}
+
+void MDIFrm::Coloca() {
+    QRect pantalla = screen()->availableGeometry();
+    pantalla.setHeight(pantalla.height() - style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowCloseButtonHint);
+    setFixedSize(kMedida.boundedTo(pantalla.size()));
+    move(pantalla.topLeft());
+}
+
+bool MDIFrm::AbreLaBase() {
+    try {
+        AbrirBase(*m_proceso, m_perfil);
+        return true;
+    } catch (const Error& falla) {
+        m_avisos->Muestra(MensajeDeConexion(falla));
+        return false;
+    }
+}
+
+/// Ten positions, three of them separators. They are told apart by their place.
+void MDIFrm::PreparaBarra() {
+    QToolBar& barra = *m_ui->Toolbar1;
+    barra.setContextMenuPolicy(Qt::PreventContextMenu); // its menu would let the bar be put away
+    const std::pair<QAction*, Dibujo> dibujos[] = {
+        {m_ui->Toolbar1_1, Dibujo::Nueva},    {m_ui->Toolbar1_2, Dibujo::Modificar},
+        {m_ui->Toolbar1_3, Dibujo::Eliminar}, {m_ui->Toolbar1_4, Dibujo::Imprimir},
+        {m_ui->Toolbar1_5, Dibujo::Salir},    {m_ui->Toolbar1_7, Dibujo::Registrar},
+        {m_ui->Toolbar1_10, Dibujo::Ayuda},
+    };
+    for (const auto& [accion, dibujo] : dibujos)
+        accion->setIcon(IconoDe(dibujo));
+    connect(&barra, &QToolBar::actionTriggered, this, Protegido([this, &barra](QAction* accion) {
+        PulsaBarra(static_cast<BotonBarra>(barra.actions().indexOf(accion) + 1));
+    }));
+}
+
+void MDIFrm::ConectaMenu() {
+    const std::pair<QAction*, void (MDIFrm::*)()> ordenes[] = {
+        {m_ui->mnuNueva, &MDIFrm::Nueva},           {m_ui->mnuModificar, &MDIFrm::Modificar},
+        {m_ui->mnuEliminar, &MDIFrm::Eliminar},     {m_ui->mnuImprimir, &MDIFrm::Imprimir},
+        {m_ui->mnuModificarE, &MDIFrm::ModificarE}, {m_ui->mnuEliminarE, &MDIFrm::EliminarE},
+        {m_ui->mnuImprimirE, &MDIFrm::ImprimirE},   {m_ui->mnuBancos, &MDIFrm::Bancos},
+        {m_ui->mnuContenido, &MDIFrm::MostrarHelp}, {m_ui->mnuAcercade, &MDIFrm::Acercade},
+    };
+    for (const auto& [accion, orden] : ordenes)
+        connect(accion, &QAction::triggered, this, Protegido([this, orden = orden] { (this->*orden)(); }));
+    connect(m_ui->mnuSalir, &QAction::triggered, this, [this] { close(); });
+}
+
+void MDIFrm::PulsaBarra(BotonBarra boton) {
+    switch (boton) {
+    case BotonBarra::Nueva: return Nueva();
+    case BotonBarra::Modificar: return Modificar();
+    case BotonBarra::Eliminar: return Eliminar();
+    case BotonBarra::Imprimir: return ImprimirRegistradas();
+    case BotonBarra::Salir: close(); return;
+    case BotonBarra::Registrar: return ModificarE();
+    case BotonBarra::Ayuda: return MostrarHelp();
+    }
+}
+
+/// The flags stay when the form has closed: wanted, `Imprimir` goes by what the command before it meant.
+void MDIFrm::Pide(int opcion, bool enviadas) {
+    m_proceso->opcion = opcion;
+    m_proceso->enviadas = enviadas;
+}
+
+void MDIFrm::Abre(const std::function<std::unique_ptr<QDialog>()>& fabrica) {
+    RelojDeArena reloj;
+    const std::unique_ptr<QDialog> forma = fabrica();
+    CentraSobre(*this, *forma);
+    reloj.Suelta();
+    forma->exec();
+}
+
+void MDIFrm::Nueva() {
+    Pide(kNueva, false);
+    if (m_dialogos.declaracion)
+        Abre([this] { return m_dialogos.declaracion(Barra(), {}, this); });
+}
+
+void MDIFrm::Modificar() {
+    Pide(kModificar, false);
+    Abre([this] { return std::make_unique<FrmContAbrir>(ElEntorno(), this); });
+}
+
+void MDIFrm::Eliminar() {
+    Pide(kEliminar, false);
+    Abre([this] { return std::make_unique<FrmContAbrir>(ElEntorno(), this); });
+}
+
+/// The menu's command leaves `enviadas` as it is, unlike the toolbar's: wanted. After a print of sent declarations it
+/// lists those again.
+void MDIFrm::Imprimir() {
+    if (m_dialogos.impresion)
+        Abre([this] { return m_dialogos.impresion(Barra(), this); });
+}
+
+void MDIFrm::ImprimirRegistradas() {
+    m_proceso->enviadas = false;
+    Imprimir();
+}
+
+void MDIFrm::ModificarE() {
+    Pide(kModificar, true);
+    Abre([this] { return std::make_unique<FrmContAbrirE>(ElEntorno(), this); });
+}
+
+void MDIFrm::EliminarE() {
+    Pide(kEliminar, true);
+    Abre([this] { return std::make_unique<FrmContAbrirE>(ElEntorno(), this); });
+}
+
+void MDIFrm::ImprimirE() {
+    m_proceso->enviadas = true;
+    Imprimir();
+}
+
+void MDIFrm::Bancos() {
+    m_proceso->tipoConsulta = u"B"_s;
+    Abre([this] { return std::make_unique<FrmConsultas>(*m_proceso, this); });
+}
+
+void MDIFrm::MostrarHelp() {
+    m_ayuda->MuestraContenido();
+}
+
+void MDIFrm::Acercade() {
+    Abre([this] { return std::make_unique<frmAcercade>(this); });
+}
+
+/// Every way out comes here: both exit commands and the window's own button.
+void MDIFrm::closeEvent(QCloseEvent* evento) {
+    m_proceso->baseDatos.reset();
+    QMainWindow::closeEvent(evento);
+}
+
+void MDIFrm::mouseMoveEvent(QMouseEvent* evento) {
+    Barra().PonMensaje({});
+    QMainWindow::mouseMoveEvent(evento);
+}
+
+} // namespace xa518

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/Form.h"
+
+#include <memory>
+
+namespace Ui {
+class frmAcercade;
+}
+
+namespace xa518 {
+
+/// The box that tells what this program is.
+class frmAcercade final : public Forma {
+    Q_OBJECT
+  public:
+    explicit frmAcercade(QWidget* padre = nullptr);
+    ~frmAcercade() override;
+
+  private:
+    std::unique_ptr<Ui::frmAcercade> m_ui;
+};
+
+} // namespace xa518

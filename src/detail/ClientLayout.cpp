@@ -1,0 +1,57 @@
+#include "detail/ClientLayout.h"
+
+#include "data/ObjetoUtil.h"
+#include "values/Decimal.h"
+#include "values/Format.h"
+#include "values/Text.h"
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kRetroceso = 8;
+constexpr int kInicioLargo = 68;
+constexpr int kInicioTipoDato = 71;
+constexpr int kBaseConDecimales = 16;
+
+} // namespace
+
+Disposicion AlElegirTipo(const DatosCliente& datos) {
+    return datos.EsRuc() && !datos.numero.startsWith(u"10"_s) ? Disposicion::Empresa : Disposicion::Persona;
+}
+
+std::optional<Disposicion> AlTeclearNumero(const DatosCliente& datos) {
+    if (datos.EsDeEmpresa())
+        return Disposicion::Empresa;
+    if (datos.numero.size() < 2)
+        return std::nullopt;
+    return Disposicion::Persona;
+}
+
+AspectoNombres AspectoDe(Disposicion disposicion) {
+    if (disposicion == Disposicion::Empresa)
+        return {u"Razón Social :"_s, false, 40};
+    return {u"Nombres :"_s, true, 20};
+}
+
+ReglaDeNumero ReglaDe(QStringView item) {
+    return {Recorta(Mid(item, kInicioLargo, 2)).toInt(), Decimal::Valor(Mid(item, kInicioTipoDato, 1)).Signo() != 0};
+}
+
+int FiltraTeclaDocumento(int tecla, const ReglaDeNumero& regla) {
+    const int mayuscula = ObjetoUtil::FiltraTeclaMayuscula(tecla);
+    const QChar letra(static_cast<char16_t>(mayuscula));
+    const bool pasa = mayuscula == kRetroceso || EsDigito(letra) || (!regla.soloDigitos && EsLetra(letra));
+    return pasa ? mayuscula : 0;
+}
+
+TotalesCliente TotalesDe(int comprobantes, const QString& base, const QString& percepcion) {
+    const bool conDecimales = base.size() < kBaseConDecimales;
+    return {QString::number(comprobantes),
+            conDecimales ? Format(base, u"############.#0") : Format(base, u"##############0"),
+            Format(percepcion, u"###########0.#0")};
+}
+
+} // namespace xa518

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "detail/ClientChecks.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace xa518 {
+
+/// How the client dialog asks for names.
+enum class Disposicion { Empresa, Persona };
+
+/// The layout after a document type was picked. A RUC that begins with neither "10" nor "20" counts as a company's
+/// here and as a person's while its number is typed. Wanted.
+[[nodiscard]] Disposicion AlElegirTipo(const DatosCliente& datos);
+
+/// The layout after a key in the number; nothing while it is too short to tell, and then the layout stays.
+[[nodiscard]] std::optional<Disposicion> AlTeclearNumero(const DatosCliente& datos);
+
+/// What a layout asks of the three name fields.
+struct AspectoNombres {
+    QString rotulo; ///< `Label4`
+    bool apellidos; ///< both surnames are asked for
+    int limite;     ///< of `TxtNombres`
+};
+[[nodiscard]] AspectoNombres AspectoDe(Disposicion disposicion);
+
+/// What the item of a document type says about its number.
+struct ReglaDeNumero {
+    int limite = 0; ///< 0 without a type
+    bool soloDigitos = false;
+};
+[[nodiscard]] ReglaDeNumero ReglaDe(QStringView item);
+
+/// The key filter of `TxtNumDoc`: upper case; digits only, or digits and letters. Wanted: the flag is read here the
+/// other way round than where whole numbers are checked.
+[[nodiscard]] int FiltraTeclaDocumento(int tecla, const ReglaDeNumero& regla);
+
+/// A client's totals as its row keeps them. An amount of sixteen characters or more loses its decimals. Wanted.
+[[nodiscard]] TotalesCliente TotalesDe(int comprobantes, const QString& base, const QString& percepcion);
+
+} // namespace xa518

@@ -1,0 +1,121 @@
+#include "detail/CodeList.h"
+
+#include "data/DocumentTypes.h"
+#include "detail/VoucherTypes.h"
+#include "platform/WidgetHelpers.h"
+#include "values/Decimal.h"
+#include "values/Text.h"
+
+#include <QKeyEvent>
+#include <QSignalBlocker>
+#include <QStylePainter>
+#include <QWheelEvent>
+
+#include <utility>
+
+namespace xa518 {
+
+namespace {
+
+constexpr int kTodos = 40;
+constexpr int kLargoCodigo = 2;
+constexpr int kOfrecidosAlCliente = 82; ///< column of catalogue "044"
+constexpr int kLargoVisible = 15;
+constexpr int kFinNombreCorto = 67; ///< behind it stand the length and the flags of the number
+constexpr int kLargoItemTipo = 45;
+
+bool RecorreLista(int tecla) {
+    return tecla == Qt::Key_Up || tecla == Qt::Key_Down || tecla == Qt::Key_PageUp || tecla == Qt::Key_PageDown ||
+           tecla == Qt::Key_Home || tecla == Qt::Key_End;
+}
+
+} // namespace
+
+ListaCodigos::ListaCodigos(QWidget* padre) : QComboBox(padre), m_visiblesCerrada(kTodos) {
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    connect(this, &QComboBox::currentIndexChanged, this, [this](int indice) {
+        if (indice >= 0)
+            Q_EMIT Elegido();
+    });
+}
+
+void ListaCodigos::Llena(const QStringList& items, int visibles) {
+    const QSignalBlocker callada(this); // the first item of a list chooses itself
+    clear();
+    for (const QString& item : items)
+        addItem(Recorta(item.left(visibles)).toString(), item);
+    setCurrentIndex(-1);
+}
+
+void ListaCodigos::PonVisiblesCerrada(int caracteres) {
+    m_visiblesCerrada = caracteres;
+    setMinimumContentsLength(caracteres);
+}
+
+QString ListaCodigos::Codigo() const {
+    return CodigoDeItem(Item());
+}
+
+bool ListaCodigos::Elige(const QString& codigo) {
+    const Decimal valor = Decimal::Valor(codigo);
+    for (int i = 0; i < count(); ++i) {
+        if (Decimal::Valor(CodigoDeItem(itemData(i).toString())) == valor) {
+            setCurrentIndex(i);
+            return true;
+        }
+    }
+    return false;
+}
+
+void ListaCodigos::keyPressEvent(QKeyEvent* evento) {
+    const QString texto = evento->text();
+    if (evento->modifiers() == Qt::NoModifier && RecorreLista(evento->key()))
+        showPopup();
+    else if (!texto.isEmpty() && EsDigito(texto.front()))
+        Teclea(texto.front());
+    else
+        QComboBox::keyPressEvent(evento);
+}
+
+/// Only a whole code chooses, because a choice may move the focus on.
+void ListaCodigos::Teclea(QChar digito) {
+    m_tecleado += digito;
+    if (m_tecleado.size() == kLargoCodigo)
+        Elige(std::exchange(m_tecleado, {}));
+}
+
+void ListaCodigos::focusOutEvent(QFocusEvent* evento) {
+    m_tecleado.clear();
+    QComboBox::focusOutEvent(evento);
+}
+
+/// Scrolling past the list chooses nothing.
+void ListaCodigos::wheelEvent(QWheelEvent* evento) {
+    evento->ignore();
+}
+
+void ListaCodigos::paintEvent(QPaintEvent* /*evento*/) {
+    QStylePainter pincel(this);
+    QStyleOptionComboBox opcion;
+    initStyleOption(&opcion);
+    opcion.currentText = opcion.currentText.left(m_visiblesCerrada);
+    pincel.drawComplexControl(QStyle::CC_ComboBox, opcion);
+    pincel.drawControl(QStyle::CE_ComboBoxLabel, opcion);
+}
+
+void LlenaTiposDeDocumento(ListaCodigos& lista, Base& base) {
+    QStringList items;
+    for (const TipoDocumento& tipo : DocumentosOfrecidos(base, kOfrecidosAlCliente))
+        items.append(tipo.Item());
+    lista.PonVisiblesCerrada(kLargoVisible);
+    lista.Llena(items, kFinNombreCorto);
+    FijaAnchoCombo(lista, lista, kLargoVisible);
+}
+
+void LlenaTiposDeComprobante(ListaCodigos& lista, const QStringList& items) {
+    lista.PonVisiblesCerrada(kLargoCodigo);
+    lista.Llena(items, kLargoItemTipo);
+    AjustaCombo(lista, lista);
+}
+
+} // namespace xa518

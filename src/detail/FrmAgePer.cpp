@@ -1,0 +1,287 @@
+#include "detail/FrmAgePer.h"
+
+#include "data/Process.h"
+#include "data/WorkVouchers.h"
+#include "detail/FrmDetAgePer.h"
+#include "detail/ReadablePalette.h"
+#include "detail/ShowVerdict.h"
+#include "detail/ui_FrmAgePer.h"
+#include "platform/Application.h"
+#include "platform/FieldFocus.h"
+#include "platform/FieldKeys.h"
+#include "platform/HourGlass.h"
+#include "values/Format.h"
+#include "values/Text.h"
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kLargoSinTipo = 8;
+const QString kMascara = u"###,###,###,##0.#0"_s;
+
+int Campo(ColumnaComprobante columna) {
+    return static_cast<int>(columna);
+}
+
+/// Wanted: the mask goes to the amount charged and the rate; the perception shows as it is stored.
+QList<ColumnaDeGrilla> Columnas() {
+    const auto columna = [](const QString& titulo, ColumnaComprobante campo, const QString& mascara = {}) {
+        const bool derecha = campo >= ColumnaComprobante::Base;
+        return ColumnaDeGrilla{titulo, Campo(campo), derecha, mascara};
+    };
+    using enum ColumnaComprobante;
+    return {columna(u"\nSerie\nComprobante"_s, Serie),
+            columna(u"\nNúmero\nComprobante"_s, Numero),
+            columna(u"Fecha\nde emisión\nComprobante"_s, Fecha),
+            columna(u"Monto\nCobrado"_s, Base, kMascara),
+            columna(u"Tasa"_s, Tasa, kMascara),
+            columna(u"Percepción"_s, Percepcion)};
+}
+
+} // namespace
+
+FrmAgePer::FrmAgePer(Proceso& proceso, Avisos& avisos, const QString& mkePeriodo,
+                     const std::optional<FilaCliente>& fila, QWidget* padre)
+    : Forma(padre)
+    , m_ui(std::make_unique<Ui::FrmAgePer>())
+    , m_proceso(&proceso)
+    , m_avisos(&avisos)
+    , m_comprobantes(Columnas()) {
+    const RelojDeArena reloj;
+    m_ui->setupUi(this);
+    AclaraDeshabilitados(*this);
+    Prepara({m_ui->CmdSalir});
+    m_proceso->periodoDeclarado = PeriodoDePantalla(mkePeriodo);
+    LlenaTiposDeDocumento(*m_ui->CmbTipDoc, *m_proceso->baseDatos);
+    Cabeceragrilla();
+    PonDisposicion(Disposicion::Persona);
+    PreparaCampos();
+    ConectaBotones();
+    if (!EsNuevo() && fila)
+        MuestraCliente(*fila);
+    if (m_proceso->enviadas)
+        DesActiva(); // last of all, so that no layout enables a field again
+}
+
+FrmAgePer::~FrmAgePer() = default;
+
+void FrmAgePer::Cabeceragrilla() {
+    m_ui->GrdPer->setModel(&m_comprobantes);
+}
+
+void FrmAgePer::PreparaCampos() {
+    const auto marca = [this] { m_hayCambiosCliente = true; };
+    QLineEdit& numero = *m_ui->TxtNumDoc;
+    FiltraTeclas(numero, [this](int tecla) { return FiltraTeclaDocumento(tecla, ReglaDe(m_ui->CmbTipDoc->Item())); });
+    AlEntrar(numero, [this, &numero] {
+        const int largo = ReglaDe(m_ui->CmbTipDoc->Item()).limite;
+        LimitaTecleo(numero, largo == 0 ? kLargoSinTipo : largo);
+    });
+    for (QLineEdit* nombre : {m_ui->TxtApePat, m_ui->TxtApeMat, m_ui->TxtNombres})
+        SoloNombre(*nombre);
+    for (QLineEdit* campo : {m_ui->TxtNumDoc, m_ui->TxtApePat, m_ui->TxtApeMat, m_ui->TxtNombres}) {
+        SinPegar(*campo);
+        EntrarComoTab(*campo);
+        AlTeclear(*campo, marca);
+    }
+    connect(m_ui->CmbTipDoc, &ListaCodigos::Elegido, this, [this] { AlElegirTipoDoc(); });
+    connect(&numero, &QLineEdit::textEdited, this, Protegido([this] { AlTeclearDocumento(); }));
+}
+
+void FrmAgePer::ConectaBotones() {
+    const auto alPulsar = [this](QAbstractButton* boton, void (FrmAgePer::*manejador)()) {
+        connect(boton, &QAbstractButton::clicked, this, Protegido([this, manejador] { (this->*manejador)(); }));
+    };
+    alPulsar(m_ui->CmdOpciones_0, &FrmAgePer::Nuevo);
+    alPulsar(m_ui->CmdOpciones_1, &FrmAgePer::Modificar);
+    alPulsar(m_ui->CmdOpciones_2, &FrmAgePer::Eliminar);
+    alPulsar(m_ui->CmdSalir, &FrmAgePer::Salir);
+    connect(m_ui->CmdAceptar, &QPushButton::clicked, this, Protegido([this] {
+                if (Acepta())
+                    Termina();
+            }));
+    connect(m_ui->GrdPer, &GrillaDeLectura::FilaActivada, this, Protegido([this] { Modificar(); }));
+}
+
+void FrmAgePer::MuestraCliente(const FilaCliente& fila) {
+    m_ui->CmbTipDoc->Elige(fila.tipDocPer);
+    m_ui->TxtNumDoc->setText(Recorta(fila.numDocPer).toString());
+    FijaIdentidad();
+    if (Datos().EsDeEmpresa()) {
+        PonDisposicion(Disposicion::Empresa);
+        m_ui->TxtNombres->setText(fila.desRazon);
+        return;
+    }
+    PonDisposicion(Disposicion::Persona);
+    m_ui->TxtApePat->setText(fila.apellidoP);
+    m_ui->TxtApeMat->setText(fila.apellidoM);
+    m_ui->TxtNombres->setText(fila.nombres);
+}
+
+void FrmAgePer::DesActiva() {
+    for (QWidget* campo : QList<QWidget*>{m_ui->CmbTipDoc, m_ui->TxtNumDoc, m_ui->TxtApePat, m_ui->TxtApeMat,
+                                          m_ui->TxtNombres, m_ui->CmdOpciones_0, m_ui->CmdOpciones_2, m_ui->CmdAceptar})
+        campo->setEnabled(false);
+    m_ui->CmdOpciones_1->setText(u"&Detalle"_s);
+}
+
+void FrmAgePer::AlActivar() {
+    const int fila = m_ui->GrdPer->Fila();
+    LigaGrilla();
+    m_ui->GrdPer->PonFila(fila);
+    m_ui->GrdPer->AjustaColumnas(Campo(ColumnaComprobante::Numero));
+}
+
+void FrmAgePer::AlElegirTipoDoc() {
+    const QString tipo = m_ui->CmbTipDoc->Codigo();
+    if (tipo != m_ultimoTipo)
+        m_ui->TxtNumDoc->clear();
+    m_ultimoTipo = tipo;
+    LimitaTecleo(*m_ui->TxtNumDoc, ReglaDe(m_ui->CmbTipDoc->Item()).limite);
+    PonDisposicion(AlElegirTipo(Datos()));
+}
+
+void FrmAgePer::AlTeclearDocumento() {
+    const DatosCliente datos = Datos();
+    if (const std::optional<Disposicion> disposicion = AlTeclearNumero(datos))
+        PonDisposicion(*disposicion);
+    const auto yaRegistrado = [&] { return EsNuevo() && ClientesTrabajo(*m_proceso->baseDatos).Existe(datos.Clave()); };
+    (void)Atiende(*this, *m_avisos, ValidaAlTeclear(datos, m_proceso->docDeclarante, yaRegistrado));
+}
+
+void FrmAgePer::PonDisposicion(Disposicion disposicion) {
+    const AspectoNombres aspecto = AspectoDe(disposicion);
+    for (QWidget* apellido : QList<QWidget*>{m_ui->Label1, m_ui->Label3, m_ui->TxtApePat, m_ui->TxtApeMat})
+        apellido->setVisible(aspecto.apellidos);
+    m_ui->TxtApePat->setEnabled(aspecto.apellidos);
+    m_ui->TxtApeMat->setEnabled(aspecto.apellidos);
+    m_ui->Label4->setText(aspecto.rotulo);
+    LimitaTecleo(*m_ui->TxtNombres, aspecto.limite);
+}
+
+void FrmAgePer::FijaIdentidad() {
+    m_ui->CmbTipDoc->setEnabled(false);
+    m_ui->TxtNumDoc->setEnabled(false);
+}
+
+void FrmAgePer::Nuevo() {
+    RelojDeArena reloj;
+    m_proceso->modoDetalle = u"0"_s;
+    const DatosCliente datos = Datos();
+    const auto yaRegistrado = [&] { return EsNuevo() && ClientesTrabajo(*m_proceso->baseDatos).Existe(datos.Clave()); };
+    if (!Atiende(*this, *m_avisos, ValidaParaComprobante(datos, m_proceso->docDeclarante, yaRegistrado)))
+        return;
+    reloj.Suelta();
+    AbreComprobante({{datos.Clave(), {}, {}, {}}, {}});
+    FijaIdentidad(); // wanted also when no voucher was entered
+}
+
+void FrmAgePer::Modificar() {
+    RelojDeArena reloj;
+    m_proceso->modoDetalle = u"1"_s;
+    if (m_ui->GrdPer->Fila() < 0)
+        return;
+    const DatosCliente datos = Datos();
+    if (datos.EsRuc() && !Atiende(*this, *m_avisos, ValidaRucDeCliente(datos.numero, m_proceso->docDeclarante)))
+        return;
+    reloj.Suelta();
+    AbreComprobante(Seleccionado());
+}
+
+void FrmAgePer::AbreComprobante(const Comprobante& comprobante) {
+    FrmDetAgePer detalle(*m_proceso, *m_avisos, comprobante, this);
+    AbreModal(detalle);
+}
+
+void FrmAgePer::Eliminar() {
+    const RelojDeArena reloj;
+    if (m_ui->GrdPer->Fila() < 0 || !ConfirmaEliminacion(*m_avisos))
+        return;
+    ComprobantesTrabajo(*m_proceso->baseDatos).Elimina(Seleccionado().clave);
+    LigaGrilla();
+    m_ui->GrdPer->PonFila(0);
+}
+
+bool FrmAgePer::Acepta() {
+    const DatosCliente datos = Datos();
+    if (!Atiende(*this, *m_avisos, ValidaParaAceptar(datos, m_proceso->docDeclarante)))
+        return false;
+    if (m_comprobantes.rowCount() == 0) {
+        Rechaza(*m_avisos, u"Ingrese al menos un comprobante de pago"_s); // of perception; wanted so
+        return false;
+    }
+    ClientesTrabajo clientes(*m_proceso->baseDatos);
+    if (!EsNuevo()) {
+        clientes.Modifica(datos.Clave(), datos.Nombres(), Totales());
+        return true;
+    }
+    if (clientes.Existe(datos.Clave()))
+        return Atiende(*this, *m_avisos, ClienteRegistrado(datos));
+    clientes.Agrega(datos.Clave(), datos.Nombres(), Totales());
+    return true;
+}
+
+void FrmAgePer::Salir() {
+    if (m_proceso->enviadas) {
+        Termina();
+        return;
+    }
+    ClientesTrabajo clientes(*m_proceso->baseDatos);
+    const ClaveCliente cliente = Datos().Clave();
+    if (m_comprobantes.rowCount() == 0 && !EsNuevo()) {
+        if (!Confirma(*m_avisos, u"No hay comprobantes. Si sale se borrará este registro. ¿Esta Seguro?"_s))
+            return;
+        clientes.Borra(cliente);
+        Termina();
+        return;
+    }
+    if (!EsNuevo())
+        clientes.EscribeTotales(cliente, Totales()); // they stay true even if the names aren't saved: wanted
+    if (m_hayCambiosCliente && PreguntaGuardar(*m_avisos))
+        (void)Acepta(); // the dialog closes even when it is refused: wanted
+    if (EsNuevo())
+        clientes.BarreSinCliente(cliente);
+    Termina();
+}
+
+void FrmAgePer::LigaGrilla() {
+    const ClaveCliente cliente = Datos().Clave();
+    m_comprobantes.Consulta(*m_proceso->baseDatos, ComprobantesTrabajo::SqlDeCliente(),
+                            {cliente.tipoDoc, cliente.numero});
+    m_ui->lblNumTrab->setText(u"   Registros      "_s + QString::number(m_comprobantes.rowCount()));
+    ActualizaTotales();
+}
+
+void FrmAgePer::ActualizaTotales() {
+    const ClientesTrabajo::Sumas sumas = ClientesTrabajo(*m_proceso->baseDatos).SumaComprobantes(Datos().Clave());
+    m_ui->TxtBase->setText(Format(sumas.base, u"##############0.#0"));
+    m_ui->TxtPercepcion->setText(Format(sumas.percepcion, kMascara));
+}
+
+bool FrmAgePer::EsNuevo() const {
+    return m_proceso->opcionDetalle == u"0";
+}
+
+DatosCliente FrmAgePer::Datos() const {
+    return {m_ui->CmbTipDoc->Codigo(), m_ui->TxtNumDoc->text(), m_ui->TxtApePat->text(), m_ui->TxtApeMat->text(),
+            m_ui->TxtNombres->text()};
+}
+
+TotalesCliente FrmAgePer::Totales() const {
+    return TotalesDe(m_comprobantes.rowCount(), m_ui->TxtBase->text(), m_ui->TxtPercepcion->text());
+}
+
+Comprobante FrmAgePer::Seleccionado() const {
+    using enum ColumnaComprobante;
+    const auto texto = [this](ColumnaComprobante columna) {
+        return m_comprobantes.Texto(m_ui->GrdPer->Fila(), Campo(columna));
+    };
+    return {
+        {Datos().Clave(), texto(Serie), texto(Numero), texto(TipCp)},
+        {texto(CpFact), texto(ListaClie), texto(MedPago), texto(Fecha), texto(Base), texto(Percepcion), texto(Tasa)}};
+}
+
+} // namespace xa518

@@ -1,0 +1,182 @@
+#include "detail/VoucherChecks.h"
+
+#include "data/ObjetoUtil.h"
+#include "detail/VoucherDates.h"
+#include "values/Dates.h"
+#include "values/Format.h"
+#include "values/Text.h"
+
+#include <algorithm>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kSerie = u"TxtSerie"_s;
+const QString kNumero = u"TxtNumero"_s;
+const QString kDesdeLetras = u"20100719"_s;
+const QString kSoloPrimera = u"No se permite letras desde la segunda a la cuarta posición en el número de serie."_s;
+constexpr int kLargoSerie = 4;
+
+/// The verdicts of a list of checks that stops at the first fault.
+template <typename... Chequeos>
+Veredicto Primero(const Chequeos&... chequeos) {
+    Veredicto veredicto;
+    (void)((veredicto = chequeos(), veredicto.pasa) && ...);
+    return veredicto;
+}
+
+Veredicto Critico(const QString& texto, const QString& campo) {
+    return Veredicto::Rechaza({Icono::Critico, texto, {}}, campo);
+}
+
+/// As the utility object's message shows.
+Veredicto Advierte(const QString& texto) {
+    return Veredicto::Rechaza({Icono::Exclamacion, texto, {}}, kSerie);
+}
+
+Veredicto Si(bool falta, const QString& texto, const QString& campo) {
+    return falta ? Critico(texto, campo) : Veredicto::Bien();
+}
+
+bool EstaVacio(const QString& texto) {
+    return Recorta(texto).isEmpty();
+}
+
+/// Anything but a day of the calendar counts as before the change: an underscore would sort behind the digits.
+bool DesdeElCambio(const QString& fecha) {
+    return EsFecha(fecha) && FormatFecha(fecha, u"yyyymmdd") >= kDesdeLetras;
+}
+
+bool EmpiezaBien(QStringView serie) {
+    return !serie.isEmpty() && (EsLetra(serie.front()) || EsDigito(serie.front()));
+}
+
+/// The blank that this text lacks after the date stands in the payment voucher's. Wanted.
+QString SoloLetrasODigitos(const QString& separador) {
+    return u"Desde el 2010/07/19"_s + separador +
+           u"sólo se permite letras o dígitos en la primera posición del número de serie"_s;
+}
+
+Veredicto ValidaSerieConLetra(const QString& serie) {
+    if (!EmpiezaBien(serie))
+        return Advierte(SoloLetrasODigitos({}));
+    for (int posicion = 1; posicion < kLargoSerie; ++posicion) {
+        if (posicion >= serie.size())
+            return Advierte(u"Debe registrar correctamente el número de serie."_s);
+        if (EsLetra(serie[posicion]))
+            return Advierte(kSoloPrimera);
+    }
+    return Veredicto::Bien();
+}
+
+Veredicto ValidaSerie(const DatosComprobante& datos) {
+    if (DesdeElCambio(datos.fecha))
+        return ValidaSerieConLetra(datos.serie);
+    return Si(!EsDigito(datos.serie.front()), u"El número de serie debe ser numérico"_s, kSerie);
+}
+
+Veredicto ValidaIdentidad(const DatosComprobante& datos) {
+    return Primero(
+        [&] {
+            return Si(datos.contado && datos.tipoCp.isEmpty(), u"Ingrese el tipo de comprobante de pago"_s,
+                      u"CmbTipoCP"_s);
+        },
+        [&] { return Si(EstaVacio(datos.serie), u"Ingrese la serie"_s, kSerie); },
+        [&] { return Si(EstaVacio(datos.numero), u"Ingrese el número del documento"_s, kNumero); },
+        [&] {
+            return Si(SignoDelValor(datos.numero) == 0, u"El número de comprobante de percepción no puede ser cero"_s,
+                      kNumero);
+        },
+        [&] { return ValidaSerie(datos); });
+}
+
+Veredicto ValidaSerieDePago(const DatosPago& datos) {
+    const QString texto = u"El número de serie del comprobante de pago no es válido"_s;
+    const bool soloLetrasYDigitos = ObjetoUtil::ValidaTextoDoc(datos.serie);
+    const bool nueva = DesdeElCambio(datos.fecha);
+    const QStringView recortada = Recorta(datos.serie);
+    return Primero(
+        [&] { return Si(AdmiteLetras(datos.tipo) && !soloLetrasYDigitos, texto, kSerie); },
+        // Padding leaves a series with letters alone, so that "A12" ends here. Wanted.
+        [&] { return Si(recortada.size() != kLargoSerie, texto, kSerie); },
+        [&] { return Si(!nueva && !soloLetrasYDigitos, texto, kSerie); },
+        [&] { return nueva && !EmpiezaBien(datos.serie) ? Advierte(SoloLetrasODigitos(u" "_s)) : Veredicto::Bien(); },
+        [&] {
+            const bool otraLetra = std::any_of(recortada.begin() + 1, recortada.end(), EsLetra);
+            return nueva && otraLetra ? Advierte(kSoloPrimera) : Veredicto::Bien();
+        });
+}
+
+Veredicto ValidaIdentidad(const DatosPago& datos) {
+    return Primero([&] { return Si(datos.tipo.isEmpty(), u"Ingrese el tipo de documento"_s, u"CmbTipoDoc"_s); },
+                   [&] { return Si(EstaVacio(datos.serie), u"Ingrese la serie"_s, kSerie); },
+                   [&] { return Si(EstaVacio(datos.numero), u"Ingrese el número del documento"_s, kNumero); },
+                   [&] {
+                       return Si(SignoDelValor(datos.numero) == 0,
+                                 u"El número de comprobante de pago no puede ser cero."_s, kNumero);
+                   },
+                   [&] { return Si(EsNumericoCero(datos.serie), u"El número de serie no puede ser cero."_s, kSerie); });
+}
+
+/// A lone point has the value 0, so that the last test is never reached. Wanted: the order is the system's.
+Veredicto ValidaMonto(const QString& monto) {
+    const QString campo = u"TxtMtoDet"_s;
+    const QString falta = u"Ingrese el valor total del comprobante de pago"_s;
+    if (monto.isEmpty())
+        return Critico(falta, campo);
+    const QString sinGrupos = Format(monto, u"###########0.###0");
+    if (Decimal::Valor(sinGrupos) < Decimal::Valor(u"0.01"))
+        return Critico(u"Ingrese valor total del comprobante de pago mayor a cero."_s, campo);
+    return Si(monto == u".", falta, campo);
+}
+
+/// "1" and "0" for the answers, `abierta` for none.
+QString Codigo(const Contestacion& respuesta, const QString& abierta) {
+    if (!respuesta)
+        return abierta;
+    return *respuesta ? u"1"_s : u"0"_s;
+}
+
+} // namespace
+
+bool AdmiteLetras(QStringView tipo) {
+    return tipo == u"01" || tipo == u"03" || tipo == u"07" || tipo == u"08";
+}
+
+Veredicto ValidaGrabar(const DatosComprobante& datos, const QString& periodoDeclarado, const QDate& hoy) {
+    return Primero(
+        [&] { return ValidaIdentidad(datos); }, [&] { return ValidaFechaEscrita(datos.fecha); },
+        [&] { return ValidaFecha(datos.fecha, periodoDeclarado, hoy); },
+        [&] {
+            return Si(datos.monto.isEmpty() || datos.monto == u".", u"Ingrese el Monto cobrado"_s, u"TxtMtoBase"_s);
+        },
+        [&] {
+            return Si(datos.exigeListado && !datos.respuestas.listado,
+                      u"Conteste si su cliente figura en el listado publicado por ZOLMA"_s, u"OptListado_0"_s);
+        });
+}
+
+Veredicto ValidaGrabar(const DatosPago& datos, const std::function<Veredicto()>& fechaOrigen) {
+    return Primero([&] { return ValidaIdentidad(datos); }, [&] { return ValidaFechaEscrita(datos.fecha); },
+                   [&] {
+                       return Si(!ObjetoUtil::FechaEnRango(datos.fecha, u"01/01/1900", u"01/01/2500"),
+                                 u"Debe ingresar una fecha válida."_s, u"MkeFecEmis"_s);
+                   },
+                   fechaOrigen, [&] { return ValidaSerieDePago(datos); }, [&] { return ValidaMonto(datos.monto); });
+}
+
+CamposComprobante CamposDe(const DatosComprobante& datos, const QString& percepcion, const QString& tasa) {
+    const Respuestas& r = datos.respuestas;
+    return {Codigo(r.cpFact, {}),
+            Codigo(r.listado, u"9"_s),
+            Codigo(r.venta, u"9"_s),
+            datos.fecha,
+            Format(datos.monto, u"############.#0"),
+            Format(percepcion, u"###########0.#0"),
+            tasa};
+}
+
+} // namespace xa518

@@ -1,0 +1,202 @@
+#include "detail/frmPerDet.h"
+
+#include "data/ObjetoUtil.h"
+#include "data/Process.h"
+#include "detail/ReadablePalette.h"
+#include "detail/ShowVerdict.h"
+#include "detail/VoucherDates.h"
+#include "detail/VoucherTypes.h"
+#include "detail/ui_frmPerDet.h"
+#include "platform/Application.h"
+#include "platform/Clock.h"
+#include "platform/FieldKeys.h"
+#include "platform/HourGlass.h"
+#include "platform/Notices.h"
+#include "platform/WidgetHelpers.h"
+#include "values/Dates.h"
+#include "values/Format.h"
+#include "values/Text.h"
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+frmPerDet::frmPerDet(Proceso& proceso, Avisos& avisos, const ComprobanteDePago& pago, const QString& lblTipo,
+                     QWidget* padre)
+    : Forma(padre)
+    , m_ui(std::make_unique<Ui::frmPerDet>())
+    , m_proceso(&proceso)
+    , m_avisos(&avisos)
+    , m_comprobante(pago.clave.comprobante)
+    , m_lblTipo(lblTipo) {
+    const RelojDeArena reloj;
+    m_ui->setupUi(this);
+    AclaraDeshabilitados(*this);
+    Prepara({m_ui->CmdOpciones_1});
+    PreparaCampos();
+    PreparaMonto();
+    ConectaBotones();
+    CargaTipoDoc();
+    if (!EsNuevo())
+        MuestraPago(pago);
+    m_ui->CmdOpciones_0->setEnabled(!m_proceso->enviadas);
+    m_cargando = false;
+}
+
+frmPerDet::~frmPerDet() = default;
+
+void frmPerDet::PreparaCampos() {
+    const auto marca = [this] { m_hayCambiosPago = true; };
+    const auto tipo = [this] { return m_ui->CmbTipoDoc->Codigo(); };
+    QLineEdit& serie = *m_ui->TxtSerie;
+    SoloSerie(serie, [tipo] { return AdmiteLetras(tipo()); });
+    CompletaSerie(serie);
+    QLineEdit& numero = *m_ui->TxtNumero;
+    SoloNumero(numero);
+    CompletaConCeros(numero, [tipo] { return LimiteDeNumero(tipo()); });
+    for (QLineEdit* campo : QList<QLineEdit*>{&numero, m_ui->MkeFecEmis, m_ui->TxtMtoDet})
+        EntrarComoTab(*campo);
+    for (QLineEdit* campo : QList<QLineEdit*>{&serie, &numero, m_ui->TxtMtoDet})
+        AlTeclear(*campo, marca); // the date alone is no change: wanted
+    for (QLineEdit* campo : QList<QLineEdit*>{&serie, &numero, m_ui->MkeFecEmis, m_ui->TxtMtoDet})
+        SinPegar(*campo);
+    AlSalir(*m_ui->MkeFecEmis, [this] { return AlDejarFecha(); });
+}
+
+void frmPerDet::PreparaMonto() {
+    QLineEdit& monto = *m_ui->TxtMtoDet;
+    const auto limites = [this]() -> const MontoDePago& { return MontoDe(m_ui->CmbTipoDoc->Codigo()); };
+    SoloMonto(monto, [limites] { return LimitesDeMonto{limites().conPunto, limites().sinPunto}; });
+    FormatosDeFoco(
+        monto, [limites](const QString& texto) { return Format(texto, limites().mascara); },
+        [](const QString& texto) { return Format(texto, u"###,###,###,##0.#0"); });
+    AlEntrar(monto, [&monto, limites] { LimitaTecleo(monto, limites().conPunto); });
+    connect(&monto, &QLineEdit::textChanged, this, Protegido([this, &monto](const QString& escrito) {
+        const QString queda = LimitaMontoDePago(m_ui->CmbTipoDoc->Codigo(), escrito);
+        if (queda != escrito)
+            monto.setText(queda);
+    }));
+}
+
+void frmPerDet::ConectaBotones() {
+    connect(m_ui->CmbTipoDoc, &ListaCodigos::Elegido, this, [this] { AlElegirTipoDoc(); });
+    connect(m_ui->CmdOpciones_0, &QPushButton::clicked, this, Protegido([this] { AlAceptar(); }));
+    connect(m_ui->CmdOpciones_1, &QPushButton::clicked, this, Protegido([this] { Salir(); }));
+}
+
+void frmPerDet::CargaTipoDoc() {
+    LlenaTiposDeComprobante(*m_ui->CmbTipoDoc, TiposDePago(*m_proceso->baseDatos, m_lblTipo));
+}
+
+void frmPerDet::MuestraPago(const ComprobanteDePago& pago) {
+    const QString& tipo = pago.clave.tipo;
+    m_ui->CmbTipoDoc->Elige(tipo);
+    m_ui->TxtSerie->setText(pago.clave.serie);
+    m_ui->TxtNumero->setText(pago.clave.numero);
+    m_ui->MkeFecEmis->setText(pago.fecha);
+    m_ui->TxtMtoDet->setText(MontoEditado(tipo, pago.monto));
+    for (QWidget* campo : QList<QWidget*>{m_ui->CmbTipoDoc, m_ui->TxtSerie, m_ui->TxtNumero})
+        campo->setEnabled(false);
+    m_ui->MkeFecEmis->setEnabled(!m_proceso->enviadas);
+    m_ui->TxtMtoDet->setEnabled(!m_proceso->enviadas);
+    if (!m_proceso->enviadas)
+        m_ui->MkeFecEmis->setFocus(); // with its text selected, to be typed over
+}
+
+void frmPerDet::LimpiaCampos() {
+    m_ui->LblDesDoc->clear();
+    for (QLineEdit* campo : {m_ui->TxtSerie, m_ui->TxtNumero, m_ui->TxtMtoDet})
+        campo->clear();
+    m_ui->MkeFecEmis->setText({});
+    CargaTipoDoc();
+    m_ui->CmbTipoDoc->setFocus();
+}
+
+void frmPerDet::AlElegirTipoDoc() {
+    const QString tipo = m_ui->CmbTipoDoc->Codigo();
+    m_ui->LblDesDoc->setText(DescripcionDeItem(m_ui->CmbTipoDoc->Item()));
+    QLineEdit& numero = *m_ui->TxtNumero;
+    LimitaTecleo(numero, LimiteDeNumero(tipo));
+    if (Recorta(numero.text()).size() > LimiteDeNumero(tipo))
+        numero.clear();
+    LimitaTecleo(*m_ui->TxtMtoDet, MontoDe(tipo).limite);
+    if (tipo == u"07")
+        m_ui->TxtMtoDet->clear();
+    if (!m_cargando)
+        EnviaTecla(u"TAB"_s);
+}
+
+/// A date before 2005 that the person confirms lets the focus go on, as a TAB would.
+Salida frmPerDet::AlDejarFecha() {
+    const Veredicto veredicto = FechaOrigen();
+    if (veredicto)
+        return Salida::Libre;
+    if (veredicto.mensaje)
+        m_avisos->Muestra(*veredicto.mensaje);
+    return veredicto.campo.isEmpty() ? Salida::Libre : Salida::Retenida;
+}
+
+Veredicto frmPerDet::FechaOrigen() const {
+    const auto confirma = [this](const Mensaje& pregunta) { return m_avisos->Pregunta(pregunta) == Respuesta::Si; };
+    return ValidaFechaOrigen(m_ui->MkeFecEmis->text(), m_proceso->periodoDeclarado, m_proceso->reloj.Hoy(),
+                             m_cargando ? Confirmacion() : Confirmacion(confirma));
+}
+
+bool frmPerDet::ValidaFecha() {
+    const QString fecha = m_ui->MkeFecEmis->text();
+    const bool delPeriodo = EsFecha(fecha) && PeriodoDeFecha(fecha) == m_proceso->periodoDeclarado;
+    if (!delPeriodo)
+        Rechaza(*m_avisos, u"La fecha no es válida."_s);
+    return delPeriodo;
+}
+
+void frmPerDet::AlAceptar() {
+    if (!Acepta())
+        return;
+    if (!EsNuevo()) {
+        Termina();
+        return;
+    }
+    LimpiaCampos();
+    m_hayCambiosPago = false;
+}
+
+bool frmPerDet::Acepta() {
+    const DatosPago datos = Datos();
+    if (!Atiende(*this, *m_avisos, ValidaGrabar(datos, [this] { return FechaOrigen(); })))
+        return false;
+    PagosTrabajo pagos(*m_proceso->baseDatos);
+    const QString monto = MontoGuardado(datos.tipo, datos.monto, EsNuevo());
+    if (!EsNuevo()) {
+        pagos.Modifica(Clave(), datos.fecha, monto);
+    } else if (pagos.Existe(Clave())) {
+        Rechaza(*m_avisos, u"La información ya ha sido registrada"_s);
+        return false;
+    } else {
+        pagos.Agrega(Clave(), datos.fecha, monto);
+    }
+    Q_EMIT Guardado();
+    m_avisos->Muestra({Icono::Informacion, u"La información se grabó satisfactoriamente"_s, {}});
+    return true;
+}
+
+void frmPerDet::Salir() {
+    if (!m_proceso->enviadas && m_hayCambiosPago && PreguntaGuardar(*m_avisos))
+        (void)Acepta(); // the dialog closes even when it is refused: wanted
+    Termina();
+}
+
+bool frmPerDet::EsNuevo() const {
+    return m_proceso->modoPago == u"0";
+}
+
+DatosPago frmPerDet::Datos() const {
+    return {m_ui->CmbTipoDoc->Codigo(), m_ui->TxtSerie->text(), m_ui->TxtNumero->text(), m_ui->MkeFecEmis->text(),
+            m_ui->TxtMtoDet->text()};
+}
+
+ClavePago frmPerDet::Clave() const {
+    return {m_comprobante, m_ui->CmbTipoDoc->Codigo(), m_ui->TxtSerie->text(), m_ui->TxtNumero->text()};
+}
+
+} // namespace xa518

@@ -1,0 +1,188 @@
+#include "launcher/Backups.h"
+
+#include "data/Base.h"
+#include "data/SchemaVersion.h"
+#include "launcher/FileHolders.h"
+#include "launcher/PrivateFiles.h"
+#include "launcher/Schema.h"
+#include "platform/Clock.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <filesystem>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kPrefijo = u"XA000-"_s;
+const QString kMarca = u"yyyyMMdd-HHmmss"_s;
+const QString kExtension = u".DB"_s;
+const QString kExtensionDanada = u".DANADA"_s; ///< no copy to restore, but what is left of a broken base
+const QString kDiario = u"-journal"_s;
+constexpr qint64 kRafaga = 3600; ///< seconds that a row of quick copies may run ahead of the clock
+
+Veredicto Rechaza(const QString& texto) {
+    return Veredicto::Rechaza({Icono::Critico, texto, {}}, {});
+}
+
+/// Why the file, a copy of a copy, can't take the base's place; empty when it can. Its tables are brought up to date.
+QString MotivoDeRechazo(const QString& ruta) {
+    try {
+        const std::unique_ptr<Base> copia = Base::Abre(ruta);
+        const QStringList defectos = Respaldos::Defectos(*copia);
+        if (!defectos.isEmpty())
+            return u"está dañado: "_s + defectos.constFirst();
+        if (VersionDe(*copia) == 0)
+            return u"no es una base de estos programas."_s;
+        const EstadoEsquema estado = Esquema().Aplica(*copia);
+        if (estado.resultado == ResultadoEsquema::MasNuevo)
+            return u"es de una versión posterior de estos programas."_s;
+        return estado.resultado == ResultadoEsquema::Fallido ? estado.motivo : QString();
+    } catch (const ErrorBase& error) {
+        return u"no se puede leer como base de datos (%1)."_s.arg(error.Texto());
+    }
+}
+
+void Mueve(const QString& origen, const QString& destino) {
+    std::error_code falla;
+    std::filesystem::rename(QFileInfo(origen).filesystemFilePath(), QFileInfo(destino).filesystemFilePath(), falla);
+    if (falla)
+        throw Error(NumeroError::AccesoAlDisco, u"No se puede reemplazar el archivo '%1'."_s.arg(destino));
+}
+
+/// A folder beside the files that are to get their place by a rename, gone with the object.
+class LugarDePaso {
+  public:
+    explicit LugarDePaso(const QString& carpeta) : m_lugar(carpeta + u"/.respaldo-XXXXXX"_s) {
+        if (!m_lugar.isValid())
+            throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir en la carpeta '%1'."_s.arg(carpeta));
+    }
+    [[nodiscard]] QString Archivo() const { return m_lugar.filePath(u"copia"_s); }
+
+  private:
+    QTemporaryDir m_lugar;
+};
+
+} // namespace
+
+Respaldos::Respaldos(QString rutaBase, QString carpeta, const Reloj& reloj)
+    : m_rutaBase(std::move(rutaBase)), m_carpeta(std::move(carpeta)), m_reloj(&reloj) {}
+
+QStringList Respaldos::Defectos(Base& base) {
+    QStringList defectos;
+    Registros lineas = base.Lee(u"PRAGMA integrity_check(10)"_s);
+    while (lineas.Siguiente()) {
+        if (lineas.Texto(0) != u"ok")
+            defectos += lineas.Texto(0).split(u'\n', Qt::SkipEmptyParts);
+    }
+    return defectos;
+}
+
+QString Respaldos::Haz() const {
+    CreaCarpetaPrivada(m_carpeta);
+    const LugarDePaso lugar(m_carpeta);
+    Base::Abre(m_rutaBase)->Ejecuta(u"VACUUM INTO ?"_s, {lugar.Archivo()});
+    const QStringList defectos = Defectos(*Base::Abre(lugar.Archivo()));
+    if (!defectos.isEmpty())
+        throw Error(NumeroError::AccesoAlDisco, u"La copia de respaldo salió dañada: %1"_s.arg(defectos.constFirst()));
+    const QString destino = NombreLibre(kExtension);
+    CopiaPrivada(lugar.Archivo(), destino); // the engine doesn't wait for the disk in a copy of its own
+    QuitaSobrantes(destino);
+    return destino;
+}
+
+/// Copies made within a second get the marks of the seconds that follow, so that their order stays. A mark further
+/// ahead than that comes from a clock that was wrong.
+QString Respaldos::NombreLibre(const QString& extension) const {
+    QDateTime momento = m_reloj->Ahora();
+    const QList<Respaldo> anteriores = Lista();
+    if (!anteriores.isEmpty() && momento.secsTo(anteriores.first().fecha) < kRafaga)
+        momento = std::max(momento, anteriores.first().fecha.addSecs(1));
+    QString ruta;
+    do {
+        ruta = m_carpeta + u'/' + kPrefijo + momento.toString(kMarca) + extension;
+        momento = momento.addSecs(1);
+    } while (QFileInfo::exists(ruta));
+    return ruta;
+}
+
+QList<Respaldo> Respaldos::Lista() const {
+    QList<Respaldo> lista;
+    const QDir::SortFlags alReves = QDir::Name | QDir::Reversed;
+    for (const QFileInfo& archivo :
+         QDir(m_carpeta).entryInfoList({kPrefijo + u'*' + kExtension}, QDir::Files, alReves)) {
+        const QDateTime fecha = QDateTime::fromString(archivo.completeBaseName().sliced(kPrefijo.size()), kMarca);
+        if (fecha.isValid())
+            lista.append({archivo.filePath(), fecha, archivo.size()});
+    }
+    return lista;
+}
+
+/// The copy that was just made stays whatever its mark says: the clock may have been set back.
+void Respaldos::QuitaSobrantes(const QString& reciente) const {
+    QList<Respaldo> anteriores = Lista();
+    anteriores.removeIf([&](const Respaldo& copia) { return copia.ruta == reciente; });
+    for (const Respaldo& copia : anteriores.mid(kConservados - 1))
+        QFile::remove(copia.ruta);
+}
+
+Veredicto Respaldos::Restaura(const QString& archivo) const {
+    if (!QFileInfo(archivo).isFile())
+        return Rechaza(u"No se encuentra el archivo '%1'."_s.arg(archivo));
+    CreaCarpetaPrivada(m_carpeta);
+    const LugarDePaso lugar(QFileInfo(m_rutaBase).absolutePath());
+    CopiaPrivada(archivo, lugar.Archivo());
+    const QString motivo = MotivoDeRechazo(lugar.Archivo());
+    if (!motivo.isEmpty())
+        return Rechaza(u"El archivo '%1' no se puede restaurar: %2"_s.arg(archivo, motivo));
+    if (Veredicto veredicto = ExigeLibre(); !veredicto)
+        return veredicto;
+    GuardaLoQueHay();
+    Mueve(lugar.Archivo(), m_rutaBase);
+    return Veredicto::Bien();
+}
+
+/// A program that opens the base in the very moment between this and the change keeps the old file, and the engine
+/// refuses its writes because the file has moved.
+Veredicto Respaldos::ExigeLibre() const {
+    const QStringList programas = ProgramasQueUsan(m_rutaBase);
+    if (!programas.isEmpty())
+        return Rechaza(
+            u"La base está en uso por otro programa: %1. Ciérrelo antes de restaurar."_s.arg(programas.join(u", "_s)));
+    try {
+        const std::unique_ptr<Base> base = Base::Abre(m_rutaBase);
+        base->Ejecuta(u"BEGIN EXCLUSIVE"_s);
+        base->Ejecuta(u"ROLLBACK"_s);
+    } catch (const ErrorBase& error) {
+        if (error.Es(NumeroError::BaseBloqueada))
+            return Rechaza(u"La base está en uso por otro programa o es de sólo lectura. Inténtelo de nuevo cuando esté"
+                           " libre."_s);
+        // A base that is missing or can't be read is what a copy is restored for.
+    }
+    return Veredicto::Bien();
+}
+
+void Respaldos::GuardaLoQueHay() const {
+    if (!QFileInfo::exists(m_rutaBase))
+        return;
+    try {
+        (void)Haz();
+        return;
+    } catch (const ErrorBase&) { // NOLINT(bugprone-empty-catch)
+        // It can't be read: its bytes are kept below, in case that somebody can mend them.
+    }
+    const QString destino = NombreLibre(kExtensionDanada);
+    CopiaPrivada(m_rutaBase, destino);
+    // The journal of a broken base must not be played back over the sound one.
+    if (QFileInfo::exists(m_rutaBase + kDiario))
+        Mueve(m_rutaBase + kDiario, destino + kDiario);
+}
+
+} // namespace xa518

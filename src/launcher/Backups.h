@@ -1,0 +1,58 @@
+#pragma once
+
+#include "values/Message.h"
+
+#include <QDateTime>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+namespace xa518 {
+
+class Base;
+class Reloj;
+
+/// A copy of the base as it stood at a moment.
+struct Respaldo {
+    QString ruta;
+    QDateTime fecha;
+    qint64 bytes = 0;
+};
+
+/// The dated copies of the base, in a folder of their own. A copy holds what one moment of the base held, whoever was
+/// writing meanwhile, and it is read through before it counts as one.
+class Respaldos {
+  public:
+    /// As many as are kept; a further one takes the place of the oldest.
+    static constexpr qsizetype kConservados = 20;
+
+    Respaldos(QString rutaBase, QString carpeta, const Reloj& reloj);
+
+    /// Makes a copy and returns its full name. Raises `Error`, and then the folder is as it was.
+    [[nodiscard]] QString Haz() const;
+
+    /// The newest first.
+    [[nodiscard]] QList<Respaldo> Lista() const;
+
+    /// Puts a copy in the base's place, whole or not at all; one of an earlier version gets the tables of this one.
+    /// What stood there is kept first: as one more copy, or byte by byte when it can't be read any more. Refused for a
+    /// file that is no sound base of these programs, and while another program uses the base. Raises `Error`.
+    [[nodiscard]] Veredicto Restaura(const QString& archivo) const;
+
+    /// What the engine finds wrong in the base, a line for each thing; nothing in a sound one.
+    [[nodiscard]] static QStringList Defectos(Base& base);
+
+    [[nodiscard]] const QString& Carpeta() const { return m_carpeta; }
+
+  private:
+    [[nodiscard]] QString NombreLibre(const QString& extension) const;
+    [[nodiscard]] Veredicto ExigeLibre() const;
+    void GuardaLoQueHay() const;
+    void QuitaSobrantes(const QString& reciente) const;
+
+    QString m_rutaBase;
+    QString m_carpeta;
+    const Reloj* m_reloj;
+};
+
+} // namespace xa518

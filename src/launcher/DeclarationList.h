@@ -1,0 +1,37 @@
+#pragma once
+
+#include "data/DeclarationKey.h"
+
+#include <QList>
+#include <QString>
+
+namespace xa518 {
+
+class Base;
+
+/// The values of `estado`.
+inline constexpr int kEstadoLimpia = 0;
+inline constexpr int kEstadoEnviada = 1;
+inline constexpr int kEstadoInconsistente = 9;
+
+/// A declaration as a list shows it.
+struct DeclaracionListada {
+    ClaveDeclaracion clave;
+    QString nombre; ///< the declarant's; empty when nobody is registered under the number any more
+    int estado = kEstadoLimpia;
+    bool rectifica = false;
+    QString fechaProceso;
+    // Only of a sent copy.
+    QString fechaEnvio;
+    QString control;
+    QString orden; ///< empty until it is registered
+
+    [[nodiscard]] QString Periodo() const; ///< mm/yyyy
+    [[nodiscard]] QString Estado() const;  ///< in words
+    [[nodiscard]] QString Rectifica() const;
+};
+
+/// The registered declarations of all declarants, or the sent copies, the latest period first.
+[[nodiscard]] QList<DeclaracionListada> ListaDeclaraciones(Base& base, bool enviadas);
+
+} // namespace xa518

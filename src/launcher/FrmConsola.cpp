@@ -1,0 +1,194 @@
+#include "launcher/FrmConsola.h"
+
+#include "app/Startup.h"
+#include "launcher/ModuleStart.h"
+#include "launcher/PagCopias.h"
+#include "launcher/PagDeclarantes.h"
+#include "launcher/PagEnviadas.h"
+#include "launcher/PagRegistradas.h"
+#include "platform/Application.h"
+#include "platform/HourGlass.h"
+#include "platform/Notices.h"
+#include "ui_FrmConsola.h"
+
+#include <QDir>
+#include <QScreen>
+#include <QShortcut>
+#include <QStyle>
+#include <QTabBar>
+#include <QTimer>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize kTamano(1000, 560);
+
+} // namespace
+
+FrmConsola::FrmConsola(const EntornoConsola& entorno, Avisos& avisos, QString carpetaPrograma, VistaDeInforme vista)
+    : m_ui(std::make_unique<Ui::FrmConsola>())
+    , m_avisos(&avisos)
+    , m_carpetaPrograma(std::move(carpetaPrograma))
+    , m_sesion(entorno) {
+    m_ui->setupUi(this);
+    setWindowTitle(kTituloIntegrador);
+    const int lado = style()->pixelMetric(QStyle::PM_LargeIconSize);
+    m_ui->LblIcono->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(lado));
+    m_ui->FraAviso->hide();
+    PonFichas(std::move(vista));
+    connect(m_ui->CmdModulo, &QPushButton::clicked, this, Protegido([this] { AbreModulo(); }));
+    connect(m_ui->CmdActualizar, &QPushButton::clicked, this, Protegido([this] { Recarga(); }));
+    connect(m_ui->CmdInstalar, &QPushButton::clicked, this, Protegido([this] { OfreceInstalar(); }));
+    auto* actualizar = new QShortcut(QKeySequence::Refresh, this);
+    connect(actualizar, &QShortcut::activated, m_ui->CmdActualizar, &QPushButton::click);
+    resize(kTamano.boundedTo(screen()->availableSize()));
+}
+
+FrmConsola::~FrmConsola() = default;
+
+void FrmConsola::PonFichas(VistaDeInforme vista) {
+    const EntornoPagina entorno{m_sesion, *m_avisos};
+    QTabWidget& fichas = *m_ui->TabFichas;
+    const auto agrega = [&](Pagina* pagina, const QString& titulo) {
+        fichas.addTab(pagina, titulo);
+        connect(pagina, &Pagina::Cambio, this, &FrmConsola::Recarga);
+        return pagina;
+    };
+    m_paginas = {agrega(new PagDeclarantes(entorno, &fichas), u"&Declarantes"_s),
+                 agrega(new PagRegistradas(entorno, &fichas), u"&Registradas"_s),
+                 agrega(new PagEnviadas(entorno, &fichas), u"Enviada&s"_s),
+                 agrega(new PagInformes(entorno, std::move(vista), &fichas), u"&Informes"_s)};
+    m_copias = new PagCopias(entorno, &fichas);
+    agrega(m_copias, u"&Copias de respaldo"_s);
+    connect(&fichas, &QTabWidget::currentChanged, this, [&fichas] {
+        if (!fichas.tabBar()->hasFocus())
+            fichas.currentWidget()->setFocus();
+    });
+    fichas.currentWidget()->setFocus();
+    connect(m_copias, &PagCopias::Restaurada, this, Protegido([this] { RevisaBase(); }));
+}
+
+/// What may ask something waits until the window can be seen: the question would stand alone otherwise.
+void FrmConsola::showEvent(QShowEvent* evento) {
+    QMainWindow::showEvent(evento);
+    if (!std::exchange(m_arrancada, true))
+        QTimer::singleShot(0, this, Protegido([this] { Arranca(); }));
+}
+
+/// Another program may have changed the base while the person was there.
+bool FrmConsola::event(QEvent* evento) {
+    if (evento->type() == QEvent::WindowActivate && m_arrancada)
+        Recarga();
+    return QMainWindow::event(evento);
+}
+
+void FrmConsola::Arranca() {
+    Recarga();
+    if (!m_sesion.HayInstalacion())
+        OfreceInstalar();
+    else if (!m_falta.isEmpty())
+        m_avisos->Muestra({Icono::Critico, m_falta, {}});
+    else
+        RevisaBase();
+}
+
+void FrmConsola::OfreceInstalar() {
+    const bool primera = !m_sesion.HayInstalacion();
+    const QString carpeta = QDir::toNativeSeparators(m_sesion.Carpeta());
+    const QString texto =
+        primera ? u"Todavía no hay una instalación en este equipo.\n\n¿Desea crear la base de datos y su catálogo en la"
+                  " carpeta '%1'?"_s.arg(carpeta)
+                : u"¿Desea instalar de nuevo en la carpeta '%1'?\n\nSe conserva lo que haya. Si falta la base se crea"
+                  " una vacía: si tiene una copia de respaldo, restáurela en vez de instalar."_s.arg(carpeta);
+    if (m_avisos->Pregunta({Icono::Pregunta, texto, {}}, primera ? Respuesta::Si : Respuesta::No) == Respuesta::Si)
+        Instala();
+}
+
+void FrmConsola::Instala() {
+    const QString texto =
+        u"¿Desea agregar también la empresa de ejemplo, con archivos para practicar la importación?"_s;
+    const bool conEjemplo = m_avisos->Pregunta({Icono::Pregunta, texto, {}}, Respuesta::No) == Respuesta::Si;
+    try {
+        RelojDeArena reloj;
+        (void)m_sesion.Instala(conEjemplo);
+        reloj.Suelta();
+        Recarga();
+        m_avisos->Muestra(
+            {Icono::Informacion,
+             u"La instalación quedó lista en la carpeta '%1'.%2"_s.arg(
+                 QDir::toNativeSeparators(m_sesion.Carpeta()),
+                 conEjemplo ? u"\n\nLos archivos para practicar están en su subcarpeta EJEMPLO."_s : QString()),
+             {}});
+    } catch (const Error& error) {
+        m_avisos->Muestra({Icono::Critico, TextoDeFalla(error), {}});
+        Recarga();
+    }
+}
+
+void FrmConsola::RevisaBase() {
+    try {
+        const RelojDeArena reloj;
+        m_defectos = Respaldos::Defectos(*m_sesion.Abre()).join(u'\n');
+    } catch (const Error& error) {
+        m_defectos = TextoDeFalla(error);
+    }
+    Recarga();
+    if (!m_defectos.isEmpty())
+        m_avisos->Muestra(
+            {Icono::Critico,
+             u"La revisión de la base encontró daños:\n\n%1\n\nRestaure una de sus copias de respaldo."_s.arg(
+                 m_defectos),
+             {}});
+}
+
+void FrmConsola::AbreModulo() {
+    if (const Veredicto veredicto = IniciaModulo(m_carpetaPrograma); !veredicto)
+        m_avisos->Muestra(*veredicto.mensaje);
+}
+
+/// The failure stands above the pages and not in a box: a box that closes brings the focus back, which reloads.
+void FrmConsola::Recarga() {
+    try {
+        MuestraContenido();
+    } catch (const Error& error) {
+        MuestraFalta(error);
+    }
+    m_ui->LblBase->setText(m_sesion.HayInstalacion()
+                               ? u"Usuario: %1     Base: %2"_s.arg(m_sesion.Usuario(), m_sesion.RutaBase())
+                               : QString());
+    m_ui->LblBase->setToolTip(m_sesion.RutaBase());
+}
+
+void FrmConsola::MuestraContenido() {
+    m_copias->Carga();
+    const std::unique_ptr<Base> base = m_sesion.Abre();
+    for (Pagina* pagina : m_paginas) {
+        pagina->Carga(*base);
+        pagina->setEnabled(true);
+    }
+    m_falta.clear();
+    const bool sana = m_defectos.isEmpty();
+    PonAviso(sana ? QString() : u"La base está dañada: restaure una de sus copias de respaldo."_s, false);
+}
+
+/// While another program holds the base the pages stay as they were, and what is done on them is refused with its
+/// message.
+void FrmConsola::MuestraFalta(const Error& error) {
+    const bool ocupada = error.Es(NumeroError::BaseBloqueada);
+    for (Pagina* pagina : m_paginas)
+        pagina->setEnabled(ocupada);
+    m_falta = TextoDeFalla(error);
+    PonAviso(m_sesion.HayInstalacion() ? m_falta : u"Todavía no hay una instalación en este equipo."_s,
+             LoArreglaInstalar(error));
+}
+
+void FrmConsola::PonAviso(const QString& texto, bool instalable) {
+    m_ui->LblAviso->setText(texto);
+    m_ui->CmdInstalar->setVisible(instalable);
+    m_ui->FraAviso->setVisible(!texto.isEmpty());
+}
+
+} // namespace xa518

@@ -1,0 +1,61 @@
+#include "launcher/FrmDeclarante.h"
+
+#include "platform/Application.h"
+#include "platform/FieldKeys.h"
+#include "platform/Notices.h"
+#include "platform/WidgetHelpers.h"
+#include "ui_FrmDeclarante.h"
+#include "values/Text.h"
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+FrmDeclarante::FrmDeclarante(Avisos& avisos, const Declarante& inicial, const QStringList& usuarios, Escritura escribe,
+                             QWidget* padre)
+    : Forma(padre), m_ui(std::make_unique<Ui::FrmDeclarante>()), m_avisos(&avisos), m_escribe(std::move(escribe)) {
+    m_ui->setupUi(this);
+    SoloDigitos(*m_ui->TxtRuc);
+    for (QLineEdit* campo : {m_ui->TxtRuc, m_ui->TxtNombre})
+        TextoSinCorte(*campo);
+    Muestra(inicial, usuarios);
+    connect(m_ui->CmdAceptar, &QPushButton::clicked, this, Protegido([this] { Acepta(); }));
+    connect(m_ui->CmdCancelar, &QPushButton::clicked, this, &FrmDeclarante::reject);
+    Prepara({m_ui->CmdCancelar});
+}
+
+FrmDeclarante::~FrmDeclarante() = default;
+
+void FrmDeclarante::Muestra(const Declarante& inicial, const QStringList& usuarios) {
+    const bool nuevo = inicial.ruc.isEmpty();
+    setWindowTitle(nuevo ? u"Agregar declarante"_s : u"Modificar declarante"_s);
+    m_ui->TxtRuc->setText(inicial.ruc);
+    m_ui->TxtRuc->setEnabled(nuevo);
+    m_ui->TxtNombre->setText(inicial.nombre);
+    m_ui->CmbUsuario->addItems(usuarios);
+    m_ui->CmbUsuario->setCurrentText(inicial.usuario);
+    (nuevo ? m_ui->TxtRuc : m_ui->TxtNombre)->setFocus();
+}
+
+void FrmDeclarante::Acepta() {
+    const Declarante declarante{m_ui->TxtRuc->text(), m_ui->TxtNombre->text(), m_ui->CmbUsuario->currentText()};
+    const Veredicto veredicto = m_escribe(declarante);
+    if (veredicto) {
+        m_guardado = Recorta(declarante.ruc).toString();
+        Termina();
+        return;
+    }
+    m_avisos->Muestra(*veredicto.mensaje);
+    if (QWidget* campo = Campo(veredicto.campo))
+        Enfoca(*campo);
+}
+
+QWidget* FrmDeclarante::Campo(const QString& nombre) const {
+    if (nombre == u"ruc")
+        return m_ui->TxtRuc;
+    if (nombre == u"nombre")
+        return m_ui->TxtNombre;
+    return nombre == u"usuario" ? m_ui->CmbUsuario : nullptr;
+}
+
+} // namespace xa518

@@ -1,0 +1,79 @@
+#include "launcher/PagCopias.h"
+
+#include "launcher/Session.h"
+#include "platform/HourGlass.h"
+#include "platform/Notices.h"
+#include "ui_PagCopias.h"
+
+#include <QFileInfo>
+#include <QLocale>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString Momento(const Respaldo& copia) {
+    return copia.fecha.toString(u"dd/MM/yyyy HH:mm:ss"_s);
+}
+
+QString Tamano(const Respaldo& copia) {
+    return QLocale(QLocale::Spanish, QLocale::Peru)
+        .formattedDataSize(copia.bytes, 1, QLocale::DataSizeTraditionalFormat);
+}
+
+} // namespace
+
+PagCopias::PagCopias(const EntornoPagina& entorno, QWidget* padre)
+    : Pagina(entorno, padre), m_ui(std::make_unique<Ui::PagCopias>()) {
+    m_ui->setupUi(this);
+    setFocusProxy(m_ui->GrdCopias);
+    m_ui->GrdCopias->PonColumnas({u"Fecha"_s, u"Tamaño"_s, u"Archivo"_s});
+    connect(m_ui->GrdCopias, &TablaFilas::Cambia, this,
+            [this] { m_ui->CmdRestaurar->setEnabled(m_ui->GrdCopias->Actual() >= 0); });
+    connect(m_ui->CmdCopiar, &QPushButton::clicked, this, Accion([this] { Haz(); }));
+    connect(m_ui->CmdRestaurar, &QPushButton::clicked, this, Accion([this] { Restaura(); }));
+}
+
+PagCopias::~PagCopias() = default;
+
+void PagCopias::Carga() {
+    const bool instalada = LaSesion().HayInstalacion();
+    m_lista = instalada ? LaSesion().Copias().Lista() : QList<Respaldo>();
+    QList<FilaDeLista> filas;
+    for (const Respaldo& copia : m_lista)
+        filas.append({copia.ruta, {Momento(copia), Tamano(copia), QFileInfo(copia.ruta).fileName()}});
+    m_ui->GrdCopias->Llena(filas);
+    m_ui->LblCopias->setText(
+        u"Copias de respaldo: %1. Se conservan las últimas %2."_s.arg(m_lista.size()).arg(Respaldos::kConservados));
+    m_ui->CmdCopiar->setEnabled(instalada);
+}
+
+void PagCopias::Haz() {
+    RelojDeArena reloj;
+    const QString ruta = LaSesion().Copias().Haz();
+    reloj.Suelta();
+    LosAvisos().Muestra({Icono::Informacion, u"La copia de respaldo quedó guardada en '%1'."_s.arg(ruta), {}});
+    Carga();
+    m_ui->GrdCopias->Elige(ruta);
+}
+
+void PagCopias::Restaura() {
+    const Respaldo copia = m_lista.at(m_ui->GrdCopias->Actual());
+    const QString texto = u"¿Confirma que va a poner la base tal como estaba el %1?\n\nLo que se hizo después dejará de"
+                          " estar en la base. Antes se guarda una copia de lo que hay ahora."_s.arg(Momento(copia));
+    if (LosAvisos().Pregunta({Icono::Pregunta, texto, {}}, Respuesta::No) == Respuesta::No)
+        return;
+    RelojDeArena reloj;
+    const Veredicto veredicto = LaSesion().Copias().Restaura(copia.ruta);
+    reloj.Suelta();
+    if (!veredicto) {
+        LosAvisos().Muestra(*veredicto.mensaje);
+        return;
+    }
+    Q_EMIT Restaurada();
+    LosAvisos().Muestra({Icono::Informacion, u"La base quedó como estaba el %1."_s.arg(Momento(copia)), {}});
+}
+
+} // namespace xa518

@@ -1,0 +1,83 @@
+#include "launcher/PagDeclarantes.h"
+
+#include "launcher/FrmDeclarante.h"
+#include "launcher/Session.h"
+#include "platform/Notices.h"
+#include "ui_PagDeclarantes.h"
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+PagDeclarantes::PagDeclarantes(const EntornoPagina& entorno, QWidget* padre)
+    : Pagina(entorno, padre), m_ui(std::make_unique<Ui::PagDeclarantes>()) {
+    m_ui->setupUi(this);
+    setFocusProxy(m_ui->GrdDeclarantes);
+    m_ui->GrdDeclarantes->PonColumnas({u"RUC"_s, u"Nombre o razón social"_s, u"Usuario"_s});
+    connect(m_ui->GrdDeclarantes, &TablaFilas::Cambia, this, &PagDeclarantes::ActualizaBotones);
+    connect(m_ui->GrdDeclarantes, &TablaFilas::Decidida, this, Accion([this] { Modifica(); }));
+    connect(m_ui->CmdAgregar, &QPushButton::clicked, this, Accion([this] { Agrega(); }));
+    connect(m_ui->CmdModificar, &QPushButton::clicked, this, Accion([this] { Modifica(); }));
+    connect(m_ui->CmdEliminarDeclarante, &QPushButton::clicked, this, Accion([this] { Elimina(); }));
+    ActualizaBotones();
+}
+
+PagDeclarantes::~PagDeclarantes() = default;
+
+void PagDeclarantes::Carga(Base& base) {
+    const Declarantes declarantes(base);
+    m_lista = declarantes.Lista();
+    m_usuarios = declarantes.Usuarios();
+    QList<FilaDeLista> filas;
+    for (const Declarante& declarante : m_lista)
+        filas.append({declarante.ruc, {declarante.ruc, declarante.nombre, declarante.usuario}});
+    m_ui->GrdDeclarantes->Llena(filas);
+    m_ui->LblDeclarantes->setText(u"Declarantes registrados: %1"_s.arg(m_lista.size()));
+}
+
+void PagDeclarantes::Agrega() {
+    Abre({{}, {}, LaSesion().Usuario()}, &Declarantes::Agrega);
+}
+
+void PagDeclarantes::Modifica() {
+    Abre(m_lista.at(m_ui->GrdDeclarantes->Actual()), &Declarantes::Modifica);
+}
+
+/// A failure while the dialog is open is a refusal like any other: what was typed stays.
+void PagDeclarantes::Abre(const Declarante& inicial, Veredicto (Declarantes::*escribe)(Declarante)) {
+    const auto guarda = [this, escribe](const Declarante& declarante) {
+        try {
+            const std::unique_ptr<Base> base = LaSesion().Abre();
+            Declarantes declarantes(*base);
+            return (declarantes.*escribe)(declarante);
+        } catch (const Error& error) {
+            return Veredicto::Rechaza({Icono::Critico, TextoDeFalla(error), {}}, {});
+        }
+    };
+    FrmDeclarante forma(LosAvisos(), inicial, m_usuarios, guarda, window());
+    forma.exec();
+    if (forma.Guardado())
+        Carga(*LaSesion().Abre());
+    m_ui->GrdDeclarantes->Elige(forma.Guardado().value_or(inicial.ruc));
+}
+
+void PagDeclarantes::Elimina() {
+    const Declarante declarante = m_lista.at(m_ui->GrdDeclarantes->Actual());
+    const Mensaje pregunta{
+        Icono::Pregunta,
+        u"¿Confirma que va a eliminar al declarante %1, %2?"_s.arg(declarante.ruc, declarante.nombre),
+        {}};
+    if (LosAvisos().Pregunta(pregunta, Respuesta::No) == Respuesta::No)
+        return;
+    const std::unique_ptr<Base> base = LaSesion().Abre();
+    if (const Veredicto veredicto = Declarantes(*base).Elimina(declarante.ruc); !veredicto)
+        LosAvisos().Muestra(*veredicto.mensaje);
+}
+
+void PagDeclarantes::ActualizaBotones() {
+    const bool hay = m_ui->GrdDeclarantes->Actual() >= 0;
+    m_ui->CmdModificar->setEnabled(hay);
+    m_ui->CmdEliminarDeclarante->setEnabled(hay);
+}
+
+} // namespace xa518

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "launcher/Declarants.h"
+#include "launcher/Page.h"
+
+#include <memory>
+
+namespace Ui {
+class PagDeclarantes;
+}
+
+namespace xa518 {
+
+/// The register of declarants: add, change, remove.
+class PagDeclarantes final : public Pagina {
+    Q_OBJECT
+  public:
+    explicit PagDeclarantes(const EntornoPagina& entorno, QWidget* padre = nullptr);
+    ~PagDeclarantes() override;
+
+    void Carga(Base& base) override;
+
+  private:
+    void Agrega();
+    void Modifica();
+    void Elimina();
+    void Abre(const Declarante& inicial, Veredicto (Declarantes::*escribe)(Declarante));
+    void ActualizaBotones();
+
+    std::unique_ptr<Ui::PagDeclarantes> m_ui;
+    QList<Declarante> m_lista;
+    QStringList m_usuarios;
+};
+
+} // namespace xa518

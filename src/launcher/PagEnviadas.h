@@ -1,0 +1,26 @@
+#pragma once
+
+#include "launcher/Page.h"
+
+#include <memory>
+
+namespace Ui {
+class PagEnviadas;
+}
+
+namespace xa518 {
+
+/// The sent copies of declarations, to look at.
+class PagEnviadas final : public Pagina {
+    Q_OBJECT
+  public:
+    explicit PagEnviadas(const EntornoPagina& entorno, QWidget* padre = nullptr);
+    ~PagEnviadas() override;
+
+    void Carga(Base& base) override;
+
+  private:
+    std::unique_ptr<Ui::PagEnviadas> m_ui;
+};
+
+} // namespace xa518

@@ -1,0 +1,65 @@
+#include "launcher/PagRegistradas.h"
+
+#include "launcher/Session.h"
+#include "platform/HourGlass.h"
+#include "platform/Notices.h"
+#include "ui_PagRegistradas.h"
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+PagRegistradas::PagRegistradas(const EntornoPagina& entorno, QWidget* padre)
+    : Pagina(entorno, padre), m_ui(std::make_unique<Ui::PagRegistradas>()) {
+    m_ui->setupUi(this);
+    setFocusProxy(m_ui->GrdRegistradas);
+    m_ui->GrdRegistradas->PonColumnas(
+        {u"RUC"_s, u"Nombre o razón social"_s, u"Período"_s, u"Rectifica"_s, u"Grabada"_s, u"Estado"_s});
+    connect(m_ui->GrdRegistradas, &TablaFilas::Cambia, this,
+            [this] { m_ui->CmdEnviar->setEnabled(m_ui->GrdRegistradas->Actual() >= 0); });
+    connect(m_ui->GrdRegistradas, &TablaFilas::Decidida, this, Accion([this] { Envia(); }));
+    connect(m_ui->CmdEnviar, &QPushButton::clicked, this, Accion([this] { Envia(); }));
+}
+
+PagRegistradas::~PagRegistradas() = default;
+
+void PagRegistradas::Carga(Base& base) {
+    m_lista = ListaDeclaraciones(base, false);
+    QList<FilaDeLista> filas;
+    for (const DeclaracionListada& declaracion : m_lista)
+        filas.append({declaracion.clave.ruc + u'|' + declaracion.clave.periodo,
+                      {declaracion.clave.ruc, declaracion.nombre, declaracion.Periodo(), declaracion.Rectifica(),
+                       declaracion.fechaProceso, declaracion.Estado()}});
+    m_ui->GrdRegistradas->Llena(filas);
+    m_ui->LblRegistradas->setText(u"Declaraciones grabadas y todavía no enviadas: %1"_s.arg(m_lista.size()));
+}
+
+/// What can't be sent is told before the question, and once more by the sending itself.
+void PagRegistradas::Envia() {
+    const DeclaracionListada declaracion = m_lista.at(m_ui->GrdRegistradas->Actual());
+    ResultadoEnvio resultado{Envio(*LaSesion().Abre(), LaSesion().ElReloj()).Valida(declaracion.clave), {}, {}};
+    if (resultado.veredicto) {
+        if (!Confirma(declaracion))
+            return;
+        RelojDeArena reloj;
+        resultado = LaSesion().Envia(declaracion.clave);
+    }
+    if (!resultado.veredicto) {
+        LosAvisos().Muestra(*resultado.veredicto.mensaje);
+        return;
+    }
+    Q_EMIT Cambio();
+    LosAvisos().Muestra({Icono::Informacion,
+                         u"La declaración fue enviada.\n\nCopia enviada: %1\nNúmero de control: %2"_s.arg(
+                             resultado.correl, resultado.control),
+                         {}});
+}
+
+bool PagRegistradas::Confirma(const DeclaracionListada& declaracion) const {
+    const QString texto =
+        u"¿Confirma el envío de la declaración?\n\nRUC: %1\nNombre: %2\nPeríodo: %3\n\nUna declaración"
+        " enviada ya no se puede modificar."_s.arg(declaracion.clave.ruc, declaracion.nombre, declaracion.Periodo());
+    return LosAvisos().Pregunta({Icono::Pregunta, texto, {}}, Respuesta::No) == Respuesta::Si;
+}
+
+} // namespace xa518

@@ -1,0 +1,22 @@
+#include "launcher/Page.h"
+
+#include "launcher/Session.h"
+#include "platform/Application.h"
+#include "platform/Notices.h"
+
+namespace xa518 {
+
+Pagina::Pagina(const EntornoPagina& entorno, QWidget* padre) : QWidget(padre), m_entorno(entorno) {}
+
+std::function<void()> Pagina::Accion(std::function<void()> trabajo) {
+    return Protegido([this, trabajo = std::move(trabajo)] {
+        try {
+            trabajo();
+        } catch (const Error& error) {
+            LosAvisos().Muestra({Icono::Critico, TextoDeFalla(error), {}});
+        }
+        Q_EMIT Cambio();
+    });
+}
+
+} // namespace xa518

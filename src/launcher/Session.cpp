@@ -1,0 +1,94 @@
+#include "launcher/Session.h"
+
+#include "app/Configuration.h"
+#include "data/SchemaVersion.h"
+#include "launcher/Installation.h"
+#include "platform/Clock.h"
+
+#include <algorithm>
+#include <array>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kCarpetaCopias = u"RESPALDOS"_s;
+
+// The engine's own numbers, which no message of the modules knows.
+constexpr int kBaseDanada = 11;
+constexpr int kNoEsBase = 26;
+
+constexpr std::array kFaltas = {NumeroError::ArchivoNoEncontrado, NumeroError::ArgumentoInvalido,
+                                NumeroError::BaseNoExiste,        NumeroError::GrupoNoExiste,
+                                NumeroError::CuentaRechazada,     NumeroError::VersionAjena};
+
+} // namespace
+
+Sesion::Sesion(const EntornoConsola& entorno)
+    : m_entorno(entorno), m_perfil(entorno.rutaIni), m_proceso(entorno.reloj) {}
+
+bool Sesion::HayInstalacion() const {
+    const QStringList claves{u"SysPath"_s, u"DBPath"_s, u"DBName"_s};
+    return std::none_of(claves.cbegin(), claves.cend(),
+                        [this](const QString& clave) { return m_perfil.Lee(kSeccionOpciones, clave).isEmpty(); });
+}
+
+QString Sesion::Carpeta() const {
+    return Instalacion::CarpetaVigente(m_perfil, m_entorno.carpeta);
+}
+
+QStringList Sesion::Instala(bool conEjemplo) {
+    Instalacion instalacion(Carpeta(), m_perfil);
+    QStringList hecho = instalacion.Instala(m_entorno.usuario);
+    return conEjemplo ? hecho + instalacion.InstalaEjemplo() : hecho;
+}
+
+void Sesion::Lee() {
+    ExigeInstalacion(m_perfil);
+    LeerIni(m_proceso, m_perfil);
+}
+
+/// Checking the account takes a good part of a second, wanted so by its hash: once for each installation is enough.
+std::unique_ptr<Base> Sesion::Abre() {
+    Lee();
+    if (m_verificada != m_proceso.sysPath) {
+        AbrirBase(m_proceso, m_perfil);
+        m_verificada = m_proceso.sysPath;
+        return std::move(m_proceso.baseDatos);
+    }
+    std::unique_ptr<Base> base = Base::Abre(m_proceso.rutaBase);
+    ExigeVersion(*base);
+    return base;
+}
+
+Respaldos Sesion::Copias() {
+    Lee();
+    return {m_proceso.rutaBase, m_proceso.sysPath + kCarpetaCopias, m_entorno.reloj};
+}
+
+ResultadoEnvio Sesion::Envia(const ClaveDeclaracion& clave) {
+    const std::unique_ptr<Base> base = Abre();
+    Envio envio(*base, m_entorno.reloj);
+    if (Veredicto veredicto = envio.Valida(clave); !veredicto)
+        return {std::move(veredicto), {}, {}};
+    (void)Copias().Haz();
+    return envio.Envia(clave);
+}
+
+QString TextoDeFalla(const Error& error) {
+    if (error.Es(NumeroError::BaseBloqueada))
+        return u"La base de datos está en uso por otro programa, o es de sólo lectura. Espere a que el otro programa"
+               " termine y vuelva a intentarlo."_s;
+    if (error.Numero() == kBaseDanada || error.Numero() == kNoEsBase)
+        return u"%1 Restaure una de sus copias de respaldo."_s.arg(error.Texto());
+    return u"%1 (error %2)"_s.arg(error.Texto()).arg(error.Numero());
+}
+
+bool LoArreglaInstalar(const Error& error) {
+    const auto esEste = [&](NumeroError numero) { return error.Es(numero); };
+    return std::any_of(kFaltas.cbegin(), kFaltas.cend(), esEste);
+}
+
+} // namespace xa518

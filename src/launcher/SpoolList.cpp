@@ -1,0 +1,73 @@
+#include "launcher/SpoolList.h"
+
+#include "data/Base.h"
+#include "data/Transaction.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kCabecera = 4096; ///< the tags stand in the first lines
+
+/// The number that the head of a spool file tells; 0 when it tells none, nothing without the file.
+std::optional<int> HojasDe(const QString& ruta) {
+    QFile archivo(ruta);
+    if (!archivo.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const QByteArray cabecera = archivo.read(kCabecera);
+    const QByteArray abre = "<!nHojas!>";
+    const qsizetype inicio = cabecera.indexOf(abre);
+    const qsizetype fin = cabecera.indexOf("<!/nHojas!>", inicio);
+    if (inicio < 0 || fin < 0)
+        return 0;
+    return cabecera.sliced(inicio + abre.size(), fin - inicio - abre.size()).trimmed().toInt();
+}
+
+QString Mostrada(const QString& fecha) {
+    const QDateTime momento = QDateTime::fromString(fecha, Qt::ISODate);
+    return momento.isValid() ? momento.toString(u"dd/MM/yyyy HH:mm"_s) : fecha;
+}
+
+} // namespace
+
+QString InformeRegistrado::Titulo() const {
+    static const QHash<QString, QString> titulos = {{u"PER005"_s, u"Errores de importación"_s},
+                                                    {u"PER006"_s, u"Declaración"_s},
+                                                    {u"PER007"_s, u"Anexo de la declaración"_s}};
+    return titulos.value(codigo, codigo);
+}
+
+QList<InformeRegistrado> Informes::Lista() const {
+    QList<InformeRegistrado> lista;
+    Registros filas = m_base->Lee(u"SELECT * FROM SPOOL ORDER BY Archivo DESC, CodRep"_s);
+    while (filas.Siguiente()) {
+        const QString archivo = filas.Texto(u"Archivo");
+        lista.append({filas.Texto(u"CodRep"), filas.Texto(u"Secuencia"), archivo, Mostrada(filas.Texto(u"Fecha")),
+                      filas.Texto(u"Usuario"), filas.Texto(u"Doc_id_d"), HojasDe(Ruta(archivo))});
+    }
+    return lista;
+}
+
+void Informes::Elimina(const InformeRegistrado& informe) {
+    Transaccion transaccion = m_base->Comienza();
+    m_base->Ejecuta(u"DELETE * FROM SPOOL WHERE CodRep = ? AND Secuencia = ?"_s, {informe.codigo, informe.secuencia});
+    const QString ruta = Ruta(informe.archivo);
+    if (QFileInfo(ruta).isFile() && !QFile::remove(ruta))
+        throw Error(NumeroError::AccesoAlDisco, u"No se puede eliminar el archivo '%1'."_s.arg(ruta));
+    transaccion.Confirma();
+}
+
+/// The name comes out of a shared table: whatever path it brings along is dropped.
+QString Informes::Ruta(const QString& archivo) const {
+    return m_carpeta + QDir::separator() + QFileInfo(archivo).fileName();
+}
+
+} // namespace xa518

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+namespace xa518 {
+
+class Base;
+
+/// A report as table `SPOOL` registers it, and what its file tells.
+struct InformeRegistrado {
+    QString codigo;
+    QString secuencia;
+    QString archivo; ///< without folder
+    QString fecha;   ///< dd/mm/yyyy hh:mm
+    QString usuario;
+    QString ruc;
+    std::optional<int> hojas; ///< nothing when the file is missing
+
+    [[nodiscard]] QString Titulo() const; ///< the code for a report of another module
+};
+
+/// The register of reports and their files, which lie in one folder.
+class Informes {
+  public:
+    Informes(Base& base, QString carpeta) : m_base(&base), m_carpeta(std::move(carpeta)) {}
+
+    /// The newest first.
+    [[nodiscard]] QList<InformeRegistrado> Lista() const;
+
+    /// Removes the row and the file; when the file can't go the row stays too. Raises `Error`.
+    void Elimina(const InformeRegistrado& informe);
+
+  private:
+    [[nodiscard]] QString Ruta(const QString& archivo) const;
+
+    Base* m_base;
+    QString m_carpeta;
+};
+
+} // namespace xa518

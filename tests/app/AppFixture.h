@@ -1,0 +1,39 @@
+#pragma once
+
+#include "app/Dialogs.h"
+#include "data/Process.h"
+#include "platform/Clock.h"
+#include "platform/ProfileFile.h"
+#include "support/NoticeScript.h"
+#include "support/TemporaryBase.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace xa518::prueba {
+
+/// An installation with a real base in a folder of its own, and the process-wide record of a module over it.
+class ModuloDePrueba : public testing::Test {
+  protected:
+    ModuloDePrueba();
+    ~ModuloDePrueba() override;
+
+    /// Makes the record's base open, as the start does.
+    void AbreElProceso();
+    void Declarante(int tipoDoc, const QString& ruc, const QString& nombre, const QString& usuario) const;
+    /// A head and one row in each other table of the declaration.
+    void Declaracion(const QString& ruc, const QString& periodo, const QString& correl = {}) const;
+
+    /// Runs once the next modal form stands, and closes it afterwards if it still does.
+    static void EnElModal(std::function<void(QWidget& forma)> mira);
+
+    BaseTemporal base;
+    QString carpetaAnterior;
+    RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
+    Proceso proceso{reloj};
+    AvisosDePrueba avisos;
+    ArchivoPerfil perfil;
+};
+
+} // namespace xa518::prueba

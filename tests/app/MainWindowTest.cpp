@@ -1,0 +1,243 @@
+#include "app/MDIFrm.h"
+
+#include "Printers.h"
+#include "app/AppFixture.h"
+#include "app/Configuration.h"
+#include "app/HelpBook.h"
+#include "app/Startup.h"
+#include "platform/StatusBar.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTest>
+#include <QToolBar>
+
+#include <sqlite3.h>
+
+namespace xa518 {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class MainWindowTest : public prueba::ModuloDePrueba {
+  protected:
+    void SetUp() override {
+        Dialogos dialogos;
+        dialogos.declaracion = [this](BarradeEstadoQMD&, const DeclaracionElegida&, QWidget* padre) {
+            return Falso(u"Frm518"_s, padre);
+        };
+        dialogos.impresion = [this](BarradeEstadoQMD&, QWidget* padre) { return Falso(u"frmImprimir"_s, padre); };
+        ventana = std::make_unique<MDIFrm>(proceso, avisos, perfil, dialogos);
+    }
+    void Carga() {
+        ASSERT_TRUE(ventana->Carga());
+        ASSERT_TRUE(QTest::qWaitForWindowActive(ventana.get()));
+    }
+    /// What another room's form is to the window: a dialog that opens under the hourglass.
+    std::unique_ptr<QDialog> Falso(const QString& nombre, QWidget* padre) {
+        EXPECT_NE(QGuiApplication::overrideCursor(), nullptr);
+        auto forma = std::make_unique<QDialog>(padre);
+        forma->setObjectName(nombre);
+        return forma;
+    }
+    template <typename T>
+    T* Hijo(const QString& nombre) const {
+        return ventana->findChild<T*>(nombre);
+    }
+    void Boton(int indice) const {
+        auto* barra = Hijo<QToolBar>(u"Toolbar1"_s);
+        QTest::mouseClick(barra->widgetForAction(barra->actions().at(indice - 1)), Qt::LeftButton);
+    }
+
+    std::unique_ptr<MDIFrm> ventana;
+};
+
+TEST_F(MainWindowTest, LoadsTheFirstValueAndKeepsItsSize) {
+    Carga();
+    EXPECT_EQ(proceso.fechaPrimerIgv, u"209912"_s);
+    EXPECT_EQ(ventana->Barra().Formulario(), u"0518"_s);
+    EXPECT_EQ(ventana->minimumSize(), ventana->maximumSize());
+    EXPECT_FALSE(ventana->windowFlags() & (Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint));
+}
+
+TEST_F(MainWindowTest, TellsAFailedOpeningAboveTheEmptyWindowAndEnds) {
+    avisos.AlMostrar([this] { EXPECT_TRUE(ventana->isVisible()); });
+    sqlite3* otro = nullptr;
+    sqlite3_open(QFile::encodeName(base.Ruta()).constData(), &otro);
+    sqlite3_exec(otro, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
+    avisos.Espera({Icono::Ninguno, u" 3051- Base esta bloqueda"_s, u"Error de Conección"_s});
+    EXPECT_FALSE(ventana->Carga());
+    sqlite3_close(otro);
+
+    perfil.Escribe(kSeccionOpciones, u"DBName", u"FALTA.DB");
+    QString esperado;
+    try {
+        (void)Base::Abre(base.Carpeta() + u"/FALTA.DB"_s);
+    } catch (const ErrorBase& falla) {
+        esperado = falla.Texto() + u"\n 3024"_s;
+    }
+    avisos.Espera({Icono::Ninguno, esperado, u"Error de Conección"_s});
+    EXPECT_FALSE(ventana->Carga());
+    EXPECT_EQ(proceso.baseDatos, nullptr);
+}
+
+/// What each command leaves in the record and opens; "antes" is what the command before it left.
+TEST_F(MainWindowTest, CommandsSayWhatTheyAreForAndOpenTheirForm) {
+    Carga();
+    struct Caso {
+        QString orden; ///< a menu item, or a position of the toolbar
+        int opcionAntes;
+        bool enviadasAntes;
+        int opcion;
+        bool enviadas;
+        QString forma;
+    };
+    const QList<Caso> casos = {
+        {u"mnuNueva"_s, 3, true, 0, false, u"Frm518"_s},
+        {u"mnuModificar"_s, 0, true, 1, false, u"FrmContAbrir"_s},
+        {u"mnuEliminar"_s, 0, true, 3, false, u"FrmContAbrir"_s},
+        {u"mnuImprimir"_s, 1, true, 1, true, u"frmImprimir"_s},
+        {u"mnuImprimir"_s, 3, false, 3, false, u"frmImprimir"_s},
+        {u"mnuModificarE"_s, 0, false, 1, true, u"FrmContAbrirE"_s},
+        {u"mnuEliminarE"_s, 0, false, 3, true, u"FrmContAbrirE"_s},
+        {u"mnuImprimirE"_s, 3, false, 3, true, u"frmImprimir"_s},
+        {u"mnuBancos"_s, 3, true, 3, true, u"FrmConsultas"_s},
+        {u"mnuAcercade"_s, 3, true, 3, true, u"frmAcercade"_s},
+        {u"1"_s, 3, true, 0, false, u"Frm518"_s},
+        {u"2"_s, 0, true, 1, false, u"FrmContAbrir"_s},
+        {u"3"_s, 0, true, 3, false, u"FrmContAbrir"_s},
+        {u"4"_s, 1, true, 1, false, u"frmImprimir"_s},
+        {u"7"_s, 0, false, 1, true, u"FrmContAbrirE"_s},
+        {u"6"_s, 3, true, 3, true, {}},
+        {u"8"_s, 3, true, 3, true, {}},
+        {u"9"_s, 3, true, 3, true, {}},
+    };
+    for (const Caso& caso : casos) {
+        proceso.opcion = caso.opcionAntes;
+        proceso.enviadas = caso.enviadasAntes;
+        QString abierta;
+        if (!caso.forma.isEmpty())
+            EnElModal([&](QWidget& forma) { abierta = forma.objectName(); });
+        if (const int indice = caso.orden.toInt())
+            Boton(indice);
+        else
+            Hijo<QAction>(caso.orden)->trigger();
+        EXPECT_EQ(abierta, caso.forma) << caso.orden.toStdString();
+        EXPECT_EQ(proceso.opcion, caso.opcion) << caso.orden.toStdString();
+        EXPECT_EQ(proceso.enviadas, caso.enviadas) << caso.orden.toStdString();
+        EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    }
+    EXPECT_EQ(proceso.tipoConsulta, u"B"_s);
+}
+
+TEST_F(MainWindowTest, AMouseMoveClearsTheMessageAlone) {
+    Carga();
+    for (const QString& nombre : {u"Picture1"_s, u"Image1"_s}) {
+        ventana->Barra().PonMensaje(u"hola"_s);
+        ventana->Barra().PonRuc(u"20990518018"_s);
+        auto* zona = Hijo<QWidget>(nombre);
+        QTest::mouseMove(zona, {5, 5});
+        QTest::mouseMove(zona, {9, 9});
+        EXPECT_EQ(ventana->Barra().Mensaje(), u""_s) << nombre.toStdString();
+        EXPECT_EQ(ventana->Barra().Ruc(), u"20990518018"_s);
+    }
+}
+
+TEST_F(MainWindowTest, EveryWayOutClosesTheBase) {
+    const QList<std::function<void()>> salidas = {[this] { Hijo<QAction>(u"mnuSalir"_s)->trigger(); },
+                                                  [this] { Boton(5); }, [this] { ventana->close(); }};
+    for (const auto& salida : salidas) {
+        Carga();
+        ASSERT_NE(proceso.baseDatos, nullptr);
+        salida();
+        EXPECT_FALSE(ventana->isVisible());
+        EXPECT_EQ(proceso.baseDatos, nullptr);
+    }
+}
+
+class HelpTest : public MainWindowTest {
+  protected:
+    /// The title of the help window that shows, closed afterwards; empty when none does.
+    static QString TituloDeAyuda() {
+        for (QWidget* ventana : QApplication::topLevelWidgets()) {
+            if (ventana->objectName() != u"FrmAyuda" || !ventana->isVisible())
+                continue;
+            const QString titulo = ventana->windowTitle();
+            ventana->close();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            return titulo;
+        }
+        return {};
+    }
+    void Copia() const {
+        QDir(base.Carpeta()).mkpath(u"0518"_s);
+        ASSERT_TRUE(QFile::copy(QStringLiteral(XA518_AYUDA), RutaAyuda(base.Carpeta() + u'/')));
+    }
+};
+
+TEST_F(HelpTest, OpensTheTopicOfTheFormInFrontAlsoOverAModalOne) {
+    Copia();
+    Carga();
+    Boton(10);
+    EXPECT_EQ(TituloDeAyuda(), u"Ayuda - Contenido"_s);
+    QTest::keyClick(ventana.get(), Qt::Key_F1);
+    EXPECT_EQ(TituloDeAyuda(), u"Ayuda - Ventana principal"_s);
+    EnElModal([](QWidget& forma) {
+        QTest::keyClick(&forma, Qt::Key_F1);
+        EXPECT_EQ(TituloDeAyuda(), u"Ayuda - Identificación"_s) << "by its name";
+        const std::pair<int, QString> temas[] = {{1013, u"Vista de una declaración enviada"_s},
+                                                 {1014, u"Deuda tributaria"_s},
+                                                 {1020, u"Percepciones por cliente"_s},
+                                                 {9999, u"Contenido"_s}};
+        for (const auto& [contexto, tema] : temas) {
+            forma.setProperty("contextoAyuda", contexto);
+            QTest::keyClick(&forma, Qt::Key_F1);
+            EXPECT_NE(forma.findChild<QDialog*>(u"FrmAyuda"_s), nullptr) << "the modal form lets only its own work";
+            EXPECT_EQ(TituloDeAyuda(), u"Ayuda - "_s + tema);
+        }
+    });
+    Hijo<QAction>(u"mnuNueva"_s)->trigger();
+}
+
+TEST_F(HelpTest, TellsAMissingFileAndOneThatIsNone) {
+    Carga();
+    const QString ruta = RutaAyuda(base.Carpeta() + u'/');
+    const QString remedio = u" Ejecute consola --instalar para reponerlo."_s;
+    avisos.Espera({Icono::Exclamacion, u"No se encuentra el archivo de ayuda '%1'."_s.arg(ruta) + remedio,
+                   ventana->windowTitle()});
+    Hijo<QAction>(u"mnuContenido"_s)->trigger();
+    QDir(base.Carpeta()).mkpath(u"0518"_s);
+    QFile archivo(ruta);
+    ASSERT_TRUE(archivo.open(QIODevice::WriteOnly) && archivo.write("no es una ayuda") > 0);
+    archivo.close();
+    avisos.Espera(u"El archivo de ayuda '%1' no se puede leer."_s.arg(ruta) + remedio);
+    Hijo<QAction>(u"mnuContenido"_s)->trigger();
+    EXPECT_EQ(TituloDeAyuda(), u""_s);
+}
+
+/// Contexts and links name pages that are there, and every page but the contents is linked from them.
+TEST_F(HelpTest, LinksLeadToEveryPage) {
+    const LibroAyuda libro(QStringLiteral(XA518_AYUDA));
+    const QDir paginas(u":/xa518/ayuda"_s);
+    QString textos;
+    for (const QString& nombre : paginas.entryList(QDir::Files)) {
+        QFile archivo(paginas.filePath(nombre));
+        ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
+        textos += QString::fromUtf8(archivo.readAll());
+    }
+    QSet<QString> nombradas;
+    static const QRegularExpression nombrada(u"(?:href=\"|^\\w+ )([^\"\\s]+\\.html)"_s,
+                                             QRegularExpression::MultilineOption);
+    for (const auto& hallada : nombrada.globalMatch(textos))
+        nombradas.insert(hallada.captured(1));
+    QStringList todas = nombradas.values();
+    todas.sort();
+    EXPECT_EQ(todas, paginas.entryList({u"*.html"_s}, QDir::Files, QDir::Name));
+}
+
+} // namespace
+} // namespace xa518

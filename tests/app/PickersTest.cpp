@@ -1,0 +1,267 @@
+#include "app/FrmContAbrir.h"
+#include "app/FrmContAbrirE.h"
+
+#include "Printers.h"
+#include "app/AppFixture.h"
+#include "app/FrmConsultas.h"
+#include "platform/ReadGrid.h"
+#include "platform/StatusBar.h"
+
+#include <QHeaderView>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+namespace xa518 {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString kAna = u"20100000009"_s;
+const QString kBeto = u"20200000008"_s;
+const QString kPregunta = u"¿Confirma que va a eliminar la declaración seleccionada?"_s;
+
+class PickersTest : public prueba::ModuloDePrueba {
+  protected:
+    PickersTest() {
+        Declarante(6, kAna, u"ANA  S.A."_s, u"JEFA"_s);
+        Declarante(6, kBeto, u"ALMACEN BETO"_s, u"JEFA"_s);
+        Declarante(6, u"20300000007"_s, u"DE OTRO"_s, u"OTRO"_s);
+        AbreElProceso();
+        dialogos.declaracion = [this](BarradeEstadoQMD&, const DeclaracionElegida& elegida, QWidget* padre) {
+            if (alAbrir)
+                alAbrir();
+            elegidas.append(
+                QStringList{elegida.ruc, elegida.nombre, elegida.periodo, elegida.norden, elegida.control}.join(u'|'));
+            return std::make_unique<QDialog>(padre);
+        };
+    }
+    void Registradas() const {
+        Declaracion(kAna, u"202608"_s);
+        Declaracion(kBeto, u"202609"_s);
+        Declaracion(kAna, u"202610"_s);
+        Declaracion(u"20300000007"_s, u"202610"_s);
+    }
+    template <typename Lista>
+    std::unique_ptr<Lista> Abre(int opcion) {
+        proceso.opcion = opcion;
+        proceso.enviadas = std::is_same_v<Lista, FrmContAbrirE>;
+        auto lista = std::make_unique<Lista>(Entorno{proceso, avisos, barra, dialogos});
+        lista->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(lista.get()));
+        return lista;
+    }
+    static GrillaDeLectura& Grilla(QWidget& lista) { return *lista.findChild<GrillaDeLectura*>(); }
+    static void Boton(QWidget& lista, int indice) {
+        QTest::mouseClick(lista.findChild<QPushButton*>(u"CmdOpciones_%1"_s.arg(indice)), Qt::LeftButton);
+    }
+    /// The cells of one column, from the top.
+    static QStringList Columna(QWidget& lista, int columna) {
+        const auto& datos = *Grilla(lista).model();
+        QStringList celdas;
+        for (int fila = 0; fila < datos.rowCount(); ++fila)
+            celdas.append(datos.index(fila, columna).data().toString());
+        return celdas;
+    }
+    static void Cabecera(QWidget& lista, int columna) {
+        QHeaderView& cabecera = *Grilla(lista).horizontalHeader();
+        QTest::mouseClick(cabecera.viewport(), Qt::LeftButton, {},
+                          {cabecera.sectionViewportPosition(columna) + 20, cabecera.height() / 2});
+    }
+    static void DobleClic(QWidget& lista, int fila) {
+        const QPoint sitio = Grilla(lista).visualRect(Grilla(lista).model()->index(fila, 1)).center();
+        QTest::mouseClick(Grilla(lista).viewport(), Qt::LeftButton, {}, sitio);
+        QTest::mouseDClick(Grilla(lista).viewport(), Qt::LeftButton, {}, sitio);
+    }
+
+    BarradeEstadoQMD barra;
+    Dialogos dialogos;
+    QStringList elegidas;
+    std::function<void()> alAbrir;
+};
+
+TEST_F(PickersTest, ListsTheUsersOwnAndSortsByTheFirstTwoHeads) {
+    Registradas();
+    const auto lista = Abre<FrmContAbrir>(kModificar);
+    EXPECT_EQ(Columna(*lista, 2), (QStringList{u"102026"_s, u"092026"_s, u"082026"_s}));
+    const std::pair<int, QStringList> ordenes[] = {{1, {kBeto, kAna, kAna}},
+                                                   {2, {kBeto, kAna, kAna}}, // the head does nothing
+                                                   {0, {kAna, kAna, kBeto}},
+                                                   {5, {kAna, kAna, kBeto}}};
+    for (const auto& [columna, rucs] : ordenes) {
+        Cabecera(*lista, columna);
+        EXPECT_EQ(Columna(*lista, 0), rucs) << columna;
+    }
+    base->Ejecuta(u"INSERT INTO CLAVES VALUES ('JEFA','0')"_s);
+    EXPECT_EQ(Columna(*Abre<FrmContAbrir>(kModificar), 0).size(), 4) << "a user of kind 0 sees everybody's";
+}
+
+TEST_F(PickersTest, OpensTheRowHiddenAndComesBackToIt) {
+    Registradas();
+    const auto lista = Abre<FrmContAbrir>(kModificar);
+    EXPECT_EQ(barra.Ruc() + barra.Nombre() + barra.Periodo(), kAna + u"ANA  S.A."_s + u"10/2026"_s);
+    alAbrir = [&] { EXPECT_FALSE(lista->isVisible()); };
+    const QList<std::function<void()>> gestos = {[&] { DobleClic(*lista, 1); },
+                                                 [&] { QTest::keyClick(&Grilla(*lista), Qt::Key_Return); },
+                                                 [&] { Boton(*lista, 0); }};
+    for (const auto& gesto : gestos) {
+        EnElModal([&](QWidget& /*forma*/) { barra.Limpia({}); });
+        gesto();
+        EXPECT_TRUE(lista->isVisible());
+        EXPECT_EQ(elegidas.takeLast(), kBeto + u"|ALMACEN BETO|092026||"_s);
+        EXPECT_EQ(Grilla(*lista).Fila(), 1);
+        EXPECT_EQ(barra.Periodo(), u"09/2026"_s) << "told again";
+        lista->activateWindow();
+    }
+    // The row that was open is the last one, and it is gone: back to the first.
+    Grilla(*lista).PonFila(2);
+    EnElModal([&](QWidget& /*forma*/) { base->Ejecuta(u"DELETE FROM CAB WHERE periodo='202608'"_s); });
+    Boton(*lista, 0);
+    EXPECT_EQ(Grilla(*lista).Fila(), 0);
+    Boton(*lista, 1);
+    EXPECT_FALSE(lista->isVisible());
+    EXPECT_EQ(barra.Ruc() + barra.Nombre() + barra.Periodo() + barra.Formulario(), u"0518"_s);
+}
+
+/// The form's own wait must outlive the time in which it is hidden.
+TEST_F(PickersTest, StaysOpenModallyWhenTheDeclarationCloses) {
+    Registradas();
+    proceso.opcion = kModificar;
+    FrmContAbrir lista(Entorno{proceso, avisos, barra, dialogos});
+    bool seguia = false;
+    QTimer::singleShot(0, &lista, [&] {
+        EnElModal([](QWidget& forma) { EXPECT_NE(forma.objectName(), u"FrmContAbrir"); });
+        QTest::keyClick(&Grilla(lista), Qt::Key_Enter);
+        QTimer::singleShot(50, &lista, [&] {
+            seguia = lista.isVisible() && lista.isModal();
+            lista.close();
+        });
+    });
+    lista.exec();
+    EXPECT_EQ(elegidas.size(), 1);
+    EXPECT_TRUE(seguia);
+}
+
+TEST_F(PickersTest, NothingCanBeTypedOnTheGridOfTheRegistered) {
+    Registradas();
+    const auto lista = Abre<FrmContAbrir>(kModificar);
+    Grilla(*lista).setCurrentIndex(Grilla(*lista).model()->index(0, 0));
+    QTest::keyClicks(&Grilla(*lista), kBeto.left(4));
+    EXPECT_EQ(Grilla(*lista).Fila(), 0) << "the list was searched";
+    QTest::keyClick(&Grilla(*lista), Qt::Key_Down);
+    EXPECT_EQ(Grilla(*lista).Fila(), 1);
+}
+
+TEST_F(PickersTest, AnEmptyListStopsWithoutAWord) {
+    for (const int opcion : {kModificar, kEliminar}) {
+        const auto registradas = Abre<FrmContAbrir>(opcion);
+        Boton(*registradas, 0);
+        QTest::keyClick(&Grilla(*registradas), Qt::Key_Return);
+        proceso.correl = u"antes"_s;
+        Boton(*Abre<FrmContAbrirE>(opcion), 0);
+        EXPECT_EQ(proceso.correl, u"antes"_s);
+    }
+    EXPECT_TRUE(elegidas.isEmpty());
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(PickersTest, TheSentListTakesTheRowsNumbersAndIsAnotherOneOnReturn) {
+    Declaracion(kAna, u"202609"_s, u"2"_s);
+    Declarante(1, kAna, u"LA MISMA CON DNI"_s, u"JEFA"_s);
+    base->Ejecuta(u"UPDATE HCAB SET norden=' 123456789 ', control='10000042', fec_env='05/10/2026'"_s);
+    const auto lista = Abre<FrmContAbrirE>(kModificar);
+    EXPECT_EQ(Columna(*lista, 1).size(), 2) << "the declarant's kind isn't limited at load";
+    EnElModal([](QWidget& /*forma*/) {});
+    Boton(*lista, 0);
+    EXPECT_EQ(elegidas.last().section(u'|', 2), u"092026|123456789|10000042"_s);
+    EXPECT_EQ(proceso.numOrden + u'/' + proceso.numControl + u'/' + proceso.correl, u"123456789/10000042/2"_s);
+    EXPECT_EQ(Columna(*lista, 1), QStringList{u"ANA  S.A."_s});
+}
+
+class DeletionTest : public PickersTest {
+  protected:
+    /// Every table tells when a row of it goes.
+    void Anota() const {
+        base->Ejecuta(u"CREATE TABLE BORRADO (orden INTEGER PRIMARY KEY, tabla TEXT)"_s);
+        for (const QString& tabla : kTablas)
+            base->Ejecuta(
+                u"CREATE TRIGGER nota_%1 AFTER DELETE ON %1 BEGIN INSERT INTO BORRADO(tabla) VALUES ('%1'); END"_s.arg(
+                    tabla));
+    }
+    [[nodiscard]] QString Borrado() const {
+        return base.Filas(u"SELECT tabla FROM BORRADO ORDER BY orden"_s).join(u' ');
+    }
+    [[nodiscard]] int Quedan() const {
+        qsizetype filas = 0;
+        for (const QString& tabla : kTablas)
+            filas += base.Filas(u"SELECT 1 FROM "_s + tabla).size();
+        return static_cast<int>(filas);
+    }
+
+    const QStringList kTablas{u"CAB"_s,  u"DET"_s,  u"F518PCAB"_s,  u"F518PDET"_s,  u"F518PDETVC"_s,  u"F518PDETCP"_s,
+                              u"HCAB"_s, u"HDET"_s, u"HF518PCAB"_s, u"HF518PDET"_s, u"HF518PDETVC"_s, u"HF518PDETCP"_s};
+};
+
+TEST_F(DeletionTest, AsksFirstAndThenDeletesThatDeclarationInOrder) {
+    Registradas();
+    Declaracion(kAna, u"202610"_s, u"1"_s);
+    Anota();
+    const auto lista = Abre<FrmContAbrir>(kEliminar);
+    avisos.EsperaPregunta(kPregunta, Respuesta::No);
+    QTest::keyClick(&Grilla(*lista), Qt::Key_Return);
+    EXPECT_EQ(avisos.Mostrados().last().preseleccionada, Respuesta::No);
+    EXPECT_EQ(avisos.Mostrados().last().mensaje, (Mensaje{Icono::Pregunta, kPregunta, u"Eliminar Declaraciones"_s}));
+    EXPECT_EQ(Borrado(), u""_s);
+
+    avisos.EsperaPregunta(kPregunta, Respuesta::Si);
+    Boton(*lista, 0);
+    EXPECT_EQ(Borrado(), u"DET CAB F518PDETCP F518PDET F518PDETVC F518PCAB"_s);
+    EXPECT_EQ(Columna(*lista, 2), (QStringList{u"092026"_s, u"082026"_s}));
+    EXPECT_EQ(Grilla(*lista).Fila(), 0);
+    EXPECT_EQ(barra.Ruc(), kBeto);
+}
+
+TEST_F(DeletionTest, OfOneSentCopyLeavesItsCashSalesAndTheOtherCopies) {
+    Registradas();
+    Declaracion(kAna, u"202610"_s, u"1"_s);
+    Declaracion(kAna, u"202610"_s, u"2"_s);
+    Anota();
+    const int antes = Quedan();
+    const auto lista = Abre<FrmContAbrirE>(kEliminar);
+    Grilla(*lista).PonFila(1);
+    avisos.EsperaPregunta(kPregunta, Respuesta::Si);
+    Boton(*lista, 0);
+    EXPECT_EQ(Borrado(), u"HDET HCAB HF518PDETCP HF518PDET HF518PCAB"_s);
+    EXPECT_EQ(Quedan(), antes - 5);
+    EXPECT_EQ(base.Filas(u"SELECT correl FROM HF518PDETVC ORDER BY correl"_s), (QStringList{u"1"_s, u"2"_s}));
+    EXPECT_EQ(base.Filas(u"SELECT correl FROM HCAB"_s), QStringList{u"1"_s});
+}
+
+/// A failure half way undoes the whole and is told to nobody.
+TEST_F(DeletionTest, ThatFailsChangesNothing) {
+    Registradas();
+    base->Ejecuta(u"CREATE TRIGGER falla BEFORE DELETE ON F518PCAB BEGIN SELECT RAISE(ABORT, 'el disco falla'); END"_s);
+    const int antes = Quedan();
+    const auto lista = Abre<FrmContAbrir>(kEliminar);
+    avisos.EsperaPregunta(kPregunta, Respuesta::Si);
+    Boton(*lista, 0);
+    EXPECT_EQ(Quedan(), antes);
+    EXPECT_EQ(Columna(*lista, 0).size(), 3);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(PickersTest, TheBanksListShowsItsKindOnly) {
+    base.Param(u"004"_s, u"02"_s, u"BANCO PUERTO CALMO"_s);
+    base.Param(u"004"_s, u"00"_s, u"SIN BANCO"_s);
+    base.Param(u"004"_s, u"01"_s, u"BANCO DEL VALLE HONDO"_s);
+    proceso.tipoConsulta = u"B"_s;
+    FrmConsultas bancos(proceso);
+    EXPECT_EQ(bancos.windowTitle(), u"Bancos"_s);
+    EXPECT_EQ(Columna(bancos, 1), (QStringList{u"BANCO DEL VALLE HONDO"_s, u"BANCO PUERTO CALMO"_s}));
+    proceso.tipoConsulta = u"X"_s;
+    FrmConsultas otra(proceso);
+    EXPECT_EQ(Columna(otra, 1), QStringList());
+}
+
+} // namespace
+} // namespace xa518

@@ -1,0 +1,255 @@
+#include "detail/FrmAgePer.h"
+
+#include "detail/DetailFixture.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace xa518 {
+namespace {
+
+using namespace Qt::StringLiterals;
+using prueba::De;
+using prueba::kEmpresa;
+
+const QString kFaltaComprobante = u"Ingrese al menos un comprobante de pago"_s;
+const QString kGuardar = u"La información ha sido modificada. ¿Desea guardar los cambios?"_s;
+const QString kSinComprobantes = u"No hay comprobantes. Si sale se borrará este registro. ¿Esta Seguro?"_s;
+
+class ClientDialogTest : public prueba::DetailTest {
+  protected:
+    std::unique_ptr<FrmAgePer> Abre(const std::optional<FilaCliente>& fila = std::nullopt) {
+        m_proceso.opcionDetalle = fila ? u"1"_s : u"0"_s;
+        auto forma = std::make_unique<FrmAgePer>(m_proceso, m_avisos, u"10/2026"_s, fila);
+        Muestra(*forma);
+        return forma;
+    }
+    static void Clic(QWidget& forma, const char* boton) { QTest::mouseClick(&De(forma, boton), Qt::LeftButton); }
+    /// What is typed into the field that has the focus, then the message of the button and where the focus goes.
+    struct Paso {
+        QString teclas;
+        QString mensaje;
+        QString foco;
+    };
+    void Sube(const char* boton, const QList<Paso>& pasos) {
+        const auto forma = Abre();
+        for (const Paso& paso : pasos) {
+            Teclea(paso.teclas);
+            m_avisos.Espera({Icono::Critico, paso.mensaje, forma->windowTitle()});
+            Clic(*forma, boton);
+            EXPECT_EQ(Foco(), paso.foco) << paso.mensaje.toStdString();
+        }
+    }
+    void MeteCliente(const QString& tipo, const QString& numero) {
+        m_base->Ejecuta(u"INSERT INTO TMPF518PCAB (tip_doc_per, num_doc_per) VALUES (?,?)"_s, {tipo, numero});
+    }
+    /// An ordinary voucher with a payment voucher, or a cash sale.
+    void MeteComprobante(const QString& numDoc, const QString& numero, const QString& tipCp = {},
+                         const QString& monto = u"100.00"_s) {
+        m_base->Ejecuta(u"INSERT INTO TMPF518PDET VALUES (6,?,'P001',?,?,'1','0','0','15/10/2026',?,'2.00','2.00')"_s,
+                        {numDoc, numero, tipCp, monto});
+        if (tipCp.isEmpty())
+            m_base->Ejecuta(u"INSERT INTO TMPF518PDETCP VALUES (6,?,'P001',?,'01','F001','1','10/10/2026','118')"_s,
+                            {numDoc, numero});
+    }
+    [[nodiscard]] QString Quedan() const {
+        const auto lista = [this](const QString& columna, const QString& tabla) {
+            return m_base.Filas(u"SELECT "_s + columna + u" FROM "_s + tabla).join(u',');
+        };
+        return lista(u"num_doc_per"_s, u"TMPF518PCAB"_s) + u" / "_s + lista(u"num_cp & tip_cp"_s, u"TMPF518PDET"_s) +
+               u" / "_s + lista(u"num_cp"_s, u"TMPF518PDETCP"_s);
+    }
+    const FilaCliente m_fila{u"06"_s, kEmpresa + u' ', u"ACME S.A."_s, {}, {}, {}};
+};
+
+TEST_F(ClientDialogTest, RefusesInItsOrder) {
+    Sube("CmdAceptar", {{{}, u"Ingrese el tipo de documento."_s, u"CmbTipDoc"_s},
+                        {u"01"_s, u"Ingrese el número de documento."_s, u"TxtNumDoc"_s},
+                        {u"0000000"_s, u"El DNI o LE debe ser de 8 digitos."_s, u"TxtNumDoc"_s},
+                        {u"0"_s, u"El número de documento no puede ser cero"_s, u"TxtNumDoc"_s},
+                        {u"\b1"_s, u"Ingrese el apellido paterno."_s, u"TxtApePat"_s},
+                        {u"rojas"_s, u"Ingrese los nombres."_s, u"TxtNombres"_s},
+                        {u"luz"_s, kFaltaComprobante, u"CmdAceptar"_s}});
+    Sube("CmdOpciones_0", {{{}, u"Ingrese el tipo de documento."_s, u"CmbTipDoc"_s},
+                           {u"01"_s, u"Ingrese el número de documento."_s, u"TxtNumDoc"_s},
+                           {u"0000000"_s, u"El número de documento no puede ser cero"_s, u"TxtNumDoc"_s},
+                           {u"\b1"_s, u"Ingrese el apellido paterno."_s, u"TxtApePat"_s},
+                           {u"rojas"_s, u"Ingrese los nombres."_s, u"TxtNombres"_s},
+                           {u"luz"_s, u"El DNI o LE debe ser de 8 digitos."_s, u"TxtNumDoc"_s}});
+    Sube("CmdAceptar", {{u"06\r2050000000"_s, u"El RUC no es Válido."_s, u"TxtNumDoc"_s},
+                        {u"8"_s, u"Ingrese la Razón Social."_s, u"TxtNombres"_s},
+                        {u"acme"_s, kFaltaComprobante, u"CmdAceptar"_s}});
+    Sube("CmdOpciones_0", {{u"06\r1099200000"_s, u"El RUC no es Válido."_s, u"TxtNumDoc"_s},
+                           {u"2"_s, u"Ingrese el apellido paterno."_s, u"TxtApePat"_s},
+                           {u"rojas"_s, u"Ingrese los nombres."_s, u"TxtNombres"_s}});
+}
+
+TEST_F(ClientDialogTest, SpeaksOfANumberWhileItIsTyped) {
+    MeteCliente(u"6"_s, kEmpresa);
+    MeteCliente(u"1"_s, u"12"_s);
+    const auto forma = Abre();
+    auto& numero = De<QLineEdit>(*forma, "TxtNumDoc");
+    const auto teclea = [&](const QString& teclas, const QString& mensaje) {
+        m_avisos.Espera(mensaje);
+        Teclea(teclas);
+        EXPECT_EQ(Foco(), u"TxtNumDoc"_s);
+        m_avisos.Comprueba();
+    };
+    Teclea(u"06\r"_s);
+    teclea(u"20500000001"_s, u"El RUC no es Válido."_s);
+    Teclea(u"7"_s); // the field is full: nothing is typed, nothing is said
+    EXPECT_EQ(numero.text(), u"20500000001"_s);
+    teclea(u"\b8"_s, u"El RUC del agente de percepción ya se registró."_s);
+    numero.selectAll();
+    teclea(m_proceso.docDeclarante, u"El RUC no puede ser igual al del declarante."_s);
+    Pulsa(Qt::Key_Backtab);
+    Teclea(u"01"_s);
+    EXPECT_EQ(numero.text(), QString());
+    Teclea(u"\r"_s);
+    teclea(u"1a2"_s, u"El documento del agente de percepción ya se registró."_s);
+    EXPECT_EQ(numero.text(), u"12"_s); // and what was typed stays
+    Pulsa(Qt::Key_Backtab);
+    Teclea(u"07\ra-1 "_s);
+    EXPECT_EQ(numero.text(), u"A1"_s);
+}
+
+TEST_F(ClientDialogTest, AsksForTheNamesOfThatKindOfClient) {
+    const auto forma = Abre();
+    const auto aspecto = [&] {
+        return De<QLabel>(*forma, "Label4").text() + (De(*forma, "TxtApePat").isVisible() ? u"+"_s : u"-"_s);
+    };
+    const QString empresa = u"Razón Social :-"_s;
+    const QString persona = u"Nombres :+"_s;
+    Teclea(u"06"_s);
+    EXPECT_EQ(aspecto(), empresa);
+    Teclea(u"\r1"_s);
+    EXPECT_EQ(aspecto(), empresa);
+    Teclea(u"5"_s);
+    EXPECT_EQ(aspecto(), persona);
+    Teclea(u"\b\b20"_s);
+    EXPECT_EQ(aspecto(), empresa);
+    Pulsa(Qt::Key_Backtab);
+    Teclea(u"01"_s);
+    EXPECT_EQ(aspecto(), persona);
+}
+
+TEST_F(ClientDialogTest, SweepsTheVouchersOfAClientNeverStored) {
+    for (const Respuesta respuesta : {Respuesta::No, Respuesta::Si}) {
+        m_base->Ejecuta(u"DELETE * FROM TMPF518PDET"_s);
+        m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP"_s);
+        MeteComprobante(kEmpresa, u"1"_s);
+        MeteComprobante(u"20991000004"_s, u"2"_s);
+        const auto forma = Abre();
+        Teclea(u"06\r"_s + kEmpresa);
+        m_avisos.EsperaPregunta(kGuardar, respuesta);
+        if (respuesta == Respuesta::Si)
+            m_avisos.Espera(u"Ingrese la Razón Social."_s);
+        Clic(*forma, "CmdSalir");
+        EXPECT_FALSE(forma->isVisible());
+        EXPECT_EQ(Quedan(), u" / 2 / 1,2"_s); // the payment vouchers stay
+    }
+}
+
+TEST_F(ClientDialogTest, AStoredClientWithoutVouchersGoesIfThePersonSaysSo) {
+    MeteCliente(u"6"_s, kEmpresa);
+    MeteComprobante(kEmpresa, u"1"_s);
+    MeteComprobante(kEmpresa, u"1"_s, u"12"_s);
+    const auto forma = Abre(m_fila);
+    const auto elimina = [&](Respuesta respuesta) {
+        m_avisos.EsperaPregunta(u"¿Confirma que va a eliminar la información?"_s, respuesta);
+        Clic(*forma, "CmdOpciones_2");
+        EXPECT_EQ(m_avisos.Mostrados().last().preseleccionada, Respuesta::No);
+    };
+    elimina(Respuesta::No);
+    elimina(Respuesta::Si);
+    EXPECT_EQ(Quedan(), kEmpresa + u" / 112 / "_s);
+    EXPECT_EQ(De<QLineEdit>(*forma, "TxtPercepcion").text(), u"2.00"_s);
+    elimina(Respuesta::Si);
+    m_avisos.EsperaPregunta(kSinComprobantes, Respuesta::No);
+    Clic(*forma, "CmdSalir");
+    EXPECT_TRUE(forma->isVisible());
+    m_avisos.EsperaPregunta(kSinComprobantes, Respuesta::Si);
+    forma->close();
+    EXPECT_FALSE(forma->isVisible());
+    EXPECT_EQ(Quedan(), u" /  / "_s);
+}
+
+TEST_F(ClientDialogTest, TotalsAreStoredEvenWhenTheNamesAreNot) {
+    MeteCliente(u"6"_s, kEmpresa);
+    MeteComprobante(kEmpresa, u"1"_s, {}, u"999999999999.99"_s);
+    const auto fila = [this] {
+        return m_base.Filas(u"SELECT des_razon, des_apellido_p, ctd_docs, mto_base_p, mto_imp_p FROM TMPF518PCAB"_s)
+            .join(u';');
+    };
+    auto forma = Abre(m_fila);
+    Teclea(u"x"_s);
+    m_avisos.EsperaPregunta(kGuardar, Respuesta::No);
+    Clic(*forma, "CmdSalir");
+    EXPECT_EQ(fila(), u"<null>|<null>|1|999999999999.99|2.00"_s);
+    MeteComprobante(kEmpresa, u"2"_s, {}, u"999999999999.99"_s);
+    forma = Abre(m_fila);
+    Clic(*forma, "CmdAceptar");
+    EXPECT_EQ(fila(), u"ACME S.A.|<null>|2|2000000000000|4.00"_s); // sixteen characters: no decimals
+}
+
+TEST_F(ClientDialogTest, ASentClientIsOnlyLookedAt) {
+    m_proceso.enviadas = true;
+    MeteComprobante(kEmpresa, u"1"_s);
+    const auto forma = Abre(m_fila);
+    QStringList activos;
+    for (QWidget* control : forma->findChildren<QWidget*>()) {
+        const bool esControl = qobject_cast<QAbstractButton*>(control) || qobject_cast<QLineEdit*>(control);
+        if (esControl && control->isVisible() && control->isEnabled())
+            activos += control->objectName();
+    }
+    EXPECT_EQ(activos.join(u' '), u"CmdOpciones_1 TxtPercepcion CmdSalir"_s);
+    bool abierta = false;
+    AlAbrir(u"FrmDetAgePer"_s, [&](QWidget& detalle) {
+        abierta = true;
+        EXPECT_FALSE(De(detalle, "CmdOpciones_0").isEnabled());
+        EXPECT_FALSE(De(detalle, "MkeFecEmis").isEnabled());
+        AlAbrir(u"frmPerDet"_s, [](QWidget& pago) {
+            EXPECT_FALSE(De(pago, "TxtMtoDet").isEnabled());
+            EXPECT_FALSE(De(pago, "CmdOpciones_0").isEnabled());
+            pago.close();
+        });
+        De(detalle, "GrdDetPer").setFocus();
+        Teclea(u"\r"_s); // a row of the grid, as with a double click
+        detalle.close();
+    });
+    Clic(*forma, "CmdOpciones_1");
+    EXPECT_TRUE(abierta);
+}
+
+/// Nobody touches the mouse. The keys beside those of the content itself are what the dialogs cost.
+TEST_F(ClientDialogTest, AClientIsEnteredWithFewKeys) {
+    const auto forma = Abre();
+    m_avisos.Espera(u"La información se grabó satisfactoriamente"_s);
+    AlAbrir(u"FrmDetAgePer"_s, [&](QWidget& detalle) {
+        Teclea(u"\rP001\r1\r15102026\r100\rs\rn\rn\r"_s);
+        AlAbrir(u"frmPerDet"_s, [&](QWidget& /*pago*/) {
+            Teclea(u"01F001\r77\r10102026\r118.5\r\r"_s);
+            EXPECT_EQ(Foco(), u"CmbTipoDoc"_s); // for the next one
+            Alt(Qt::Key_S);
+        });
+        Teclea(u"\r"_s);
+        Muestra(detalle); // a window manager gives it the focus back
+        Alt(Qt::Key_A);
+    });
+    Teclea(u"06\r"_s + kEmpresa + u"\racme\r\r"_s);
+    Muestra(*forma);
+    Alt(Qt::Key_A);
+    EXPECT_FALSE(forma->isVisible());
+    EXPECT_EQ(m_base.Filas(u"SELECT * FROM TMPF518PCAB"_s),
+              QStringList{u"6|20500000008|ACME|<null>|<null>|<null>|1|100.00|2.00|<null>"_s});
+    EXPECT_EQ(m_base.Filas(u"SELECT * FROM TMPF518PDET"_s),
+              QStringList{u"6|20500000008|P001|00000001||1|0|0|15/10/2026|100.00|2.00|2.00"_s});
+    EXPECT_EQ(m_base.Filas(u"SELECT * FROM TMPF518PDETCP"_s),
+              QStringList{u"6|20500000008|P001|00000001|01|F001|00000077|10/10/2026|118.50"_s});
+    const auto contenido = u"06 20500000008 acme P001 1 15102026 100 s n n 01 F001 77 10102026 118.5"_s.remove(u' ');
+    EXPECT_EQ(m_teclas - contenido.size(), 21);
+}
+
+} // namespace
+} // namespace xa518

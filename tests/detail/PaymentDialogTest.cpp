@@ -1,0 +1,135 @@
+#include "detail/frmPerDet.h"
+
+#include "detail/DetailFixture.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLineEdit>
+
+namespace xa518 {
+namespace {
+
+using namespace Qt::StringLiterals;
+using prueba::De;
+
+const QString kGrabada = u"La información se grabó satisfactoriamente"_s;
+
+class PaymentDialogTest : public prueba::DetailTest {
+  protected:
+    std::unique_ptr<frmPerDet> Abre(const QString& modo, const ClavePago& clave = {}, const QString& fecha = {},
+                                    const QString& monto = {}) {
+        m_proceso.modoPago = modo;
+        ComprobanteDePago pago{clave, fecha, monto};
+        pago.clave.comprobante = {{6, prueba::kEmpresa}, u"P001"_s, u"00000001"_s, {}};
+        auto forma = std::make_unique<frmPerDet>(m_proceso, m_avisos, pago, u"1"_s);
+        Muestra(*forma);
+        return forma;
+    }
+    [[nodiscard]] QStringList Filas() const {
+        return m_base.Filas(u"SELECT tip_doc_detcp, num_serie_detcp, num_detcp, fec_emis_detcp, mto_detcp "
+                            "FROM TMPF518PDETCP ORDER BY rowid"_s);
+    }
+    static void Acepta(QWidget& forma) { QTest::mouseClick(&De(forma, "CmdOpciones_0"), Qt::LeftButton); }
+};
+
+TEST_F(PaymentDialogTest, RefusesInItsOrder) {
+    const auto forma = Abre(u"0"_s);
+    const QString noValido = u"El número de serie del comprobante de pago no es válido"_s;
+    struct Paso {
+        QString teclas;
+        QString mensaje;
+        QString foco;
+    };
+    const QList<Paso> pasos = {
+        {{}, u"Ingrese el tipo de documento"_s, u"CmbTipoDoc"_s},
+        {u"12"_s, u"Ingrese la serie"_s, u"TxtSerie"_s}, // the choice itself moves the focus on
+        {u"0\r"_s, u"Ingrese el número del documento"_s, u"TxtNumero"_s},
+        {u"0\r"_s, u"El número de comprobante de pago no puede ser cero."_s, u"TxtNumero"_s},
+        {u"\b7\r"_s, u"El número de serie no puede ser cero."_s, u"TxtSerie"_s},
+        {u"\bA1\r\r"_s, u"Debe ingresar la fecha de emisión."_s, u"MkeFecEmis"_s}, // a ticket takes no letters
+        {u"3102202"_s, u"Debe ingresar una fecha válida."_s, u"MkeFecEmis"_s},
+        {u"6\r"_s, u"Debe ingresar una fecha válida."_s, u"MkeFecEmis"_s},
+        {u"10102026\r"_s, u"Ingrese el valor total del comprobante de pago"_s, u"TxtMtoDet"_s},
+        {u".\r"_s, u"Ingrese valor total del comprobante de pago mayor a cero."_s, u"TxtMtoDet"_s},
+    };
+    for (const Paso& paso : pasos) {
+        Teclea(paso.teclas);
+        m_avisos.Espera({Icono::Critico, paso.mensaje, forma->windowTitle()});
+        Acepta(*forma);
+        EXPECT_EQ(Foco(), paso.foco) << paso.mensaje.toStdString();
+    }
+    Teclea(u"\b118\r"_s);
+    EXPECT_EQ(De<QLineEdit>(*forma, "TxtSerie").text(), u"0001"_s);
+    m_avisos.Espera({Icono::Informacion, kGrabada, forma->windowTitle()});
+    Acepta(*forma);
+    EXPECT_EQ(Filas(), QStringList{u"12|0001|00000007|10/10/2026|118.00"_s});
+}
+
+TEST_F(PaymentDialogTest, GoesOnWithTheNextAndStoresACreditNoteNegative) {
+    const auto forma = Abre(u"0"_s);
+    const auto entra = [&](const QString& teclas, const QString& mensaje) {
+        Teclea(teclas);
+        m_avisos.Espera(mensaje);
+        Teclea(u"\r"_s);
+    };
+    entra(u"07F001\r5\r10102026\r0.5\r"_s, kGrabada);
+    EXPECT_EQ(De<QLineEdit>(*forma, "MkeFecEmis").displayText(), u"__/__/____"_s);
+    EXPECT_EQ(Foco(), u"CmbTipoDoc"_s);
+    entra(u"01F001\r5\r10102026\r123456789012.345\r"_s, kGrabada);
+    entra(u"01f001\r5\r10102026\r1\r"_s, u"La información ya ha sido registrada"_s);
+    EXPECT_EQ(De<QLineEdit>(*forma, "TxtSerie").text(), u"F001"_s); // nothing typed is lost
+    m_avisos.EsperaPregunta(u"La información ha sido modificada. ¿Desea guardar los cambios?"_s, Respuesta::No);
+    forma->close();
+    EXPECT_EQ(Filas(),
+              (QStringList{u"07|F001|00000005|10/10/2026|-.50"_s, u"01|F001|00000005|10/10/2026|123456789012.34"_s}));
+
+    const auto modifica = Abre(u"1"_s, {{}, u"07"_s, u"F001"_s, u"00000005"_s}, u"10/10/2026"_s, u"-.50"_s);
+    EXPECT_EQ(De<QLineEdit>(*modifica, "TxtMtoDet").text(), u"0.5"_s);
+    EXPECT_EQ(Foco(), u"MkeFecEmis"_s);
+    Teclea(u"11102026\r999999999999\r"_s); // eleven digits for a credit note
+    m_avisos.Espera(kGrabada);
+    Teclea(u"\r"_s);
+    EXPECT_FALSE(modifica->isVisible());
+    EXPECT_EQ(Filas().first(), u"07|F001|00000005|11/10/2026|-99999999999.00"_s);
+}
+
+TEST_F(PaymentDialogTest, ATypeIsChosenFromTheOpenListToo) {
+    const auto forma = Abre(u"0"_s);
+    auto& lista = De<QComboBox>(*forma, "CmbTipoDoc");
+    Teclea(u"0"_s); // half a code chooses nothing
+    Pulsa(Qt::Key_Down);
+    EXPECT_EQ(lista.currentIndex(), -1);
+    ASSERT_TRUE(lista.view()->isVisible());
+    lista.view()->setCurrentIndex(lista.model()->index(0, 0));
+    QTest::keyClick(lista.view(), Qt::Key_Down);
+    QTest::keyClick(lista.view(), Qt::Key_Return);
+    EXPECT_EQ(lista.currentText(), u"07   NOTA DE CREDITO"_s);
+    EXPECT_EQ(Foco(), u"TxtSerie"_s);
+    forma->hide();
+}
+
+TEST_F(PaymentDialogTest, ADateBefore2005IsAskedAboutEachTime) {
+    const QString pregunta = u"La fecha del comprobante de pago es anterior al 01/01/2005. ¿Desea continuar?"_s;
+    const auto forma = Abre(u"0"_s);
+    Teclea(u"01F001\r5\r31122004"_s);
+    m_avisos.EsperaPregunta(pregunta, Respuesta::No);
+    Teclea(u"\r"_s);
+    EXPECT_EQ(Foco(), u"MkeFecEmis"_s);
+    m_avisos.EsperaPregunta(pregunta, Respuesta::Si);
+    Teclea(u"\r"_s);
+    EXPECT_EQ(Foco(), u"TxtMtoDet"_s);
+    Teclea(u"10\r"_s);
+    m_avisos.EsperaPregunta(pregunta, Respuesta::No);
+    Teclea(u"\r"_s);
+    EXPECT_EQ(Foco(), u"MkeFecEmis"_s);
+    // The way out asks about the date once more, as any leaving does, and closes though the save is refused.
+    m_avisos.EsperaPregunta(pregunta, Respuesta::No);
+    m_avisos.EsperaPregunta(u"La información ha sido modificada. ¿Desea guardar los cambios?"_s, Respuesta::Si);
+    m_avisos.EsperaPregunta(pregunta, Respuesta::No);
+    QTest::mouseClick(&De(*forma, "CmdOpciones_1"), Qt::LeftButton);
+    EXPECT_FALSE(forma->isVisible());
+    EXPECT_TRUE(Filas().isEmpty());
+}
+
+} // namespace
+} // namespace xa518

@@ -1,0 +1,265 @@
+#include "detail/FrmDetAgePer.h"
+
+#include "detail/DetailFixture.h"
+
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QTimer>
+
+namespace xa518 {
+namespace {
+
+using namespace Qt::StringLiterals;
+using prueba::De;
+using prueba::kEmpresa;
+
+const QString kGuardar = u"La información ha sido modificada. ¿Desea guardar los cambios?"_s;
+const QString kSinComprobantes = u"No hay comprobantes. Si sale se borrará este registro. ¿Esta Seguro?"_s;
+const QString kFaltaPago = u"Ingrese al menos un comprobante de pago"_s;
+
+class VoucherDialogTest : public prueba::DetailTest {
+  protected:
+    std::unique_ptr<FrmDetAgePer> Nuevo() {
+        m_proceso.modoDetalle = u"0"_s;
+        return Abre({{{6, kEmpresa}, {}, {}, {}}, {}});
+    }
+    /// The stored voucher P001-1, with the answers as given.
+    std::unique_ptr<FrmDetAgePer> Modifica(const QString& cpFact = u"1"_s, const QString& tipCp = {}) {
+        m_proceso.modoDetalle = u"1"_s;
+        return Abre({{{6, kEmpresa}, u"P001"_s, u"00000001"_s, tipCp},
+                     {cpFact, u"0"_s, u"0"_s, u"15/10/2026"_s, u"100.00"_s, u"9.99"_s, u"9"_s}});
+    }
+    void MeteComprobante(const QString& tipCp = {}) {
+        m_base->Ejecuta(u"INSERT INTO TMPF518PDET VALUES (6,?,'P001','00000001',?,'1','0','0','15/10/2026','100.00',"
+                        "'9.99','9')"_s,
+                        {kEmpresa, tipCp});
+    }
+    void MetePago(const QString& numero, const QString& tipo, const QString& delComprobante = u"00000001"_s) {
+        m_base->Ejecuta(u"INSERT INTO TMPF518PDETCP VALUES (6,?,'P001',?,?,'F001',?,'10/10/2026','118')"_s,
+                        {kEmpresa, delComprobante, tipo, numero});
+    }
+    static void Clic(QWidget& forma, const char* control) {
+        QTest::mouseClick(&De(forma, control), Qt::LeftButton, {}, {8, De(forma, control).height() / 2});
+    }
+    [[nodiscard]] static QString Texto(QWidget& forma, const char* campo) { return De<QLineEdit>(forma, campo).text(); }
+    [[nodiscard]] QString Cuentas() const {
+        return m_base.Filas(u"SELECT count(*) FROM TMPF518PDET"_s).first() + u' ' +
+               m_base.Filas(u"SELECT count(*) FROM TMPF518PDETCP"_s).first();
+    }
+
+  private:
+    std::unique_ptr<FrmDetAgePer> Abre(const Comprobante& comprobante) {
+        auto forma = std::make_unique<FrmDetAgePer>(m_proceso, m_avisos, comprobante);
+        Muestra(*forma);
+        return forma;
+    }
+};
+
+TEST_F(VoucherDialogTest, RefusesInItsOrder) {
+    struct Paso {
+        QString teclas;
+        QString mensaje;
+        QString foco;
+    };
+    const auto sube = [this](QWidget& forma, const QList<Paso>& pasos) {
+        for (const Paso& paso : pasos) {
+            Teclea(paso.teclas);
+            m_avisos.Espera(paso.mensaje);
+            Clic(forma, "CmdOpciones_0");
+            EXPECT_EQ(Foco(), paso.foco) << paso.mensaje.toStdString();
+        }
+    };
+    const QList<Paso> comunes = {
+        {u"A1\r"_s, u"Ingrese el número del documento"_s, u"TxtNumero"_s},
+        {u"0\r"_s, u"El número de comprobante de percepción no puede ser cero"_s, u"TxtNumero"_s},
+        {u"\b1\r"_s, u"El número de serie debe ser numérico"_s, u"TxtSerie"_s},
+        {u"\b\b1\r\r"_s, u"Debe ingresar la fecha de emisión."_s, u"MkeFecEmis"_s},
+        {u"1510202"_s, u"Debe ingresar una fecha válida."_s, u"MkeFecEmis"_s},
+    };
+    const auto ordinario = Nuevo();
+    sube(*ordinario, {{{}, u"Ingrese la serie"_s, u"TxtSerie"_s}});
+    sube(*ordinario, comunes);
+    Teclea(u"6\r"_s);
+    sube(*ordinario, {{{}, u"Ingrese el Monto cobrado"_s, u"TxtMtoBase"_s},
+                      {u"."_s, u"Ingrese el Monto cobrado"_s, u"TxtMtoBase"_s},
+                      {u"5"_s, u"Conteste si su cliente figura en el listado publicado por ZOLMA"_s, u"OptListado_0"_s},
+                      {u"n"_s, kFaltaPago, u"CmdOpciones_0"_s}});
+    EXPECT_EQ(Texto(*ordinario, "TxtSerie"), u"0001"_s);
+    ordinario->hide();
+    const auto contado = Nuevo();
+    Teclea(u"s"_s);
+    sube(*contado, {{{}, u"Ingrese el tipo de comprobante de pago"_s, u"CmbTipoCP"_s},
+                    {u"03"_s, u"Ingrese la serie"_s, u"TxtSerie"_s}});
+    sube(*contado, comunes);
+}
+
+/// After each click: which of the later questions are live (uppercase) and answered.
+TEST_F(VoucherDialogTest, AnswersChangeTheOtherQuestionsByPeriod) {
+    struct Caso {
+        QString periodo;
+        QStringList clics;
+        QString queda; // list, zone, means
+    };
+    const QList<Caso> casos = {
+        {u"200802"_s, {}, u"L z M"_s}, // the last one is never shown
+        {u"200802"_s, {u"OptCpFact_0"_s, u"OptListado_1"_s}, u"L1 z m"_s},
+        {u"200803"_s, {u"OptListado_1"_s, u"OptVenta_1"_s, u"OptCpFact_0"_s}, u"L1 Z1 m"_s},
+        {u"202610"_s, {u"OptListado_1"_s, u"OptCpFact_0"_s}, u"l Z m"_s}, // band C: no list without credit
+        {u"202610"_s, {u"OptCpFact_0"_s, u"OptCpFact_1"_s, u"OptVenta_0"_s}, u"L Z0 m"_s},
+        {u"202610"_s, {u"OptVenta_0"_s, u"OptCpFact_1"_s}, u"L Z0 M"_s},
+    };
+    for (const Caso& caso : casos) {
+        m_proceso.periodoDeclarado = caso.periodo;
+        m_proceso.fechaPrimerIgv = u"201012"_s;
+        const auto forma = Nuevo();
+        for (const QString& opcion : caso.clics)
+            Clic(*forma, opcion.toLatin1().constData());
+        QStringList queda;
+        for (const auto& [letra, nombre] : {std::pair{'L', "OptListado"}, {'Z', "OptVenta"}, {'M', "OptMedPago"}}) {
+            auto& no = De<QRadioButton>(*forma, QByteArray(nombre).append("_0").constData());
+            auto& si = De<QRadioButton>(*forma, QByteArray(nombre).append("_1").constData());
+            const bool activa = no.isEnabledTo(no.parentWidget());
+            const QString estado(QChar::fromLatin1(letra));
+            queda += (activa ? estado : estado.toLower()) + (si.isChecked() ? u"1"_s : no.isChecked() ? u"0"_s : u""_s);
+        }
+        EXPECT_EQ(queda.join(u' '), caso.queda) << caso.periodo.toStdString();
+        EXPECT_FALSE(De(*forma, "FraMedPago").isVisible());
+    }
+}
+
+TEST_F(VoucherDialogTest, AmountsFollowTheAnswersAndTheDate) {
+    const auto forma = Nuevo();
+    const auto muestra = [&] {
+        return Texto(*forma, "TxtTasa") + u' ' + Texto(*forma, "TxtPercepcion") + u' ' + Texto(*forma, "TxtFactor");
+    };
+    Teclea(u"\r1\r1\r"_s);
+    Teclea(u"15102026\r100.255"_s);
+    EXPECT_EQ(muestra(), u"0 0.00 0.00"_s);
+    Clic(*forma, "OptCpFact_1");
+    EXPECT_EQ(Texto(*forma, "TxtMtoBase"), u"100.26"_s);
+    Clic(*forma, "OptVenta_0");
+    EXPECT_EQ(muestra(), u"2.00 2.01 2.00"_s);
+    Clic(*forma, "OptListado_1");
+    EXPECT_EQ(muestra(), u"1.00 1.00 1.00"_s);
+    auto& monto = De<QLineEdit>(*forma, "TxtMtoBase");
+    monto.setFocus();
+    monto.selectAll();
+    Teclea(u"9999999999999.999"_s); // twelve digits, fifteen characters with a point
+    EXPECT_EQ(monto.text(), u"999999999999.99"_s);
+    monto.setText(u"1000000000000"_s);
+    EXPECT_EQ(monto.text(), u"999999999999.99"_s);
+    monto.clear();
+    EXPECT_EQ(Texto(*forma, "TxtPercepcion"), u" "_s);
+    auto& fecha = De<QLineEdit>(*forma, "MkeFecEmis");
+    fecha.setFocus();
+    m_avisos.Espera(u"La fecha del comprobante de percepción no puede ser anterior al 01/10/2026"_s);
+    Teclea(u"30092026\r"_s);
+    EXPECT_EQ(Foco(), u"MkeFecEmis"_s);
+    EXPECT_EQ(fecha.displayText(), u"30/09/2026"_s);
+    m_avisos.Espera(u"La fecha del comprobante de percepción no puede ser mayor a la fecha del sistema."_s);
+    Teclea(u"21102026\r"_s);
+    EXPECT_EQ(Foco(), u"TxtMtoBase"_s); // wanted: this one lets the focus go
+}
+
+TEST_F(VoucherDialogTest, TheTypeOfACashSaleAnswersForTheCredit) {
+    for (const auto& [tipo, credito] : {std::pair{u"01"_s, u"1"_s}, {u"03"_s, u"0"_s}, {u"12"_s, u"?"_s}}) {
+        const auto forma = Nuevo();
+        Teclea(u"s\r"_s + tipo);
+        EXPECT_EQ(Foco(), u"TxtSerie"_s);
+        EXPECT_FALSE(De(*forma, "OptVentaCont_0").isEnabled());
+        EXPECT_FALSE(De(*forma, "CmdOpciones1_0").isEnabled());
+        const bool libre = De(*forma, "OptCpFact_0").isEnabled();
+        const bool si = De<QRadioButton>(*forma, "OptCpFact_1").isChecked();
+        EXPECT_EQ(libre ? u"?"_s : si ? u"1"_s : u"0"_s, credito) << tipo.toStdString();
+    }
+    const auto forma = Nuevo();
+    Teclea(u"s\r99A-1\r123456789\r15102026\r50\r"_s); // no letters with this type, and a long number
+    Clic(*forma, "OptListado_0");
+    Clic(*forma, "OptVenta_0");
+    Clic(*forma, "CmdOpciones_0");
+    EXPECT_FALSE(forma->isVisible());
+    EXPECT_EQ(m_base.Filas(u"SELECT * FROM TMPF518PDET"_s),
+              QStringList{u"6|20500000008|0001|123456789|99|0|0|0|15/10/2026|50.00|1.00|2.00"_s});
+}
+
+TEST_F(VoucherDialogTest, AStoredVoucherShowsNoRateUntilItsDateIsLeft) {
+    MeteComprobante();
+    MetePago(u"1"_s, u"07"_s);
+    const auto forma = Modifica();
+    EXPECT_EQ(Texto(*forma, "TxtTasa") + u' ' + Texto(*forma, "TxtPercepcion"), u"0 9.99"_s);
+    EXPECT_EQ(Foco(), u"MkeFecEmis"_s);
+    EXPECT_FALSE(De(*forma, "OptVenta_0").isEnabled() || De(*forma, "OptListado_0").isEnabled());
+    m_avisos.Espera({Icono::Informacion, u"Debe ingresar algún comprobante de pago diferente a nota de crédito."_s,
+                     forma->windowTitle()}); // after the save
+    Clic(*forma, "CmdOpciones_0");
+    EXPECT_EQ(m_base.Filas(u"SELECT mto_imp_p, por_tasa_p FROM TMPF518PDET"_s), QStringList{u"2.00|2.00"_s});
+    EXPECT_FALSE(forma->isVisible());
+}
+
+TEST_F(VoucherDialogTest, AVoucherWithoutAnAnswerAboutCreditIsStoredWithoutRate) {
+    MetePago(u"1"_s, u"01"_s);
+    const auto forma = Nuevo();
+    Teclea(u"\rP001\r1\r15102026\r100\r"_s);
+    Clic(*forma, "OptListado_0");
+    AlAbrir(u"frmPerDet"_s, [](QWidget& pago) { pago.close(); });
+    Clic(*forma, "CmdOpciones1_0");
+    Muestra(*forma);
+    EXPECT_FALSE(De(*forma, "OptVentaCont_1").isEnabled()); // though nothing was entered
+    EXPECT_TRUE(De(*forma, "TxtSerie").isEnabled());
+    Clic(*forma, "CmdOpciones_0");
+    EXPECT_EQ(m_base.Filas(u"SELECT cp_fact, lista_clie, med_pago, mto_imp_p, por_tasa_p FROM TMPF518PDET"_s),
+              QStringList{u"<null>|0|9|0.00|0"_s});
+}
+
+TEST_F(VoucherDialogTest, SweepsWhatItLeavesBehind) {
+    struct Caso {
+        const char* nombre;
+        QString modo;
+        bool registrado;
+        bool conPago;
+        QStringList preguntas; // each answered with its last letter
+        bool cierra;
+        QString quedan; // vouchers and payment vouchers; one of each belongs to others
+    };
+    const QString sin = kSinComprobantes;
+    const QList<Caso> casos = {
+        {"payment vouchers of none", u"0"_s, false, true, {kGuardar + u'N'}, true, u"0 1"_s},
+        {"the same, refused", u"0"_s, false, true, {kGuardar + u'S'}, true, u"0 1"_s},
+        {"an empty one", u"0"_s, false, false, {sin + u'S'}, true, u"0 1"_s},
+        {"an empty one, to stay", u"0"_s, false, false, {sin + u'N'}, false, u"0 1"_s},
+        {"the key of another", u"0"_s, true, false, {}, true, u"1 1"_s},
+        {"the key of another, with payments", u"0"_s, true, true, {kGuardar + u'N'}, true, u"1 2"_s},
+        {"a stored one emptied", u"1"_s, true, false, {sin + u'S'}, true, u"0 1"_s},
+        {"a stored one", u"1"_s, true, true, {kGuardar + u'N'}, true, u"1 2"_s},
+    };
+    for (const Caso& caso : casos) {
+        SCOPED_TRACE(caso.nombre);
+        m_base->Ejecuta(u"DELETE * FROM TMPF518PDET"_s);
+        m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP"_s);
+        MetePago(u"1"_s, u"01"_s, u"00000002"_s);
+        if (caso.registrado)
+            MeteComprobante();
+        const auto forma = caso.modo == u"0" ? Nuevo() : Modifica();
+        Teclea(caso.modo == u"0" ? u"\rP001\r1\r"_s : u"1"_s);
+        if (caso.modo == u"1")
+            De<QLineEdit>(*forma, "MkeFecEmis").setText(u"15/10/2026"_s);
+        if (caso.conPago) {
+            MetePago(u"1"_s, u"01"_s);
+            QDialog otra;
+            QTimer::singleShot(0, &otra, &QDialog::accept);
+            forma->AbreModal(otra); // its grid is read again
+            Muestra(*forma);
+        }
+        for (const QString& pregunta : caso.preguntas)
+            m_avisos.EsperaPregunta(pregunta.chopped(1), pregunta.endsWith(u'S') ? Respuesta::Si : Respuesta::No);
+        if (caso.quedan == u"0 1" && caso.preguntas.first() == kGuardar + u'S')
+            m_avisos.Espera(u"El número de serie debe ser numérico"_s);
+        Clic(*forma, "CmdOpciones_1");
+        EXPECT_EQ(forma->isVisible(), !caso.cierra);
+        EXPECT_EQ(Cuentas(), caso.quedan);
+        m_avisos.Comprueba();
+    }
+}
+
+} // namespace
+} // namespace xa518

@@ -1,0 +1,89 @@
+#include "declaration/ClientGrid.h"
+#include "declaration/Save.h"
+#include "detail/DetailFixture.h"
+#include "detail/FrmAgePer.h"
+#include "import/ImportRun.h"
+#include "import/PerceptionFormat.h"
+
+#include <QFile>
+#include <QPushButton>
+
+namespace xa518 {
+namespace {
+
+using namespace Qt::StringLiterals;
+using prueba::De;
+using prueba::kEmpresa;
+
+class SinPausa final : public ObservadorImportacion {
+    bool Sigue(const AvanceImportacion& /*avance*/) override { return true; }
+};
+
+class HandAndFileTest : public prueba::DetailTest {
+  protected:
+    /// A client with one voucher, and that with its payment vouchers, each given by what is typed.
+    void Entra(const QString& cliente, const QString& comprobante, const QStringList& pagos) {
+        FrmAgePer forma(m_proceso, m_avisos, u"10/2026"_s);
+        Muestra(forma);
+        for (qsizetype i = 0; i < pagos.size(); ++i)
+            m_avisos.Espera(u"La información se grabó satisfactoriamente"_s);
+        AlAbrir(u"FrmDetAgePer"_s, [&](QWidget& detalle) {
+            Teclea(comprobante);
+            AlAbrir(u"frmPerDet"_s, [&](QWidget& dialogo) {
+                for (const QString& pago : pagos)
+                    Teclea(pago);
+                dialogo.close();
+            });
+            Teclea(u"\r"_s);
+            De<QPushButton>(detalle, "CmdOpciones_0").click();
+        });
+        Teclea(cliente + u"\r\r"_s);
+        De<QPushButton>(forma, "CmdAceptar").click();
+        EXPECT_FALSE(forma.isVisible());
+    }
+    void Importa(const QStringList& lineas) {
+        QFile archivo(m_base.Carpeta() + u"/051820990518018202610.TXT"_s);
+        ASSERT_TRUE(archivo.open(QIODevice::WriteOnly));
+        archivo.write(lineas.join(u'\n').toUtf8() + '\n');
+        archivo.close();
+        SinPausa observador;
+        m_proceso.rutaRPT = m_base.Carpeta() + u"/RPT"_s;
+        const auto resultado = Transferencia(m_proceso, FormatoPercepciones(), m_base.Carpeta()).Corre(observador);
+        EXPECT_EQ(resultado.transferidos, lineas.size());
+        EXPECT_EQ(resultado.rechazados, 0);
+    }
+    /// Saves what the work tables hold, gives all that is stored of it, and leaves nothing of it behind.
+    QString Graba() {
+        Declaracion declaracion;
+        declaracion.clave = {m_proceso.docDeclarante, u"202610"_s, kNumFormulario, false, {}};
+        RefrescaTotales(*m_base, declaracion);
+        declaracion.pago.forma = u"E"_s;
+        declaracion.rectifica = u"0"_s;
+        (void)GrabaDeclaracion(*m_base, declaracion, m_reloj.Hoy());
+        const QString retrato = prueba::Retrato(*m_base);
+        for (const QString& tabla : {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u"F518PDETVC"_s, u"F518PDETCP"_s,
+                                     u"TMPF518PCAB"_s, u"TMPF518PDET"_s, u"TMPF518PDETCP"_s})
+            m_base->Ejecuta(u"DELETE * FROM "_s + tabla);
+        return retrato;
+    }
+};
+
+/// Boxes, rows and checksums of a declaration don't tell how it was entered.
+TEST_F(HandAndFileTest, TheSameContentIsStoredAlike) {
+    Entra(u"06\r"_s + kEmpresa + u"\racme"_s, u"\rP001\r1\r15102026\r1000.55\rs\rn\rn\r"_s,
+          {u"01F001\r77\r10102026\r1299.17\r\r"_s, u"07F001\r5\r12092026\r118.59\r\r"_s});
+    Entra(u"01\r45678901\rquispe\rrojas\rmaria"_s, u"\rP001\r2\r16102026\r100.25\rn\rs\rs\r"_s,
+          {u"031\r9\r31122009\r118.01\r\r"_s});
+    const QStringList trabajo = m_base.Filas(u"SELECT * FROM TMPF518PDET UNION ALL "
+                                             "SELECT *, '', '', '' FROM TMPF518PDETCP"_s);
+    const QString aMano = Graba();
+    Importa({u"06|20500000008|Acme||||P001|1|15/10/2026|1|0|0|1000.55|01|F001|77|10/10/2026|1299.17|"_s,
+             u"06|20500000008|Acme||||P001|1|15/10/2026|1|0|0|1000.55|07|F001|5|12/09/2026|118.59|"_s,
+             u"01|45678901||Quispe|Rojas|Maria|P001|2|16/10/2026|0|1|1|100.25|03|1|9|31/12/2009|118.01|"_s});
+    EXPECT_EQ(m_base.Filas(u"SELECT * FROM TMPF518PDET UNION ALL SELECT *, '', '', '' FROM TMPF518PDETCP"_s), trabajo);
+    EXPECT_EQ(Graba(), aMano);
+    EXPECT_EQ(trabajo.size(), 5);
+}
+
+} // namespace
+} // namespace xa518

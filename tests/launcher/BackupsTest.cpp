@@ -1,0 +1,162 @@
+#include "launcher/Backups.h"
+
+#include "data/Record.h"
+#include "data/SchemaVersion.h"
+#include "data/Transaction.h"
+#include "launcher/Schema.h"
+#include "platform/Clock.h"
+#include "support/TemporaryBase.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+using namespace xa518;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Backups : public testing::Test {
+  protected:
+    Backups() {
+        base->Ejecuta(u"PRAGMA user_version=%1"_s.arg(kVersionEsquema));
+        Graba(u"202609"_s);
+    }
+
+    void Graba(const QString& periodo) {
+        base->Ejecuta(u"INSERT INTO CAB (Doc_id_d, tip_doc_d, periodo, Formulario) VALUES ('2', 6, ?, '0518')"_s,
+                      {periodo});
+    }
+    /// Read through a connection of its own: the fixture's stays with the file that a copy took the place of.
+    QString Periodos() const {
+        const auto vigente = Base::Abre(base.Ruta());
+        Registros fila = vigente->Lee(u"SELECT group_concat(periodo) FROM CAB"_s);
+        return fila.Siguiente() ? fila.Texto(0) : QString();
+    }
+    Respaldos Copias() const { return {base.Ruta(), base.Carpeta() + u"/RESPALDOS"_s, reloj}; }
+    QString Archivo(const QString& nombre, const QByteArray& bytes) const {
+        const QString ruta = base.Carpeta() + u'/' + nombre;
+        QFile archivo(ruta);
+        EXPECT_TRUE(archivo.open(QIODevice::WriteOnly));
+        archivo.write(bytes);
+        return ruta;
+    }
+    static QByteArray Bytes(const QString& ruta) {
+        QFile archivo(ruta);
+        return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray("unreadable");
+    }
+
+    prueba::BaseTemporal base;
+    RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
+};
+
+} // namespace
+
+TEST_F(Backups, KeepsTheLastTwentyEvenWhenTheClockIsSetBack) {
+    const QString primera = Copias().Haz();
+    for (int i = 0; i < 21; ++i)
+        (void)Copias().Haz();
+    EXPECT_EQ(Copias().Lista().size(), 20);
+    EXPECT_FALSE(QFile::exists(primera));
+    const RelojFijo ayer(QDateTime({2026, 11, 20}, {10, 0}));
+    const QString reciente = Respaldos(base.Ruta(), Copias().Carpeta(), ayer).Haz();
+    EXPECT_EQ(Copias().Lista().size(), 20);
+    EXPECT_EQ(Copias().Lista().last().ruta, reciente);
+    EXPECT_EQ(Copias().Lista().last().fecha, ayer.Ahora());
+    EXPECT_EQ(QFile::permissions(reciente) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+}
+
+TEST_F(Backups, RestoresTheCopyToTheByteAndKeepsWhatWasThere) {
+    const QString copia = Copias().Haz();
+    Graba(u"202610"_s);
+    ASSERT_TRUE(Copias().Restaura(copia));
+    EXPECT_EQ(Bytes(base.Ruta()), Bytes(copia));
+    EXPECT_EQ(Periodos(), u"202609"_s);
+    // Whoever still has the old file open must not write into the void.
+    EXPECT_THROW(Graba(u"202611"_s), ErrorBase);
+    ASSERT_EQ(Copias().Lista().size(), 2);
+    ASSERT_TRUE(Copias().Restaura(Copias().Lista().first().ruta));
+    EXPECT_EQ(Periodos(), u"202609,202610"_s);
+    EXPECT_EQ(QDir(base.Carpeta()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              QStringList({u"RESPALDOS"_s, u"XA.DB"_s}));
+}
+
+TEST_F(Backups, RefusesWhatIsNoSoundBaseOfThesePrograms) {
+    const QString copia = Copias().Haz();
+    const QByteArray buena = Bytes(copia);
+    QByteArray rayada = buena;
+    std::fill(rayada.begin() + 4096, rayada.begin() + 12288, 'x');
+    const auto ajena = Base::Crea(base.Carpeta() + u"/ajena"_s);
+    ajena->Ejecuta(u"CREATE TABLE T (A)"_s);
+    const auto futura = prueba::CreaBase(base.Carpeta() + u"/futura"_s);
+    futura->Ejecuta(u"PRAGMA user_version=99"_s);
+    const QStringList malas = {base.Carpeta() + u"/ausente"_s,
+                               base.Carpeta(),
+                               Archivo(u"texto"_s, "no soy una base"),
+                               Archivo(u"vacio"_s, {}),
+                               Archivo(u"cortada"_s, buena.first(buena.size() / 2)),
+                               Archivo(u"rayada"_s, rayada),
+                               ajena->Ruta(),
+                               futura->Ruta()};
+    const QByteArray antes = Bytes(base.Ruta());
+    for (const QString& mala : malas) {
+        const Veredicto veredicto = Copias().Restaura(mala);
+        ASSERT_FALSE(veredicto) << mala.toStdString();
+        EXPECT_TRUE(veredicto.mensaje->texto.contains(mala)) << veredicto.mensaje->texto.toStdString();
+    }
+    EXPECT_EQ(Bytes(base.Ruta()), antes);
+    EXPECT_EQ(Copias().Lista().size(), 1);
+}
+
+TEST_F(Backups, RefusesWhileAnotherProgramUsesTheBase) {
+    const QString copia = Copias().Haz();
+    Graba(u"202610"_s);
+    {
+        const Transaccion ocupada = base->Comienza();
+        EXPECT_FALSE(Copias().Restaura(copia));
+    }
+#ifdef Q_OS_LINUX
+    QProcess otro; // it only has the file open, as a module between two statements
+    otro.start(u"sh"_s, {u"-c"_s, u"exec 3<'%1'; echo listo; read fin"_s.arg(base.Ruta())});
+    ASSERT_TRUE(otro.waitForReadyRead());
+    const Veredicto veredicto = Copias().Restaura(copia);
+    ASSERT_FALSE(veredicto);
+    EXPECT_TRUE(veredicto.mensaje->texto.contains(u"sh (%1)"_s.arg(otro.processId())))
+        << veredicto.mensaje->texto.toStdString();
+    otro.closeWriteChannel();
+    ASSERT_TRUE(otro.waitForFinished());
+#endif
+    EXPECT_EQ(Periodos(), u"202609,202610"_s);
+    EXPECT_TRUE(Copias().Restaura(copia));
+}
+
+TEST_F(Backups, TakesThePlaceOfABrokenOrMissingBase) {
+    const QString copia = Copias().Haz();
+    Archivo(u"XA.DB"_s, "restos de una base");
+    Archivo(u"XA.DB-journal"_s, "diario de la base rota");
+    ASSERT_TRUE(Copias().Restaura(copia));
+    EXPECT_EQ(Periodos(), u"202609"_s);
+    EXPECT_FALSE(QFile::exists(base.Ruta() + u"-journal"_s));
+    const QDir carpeta(Copias().Carpeta());
+    const QStringList restos = carpeta.entryList({u"*.DANADA"_s}, QDir::Files);
+    ASSERT_EQ(restos.size(), 1);
+    EXPECT_EQ(Bytes(carpeta.filePath(restos.first())), "restos de una base");
+
+    QFile::remove(base.Ruta());
+    EXPECT_THROW((void)Copias().Haz(), ErrorBase);
+    ASSERT_TRUE(Copias().Restaura(copia));
+    EXPECT_EQ(Periodos(), u"202609"_s);
+}
+
+TEST_F(Backups, ACopyOfAnEarlierVersionGetsTheTablesOfThisOne) {
+    const QString pasos = base.Carpeta() + u"/pasos"_s;
+    ASSERT_TRUE(QDir().mkpath(pasos) &&
+                QFile::copy(u":/esquema/0001_shared_tables.sql"_s, pasos + u"/0001_shared_tables.sql"_s));
+    const QString anterior = base.Carpeta() + u"/anterior"_s;
+    ASSERT_EQ(Esquema(pasos).Aplica(*Base::Crea(anterior)).version, 1);
+    ASSERT_TRUE(Copias().Restaura(anterior));
+    EXPECT_NO_THROW(ExigeVersion(*Base::Abre(base.Ruta())));
+    EXPECT_EQ(VersionDe(*Base::Abre(anterior)), 1);
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "launcher/FrmConsola.h"
+#include "launcher/RowTable.h"
+#include "platform/Clock.h"
+#include "support/NoticeScript.h"
+
+#include <QPushButton>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace xa518::prueba {
+
+/// An installation with the sample company, and the launcher's window over it.
+class Ventana : public testing::Test {
+  protected:
+    Ventana();
+    ~Ventana() override;
+
+    void Instala();
+    /// Opens the window and waits until its start is over.
+    void Abre(VistaDeInforme vista = {});
+    /// Goes to another window and comes back.
+    void VaYVuelve();
+
+    template <typename T>
+    [[nodiscard]] T& Control(const char* nombre) const {
+        auto* control = ventana->findChild<T*>(QString::fromLatin1(nombre));
+        if (control == nullptr)
+            throw std::logic_error(nombre);
+        return *control;
+    }
+    void Pulsa(const char* boton) const;
+    void Alt(Qt::Key letra) const;
+
+    [[nodiscard]] TablaFilas& Tabla(const char* nombre) const { return Control<TablaFilas>(nombre); }
+    /// The cells of a row, joined by "|".
+    [[nodiscard]] static QString Fila(const TablaFilas& tabla, int fila);
+    [[nodiscard]] std::unique_ptr<Base> LaBase() const { return Base::Abre(RutaBase()); }
+    [[nodiscard]] QString RutaBase() const { return carpeta + QStringLiteral("/XA000.DB"); }
+    void Graba(const QString& periodo, int estado) const;
+    [[nodiscard]] QString Aviso() const;
+
+    QTemporaryDir raiz;
+    QString carpeta{raiz.filePath(QStringLiteral("xa518"))};
+    QString programas{raiz.filePath(QStringLiteral("bin"))};
+    RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
+    EntornoConsola entorno{reloj, raiz.filePath(QStringLiteral("XA000.INI")), carpeta, QStringLiteral("CONTADOR")};
+    AvisosDePrueba avisos;
+    std::unique_ptr<FrmConsola> ventana;
+};
+
+inline const QString kRuc = QStringLiteral("20990518018");
+inline const QString kOcupada =
+    QStringLiteral("La base de datos está en uso por otro programa, o es de sólo lectura. Espere a que el otro programa"
+                   " termine y vuelva a intentarlo.");
+
+} // namespace xa518::prueba
