@@ -87,7 +87,8 @@ void DeclaraOpciones(QCommandLineParser& lector) {
     for (const QString& conValor : {u"ruc"_s, u"periodo"_s, u"percepciones"_s, u"pagos-previos"_s, u"interes"_s,
                                     u"importe"_s, u"cheque"_s, u"banco"_s, u"enviada"_s, u"pdf"_s, u"hoy"_s})
         lector.addOption({conValor, {}, u"VALOR"_s});
-    for (const QString& sinValor : {u"efectivo"_s, u"rectifica"_s, u"anexos"_s, u"enviadas"_s, u"json"_s, u"help"_s, u"version"_s})
+    for (const QString& sinValor :
+         {u"efectivo"_s, u"rectifica"_s, u"anexos"_s, u"enviadas"_s, u"json"_s, u"help"_s, u"version"_s})
         lector.addOption(QCommandLineOption(sinValor));
 }
 

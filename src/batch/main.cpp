@@ -26,8 +26,8 @@ bool ErroresEnTerminal() {
 
 /// Only print-outs need letters, and nothing here needs a display.
 std::unique_ptr<QCoreApplication> HazAplicacion(int& argc, char** argv) {
-    const bool imprime =
-        std::any_of(argv, argv + argc, [](const char* argumento) { return QByteArrayView(argumento).startsWith("--pdf"); });
+    const bool imprime = std::any_of(
+        argv, argv + argc, [](const char* argumento) { return QByteArrayView(argumento).startsWith("--pdf"); });
     if (!imprime)
         return std::make_unique<QCoreApplication>(argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
