@@ -43,7 +43,7 @@ void AbreLista(QFile& lista) {
 int CuentaLineas(const QString& ruta) {
     QFile lista(ruta);
     AbreLista(lista);
-    LectorLineas lineas(lista);
+    LineasTolerantes lineas(lista);
     int cuenta = 0;
     while (lineas.Siguiente())
         ++cuenta;
@@ -100,7 +100,7 @@ void ReporteErrores::Cabecera() {
 void ReporteErrores::Cuerpo() {
     QFile lista(m_datos.rutaLista);
     AbreLista(lista);
-    LectorLineas lineas(lista);
+    LineasTolerantes lineas(lista);
     while (lineas.Siguiente()) {
         m_escritor->ImprimeLinea(kSangria + Decodifica(lineas.Linea()));
         if (++m_errores % kErroresPorPagina == 0)

@@ -13,13 +13,13 @@ constexpr qsizetype kTrozo = 64 * 1024;
 
 } // namespace
 
-LectorLineas::LectorLineas(QIODevice& entrada, qint64 desde, qint64 hasta)
+LineasTolerantes::LineasTolerantes(QIODevice& entrada, qint64 desde, qint64 hasta)
     : m_entrada(&entrada), m_hasta(hasta < 0 ? std::numeric_limits<qint64>::max() : hasta), m_fin(desde) {
     if (!m_entrada->seek(desde))
         m_hasta = 0;
 }
 
-bool LectorLineas::Siguiente() {
+bool LineasTolerantes::Siguiente() {
     if (m_fin >= m_hasta)
         return false;
     bool sobra = false; // the line has grown past the limit and its beginning is gone
@@ -46,7 +46,7 @@ bool LectorLineas::Siguiente() {
 }
 
 /// Drops what was handed out and reads a further piece behind what is left.
-bool LectorLineas::Llena() {
+bool LineasTolerantes::Llena() {
     m_bloque.remove(0, m_usado);
     m_usado = 0;
     const qsizetype habia = m_bloque.size();
@@ -56,7 +56,7 @@ bool LectorLineas::Llena() {
     return leidos > 0;
 }
 
-void LectorLineas::Pasa(qsizetype largo, qsizetype terminador) {
+void LineasTolerantes::Pasa(qsizetype largo, qsizetype terminador) {
     m_linea = QByteArrayView(m_bloque).sliced(m_usado, largo);
     if (m_linea.endsWith('\r'))
         m_linea.chop(1);

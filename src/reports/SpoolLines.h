@@ -7,14 +7,15 @@ class QIODevice;
 
 namespace xa518 {
 
-/// Cuts a device into lines, whatever it holds, with one small block in memory. LF and CRLF end a line; one longer
+/// Cuts a device into lines, whatever it holds, with one small block in memory: where the import refuses a line that
+/// is too long, a report is shown as far as it can be. LF and CRLF end a line; one longer
 /// than any report writes is passed over, and its place shows as an empty line.
-class LectorLineas {
+class LineasTolerantes {
   public:
     static constexpr qsizetype kLineaMaxima = 32 * 1024;
 
     /// Starts at an offset, and stops at another one when it is told.
-    explicit LectorLineas(QIODevice& entrada, qint64 desde = 0, qint64 hasta = -1);
+    explicit LineasTolerantes(QIODevice& entrada, qint64 desde = 0, qint64 hasta = -1);
 
     /// Moves to the next line, at first to the first one; false past the last. A failure of the device ends it too.
     [[nodiscard]] bool Siguiente();

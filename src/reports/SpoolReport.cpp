@@ -76,7 +76,7 @@ int InformeSpool::Paginas() const {
 }
 
 void InformeSpool::Indexa() {
-    LectorLineas lineas(*m_entrada);
+    LineasTolerantes lineas(*m_entrada);
     while (lineas.Siguiente()) {
         const LineaSpool linea(lineas.Linea());
         if (linea.EsDePagina()) {
@@ -106,7 +106,7 @@ void InformeSpool::RecorrePagina(int pagina, const Visita& visita) {
     if (pagina < 0 || static_cast<size_t>(pagina) >= m_paginas.size())
         return;
     const Tramo tramo = m_paginas[static_cast<size_t>(pagina)];
-    LectorLineas lineas(*m_entrada, tramo.desde, tramo.hasta);
+    LineasTolerantes lineas(*m_entrada, tramo.desde, tramo.hasta);
     while (lineas.Siguiente()) {
         const LineaSpool linea(lineas.Linea());
         if (linea.Pagina() != pagina)
@@ -118,7 +118,7 @@ void InformeSpool::RecorrePagina(int pagina, const Visita& visita) {
 
 void InformeSpool::Imprime(const RangoPaginas& rango, DestinoInforme& destino) {
     int pagina = 0;
-    LectorLineas lineas(*m_entrada);
+    LineasTolerantes lineas(*m_entrada);
     while (lineas.Siguiente()) {
         const auto comando = LineaSpool(lineas.Linea()).Lee();
         if (!comando)
@@ -135,7 +135,7 @@ void InformeSpool::Imprime(const RangoPaginas& rango, DestinoInforme& destino) {
 
 int LeeNumeroHojas(const QString& ruta) {
     const std::unique_ptr<QIODevice> archivo = AbreArchivo(ruta);
-    LectorLineas lineas(*archivo);
+    LineasTolerantes lineas(*archivo);
     while (lineas.Siguiente()) {
         const qsizetype apertura = lineas.Linea().indexOf("<!nHojas!>");
         if (apertura < 0)

@@ -103,7 +103,7 @@ TEST(SpoolReport, ReadsPagesInAnyOrderAndWhereverTheirCommandsStand) {
 
 TEST(SpoolReport, FindsLinesWhateverTheirLength) {
     const QByteArray relleno(300'000, 'x');
-    const QByteArray justo(LectorLineas::kLineaMaxima - 25, 'y');
+    const QByteArray justo(LineasTolerantes::kLineaMaxima - 25, 'y');
     const auto informe = InformeDe("pPos|1|1|" + relleno + "|False|8|0|\npPos|1|1|" + justo +
                                    "|False|8|1|\npPos|1|1|fin|False|8|2|\n" + relleno);
     EXPECT_EQ(informe->Paginas(), 3);
