@@ -31,7 +31,12 @@ std::unique_ptr<QCoreApplication> HazAplicacion(int& argc, char** argv) {
     if (!imprime)
         return std::make_unique<QCoreApplication>(argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    return std::make_unique<QGuiApplication>(argc, argv);
+    // A session's folder is looked for, and its absence complained of: a timer's mail should hold faults only.
+    const QtMessageHandler anterior =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    auto aplicacion = std::make_unique<QGuiApplication>(argc, argv);
+    qInstallMessageHandler(anterior);
+    return aplicacion;
 }
 
 } // namespace
