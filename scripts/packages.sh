@@ -22,6 +22,7 @@ packages_test=(
   libgmock-dev
   clang-format
   python3
+  poppler-utils # reads printed pages back
   xvfb # the window search is tried against real windows
 )
 
