@@ -14,6 +14,7 @@ packages_build=(
   libsqlite3-dev
   libsodium-dev
   libfccp-dev
+  fonts-liberation # the print-outs' fixed-width letter
 )
 
 packages_test=(

@@ -19,7 +19,9 @@ const QString kUso = u"Uso: xa518-lote importar --ruc RUC --periodo AAAAMM [--pe
                      "     xa518-lote declarar --ruc RUC --periodo AAAAMM [--percepciones DIR]\n"
                      "                         [--pagos-previos N] [--interes N] [--importe N]\n"
                      "                         [--efectivo | --cheque NUM --banco COD] [--rectifica]\n"
+                     "                         [--pdf DIR]\n"
                      "     xa518-lote validar  --ruc RUC --periodo AAAAMM\n"
+                     "     xa518-lote imprimir --ruc RUC --periodo AAAAMM [--enviada CORREL] [--anexos] --pdf ARCHIVO\n"
                      "     xa518-lote listar   [--enviadas]\n"_s;
 
 const QString kAyuda = kUso + u"\nLas reglas de la declaración 0518, sin ventana.\n"
@@ -27,6 +29,7 @@ const QString kAyuda = kUso + u"\nLas reglas de la declaración 0518, sin ventan
                               "  importar   carga la declaración en las tablas de trabajo y agrega el archivo\n"
                               "  declarar   lo mismo, y además calcula, valida y graba la declaración\n"
                               "  validar    dice las inconsistencias de una declaración registrada\n"
+                              "  imprimir   deja en PDF una declaración registrada, o una copia enviada\n"
                               "  listar     muestra las declaraciones registradas, o las enviadas\n"
                               "\nOpciones:\n"
                               "  --ruc RUC            número del declarante\n"
@@ -39,6 +42,10 @@ const QString kAyuda = kUso + u"\nLas reglas de la declaración 0518, sin ventan
                               "  --cheque NUM         paga con cheque, junto con --banco\n"
                               "  --banco COD          banco del cheque\n"
                               "  --rectifica          la declaración rectifica o sustituye a otra\n"
+                              "  --pdf DIR            con declarar: carpeta de los PDF de la declaración y su anexo\n"
+                              "  --pdf ARCHIVO        con imprimir: el PDF que se escribe\n"
+                              "  --enviada CORREL     la copia enviada con ese número\n"
+                              "  --anexos             también el anexo, tras la declaración\n"
                               "  --enviadas           las declaraciones enviadas\n"
                               "  --json               imprime un objeto JSON\n"
                               "  --hoy DD/MM/AAAA     trabaja como si fuera ese día\n"
@@ -54,6 +61,7 @@ std::optional<Orden> LeeOrden(const QString& palabra) {
     static const QHash<QString, Orden> ordenes = {{u"importar"_s, Orden::Importar},
                                                   {u"declarar"_s, Orden::Declarar},
                                                   {u"validar"_s, Orden::Validar},
+                                                  {u"imprimir"_s, Orden::Imprimir},
                                                   {u"listar"_s, Orden::Listar}};
     const auto orden = ordenes.constFind(palabra);
     return orden == ordenes.cend() ? std::nullopt : std::optional(*orden);
@@ -67,8 +75,9 @@ QStringList OpcionesDe(Orden orden) {
                                        u"cheque"_s,        u"banco"_s,   u"rectifica"_s};
     switch (orden) {
     case Orden::Importar: return clave + archivos;
-    case Orden::Declarar: return clave + archivos + montos;
+    case Orden::Declarar: return clave + archivos + montos + QStringList{u"pdf"_s};
     case Orden::Validar: return clave;
+    case Orden::Imprimir: return clave + QStringList{u"enviada"_s, u"anexos"_s, u"pdf"_s};
     case Orden::Listar: return {u"enviadas"_s};
     }
     return {};
@@ -76,9 +85,10 @@ QStringList OpcionesDe(Orden orden) {
 
 void DeclaraOpciones(QCommandLineParser& lector) {
     for (const QString& conValor : {u"ruc"_s, u"periodo"_s, u"percepciones"_s, u"pagos-previos"_s, u"interes"_s,
-                                    u"importe"_s, u"cheque"_s, u"banco"_s, u"hoy"_s})
+                                    u"importe"_s, u"cheque"_s, u"banco"_s, u"enviada"_s, u"pdf"_s, u"hoy"_s})
         lector.addOption({conValor, {}, u"VALOR"_s});
-    for (const QString& sinValor : {u"efectivo"_s, u"rectifica"_s, u"enviadas"_s, u"json"_s, u"help"_s, u"version"_s})
+    for (const QString& sinValor :
+         {u"efectivo"_s, u"rectifica"_s, u"anexos"_s, u"enviadas"_s, u"json"_s, u"help"_s, u"version"_s})
         lector.addOption(QCommandLineOption(sinValor));
 }
 
@@ -113,6 +123,10 @@ QString FaltaEn(const QCommandLineParser& lector, const Argumentos& dados) {
         return u"--efectivo y --cheque no van juntos"_s;
     if (dados.cheque.has_value() == dados.banco.isEmpty())
         return u"--cheque y --banco van juntos"_s;
+    if (dados.orden == Orden::Imprimir && !dados.pdf)
+        return u"falta --pdf"_s;
+    if (dados.pdf && lector.value(u"pdf"_s).isEmpty())
+        return u"--pdf espera un nombre"_s;
     if (lector.isSet(u"hoy"_s) && !dados.hoy)
         return u"--hoy espera una fecha dd/mm/aaaa"_s;
     return {};
@@ -133,6 +147,10 @@ Argumentos Recoge(const QCommandLineParser& lector, Orden orden) {
     dados.cheque = Dado(lector, u"cheque"_s);
     dados.banco = lector.value(u"banco"_s);
     dados.rectifica = lector.isSet(u"rectifica"_s);
+    dados.enviada = Dado(lector, u"enviada"_s);
+    dados.anexos = lector.isSet(u"anexos"_s);
+    if (const auto pdf = Dado(lector, u"pdf"_s))
+        dados.pdf = QDir::current().absoluteFilePath(*pdf);
     dados.enviadas = lector.isSet(u"enviadas"_s);
     dados.json = lector.isSet(u"json"_s);
     dados.hoy = LeeFecha(lector.value(u"hoy"_s));

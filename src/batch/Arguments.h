@@ -8,7 +8,7 @@
 
 namespace xa518 {
 
-enum class Orden { Importar, Declarar, Validar, Listar };
+enum class Orden { Importar, Declarar, Validar, Imprimir, Listar };
 
 /// The command line, read. An amount that wasn't given is the missing value, and what is stored then stays.
 struct Argumentos {
@@ -24,6 +24,9 @@ struct Argumentos {
     QString banco;
     bool rectifica = false;
     bool enviadas = false;
+    std::optional<QString> enviada; ///< number of the sent copy to be printed
+    bool anexos = false;
+    std::optional<QString> pdf; ///< absolute: the file to print to, or the folder when a declaration is made
     bool json = false;
     std::optional<QDate> hoy;
 };

@@ -1,6 +1,7 @@
 #include "batch/Commands.h"
 
 #include "batch/ExitCode.h"
+#include "batch/PdfOutput.h"
 #include "batch/Session.h"
 #include "data/Catalog.h"
 #include "data/DocumentTypes.h"
@@ -133,6 +134,8 @@ Informe Declarar(Proceso& proceso, const Argumentos& argumentos, ObservadorImpor
     Declaracion declaracion;
     declaracion.clave = ClaveDe(proceso, argumentos);
     Exige(RechazaRucDeOcho(declaracion.clave.ruc), {});
+    if (argumentos.pdf)
+        PreparaCarpeta(*argumentos.pdf);
     Informe informe;
     CargaTrabajo(proceso, argumentos, declaracion.clave, avance, informe);
     CargaCasillas(base, declaracion);
@@ -144,6 +147,17 @@ Informe Declarar(Proceso& proceso, const Argumentos& argumentos, ObservadorImpor
     informe.estado = grabacion.estado;
     informe.casillas = CasillasGrabadas(base, declaracion.clave);
     informe.mensajes += grabacion.mensajes;
+    if (argumentos.pdf)
+        DejaPdf(proceso, declaracion.clave, *argumentos.pdf, informe);
+    return informe;
+}
+
+Informe Imprimir(Proceso& proceso, const Argumentos& argumentos) {
+    ClaveDeclaracion clave = ClaveDe(proceso, argumentos);
+    clave.enviada = argumentos.enviada.has_value();
+    clave.correl = argumentos.enviada.value_or(QString());
+    Informe informe;
+    ImprimeEnPdf(proceso, clave, argumentos.anexos, *argumentos.pdf, informe);
     return informe;
 }
 
@@ -198,6 +212,7 @@ Informe EjecutaOrden(Proceso& proceso, const Argumentos& argumentos, ObservadorI
     case Orden::Importar: return Importar(proceso, argumentos, avance);
     case Orden::Declarar: return Declarar(proceso, argumentos, avance);
     case Orden::Validar: return Validar(proceso, argumentos);
+    case Orden::Imprimir: return Imprimir(proceso, argumentos);
     case Orden::Listar: break;
     }
     Informe informe;

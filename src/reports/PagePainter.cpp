@@ -1,0 +1,110 @@
+#include "reports/PagePainter.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize kHoja{11906, 16838};
+constexpr int kTwipsPorPunto = 20;
+constexpr int kPasoVertical = 190;
+
+/// Reports begin at the very edge, where no printer prints: a quarter of an inch keeps them on the paper, and nearly in
+/// its middle.
+constexpr int kMargen = 360;
+
+constexpr qreal kGrosor = 8;
+constexpr int kTamanoMaximo = 200; ///< of a font, in points: what a damaged file asks beyond it isn't worth the memory
+
+} // namespace
+
+QSize TamanoHoja(bool apaisado) {
+    return apaisado ? kHoja.transposed() : kHoja;
+}
+
+QColor ColorDe(const ColorPagina& color, const QColor& ventana) {
+    return color.delSistema ? ventana : QColor(color.rojo, color.verde, color.azul);
+}
+
+QFont FuenteInforme() {
+    QFont fuente;
+    fuente.setFamilies({u"Courier New"_s, u"Liberation Mono"_s, u"Cousine"_s, u"Nimbus Mono PS"_s});
+    fuente.setStyleHint(QFont::TypeWriter);
+    fuente.setFixedPitch(true);
+    fuente.setHintingPreference(QFont::PreferNoHinting); // widths must not depend on the zoom
+    fuente.setKerning(false);
+    return fuente;
+}
+
+PintorPagina::PintorPagina(QPainter& pintor, qreal escala) : m_pintor(&pintor) {
+    pintor.setRenderHint(QPainter::TextAntialiasing);
+    pintor.setRenderHint(QPainter::Antialiasing, false);
+    pintor.scale(escala, escala);
+    pintor.translate(kMargen, kMargen);
+    QPen pluma(Qt::black, kGrosor, Qt::SolidLine, Qt::SquareCap);
+    if (kGrosor * escala < 1) // thinner than a dot of the device: one dot, whatever the zoom
+        pluma.setWidth(0);
+    pintor.setPen(pluma);
+}
+
+void PintorPagina::Pinta(const Comando& comando) {
+    if (const auto* texto = std::get_if<TextoEnPagina>(&comando))
+        Texto(*texto);
+    else if (const auto* vertical = std::get_if<TextoVertical>(&comando))
+        Vertical(vertical->texto);
+    else if (const auto* cuadro = std::get_if<Cuadro>(&comando))
+        Cuadros(*cuadro);
+}
+
+/// The place given is the top left corner of the text, the painter's that of its base line.
+void PintorPagina::Texto(const TextoEnPagina& texto) {
+    if (texto.tamano <= 0 || texto.texto.isEmpty())
+        return;
+    PonFuente(texto.tamano, texto.negrita);
+    m_pintor->drawText(QPointF(texto.x, texto.y + m_ascenso), texto.texto);
+}
+
+void PintorPagina::Vertical(const TextoEnPagina& texto) {
+    TextoEnPagina letra = texto;
+    for (const QChar c : texto.texto) {
+        letra.texto = c;
+        Texto(letra);
+        letra.y += kPasoVertical;
+    }
+}
+
+void PintorPagina::Cuadros(const Cuadro& cuadro) {
+    m_pintor->drawLine(cuadro.x1, cuadro.y1, cuadro.x2, cuadro.y1);
+    m_pintor->drawLine(cuadro.x1, cuadro.y2, cuadro.x2, cuadro.y2);
+    m_pintor->drawLine(cuadro.x1, cuadro.y1, cuadro.x1, cuadro.y2);
+    m_pintor->drawLine(cuadro.x2, cuadro.y1, cuadro.x2, cuadro.y2);
+}
+
+void PintorPagina::PonFuente(int tamano, bool negrita) {
+    const int acotado = std::min(tamano, kTamanoMaximo);
+    if (acotado == m_tamano && negrita == m_negrita)
+        return;
+    QFont fuente = FuenteInforme();
+    fuente.setPixelSize(acotado * kTwipsPorPunto); // the painter counts in twips
+    fuente.setBold(negrita);
+    m_pintor->setFont(fuente);
+    m_ascenso = QFontMetricsF(fuente).ascent();
+    m_tamano = acotado;
+    m_negrita = negrita;
+}
+
+void PintaPagina(QPainter& pintor, InformeSpool& informe, int pagina, qreal ancho) {
+    const QSize hoja = TamanoHoja(informe.Cabecera().apaisado);
+    pintor.save();
+    PintorPagina paginas(pintor, ancho / hoja.width());
+    informe.RecorrePagina(pagina, [&](const Comando& comando) { paginas.Pinta(comando); });
+    pintor.restore();
+}
+
+} // namespace xa518

@@ -1,0 +1,71 @@
+#include "reports/PageRange.h"
+
+#include "values/Text.h"
+
+#include <algorithm>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kHojasConRango = 16;
+constexpr int kRetroceso = 8;
+
+const QString kDesde = u"txtPagDesde"_s;
+const QString kHasta = u"txtPagHasta"_s;
+
+/// The leading digits: a blank or a point, which the fields let through, ends them, and none count as 0. Wanted.
+int Pagina(const QString& texto) {
+    constexpr int kTope = 1'000'000'000;
+    qint64 pagina = 0;
+    for (const QChar c : Recorta(texto)) {
+        if (!EsDigito(c))
+            break;
+        pagina = std::min<qint64>(pagina * 10 + c.digitValue(), kTope);
+    }
+    return static_cast<int>(pagina);
+}
+
+Veredicto Rechaza(const QString& texto, const QString& campo) {
+    return Veredicto::Rechaza({Icono::Critico, texto, {}}, campo);
+}
+
+} // namespace
+
+ViaInforme ViaPara(int hojas) {
+    return hojas < kHojasConRango ? ViaInforme::Directa : ViaInforme::ConRango;
+}
+
+Veredicto ValidaRango(const QString& desde, const QString& hasta, int total) {
+    if (desde.isEmpty())
+        return Rechaza(u"Ingrese página de inicio."_s, kDesde);
+    if (Pagina(desde) < 1)
+        return Rechaza(u"Página inicial debe ser a partir de 1."_s, kDesde);
+    if (Pagina(desde) > total)
+        return Rechaza(u"Página inicial no debe ser mayor a total de páginas del reporte."_s, kDesde);
+    if (hasta.isEmpty())
+        return Rechaza(u"Ingrese página de Fin."_s, kHasta);
+    if (Pagina(hasta) < Pagina(desde)) // said the wrong way around, wanted so
+        return Rechaza(u"Página de Inicio debe ser mayor a página de Fin."_s, kHasta);
+    return Veredicto::Bien();
+}
+
+RangoPaginas TomaRango(const QString& desde, const QString& hasta) {
+    return {true, Pagina(desde), Pagina(hasta)};
+}
+
+bool EsTeclaDePagina(int tecla) {
+    return (tecla >= '0' && tecla <= '9') || tecla == kRetroceso || tecla == '.' || tecla == ' ';
+}
+
+QString TituloPaginas(int hojas) {
+    return QString::number(hojas) + u" páginas"_s;
+}
+
+QString TituloImpresion(int hojas) {
+    return u"Impresión de %1 páginas"_s.arg(hojas);
+}
+
+} // namespace xa518

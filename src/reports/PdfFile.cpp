@@ -1,0 +1,87 @@
+#include "reports/PdfFile.h"
+
+#include "reports/PagedPrinter.h"
+#include "reports/PdfMetadata.h"
+#include "values/Error.h"
+
+#include <QFile>
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QPageSize>
+#include <QPdfWriter>
+
+#include <filesystem>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kResolucion = 1440; ///< a dot of the device is a twip
+
+[[noreturn]] void Falla(const QString& ruta, const QString& motivo) {
+    throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir el archivo '%1': %2"_s.arg(ruta, motivo));
+}
+
+/// Without either the pages would come out empty.
+void ExigeLetras() {
+    if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) == nullptr)
+        throw Error(NumeroError::ArgumentoInvalido, u"No hay dónde dibujar las páginas."_s);
+    if (QFontDatabase::families().isEmpty())
+        throw Error(NumeroError::ArgumentoInvalido, u"No hay ninguna letra instalada: instale fonts-liberation."_s);
+}
+
+void ImprimeEn(QFile& pdf, const QStringList& spools, const RangoPaginas& rango) {
+    QPdfWriter escritor(&pdf);
+    escritor.setResolution(kResolucion);
+    escritor.setPageSize(QPageSize(QPageSize::A4));
+    escritor.setPageMargins(QMarginsF());
+    ImpresoraPaginas impresora(escritor);
+    for (const QString& spool : spools) {
+        impresora.EmpiezaOtro();
+        InformeSpool::Abre(spool)->Imprime(rango, impresora);
+    }
+    impresora.Termina();
+}
+
+/// Removes the half-done file unless it got its name.
+class ArchivoParcial {
+  public:
+    explicit ArchivoParcial(const QString& ruta) : m_ruta(ruta), m_archivo(ruta + u".parcial"_s) {
+        if (!m_archivo.open(QIODevice::ReadWrite | QIODevice::Truncate))
+            Falla(ruta, m_archivo.errorString());
+    }
+    ArchivoParcial(const ArchivoParcial&) = delete;
+    ArchivoParcial& operator=(const ArchivoParcial&) = delete;
+    ~ArchivoParcial() { m_archivo.remove(); }
+
+    [[nodiscard]] QFile& Archivo() { return m_archivo; }
+
+    void Confirma() {
+        if (!m_archivo.flush() || m_archivo.error() != QFileDevice::NoError)
+            Falla(m_ruta, m_archivo.errorString());
+        m_archivo.close();
+        std::error_code error;
+        std::filesystem::rename(m_archivo.filesystemFileName(), QFile(m_ruta).filesystemFileName(), error);
+        if (error)
+            Falla(m_ruta, QString::fromStdString(error.message()));
+    }
+
+  private:
+    QString m_ruta;
+    QFile m_archivo;
+};
+
+} // namespace
+
+void EscribePdf(const QStringList& spools, const QString& rutaPdf, const MetadatosPdf& metadatos,
+                const RangoPaginas& rango) {
+    ExigeLetras();
+    ArchivoParcial parcial(rutaPdf);
+    ImprimeEn(parcial.Archivo(), spools, rango);
+    PonMetadatos(parcial.Archivo(), metadatos);
+    parcial.Confirma();
+}
+
+} // namespace xa518

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "reports/DefaultPrinter.h"
+#include "reports/SpoolReport.h"
+
+#include <QString>
+
+class QWidget;
+
+namespace xa518 {
+
+class Avisos;
+class Reloj;
+struct Proceso;
+
+/// What the windows of reports work with, whichever program opens them. All it refers to must outlive them.
+struct EntornoInformes {
+    QString rutaRPT; ///< folder of the spool files, without separator
+    QString autor;   ///< of the PDFs that are saved
+    const Reloj& reloj;
+    Avisos& avisos;
+    FabricaImpresora impresora = ImpresoraPredeterminada;
+};
+
+[[nodiscard]] EntornoInformes EntornoDeInformes(const Proceso& proceso, Avisos& avisos);
+
+/// A report to be shown: its spool file, without folder, and what is printed of it.
+struct ReportePedido {
+    QString archivo;
+    QString titulo;     ///< as a document; empty for the file's name
+    RangoPaginas rango; ///< of the print job: the preview shows all pages
+
+    [[nodiscard]] QString Titulo() const;
+};
+
+enum class ModoReporte { Vprevia, Impresora };
+
+/// Shows the preview modally over a window, or prints the report without showing anything.
+void VerReporte(const EntornoInformes& entorno, const ReportePedido& pedido, ModoReporte modo, QWidget* padre);
+
+/// A finished report on its way to the user: short ones go straight to the preview, those of 16 pages or more by way of
+/// the dialog of the page range.
+void MuestraReporte(const EntornoInformes& entorno, const ReportePedido& pedido, QWidget* padre);
+
+/// Prints the report's range on the printer; tells when the file or the printer is missing.
+void ImprimeReporte(const EntornoInformes& entorno, const ReportePedido& pedido);
+
+} // namespace xa518

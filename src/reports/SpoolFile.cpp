@@ -1,0 +1,45 @@
+#include "reports/SpoolFile.h"
+
+#include "values/Error.h"
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kBloque = 64 * 1024;
+
+} // namespace
+
+ArchivoSpool::ArchivoSpool(const QString& ruta) : m_archivo(ruta) {
+    constexpr auto kSoloDelUsuario = QFile::ReadOwner | QFile::WriteOwner;
+    // Text: the line end is the platform's own.
+    if (!m_archivo.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text, kSoloDelUsuario))
+        throw Error(NumeroError::AccesoAlDisco,
+                    u"No se puede crear el archivo '%1': %2"_s.arg(ruta, m_archivo.errorString()));
+    m_bloque.reserve(kBloque + kBloque / 4);
+}
+
+void ArchivoSpool::Recibe(const Comando& comando) {
+    AgregaTextoDe(m_bloque, comando);
+    if (m_bloque.size() >= kBloque)
+        Vierte();
+}
+
+void ArchivoSpool::Termina() {
+    Vierte();
+    if (!m_archivo.flush())
+        throw Error(NumeroError::AccesoAlDisco,
+                    u"No se puede escribir el archivo '%1': %2"_s.arg(m_archivo.fileName(), m_archivo.errorString()));
+    m_archivo.close();
+}
+
+void ArchivoSpool::Vierte() {
+    if (m_archivo.write(m_bloque) != m_bloque.size())
+        throw Error(NumeroError::AccesoAlDisco,
+                    u"No se puede escribir el archivo '%1': %2"_s.arg(m_archivo.fileName(), m_archivo.errorString()));
+    m_bloque.resize(0);
+}
+
+} // namespace xa518

@@ -1,0 +1,64 @@
+#include "reports/SpoolRegistry.h"
+
+#include "data/Process.h"
+#include "data/Transaction.h"
+#include "platform/Clock.h"
+#include "values/Decimal.h"
+#include "values/Format.h"
+
+#include <QDir>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The value of a query of one number kept as text; 0 without a row and for null.
+Decimal Ultimo(Base& base, const QString& sql, const QVariantList& valores = {}) {
+    Registros fila = base.Lee(sql, valores);
+    return fila.Siguiente() ? Decimal::Valor(fila.Texto(0)) : Decimal();
+}
+
+bool ExisteNombre(Base& base, const QString& archivo) {
+    return base.Lee(u"SELECT Archivo FROM SPOOL WHERE Archivo = ?"_s, {archivo}).Siguiente();
+}
+
+/// Numbered across all reports of all modules. The largest name is compared as text, so once a name of another shape
+/// stands in the table the numbers start anew: names already taken are passed over.
+QString SiguienteArchivo(Base& base) {
+    const Decimal uno = Decimal::DeEntero(1);
+    Decimal numero = Ultimo(base, u"SELECT max(left(Archivo,8)) as SecRep FROM SPOOL"_s) + uno;
+    QString archivo = Format(numero, u"00000000") + u".PRN"_s;
+    while (ExisteNombre(base, archivo)) {
+        numero = numero + uno;
+        archivo = Format(numero, u"00000000") + u".PRN"_s;
+    }
+    return archivo;
+}
+
+} // namespace
+
+QString NuevoReporte(Proceso& proceso, const QString& codigo, int tipoDoc, const QString& doc) {
+    Base& base = *proceso.baseDatos;
+    Transaccion transaccion = base.Comienza();
+    const Decimal ultimaSec = Ultimo(base, u"SELECT max(Secuencia) as SecTipo FROM SPOOL Where CodRep = ?"_s, {codigo});
+    const QString archivo = SiguienteArchivo(base);
+    Registro fila(base.Describe(u"SPOOL"_s));
+    fila.Pon(u"CodRep", codigo)
+        .Pon(u"Secuencia", Format(ultimaSec + Decimal::DeEntero(1), u"000000"))
+        .Pon(u"Archivo", archivo)
+        .Pon(u"Fecha", proceso.reloj.Ahora().toString(u"yyyy-MM-dd HH:mm:ss"_s))
+        .Pon(u"Usuario", proceso.sysUser)
+        .Pon(u"tip_doc_d", tipoDoc)
+        .Pon(u"Doc_id_d", doc);
+    base.Agrega(fila);
+    transaccion.Confirma();
+    return archivo;
+}
+
+QString RutaDeInforme(const QString& rutaRPT, const QString& archivo) {
+    return rutaRPT + QDir::separator() + archivo;
+}
+
+} // namespace xa518

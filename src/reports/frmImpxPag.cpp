@@ -1,0 +1,51 @@
+#include "reports/frmImpxPag.h"
+
+#include "ui_frmImpxPag.h"
+
+#include "platform/Application.h"
+#include "platform/FieldKeys.h"
+#include "platform/Notices.h"
+#include "platform/WidgetHelpers.h"
+#include "reports/PageRange.h"
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+frmImpxPag::frmImpxPag(const EntornoInformes& entorno, ReportePedido pedido, const Paginas& paginas, QWidget* padre)
+    : Forma(padre)
+    , m_entorno(entorno)
+    , m_pedido(std::move(pedido))
+    , m_total(paginas.total)
+    , m_ui(std::make_unique<Ui::frmImpxPag>()) {
+    m_ui->setupUi(this);
+    setWindowTitle(paginas.titulo);
+    m_ui->txtPagDesde->setText(u"1"_s);
+    for (QLineEdit* conTotal : {m_ui->txtTotPaginas, m_ui->txtPagHasta})
+        conTotal->setText(QString::number(m_total));
+    for (QLineEdit* campo : {m_ui->txtPagDesde, m_ui->txtPagHasta}) {
+        EntrarComoTab(*campo);
+        FiltraTeclas(*campo, [](int tecla) { return EsTeclaDePagina(tecla) ? tecla : 0; });
+    }
+    connect(m_ui->cmdAccion_0, &QPushButton::clicked, this, Protegido([this] { Preliminar(); }));
+    connect(m_ui->cmdAccion_1, &QPushButton::clicked, this, [this] { Salir(); });
+    Prepara({m_ui->cmdAccion_1});
+    m_ui->txtPagDesde->selectAll();
+}
+
+frmImpxPag::~frmImpxPag() = default;
+
+void frmImpxPag::Preliminar() {
+    const QString desde = m_ui->txtPagDesde->text();
+    const QString hasta = m_ui->txtPagHasta->text();
+    const Veredicto veredicto = ValidaRango(desde, hasta, m_total);
+    if (!veredicto) {
+        m_entorno.avisos.Muestra(*veredicto.mensaje);
+        Enfoca(*findChild<QLineEdit*>(veredicto.campo));
+        return;
+    }
+    m_pedido.rango = TomaRango(desde, hasta);
+    VerReporte(m_entorno, m_pedido, ModoReporte::Vprevia, this);
+}
+
+} // namespace xa518

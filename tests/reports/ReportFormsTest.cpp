@@ -1,0 +1,306 @@
+#include "reports/frmImprimir.h"
+#include "reports/frmImpxPag.h"
+#include "reports/frmPreview.h"
+
+#include "Printers.h"
+#include "platform/StatusBar.h"
+#include "reports/ReportFixture.h"
+#include "support/NoticeScript.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPrinter>
+#include <QProcess>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QTableView>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+namespace xa518 {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace prueba;
+
+class ReportFormsTest : public testing::Test {
+  protected:
+    ReportFormsTest() {
+        m_entorno.impresora = [this](const QString& titulo) -> std::unique_ptr<QPagedPaintDevice> {
+            if (!m_hayImpresora)
+                return nullptr;
+            auto impresora = std::make_unique<QPrinter>(QPrinter::HighResolution); // without a queue: into a file
+            impresora->setOutputFormat(QPrinter::PdfFormat);
+            impresora->setOutputFileName(Ruta(u"impreso.pdf"_s));
+            impresora->setFullPage(true);
+            impresora->setDocName(titulo);
+            return impresora;
+        };
+    }
+
+    QString Ruta(const QString& nombre) const { return m_taller.Carpeta() + u'/' + nombre; }
+
+    /// The words of each sheet of a PDF, read back; the file is gone then.
+    QStringList Impreso(const QString& nombre = u"impreso.pdf"_s) const {
+        QProcess pdftotext;
+        pdftotext.start(u"pdftotext"_s, {u"-layout"_s, Ruta(nombre), u"-"_s});
+        if (!pdftotext.waitForFinished() || pdftotext.exitCode() != 0)
+            return {u"unreadable"_s};
+        QFile::remove(Ruta(nombre));
+        QStringList hojas = QString::fromUtf8(pdftotext.readAllStandardOutput()).split(u'\f');
+        hojas.removeLast(); // behind the last form feed
+        for (QString& hoja : hojas)
+            hoja = hoja.simplified();
+        return hojas;
+    }
+
+    /// A report of so many pages, "hoja 1", "hoja 2" and so on.
+    ReportePedido Reporte(int paginas, const RangoPaginas& rango = {}) const {
+        QByteArray spool = "<!nHojas!>" + QByteArray::number(paginas) + "<!/nHojas!>\n<!Color!>&H00FFFFC0&<!/Color!>\n";
+        for (int i = 0; i < paginas; ++i) {
+            const QByteArray numero = QByteArray::number(i);
+            spool += "pPos|500|500|hoja " + QByteArray::number(i + 1) + "|True|40|" + numero + "|\npNuevaHoja\n";
+        }
+        EscribeEn(m_taller.proceso.rutaRPT + u"/a.PRN"_s, spool);
+        return {u"a.PRN"_s, u"Reporte"_s, rango};
+    }
+
+    void Muestra(QDialog& forma) {
+        forma.show();
+        forma.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&forma));
+    }
+    template <typename T>
+    static T& Control(QWidget& forma, const QString& nombre) {
+        T* control = forma.findChild<T*>(nombre);
+        if (control == nullptr)
+            throw std::runtime_error("no control " + nombre.toStdString());
+        return *control;
+    }
+    static void Pulsa(QWidget& forma, const QString& boton) {
+        QTest::mouseClick(&Control<QAbstractButton>(forma, boton), Qt::LeftButton);
+    }
+    static int Pagina(QWidget& vista) { return Control<QSpinBox>(vista, u"txtPagina"_s).value(); }
+
+    /// What is done in the form that opens next, which closes by itself afterwards.
+    void AlAbrir(const std::function<void(QWidget&)>& hace) {
+        ++m_porAbrir;
+        QTimer::singleShot(50, this->m_guia.get(), [this, hace] {
+            QWidget* abierta = QApplication::activeModalWidget();
+            ASSERT_NE(abierta, nullptr);
+            --m_porAbrir;
+            abierta->activateWindow();
+            EXPECT_TRUE(QTest::qWaitForWindowActive(abierta));
+            hace(*abierta);
+            if (abierta->isVisible())
+                static_cast<QDialog*>(abierta)->done(0);
+        });
+    }
+    void TearDown() override { EXPECT_EQ(m_porAbrir, 0) << "a form that was expected didn't open"; }
+
+    Taller m_taller;
+    AvisosDePrueba m_avisos;
+    BarradeEstadoQMD m_barra;
+    EntornoInformes m_entorno = EntornoDeInformes(m_taller.proceso, m_avisos);
+    bool m_hayImpresora = true;
+    int m_porAbrir = 0;
+    std::unique_ptr<QObject> m_guia = std::make_unique<QObject>();
+};
+
+TEST_F(ReportFormsTest, ThePreviewMovesThroughItsPagesByKeysAndButtons) {
+    frmPreview vista(m_entorno, Reporte(5));
+    Muestra(vista);
+    auto& fondo = Control<QWidget>(vista, u"picFondo"_s);
+    QCoreApplication::processEvents(); // the last of its layout
+    const QImage primera = fondo.grab().toImage();
+
+    const struct {
+        int tecla;
+        int pagina;
+    } pasos[] = {{Qt::Key_PageUp, 1},   {Qt::Key_PageDown, 2}, {Qt::Key_End, 5},
+                 {Qt::Key_PageDown, 5}, {Qt::Key_PageUp, 4},   {Qt::Key_Home, 1}};
+    for (const auto& [tecla, pagina] : pasos) {
+        QTest::keyClick(vista.focusWidget(), Qt::Key(tecla));
+        EXPECT_EQ(Pagina(vista), pagina);
+        EXPECT_EQ(fondo.grab().toImage() == primera, pagina == 1);
+    }
+    Control<QComboBox>(vista, u"cmbAmpliacion"_s).setCurrentText(u"200 %"_s);
+    auto& barra = Control<QScrollBar>(vista, u"vsbPic"_s);
+    QTest::keyClick(&fondo, Qt::Key_Down);
+    EXPECT_GT(barra.value(), 0);
+    EXPECT_NE(fondo.grab().toImage(), primera);
+    Pulsa(vista, u"tlbPrevia_3"_s);
+    EXPECT_EQ(barra.value(), 0) << "another page begins at its top";
+    Pulsa(vista, u"tlbPrevia_2"_s);
+    EXPECT_EQ(Pagina(vista), 1);
+    QTest::keyClick(&vista, Qt::Key_Escape);
+    EXPECT_FALSE(vista.isVisible());
+}
+
+TEST_F(ReportFormsTest, PrintsTheWholeReportOrItsRange) {
+    struct Caso {
+        RangoPaginas rango;
+        QStringList hojas;
+    };
+    const Caso casos[] = {{{}, {u"hoja 1"_s, u"hoja 2"_s, u"hoja 3"_s, u"hoja 4"_s}},
+                          {{true, 3, 3}, {u"hoja 3"_s}},
+                          {{true, 3, 99}, {u"hoja 3"_s, u"hoja 4"_s}}};
+    for (const auto& [rango, hojas] : casos) {
+        frmPreview vista(m_entorno, Reporte(4, rango));
+        Muestra(vista);
+        EXPECT_EQ(Control<QSpinBox>(vista, u"txtPagina"_s).maximum(), 4) << "all pages can be looked at";
+        QTest::keyClick(&vista, Qt::Key_P, Qt::ControlModifier);
+        EXPECT_EQ(Impreso(), hojas);
+    }
+    VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, nullptr);
+    EXPECT_EQ(Impreso().size(), 2);
+    VerReporte(m_entorno, Reporte(2, {true, 3, 9}), ModoReporte::Impresora, nullptr);
+    EXPECT_FALSE(QFile::exists(Ruta(u"impreso.pdf"_s))) << "no page of the range exists: no empty sheet";
+    m_hayImpresora = false;
+    m_avisos.Espera({Icono::Critico, u"No hay ninguna impresora instalada."_s, u"Error al Imprimir"_s});
+    VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, nullptr);
+}
+
+TEST_F(ReportFormsTest, SurvivesAMissingAndARuinedFile) {
+    const Mensaje falta{Icono::Critico, u"Archivo Físico del Reporte no Existe"_s, u"Error al Imprimir"_s};
+    m_avisos.Espera(falta);
+    frmPreview sinArchivo(m_entorno, {u"b.PRN"_s, {}, {}});
+    Muestra(sinArchivo);
+    EXPECT_FALSE(Control<QToolButton>(sinArchivo, u"tlbPrevia_4"_s).isEnabled());
+    sinArchivo.close();
+
+    frmPreview perdido(m_entorno, Reporte(2));
+    Muestra(perdido);
+    QFile::remove(m_taller.proceso.rutaRPT + u"/a.PRN"_s);
+    m_avisos.Espera(falta);
+    Pulsa(perdido, u"tlbPrevia_4"_s);
+    perdido.close();
+
+    EscribeEn(m_taller.proceso.rutaRPT + u"/c.PRN"_s, QByteArray("pPos|\x01\xff|-9|x\npCuadro|1e9|").repeated(20'000));
+    AlAbrir([](QWidget& vista) { EXPECT_EQ(Pagina(vista), 1); });
+    MuestraReporte(m_entorno, {u"c.PRN"_s, {}, {}}, nullptr);
+}
+
+TEST_F(ReportFormsTest, KeepsTheWholeReportAsPdf) {
+    frmPreview vista(m_entorno, Reporte(3, {true, 2, 2}));
+    Muestra(vista);
+    AlAbrir([&](QWidget& dialogo) {
+        Control<QLineEdit>(dialogo, u"fileNameEdit"_s).setText(Ruta(u"guardado"_s));
+        QTest::keyClick(&Control<QLineEdit>(dialogo, u"fileNameEdit"_s), Qt::Key_Return);
+    });
+    Pulsa(vista, u"CmdPdf"_s);
+    EXPECT_EQ(Impreso(u"guardado.pdf"_s), (QStringList{u"hoja 1"_s, u"hoja 2"_s, u"hoja 3"_s}));
+}
+
+TEST_F(ReportFormsTest, TheRangeIsAskedForFromSixteenPagesOn) {
+    AlAbrir([](QWidget& forma) { EXPECT_EQ(forma.objectName(), u"frmPreview"_s); });
+    MuestraReporte(m_entorno, Reporte(15, {true, 1, 1}), nullptr);
+    AlAbrir([this](QWidget& forma) {
+        ASSERT_EQ(forma.objectName(), u"frmImpxPag"_s);
+        EXPECT_EQ(forma.windowTitle(), u"16 páginas"_s);
+        auto& desde = Control<QLineEdit>(forma, u"txtPagDesde"_s);
+        auto& hasta = Control<QLineEdit>(forma, u"txtPagHasta"_s);
+        EXPECT_EQ(hasta.text(), u"16"_s);
+        desde.selectAll();
+        QTest::keyClicks(&desde, u"a-9"_s);
+        QTest::keyClick(&desde, Qt::Key_Return);
+        EXPECT_EQ(desde.text(), u"9"_s);
+        EXPECT_EQ(forma.focusWidget(), &hasta);
+        hasta.selectAll();
+        QTest::keyClicks(&hasta, u"8"_s);
+        m_avisos.Espera({Icono::Critico, u"Página de Inicio debe ser mayor a página de Fin."_s, u"16 páginas"_s});
+        Pulsa(forma, u"cmdAccion_0"_s);
+        EXPECT_EQ(forma.focusWidget(), &hasta);
+        hasta.selectAll();
+        QTest::keyClicks(&hasta, u"10"_s);
+        AlAbrir([](QWidget& vista) {
+            EXPECT_EQ(Control<QSpinBox>(vista, u"txtPagina"_s).maximum(), 16);
+            Pulsa(vista, u"tlbPrevia_4"_s);
+        });
+        Pulsa(forma, u"cmdAccion_0"_s);
+        EXPECT_EQ(Impreso(), (QStringList{u"hoja 9"_s, u"hoja 10"_s}));
+        Pulsa(forma, u"cmdAccion_1"_s);
+        EXPECT_FALSE(forma.isVisible());
+    });
+    MuestraReporte(m_entorno, Reporte(16), nullptr);
+}
+
+TEST_F(ReportFormsTest, ThePrintDialogShowsAndPrintsTheChosenDeclaration) {
+    m_taller.Cabecera({{u"410"_s, u"1234"_s}});
+    m_taller.clave.periodo = u"202602"_s;
+    m_taller.Cabecera({{u"501"_s, u"2"_s}, {u"410"_s, u"777"_s}});
+    m_taller.Clientes(2);
+    frmImprimir forma(m_taller.proceso, m_entorno, m_barra);
+    Muestra(forma);
+    EXPECT_EQ(forma.windowTitle(), u"Imprimir"_s);
+    EXPECT_EQ(m_barra.Ruc() + m_barra.Periodo(), m_taller.clave.ruc + u"02/2026"_s);
+    auto& grilla = Control<QTableView>(forma, u"grdContrib"_s);
+    ASSERT_EQ(grilla.model()->rowCount(), 2);
+    QTest::keyClick(&grilla, Qt::Key_Down);
+    EXPECT_EQ(m_taller.proceso.periodoDeclarado + m_barra.Periodo(), u"20260101/2026"_s);
+
+    const QPoint celda = grilla.visualRect(grilla.model()->index(1, 0)).center();
+    AlAbrir([](QWidget& vista) { Pulsa(vista, u"tlbPrevia_4"_s); });
+    QTest::mouseClick(grilla.viewport(), Qt::LeftButton, {}, celda);
+    QTest::mouseDClick(grilla.viewport(), Qt::LeftButton, {}, celda);
+    EXPECT_TRUE(Impreso().value(0).contains(u"1,234"_s));
+    forma.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&forma));
+
+    Pulsa(forma, u"OptImp_1"_s);
+    m_avisos.Espera({Icono::Informacion, u"No existe información de anexos para esta declaración"_s, u"Anexos"_s});
+    Pulsa(forma, u"CmdImprimir_1"_s);
+    EXPECT_EQ(m_taller.Filas(u"SELECT CodRep FROM SPOOL"_s), QStringList{u"PER006"_s});
+
+    grilla.setFocus();
+    QTest::keyClick(&grilla, Qt::Key_Up);
+    AlAbrir([this](QWidget& rango) {
+        EXPECT_EQ(rango.windowTitle(), u"Impresión de 2 páginas"_s) << "one more than the head of the annex tells";
+        AlAbrir([](QWidget& vista) { Pulsa(vista, u"tlbPrevia_4"_s); });
+        Pulsa(rango, u"cmdAccion_0"_s);
+    });
+    Pulsa(forma, u"CmdImprimir_1"_s);
+    const QStringList anexo = Impreso();
+    ASSERT_EQ(anexo.size(), 1);
+    EXPECT_TRUE(anexo[0].contains(u"NÚÑEZ PEÑA, JOSÉ MARÍA 2 DNI"_s)) << qPrintable(anexo[0]);
+    EXPECT_EQ(m_taller.proceso.periodoDeclarado, u"202602"_s) << "the row stays chosen";
+    Pulsa(forma, u"CmdImprimir_2"_s);
+    EXPECT_EQ(m_barra.Ruc(), QString());
+}
+
+TEST_F(ReportFormsTest, ThePrintDialogKeepsCopiesApartAndIsSilentWithoutDeclarations) {
+    m_taller.clave.enviada = m_taller.proceso.enviadas = true;
+    {
+        frmImprimir vacia(m_taller.proceso, m_entorno, m_barra);
+        Muestra(vacia);
+        EXPECT_EQ(vacia.windowTitle(), u"Declaraciones Enviadas"_s);
+        Pulsa(vacia, u"CmdImprimir_0"_s);
+        Pulsa(vacia, u"CmdImprimir_1"_s);
+    }
+    for (const QString& correl : {u"1"_s, u"2"_s}) {
+        m_taller.clave.correl = correl;
+        m_taller.Cabecera({{u"410"_s, correl + u"000"_s}});
+    }
+    frmImprimir forma(m_taller.proceso, m_entorno, m_barra);
+    Muestra(forma);
+    auto& grilla = Control<QTableView>(forma, u"grdContrib"_s);
+    grilla.setCurrentIndex(grilla.model()->index(1, 0));
+    const QString correl = m_taller.proceso.correl;
+    AlAbrir([](QWidget& vista) { Pulsa(vista, u"tlbPrevia_4"_s); });
+    QTest::keyClick(&grilla, Qt::Key_Return);
+    const QString hoja = Impreso().value(0);
+    EXPECT_TRUE(hoja.contains(u"NRO. CONTROL: 10000001"_s)) << qPrintable(hoja);
+    EXPECT_TRUE(hoja.contains(correl + u",000"_s)) << qPrintable(hoja);
+    m_taller.Vacia(); // as another program might
+    m_avisos.Espera(u"No existe la declaración del RUC 20990518018 por el período 01/2026."_s);
+    Pulsa(forma, u"CmdImprimir_0"_s);
+}
+
+} // namespace
+} // namespace xa518

@@ -1,0 +1,183 @@
+#include "reports/ReportFixture.h"
+#include "reports/SpoolFile.h"
+#include "reports/SpoolLines.h"
+#include "reports/SpoolReader.h"
+#include "reports/SpoolReport.h"
+#include "values/Error.h"
+
+#include <QBuffer>
+#include <QRandomGenerator>
+
+#include <gmock/gmock.h>
+
+#include "Printers.h"
+
+using namespace xa518;
+using namespace xa518::prueba;
+using namespace Qt::StringLiterals;
+using testing::ElementsAre;
+
+namespace {
+
+using Leido = std::optional<Comando>;
+
+std::unique_ptr<InformeSpool> InformeDe(const QByteArray& bytes) {
+    auto entrada = std::make_unique<QBuffer>();
+    entrada->setData(bytes);
+    entrada->open(QIODevice::ReadOnly);
+    return std::make_unique<InformeSpool>(std::move(entrada));
+}
+
+QStringList TextosDe(InformeSpool& informe, int pagina) {
+    Libreta libreta;
+    informe.RecorrePagina(pagina, [&](const Comando& comando) { libreta.Recibe(comando); });
+    return libreta.Textos(pagina);
+}
+
+} // namespace
+
+TEST(SpoolLine, SaysWhatItHoldsAndPassesOverTheRest) {
+    const struct {
+        QByteArray linea;
+        Leido esperado;
+    } casos[] = {
+        {"pPos|10|175|Ñandú|False|8|0|", TextoEnPagina{10, 175, u"Ñandú"_s, false, 8, 0}},
+        {" pPos |-5| 20 | x |tRUE|9|3|sobra", TextoEnPagina{-5, 20, u" x "_s, true, 9, 3}},
+        {"pPos|1|2|viejo \xf1|-1|8|0|", TextoEnPagina{1, 2, u"viejo ñ"_s, true, 8, 0}},
+        {"pPos|uno|2x|t|Verdad|8.9|99999999999999999999|", TextoEnPagina{0, 0, u"t"_s, false, 8, 1'000'000}},
+        {"pPosVerti|1|2|ab|False|8|0|", TextoVertical{{1, 2, u"ab"_s, false, 8, 0}}},
+        {"pCuadro|1|2|3|4|5|", Cuadro{1, 2, 3, 4, 5}},
+        {"pNuevaHoja", NuevaHoja()},
+        {"pNuevaHoja|y más", NuevaHoja()},
+        {"<!nHojas!>12<!/nHojas!>", Etiqueta{Etiqueta::Clase::Hojas, u"12"_s}},
+        {"<!Color!>&H80000005&<!/Color!>", Etiqueta{Etiqueta::Clase::Color, u"&H80000005&"_s}},
+        {"pPos|10|175|falta todo lo demás", {}},
+        {"pCuadro|1|2|3|4|5", {}},
+        {"ppos|10|175|t|False|8|0|", {}},
+        {"otraHoja", {}},
+        {"<!font!>sin cierre", {}},
+        {"<!otra!>x<!/otra!>", {}},
+        {"", {}},
+    };
+    for (const auto& [linea, esperado] : casos)
+        EXPECT_EQ(LineaSpool(linea).Lee(), esperado) << linea.constData();
+}
+
+TEST(SpoolFile, GivesBackWhatWasWrittenAndNoTextBecomesACommand) {
+    const Taller taller;
+    const QString ruta = taller.Carpeta() + u"/a.PRN"_s;
+    const QList<Comando> comandos{Etiqueta{Etiqueta::Clase::Orientacion, u"H"_s},
+                                  TextoEnPagina{10, 175, u"<!nHojas!>9<!/nHojas!>"_s, true, 8, 0},
+                                  NuevaHoja(),
+                                  TextoEnPagina{10, 175, u"MUÑOZ €"_s, false, 16, 1},
+                                  TextoVertical{{1, 2, u"de pie"_s, false, 8, 1}},
+                                  Cuadro{180, 0, 11000, 270, 1}};
+    ArchivoSpool spool(ruta);
+    for (const Comando& comando : comandos)
+        spool.Recibe(comando);
+    spool.Recibe(LineaVacia());
+    spool.Recibe(TextoEnPagina{10, 350, u"a|b\nc\td"_s, false, 8, 1});
+    spool.Termina();
+    EXPECT_EQ(LineasDe(ruta).mid(6), (QStringList{u" "_s, u"pPos|10|350|a b c d|False|8|1|"_s}));
+
+    Libreta libreta;
+    InformeSpool::Abre(ruta)->Imprime({}, libreta);
+    EXPECT_EQ(libreta.comandos.first(6), comandos);
+    EXPECT_EQ(QFile::permissions(ruta) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+    EXPECT_THROW(ArchivoSpool(taller.Carpeta() + u"/falta/a.PRN"_s), Error);
+}
+
+TEST(SpoolReport, ReadsPagesInAnyOrderAndWhereverTheirCommandsStand) {
+    const auto informe = InformeDe("<!Orientacion!>H<!/Orientacion!>\r\n<!nHojas!>7<!/nHojas!>\r\n"
+                                   "pPos|1|1|a|False|8|0|\r\npPos|1|1|d|False|8|3|\r\npPos|1|1|b|False|8|0|\r\n"
+                                   "pPos|1|1|nunca|False|8|-1|\npPos|1|1|nunca|False|8|100000|\npPos|1|1|cortado|Fal");
+    EXPECT_TRUE(informe->Cabecera().apaisado);
+    EXPECT_EQ(informe->Cabecera().hojas, 7);
+    EXPECT_EQ(informe->Paginas(), 4) << "pages 2 and 3 have no commands and yet exist";
+    EXPECT_THAT(TextosDe(*informe, 3), ElementsAre(u"d"_s));
+    EXPECT_THAT(TextosDe(*informe, 0), ElementsAre(u"a"_s, u"b"_s));
+    for (const int vacia : {1, 2, 4, -1})
+        EXPECT_THAT(TextosDe(*informe, vacia), ElementsAre());
+    EXPECT_EQ(InformeDe("")->Paginas(), 1);
+}
+
+TEST(SpoolReport, FindsLinesWhateverTheirLength) {
+    const QByteArray relleno(300'000, 'x');
+    const QByteArray justo(LineasTolerantes::kLineaMaxima - 25, 'y');
+    const auto informe = InformeDe("pPos|1|1|" + relleno + "|False|8|0|\npPos|1|1|" + justo +
+                                   "|False|8|1|\npPos|1|1|fin|False|8|2|\n" + relleno);
+    EXPECT_EQ(informe->Paginas(), 3);
+    EXPECT_THAT(TextosDe(*informe, 0), ElementsAre());
+    EXPECT_THAT(TextosDe(*informe, 1), ElementsAre(QString::fromLatin1(justo)));
+    EXPECT_THAT(TextosDe(*informe, 2), ElementsAre(u"fin"_s));
+}
+
+TEST(SpoolReport, SurvivesTenMegabytesOfRubbish) {
+    static constexpr char kTrozos[][16] = {"pPos|", "pCuadro|", "pNuevaHoja", "\n",        "\r",
+                                           "|",     "-9",       "1e9",        "<!nHojas!>"};
+    QRandomGenerator azar(518);
+    QByteArray basura;
+    while (basura.size() < 10'000'000) {
+        basura += kTrozos[azar.bounded(9)];
+        basura += static_cast<char>(azar.bounded(256));
+    }
+    const auto informe = InformeDe(basura);
+    Libreta libreta;
+    informe->RecorrePagina(informe->Paginas() - 1, [&](const Comando& comando) { libreta.Recibe(comando); });
+    EXPECT_LE(informe->Paginas(), InformeSpool::kPaginasMaximas);
+}
+
+/// The end of a page belongs to the page that it ends.
+TEST(SpoolReport, PrintsTheRangeAndNoSheetMore) {
+    const auto informe = InformeDe("<!Orientacion!>V<!/Orientacion!>\npPos|1|1|uno|False|8|0|\npNuevaHoja\n"
+                                   "pPos|1|1|dos|False|8|1|\npNuevaHoja\npPos|1|1|tres|False|8|2|\npNuevaHoja\n");
+    const struct {
+        RangoPaginas rango;
+        QString esperado;
+    } casos[] = {{{}, u"V uno . dos . tres . "_s},
+                 {{true, 2, 2}, u"V dos . "_s},
+                 {{true, 2, 99}, u"V dos . tres . "_s},
+                 {{false, 2, 2}, u"V uno . dos . tres . "_s}};
+    for (const auto& [rango, esperado] : casos) {
+        Libreta libreta;
+        informe->Imprime(rango, libreta);
+        QString impreso;
+        for (const Comando& comando : libreta.comandos) {
+            if (const auto* texto = std::get_if<TextoEnPagina>(&comando))
+                impreso += texto->texto + u' ';
+            else
+                impreso += std::holds_alternative<NuevaHoja>(comando) ? u". "_s : u"V "_s;
+        }
+        EXPECT_EQ(impreso, esperado);
+    }
+}
+
+TEST(SpoolReport, TellsTheSheetsOfItsHead) {
+    const Taller taller;
+    const QString ruta = taller.Carpeta() + u"/a.PRN"_s;
+    const struct {
+        QByteArray contenido;
+        int hojas;
+    } casos[] = {{"<!font!>x<!/font!>\n<!nHojas!> 16 <!/nHojas!>\n", 16},
+                 {"<!nHojas!>diez<!/nHojas!>", 0},
+                 {"<!nHojas!>3", 0},
+                 {"<!nHojas!>99999999999<!/nHojas!>", 0},
+                 {"pPos|1|1|a|False|8|0|\n", 0}};
+    for (const auto& [contenido, hojas] : casos) {
+        EscribeEn(ruta, contenido);
+        EXPECT_EQ(LeeNumeroHojas(ruta), hojas) << contenido.constData();
+    }
+    EXPECT_TRUE(ValidaArchivoInforme(ruta));
+    const Veredicto falta = ValidaArchivoInforme(ruta + u"x"_s);
+    ASSERT_FALSE(falta);
+    EXPECT_EQ(*falta.mensaje,
+              (Mensaje{Icono::Critico, u"Archivo Físico del Reporte no Existe"_s, u"Error al Imprimir"_s}));
+    EXPECT_THROW(static_cast<void>(LeeNumeroHojas(ruta + u"x"_s)), Error);
+}
+
+TEST(SpoolReport, UnderstandsColoursOfTheDesktopAndOthers) {
+    EXPECT_EQ(ColorPagina::Lee(u"&H00FFFFC0&"), (ColorPagina{false, 0, 0xc0, 0xff, 0xff}));
+    EXPECT_EQ(ColorPagina::Lee(u"&H80000005&"), (ColorPagina{true, 5}));
+    for (const QString& otro : {u""_s, u"&H"_s, u"&H&"_s, u"&Hxyz&"_s, u"&HFFFFFFFFFF&"_s, u"blanco"_s})
+        EXPECT_EQ(ColorPagina::Lee(otro), ColorPagina());
+}
