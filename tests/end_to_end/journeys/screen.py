@@ -18,7 +18,7 @@ LAUNCHER = "Consola Orvel de Presentaciones"
 MODULE = "0518 Agentes de Percepción Ventas Internas - v 1.5"
 DECLARATION = "0518 Agentes de Percepción Ventas Internas v1.5"
 
-PATIENCE = 30.0  # seconds for a window to show, on a machine that does other things too
+PATIENCE = 8.0  # seconds for a window to show, on a machine that does other things too
 GLANCE = 0.02
 
 
