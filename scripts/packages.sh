@@ -22,7 +22,10 @@ packages_test=(
   libgmock-dev
   clang-format
   python3
-  xvfb # the window search is tried against real windows
+  xvfb # the programs with windows are tried on a screen of the tests' own
+  openbox
+  xdotool
+  imagemagick # pictures of that screen
 )
 
 packages_tidy=(

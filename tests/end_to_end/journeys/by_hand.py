@@ -3,8 +3,8 @@ credit note behind it, and a cash sale."""
 
 import sys
 
-from month import (COMPANY, DATE, DECLARATION, PERIOD, PERSON, accepts, enters_cash_sale, enters_voucher, opens_client,
-                   opens_new, starts_module)
+from month import (COMPANY, DATE, DECLARATION, PERIOD, PERSON, accepts, enters_cash_sale, enters_voucher, leaves,
+                   opens_client, opens_new, starts_module)
 from screen import Screen
 
 
@@ -23,6 +23,9 @@ def journey(screen):
     accepts(screen)
     screen.keys("alt+g")
     screen.answers(DECLARATION)
+    screen.keys("alt+s")
+    screen.closes()
+    leaves(screen)
 
     screen.shows("select periodo, estado from CAB", (PERIOD, 9))
     screen.shows("select des_razon, des_apellido_p, ctd_docs, mto_base_p, mto_imp_p from F518PCAB order by tip_doc_per",

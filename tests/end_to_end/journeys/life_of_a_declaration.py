@@ -3,8 +3,8 @@ by the launcher, mended, sent, its order number registered, deleted."""
 
 import sys
 
-from month import (COMPANY, DECLARATION, LAUNCHER, MODULE, PERIOD, accepts, enters_voucher, opens_client, opens_new,
-                   starts_module)
+from month import (COMPANY, DECLARATION, LAUNCHER, MODULE, PERIOD, accepts, enters_voucher, leaves, opens_client,
+                   opens_new, starts_module)
 from screen import Screen
 
 ORDER = "12345678"
@@ -109,6 +109,7 @@ def journey(screen):
     screen.shows("select periodo, correl, estado, length(control) from HCAB", (PERIOD, "1", 1, 8))
     registers_its_number(screen)
     deletes_it(screen)
+    leaves(screen)
 
 
 if __name__ == "__main__":

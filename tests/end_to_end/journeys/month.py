@@ -27,11 +27,19 @@ def starts_module(screen):
     screen.opens(MODULE)
 
 
+def leaves(screen):
+    """Both programs, the module first."""
+    screen.keys("alt+d", "s")
+    screen.comes_back(LAUNCHER)
+    screen.keys("alt+F4")
+    screen.ends()
+
+
 def opens_new(screen):
     """A new declaration of the sample company, on the page of its clients."""
     screen.keys("alt+d", "n")
     screen.opens(DECLARATION)
-    screen.keys("Down", "Return")
+    screen.picks("Down", "Return")
     screen.types(PERIOD[4:] + PERIOD[:4])
     screen.keys("alt+p")
 

@@ -12,13 +12,12 @@ import sqlite3
 import subprocess
 import tempfile
 import time
-import traceback
 
 LAUNCHER = "Consola Orvel de Presentaciones"
 MODULE = "0518 Agentes de Percepción Ventas Internas - v 1.5"
 DECLARATION = "0518 Agentes de Percepción Ventas Internas v1.5"
 
-PATIENCE = 8.0  # seconds for a window to show, on a machine that does other things too
+PATIENCE = 30.0
 GLANCE = 0.02
 
 
@@ -47,7 +46,7 @@ class Screen:
     def __enter__(self):
         try:
             self._start_server()
-            self._start("openbox", "--sm-disable")
+            self._start("openbox", "--sm-disable", stderr=subprocess.DEVNULL)
             self._until(lambda: self._ask("xdotool", "get_desktop"), "the window manager")
             self._ask(self._programs / "consola", "--instalar", "--carpeta", self.folder / "xa", "--ejemplo")
         except BaseException:
@@ -59,8 +58,7 @@ class Screen:
         if kind:
             picture = pathlib.Path.cwd() / "journey_fault.png"
             self.picture(picture, whole=True)
-            traceback.print_exception(kind, fault, trace)
-            print("The screen at that moment:", picture)
+            print("The screen at that moment:", picture, flush=True)
         self._end()
         return False
 
@@ -107,6 +105,12 @@ class Screen:
     def launch(self, program):
         self._start(self._programs / program)
 
+    def ends(self):
+        """Waits until the program that was launched last has ended by itself, well."""
+        self._until(lambda: self._running[-1].poll() is not None, "the program's end")
+        if self._running.pop().returncode != 0:
+            raise Lost("the program ended with a fault")
+
     def opens(self, title):
         """Waits until a window with that title has come in front of those that were there."""
         self._until(lambda: self.title() == title and self.active() not in self._stack, f"the window {title!r}")
@@ -126,6 +130,10 @@ class Screen:
     def switches(self, title):
         """Goes over to the other program."""
         self.keys("alt+Tab")
+        self.comes_back(title)
+
+    def comes_back(self, title):
+        """Waits for a window that was there before, of whichever program."""
         self._until(lambda: self.title() == title, f"the window {title!r}")
         self._stack = [self.active()]
 
@@ -138,6 +146,18 @@ class Screen:
     def types(self, text):
         self.pressed += len(text)
         self._ask("xdotool", "type", "--delay", "2", text)
+
+    def picks(self, opening, *names):
+        """In a list that drops down: the key that opens it, then those that choose and close it again."""
+
+        def windows():
+            return len(self._ask("xdotool", "search", "--onlyvisible", "--class", "xa518").split())
+
+        closed = windows()
+        self.keys(opening)
+        self._until(lambda: windows() > closed, "the list to drop down")
+        self.keys(*names)
+        self._until(lambda: windows() == closed, "the list to close")
 
     def fills(self, *texts):
         """Fields one after the other, each left with Enter."""
