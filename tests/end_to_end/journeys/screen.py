@@ -17,7 +17,7 @@ LAUNCHER = "Consola Orvel de Presentaciones"
 MODULE = "0518 Agentes de Percepción Ventas Internas - v 1.5"
 DECLARATION = "0518 Agentes de Percepción Ventas Internas v1.5"
 
-PATIENCE = 30.0
+PATIENCE = 8.0
 GLANCE = 0.02
 
 
@@ -46,9 +46,9 @@ class Screen:
     def __enter__(self):
         try:
             self._start_server()
-            self._start("openbox", "--sm-disable", stderr=subprocess.DEVNULL)
+            self._start("openbox", "--sm-disable", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
             self._until(lambda: self._ask("xdotool", "get_desktop"), "the window manager")
-            self._ask(self._programs / "consola", "--instalar", "--carpeta", self.folder / "xa", "--ejemplo")
+            self.runs(self._programs / "consola", "--instalar", "--carpeta", self.folder / "xa", "--ejemplo")
         except BaseException:
             self._end()
             raise
@@ -81,6 +81,13 @@ class Screen:
                 pass
             process.wait()
         shutil.rmtree(self.folder, ignore_errors=True)
+
+    def runs(self, *command):
+        """A program without a window, to its end, which may be that it refused some lines."""
+        arguments = [str(word) for word in command]
+        done = subprocess.run(arguments, env=self._environment, stdout=subprocess.DEVNULL, check=False)
+        if done.returncode > 1:
+            raise Lost(f"{arguments} ended with {done.returncode}")
 
     def _ask(self, *command):
         arguments = [str(word) for word in command]
@@ -192,6 +199,10 @@ class Screen:
         except Lost as lost:
             raise Lost(f"{lost}: wanted {expected}, found {answer()}") from None
 
+    def pixels(self):
+        grab = ["import", "-window", self.active(), "rgb:-"]
+        return subprocess.run(grab, env=self._environment, capture_output=True, check=False).stdout
+
     def picture(self, path, whole=False):
-        window = "root" if whole else self.active()
-        self._ask("import", "-window", window, path)
+        window = ["root"] if whole else [self.active(), "-frame"]
+        self._ask("import", "-window", *window, path)
