@@ -1,4 +1,5 @@
 #include "launcher/CommandLine.h"
+#include "launcher/ConsoleIcon.h"
 #include "launcher/Display.h"
 #include "launcher/FrmConsola.h"
 #include "launcher/PagInformes.h"
@@ -35,6 +36,7 @@ VistaDeInforme VistaPreliminar(const Reloj& reloj, Avisos& avisos) {
 int ConVentana(int argc, char** argv, const EntornoConsola& entorno) {
     AvisosEnPantalla avisos;
     const Aplicacion aplicacion(argc, argv, avisos);
+    QGuiApplication::setWindowIcon(IconoDeLaConsola());
     FrmConsola ventana(entorno, avisos, QCoreApplication::applicationDirPath(), VistaPreliminar(entorno.reloj, avisos));
     ventana.show();
     return QCoreApplication::exec();

@@ -37,7 +37,7 @@ void GrillaDeLectura::PonFila(int fila) {
 }
 
 void GrillaDeLectura::AjustaColumnas(int principal) {
-    constexpr int kAire = 16;
+    constexpr int kAire = 10;
     for (int columna = 0; columna < model()->columnCount(); ++columna) {
         const bool estira = columna == principal;
         horizontalHeader()->setSectionResizeMode(columna, estira ? QHeaderView::Stretch : QHeaderView::Interactive);
