@@ -11,6 +11,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
+#include <QStyle>
 
 #include <utility>
 
@@ -25,6 +27,14 @@ bool EsCampo(const QWidget* control) {
            qobject_cast<const QRadioButton*>(control) || qobject_cast<const QCheckBox*>(control);
 }
 
+/// The buttons of a form larger than the screen, as at a large scale, couldn't be reached. Its layout gives way instead.
+void CabeEnPantalla(QWidget& forma) {
+    const int barra = forma.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QSize sitio = forma.screen()->availableSize() - QSize(barra, 2 * barra);
+    if (forma.testAttribute(Qt::WA_Resized)) // the others take the size of their contents when they show
+        forma.resize(forma.size().boundedTo(sitio));
+}
+
 } // namespace
 
 Forma::Forma(QWidget* padre) : QDialog(padre) {}
@@ -36,6 +46,7 @@ void Forma::Prepara(const QList<QAbstractButton*>& salidas) {
     }
     AclaraDeshabilitados(*this);
     CuidaElFoco(*this, salidas);
+    CabeEnPantalla(*this);
 }
 
 void Forma::reject() {
