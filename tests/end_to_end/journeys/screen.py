@@ -17,7 +17,7 @@ LAUNCHER = "Consola Orvel de Presentaciones"
 MODULE = "0518 Agentes de Percepción Ventas Internas - v 1.5"
 DECLARATION = "0518 Agentes de Percepción Ventas Internas v1.5"
 
-PATIENCE = 8.0
+PATIENCE = 30.0
 GLANCE = 0.02
 
 
@@ -47,7 +47,7 @@ class Screen:
         try:
             self._start_server()
             self._start("openbox", "--sm-disable", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-            self._until(lambda: self._ask("xdotool", "get_desktop"), "the window manager")
+            self.until(lambda: self._ask("xdotool", "get_desktop"), "the window manager")
             self.runs(self._programs / "consola", "--instalar", "--carpeta", self.folder / "xa", "--ejemplo")
         except BaseException:
             self._end()
@@ -94,7 +94,7 @@ class Screen:
         answer = subprocess.run(arguments, env=self._environment, capture_output=True, text=True, check=False)
         return answer.stdout
 
-    def _until(self, holds, what):
+    def until(self, holds, what):
         deadline = time.monotonic() + PATIENCE
         while not holds():
             if time.monotonic() > deadline:
@@ -114,19 +114,19 @@ class Screen:
 
     def ends(self):
         """Waits until the program that was launched last has ended by itself, well."""
-        self._until(lambda: self._running[-1].poll() is not None, "the program's end")
+        self.until(lambda: self._running[-1].poll() is not None, "the program's end")
         if self._running.pop().returncode != 0:
             raise Lost("the program ended with a fault")
 
     def opens(self, title):
         """Waits until a window with that title has come in front of those that were there."""
-        self._until(lambda: self.title() == title and self.active() not in self._stack, f"the window {title!r}")
+        self.until(lambda: self.title() == title and self.active() not in self._stack, f"the window {title!r}")
         self._stack.append(self.active())
 
     def closes(self, windows=1):
         """Waits until the window in front has gone and the one behind it has the keyboard again."""
         del self._stack[-windows:]
-        self._until(lambda: self.active() == self._stack[-1], "the window behind")
+        self.until(lambda: self.active() == self._stack[-1], "the window behind")
 
     def answers(self, title, key="Return"):
         """A message box above the form with that title: waits for it, presses that button, waits until it has gone."""
@@ -141,7 +141,7 @@ class Screen:
 
     def comes_back(self, title):
         """Waits for a window that was there before, of whichever program."""
-        self._until(lambda: self.title() == title, f"the window {title!r}")
+        self.until(lambda: self.title() == title, f"the window {title!r}")
         self._stack = [self.active()]
 
     # Keys and mouse
@@ -162,9 +162,9 @@ class Screen:
 
         closed = windows()
         self.keys(opening)
-        self._until(lambda: windows() > closed, "the list to drop down")
+        self.until(lambda: windows() > closed, "the list to drop down")
         self.keys(*names)
-        self._until(lambda: windows() == closed, "the list to close")
+        self.until(lambda: windows() == closed, "the list to close")
 
     def fills(self, *texts):
         """Fields one after the other, each left with Enter."""
@@ -172,13 +172,14 @@ class Screen:
             self.types(text)
             self.keys("Return")
 
-    def clicks(self, right, down, button=1):
-        """Measured from the active window's corner; below 0, from its opposite one."""
+    def clicks(self, right, down, times=1):
+        """At a place measured from the active window's corner; below 0, from its opposite one."""
         lines = self._ask("xdotool", "getactivewindow", "getwindowgeometry", "--shell").split()
         frame = dict(line.split("=") for line in lines)
         across = right if right >= 0 else int(frame["WIDTH"]) + right
         along = down if down >= 0 else int(frame["HEIGHT"]) + down
-        self._ask("xdotool", "mousemove", "--window", self.active(), across, along, "click", button)
+        self._ask("xdotool", "mousemove", "--window", self.active(), across, along)
+        self._ask("xdotool", "click", "--repeat", times, "--delay", "30", "1")
 
     # What came of it
 
@@ -195,7 +196,7 @@ class Screen:
             return [row[0] if len(row) == 1 else row for row in found]
 
         try:
-            self._until(lambda: answer() == expected, question)
+            self.until(lambda: answer() == expected, question)
         except Lost as lost:
             raise Lost(f"{lost}: wanted {expected}, found {answer()}") from None
 
