@@ -75,6 +75,7 @@ void Forma::keyPressEvent(QKeyEvent* evento) {
 
 void Forma::showEvent(QShowEvent* evento) {
     QDialog::showEvent(evento);
+    setAttribute(Qt::WA_KeyboardFocusChange); // lists and buttons show the focus from the first moment, not after a Tab
     if (!std::exchange(m_activada, true))
         Protegido([this] { AlActivar(); })();
 }
