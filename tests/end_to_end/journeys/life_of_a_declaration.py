@@ -40,7 +40,9 @@ def mends_it(screen):
     accepts(screen)
     screen.keys("alt+t", "Tab", "Tab")
     screen.types("20")
-    screen.keys("alt+e", "alt+v")
+    screen.keys("alt+c", "Tab", "Down", "Down", "Return")  # by cheque, on the second bank
+    screen.types("000123")
+    screen.keys("alt+v")
     screen.answers(DECLARATION)
     screen.keys("alt+g")
     screen.answers(DECLARATION)
@@ -48,9 +50,9 @@ def mends_it(screen):
     screen.closes()
     screen.keys("alt+s")
     screen.closes()
-    screen.shows("select estado, efectivo from CAB", (0, "20"))
-    screen.shows("select casilla, i_valor from DET where casilla in ('405', '410', '999') order by 1",
-                 ("405", "20"), ("410", "20"), ("999", "E"))
+    screen.shows("select estado, cheque, bcolibrad from CAB", (0, "20", "02"))
+    screen.shows("select casilla, i_valor from DET where casilla in ('012', '405', '410', '999') order by 1",
+                 ("012", "000123"), ("405", "20"), ("410", "20"), ("999", "C"))
 
 
 def sends_it(screen, refused):
