@@ -64,7 +64,7 @@ class Screen:
 
     def _start_server(self):
         reader, writer = os.pipe()
-        self._start("Xvfb", "-displayfd", writer, "-screen", "0", "1280x900x24", "-nolisten", "tcp", pass_fds=[writer])
+        self._start("Xvfb", "-displayfd", writer, "-screen", "0", "1280x900x24", "-noreset", pass_fds=[writer])
         os.close(writer)
         with os.fdopen(reader) as number:
             self._environment["DISPLAY"] = ":" + number.readline().strip()
