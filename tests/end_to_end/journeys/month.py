@@ -35,12 +35,12 @@ def leaves(screen):
     screen.ends()
 
 
-def opens_new(screen):
+def opens_new(screen, period=PERIOD):
     """A new declaration of the sample company, on the page of its clients."""
     screen.keys("alt+d", "n")
     screen.opens(DECLARATION)
     screen.picks("Down", "Return")
-    screen.types(PERIOD[4:] + PERIOD[:4])
+    screen.types(period[4:] + period[:4])
     screen.keys("alt+p")
 
 

@@ -28,12 +28,13 @@ class Lost(Exception):
 class Screen:
     """An X server, a window manager and a fresh installation with the sample company, until the block ends."""
 
-    def __init__(self, programs, environment=None):
+    def __init__(self, programs, environment=None, folder=None):
         self._programs = pathlib.Path(programs)
         self._running = []
         self._stack = []  # the windows in front of one another, the active one last
         self.pressed = 0  # keys so far
-        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="journey"))
+        self.folder = pathlib.Path(folder or tempfile.mkdtemp(prefix="journey"))
+        self.folder.mkdir(exist_ok=folder is None)
         self._environment = dict(
             os.environ,
             XDG_CONFIG_HOME=str(self.folder / "config"),
@@ -64,7 +65,9 @@ class Screen:
 
     def _start_server(self):
         reader, writer = os.pipe()
-        self._start("Xvfb", "-displayfd", writer, "-screen", "0", "1280x900x24", "-noreset", pass_fds=[writer])
+        # Without -noreset it starts over when its last client goes, and refuses whoever comes at that moment.
+        command = ["Xvfb", "-displayfd", writer, "-screen", "0", "1280x900x24", "-noreset"]
+        self._start(*command, pass_fds=[writer], stderr=subprocess.DEVNULL)
         os.close(writer)
         with os.fdopen(reader) as number:
             self._environment["DISPLAY"] = ":" + number.readline().strip()
