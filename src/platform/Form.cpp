@@ -27,7 +27,8 @@ bool EsCampo(const QWidget* control) {
            qobject_cast<const QRadioButton*>(control) || qobject_cast<const QCheckBox*>(control);
 }
 
-/// The buttons of a form larger than the screen, as at a large scale, couldn't be reached. Its layout gives way instead.
+/// The buttons of a form larger than the screen, as at a large scale, couldn't be reached. Its layout gives way
+/// instead.
 void CabeEnPantalla(QWidget& forma) {
     const int barra = forma.style()->pixelMetric(QStyle::PM_TitleBarHeight);
     const QSize sitio = forma.screen()->availableSize() - QSize(barra, 2 * barra);
