@@ -56,4 +56,11 @@ void GrillaDeLectura::keyPressEvent(QKeyEvent* evento) {
         Q_EMIT FilaActivada(Fila());
 }
 
+/// The row that the buttons act on always shows: neither a click beside the rows nor Ctrl takes its mark away.
+QItemSelectionModel::SelectionFlags GrillaDeLectura::selectionCommand(const QModelIndex& celda,
+                                                                      const QEvent* /*evento*/) const {
+    using enum QItemSelectionModel::SelectionFlag;
+    return celda.isValid() ? ClearAndSelect | Rows : QItemSelectionModel::SelectionFlags(NoUpdate);
+}
+
 } // namespace xa518
