@@ -23,6 +23,7 @@ packages_test=(
   libgmock-dev
   clang-format
   python3
+  poppler-utils # reads printed pages back
   xvfb # the programs with windows are tried on a screen of the tests' own
   openbox
   xdotool

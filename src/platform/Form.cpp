@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
@@ -51,8 +52,11 @@ void Forma::Prepara(const QList<QAbstractButton*>& salidas) {
 }
 
 void Forma::reject() {
+    const QPointer<QWidget> campo = focusWidget();
     (void)SueltaFoco(); // the way out goes on even when the field has a fault
     Protegido([this] { Salir(); })();
+    if (isVisible() && campo && focusWidget() == nullptr)
+        campo->setFocus(); // the person chose to stay
 }
 
 void Forma::AbreModal(QDialog& otra) {
