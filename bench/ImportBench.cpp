@@ -4,7 +4,7 @@
 
 #include "data/Process.h"
 #include "import/ImportRun.h"
-#include "import/PerceptionFormat.h"
+#include "import/Formats.h"
 #include "platform/Clock.h"
 #include "support/TemporaryBase.h"
 

@@ -3,7 +3,7 @@
 #include "detail/DetailFixture.h"
 #include "detail/FrmAgePer.h"
 #include "import/ImportRun.h"
-#include "import/PerceptionFormat.h"
+#include "import/Formats.h"
 
 #include <QFile>
 #include <QPushButton>

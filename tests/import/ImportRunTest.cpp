@@ -1,6 +1,6 @@
+#include "import/Formats.h"
 #include "import/ImportFixture.h"
 #include "import/LineReader.h"
-#include "import/PerceptionFormat.h"
 
 #include "data/Transaction.h"
 
