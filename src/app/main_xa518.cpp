@@ -9,6 +9,7 @@
 #include "platform/NoticeBoxes.h"
 #include "platform/SingleInstance.h"
 #include "platform/SystemWindows.h"
+#include "reports/frmImprimir.h"
 
 #include <cstdlib>
 
@@ -38,6 +39,9 @@ Dialogos FormasDelModulo(Proceso& proceso, Avisos& avisos) {
             AbreCliente(proceso, avisos, sobre, clave, cliente);
         };
         return std::make_unique<Frm518>(proceso, avisos, barra, detalle, elegida, padre);
+    };
+    dialogos.impresion = [&proceso, &avisos](BarradeEstadoQMD& barra, QWidget* padre) {
+        return HazImprimir(proceso, avisos, barra, padre);
     };
     return dialogos;
 }

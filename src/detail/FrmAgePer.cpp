@@ -3,7 +3,6 @@
 #include "data/Process.h"
 #include "data/WorkVouchers.h"
 #include "detail/FrmDetAgePer.h"
-#include "detail/ReadablePalette.h"
 #include "detail/ShowVerdict.h"
 #include "detail/ui_FrmAgePer.h"
 #include "platform/Application.h"
@@ -52,7 +51,6 @@ FrmAgePer::FrmAgePer(Proceso& proceso, Avisos& avisos, const QString& mkePeriodo
     , m_comprobantes(Columnas()) {
     const RelojDeArena reloj;
     m_ui->setupUi(this);
-    AclaraDeshabilitados(*this);
     Prepara({m_ui->CmdSalir});
     m_proceso->periodoDeclarado = PeriodoDePantalla(mkePeriodo);
     LlenaTiposDeDocumento(*m_ui->CmbTipDoc, *m_proceso->baseDatos);

@@ -1,7 +1,6 @@
 #include "data/Process.h"
 #include "detail/FrmDetAgePer.h"
 #include "detail/OptionPair.h"
-#include "detail/ReadablePalette.h"
 #include "detail/VoucherDates.h"
 #include "detail/VoucherTypes.h"
 #include "detail/ui_FrmDetAgePer.h"
@@ -51,7 +50,6 @@ FrmDetAgePer::FrmDetAgePer(Proceso& proceso, Avisos& avisos, const Comprobante& 
     , m_pagos(Columnas()) {
     const RelojDeArena reloj;
     m_ui->setupUi(this);
-    AclaraDeshabilitados(*this);
     m_contado = new ParDeOpciones(*m_ui->Label5, *m_ui->OptVentaCont_0, *m_ui->OptVentaCont_1);
     m_cpFact = new ParDeOpciones(*m_ui->Label2, *m_ui->OptCpFact_0, *m_ui->OptCpFact_1);
     m_listado = new ParDeOpciones(*m_ui->Label4, *m_ui->OptListado_0, *m_ui->OptListado_1);

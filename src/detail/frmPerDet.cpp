@@ -2,7 +2,6 @@
 
 #include "data/ObjetoUtil.h"
 #include "data/Process.h"
-#include "detail/ReadablePalette.h"
 #include "detail/ShowVerdict.h"
 #include "detail/VoucherDates.h"
 #include "detail/VoucherTypes.h"
@@ -31,7 +30,6 @@ frmPerDet::frmPerDet(Proceso& proceso, Avisos& avisos, const ComprobanteDePago& 
     , m_lblTipo(lblTipo) {
     const RelojDeArena reloj;
     m_ui->setupUi(this);
-    AclaraDeshabilitados(*this);
     Prepara({m_ui->CmdOpciones_1});
     PreparaCampos();
     PreparaMonto();

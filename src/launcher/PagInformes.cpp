@@ -35,7 +35,7 @@ void PagInformes::Carga(Base& base) {
 }
 
 void PagInformes::Ve() {
-    m_vista(*window(), m_lista.at(m_ui->GrdInformes->Actual()).archivo);
+    m_vista(*window(), LaSesion().RutaInformes(), m_lista.at(m_ui->GrdInformes->Actual()));
 }
 
 void PagInformes::Elimina() {

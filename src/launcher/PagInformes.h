@@ -11,8 +11,8 @@ class PagInformes;
 
 namespace xa518 {
 
-/// Opens a report, given by its file's name without folder, over a window.
-using VistaDeInforme = std::function<void(QWidget& ventana, const QString& archivo)>;
+/// Opens a report, whose file lies in that folder, over a window.
+using VistaDeInforme = std::function<void(QWidget& ventana, const QString& carpeta, const InformeRegistrado& informe)>;
 
 /// The registered reports: look at one, remove one.
 class PagInformes final : public Pagina {

@@ -2,6 +2,8 @@
 
 #include "data/Base.h"
 #include "data/Transaction.h"
+#include "reports/SpoolRegistry.h"
+#include "reports/SpoolReport.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -15,20 +17,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kCabecera = 4096; ///< the tags stand in the first lines
-
-/// The number that the head of a spool file tells; 0 when it tells none, nothing without the file.
 std::optional<int> HojasDe(const QString& ruta) {
-    QFile archivo(ruta);
-    if (!archivo.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    const QByteArray cabecera = archivo.read(kCabecera);
-    const QByteArray abre = "<!nHojas!>";
-    const qsizetype inicio = cabecera.indexOf(abre);
-    const qsizetype fin = cabecera.indexOf("<!/nHojas!>", inicio);
-    if (inicio < 0 || fin < 0)
-        return 0;
-    return cabecera.sliced(inicio + abre.size(), fin - inicio - abre.size()).trimmed().toInt();
+    return QFileInfo(ruta).isFile() ? std::optional(LeeNumeroHojas(ruta)) : std::nullopt;
 }
 
 QString Mostrada(const QString& fecha) {

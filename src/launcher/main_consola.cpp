@@ -1,16 +1,19 @@
 #include "launcher/CommandLine.h"
 #include "launcher/Display.h"
 #include "launcher/FrmConsola.h"
+#include "launcher/PagInformes.h"
 #include "platform/Application.h"
 #include "platform/Clock.h"
 #include "platform/NoticeBoxes.h"
 #include "platform/SystemWindows.h"
+#include "reports/ShowReport.h"
 
 #include <QTextStream>
 
 #include <cstdio>
 
 using namespace xa518;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -21,10 +24,18 @@ int SinVentana(int argc, char** argv, const EntornoConsola& entorno) {
     return EjecutaConsola(QCoreApplication::arguments(), salida, errores, entorno);
 }
 
+/// The module's own preview over a report of the list.
+VistaDeInforme VistaPreliminar(const Reloj& reloj, Avisos& avisos) {
+    return [&reloj, &avisos](QWidget& ventana, const QString& carpeta, const InformeRegistrado& informe) {
+        const QString titulo = u"%1 - RUC %2"_s.arg(informe.Titulo(), informe.ruc);
+        MuestraReporte({carpeta, informe.usuario, reloj, avisos}, {informe.archivo, titulo, {}}, &ventana);
+    };
+}
+
 int ConVentana(int argc, char** argv, const EntornoConsola& entorno) {
     AvisosEnPantalla avisos;
     const Aplicacion aplicacion(argc, argv, avisos);
-    FrmConsola ventana(entorno, avisos, QCoreApplication::applicationDirPath());
+    FrmConsola ventana(entorno, avisos, QCoreApplication::applicationDirPath(), VistaPreliminar(entorno.reloj, avisos));
     ventana.show();
     return QCoreApplication::exec();
 }

@@ -2,6 +2,7 @@
 
 #include "platform/Application.h"
 #include "platform/FieldFocus.h"
+#include "platform/ReadablePalette.h"
 #include "platform/WidgetHelpers.h"
 
 #include <QCheckBox>
@@ -24,14 +25,6 @@ bool EsCampo(const QWidget* control) {
            qobject_cast<const QRadioButton*>(control) || qobject_cast<const QCheckBox*>(control);
 }
 
-/// A field that can't be changed shows data all the same: its text keeps its colour on the grey ground.
-void HazLegible(QWidget& campo) {
-    QPalette colores = campo.palette();
-    for (const QPalette::ColorRole papel : {QPalette::Text, QPalette::ButtonText})
-        colores.setColor(QPalette::Disabled, papel, colores.color(QPalette::Active, papel));
-    campo.setPalette(colores);
-}
-
 } // namespace
 
 Forma::Forma(QWidget* padre) : QDialog(padre) {}
@@ -41,10 +34,7 @@ void Forma::Prepara(const QList<QAbstractButton*>& salidas) {
         boton->setAutoDefault(false);
         boton->setDefault(false);
     }
-    for (QLineEdit* campo : findChildren<QLineEdit*>())
-        HazLegible(*campo);
-    for (QComboBox* lista : findChildren<QComboBox*>())
-        HazLegible(*lista);
+    AclaraDeshabilitados(*this);
     CuidaElFoco(*this, salidas);
 }
 

@@ -54,7 +54,9 @@ TEST_F(FrmConsolaUpkeepTest, AReportOpensInThePreviewAndGoesWithItsFile) {
     Registra(u"000002"_s, u"00000002.PRN"_s);
     EscribeArchivo(rpt + u"00000001.PRN"_s, "<!font!>Courier New<!/font!>\n<!nHojas!> 12 <!/nHojas!>\n");
     QStringList vistos;
-    Abre([&](QWidget&, const QString& archivo) { vistos.append(archivo); });
+    Abre([&](QWidget&, const QString& en, const InformeRegistrado& informe) {
+        vistos.append(en + u'/' + informe.archivo);
+    });
     Alt(Qt::Key_I);
     TablaFilas& tabla = Tabla("GrdInformes");
     EXPECT_EQ(Fila(tabla, 0), u"Declaración|%1|21/11/2026 09:05|CONTADOR|Falta el archivo|00000002.PRN"_s.arg(kRuc));
@@ -64,7 +66,7 @@ TEST_F(FrmConsolaUpkeepTest, AReportOpensInThePreviewAndGoesWithItsFile) {
     EXPECT_EQ(Control<QPushButton>("CmdVer").toolTip(), u"Falta el archivo de este informe."_s);
     QTest::keyClick(&tabla, Qt::Key_Down);
     QTest::keyClick(&tabla, Qt::Key_Return);
-    EXPECT_EQ(vistos, QStringList{u"00000001.PRN"_s});
+    EXPECT_EQ(vistos, QStringList{rpt + u"00000001.PRN"_s});
 
     avisos.EsperaPregunta(u"¿Confirma que va a eliminar el informe «Declaración» del 21/11/2026 09:05 y su archivo"
                           " 00000001.PRN?"_s,

@@ -1,5 +1,7 @@
-#include "detail/ReadablePalette.h"
+#include "platform/ReadablePalette.h"
 
+#include <QComboBox>
+#include <QLineEdit>
 #include <QPalette>
 #include <QWidget>
 
@@ -9,6 +11,13 @@ namespace {
 
 QColor Mezcla(const QColor& a, const QColor& b) {
     return QColor((a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2);
+}
+
+void Entinta(QWidget& campo) {
+    QPalette colores = campo.palette();
+    for (const QPalette::ColorRole papel : {QPalette::Text, QPalette::ButtonText})
+        colores.setColor(QPalette::Disabled, papel, colores.color(QPalette::Active, papel));
+    campo.setPalette(colores);
 }
 
 } // namespace
@@ -23,6 +32,10 @@ void AclaraDeshabilitados(QWidget& forma) {
     aclara(QPalette::ButtonText, QPalette::Button);
     aclara(QPalette::Text, QPalette::Window);
     forma.setPalette(paleta);
+    for (QLineEdit* campo : forma.findChildren<QLineEdit*>())
+        Entinta(*campo);
+    for (QComboBox* lista : forma.findChildren<QComboBox*>())
+        Entinta(*lista);
 }
 
 } // namespace xa518

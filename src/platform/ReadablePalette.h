@@ -1,0 +1,12 @@
+#pragma once
+
+class QWidget;
+
+namespace xa518 {
+
+/// Makes what is disabled in a form readable: a declaration that was sent is looked at through disabled fields, and a
+/// palette's own grey is meant for what needs no reading. Fields keep the colour of their text on the grey ground;
+/// everything else goes half the way.
+void AclaraDeshabilitados(QWidget& forma);
+
+} // namespace xa518
