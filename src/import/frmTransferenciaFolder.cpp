@@ -55,7 +55,7 @@ void frmTransferencia::ConectaCarpetas() {
     connect(m_ui->Drive1, &QComboBox::activated, this, Protegido([this] { CambiaUnidad(); }));
     connect(m_ui->DirDirectorio, &QListWidget::itemActivated, this, Protegido([this] { EntraEnCarpeta(); }));
     AlSalir(*m_ui->TxtCarpeta, [this] {
-        const QString escrita = m_ui->TxtCarpeta->text();
+        const QString escrita = m_ui->TxtCarpeta->text().trimmed();
         if (escrita != QDir::toNativeSeparators(m_rutaArchivos))
             PonCarpeta(QDir::fromNativeSeparators(escrita));
         return Salida::Libre;
@@ -113,7 +113,8 @@ void frmTransferencia::ListaArchivos() {
         m_rutaArchivos.isEmpty() ? QStringList() : carpeta.entryList({esperado}, QDir::Files); // without case
     for (const QString& hallado : hallados)
         new QListWidgetItem(style()->standardIcon(QStyle::SP_FileIcon), hallado, m_ui->flListaFiles);
-    m_ui->LblEsperado->setText(hallados.isEmpty() ? u"No está aquí: "_s + esperado : QString());
+    m_ui->LblEsperado->setText(u"No está aquí: "_s + esperado);
+    m_ui->LblEsperado->setVisible(hallados.isEmpty());
 }
 
 /// A comfort: where it can't be written the dialog works all the same.
