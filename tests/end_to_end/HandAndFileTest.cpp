@@ -2,6 +2,7 @@
 #include "declaration/Save.h"
 #include "detail/DetailFixture.h"
 #include "detail/FrmAgePer.h"
+#include "import/ImportFile.h"
 #include "import/ImportRun.h"
 #include "import/Formats.h"
 
@@ -41,14 +42,14 @@ class HandAndFileTest : public prueba::DetailTest {
         De<QPushButton>(forma, "CmdAceptar").click();
         EXPECT_FALSE(forma.isVisible());
     }
-    void Importa(const QStringList& lineas) {
-        QFile archivo(m_base.Carpeta() + u"/051820990518018202610.TXT"_s);
+    void Importa(const QStringList& lineas, const FormatoImportacion& formato = FormatoPercepciones()) {
+        QFile archivo(m_base.Carpeta() + u'/' + NombreDeArchivo(m_proceso, formato));
         ASSERT_TRUE(archivo.open(QIODevice::WriteOnly));
         archivo.write(lineas.join(u'\n').toUtf8() + '\n');
         archivo.close();
         SinPausa observador;
         m_proceso.rutaRPT = m_base.Carpeta() + u"/RPT"_s;
-        const auto resultado = Transferencia(m_proceso, FormatoPercepciones(), m_base.Carpeta()).Corre(observador);
+        const auto resultado = Transferencia(m_proceso, formato, m_base.Carpeta()).Corre(observador);
         EXPECT_EQ(resultado.transferidos, lineas.size());
         EXPECT_EQ(resultado.rechazados, 0);
     }
