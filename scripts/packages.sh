@@ -25,6 +25,10 @@ packages_test=(
   xvfb # the window search is tried against real windows
 )
 
+packages_fuzz=(
+  clang
+)
+
 packages_tidy=(
   clang-tidy
 )
