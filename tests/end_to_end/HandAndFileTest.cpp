@@ -2,9 +2,9 @@
 #include "declaration/Save.h"
 #include "detail/DetailFixture.h"
 #include "detail/FrmAgePer.h"
+#include "import/Formats.h"
 #include "import/ImportFile.h"
 #include "import/ImportRun.h"
-#include "import/Formats.h"
 
 #include <QFile>
 #include <QPushButton>
@@ -22,7 +22,8 @@ class SinPausa final : public ObservadorImportacion {
 
 class HandAndFileTest : public prueba::DetailTest {
   protected:
-    /// A client with one voucher, and that with its payment vouchers, each given by what is typed. A cash sale has none.
+    /// A client with one voucher, and that with its payment vouchers, each given by what is typed. A cash sale has
+    /// none.
     void Entra(const QString& cliente, const QString& comprobante, const QStringList& pagos) {
         FrmAgePer forma(m_proceso, m_avisos, u"10/2026"_s);
         Muestra(forma);
