@@ -30,6 +30,10 @@ packages_test=(
   imagemagick # pictures of that screen
 )
 
+packages_fuzz=(
+  clang
+)
+
 packages_tidy=(
   clang-tidy
 )
