@@ -1,18 +1,12 @@
 #include "BareBase.h"
-#include "ImportSample.h"
+#include "ImportWorkshop.h"
 #include "Measure.h"
 
-#include "data/Process.h"
+#include "import/Formats.h"
 #include "import/ImportRun.h"
-#include "import/PerceptionFormat.h"
-#include "platform/Clock.h"
-#include "support/TemporaryBase.h"
-
-#include <QTemporaryDir>
 
 #include <cstdio>
 #include <memory>
-#include <stdexcept>
 
 using namespace xa518;
 using namespace xa518::medida;
@@ -20,39 +14,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kRuc = u"20990518018"_s;
-const QString kPeriodo = u"202610"_s;
-
-void Exige(bool condicion, const char* motivo) {
-    if (!condicion)
-        throw std::runtime_error(motivo);
-}
-
 class SinNadie final : public ObservadorImportacion {
     bool Sigue(const AvanceImportacion& /*avance*/) override { return true; }
 };
 
-/// What an import needs around it: a base with the shipped tables, rates, and a folder with the file.
-struct Taller {
-    explicit Taller(const Tamanio& tamanio) {
-        for (const QString& clase : {u"1"_s, u"2"_s, u"6"_s})
-            base.Param(u"953"_s, clase + u"010909200501"_s,
-                       prueba::Funcion({{2, u"0.0200"_s}, {21, u"0.0200000"_s}, {31, u"2.00"_s}}));
-        Muestra(tamanio).EscribeArchivo(base.Carpeta() + u"/0518"_s + kRuc + kPeriodo + u".TXT"_s);
-    }
-    prueba::BaseTemporal base;
-};
-
-void Importa(const QString& carpeta, const QString& ruta, const Tamanio& tamanio) {
-    const RelojFijo reloj(QDateTime(QDate(2026, 11, 1), QTime(9, 0)));
-    Proceso proceso(reloj);
-    proceso.baseDatos = Base::Abre(ruta);
-    proceso.docDeclarante = kRuc;
-    proceso.periodoDeclarado = kPeriodo;
-    proceso.fechaPrimerIgv = u"209912"_s;
-    proceso.rutaRPT = carpeta + u"/RPT"_s;
+void Importa(Proceso& proceso, const Taller& taller, const Tamanio& tamanio) {
     SinNadie nadie;
-    const ResultadoImportacion resultado = Transferencia(proceso, FormatoPercepciones(), carpeta).Corre(nadie);
+    const ResultadoImportacion resultado = Transferencia(proceso, FormatoPercepciones(), taller.Carpeta()).Corre(nadie);
     Exige(resultado.fin == FinImportacion::Completa, "the import did not end well");
     Exige(resultado.transferidos == tamanio.lineas && resultado.rechazados == 0, "the import refused lines");
 }
@@ -132,7 +100,7 @@ Medida MideSuelo(const Tamanio& tamanio) {
 Medida MideImportacion(const Tamanio& tamanio) {
     return Mide([&] {
         const auto taller = std::make_shared<Taller>(tamanio);
-        return [taller, tamanio] { Importa(taller->base.Carpeta(), taller->base.Ruta(), tamanio); };
+        return [taller, tamanio] { Importa(*taller->Abre(), *taller, tamanio); };
     });
 }
 

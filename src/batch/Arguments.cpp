@@ -15,8 +15,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kUso = u"Uso: xa518-lote importar --ruc RUC --periodo AAAAMM [--percepciones DIR]\n"
-                     "     xa518-lote declarar --ruc RUC --periodo AAAAMM [--percepciones DIR]\n"
+const QString kUso = u"Uso: xa518-lote importar --ruc RUC --periodo AAAAMM [--percepciones DIR] [--ventas DIR]\n"
+                     "                         [--errores ARCHIVO] [--probar]\n"
+                     "     xa518-lote declarar --ruc RUC --periodo AAAAMM [--percepciones DIR] [--ventas DIR]\n"
+                     "                         [--errores ARCHIVO]\n"
                      "                         [--pagos-previos N] [--interes N] [--importe N]\n"
                      "                         [--efectivo | --cheque NUM --banco COD] [--rectifica]\n"
                      "                         [--pdf DIR]\n"
@@ -24,34 +26,38 @@ const QString kUso = u"Uso: xa518-lote importar --ruc RUC --periodo AAAAMM [--pe
                      "     xa518-lote imprimir --ruc RUC --periodo AAAAMM [--enviada CORREL] [--anexos] --pdf ARCHIVO\n"
                      "     xa518-lote listar   [--enviadas]\n"_s;
 
-const QString kAyuda = kUso + u"\nLas reglas de la declaración 0518, sin ventana.\n"
-                              "\nÓrdenes:\n"
-                              "  importar   carga la declaración en las tablas de trabajo y agrega el archivo\n"
-                              "  declarar   lo mismo, y además calcula, valida y graba la declaración\n"
-                              "  validar    dice las inconsistencias de una declaración registrada\n"
-                              "  imprimir   deja en PDF una declaración registrada, o una copia enviada\n"
-                              "  listar     muestra las declaraciones registradas, o las enviadas\n"
-                              "\nOpciones:\n"
-                              "  --ruc RUC            número del declarante\n"
-                              "  --periodo AAAAMM     período tributario\n"
-                              "  --percepciones DIR   carpeta del archivo 0518<RUC><AAAAMM>.TXT\n"
-                              "  --pagos-previos N    casilla 402\n"
-                              "  --interes N          casilla 404\n"
-                              "  --importe N          casilla 410; sin ella toma la 405\n"
-                              "  --efectivo           paga en efectivo\n"
-                              "  --cheque NUM         paga con cheque, junto con --banco\n"
-                              "  --banco COD          banco del cheque\n"
-                              "  --rectifica          la declaración rectifica o sustituye a otra\n"
-                              "  --pdf DIR            con declarar: carpeta de los PDF de la declaración y su anexo\n"
-                              "  --pdf ARCHIVO        con imprimir: el PDF que se escribe\n"
-                              "  --enviada CORREL     la copia enviada con ese número\n"
-                              "  --anexos             también el anexo, tras la declaración\n"
-                              "  --enviadas           las declaraciones enviadas\n"
-                              "  --json               imprime un objeto JSON\n"
-                              "  --hoy DD/MM/AAAA     trabaja como si fuera ese día\n"
-                              "  --help, --version\n"
-                              "\nCódigos de salida: 0 hecho y sin observaciones; 1 hecho, con líneas rechazadas o\n"
-                              "inconsistencias; 2 rechazado, no se ha escrito nada; 3 falló la base o un archivo.\n"_s;
+const QString kAyuda = kUso +
+                       u"\nLas reglas de la declaración 0518, sin ventana.\n"
+                       "\nÓrdenes:\n"
+                       "  importar   carga la declaración en las tablas de trabajo y agrega los archivos\n"
+                       "  declarar   lo mismo, y además calcula, valida y graba la declaración\n"
+                       "  validar    dice las inconsistencias de una declaración registrada\n"
+                       "  imprimir   deja en PDF una declaración registrada, o una copia enviada\n"
+                       "  listar     muestra las declaraciones registradas, o las enviadas\n"
+                       "\nOpciones:\n"
+                       "  --ruc RUC            número del declarante\n"
+                       "  --periodo AAAAMM     período tributario\n"
+                       "  --percepciones DIR   carpeta del archivo 0518<RUC><AAAAMM>.TXT\n"
+                       "  --ventas DIR         carpeta del archivo de ventas al contado, 0518<RUC><AAAAMM>VC.TXT\n"
+                       "  --errores ARCHIVO    deja ahí las líneas rechazadas, con su campo y su motivo, como CSV\n"
+                       "  --probar             revisa los archivos sin guardar nada, tampoco .Log ni .Err\n"
+                       "  --pagos-previos N    casilla 402\n"
+                       "  --interes N          casilla 404\n"
+                       "  --importe N          casilla 410; sin ella toma la 405\n"
+                       "  --efectivo           paga en efectivo\n"
+                       "  --cheque NUM         paga con cheque, junto con --banco\n"
+                       "  --banco COD          banco del cheque\n"
+                       "  --rectifica          la declaración rectifica o sustituye a otra\n"
+                       "  --pdf DIR            con declarar: carpeta de los PDF de la declaración y su anexo\n"
+                       "  --pdf ARCHIVO        con imprimir: el PDF que se escribe\n"
+                       "  --enviada CORREL     la copia enviada con ese número\n"
+                       "  --anexos             también el anexo, tras la declaración\n"
+                       "  --enviadas           las declaraciones enviadas\n"
+                       "  --json               imprime un objeto JSON\n"
+                       "  --hoy DD/MM/AAAA     trabaja como si fuera ese día\n"
+                       "  --help, --version\n"
+                       "\nCódigos de salida: 0 hecho y sin observaciones; 1 hecho, con líneas rechazadas o\n"
+                       "inconsistencias; 2 rechazado, no se ha escrito nada; 3 falló la base o un archivo.\n"_s;
 
 Lectura Mal(const QString& motivo) {
     return {std::nullopt, u"xa518-lote: "_s + motivo + u"\n"_s + kUso, kSalidaRechazado};
@@ -70,11 +76,11 @@ std::optional<Orden> LeeOrden(const QString& palabra) {
 /// The options that each command takes beside those that all take.
 QStringList OpcionesDe(Orden orden) {
     static const QStringList clave = {u"ruc"_s, u"periodo"_s};
-    static const QStringList archivos = {u"percepciones"_s};
+    static const QStringList archivos = {u"percepciones"_s, u"ventas"_s, u"errores"_s};
     static const QStringList montos = {u"pagos-previos"_s, u"interes"_s, u"importe"_s,  u"efectivo"_s,
                                        u"cheque"_s,        u"banco"_s,   u"rectifica"_s};
     switch (orden) {
-    case Orden::Importar: return clave + archivos;
+    case Orden::Importar: return clave + archivos + QStringList{u"probar"_s};
     case Orden::Declarar: return clave + archivos + montos + QStringList{u"pdf"_s};
     case Orden::Validar: return clave;
     case Orden::Imprimir: return clave + QStringList{u"enviada"_s, u"anexos"_s, u"pdf"_s};
@@ -84,16 +90,23 @@ QStringList OpcionesDe(Orden orden) {
 }
 
 void DeclaraOpciones(QCommandLineParser& lector) {
-    for (const QString& conValor : {u"ruc"_s, u"periodo"_s, u"percepciones"_s, u"pagos-previos"_s, u"interes"_s,
-                                    u"importe"_s, u"cheque"_s, u"banco"_s, u"enviada"_s, u"pdf"_s, u"hoy"_s})
+    for (const QString& conValor :
+         {u"ruc"_s, u"periodo"_s, u"percepciones"_s, u"ventas"_s, u"errores"_s, u"pagos-previos"_s, u"interes"_s,
+          u"importe"_s, u"cheque"_s, u"banco"_s, u"enviada"_s, u"pdf"_s, u"hoy"_s})
         lector.addOption({conValor, {}, u"VALOR"_s});
     for (const QString& sinValor :
-         {u"efectivo"_s, u"rectifica"_s, u"anexos"_s, u"enviadas"_s, u"json"_s, u"help"_s, u"version"_s})
+         {u"efectivo"_s, u"rectifica"_s, u"probar"_s, u"anexos"_s, u"enviadas"_s, u"json"_s, u"help"_s, u"version"_s})
         lector.addOption(QCommandLineOption(sinValor));
 }
 
 std::optional<QString> Dado(const QCommandLineParser& lector, const QString& opcion) {
     return lector.isSet(opcion) ? std::optional(lector.value(opcion)) : std::nullopt;
+}
+
+/// The installation folder becomes the current one at the start, so names are made absolute before.
+std::optional<QString> RutaDada(const QCommandLineParser& lector, const QString& opcion) {
+    const std::optional<QString> ruta = Dado(lector, opcion);
+    return ruta ? std::optional(QDir::current().absoluteFilePath(*ruta)) : std::nullopt;
 }
 
 /// The first option given that the command doesn't take; empty when all fit.
@@ -127,6 +140,10 @@ QString FaltaEn(const QCommandLineParser& lector, const Argumentos& dados) {
         return u"falta --pdf"_s;
     if (dados.pdf && lector.value(u"pdf"_s).isEmpty())
         return u"--pdf espera un nombre"_s;
+    if (dados.errores && lector.value(u"errores"_s).isEmpty())
+        return u"--errores espera un nombre"_s;
+    if ((dados.errores || dados.probar) && !dados.percepciones && !dados.ventas)
+        return u"--errores y --probar van con --percepciones o --ventas"_s;
     if (lector.isSet(u"hoy"_s) && !dados.hoy)
         return u"--hoy espera una fecha dd/mm/aaaa"_s;
     return {};
@@ -137,9 +154,10 @@ Argumentos Recoge(const QCommandLineParser& lector, Orden orden) {
     dados.orden = orden;
     dados.ruc = lector.value(u"ruc"_s);
     dados.periodo = lector.value(u"periodo"_s);
-    // The installation folder becomes the current one at the start, so names are made absolute before.
-    if (const auto carpeta = Dado(lector, u"percepciones"_s))
-        dados.percepciones = QDir::current().absoluteFilePath(*carpeta);
+    dados.percepciones = RutaDada(lector, u"percepciones"_s);
+    dados.ventas = RutaDada(lector, u"ventas"_s);
+    dados.errores = RutaDada(lector, u"errores"_s);
+    dados.probar = lector.isSet(u"probar"_s);
     dados.pagosPrevios = Dado(lector, u"pagos-previos"_s);
     dados.interes = Dado(lector, u"interes"_s);
     dados.importe = Dado(lector, u"importe"_s);
@@ -149,8 +167,7 @@ Argumentos Recoge(const QCommandLineParser& lector, Orden orden) {
     dados.rectifica = lector.isSet(u"rectifica"_s);
     dados.enviada = Dado(lector, u"enviada"_s);
     dados.anexos = lector.isSet(u"anexos"_s);
-    if (const auto pdf = Dado(lector, u"pdf"_s))
-        dados.pdf = QDir::current().absoluteFilePath(*pdf);
+    dados.pdf = RutaDada(lector, u"pdf"_s);
     dados.enviadas = lector.isSet(u"enviadas"_s);
     dados.json = lector.isSet(u"json"_s);
     dados.hoy = LeeFecha(lector.value(u"hoy"_s));

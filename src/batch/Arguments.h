@@ -16,6 +16,9 @@ struct Argumentos {
     QString ruc;
     QString periodo;                     ///< `yyyymm`
     std::optional<QString> percepciones; ///< absolute folder of the file of perception vouchers
+    std::optional<QString> ventas;       ///< absolute folder of the file of cash sales
+    std::optional<QString> errores;      ///< absolute: where the refused lines are left as CSV
+    bool probar = false;                 ///< checks the files and keeps nothing
     std::optional<QString> pagosPrevios;
     std::optional<QString> interes;
     std::optional<QString> importe;

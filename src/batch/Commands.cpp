@@ -1,6 +1,7 @@
 #include "batch/Commands.h"
 
 #include "batch/ExitCode.h"
+#include "batch/ImportCommand.h"
 #include "batch/PdfOutput.h"
 #include "batch/Session.h"
 #include "data/Catalog.h"
@@ -12,8 +13,6 @@
 #include "declaration/Save.h"
 #include "declaration/StoredBoxes.h"
 #include "declaration/TaxPeriod.h"
-#include "import/ImportRun.h"
-#include "import/PerceptionFormat.h"
 #include "platform/Clock.h"
 #include "values/Text.h"
 
@@ -58,36 +57,6 @@ ClaveDeclaracion ClaveDe(Proceso& proceso, const Argumentos& argumentos) {
     proceso.docDeclarante = argumentos.ruc;
     proceso.periodoDeclarado = periodo;
     return {argumentos.ruc, periodo, proceso.numFormulario, false, {}};
-}
-
-void AnotaImportacion(Informe& informe, const ResultadoImportacion& resultado) {
-    informe.transferidos = static_cast<int>(resultado.transferidos);
-    informe.rechazados = static_cast<int>(resultado.rechazados);
-    for (const QString& ruta : {resultado.rutaLog, resultado.rutaErr}) {
-        if (!ruta.isEmpty())
-            informe.archivos.append(ruta);
-    }
-    if (resultado.rechazados > 0)
-        informe.codigo = kSalidaObservaciones;
-    if (!resultado.fallaDelLog.isEmpty())
-        informe.mensajes.append({Icono::Exclamacion, resultado.fallaDelLog, {}});
-}
-
-/// Loads the declaration into the work tables, where a new one starts empty, and adds the files.
-void CargaTrabajo(Proceso& proceso, const Argumentos& argumentos, const ClaveDeclaracion& clave,
-                  ObservadorImportacion& avance, Informe& informe) {
-    TablasTrabajo trabajo(*proceso.baseDatos);
-    if (!argumentos.percepciones) {
-        trabajo.Reconstruye(clave);
-        return;
-    }
-    Transferencia transferencia(proceso, FormatoPercepciones(), *argumentos.percepciones);
-    const ResultadoImportacion resultado = transferencia.Corre(avance, [&] { trabajo.Reconstruye(clave); });
-    if (resultado.fin == FinImportacion::Rechazada)
-        throw Rechazo{*resultado.mensaje};
-    if (resultado.fin == FinImportacion::Fallida)
-        throw Error(resultado.numeroError, resultado.mensaje->texto);
-    AnotaImportacion(informe, resultado);
 }
 
 /// What the command line gives goes over what is stored. Interest and prior payments keep their stored value when they

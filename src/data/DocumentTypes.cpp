@@ -65,15 +65,19 @@ std::optional<TipoDocumento> DocumentoDeTipo(Base& base, const QString& tipo) {
     return Corta(codigo.rightJustified(2, u'0'), funcion);
 }
 
-bool ValidaDocumento(Base& base, const QString& tipo, const QString& numero) {
+bool AdmiteNumero(const TipoDocumento& tipo, const QString& numero) {
     const QStringView recortado = Recorta(numero);
-    if (Recorta(tipo).isEmpty() || recortado.isEmpty())
+    if (recortado.isEmpty() || !LargoValido(tipo, recortado.size()))
+        return false;
+    return Decimal::Valor(tipo.tipoDato).Signo() != 0 ? ObjetoUtil::ValidaTextoDoc(numero)
+                                                      : ObjetoUtil::ValidaNumeroDoc(numero);
+}
+
+bool ValidaDocumento(Base& base, const QString& tipo, const QString& numero) {
+    if (Recorta(tipo).isEmpty())
         return false;
     const std::optional<TipoDocumento> fila = DocumentoDeTipo(base, tipo);
-    if (!fila || !LargoValido(*fila, recortado.size()))
-        return false;
-    return Decimal::Valor(fila->tipoDato).Signo() != 0 ? ObjetoUtil::ValidaTextoDoc(numero)
-                                                       : ObjetoUtil::ValidaNumeroDoc(numero);
+    return fila && AdmiteNumero(*fila, numero);
 }
 
 ConsultaSql SqlDeclarantes(Base& base, const QString& formulario, const QString& usuario) {

@@ -30,8 +30,11 @@ struct TipoDocumento {
 /// The type of a code compared by value, nothing when the catalogue lacks it.
 [[nodiscard]] std::optional<TipoDocumento> DocumentoDeTipo(Base& base, const QString& tipo);
 
-/// Tells whether a document number fits its type: length by columns 46 and 130, and by column 128 digits only ("0") or
-/// letters allowed.
+/// Tells whether a number, not empty, fits a document type.
+[[nodiscard]] bool AdmiteNumero(const TipoDocumento& tipo, const QString& numero);
+
+/// Tells whether a document number fits its type in the catalogue: length by columns 46 and 130, and by column 128
+/// digits only ("0") or letters allowed.
 [[nodiscard]] bool ValidaDocumento(Base& base, const QString& tipo, const QString& numero);
 
 struct ConsultaSql {

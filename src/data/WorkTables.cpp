@@ -29,6 +29,11 @@ bool EsEmpresa(QStringView tipoDoc, QStringView numero) {
 
 void TablasTrabajo::Reconstruye(const ClaveDeclaracion& clave) {
     Transaccion transaccion = m_base->Comienza();
+    Llena(clave);
+    transaccion.Confirma();
+}
+
+void TablasTrabajo::Llena(const ClaveDeclaracion& clave) {
     m_base->Ejecuta(u"DELETE * FROM TMPF518PCAB"_s);
     CopiaClientes(clave);
     m_base->Ejecuta(u"DELETE * FROM TMPF518PDET"_s);
@@ -36,7 +41,6 @@ void TablasTrabajo::Reconstruye(const ClaveDeclaracion& clave) {
     CopiaComprobantes(clave, u"F518PDETVC"_s, u"tip_cp"_s);
     m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP"_s);
     CopiaPagos(clave);
-    transaccion.Confirma();
 }
 
 /// A company keeps its name. Any other client is a person, whose full name is put together again from its parts.

@@ -20,6 +20,8 @@ class TablasTrabajo {
     /// Empties the tables and fills them with the declaration's rows, the sent copy's when the key says so. A key that
     /// matches nothing, as a new declaration's does, leaves them empty. One transaction.
     void Reconstruye(const ClaveDeclaracion& clave);
+    /// The same within a transaction of the caller.
+    void Llena(const ClaveDeclaracion& clave);
 
     /// Number of voucher rows, cash sales included, of a client.
     [[nodiscard]] int CuentaDocs(int tipoDoc, const QString& numero) const;

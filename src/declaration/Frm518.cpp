@@ -174,6 +174,8 @@ void Frm518::LeePaginas() {
 
 void Frm518::AlActivar() {
     RefrescaGrilla();
+    if (!focusWidget()) // it opens: the first key belongs to the page, not to the tabs above it
+        EnfocaPrimerCampo();
     m_ui->PaginaIdentificacion->EnfocaOrden();
 }
 

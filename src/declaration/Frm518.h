@@ -40,13 +40,20 @@ struct ClienteElegido {
     QString nombres;
 };
 
+/// What the import goes into: the declaration, and the form that shows it.
+struct ImportacionPedida {
+    ClaveDeclaracion clave;
+    QString nombre;                 ///< of the declarant, as the form shows it
+    std::function<void()> refresca; ///< shows the form's grid anew
+};
+
 /// The dialogs of other rooms that the declaration form opens over itself. One that is missing does nothing.
 struct DialogosDeDetalle {
     /// The client dialog: on a row of the grid, or on none for a new client.
     std::function<void(Forma& sobre, const ClaveDeclaracion& clave, const std::optional<ClienteElegido>& cliente)>
         abreCliente;
     /// The import into the work tables of that declaration.
-    std::function<void(Forma& sobre, const ClaveDeclaracion& clave)> abreImportacion;
+    std::function<void(Forma& sobre, const ImportacionPedida& pedida)> abreImportacion;
 };
 
 /// The window in which a declaration is filled in, reviewed and corrected. `Proceso::opcion` and `Proceso::enviadas`

@@ -52,7 +52,8 @@ bool Frm518::AtiendeOpcion(int indice) {
         m_proceso.docDeclarante = clave.ruc;
         m_proceso.periodoDeclarado = clave.periodo;
         if (m_dialogos.abreImportacion)
-            m_dialogos.abreImportacion(*this, clave);
+            m_dialogos.abreImportacion(*this,
+                                       {clave, m_ui->PaginaIdentificacion->Nombre(), [this] { RefrescaGrilla(); }});
         return true;
     default: return false;
     }

@@ -10,6 +10,12 @@ QString ClaveDeLinea(const QStringList& campos) {
            campo(Campo::NumeroPercepcion);
 }
 
+void LineaComprobada::PonTipoDoc(const QString& campo) {
+    const Decimal valor = Decimal::Valor(campo);
+    tipoDocLinea = valor.Texto();
+    tipoDocPer = static_cast<int>(valor.RedondeaPar(0).Mantisa());
+}
+
 bool LineaComprobada::EsNotaDeCredito() const {
     return Decimal::Valor(tipoCpCrudo) == Decimal::DeEntero(7);
 }

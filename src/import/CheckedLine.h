@@ -39,6 +39,14 @@ inline constexpr Codigo kAceptado{};
 /// line gives them.
 [[nodiscard]] QString ClaveDeLinea(const QStringList& campos);
 
+/// Why a line is refused: the code, and the number of the field at fault, -1 for the line as a whole.
+struct Refutacion {
+    Codigo codigo;
+    int campo = -1;
+
+    explicit operator bool() const { return !codigo.isEmpty(); }
+};
+
 /// A line as its checks leave it: the accepted texts, filled or cut, and what later checks and the tables ask of it.
 /// A check reads only what checks of the same line have put, so that one record serves all lines.
 struct LineaComprobada {
@@ -52,6 +60,7 @@ struct LineaComprobada {
     [[nodiscard]] QString& operator[](Campo campo) { return campos[static_cast<size_t>(campo)]; }
     [[nodiscard]] const QString& operator[](Campo campo) const { return campos[static_cast<size_t>(campo)]; }
 
+    void PonTipoDoc(const QString& campo);
     [[nodiscard]] bool Si(Campo pregunta) const { return (*this)[pregunta] == u'1'; }
     [[nodiscard]] bool EsNotaDeCredito() const;
 };

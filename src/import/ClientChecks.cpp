@@ -13,7 +13,6 @@ namespace {
 
 constexpr int kLargoRazon = 40;
 constexpr int kLargoNombre = 20;
-constexpr int kLargoDni = 8;
 constexpr int kLargoOtroDoc = 12;
 
 Codigo CompruebaRuc(const QString& campo, const ContextoImportacion& contexto) {
@@ -46,9 +45,7 @@ Codigo CompruebaTipoDoc(QString& campo, LineaComprobada& linea, const ContextoIm
         return "0888"_L1;
     if (!EstaEnLista(campo, u"01-02-03-04-06-07"))
         return "0009"_L1;
-    const Decimal valor = Decimal::Valor(campo);
-    linea.tipoDocLinea = valor.Texto();
-    linea.tipoDocPer = static_cast<int>(valor.RedondeaPar(0).Mantisa());
+    linea.PonTipoDoc(campo);
     return kAceptado;
 }
 

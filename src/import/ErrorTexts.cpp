@@ -1,5 +1,7 @@
 #include "import/ErrorTexts.h"
 
+#include "data/Catalog.h"
+
 #include <algorithm>
 #include <array>
 
@@ -70,6 +72,14 @@ QString TextoFijo(Codigo codigo) {
     const auto* texto =
         std::find_if(kTextos.begin(), kTextos.end(), [&](const Texto& t) { return t.codigo == codigo; });
     return texto == kTextos.end() ? QString() : texto->texto.toString();
+}
+
+QString MotivoDe(Base& base, Codigo codigo) {
+    const QString fijo = TextoFijo(codigo);
+    if (!fijo.isEmpty())
+        return fijo;
+    const QString deTabla = Catalogo(base).DescError(QString(codigo));
+    return deTabla.isEmpty() ? kOtroError : deTabla;
 }
 
 } // namespace xa518

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "import/CheckedLine.h"
+#include "import/SaleTypes.h"
 
 #include <QDate>
 
@@ -13,6 +14,7 @@ struct ContextoImportacion {
     QString docDeclarante;
     QString periodoDeclarado; ///< `yyyymm`
     QDate hoy;
+    TiposDeVenta ventas{}; ///< only filled for a file of cash sales
 };
 
 /// Checks one field, which comes trimmed and in upper case and may come back filled, cut or cleaned. The first fault
@@ -21,8 +23,8 @@ using Comprobacion = Codigo (*)(QString& campo, LineaComprobada& linea, const Co
 
 /// Checks a line's fields in their order, each by the function at its place; the line ends at its first refusal. A line
 /// with too few fields is refused when those that it has have passed.
-[[nodiscard]] Codigo CompruebaLinea(std::span<const Comprobacion> comprobaciones, const QStringList& campos,
-                                    const ContextoImportacion& contexto, LineaComprobada& linea);
+[[nodiscard]] Refutacion CompruebaLinea(std::span<const Comprobacion> comprobaciones, const QStringList& campos,
+                                        const ContextoImportacion& contexto, LineaComprobada& linea);
 
 /// Client.
 Codigo CompruebaTipoDoc(QString& campo, LineaComprobada& linea, const ContextoImportacion& contexto);
@@ -47,5 +49,10 @@ Codigo CompruebaSerieCp(QString& campo, LineaComprobada& linea, const ContextoIm
 Codigo CompruebaNumeroCp(QString& campo, LineaComprobada& linea, const ContextoImportacion& contexto);
 Codigo CompruebaFechaCp(QString& campo, LineaComprobada& linea, const ContextoImportacion& contexto);
 Codigo CompruebaMontoCp(QString& campo, LineaComprobada& linea, const ContextoImportacion& contexto);
+
+/// Cash-sale voucher, where its checks differ: the catalogue says which types there are.
+Codigo CompruebaTipoDocVenta(QString& campo, LineaComprobada& linea, const ContextoImportacion& contexto);
+Codigo CompruebaNumDocVenta(QString& campo, LineaComprobada& linea, const ContextoImportacion& contexto);
+Codigo CompruebaTipoCpVenta(QString& campo, LineaComprobada& linea, const ContextoImportacion& contexto);
 
 } // namespace xa518

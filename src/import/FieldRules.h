@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringView>
 
+#include <algorithm>
+#include <array>
 #include <optional>
 
 namespace xa518 {
@@ -15,6 +17,14 @@ namespace xa518 {
 /// True when the field, as two digits, is found in a list such as "01-03-07". Wanted: it is a search for a piece of
 /// text, so the empty field and pieces that cross the dashes, such as "1-", are found too.
 [[nodiscard]] bool EstaEnLista(QStringView campo, QStringView lista);
+
+/// The length of a person's document.
+inline constexpr int kLargoDni = 8;
+
+template <size_t N>
+[[nodiscard]] bool EsUnoDe(QStringView tipo, const std::array<Codigo, N>& tipos) {
+    return std::find(tipos.begin(), tipos.end(), tipo) != tipos.end();
+}
 
 /// Fills a series with zeros to four characters; false when it can't be one: empty, too long, a first character that
 /// is no letter or digit, or others that are no digits.

@@ -30,8 +30,10 @@ Revision RevisaArchivo(QIODevice& archivo, int separadores) {
     Revision revision;
     for (;;) {
         const LectorLineas::Lectura lectura = lector.Siguiente();
-        if (lectura == LectorLineas::Lectura::Fin)
+        if (lectura == LectorLineas::Lectura::Fin) {
+            revision.bytes = lector.BytesLeidos();
             return revision;
+        }
         if (lectura == LectorLineas::Lectura::DemasiadoLarga)
             return {Defecto::LineaDemasiadoLarga};
         if (!CuentaPye(lector.Linea(), separadores))

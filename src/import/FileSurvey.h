@@ -15,6 +15,7 @@ enum class Defecto { Ninguno, Separadores, SinSeparadorFinal, LineaDemasiadoLarg
 struct Revision {
     Defecto defecto = Defecto::Ninguno;
     Codificacion codificacion = Codificacion::Utf8; ///< of the whole file; settled only when there is no defect
+    qint64 bytes = 0;                               ///< size of the file, likewise
 };
 
 /// One pass over the whole file, ahead of the import: it counts each line's separators, looks at its last character

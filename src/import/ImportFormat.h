@@ -9,6 +9,7 @@
 
 namespace xa518 {
 
+class Base;
 struct Proceso;
 
 /// Codes of what the tables have against a line, in the order in which they were met; none when all of it was written.
@@ -32,6 +33,7 @@ struct FormatoImportacion {
     QLatin1StringView finDeNombre;                ///< what the file's name has behind the period
     std::span<const Comprobacion> comprobaciones; ///< one for each field of a line, in file order
     std::unique_ptr<Almacen> (*almacen)(Proceso& proceso);
+    TiposDeVenta (*tipos)(Base& base); ///< reads what the checks ask of the catalogue; missing when they ask nothing
 
     [[nodiscard]] int Campos() const { return static_cast<int>(comprobaciones.size()); }
 };

@@ -63,8 +63,7 @@ void LogImportacion::Anota(const Escritura& escritura) {
 QString LogImportacion::LineaDeLista(const QString& clave, Codigo codigo) const {
     Registros fila = m_base->Lee(u"SELECT DescError FROM ERROR WHERE CodError=?"_s, {QString(codigo)});
     if (!fila.Siguiente())
-        return clave.left(kAnchoClaveSinTexto).leftJustified(kAnchoClaveSinTexto + kBlancosSinTexto) +
-               "Otro Error : Verifique Estructura de Tablas y datos a transferir"_L1;
+        return clave.left(kAnchoClaveSinTexto).leftJustified(kAnchoClaveSinTexto + kBlancosSinTexto) + kOtroError;
     const QString fijo = TextoFijo(codigo);
     return ObjetoUtil::AlineaIzquierda(clave.left(kAnchoClave), kAnchoClave) + u' ' +
            (fijo.isEmpty() ? fila.Texto(0) : fijo);

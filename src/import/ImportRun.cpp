@@ -2,12 +2,16 @@
 
 #include "data/Process.h"
 #include "data/WorkTables.h"
+#include "import/ErrorSheet.h"
+#include "import/ErrorTexts.h"
+#include "import/Formats.h"
 #include "import/ImportFile.h"
 #include "import/LineFields.h"
 #include "import/LineReader.h"
 #include "import/RunBatches.h"
 #include "import/RunMessages.h"
 #include "platform/Clock.h"
+#include "values/Text.h"
 
 #include <QFile>
 
@@ -22,11 +26,15 @@ void Abre(QFile& archivo) {
         throw Error(NumeroError::AccesoAlDisco, u"No se puede leer el archivo: %1"_s.arg(archivo.errorString()));
 }
 
+Error ArchivoCambiado() {
+    return {NumeroError::AccesoAlDisco, u"El archivo ha cambiado mientras se importaba."_s};
+}
+
 /// The whole file was looked through before, so a line too long now is news.
 bool LeeLinea(LectorLineas& lector) {
     const LectorLineas::Lectura lectura = lector.Siguiente();
     if (lectura == LectorLineas::Lectura::DemasiadoLarga)
-        throw Error(NumeroError::AccesoAlDisco, u"El archivo ha cambiado mientras se importaba."_s);
+        throw ArchivoCambiado();
     return lectura == LectorLineas::Lectura::Linea;
 }
 
@@ -40,44 +48,62 @@ void ConservaLoEscrito(Lotes& lotes) {
 
 } // namespace
 
-Transferencia::Transferencia(Proceso& proceso, const FormatoImportacion& formato, QString carpeta)
+Transferencia::Transferencia(Proceso& proceso, const FormatoImportacion& formato, QString carpeta,
+                             const OpcionesImportacion& opciones)
     : m_proceso(proceso)
     , m_formato(formato)
     , m_carpeta(std::move(carpeta))
-    , m_contexto{proceso.docDeclarante, proceso.periodoDeclarado, proceso.reloj.Hoy()}
+    , m_opciones(opciones)
+    , m_contexto{proceso.docDeclarante, proceso.periodoDeclarado, proceso.reloj.Hoy(), {}}
     , m_log(proceso) {
     m_resultado.archivo = NombreDeArchivo(proceso, formato);
 }
 
-ResultadoImportacion Transferencia::Corre(ObservadorImportacion& observador, const std::function<void()>& alEmpezar) {
+ResultadoImportacion Transferencia::Revisa() {
+    try {
+        QFile archivo(BuscaArchivo(m_carpeta, m_resultado.archivo));
+        (void)EsApto(archivo);
+    } catch (const Error& error) {
+        Falla(error);
+    }
+    return m_resultado;
+}
+
+ResultadoImportacion Transferencia::Corre(ObservadorImportacion& observador, const AlEmpezar& alEmpezar) {
     try {
         Transfiere(observador, alEmpezar);
     } catch (const Error& error) {
         Falla(error);
     }
-    CalcularTot();
+    if (!m_opciones.prueba)
+        CalcularTot();
     Cierra();
     return m_resultado;
 }
 
-void Transferencia::Transfiere(ObservadorImportacion& observador, const std::function<void()>& alEmpezar) {
-    QFile archivo(BuscaArchivo(m_carpeta, m_resultado.archivo));
+bool Transferencia::EsApto(QFile& archivo) {
     Abre(archivo);
-    const Revision revision = RevisaArchivo(archivo, m_formato.Campos());
-    if (revision.defecto != Defecto::Ninguno) {
-        m_resultado.fin = FinImportacion::Rechazada;
-        m_resultado.mensaje = MensajeDe(revision.defecto);
-        return;
-    }
-    if (alEmpezar)
-        alEmpezar();
-    ImportaLineas(archivo, revision.codificacion, observador);
+    m_revision = RevisaArchivo(archivo, m_formato.Campos());
+    if (m_revision.defecto == Defecto::Ninguno)
+        return true;
+    m_resultado.fin = FinImportacion::Rechazada;
+    m_resultado.mensaje = MensajeDe(m_revision.defecto);
+    return false;
 }
 
-void Transferencia::ImportaLineas(QFile& archivo, Codificacion codificacion, ObservadorImportacion& observador) {
-    Lotes lotes(*m_proceso.baseDatos);
+void Transferencia::Transfiere(ObservadorImportacion& observador, const AlEmpezar& alEmpezar) {
+    QFile archivo(BuscaArchivo(m_carpeta, m_resultado.archivo));
+    if (EsApto(archivo))
+        ImportaLineas(archivo, observador, alEmpezar);
+}
+
+void Transferencia::ImportaLineas(QFile& archivo, ObservadorImportacion& observador, const AlEmpezar& alEmpezar) {
+    Lotes lotes(*m_proceso.baseDatos, m_opciones.prueba);
     try {
-        RecorreLineas(archivo, codificacion, observador, lotes);
+        lotes.Empieza();
+        if (alEmpezar)
+            alEmpezar();
+        RecorreLineas(archivo, observador, lotes);
     } catch (const Error&) {
         ConservaLoEscrito(lotes);
         throw;
@@ -85,38 +111,60 @@ void Transferencia::ImportaLineas(QFile& archivo, Codificacion codificacion, Obs
     lotes.Cierra();
 }
 
-void Transferencia::RecorreLineas(QFile& archivo, Codificacion codificacion, ObservadorImportacion& observador,
-                                  Lotes& lotes) {
+void Transferencia::RecorreLineas(QFile& archivo, ObservadorImportacion& observador, Lotes& lotes) {
     const std::unique_ptr<Almacen> almacen = m_formato.almacen(m_proceso);
-    const qint64 bytesTotal = archivo.size();
+    if (m_formato.tipos)
+        m_contexto.ventas = m_formato.tipos(*m_proceso.baseDatos);
     LectorLineas lector(archivo);
     while (LeeLinea(lector)) {
-        if (!observador.Sigue({m_resultado.transferidos, m_resultado.rechazados, lector.BytesLeidos(), bytesTotal})) {
+        if (!observador.Sigue(
+                {m_resultado.transferidos, m_resultado.rechazados, lector.BytesLeidos(), m_revision.bytes})) {
             m_resultado.fin = FinImportacion::Cancelada;
             return;
         }
         lotes.Linea();
-        ImportaLinea(lector.Linea(), codificacion, *almacen);
+        ++m_numeroLinea;
+        ImportaLinea(lector.Linea(), *almacen);
     }
+    if (lector.BytesLeidos() != m_revision.bytes)
+        throw ArchivoCambiado();
 }
 
-void Transferencia::ImportaLinea(QByteArrayView bytes, Codificacion codificacion, Almacen& almacen) {
-    SeparaCampos(Decodifica(bytes, codificacion), m_formato.Campos(), m_campos);
-    const Codigo refutacion = CompruebaLinea(m_formato.comprobaciones, m_campos, m_contexto, m_linea);
-    if (!refutacion.isEmpty())
+void Transferencia::ImportaLinea(QByteArrayView bytes, Almacen& almacen) {
+    SeparaCampos(Decodifica(bytes, m_revision.codificacion), m_formato.Campos(), m_campos);
+    const Refutacion refutacion = CompruebaLinea(m_formato.comprobaciones, m_campos, m_contexto, m_linea);
+    if (refutacion)
         return Rechaza(bytes, refutacion);
     ++m_resultado.transferidos;
     for (const Codigo objecion : almacen.Guarda(m_linea)) {
         // Wanted: only a duplicate key takes the line back from the transferred ones.
         if (objecion == kClaveDuplicada)
             --m_resultado.transferidos;
-        Rechaza(bytes, objecion);
+        Rechaza(bytes, {objecion});
     }
 }
 
-void Transferencia::Rechaza(QByteArrayView bytes, Codigo codigo) {
+void Transferencia::Rechaza(QByteArrayView bytes, const Refutacion& refutacion) {
     ++m_resultado.rechazados;
-    m_log.GraboLog(bytes, ClaveDeLinea(m_campos), codigo);
+    if (!m_opciones.prueba)
+        m_log.GraboLog(bytes, ClaveDeLinea(m_campos), refutacion.codigo);
+    if (m_opciones.planilla)
+        AnotaEnPlanilla(bytes, refutacion);
+}
+
+void Transferencia::AnotaEnPlanilla(QByteArrayView bytes, const Refutacion& refutacion) {
+    FilaPlanilla fila{.linea = m_numeroLinea,
+                      .campo = {},
+                      .valor = {},
+                      .codigo = refutacion.codigo,
+                      .motivo = MotivoDe(*m_proceso.baseDatos, refutacion.codigo),
+                      .archivo = m_resultado.archivo};
+    if (refutacion.campo >= 0) {
+        const QString linea = Decodifica(bytes, m_revision.codificacion);
+        fila.campo = NombreDeCampo(static_cast<Campo>(refutacion.campo));
+        fila.valor = Recorta(linea.section(u'|', refutacion.campo, refutacion.campo)).toString();
+    }
+    m_opciones.planilla->Anota(fila);
 }
 
 /// Wanted: over the whole work tables, and also after a cancel or a failure.
@@ -142,8 +190,13 @@ void Transferencia::Cierra() {
     }
     m_resultado.fallaDelLog = m_log.Falla();
     if (m_resultado.fin == FinImportacion::Completa)
-        m_resultado.mensaje =
-            m_resultado.rechazados < 1 ? MensajeTransferido(m_resultado.archivo) : PreguntaPorReporte(m_log.RutaLog());
+        m_resultado.mensaje = MensajeFinal();
+}
+
+Mensaje Transferencia::MensajeFinal() const {
+    if (m_opciones.prueba)
+        return MensajeDePrueba(m_resultado.archivo, m_resultado.rechazados);
+    return m_resultado.rechazados < 1 ? MensajeTransferido(m_resultado.archivo) : PreguntaPorReporte(m_log.RutaLog());
 }
 
 } // namespace xa518

@@ -17,6 +17,7 @@ namespace xa518 {
 
 class Error;
 class Lotes;
+class PlanillaErrores;
 
 /// How far a run has come.
 struct AvanceImportacion {
@@ -55,39 +56,58 @@ struct ResultadoImportacion {
     std::optional<Mensaje> mensaje;
     int numeroError = 0; ///< of a failed run
     QString archivo;     ///< bare name of the import file
-    QString rutaLog;     ///< of the refused lines; empty when this run has written none
+    QString rutaLog;     ///< of the refused lines; empty when this run has written none, as a trial never does
     QString rutaErr;     ///< of the error list, likewise
     QString fallaDelLog; ///< why refused lines may be missing from the two; empty when all were written
+};
+
+/// How a run differs from the plain one.
+struct OpcionesImportacion {
+    bool prueba = false;                 ///< every check, and nothing of it is kept: neither rows nor logs
+    PlanillaErrores* planilla = nullptr; ///< gets the refused lines; must outlive the run
 };
 
 /// One run over one import file: every line is checked and what passes is added to the work tables, whose totals are
 /// brought up to date at the end. What was written before a cancel or an error stays. An object serves one run.
 class Transferencia {
   public:
-    Transferencia(Proceso& proceso, const FormatoImportacion& formato, QString carpeta);
+    Transferencia(Proceso& proceso, const FormatoImportacion& formato, QString carpeta,
+                  const OpcionesImportacion& opciones = {});
+
+    /// Looks the whole file through and imports nothing; the result says `Completa` when a run could start.
+    [[nodiscard]] ResultadoImportacion Revisa();
 
     /// Errors of the file and the base end the run and come back in the result. `alEmpezar` runs once the file has
-    /// been found fit as a whole, before its first line: what a refused file must leave alone goes there.
+    /// been found fit as a whole, before its first line: what a refused file must leave alone goes there. In a trial
+    /// it runs within the transaction that is undone.
     [[nodiscard]] ResultadoImportacion Corre(ObservadorImportacion& observador,
                                              const std::function<void()>& alEmpezar = {});
 
   private:
-    void Transfiere(ObservadorImportacion& observador, const std::function<void()>& alEmpezar);
-    void ImportaLineas(QFile& archivo, Codificacion codificacion, ObservadorImportacion& observador);
-    void RecorreLineas(QFile& archivo, Codificacion codificacion, ObservadorImportacion& observador, Lotes& lotes);
-    void ImportaLinea(QByteArrayView bytes, Codificacion codificacion, Almacen& almacen);
-    void Rechaza(QByteArrayView bytes, Codigo codigo);
+    using AlEmpezar = std::function<void()>;
+
+    [[nodiscard]] bool EsApto(QFile& archivo);
+    void Transfiere(ObservadorImportacion& observador, const AlEmpezar& alEmpezar);
+    void ImportaLineas(QFile& archivo, ObservadorImportacion& observador, const AlEmpezar& alEmpezar);
+    void RecorreLineas(QFile& archivo, ObservadorImportacion& observador, Lotes& lotes);
+    void ImportaLinea(QByteArrayView bytes, Almacen& almacen);
+    void Rechaza(QByteArrayView bytes, const Refutacion& refutacion);
+    void AnotaEnPlanilla(QByteArrayView bytes, const Refutacion& refutacion);
     void CalcularTot();
     void Falla(const Error& error);
     void Cierra();
+    [[nodiscard]] Mensaje MensajeFinal() const;
 
     Proceso& m_proceso;
     const FormatoImportacion& m_formato;
     QString m_carpeta;
+    OpcionesImportacion m_opciones;
     ContextoImportacion m_contexto;
+    Revision m_revision;
     LogImportacion m_log;
     ResultadoImportacion m_resultado;
-    QStringList m_campos; ///< of the current line, as taken
+    qint64 m_numeroLinea = 0; ///< of the current line, from 1
+    QStringList m_campos;     ///< of the current line, as taken
     LineaComprobada m_linea;
 };
 

@@ -3,7 +3,6 @@
 #include "import/FieldRules.h"
 #include "values/Decimal.h"
 
-#include <algorithm>
 #include <array>
 
 namespace xa518 {
@@ -15,11 +14,6 @@ namespace {
 constexpr int kAnchoNumero = 8;
 constexpr int kAnchoNumeroOtros = 15;
 constexpr int kAnchoTipo = 2;
-
-template <size_t N>
-bool EsUnoDe(QStringView tipo, const std::array<Codigo, N>& tipos) {
-    return std::find(tipos.begin(), tipos.end(), tipo) != tipos.end();
-}
 
 /// Which types give a right to tax credit, and which can't be named where there is none.
 Codigo CompruebaCredito(QStringView tipo, bool creditoFiscal) {

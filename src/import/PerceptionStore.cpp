@@ -1,5 +1,6 @@
 #include "import/PerceptionStore.h"
 
+#include "import/Attempt.h"
 #include "values/Dates.h"
 #include "values/Format.h"
 
@@ -21,19 +22,6 @@ bool MismoComprobante(const QString& fecha, const QString& monto, const LineaCom
     const QString& suFecha = linea[Campo::FechaEmision];
     const QString& suMonto = linea[Campo::MontoCobrado];
     return (fecha == suFecha && monto == suMonto) || Huella(fecha, monto) == Huella(suFecha, suMonto);
-}
-
-/// A row that can't be added since its key stands there already is dropped, and the line goes on with the next one:
-/// wanted, so rows that the line has written, and those that it still writes, stay.
-template <typename Alta>
-void Intenta(Objeciones& objeciones, const Alta& alta) {
-    try {
-        alta();
-    } catch (const ErrorBase& error) {
-        if (!error.Es(NumeroError::ClaveDuplicada))
-            throw;
-        objeciones.append(kClaveDuplicada);
-    }
 }
 
 } // namespace

@@ -10,16 +10,25 @@ constexpr int kLineasPorLote = 10000; // under half a second, so that another wr
 
 } // namespace
 
+void Lotes::Empieza() {
+    if (m_prueba)
+        Abre();
+}
+
 void Lotes::Linea() {
-    if (m_lineas == kLineasPorLote)
+    if (m_lineas == kLineasPorLote && !m_prueba)
         Cierra();
-    if (!m_abierta)
-        m_abierta.emplace(m_base->Comienza());
+    Abre();
     ++m_lineas;
 }
 
+void Lotes::Abre() {
+    if (!m_abierta)
+        m_abierta.emplace(m_base->Comienza());
+}
+
 void Lotes::Cierra() {
-    if (m_abierta)
+    if (m_abierta && !m_prueba)
         m_abierta->Confirma();
     m_abierta.reset();
     m_lineas = 0;

@@ -57,4 +57,12 @@ Mensaje PreguntaPorReporte(const QString& rutaLog) {
             u"Confirmar"_s};
 }
 
+Mensaje MensajeDePrueba(const QString& archivo, qint64 rechazados) {
+    const QString resultado = rechazados < 1    ? u"ninguna línea sería rechazada."_s
+                              : rechazados == 1 ? u"una línea sería rechazada."_s
+                                                : u"%1 líneas serían rechazadas."_s.arg(rechazados);
+    return {rechazados < 1 ? Icono::Informacion : Icono::Exclamacion,
+            u"Prueba de "_s + archivo + u": "_s + resultado + u"\nNo se ha guardado nada."_s, kTituloMensaje};
+}
+
 } // namespace xa518

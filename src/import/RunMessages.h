@@ -18,4 +18,7 @@ namespace xa518 {
 /// The end of a run with refused lines: a question, whether to show the report of errors.
 [[nodiscard]] Mensaje PreguntaPorReporte(const QString& rutaLog);
 
+/// The end of a trial.
+[[nodiscard]] Mensaje MensajeDePrueba(const QString& archivo, qint64 rechazados);
+
 } // namespace xa518

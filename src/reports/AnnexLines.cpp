@@ -25,7 +25,6 @@ constexpr int kFinMontoPago = 147;
 constexpr int kFinBaseCliente = 40;
 constexpr int kFinPercepcionCliente = 63;
 
-constexpr int kAncho = LineasAnexo::kAncho;
 constexpr int kAnchoRayaCorta = 50;
 constexpr int kAnchoNombre = 60;
 constexpr int kAnchoTipoDoc = 11;

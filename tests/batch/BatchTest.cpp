@@ -117,6 +117,37 @@ TEST_F(Batch, RefusedLinesAreLoggedAndCounted) {
     EXPECT_EQ(Cuenta(u"CAB"_s), 0); // importing declares nothing
 }
 
+TEST_F(Batch, DeclaresBothFilesOfAMonth) {
+    const QString archivos = u" --percepciones "_s + Ejemplo() + u" --ventas "_s + Ejemplo();
+    ASSERT_EQ(Corre(u"declarar"_s + kClave + archivos + u" --efectivo --json"_s), 0) << m_errores.toStdString();
+    EXPECT_EQ(Json()[u"transferidos"_s].toInt(), 269);
+    EXPECT_EQ(Cuenta(u"F518PDETVC"_s), 24);
+    EXPECT_EQ(Cuenta(u"F518PDET"_s), 150);
+
+    // The second file is looked through before anything of the first is written.
+    ASSERT_TRUE(QFile::remove(Ejemplo() + u"/0518"_s + kRuc + u"202609VC.TXT"_s));
+    EscribeArchivo("");
+    EXPECT_EQ(Corre(u"importar"_s + kClave + archivos), 3);
+    EXPECT_EQ(Cuenta(u"TMPF518PDET"_s), 174);
+}
+
+TEST_F(Batch, TriesAFileAndListsItsFaults) {
+    const QString octubre =
+        u"importar --ruc 20990518018 --periodo 202610 --hoy 21/11/2026 --percepciones "_s + Ejemplo();
+    const QString hoja = m_carpeta.filePath(u"errores.csv"_s);
+    ASSERT_EQ(Corre(octubre + u" --json --probar --errores "_s + hoja), 1) << m_errores.toStdString();
+    const int rechazados = Json()[u"rechazados"_s].toInt();
+    EXPECT_EQ(Json()[u"archivos"_s].toArray(), QJsonArray{hoja});
+    EXPECT_EQ(Cuenta(u"TMPF518PDET"_s), 0);
+    QFile archivo(hoja);
+    ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
+    EXPECT_EQ(archivo.readAll().count('\n'), rechazados + 1);
+    EXPECT_FALSE(QFile::exists(Casa() + u"/RPT0518"_s + kRuc + u"202610.Log"_s));
+
+    EXPECT_EQ(Corre(octubre + u" --errores /no/hay/errores.csv"_s), 3);
+    EXPECT_EQ(Cuenta(u"TMPF518PDET"_s), 0);
+}
+
 TEST_F(Batch, RefusesWithoutWritingAnything) {
     ASSERT_EQ(Corre(u"declarar"_s + kClave + u" --efectivo --percepciones "_s + Ejemplo()), 0);
     struct Caso {

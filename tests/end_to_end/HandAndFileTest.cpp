@@ -2,8 +2,9 @@
 #include "declaration/Save.h"
 #include "detail/DetailFixture.h"
 #include "detail/FrmAgePer.h"
+#include "import/Formats.h"
+#include "import/ImportFile.h"
 #include "import/ImportRun.h"
-#include "import/PerceptionFormat.h"
 
 #include <QFile>
 #include <QPushButton>
@@ -21,7 +22,8 @@ class SinPausa final : public ObservadorImportacion {
 
 class HandAndFileTest : public prueba::DetailTest {
   protected:
-    /// A client with one voucher, and that with its payment vouchers, each given by what is typed.
+    /// A client with one voucher, and that with its payment vouchers, each given by what is typed. A cash sale has
+    /// none.
     void Entra(const QString& cliente, const QString& comprobante, const QStringList& pagos) {
         FrmAgePer forma(m_proceso, m_avisos, u"10/2026"_s);
         Muestra(forma);
@@ -29,26 +31,28 @@ class HandAndFileTest : public prueba::DetailTest {
             m_avisos.Espera(u"La información se grabó satisfactoriamente"_s);
         AlAbrir(u"FrmDetAgePer"_s, [&](QWidget& detalle) {
             Teclea(comprobante);
-            AlAbrir(u"frmPerDet"_s, [&](QWidget& dialogo) {
-                for (const QString& pago : pagos)
-                    Teclea(pago);
-                dialogo.close();
-            });
-            Teclea(u"\r"_s);
+            if (!pagos.isEmpty()) {
+                AlAbrir(u"frmPerDet"_s, [&](QWidget& dialogo) {
+                    for (const QString& pago : pagos)
+                        Teclea(pago);
+                    dialogo.close();
+                });
+                Teclea(u"\r"_s);
+            }
             De<QPushButton>(detalle, "CmdOpciones_0").click();
         });
         Teclea(cliente + u"\r\r"_s);
         De<QPushButton>(forma, "CmdAceptar").click();
         EXPECT_FALSE(forma.isVisible());
     }
-    void Importa(const QStringList& lineas) {
-        QFile archivo(m_base.Carpeta() + u"/051820990518018202610.TXT"_s);
+    void Importa(const QStringList& lineas, const FormatoImportacion& formato = FormatoPercepciones()) {
+        QFile archivo(m_base.Carpeta() + u'/' + NombreDeArchivo(m_proceso, formato));
         ASSERT_TRUE(archivo.open(QIODevice::WriteOnly));
         archivo.write(lineas.join(u'\n').toUtf8() + '\n');
         archivo.close();
         SinPausa observador;
         m_proceso.rutaRPT = m_base.Carpeta() + u"/RPT"_s;
-        const auto resultado = Transferencia(m_proceso, FormatoPercepciones(), m_base.Carpeta()).Corre(observador);
+        const auto resultado = Transferencia(m_proceso, formato, m_base.Carpeta()).Corre(observador);
         EXPECT_EQ(resultado.transferidos, lineas.size());
         EXPECT_EQ(resultado.rechazados, 0);
     }
@@ -83,6 +87,19 @@ TEST_F(HandAndFileTest, TheSameContentIsStoredAlike) {
     EXPECT_EQ(m_base.Filas(u"SELECT * FROM TMPF518PDET UNION ALL SELECT *, '', '', '' FROM TMPF518PDETCP"_s), trabajo);
     EXPECT_EQ(Graba(), aMano);
     EXPECT_EQ(trabajo.size(), 5);
+}
+
+TEST_F(HandAndFileTest, TheSameCashSalesAreStoredAlike) {
+    Entra(u"06\r"_s + kEmpresa + u"\racme"_s, u"s\r01F001\r7\r15102026\r1000.55\rs\rn\r"_s, {});
+    Entra(u"01\r45678901\rquispe\rrojas\rmaria"_s, u"s\r03B001\r8\r16102026\r100.25\rn\rs\r"_s, {});
+    const QStringList trabajo = m_base.Filas(u"SELECT * FROM TMPF518PDET"_s);
+    const QString aMano = Graba();
+    Importa({u"06|20500000008|Acme||||F001|7|15/10/2026|1|0|1|1000.55|01|"_s,
+             u"01|45678901||Quispe|Rojas|Maria|B001|8|16/10/2026|0|1|0|100.25|03|"_s},
+            FormatoVentas());
+    EXPECT_EQ(m_base.Filas(u"SELECT * FROM TMPF518PDET"_s), trabajo);
+    EXPECT_EQ(Graba(), aMano);
+    EXPECT_EQ(trabajo.size(), 2);
 }
 
 } // namespace

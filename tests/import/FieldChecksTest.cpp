@@ -1,8 +1,8 @@
 #include "import/FieldChecks.h"
 
+#include "import/Formats.h"
 #include "import/ImportFixture.h"
 #include "import/LineFields.h"
-#include "import/PerceptionFormat.h"
 
 #include "Printers.h"
 #include <gtest/gtest.h>
@@ -14,12 +14,16 @@ using prueba::Empresa;
 
 namespace {
 
-QString CodigoDe(const QString& linea, const QString& periodo = u"202610"_s) {
-    const auto comprobaciones = FormatoPercepciones().comprobaciones;
+QString CodigoDe(const QString& linea, const QString& periodo = u"202610"_s,
+                 const FormatoImportacion& formato = FormatoPercepciones()) {
+    static const prueba::Escenario escenario;
     QStringList campos;
-    SeparaCampos(linea, static_cast<int>(comprobaciones.size()), campos);
+    SeparaCampos(linea, formato.Campos(), campos);
     LineaComprobada comprobada;
-    return CompruebaLinea(comprobaciones, campos, {u"20990518018"_s, periodo, QDate(2026, 11, 21)}, comprobada);
+    ContextoImportacion contexto{u"20990518018"_s, periodo, QDate(2026, 11, 21), {}};
+    if (formato.tipos)
+        contexto.ventas = formato.tipos(*escenario.base);
+    return CompruebaLinea(formato.comprobaciones, campos, contexto, comprobada).codigo;
 }
 
 struct Caso {
@@ -199,6 +203,43 @@ TEST(FieldChecks, PaymentVoucher) {
         {"fifteen characters of a credit note", NotaDeCredito(u"12345678901.345"_s), u"0877"_s},
         {"the largest credit note", NotaDeCredito(u"99999999999.99"_s), {}},
     });
+}
+
+/// What the catalogue decides, and a series behind the type. The rest is the same function in both formats.
+TEST(FieldChecks, CashSale) {
+    using enum Campo;
+    const QList<Caso> casos = {
+        {"a good person", {}, {}},
+        {"a good company", Empresa(), {}},
+        {"type of three characters", {{TipoDoc, u"001"_s}}, u"0888"_s},
+        {"type that the catalogue doesn't offer here", {{TipoDoc, u"3"_s}}, u"0009"_s},
+        {"empty type", {{TipoDoc, {}}}, u"0009"_s},
+        {"piece across a dash", {{TipoDoc, u"1-"_s}}, u"0009"_s},
+        {"RUC of the declarant", Empresa({{NumDoc, u"20990518018"_s}}), u"0221"_s},
+        {"RUC with a wrong check digit", Empresa({{NumDoc, u"20500000007"_s}}), u"0001"_s},
+        {"DNI of seven", {{NumDoc, u"4567890"_s}}, u"0010"_s},
+        {"DNI of nine", {{NumDoc, u"456789012"_s}}, u"0010"_s},
+        {"DNI of zeros", {{NumDoc, u"00000000"_s}}, u"0010"_s},
+        {"passport with letters", {{TipoDoc, u"7"_s}, {NumDoc, u"AB12"_s}}, {}},
+        {"passport of thirteen", {{TipoDoc, u"7"_s}, {NumDoc, u"AB12345678901"_s}}, u"0010"_s},
+        {"passport with a sign", {{TipoDoc, u"7"_s}, {NumDoc, u"AB-12"_s}}, u"0010"_s},
+        {"no number", {{TipoDoc, u"7"_s}, {NumDoc, {}}}, u"0010"_s},
+        {"letters of a type of digits", {{TipoDoc, u"4"_s}, {NumDoc, u"12A"_s}}, u"0010"_s},
+        {"a field of both formats", {{MontoCobrado, u"1.2.3"_s}}, u"0886"_s},
+        {"no type of voucher", {{TipoCp, {}}}, u"0883"_s},
+        {"type of one digit", {{TipoCp, u"1"_s}}, {}},
+        {"type that the catalogue lacks", {{TipoCp, u"99"_s}}, u"0883"_s},
+        {"type that it doesn't offer here", {{TipoCp, u"02"_s}}, u"0883"_s},
+        {"credit note, though offered", {{TipoCp, u"07"_s}}, u"0883"_s},
+        {"type 03 with credit", {{TipoCp, u"03"_s}}, u"0883"_s},
+        {"type 01 without credit", SinCredito({{TipoCp, u"01"_s}}), u"0883"_s},
+        {"type 03 without credit", SinCredito({}), {}},
+        {"letter in front of a type that may have it", {{SeriePercepcion, u"B001"_s}}, {}},
+        {"letter in front of one that may not", {{SeriePercepcion, u"B001"_s}, {TipoCp, u"12"_s}}, u"0857"_s},
+        {"no letter", {{TipoCp, u"12"_s}}, {}},
+    };
+    for (const Caso& caso : casos)
+        EXPECT_EQ(CodigoDe(prueba::VentaDe(caso.cambios), caso.periodo, FormatoVentas()), caso.codigo) << caso.nombre;
 }
 
 TEST(FieldChecks, AShortLineIsRefusedWhenWhatItHasPasses) {

@@ -1,7 +1,7 @@
 #include "import/ImportFixture.h"
 
 #include "data/Transaction.h"
-#include "import/PerceptionFormat.h"
+#include "import/ImportFile.h"
 
 #include <QFile>
 
@@ -12,6 +12,11 @@ namespace xa518::prueba {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// All but "0010", which shows what becomes of a code that table `ERROR` lacks.
+const QStringList kConTexto = u"0001 0003 0009 0201 0221 0228 0239 0853 0854 0855 0857 0858 0859 0868 0869 0870 0871 "
+                              "0872 0873 0875 0877 0878 0883 0884 0885 0886 0887 0888 0889 0890 0891 0892 0984 0985 "
+                              "0986 0987 0988 0989 0990 0991 0992 0993 0996"_s.split(u' ');
 
 class Observador final : public ObservadorImportacion {
   public:
@@ -38,6 +43,10 @@ QString LineaDe(const Cambios& cambios) {
     return CamposDe(cambios).join(u'|') + u'|';
 }
 
+QString VentaDe(const Cambios& cambios) {
+    return CamposDe(cambios).first(FormatoVentas().Campos()).join(u'|') + u'|';
+}
+
 Cambios Empresa(const Cambios& cambios) {
     Cambios todos{{Campo::TipoDoc, u"06"_s},    {Campo::NumDoc, u"20500000008"_s}, {Campo::RazonSocial, u"Acme S.A."_s},
                   {Campo::ApellidoPaterno, {}}, {Campo::ApellidoMaterno, {}},      {Campo::Nombres, {}}};
@@ -45,7 +54,27 @@ Cambios Empresa(const Cambios& cambios) {
     return todos;
 }
 
-Escenario::Escenario(const QString& periodo) {
+namespace {
+
+/// Of the client's document and of the voucher; one of each isn't offered here.
+void LlenaTipos(const BaseTemporal& base) {
+    const auto documento = [&](const QString& tipo, const QString& ofrecido, const QString& largo,
+                               const QString& dato) {
+        base.Param(u"044"_s, tipo, Funcion({{46, largo}, {82, ofrecido}, {128, dato}, {130, u"0"_s}}));
+    };
+    documento(u"1"_s, u"1"_s, u"08"_s, u"0"_s);
+    documento(u"3"_s, u"0"_s, u"12"_s, u"0"_s);
+    documento(u"4"_s, u"1"_s, u"12"_s, u"0"_s);
+    documento(u"6"_s, u"1"_s, u"11"_s, u"0"_s);
+    documento(u"7"_s, u"1"_s, u"12"_s, u"5"_s);
+    for (const QString& tipo : {u"01"_s, u"03"_s, u"07"_s, u"08"_s, u"12"_s})
+        base.Param(u"233"_s, tipo, Funcion({{64, u"1"_s}}));
+    base.Param(u"233"_s, u"02"_s, Funcion({{64, u"0"_s}}));
+}
+
+} // namespace
+
+Escenario::Escenario(const QString& periodo, const FormatoImportacion& formato) : m_formato(formato) {
     proceso.baseDatos = Base::Abre(base.Ruta());
     proceso.docDeclarante = u"20990518018"_s;
     proceso.periodoDeclarado = periodo;
@@ -55,13 +84,14 @@ Escenario::Escenario(const QString& periodo) {
     for (const QString& clase : {u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s, u"6"_s})
         base.Param(u"953"_s, clase + u"010909200501"_s,
                    Funcion({{2, u"0.9"_s}, {21, u"0.0"_s + clase}, {31, clase + u".00"_s}}));
-    for (const QString& codigo : {u"0009"_s, u"0228"_s, u"0858"_s, u"0872"_s, u"0889"_s})
+    for (const QString& codigo : kConTexto)
         base->Ejecuta(u"INSERT INTO ERROR VALUES (?,?)"_s, {codigo, u"De la tabla %1"_s.arg(codigo)});
+    LlenaTipos(base);
     transaccion.Confirma();
 }
 
 QString Escenario::RutaArchivo() const {
-    return base.Carpeta() + u"/0518"_s + proceso.docDeclarante + proceso.periodoDeclarado + u".TXT"_s;
+    return base.Carpeta() + u'/' + NombreDeArchivo(proceso, m_formato);
 }
 
 void Escenario::Escribe(const QByteArray& bytes) const {
@@ -81,7 +111,14 @@ ResultadoImportacion Escenario::Importa(const QByteArray& bytes) {
 
 ResultadoImportacion Escenario::Corre(const std::function<bool(int)>& antesDeLinea) {
     Observador observador(antesDeLinea);
-    return Transferencia(proceso, FormatoPercepciones(), base.Carpeta()).Corre(observador);
+    return Transferencia(proceso, m_formato, base.Carpeta(), opciones).Corre(observador);
+}
+
+ResultadoImportacion Escenario::Prueba() {
+    opciones.prueba = true;
+    const ResultadoImportacion resultado = Corre();
+    opciones.prueba = false;
+    return resultado;
 }
 
 QStringList Escenario::Filas(const QString& sql) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/Process.h"
+#include "import/Formats.h"
 #include "import/ImportRun.h"
 #include "platform/Clock.h"
 #include "support/TemporaryBase.h"
@@ -17,13 +18,16 @@ using Cambios = QMap<Campo, QString>;
 [[nodiscard]] QStringList CamposDe(const Cambios& cambios = {});
 /// The same as a line of the file, without its end.
 [[nodiscard]] QString LineaDe(const Cambios& cambios = {});
+/// The same fields as a line of a file of cash sales.
+[[nodiscard]] QString VentaDe(const Cambios& cambios = {});
 /// The changes that make it a company's, and more of them.
 [[nodiscard]] Cambios Empresa(const Cambios& cambios = {});
 
 /// An open declaration with its base, folder and rates, in which files are imported.
 class Escenario {
   public:
-    explicit Escenario(const QString& periodo = QStringLiteral("202610"));
+    explicit Escenario(const QString& periodo = QStringLiteral("202610"),
+                       const FormatoImportacion& formato = FormatoPercepciones());
 
     /// Writes the import file of the declaration.
     void Escribe(const QByteArray& bytes) const;
@@ -32,6 +36,8 @@ class Escenario {
     ResultadoImportacion Importa(const QByteArray& bytes);
     /// Imports what is there; `antesDeLinea` gets the number of lines done and tells whether to go on.
     ResultadoImportacion Corre(const std::function<bool(int)>& antesDeLinea = [](int) { return true; });
+    /// The same with every check and nothing kept.
+    ResultadoImportacion Prueba();
 
     [[nodiscard]] QString RutaArchivo() const;
     [[nodiscard]] QStringList Filas(const QString& sql) const;
@@ -41,6 +47,10 @@ class Escenario {
     BaseTemporal base;
     RelojFijo reloj{QDateTime(QDate(2026, 11, 21), QTime(10, 0))};
     Proceso proceso{reloj};
+    OpcionesImportacion opciones;
+
+  private:
+    const FormatoImportacion& m_formato;
 };
 
 [[nodiscard]] QByteArray LeeBytes(const QString& ruta);

@@ -1,6 +1,6 @@
+#include "import/Formats.h"
 #include "import/ImportFixture.h"
 #include "import/LineReader.h"
-#include "import/PerceptionFormat.h"
 
 #include "data/Transaction.h"
 
@@ -143,15 +143,18 @@ TEST(ImportRun, ABaseThatAnotherProgramHoldsStopsTheRun) {
         (Mensaje{Icono::Critico, u"El archivo se encuentra abierto!!\nIntente nuevamente por favor."_s, u"Error"_s}));
 }
 
-TEST(ImportRun, ACancelKeepsWhatIsWrittenAndTotalsIt) {
-    Escenario escenario;
-    escenario.Escribe(Muchas(10).join(u'\n').toUtf8());
-    const ResultadoImportacion resultado = escenario.Corre([](int hechas) { return hechas < 7; });
-    EXPECT_EQ(resultado.fin, FinImportacion::Cancelada);
-    EXPECT_EQ(resultado.mensaje, std::nullopt);
-    EXPECT_EQ(resultado.transferidos, 7);
-    EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 7, 7));
-    EXPECT_THAT(escenario.Filas(u"SELECT mto_base_p, mto_imp_p FROM TMPF518PCAB"_s), ElementsAre(u"703.5|7.07"_s));
+TEST(ImportRun, ACancelAtAnyLineKeepsWhatIsWrittenAndTotalsIt) {
+    for (int hasta = 0; hasta < 10; ++hasta) {
+        Escenario escenario;
+        escenario.Escribe(Muchas(10).join(u'\n').toUtf8());
+        const ResultadoImportacion resultado = escenario.Corre([&](int hechas) { return hechas < hasta; });
+        EXPECT_EQ(resultado.fin, FinImportacion::Cancelada);
+        EXPECT_EQ(resultado.mensaje, std::nullopt);
+        EXPECT_EQ(resultado.transferidos, hasta);
+        EXPECT_THAT(escenario.Cuenta(), ElementsAre(hasta > 0, hasta, hasta));
+        EXPECT_EQ(escenario.Filas(u"SELECT mto_base_p * 10 FROM TMPF518PCAB"_s).join(QString()),
+                  hasta > 0 ? QString::number(1005 * hasta) : QString());
+    }
 }
 
 TEST(ImportRun, AnErrorKeepsWhatIsWrittenAndTotalsIt) {
@@ -194,6 +197,55 @@ TEST(ImportRun, ManyLinesInSeveralBatches) {
     EXPECT_EQ(escenario.Corre([&](int hechas) { return (ultimo = hechas) >= 0; }).transferidos, 6000);
     EXPECT_EQ(ultimo, 5999);
     EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 6000, 6000));
+}
+
+TEST(ImportRun, ATrialChecksEverythingAndKeepsNothing) {
+    using enum Campo;
+    Escenario escenario;
+    (void)escenario.Importa({LineaDe({{TipoDoc, u"9"_s}}), LineaDe()});
+    const QStringList antes = escenario.Filas(u"SELECT * FROM TMPF518PCAB"_s);
+    escenario.Escribe((LineaDe({{TipoDoc, u"8"_s}}) + u'\n' + LineaDe() + u'\n' + LineaDe({{NumeroCp, u"9"_s}}) +
+                       u'\n' + LineaDe({{NumDoc, u"45678902"_s}, {MontoCobrado, u"7"_s}}))
+                          .toUtf8());
+    const ResultadoImportacion resultado = escenario.Prueba();
+    EXPECT_EQ(resultado.transferidos, 2); // a duplicate among what is there already is found as well
+    EXPECT_EQ(resultado.rechazados, 2);
+    EXPECT_EQ(Texto(resultado),
+              u"Prueba de 051820990518018202610.TXT: 2 líneas serían rechazadas.\nNo se ha guardado nada."_s);
+    EXPECT_EQ(escenario.Filas(u"SELECT * FROM TMPF518PCAB"_s), antes);
+    EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 1));
+    EXPECT_TRUE(prueba::LeeBytes(escenario.base.Carpeta() + u"/RPT051820990518018202610.Log"_s).startsWith("9|"));
+}
+
+TEST(ImportRun, AFileThatChangesWhileItIsReadIsTold) {
+    for (const qint64 tamanio : {qint64(0), qint64(400'000), qint64(900'000)}) {
+        Escenario escenario;
+        escenario.Escribe(Muchas(6000).join(u'\n').toUtf8());
+        const ResultadoImportacion resultado = escenario.Corre(
+            [&](int hechas) { return hechas != 10 || QFile::resize(escenario.RutaArchivo(), tamanio); });
+        EXPECT_EQ(resultado.fin, FinImportacion::Fallida) << tamanio;
+        EXPECT_TRUE(Texto(resultado).startsWith(u"El archivo ha cambiado mientras se importaba."_s)) << tamanio;
+        EXPECT_GE(escenario.Cuenta().at(1), 10);
+        EXPECT_THAT(escenario.Filas(u"SELECT mto_base_p > 1000 FROM TMPF518PCAB"_s), ElementsAre(u"1"_s));
+    }
+}
+
+/// The file is open: it goes on being read. Only the logs have no place any more.
+TEST(ImportRun, AFolderThatVanishesLeavesTheRunItsFile) {
+    Escenario escenario;
+    const QString carpeta = escenario.base.Carpeta() + u"/otra"_s;
+    ASSERT_TRUE(QDir().mkdir(carpeta));
+    escenario.proceso.rutaRPT = carpeta + u"/RPT"_s;
+    escenario.Escribe((Muchas(3) + QStringList{LineaDe({{Campo::TipoDoc, u"9"_s}})}).join(u'\n').toUtf8());
+    const ResultadoImportacion resultado = escenario.Corre([&](int) {
+        QDir(carpeta).removeRecursively();
+        QFile::remove(escenario.RutaArchivo());
+        return true;
+    });
+    EXPECT_EQ(resultado.fin, FinImportacion::Completa);
+    EXPECT_EQ(resultado.transferidos, 3);
+    EXPECT_EQ(resultado.rechazados, 1);
+    EXPECT_TRUE(resultado.fallaDelLog.contains(carpeta)) << resultado.fallaDelLog.toStdString();
 }
 
 } // namespace

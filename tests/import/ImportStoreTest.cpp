@@ -153,4 +153,25 @@ TEST(ImportStore, ThePerceptionIsRoundedTwice) {
     EXPECT_THAT(escenario.Filas(u"SELECT mto_imp_p FROM TMPF518PDET"_s), ElementsAre(u"0.01"_s));
 }
 
+/// A cash sale is known by its type too, and what is known isn't looked at again.
+TEST(ImportStore, CashSales) {
+    using enum Campo;
+    using prueba::VentaDe;
+    Escenario escenario(u"202610"_s, FormatoVentas());
+    const ResultadoImportacion resultado = escenario.Importa(
+        {VentaDe(), VentaDe({{TipoCp, u"8"_s}}), VentaDe({{MontoCobrado, u"7"_s}, {NumDoc, u"45678902"_s}}),
+         VentaDe({{MontoCobrado, u"7"_s}}),
+         VentaDe(Empresa({{CreditoFiscal, u"0"_s}, {TipoCp, u"3"_s}, {SeriePercepcion, u"b001"_s}}))});
+    EXPECT_EQ(resultado.transferidos, 5);
+    EXPECT_EQ(resultado.rechazados, 1);
+    EXPECT_THAT(escenario.Cuenta(), ElementsAre(3, 4, 0));
+    EXPECT_THAT(escenario.Filas(u"SELECT * FROM TMPF518PDET ORDER BY rowid"_s),
+                ElementsAre(u"1|45678901|0001|00000123|01|1|1|0|15/10/2026|100.5|1.01|1.00"_s,
+                            u"1|45678901|0001|00000123|08|1|1|0|15/10/2026|100.5|1.01|1.00"_s,
+                            u"1|45678902|0001|00000123|01|1|1|0|15/10/2026|7|0.07|1.00"_s,
+                            u"6|20500000008|B001|00000123|03|0|1|0|15/10/2026|100.5|2.01|2.00"_s));
+    EXPECT_THAT(escenario.Filas(u"SELECT mto_base_p, mto_imp_p FROM TMPF518PCAB ORDER BY rowid"_s),
+                ElementsAre(u"201|2.02"_s, u"7|0.07"_s, u"100.5|2.01"_s));
+}
+
 } // namespace

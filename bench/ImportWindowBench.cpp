@@ -1,0 +1,109 @@
+#include "ImportWorkshop.h"
+#include "Measure.h"
+
+#include "import/Formats.h"
+#include "import/frmTransferencia.h"
+#include "platform/Notices.h"
+
+#include <QApplication>
+#include <QPushButton>
+
+#include <cstdio>
+#include <memory>
+
+using namespace xa518;
+using namespace xa518::medida;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class SinNadie final : public ObservadorImportacion {
+    bool Sigue(const AvanceImportacion& /*avance*/) override { return true; }
+};
+
+/// Takes what is told and answers no.
+class Callado final : public Avisos {
+    void HazMuestra(const Mensaje& mensaje) override { Exige(mensaje.icono != Icono::Critico, "the import failed"); }
+    Respuesta HazPregunta(const Mensaje& /*mensaje*/, Respuesta /*preseleccionada*/) override { return Respuesta::No; }
+};
+
+struct Trabajo {
+    int lineas = 0;
+    bool estropeado = false;
+};
+
+std::shared_ptr<Taller> HazTaller(const Trabajo& trabajo) {
+    const auto taller = std::make_shared<Taller>(Tamanio{trabajo.lineas, trabajo.lineas / 5, trabajo.lineas / 2});
+    if (trabajo.estropeado)
+        taller->EstropeaArchivo();
+    return taller;
+}
+
+void ExigeFilas(Proceso& proceso, const Trabajo& trabajo) {
+    Registros filas = proceso.baseDatos->Lee(u"SELECT count(*) FROM TMPF518PDETCP"_s);
+    Exige(filas.Siguiente() && filas.Entero(0) == (trabajo.estropeado ? 0 : trabajo.lineas), "rows are missing");
+}
+
+Medida MideLote(const Trabajo& trabajo) {
+    return Mide([&trabajo] {
+        const auto taller = HazTaller(trabajo);
+        return [taller, &trabajo] {
+            const auto proceso = taller->Abre();
+            SinNadie nadie;
+            (void)Transferencia(*proceso, FormatoPercepciones(), taller->Carpeta()).Corre(nadie);
+            ExigeFilas(*proceso, trabajo);
+        };
+    });
+}
+
+/// The dialog shown and its button pressed, with the window system's own start outside of the measure.
+Medida MideVentana(const Trabajo& trabajo) {
+    return Mide([&trabajo] {
+        static int argc = 1;
+        static char nombre[] = "import_window_bench";
+        static char* argv[] = {nombre, nullptr};
+        const auto aplicacion = std::make_shared<QApplication>(argc, argv);
+        const auto taller = HazTaller(trabajo);
+        const ArchivoPerfil perfil(taller->Carpeta() + u"/XA000.INI"_s);
+        perfil.Escribe(u"Importar", u"Carpeta", taller->Carpeta());
+        return [aplicacion, taller, perfil, &trabajo] {
+            const auto proceso = taller->Abre();
+            Callado avisos;
+            frmTransferencia forma(*proceso, avisos, {perfil, {}, {}, {}});
+            forma.show();
+            QApplication::processEvents();
+            forma.findChild<QPushButton*>(u"cmdTransferir"_s)->click();
+            ExigeFilas(*proceso, trabajo);
+        };
+    });
+}
+
+void Informa(const char* nombre, const Trabajo& trabajo) {
+    const Medida lote = MideLote(trabajo);
+    const Medida ventana = MideVentana(trabajo);
+    std::printf("%-16s %9d %9.2f %9.2f %8.2fx %9.2f %9.2f %8.2fx %9.1f %9.1f\n", nombre, trabajo.lineas, lote.segundos,
+                ventana.segundos, ventana.segundos / lote.segundos, lote.procesador, ventana.procesador,
+                ventana.procesador / lote.procesador, static_cast<double>(lote.memoriaKb) / 1024,
+                static_cast<double>(ventana.memoriaKb) / 1024);
+    std::fflush(stdout);
+}
+
+} // namespace
+
+/// Without QT_QPA_PLATFORM the window is painted, but on no screen.
+int main() {
+    try {
+        if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        std::printf("                     lines   batch s  window s    ratio batch cpu win. cpu    ratio  batch MB "
+                    "window MB\n");
+        Informa("all pass", {20'000, false});
+        Informa("all pass", {100'000, false});
+        Informa("all refused", {20'000, true});
+        Informa("all refused", {100'000, true});
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return 1;
+    }
+    return 0;
+}

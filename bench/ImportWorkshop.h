@@ -1,0 +1,35 @@
+#pragma once
+
+#include "ImportSample.h"
+
+#include "data/Process.h"
+#include "platform/Clock.h"
+#include "support/TemporaryBase.h"
+
+#include <memory>
+
+namespace xa518::medida {
+
+/// What an import needs around it: a base with the shipped tables, rates, and a folder with the file.
+class Taller {
+  public:
+    explicit Taller(const Tamanio& tamanio);
+
+    /// The open declaration, with a base of its own. The workshop must outlive it.
+    [[nodiscard]] std::unique_ptr<Proceso> Abre() const;
+    [[nodiscard]] QString Carpeta() const { return m_base.Carpeta(); }
+
+    /// Moves every line of the file out of the declared month, so that none passes.
+    void EstropeaArchivo() const;
+
+  private:
+    [[nodiscard]] QString RutaArchivo() const;
+
+    prueba::BaseTemporal m_base;
+    RelojFijo m_reloj;
+};
+
+/// Raises `std::runtime_error` with the reason.
+void Exige(bool condicion, const char* motivo);
+
+} // namespace xa518::medida

@@ -1,0 +1,5 @@
+#include "Checkers.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t largo) {
+    return xa518::fuzz::Comprueba(xa518::FormatoPercepciones(), bytes, largo);
+}

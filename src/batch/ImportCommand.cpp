@@ -1,0 +1,127 @@
+#include "batch/ImportCommand.h"
+
+#include "batch/Arguments.h"
+#include "batch/ExitCode.h"
+#include "batch/Report.h"
+#include "batch/Session.h"
+#include "data/WorkTables.h"
+#include "import/ErrorSheet.h"
+#include "import/Formats.h"
+#include "import/ImportRun.h"
+
+#include <QSaveFile>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Archivo {
+    const FormatoImportacion* formato;
+    QString carpeta;
+};
+
+QList<Archivo> ArchivosDe(const Argumentos& argumentos) {
+    QList<Archivo> archivos;
+    if (argumentos.percepciones)
+        archivos.append({&FormatoPercepciones(), *argumentos.percepciones});
+    if (argumentos.ventas)
+        archivos.append({&FormatoVentas(), *argumentos.ventas});
+    return archivos;
+}
+
+void Exige(const ResultadoImportacion& resultado) {
+    if (resultado.fin == FinImportacion::Rechazada)
+        throw Rechazo{*resultado.mensaje};
+    if (resultado.fin == FinImportacion::Fallida)
+        throw Error(resultado.numeroError, resultado.mensaje->texto);
+}
+
+void AnotaArchivo(Informe& informe, const QString& ruta) {
+    if (ruta.isEmpty() || informe.archivos.contains(ruta))
+        return;
+    informe.archivos.append(ruta);
+}
+
+void AnotaImportacion(Informe& informe, const ResultadoImportacion& resultado) {
+    const bool reemplazado = !resultado.rutaLog.isEmpty() && informe.archivos.contains(resultado.rutaLog);
+    informe.transferidos = informe.transferidos.value_or(0) + static_cast<int>(resultado.transferidos);
+    informe.rechazados = informe.rechazados.value_or(0) + static_cast<int>(resultado.rechazados);
+    AnotaArchivo(informe, resultado.rutaLog);
+    AnotaArchivo(informe, resultado.rutaErr);
+    if (resultado.rechazados > 0)
+        informe.codigo = kSalidaObservaciones;
+    // Both kinds of file share one pair of logs, and each run begins them anew.
+    if (reemplazado)
+        informe.mensajes.append(
+            {Icono::Exclamacion,
+             u"El .Log y el .Err tienen solo las líneas rechazadas de %1; impórtelos uno por uno, o "
+             "con --errores, para tener las de ambos."_s.arg(resultado.archivo),
+             {}});
+    if (!resultado.fallaDelLog.isEmpty())
+        informe.mensajes.append({Icono::Exclamacion, resultado.fallaDelLog, {}});
+}
+
+/// The file of refused lines appears whole or not at all.
+class ArchivoErrores {
+  public:
+    explicit ArchivoErrores(const std::optional<QString>& ruta) {
+        if (!ruta)
+            return;
+        m_archivo.setFileName(*ruta);
+        if (!m_archivo.open(QIODevice::WriteOnly))
+            throw Falla();
+        m_planilla.emplace(m_archivo);
+    }
+
+    [[nodiscard]] PlanillaErrores* Planilla() { return m_planilla ? &*m_planilla : nullptr; }
+
+    void Cierra(Informe& informe) {
+        if (!m_planilla)
+            return;
+        if (!m_planilla->Falla().isEmpty() || !m_archivo.commit())
+            throw Falla();
+        AnotaArchivo(informe, m_archivo.fileName());
+    }
+
+  private:
+    [[nodiscard]] Error Falla() const {
+        return {NumeroError::AccesoAlDisco, u"%1: %2"_s.arg(m_archivo.fileName(), m_archivo.errorString())};
+    }
+
+    QSaveFile m_archivo;
+    std::optional<PlanillaErrores> m_planilla;
+};
+
+} // namespace
+
+void CargaTrabajo(Proceso& proceso, const Argumentos& argumentos, const ClaveDeclaracion& clave,
+                  ObservadorImportacion& avance, Informe& informe) {
+    TablasTrabajo trabajo(*proceso.baseDatos);
+    const QList<Archivo> archivos = ArchivosDe(argumentos);
+    if (archivos.isEmpty())
+        return trabajo.Reconstruye(clave);
+    ArchivoErrores errores(argumentos.errores);
+    const OpcionesImportacion opciones{argumentos.probar, errores.Planilla()};
+    for (qsizetype i = 1; i < archivos.size(); ++i) // the first one is looked through by its own run
+        Exige(Transferencia(proceso, *archivos[i].formato, archivos[i].carpeta).Revisa());
+    bool empezado = false;
+    const auto alEmpezar = [&] {
+        if (argumentos.probar)
+            trabajo.Llena(clave);
+        else if (!std::exchange(empezado, true))
+            trabajo.Reconstruye(clave);
+    };
+    for (const Archivo& archivo : archivos) {
+        const ResultadoImportacion resultado =
+            Transferencia(proceso, *archivo.formato, archivo.carpeta, opciones).Corre(avance, alEmpezar);
+        Exige(resultado);
+        AnotaImportacion(informe, resultado);
+        if (argumentos.probar)
+            informe.mensajes.append(*resultado.mensaje);
+    }
+    errores.Cierra(informe);
+}
+
+} // namespace xa518

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "import/CheckedLine.h"
+
+#include <QByteArray>
+#include <QIODevice>
+#include <QString>
+
+namespace xa518 {
+
+/// A refused line as a person with a spreadsheet looks for it.
+struct FilaPlanilla {
+    qint64 linea = 0; ///< its number in the file, from 1
+    QString campo;    ///< what the field at fault is called; empty when the line as a whole is refused
+    QString valor;    ///< of that field, as it stands in the file
+    Codigo codigo;
+    QString motivo;
+    QString archivo;
+};
+
+/// The refused lines of one or more runs as comma-separated values, written as they come. UTF-8 with its mark, CRLF and
+/// quotes, so that a spreadsheet opens it as it is. A value that a spreadsheet would take for a formula gets an
+/// apostrophe in front.
+class PlanillaErrores {
+  public:
+    /// Writes the head of the columns. The device must outlive the object.
+    explicit PlanillaErrores(QIODevice& destino);
+
+    void Anota(const FilaPlanilla& fila);
+
+    /// Why rows may be missing; empty when all were written.
+    [[nodiscard]] const QString& Falla() const { return m_falla; }
+
+  private:
+    void Escribe(const QByteArray& bytes);
+
+    QIODevice& m_destino;
+    QString m_falla;
+};
+
+} // namespace xa518

@@ -1,0 +1,52 @@
+#include "import/MountedVolumes.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QStorageInfo>
+
+#include <algorithm>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What the system mounts for itself is no place to look for a file.
+bool EsDeDatos(const QStorageInfo& volumen) {
+    const QString raiz = volumen.rootPath();
+    if (raiz == QDir::rootPath())
+        return true;
+#ifndef Q_OS_WIN
+    static const QStringList delSistema{u"/boot"_s, u"/etc"_s, u"/snap"_s, u"/usr"_s, u"/var"_s};
+    if (std::any_of(delSistema.begin(), delSistema.end(), [&](const QString& otra) { return raiz.startsWith(otra); }) ||
+        !volumen.device().startsWith("/"))
+        return false;
+#endif
+    return QFileInfo(raiz).isDir();
+}
+
+} // namespace
+
+QStringList VolumenesMontados() {
+    QStringList raices;
+    for (const QStorageInfo& volumen : QStorageInfo::mountedVolumes()) {
+        if (EsDeDatos(volumen) && !raices.contains(volumen.rootPath()))
+            raices.append(volumen.rootPath());
+    }
+    if (raices.isEmpty())
+        raices.append(RaizDelPrograma());
+    std::sort(raices.begin(), raices.end());
+    return raices;
+}
+
+QString RaizDelPrograma() {
+#ifdef Q_OS_WIN
+    return QCoreApplication::applicationDirPath().left(3);
+#else
+    return QDir::rootPath();
+#endif
+}
+
+} // namespace xa518

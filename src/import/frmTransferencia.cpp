@@ -1,0 +1,196 @@
+#include "import/frmTransferencia.h"
+
+#include "ui_frmTransferencia.h"
+
+#include "data/Process.h"
+#include "import/Formats.h"
+#include "import/RunMessages.h"
+#include "platform/Application.h"
+#include "platform/HourGlass.h"
+#include "platform/Notices.h"
+
+#include <QDir>
+#include <QLabel>
+#include <QSaveFile>
+#include <QScopeGuard>
+#include <QTemporaryFile>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kRitmoMs = 100; ///< how often the counters move: faster than that nobody reads them
+constexpr int kLleno = 1000;
+
+bool Copia(QIODevice& origen, QIODevice& destino) {
+    constexpr qint64 kTrozo = 64 * 1024;
+    while (!origen.atEnd()) {
+        const QByteArray bytes = origen.read(kTrozo);
+        if (bytes.isEmpty() || destino.write(bytes) != bytes.size())
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+frmTransferencia::frmTransferencia(Proceso& proceso, Avisos& avisos, EntornoImportacion entorno, QWidget* padre)
+    : Forma(padre)
+    , m_proceso(proceso)
+    , m_avisos(avisos)
+    , m_entorno(std::move(entorno))
+    , m_ui(std::make_unique<Ui::frmTransferencia>()) {
+    m_ui->setupUi(this);
+    PreparaBarra();
+    PonEtiquetasEnReposo();
+    PreparaCarpetas();
+    Conecta();
+    Prepara({m_ui->cmCancelar});
+}
+
+frmTransferencia::~frmTransferencia() = default;
+
+/// Only decoration, without a command: it tells which declaration the file is for.
+void frmTransferencia::PreparaBarra() {
+    auto* cual = new QLabel(u"RUC %1   ·   Período %2/%3"_s.arg(
+        m_proceso.docDeclarante, m_proceso.periodoDeclarado.mid(4), m_proceso.periodoDeclarado.left(4)));
+    cual->setObjectName(u"LblDeclaracion"_s);
+    m_ui->Toolbar1->addWidget(cual);
+}
+
+void frmTransferencia::Conecta() {
+    ConectaCarpetas();
+    connect(m_ui->cmdTransferir, &QPushButton::clicked, this, Protegido([this] { Transferir(); }));
+    connect(m_ui->cmdProbar, &QPushButton::clicked, this, Protegido([this] { Procesa(true); }));
+    connect(m_ui->cmdGuardarErrores, &QPushButton::clicked, this, Protegido([this] { GuardarErrores(); }));
+    connect(m_ui->cmCancelar, &QPushButton::clicked, this, Protegido([this] { Salir(); }));
+}
+
+const FormatoImportacion& frmTransferencia::Formato() const {
+    return m_ui->OptTipo_0->isChecked() ? FormatoPercepciones() : FormatoVentas();
+}
+
+void frmTransferencia::PonEtiquetasEnReposo() {
+    m_ui->lblTransferidos->setText(u"0          Registros Transferidos"_s);
+    m_ui->lblRechazados->setText(u"0          Registros Rechazados"_s);
+    m_ui->barraAvance->setValue(0);
+}
+
+/// In the middle of a run it only tells the run to end: the next line doesn't come, and then the dialog closes.
+void frmTransferencia::Salir() {
+    m_cancelarRun = true;
+    if (!m_enProceso)
+        Termina();
+}
+
+/// Wanted: every press counts as a run here, also one that stopped at once, so that the second one asks.
+void frmTransferencia::Transferir() {
+    const Mensaje pregunta{Icono::Pregunta, u"¿Desea procesar el archivo nuevamente?"_s, u"Confirmar"_s};
+    if (m_yaProcesado && m_avisos.Pregunta(pregunta, Respuesta::No) == Respuesta::No)
+        return;
+    m_yaProcesado = true;
+    Procesa(false);
+}
+
+void frmTransferencia::Procesa(bool prueba) {
+    m_cancelarRun = false;
+    const ResultadoImportacion resultado = CorreTransferencia(prueba);
+    if (m_cancelarRun)
+        return Termina();
+    m_archivo = resultado.archivo;
+    MuestraFin(resultado);
+    RecuerdaCarpeta();
+    if (m_entorno.refresca)
+        m_entorno.refresca();
+    CuentaElFin(resultado, prueba);
+}
+
+ResultadoImportacion frmTransferencia::CorreTransferencia(bool prueba) {
+    const RelojDeArena reloj;
+    PonEnProceso(true);
+    const auto fin = qScopeGuard([this] { PonEnProceso(false); });
+    m_ritmo.start();
+    return Transferencia(m_proceso, Formato(), m_rutaArchivos, {prueba, NuevaPlanilla()}).Corre(*this);
+}
+
+/// Nothing but the way out answers while a run is going.
+void frmTransferencia::PonEnProceso(bool enProceso) {
+    m_enProceso = enProceso;
+    if (enProceso)
+        m_ui->cmCancelar->setFocus();
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{m_ui->OptTipo_0, m_ui->OptTipo_1, m_ui->Drive1, m_ui->TxtCarpeta,
+                                         m_ui->DirDirectorio, m_ui->flListaFiles, m_ui->cmdProbar, m_ui->cmdTransferir})
+        control->setEnabled(!enProceso);
+    m_ui->cmdGuardarErrores->setEnabled(false);
+    setAcceptDrops(!enProceso);
+}
+
+bool frmTransferencia::Sigue(const AvanceImportacion& avance) {
+    if (m_ritmo.elapsed() >= kRitmoMs) {
+        MuestraAvance(avance);
+        m_ritmo.restart();
+    }
+    QCoreApplication::processEvents();
+    return !m_cancelarRun;
+}
+
+void frmTransferencia::MuestraAvance(const AvanceImportacion& avance) {
+    m_ui->lblTransferidos->setText(QString::number(avance.transferidos) + u" Transferidos"_s);
+    m_ui->lblRechazados->setText(QString::number(avance.rechazados) + u" Rechazados"_s);
+    if (avance.bytesTotal > 0)
+        m_ui->barraAvance->setValue(static_cast<int>(avance.bytesLeidos * kLleno / avance.bytesTotal));
+}
+
+/// A file that isn't there leaves the counters as they were; one that is refused whole puts them back.
+void frmTransferencia::MuestraFin(const ResultadoImportacion& resultado) {
+    if (resultado.fin == FinImportacion::Rechazada)
+        return PonEtiquetasEnReposo();
+    const bool nada = resultado.transferidos + resultado.rechazados == 0;
+    if (resultado.fin == FinImportacion::Fallida && nada)
+        return;
+    MuestraAvance({resultado.transferidos, resultado.rechazados, 0, 0});
+    if (resultado.fin == FinImportacion::Completa)
+        m_ui->barraAvance->setValue(kLleno);
+    m_ui->cmdGuardarErrores->setEnabled(m_planilla && resultado.rechazados > 0);
+}
+
+void frmTransferencia::CuentaElFin(const ResultadoImportacion& resultado, bool prueba) {
+    if (!resultado.fallaDelLog.isEmpty())
+        m_avisos.Muestra({Icono::Exclamacion, resultado.fallaDelLog, {}});
+    const bool conRechazos = resultado.fin == FinImportacion::Completa && resultado.rechazados > 0;
+    if (prueba || !conRechazos)
+        return m_avisos.Muestra(*resultado.mensaje);
+    const bool muestra = m_avisos.Pregunta(*resultado.mensaje, Respuesta::No) == Respuesta::Si;
+    // Wanted: the report is built in both answers.
+    if (m_entorno.reporte && !resultado.rutaErr.isEmpty())
+        m_entorno.reporte(*this, resultado.rutaErr, muestra);
+}
+
+/// They go to a file, not to memory: a whole month may be refused. Without room for it the run goes on without.
+PlanillaErrores* frmTransferencia::NuevaPlanilla() {
+    m_planilla.reset();
+    m_errores = std::make_unique<QTemporaryFile>();
+    if (!m_errores->open())
+        return nullptr;
+    m_planilla = std::make_unique<PlanillaErrores>(*m_errores);
+    return m_planilla.get();
+}
+
+void frmTransferencia::GuardarErrores() {
+    if (!m_entorno.pideArchivo || !m_planilla)
+        return;
+    const QString nombre = QFileInfo(m_archivo).completeBaseName() + u"-errores.csv"_s;
+    const QString ruta = m_entorno.pideArchivo(*this, QDir(m_rutaArchivos).filePath(nombre));
+    if (ruta.isEmpty())
+        return;
+    if (!m_planilla->Falla().isEmpty())
+        throw Error(NumeroError::AccesoAlDisco, m_planilla->Falla());
+    QSaveFile destino(ruta);
+    if (!m_errores->seek(0) || !destino.open(QIODevice::WriteOnly) || !Copia(*m_errores, destino) || !destino.commit())
+        throw Error(NumeroError::AccesoAlDisco, u"%1: %2"_s.arg(ruta, destino.errorString()));
+}
+
+} // namespace xa518

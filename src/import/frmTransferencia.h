@@ -1,0 +1,94 @@
+#pragma once
+
+#include "import/ErrorSheet.h"
+#include "import/ImportRun.h"
+#include "platform/Form.h"
+#include "platform/ProfileFile.h"
+
+#include <QElapsedTimer>
+
+#include <functional>
+#include <memory>
+
+class QTemporaryFile;
+
+namespace Ui {
+class frmTransferencia;
+}
+
+namespace xa518 {
+
+class Avisos;
+struct Proceso;
+
+/// What the import dialog takes from others. A function that is missing does nothing.
+struct EntornoImportacion {
+    ArchivoPerfil perfil; ///< remembers the last folder
+    /// Builds the report of refused lines from the error list, and shows it over the dialog when it is wanted.
+    std::function<void(Forma& sobre, const QString& rutaErr, bool muestra)> reporte;
+    /// Refreshes the declaration form under the dialog.
+    std::function<void()> refresca;
+    /// Where a person wants the refused lines, suggested a name; empty to leave it.
+    std::function<QString(QWidget& sobre, const QString& sugerido)> pideArchivo;
+};
+
+/// The dialog in which a person picks a folder and imports the declaration's text file.
+class frmTransferencia final : public Forma, private ObservadorImportacion {
+    Q_OBJECT
+  public:
+    frmTransferencia(Proceso& proceso, Avisos& avisos, EntornoImportacion entorno, QWidget* padre = nullptr);
+    ~frmTransferencia() override;
+
+  protected:
+    void Salir() override;
+    void changeEvent(QEvent* evento) override;
+    void dragEnterEvent(QDragEnterEvent* evento) override;
+    void dropEvent(QDropEvent* evento) override;
+
+  private:
+    [[nodiscard]] bool Sigue(const AvanceImportacion& avance) override;
+
+    void Conecta();
+    void PreparaBarra();
+    [[nodiscard]] const FormatoImportacion& Formato() const;
+
+    // The folder.
+    void PreparaCarpetas();
+    void ConectaCarpetas();
+    void PonCarpeta(const QString& carpeta);
+    void CambiaUnidad();
+    void EntraEnCarpeta();
+    void ListaCarpetas();
+    void ListaArchivos();
+    void RecuerdaCarpeta();
+
+    // The run.
+    void Transferir();
+    void Procesa(bool prueba);
+    [[nodiscard]] ResultadoImportacion CorreTransferencia(bool prueba);
+    void PonEnProceso(bool enProceso);
+    void MuestraAvance(const AvanceImportacion& avance);
+    void MuestraFin(const ResultadoImportacion& resultado);
+    void CuentaElFin(const ResultadoImportacion& resultado, bool prueba);
+    void PonEtiquetasEnReposo();
+
+    // The refused lines of the last run.
+    [[nodiscard]] PlanillaErrores* NuevaPlanilla();
+    void GuardarErrores();
+
+    Proceso& m_proceso;
+    Avisos& m_avisos;
+    EntornoImportacion m_entorno;
+    std::unique_ptr<Ui::frmTransferencia> m_ui;
+
+    QString m_rutaArchivos; ///< the folder chosen
+    bool m_cancelarRun = false;
+    bool m_enProceso = false;
+    bool m_yaProcesado = false; ///< a run was asked for in this opening of the dialog
+    QElapsedTimer m_ritmo;
+    QString m_archivo; ///< bare name of the file that the last run was over
+    std::unique_ptr<QTemporaryFile> m_errores;
+    std::unique_ptr<PlanillaErrores> m_planilla;
+};
+
+} // namespace xa518

@@ -1,0 +1,227 @@
+#include "import/ImportFixture.h"
+#include "import/frmTransferencia.h"
+#include "support/NoticeScript.h"
+
+#include "Printers.h"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QDropEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTimer>
+
+using namespace xa518;
+using namespace Qt::StringLiterals;
+using prueba::Cambios;
+using prueba::LeeBytes;
+using prueba::LineaDe;
+using testing::Each;
+using testing::ElementsAre;
+
+namespace {
+
+class ImportForm : public testing::Test {
+  protected:
+    ImportForm() { Abre(); }
+
+    /// A new opening of the dialog, on the folder that the profile remembers.
+    void Abre() {
+        EntornoImportacion entorno{ArchivoPerfil(m_escenario.base.Carpeta() + u"/XA000.INI"_s),
+                                   [this](Forma&, const QString& rutaErr, bool muestra) {
+                                       m_reportes.append({rutaErr, muestra});
+                                   },
+                                   [this] { ++m_refrescos; },
+                                   [this](QWidget&, const QString& sugerido) {
+                                       m_sugerido = sugerido;
+                                       return m_elegido;
+                                   }};
+        m_forma = std::make_unique<frmTransferencia>(m_escenario.proceso, m_avisos, entorno);
+        m_forma->show();
+        m_forma->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(m_forma.get()));
+    }
+    template <typename Control>
+    [[nodiscard]] Control& De(const char* nombre) const {
+        auto* control = m_forma->findChild<Control*>(QString::fromLatin1(nombre));
+        if (!control)
+            throw std::runtime_error(std::string("no ") + nombre);
+        return *control;
+    }
+    void Pulsa(const char* boton) const { QTest::mouseClick(&De<QPushButton>(boton), Qt::LeftButton); }
+    void TecleaCarpeta(const QString& carpeta) const {
+        auto& campo = De<QLineEdit>("TxtCarpeta");
+        campo.setFocus();
+        campo.selectAll();
+        QTest::keyClick(&campo, Qt::Key_Delete);
+        QTest::keyClicks(&campo, carpeta);
+        QTest::keyClick(&campo, Qt::Key_Return);
+    }
+    [[nodiscard]] QString Cuentas() const {
+        return De<QLabel>("lblTransferidos").text() + u", "_s + De<QLabel>("lblRechazados").text();
+    }
+    [[nodiscard]] QStringList Archivos() const {
+        const auto& lista = De<QListWidget>("flListaFiles");
+        QStringList nombres;
+        for (int i = 0; i < lista.count(); ++i)
+            nombres.append(lista.item(i)->text());
+        return nombres;
+    }
+    void EscribeConRechazos() const {
+        m_escenario.Escribe((LineaDe() + u'\n' + LineaDe({{Campo::TipoDoc, u"9"_s}}) + u'\n').toUtf8());
+    }
+    [[nodiscard]] QString Pregunta() const {
+        return u"Algunos registros han sido rechazados!!\nVerifique Archivo Log: "_s + m_escenario.base.Carpeta() +
+               u"/RPT051820990518018202610.Log\n¿Desea Visualizar Reporte de errores?"_s;
+    }
+
+    prueba::Escenario m_escenario;
+    AvisosDePrueba m_avisos;
+    QList<std::pair<QString, bool>> m_reportes;
+    int m_refrescos = 0;
+    QString m_sugerido;
+    QString m_elegido;
+    std::unique_ptr<frmTransferencia> m_forma;
+};
+
+const QString kReposo = u"0          Registros Transferidos, 0          Registros Rechazados"_s;
+
+TEST_F(ImportForm, TheListShowsTheExpectedFileAlone) {
+    const QString carpeta = m_escenario.base.Carpeta();
+    EscribeConRechazos();
+    for (const QString& otro : {u"/051820990518018202610vc.txt"_s, u"/051820990518018202609.TXT"_s})
+        ASSERT_TRUE(QFile::copy(m_escenario.RutaArchivo(), carpeta + otro));
+    EXPECT_THAT(Archivos(), ElementsAre());
+    TecleaCarpeta(carpeta);
+    EXPECT_THAT(Archivos(), ElementsAre(u"051820990518018202610.TXT"_s));
+    De<QRadioButton>("OptTipo_1").setFocus();
+    QTest::keyClick(&De<QRadioButton>("OptTipo_1"), Qt::Key_Space);
+    EXPECT_THAT(Archivos(), ElementsAre(u"051820990518018202610vc.txt"_s));
+
+    ASSERT_TRUE(QDir(carpeta).mkdir(u"dentro"_s));
+    TecleaCarpeta(QDir(carpeta).filePath(u".."_s));
+    TecleaCarpeta(carpeta);
+    auto& lista = De<QListWidget>("DirDirectorio");
+    ASSERT_THAT(lista.findItems(u"dentro"_s, Qt::MatchExactly), testing::SizeIs(1));
+    lista.setCurrentItem(lista.findItems(u"dentro"_s, Qt::MatchExactly).first());
+    lista.setFocus();
+    QTest::keyClick(&lista, Qt::Key_Return);
+    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), carpeta + u"/dentro"_s);
+    EXPECT_THAT(Archivos(), ElementsAre());
+}
+
+TEST_F(ImportForm, ADroppedFileBringsItsFolderAndItsKind) {
+    m_escenario.Escribe("");
+    const QString ventas = m_escenario.base.Carpeta() + u"/051820990518018202610VC.TXT"_s;
+    ASSERT_TRUE(QFile::copy(m_escenario.RutaArchivo(), ventas));
+    QMimeData datos;
+    datos.setUrls({QUrl(u"https://example.org"_s), QUrl::fromLocalFile(ventas)});
+    QDragEnterEvent entra({20, 20}, Qt::CopyAction, &datos, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_forma.get(), &entra);
+    QDropEvent suelta({20, 20}, Qt::CopyAction, &datos, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_forma.get(), &suelta);
+    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), m_escenario.base.Carpeta());
+    EXPECT_THAT(Archivos(), ElementsAre(u"051820990518018202610VC.TXT"_s));
+}
+
+TEST_F(ImportForm, RefusedLinesAskForTheReportAndBuildItInBothAnswers) {
+    EscribeConRechazos();
+    TecleaCarpeta(m_escenario.base.Carpeta());
+    m_avisos.EsperaPregunta(Pregunta(), Respuesta::Si);
+    Pulsa("cmdTransferir");
+    EXPECT_EQ(Cuentas(), u"1 Transferidos, 1 Rechazados"_s);
+    EXPECT_EQ(De<QProgressBar>("barraAvance").value(), 1000);
+    m_avisos.EsperaPregunta(u"¿Desea procesar el archivo nuevamente?"_s, Respuesta::No);
+    Pulsa("cmdTransferir");
+    EXPECT_EQ(m_avisos.Mostrados().last().preseleccionada, Respuesta::No);
+    EXPECT_EQ(m_refrescos, 1);
+    m_avisos.EsperaPregunta(u"¿Desea procesar el archivo nuevamente?"_s, Respuesta::Si);
+    m_avisos.EsperaPregunta(Pregunta(), Respuesta::No);
+    Pulsa("cmdTransferir");
+    EXPECT_EQ(Cuentas(), u"0 Transferidos, 2 Rechazados"_s);
+    const QString rutaErr = m_escenario.base.Carpeta() + u"/RPT051820990518018202610.Err"_s;
+    EXPECT_THAT(m_reportes, ElementsAre(std::pair(rutaErr, true), std::pair(rutaErr, false)));
+}
+
+TEST_F(ImportForm, RefusedLinesAreSavedForASpreadsheet) {
+    EscribeConRechazos();
+    TecleaCarpeta(m_escenario.base.Carpeta());
+    EXPECT_FALSE(De<QPushButton>("cmdGuardarErrores").isEnabled());
+    m_avisos.Espera(u"Prueba de 051820990518018202610.TXT: una línea sería rechazada.\nNo se ha guardado nada."_s);
+    Pulsa("cmdProbar");
+    EXPECT_THAT(m_escenario.Cuenta(), Each(0));
+    EXPECT_THAT(m_reportes, ElementsAre());
+    m_elegido = m_escenario.base.Carpeta() + u"/errores.csv"_s;
+    Pulsa("cmdGuardarErrores");
+    EXPECT_EQ(m_sugerido, m_escenario.base.Carpeta() + u"/051820990518018202610-errores.csv"_s);
+    EXPECT_EQ(LeeBytes(m_elegido).count('\n'), 2);
+    m_elegido = u"/no/hay/errores.csv"_s;
+    AvisosDelPrograma().Espera(u"/no/hay/errores.csv: No such file or directory"_s);
+    Pulsa("cmdGuardarErrores");
+}
+
+TEST_F(ImportForm, WithoutTheFileTheCountersStay) {
+    TecleaCarpeta(m_escenario.base.Carpeta());
+    m_avisos.Espera(u"En la ruta indicada, no se encuentra el archivo a transferir, verifique la ruta"_s);
+    Pulsa("cmdTransferir");
+    TecleaCarpeta({});
+    m_avisos.EsperaPregunta(u"¿Desea procesar el archivo nuevamente?"_s, Respuesta::Si);
+    m_avisos.Espera(u"Seleccionar directorio donde se encuentran\n\nlos archivos a transferir"_s);
+    Pulsa("cmdTransferir");
+    EXPECT_EQ(Cuentas(), kReposo);
+    EXPECT_TRUE(De<QPushButton>("cmdTransferir").isEnabled());
+}
+
+TEST_F(ImportForm, AFileRefusedWholePutsTheCountersBack) {
+    EscribeConRechazos();
+    TecleaCarpeta(m_escenario.base.Carpeta());
+    m_avisos.EsperaPregunta(Pregunta(), Respuesta::No);
+    Pulsa("cmdTransferir");
+    m_escenario.Escribe("1|2|\n");
+    m_avisos.EsperaPregunta(u"¿Desea procesar el archivo nuevamente?"_s, Respuesta::Si);
+    m_avisos.Espera(
+        {Icono::Critico, u"El archivo de importación no tiene el número de campos correctos"_s, u"Importar"_s});
+    Pulsa("cmdTransferir");
+    EXPECT_EQ(Cuentas(), kReposo);
+}
+
+TEST_F(ImportForm, TheWayOutEndsARunWithinALine) {
+    QStringList lineas;
+    for (int i = 1; i <= 20'000; ++i)
+        lineas.append(LineaDe({{Campo::NumeroPercepcion, QString::number(i)}}));
+    m_escenario.Escribe(lineas.join(u'\n').toUtf8());
+    TecleaCarpeta(m_escenario.base.Carpeta());
+    QTimer::singleShot(250, m_forma.get(), [&] {
+        EXPECT_FALSE(De<QPushButton>("cmdTransferir").isEnabled());
+        EXPECT_FALSE(De<QRadioButton>("OptTipo_1").isEnabled());
+        Pulsa("cmCancelar");
+        EXPECT_TRUE(m_forma->isVisible());
+    });
+    Pulsa("cmdTransferir");
+    EXPECT_FALSE(m_forma->isVisible());
+    const int filas = m_escenario.Cuenta().at(1);
+    EXPECT_GT(filas, 0);
+    EXPECT_LT(filas, 20'000);
+    EXPECT_THAT(
+        m_escenario.Filas(u"SELECT mto_base_p * 1 = 100.5 * "_s + QString::number(filas) + u" FROM TMPF518PCAB"_s),
+        ElementsAre(u"1"_s));
+}
+
+TEST_F(ImportForm, TheLastFolderIsRemembered) {
+    m_escenario.Escribe("");
+    const QString carpeta = m_escenario.base.Carpeta();
+    TecleaCarpeta(carpeta);
+    m_avisos.Espera({Icono::Informacion, u"Archivo : 051820990518018202610.TXT transferido"_s, u"Mensaje"_s});
+    Pulsa("cmdTransferir");
+    Abre();
+    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), carpeta);
+}
+
+} // namespace
