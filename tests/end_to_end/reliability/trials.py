@@ -199,10 +199,10 @@ def writers(place):
             lambda **o: place.run("tests/end_to_end/save_victim", place.base, "elimina", RUC, PERIOD, **o)]
 
 
-def refused_by_all(place, word, number, **options):
+def refused_by_all(place, words, number, **options):
     for work in writers(place):
         run = work(**options)
-        demand(run.returncode == 3 and f"(error {number})" in run.stderr and word in run.stderr,
+        demand(run.returncode == 3 and f"(error {number})" in run.stderr and re.search(words, run.stderr),
                f"expected {number}: {run.args} {run.returncode} {run.stderr}")
 
 
@@ -215,7 +215,7 @@ def locked(place):
             holder = sqlite3.connect(place.base, isolation_level=None)
             for statement in statements:
                 holder.execute(statement).fetchone()
-            refused_by_all(place, "ocupada", 3051)
+            refused_by_all(place, "ocupada|se encuentra abierto", 3051)
             holder.close()
             demand(place.saved() == place.old, "a refused write left something")
     return 2 * rounds * len(writers(place)), "all refused with error 3051, nothing written"
@@ -281,7 +281,7 @@ def shared(place, seconds):
         while time.monotonic() < until and not faults:
             run = work()
             seen[name, run.returncode] += 1
-            if run.returncode == 3 and not re.search(r"ocupada|Otro programa", run.stderr) or run.returncode not in (0, 2, 3):
+            if run.returncode == 3 and not re.search(r"ocupada|se encuentra abierto|Otro programa", run.stderr) or run.returncode not in (0, 2, 3):
                 faults.append(f"{name}: {run.returncode} {run.stderr}")
 
     jobs = [("declare", lambda: place.batch("declarar", PERIOD, SAMPLE, "--rectifica")),
