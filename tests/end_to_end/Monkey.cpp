@@ -68,7 +68,9 @@ QWidget* Mono::Enfrente() const {
     if (QWidget* popup = QApplication::activePopupWidget())
         return popup;
     QWidget* modal = QApplication::activeModalWidget();
-    return modal ? modal : m_ventana.data();
+    QWidget* forma = modal ? modal : m_ventana.data();
+    QWidget* activa = QApplication::activeWindow();
+    return activa && activa->parentWidget() == forma ? activa : forma; // the help stays open beside its form
 }
 
 QWidget* Mono::Campo(QWidget& forma) {

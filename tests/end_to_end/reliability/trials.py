@@ -21,6 +21,9 @@ SAVED = ("CAB", "DET", "F518PCAB", "F518PDET", "F518PDETVC", "F518PDETCP")
 WORK = ("TMPF518PCAB", "TMPF518PDET", "TMPF518PDETCP")
 BATCH, BIG_LINES = 10_000, 21_000
 MOMENTS = 200
+MODULE_FORMS = ("MDIFrm FrmContAbrir FrmContAbrirE Frm518 FrmConsist FrmAgePer FrmDetAgePer frmPerDet frmTransferencia "
+                "frmImprimir frmImpxPag frmPreview FrmConsultas frmAcercade FrmAyuda")
+LAUNCHER_FORMS = "FrmConsola FrmDeclarante frmPreview"
 TOLD = re.compile(r"\(error \d+\)")
 
 
@@ -167,6 +170,9 @@ def import_state(place, code, start, whole, fault):
     demand(payments == whole[2][:len(payments)], f"other payment vouchers, {fault}")
     demand([row[:3] for row in vouchers] == [row[:3] for row in whole[1][:len(vouchers)]], f"other vouchers, {fault}")
     demand({row[1] for row in vouchers} == {row[1] for row in clients}, f"vouchers without their client, {fault}")
+    for client in clients:  # the run sums up at its end
+        totals = [float(total or 0) for total in client[7:9]]
+        demand(totals in ([0, 0], [100 * len(vouchers), 2 * len(vouchers)]), f"half a total: {totals}, {fault}")
     return f"with {len(payments)} lines" if payments else "with empty work tables"
 
 
@@ -309,6 +315,19 @@ def check_copies(place, sent):
     demand(set(sizes.values()) <= {100, 245} and len(sizes) == sent, f"a copy in part: {sizes}")
 
 
+def monkey(place, window, seconds, seed, forms):
+    """Random keys and clicks; the test itself fails on a crash, an escaped error or a complaint of the toolkit."""
+    environment = {**place.environment, "MONO_SEGUNDOS": str(seconds), "MONO_SEMILLA": str(seed)}
+    run = subprocess.run([place.build / "tests/end_to_end/monkey_test", f"--gtest_filter=*{window}*"], env=environment,
+                         capture_output=True, text=True, timeout=seconds + 120, check=False)
+    demand(run.returncode == 0, f"{run.returncode}: {run.stdout}{run.stderr}")
+    steps, counts = re.search(r"pasos (\d+): (.*)", run.stdout).groups()
+    met = {pair.split()[0] for pair in counts.split(", ")}
+    missed = [form for form in forms.split() if form not in met]
+    demand(seconds < 60 or not missed, f"never met: {missed}")
+    return f"{steps} steps", f"no crash; {len(met & set(forms.split()))} of {len(forms.split())} forms met, base sound"
+
+
 def main(build, seconds, seed, wanted):
     trials = [
         ("Killed in a save", lambda p: killed(p, p.victim("graba"))),
@@ -321,6 +340,8 @@ def main(build, seconds, seed, wanted):
         ("Base or workgroup file removed", removed),
         ("Base damaged", lambda p: corrupted(p, seed)),
         (f"Two programs and the launcher, {seconds} s", lambda p: shared(p, seconds)),
+        (f"Random keys and clicks, module, {seconds} s", lambda p: monkey(p, "Module", seconds, seed, MODULE_FORMS)),
+        (f"Random keys and clicks, launcher, {seconds} s", lambda p: monkey(p, "Launcher", seconds, seed, LAUNCHER_FORMS)),
     ]
     sound = True
     print("| trial | how often | what was seen |\n|---|---|---|")
