@@ -34,8 +34,12 @@ constexpr Qt::Key kTeclas[] = {
 Mono::Mono()
     : m_azar(static_cast<quint32>(qEnvironmentVariable("MONO_SEMILLA", u"518"_s).toUInt()))
     , m_plazo(qEnvironmentVariable("MONO_SEGUNDOS", u"5"_s).toLongLong() * 1000)
-    , m_diario(qEnvironmentVariable("MONO_DIARIO")) {
-    m_reloj.start();
+    , m_diario(qEnvironmentVariable("MONO_DIARIO")) {}
+
+bool Mono::Sigue() {
+    if (!m_reloj.isValid())
+        m_reloj.start();
+    return m_reloj.elapsed() < m_plazo;
 }
 
 void Mono::Juega(QWidget& ventana, const QList<QAction*>& ordenes) {

@@ -18,7 +18,8 @@ class Mono {
   public:
     Mono();
 
-    [[nodiscard]] bool Sigue() const { return m_reloj.elapsed() < m_plazo; }
+    /// Whether there is time left; it runs from the first call on.
+    [[nodiscard]] bool Sigue();
     /// Plays until the window is closed or the time is over; then every form over it goes.
     void Juega(QWidget& ventana, const QList<QAction*>& ordenes);
 
