@@ -287,10 +287,11 @@ def shared(place, seconds):
         while time.monotonic() < until and not faults:
             run = work()
             seen[name, run.returncode] += 1
-            if run.returncode == 3 and not re.search(r"ocupada|se encuentra abierto|Otro programa", run.stderr) or run.returncode not in (0, 2, 3):
+            waits = re.search(r"ocupada|en uso|se encuentra abierto|Otro programa", run.stderr)
+            if run.returncode not in (0, 1, 2) and not waits:
                 faults.append(f"{name}: {run.returncode} {run.stderr}")
 
-    jobs = [("declare", lambda: place.batch("declarar", PERIOD, SAMPLE, "--rectifica")),
+    jobs = [("declare", lambda: place.batch("declarar", PERIOD, SAMPLE, "--rectifica", "--efectivo")),
             ("declare", lambda: place.batch("declarar", BIG_PERIOD, None, "--efectivo")),
             ("send", lambda: place.console("--enviar", RUC, PERIOD))]
     threads = [threading.Thread(target=repeat, args=job) for job in jobs]
@@ -302,7 +303,7 @@ def shared(place, seconds):
     place.saved()
     check_copies(place, seen["send", 0])
     return sum(seen.values()), "; ".join(
-        f"{name}: {seen[name, 0]} done, {seen[name, 3]} told to wait, {seen[name, 2]} with nothing to do"
+        f"{name}: {seen[name, 0] + seen[name, 1]} done, {seen[name, 3]} told to wait, {seen[name, 2]} with nothing to do"
         for name in ("declare", "send"))
 
 
