@@ -2,11 +2,15 @@
 
 #include "data/Base.h"
 
+#include <QMap>
 #include <QTemporaryDir>
 
 #include <memory>
 
 namespace xa518::prueba {
+
+void EscribeEn(const QString& ruta, const QByteArray& bytes);
+[[nodiscard]] QByteArray BytesDe(const QString& ruta);
 
 /// Makes a base with the shipped tables and nothing in them.
 std::unique_ptr<Base> CreaBase(const QString& ruta);
@@ -22,9 +26,11 @@ class BaseTemporal {
     [[nodiscard]] QString Ruta() const { return m_carpeta.filePath(QStringLiteral("XA.DB")); }
 
     void Param(const QString& numero, const QString& argumento, const QString& funcion, int correl = 0) const;
+    /// A row of the columns that matter; the others that can't be null get something.
+    void Agrega(const QString& tabla, QMap<QString, QVariant> valores) const;
 
     /// The rows of a query, columns joined by "|", null as "<null>".
-    [[nodiscard]] QStringList Filas(const QString& sql) const;
+    [[nodiscard]] QStringList Filas(const QString& sql, const QVariantList& valores = {}) const;
 
   private:
     QTemporaryDir m_carpeta;
