@@ -40,7 +40,7 @@ TEST_F(OpeningTest, MakesAPrivateFileUnderAnyName) {
     const QString ruta = carpeta + u"/base ñ.db"_s;
     Base::Crea(ruta)->Ejecuta(u"CREATE TABLE T (a TEXT)"_s);
     EXPECT_EQ(NumeroAlAbrir(ruta), 0);
-    EXPECT_EQ(QFile::permissions(ruta) & QFile::Permissions(0x0077), QFile::Permissions());
+    EXPECT_EQ(QFile::permissions(ruta) & prueba::kDeOtros, QFile::Permissions());
 }
 
 /// The rules that keep a shared file whole over a power cut, as the engine itself reports them.
@@ -86,7 +86,7 @@ TEST_F(OpeningTest, TheWorkgroupAdmitsItsAccountAndNoOther) {
     EXPECT_EQ(numero(u"usuario1"_s, u"clave001"_s), 0);
     EXPECT_EQ(numero(u"usuario1"_s, u"clave002"_s), 3029);
     EXPECT_EQ(numero(u"usuario2"_s, u"clave001"_s), 3029);
-    EXPECT_EQ(QFile::permissions(ruta) & QFile::Permissions(0x0077), QFile::Permissions());
+    EXPECT_EQ(QFile::permissions(ruta) & prueba::kDeOtros, QFile::Permissions());
     EXPECT_FALSE(prueba::BytesDe(ruta).contains("clave001"));
     prueba::EscribeEn(ruta, "{\"usuario1\": \"clave001\"} \x01 rubbish");
     EXPECT_EQ(numero(u"usuario1"_s, u"clave001"_s), 3029);

@@ -3,7 +3,6 @@
 #include "data/Transaction.h"
 
 #include <QDir>
-#include <QFile>
 
 #include <stdexcept>
 
@@ -23,19 +22,6 @@ QString SinComentarios(const QString& sql) {
 }
 
 } // namespace
-
-void EscribeEn(const QString& ruta, const QByteArray& bytes) {
-    QFile archivo(ruta);
-    if (!archivo.open(QIODevice::WriteOnly) || archivo.write(bytes) != bytes.size())
-        throw std::runtime_error("unwritable " + ruta.toStdString());
-}
-
-QByteArray BytesDe(const QString& ruta) {
-    QFile archivo(ruta);
-    if (!archivo.open(QIODevice::ReadOnly))
-        throw std::runtime_error("unreadable " + ruta.toStdString());
-    return archivo.readAll();
-}
 
 std::unique_ptr<Base> CreaBase(const QString& ruta) {
     std::unique_ptr<Base> base = Base::Crea(ruta);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/Base.h"
+#include "support/Files.h"
 
 #include <QMap>
 #include <QTemporaryDir>
@@ -8,9 +9,6 @@
 #include <memory>
 
 namespace xa518::prueba {
-
-void EscribeEn(const QString& ruta, const QByteArray& bytes);
-[[nodiscard]] QByteArray BytesDe(const QString& ruta);
 
 /// Makes a base with the shipped tables and nothing in them.
 std::unique_ptr<Base> CreaBase(const QString& ruta);
