@@ -1,0 +1,54 @@
+#include "support/FormDriver.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QPointer>
+#include <QTimer>
+
+#include <cstdlib>
+
+namespace xa518::prueba {
+
+using namespace Qt::StringLiterals;
+
+void Muestra(QWidget& forma) {
+    forma.show();
+    forma.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&forma));
+}
+
+void AlAbrir(QAnyStringView forma, std::function<void(QWidget&)> trabajo) {
+    auto* espera = new QTimer(qApp); // goes away by itself
+    espera->setObjectName(u"AlAbrir"_s);
+    int vueltas = 0;
+    QObject::connect(espera, &QTimer::timeout, espera, [=, nombre = forma.toString()]() mutable {
+        QWidget* abierta = QApplication::activeModalWidget();
+        const QWidget* campo = QApplication::focusWidget();
+        if (abierta && (nombre.isEmpty() || abierta->objectName() == nombre)) {
+            if (campo == nullptr || campo->window() != abierta) {
+                abierta->activateWindow(); // as a window manager does
+                return;
+            }
+            const QPointer<QWidget> modal = abierta;
+            const auto hace = std::move(trabajo);
+            delete espera; // the work may wait for another form
+            hace(*modal);
+            if (modal && modal->isVisible())
+                modal->close();
+        } else if (++vueltas == 500) {
+            ADD_FAILURE() << "it didn't open: " << nombre.toStdString();
+            std::_Exit(EXIT_FAILURE); // some other form is open and nobody would close it
+        }
+    });
+    espera->start(10);
+}
+
+void CompruebaAperturas() {
+    for (const QTimer* espera : qApp->findChildren<QTimer*>(u"AlAbrir"_s)) {
+        ADD_FAILURE() << "a form that was expected didn't open";
+        delete espera;
+    }
+}
+
+} // namespace xa518::prueba
