@@ -18,24 +18,29 @@ void Muestra(QWidget& forma) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&forma));
 }
 
+namespace {
+
+/// Whether keys arrive in a form, which is brought to the front as a window manager does.
+bool TieneElFoco(QWidget& forma) {
+    if (!forma.isActiveWindow())
+        forma.activateWindow();
+    return forma.isActiveWindow() && (forma.focusWidget() == nullptr || forma.focusWidget()->hasFocus());
+}
+
+} // namespace
+
 void AlAbrir(QAnyStringView forma, std::function<void(QWidget&)> trabajo) {
     auto* espera = new QTimer(qApp); // goes away by itself
     espera->setObjectName(u"AlAbrir"_s);
     int vueltas = 0;
     QObject::connect(espera, &QTimer::timeout, espera, [=, nombre = forma.toString()]() mutable {
-        QWidget* abierta = QApplication::activeModalWidget();
-        const QWidget* campo = QApplication::focusWidget();
-        if (abierta && (nombre.isEmpty() || abierta->objectName() == nombre)) {
-            if (campo == nullptr || campo->window() != abierta) {
-                abierta->activateWindow(); // as a window manager does
-                return;
-            }
-            const QPointer<QWidget> modal = abierta;
+        const QPointer<QWidget> abierta = QApplication::activeModalWidget();
+        if (abierta && (nombre.isEmpty() || abierta->objectName() == nombre) && TieneElFoco(*abierta)) {
             const auto hace = std::move(trabajo);
             delete espera; // the work may wait for another form
-            hace(*modal);
-            if (modal && modal->isVisible())
-                modal->close();
+            hace(*abierta);
+            if (abierta && abierta->isVisible())
+                abierta->close();
         } else if (++vueltas == 500) {
             ADD_FAILURE() << "it didn't open: " << nombre.toStdString();
             std::_Exit(EXIT_FAILURE); // some other form is open and nobody would close it
