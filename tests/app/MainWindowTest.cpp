@@ -113,16 +113,6 @@ TEST_F(MainWindowTest, CommandsSayWhatTheyAreForAndOpenTheirForm) {
     }
 }
 
-TEST_F(MainWindowTest, AMouseMoveClearsTheMessageAlone) {
-    Carga();
-    ventana->Barra().PonMensaje(u"hola"_s);
-    ventana->Barra().PonRuc(u"20990518018"_s);
-    for (const QPoint donde : {QPoint(5, 5), QPoint(9, 9)})
-        QTest::mouseMove(&prueba::De(*ventana, "Picture1"), donde);
-    EXPECT_EQ(ventana->Barra().Mensaje(), u""_s);
-    EXPECT_EQ(ventana->Barra().Ruc(), u"20990518018"_s);
-}
-
 TEST_F(MainWindowTest, EveryWayOutClosesTheBase) {
     const QList<std::function<void()>> salidas = {[this] { prueba::De<QAction>(*ventana, u"mnuSalir"_s).trigger(); },
                                                   [this] { Boton(5); }, [this] { ventana->close(); }};

@@ -152,14 +152,6 @@ TEST_F(Batch, TellsWhatFailed) {
         otro->Ejecuta(u"BEGIN EXCLUSIVE"_s);
         espera(u"3051"_s);
     }
-    ASSERT_TRUE(QFile::rename(Casa() + u"/XA000.MDW"_s, Casa() + u"/otro"_s));
-    espera(u"3028"_s);
-    ASSERT_TRUE(QFile::rename(Casa() + u"/otro"_s, Casa() + u"/XA000.MDW"_s));
-    m_perfil.Escribe(u"Grupo", u"Clave", u"0011223344556677");
-    espera(u"3029"_s);
-    m_perfil.Escribe(u"Grupo", u"Clave", u"");
-    ASSERT_TRUE(QFile::rename(Casa() + u"/XA000.DB"_s, Casa() + u"/otra"_s));
-    espera(u"3024"_s);
     prueba::EscribeEn(Casa() + u"/XA000.DB"_s, QByteArray(4096, 'x'));
     espera(u"not a database"_s);
     m_perfil.Escribe(kSeccionOpciones, u"DBName", u"");

@@ -13,12 +13,8 @@ class CatalogTest : public BaseDePrueba {
   protected:
     void Documento(const QString& tipo, const QString& corto, const QString& largo, const QString& orden,
                    const QString& datoYLongitud, const QString& ofrecidoEn = u"1"_s) const {
-        const QString fila = prueba::Funcion({{1, u"DOCUMENTO"_s},
-                                              {32, corto},
-                                              {46, largo},
-                                              {49, ofrecidoEn},
-                                              {56, orden},
-                                              {128, datoYLongitud}});
+        const QString fila = prueba::Funcion(
+            {{1, u"DOCUMENTO"_s}, {32, corto}, {46, largo}, {49, ofrecidoEn}, {56, orden}, {128, datoYLongitud}});
         m_base->Ejecuta(u"INSERT OR REPLACE INTO PARAM VALUES ('044',?,?,0)"_s, {tipo, fila});
     }
     void Documentos() const {
@@ -74,9 +70,9 @@ TEST_F(CatalogTest, DocumentTypesDecideWhichNumbersFit) {
         QString tipo, numero;
         bool pasa;
     } casos[] = {
-        {u" 01 "_s, u"12345678"_s, true}, {u"1"_s, u"1234567"_s, false},       {u"1"_s, u"1234567A"_s, false},
-        {u"4"_s, u"AB12"_s, true},        {u"4"_s, u"AB12-3"_s, false},        {u"4"_s, u"1234567890123"_s, false},
-        {u"4"_s, u"ñ1"_s, false},         {u"9"_s, u"123"_s, false},           {u""_s, u"12345678"_s, false},
+        {u" 01 "_s, u"12345678"_s, true}, {u"1"_s, u"1234567"_s, false},     {u"1"_s, u"1234567A"_s, false},
+        {u"4"_s, u"AB12"_s, true},        {u"4"_s, u"AB12-3"_s, false},      {u"4"_s, u"1234567890123"_s, false},
+        {u"4"_s, u"ñ1"_s, false},         {u"9"_s, u"123"_s, false},         {u""_s, u"12345678"_s, false},
         {u"1"_s, u"  "_s, false},         {u"6"_s, u"20555123451"_s, false}, // no row
     };
     for (const auto& [tipo, numero, pasa] : casos)

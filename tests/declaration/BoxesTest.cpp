@@ -33,19 +33,4 @@ TEST(Boxes, ArithmeticFollowsEveryChange) {
     }
 }
 
-TEST(Boxes, TextsAreEditedPlainAndShownGrouped) {
-    const struct {
-        int casilla;
-        QString texto, alEntrar, alSalir;
-    } casos[] = {
-        {402, u"(1,300)"_s, u"1300"_s, u"(1,300)"_s}, {402, u"0"_s, u"0"_s, u"(0)"_s}, {402, {}, {}, {}},
-        {404, u"1,300"_s, u"1300"_s, u"1,300"_s},     {410, u"0"_s, u"0"_s, u"0"_s},
-    };
-    for (const auto& caso : casos) {
-        EXPECT_EQ(TextoAlEntrar(caso.casilla, caso.texto), caso.alEntrar) << caso.texto.toStdString();
-        EXPECT_EQ(TextoAlSalir(caso.casilla, caso.texto), caso.alSalir) << caso.texto.toStdString();
-    }
-    EXPECT_EQ(TextoDeGuardado(402, u"-300"_s), u"(300)"_s);
-}
-
 } // namespace

@@ -1,10 +1,5 @@
 #include "declaration/Consistency.h"
 
-#include "support/Files.h"
-#include "values/Error.h"
-
-#include <QTemporaryDir>
-
 #include <gtest/gtest.h>
 
 using namespace xa518;
@@ -52,15 +47,6 @@ TEST(Consistency, EveryRuleFiresByItself) {
     };
     for (const auto& [nombre, declaracion, lineas] : casos)
         EXPECT_EQ(Inconsistencias(declaracion), lineas) << nombre;
-}
-
-TEST(Consistency, TheFileHoldsOnlyTheLastValidation) {
-    const QTemporaryDir carpeta;
-    const QString ruta = carpeta.filePath(u"Mens.txt"_s);
-    EscribeMens(ruta, {kRegla3, kRegla4});
-    EscribeMens(ruta, {kRegla5});
-    EXPECT_EQ(QString::fromUtf8(prueba::BytesDe(ruta)), kRegla5 + u'\n');
-    EXPECT_THROW(EscribeMens(carpeta.filePath(u"no/Mens.txt"_s), {}), Error);
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 
 #include "data/WorkTables.h"
 #include "declaration/ClientGrid.h"
-#include "declaration/StoredBoxes.h"
 #include "support/TemporaryBase.h"
 
 #include <gtest/gtest.h>
@@ -157,30 +156,6 @@ TEST_F(Save, AFailureHalfWayLeavesTheOldDeclaration) {
     base->Ejecuta(u"UPDATE TMPF518PDETCP SET mto_detcp=? WHERE num_detcp='00000012'"_s, {QString(400, u'Z')});
     EXPECT_THROW((void)GrabaDeclaracion(*base, Nueva(), kHoy.addDays(1)), Desbordamiento);
     EXPECT_EQ(prueba::Retrato(*base), antes);
-}
-
-TEST_F(Save, WhatWasSavedIsLoadedAgain) {
-    Detalle();
-    Declaracion guardada = Nueva();
-    guardada.montos.Cambia(404, u"50"_s);
-    guardada.pago = {u"C"_s, u"02"_s, u"007"_s, guardada.montos.ImportePagar()};
-    guardada.rectifica = u"1"_s;
-    (void)GrabaDeclaracion(*base, guardada, kHoy);
-    base->Ejecuta(u"DELETE * FROM TMPF518PDET"_s);
-    Declaracion leida;
-    leida.clave = kClave;
-    TablasTrabajo(*base).Reconstruye(kClave);
-    CargaCasillas(*base, leida);
-    MuestraTotalesDeCarga(*base, leida);
-    for (const int casilla : kCasillasMonto)
-        EXPECT_EQ(leida.montos.Texto(casilla), guardada.montos.Texto(casilla)) << casilla;
-    EXPECT_EQ(leida.pago.forma + leida.pago.banco + leida.pago.numeroCheque, u"C02007"_s);
-    EXPECT_EQ(leida.pago.importe, guardada.pago.importe);
-    EXPECT_EQ(leida.rectifica, u"1"_s);
-    EXPECT_EQ(leida.clientes, 2);
-    EXPECT_EQ(leida.percepcion, u"1,002"_s);
-    EXPECT_EQ(base.Filas(u"SELECT num_doc_per, des_razon, ctd_docs FROM TMPF518PCAB ORDER BY rowid"_s),
-              (QStringList{u"20500000007|Ñandú \"O'Hara\"|2"_s, u"10400000001|P M N|1"_s}));
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 
 #include "detail/DetailFixture.h"
 
-#include <QLabel>
 #include <QLineEdit>
 
 namespace xa518 {
@@ -24,9 +23,7 @@ class ClientDialogTest : public prueba::DetailTest {
     }
     /// What is typed into the field that has the focus, then the message of the button and where the focus goes.
     struct Paso {
-        QString teclas;
-        QString mensaje;
-        QString foco;
+        QString teclas, mensaje, foco;
     };
     void Sube(const char* boton, const QList<Paso>& pasos) {
         const auto forma = Abre();
@@ -101,24 +98,6 @@ TEST_F(ClientDialogTest, SpeaksOfANumberWhileItIsTyped) {
     EXPECT_EQ(numero.text(), QString());
     Teclea(u"07\ra-1 "_s);
     EXPECT_EQ(numero.text(), u"A1"_s);
-}
-
-TEST_F(ClientDialogTest, AsksForTheNamesOfThatKindOfClient) {
-    const auto forma = Abre();
-    const auto aspecto = [&] {
-        return De<QLabel>(*forma, "Label4").text() + (De(*forma, "TxtApePat").isVisible() ? u"+"_s : u"-"_s);
-    };
-    const QString empresa = u"Razón Social :-"_s;
-    const QString persona = u"Nombres :+"_s;
-    Teclea(u"06"_s);
-    EXPECT_EQ(aspecto(), empresa);
-    Teclea(u"\r15"_s);
-    EXPECT_EQ(aspecto(), persona);
-    Teclea(u"\b\b20"_s);
-    EXPECT_EQ(aspecto(), empresa);
-    Pulsa(Qt::Key_Backtab);
-    Teclea(u"01"_s);
-    EXPECT_EQ(aspecto(), persona);
 }
 
 TEST_F(ClientDialogTest, SweepsTheVouchersOfAClientNeverStored) {
@@ -202,33 +181,6 @@ TEST_F(ClientDialogTest, ASentClientIsOnlyLookedAt) {
         Teclea(u"\r"_s); // a row of the grid, as with a double click
     });
     Clic(*forma, "CmdOpciones_1");
-}
-
-/// Nobody touches the mouse.
-TEST_F(ClientDialogTest, AClientIsEnteredByKeysAlone) {
-    const auto forma = Abre();
-    m_avisos.Espera(u"La información se grabó satisfactoriamente"_s);
-    AlAbrir(u"FrmDetAgePer"_s, [&](QWidget& detalle) {
-        Teclea(u"\rP001\r1\r15102026\r100\rs\rn\rn\r"_s);
-        AlAbrir(u"frmPerDet"_s, [&](QWidget& /*pago*/) {
-            Teclea(u"01F001\r77\r10102026\r118.5\r\r"_s);
-            EXPECT_EQ(Foco(), u"CmbTipoDoc"_s); // for the next one
-            Alt(Qt::Key_S);
-        });
-        Teclea(u"\r"_s);
-        Muestra(detalle); // a window manager gives it the focus back
-        Alt(Qt::Key_A);
-    });
-    Teclea(u"06\r"_s + kEmpresa + u"\racme\r\r"_s);
-    Muestra(*forma);
-    Alt(Qt::Key_A);
-    EXPECT_FALSE(forma->isVisible());
-    EXPECT_EQ(m_base.Filas(u"SELECT * FROM TMPF518PCAB"_s),
-              QStringList{u"6|20500000008|ACME|<null>|<null>|<null>|1|100.00|2.00|<null>"_s});
-    EXPECT_EQ(m_base.Filas(u"SELECT * FROM TMPF518PDET"_s),
-              QStringList{u"6|20500000008|P001|00000001||1|0|0|15/10/2026|100.00|2.00|2.00"_s});
-    EXPECT_EQ(m_base.Filas(u"SELECT * FROM TMPF518PDETCP"_s),
-              QStringList{u"6|20500000008|P001|00000001|01|F001|00000077|10/10/2026|118.50"_s});
 }
 
 } // namespace

@@ -54,20 +54,13 @@ void DetailTest::Teclea(const QString& teclas) {
         else if (c == u'\b')
             Pulsa(Qt::Key_Backspace);
         else {
-            ++m_teclas;
             QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
         }
     }
 }
 
 void DetailTest::Pulsa(Qt::Key tecla, Qt::KeyboardModifiers con) {
-    ++m_teclas;
     QTest::keyClick(QApplication::focusWidget(), tecla, con);
-}
-
-void DetailTest::Alt(Qt::Key letra) {
-    Pulsa(letra, Qt::AltModifier);
-    QTest::qWait(150); // a mnemonic holds the button down for a tenth of a second
 }
 
 QString DetailTest::Foco() {

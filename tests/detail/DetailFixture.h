@@ -21,15 +21,12 @@ class DetailTest : public testing::Test {
     /// Types into whatever has the focus; "\r" is Enter, "\b" Backspace.
     void Teclea(const QString& teclas);
     void Pulsa(Qt::Key tecla, Qt::KeyboardModifiers con = Qt::NoModifier);
-    /// Presses a button by its mnemonic, and waits until it has done its work.
-    void Alt(Qt::Key letra);
     [[nodiscard]] static QString Foco();
 
     BaseTemporal m_base;
     RelojFijo m_reloj{QDateTime(QDate(2026, 10, 20), QTime(10, 0))};
     Proceso m_proceso{m_reloj};
     AvisosDePrueba m_avisos;
-    int m_teclas = 0;
 };
 
 } // namespace xa518::prueba

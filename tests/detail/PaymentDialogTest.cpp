@@ -2,8 +2,6 @@
 
 #include "detail/DetailFixture.h"
 
-#include <QAbstractItemView>
-#include <QComboBox>
 #include <QLineEdit>
 
 namespace xa518 {
@@ -86,21 +84,6 @@ TEST_F(PaymentDialogTest, GoesOnWithTheNextAndStoresACreditNoteNegative) {
     Teclea(u"\r"_s);
     EXPECT_FALSE(modifica->isVisible());
     EXPECT_EQ(Filas().first(), u"07|F001|00000005|11/10/2026|-99999999999.00"_s);
-}
-
-TEST_F(PaymentDialogTest, ATypeIsChosenFromTheOpenListToo) {
-    const auto forma = Abre(u"0"_s);
-    auto& lista = De<QComboBox>(*forma, "CmbTipoDoc");
-    Teclea(u"0"_s); // half a code chooses nothing
-    Pulsa(Qt::Key_Down);
-    EXPECT_EQ(lista.currentIndex(), -1);
-    ASSERT_TRUE(lista.view()->isVisible());
-    lista.view()->setCurrentIndex(lista.model()->index(0, 0));
-    QTest::keyClick(lista.view(), Qt::Key_Down);
-    QTest::keyClick(lista.view(), Qt::Key_Return);
-    EXPECT_EQ(lista.currentText(), u"07   NOTA DE CREDITO"_s);
-    EXPECT_EQ(Foco(), u"TxtSerie"_s);
-    forma->hide();
 }
 
 TEST_F(PaymentDialogTest, ADateBefore2005IsAskedAboutEachTime) {

@@ -15,12 +15,11 @@ constexpr Contestacion kNo = false;
 constexpr Contestacion kSinRespuesta = std::nullopt;
 
 TEST(PerceptionRate, ClassOfEachBandAndAnswer) {
-    struct Caso {
+    const struct {
         Banda banda;
         Respuestas respuestas; // credit, list, zone, means
         QString clase;
-    };
-    const QList<Caso> casos = {
+    } casos[] = {
         {Banda::A, {kSi, kSi, kSinRespuesta, kSinRespuesta}, u"1"_s},
         {Banda::A, {kSi, kNo, kSinRespuesta, kSinRespuesta}, u"2"_s},
         {Banda::A, {kNo, kSinRespuesta, kSinRespuesta, kSinRespuesta}, u"2"_s},
@@ -38,7 +37,7 @@ TEST(PerceptionRate, ClassOfEachBandAndAnswer) {
         {Banda::C, {kNo, kSinRespuesta, kSinRespuesta, kSinRespuesta}, u"5"_s},
         {Banda::C, {kSinRespuesta, kSi, kSi, kSi}, {}},
     };
-    for (qsizetype i = 0; i < casos.size(); ++i)
+    for (size_t i = 0; i < std::size(casos); ++i)
         EXPECT_EQ(ClaseTasa(casos[i].banda, casos[i].respuestas), casos[i].clase) << "row " << i;
 }
 

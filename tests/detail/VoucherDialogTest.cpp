@@ -52,9 +52,7 @@ class VoucherDialogTest : public prueba::DetailTest {
 
 TEST_F(VoucherDialogTest, RefusesInItsOrder) {
     struct Paso {
-        QString teclas;
-        QString mensaje;
-        QString foco;
+        QString teclas, mensaje, foco;
     };
     const auto sube = [this](QWidget& forma, const QList<Paso>& pasos) {
         for (const Paso& paso : pasos) {
@@ -208,8 +206,7 @@ TEST_F(VoucherDialogTest, SweepsWhatItLeavesBehind) {
     struct Caso {
         const char* nombre;
         QString modo;
-        bool registrado;
-        bool conPago;
+        bool registrado, conPago;
         QStringList preguntas; // each answered with its last letter
         bool cierra;
         QString quedan; // vouchers and payment vouchers; one of each belongs to others

@@ -1,8 +1,5 @@
 #include "data/Catalog.h"
-#include "data/RateCatalog.h"
 #include "launcher/CatalogInstaller.h"
-#include "launcher/CatalogLayout.h"
-#include "launcher/CsvTable.h"
 #include "support/TemporaryBase.h"
 
 #include <gtest/gtest.h>
@@ -25,22 +22,6 @@ TEST_F(Catalog, RucRowHasTheLayoutOfTheDefaultRow) {
     EXPECT_EQ(Catalogo(*base).Funcion(u"044"_s, u"6"_s),
               u"REG. UNICO DE CONTRIBUYENTES   RUC           11 000110 01 000001000001100111011111"
               "                                           0 5 0"_s);
-}
-
-TEST_F(Catalog, RatesByClassMonthAndDeclaredPeriod) {
-    const struct {
-        QString periodo, clase, mes, factor;
-    } casos[] = {
-        {u"200503"_s, u"1"_s, u"200501"_s, u"0.0060"_s},  // the factor of the first months
-        {u"200504"_s, u"1"_s, u"200504"_s, u"0.0055"_s},  // and the one from 200504
-        {u"200803"_s, u"1"_s, u"200803"_s, u"0.00505"_s}, // a row's own first month
-        {u"202609"_s, u"2"_s, u"201102"_s, u"0.0205"_s},  // a row's last month
-        {u"202609"_s, u"6"_s, u"200802"_s, u"0"_s},       // before the class began
-    };
-    for (const auto& caso : casos) {
-        CatalogoTasas tasas(*base, caso.periodo);
-        EXPECT_EQ(tasas.Busca(caso.clase, caso.mes).factor, caso.factor) << qPrintable(caso.mes);
-    }
 }
 
 TEST_F(Catalog, EveryCodeThatTheModulesRaiseHasItsText) {
@@ -68,30 +49,4 @@ TEST_F(Catalog, InstallingAgainRenewsItsRowsAndKeepsTheOthers) {
     EXPECT_FALSE(catalogo.DescError(u"0151"_s).isEmpty());
     EXPECT_EQ(catalogo.TipoUsuario(u"USUARIO"_s), u"0"_s);
     EXPECT_EQ(catalogo.Funcion(u"998"_s, u"0304020"_s), u"de otro módulo"_s);
-}
-
-TEST(CatalogLayout, AValueWiderThanItsPlaceIsRefused) {
-    const Plantilla plantilla{u"ab"_s, {{u"x"_s, 4, 2}}};
-    EXPECT_EQ(plantilla.Compone({{u"x"_s, u"1"_s}}), u"ab 1 "_s);
-    EXPECT_THROW((void)plantilla.Compone({{u"x"_s, u"123"_s}}), Error);
-}
-
-TEST(CsvTable, ReadsByColumnNameWhateverTheOrder) {
-    const auto filas = LeeCsv(u"f"_s, "texto,codigo\n\"a, \"\"b\"\"\",1\r\nñandú , 2\n", {u"codigo"_s, u"texto"_s});
-    ASSERT_EQ(filas.size(), 2);
-    EXPECT_EQ(filas[0], QStringList({u"1"_s, u"a, \"b\""_s}));
-    EXPECT_EQ(filas[1], QStringList({u"2"_s, u"ñandú"_s}));
-}
-
-TEST(CsvTable, RefusesAFileThatIsNotAsDescribed) {
-    const QList<std::pair<QByteArray, const char*>> casos = {
-        {"codigo\n1\n", "a column is missing"},
-        {"codigo,texto,otra\n1,2,3\n", "a column too many"},
-        {"codigo,texto\n1\n", "a short line"},
-        {"codigo,texto\n1,2,3\n", "a long line"},
-        {"codigo,texto\n1,\"abierta\n", "an open quote"},
-        {"", "nothing at all"},
-    };
-    for (const auto& [contenido, falta] : casos)
-        EXPECT_THROW((void)LeeCsv(u"f"_s, contenido, {u"codigo"_s, u"texto"_s}), Error) << falta;
 }

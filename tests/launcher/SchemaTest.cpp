@@ -30,21 +30,6 @@ class SchemaTest : public testing::Test {
 
 } // namespace
 
-TEST(Schema, KeysIgnoreCaseAndTellKindsOfVouchersApart) {
-    const prueba::BaseTemporal base;
-    const auto alta = [&base](const QString& numero, const QString& tipCp) {
-        base.Agrega(u"TMPF518PDET"_s, {{u"num_doc_per"_s, numero}, {u"tip_cp"_s, tipCp}});
-    };
-    alta(u"ax1"_s, u""_s);
-    alta(u"ax1"_s, u"03"_s);
-    try {
-        alta(u"AX1"_s, u"03"_s);
-        FAIL() << "the same key in capitals was taken";
-    } catch (const ErrorBase& error) {
-        EXPECT_TRUE(error.Es(NumeroError::ClaveDuplicada));
-    }
-}
-
 TEST_F(SchemaTest, MissingStepsAreMadeOverTheDataThatIsThere) {
     Escribe(u"0001_uno.sql"_s, "-- it's one\nCREATE TABLE UNO (a TEXT);\n");
     EXPECT_EQ(AplicaPasos().resultado, ResultadoEsquema::Creado);

@@ -18,7 +18,7 @@ const QStringList kTablas = {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u
 class Sending : public testing::Test {
   protected:
     /// One row in every table; its texts are the columns' own names, so that a swap would show.
-    void Graba(const QString& periodo, int estado = 0) {
+    void Graba(const QString& periodo) {
         for (const QString& tabla : kTablas) {
             const Tabla& forma = base->Describe(tabla);
             Registro fila(forma);
@@ -26,7 +26,7 @@ class Sending : public testing::Test {
                 fila.Pon(i, forma.columnas[i].entera ? QVariant(6) : QVariant(forma.columnas[i].nombre));
             fila.Pon(u"Doc_id_d", kRuc).Pon(u"periodo", periodo).Pon(u"Formulario", kNumFormulario);
             if (tabla == u"CAB")
-                fila.Pon(u"estado", estado).Pon(u"bcolibrad", QVariant());
+                fila.Pon(u"estado", 0).Pon(u"bcolibrad", QVariant());
             if (tabla == u"F518PDETCP")
                 fila.Pon(u"mto_detcp", u"7.50"_s);
             AgregaConChecksum(*base, fila);
@@ -83,19 +83,6 @@ TEST_F(Sending, NumbersOfADeletedCopyAreNotGivenAgain) {
     ASSERT_TRUE(nueva.veredicto);
     EXPECT_EQ(nueva.correl, u"2"_s);
     EXPECT_GT(nueva.control, borrada.control);
-}
-
-TEST_F(Sending, RefusedWithItsReasonAndNothingMoved) {
-    Graba(u"202609"_s, 9);
-    const ResultadoEnvio inconsistente = Envia(u"202609"_s);
-    EXPECT_FALSE(inconsistente.veredicto);
-    EXPECT_TRUE(inconsistente.veredicto.mensaje->texto.contains(u"inconsistencias"_s));
-    const ResultadoEnvio ausente = Envia(u"202611"_s);
-    EXPECT_FALSE(ausente.veredicto);
-    EXPECT_TRUE(ausente.veredicto.mensaje->texto.contains(u"No existe"_s));
-    EXPECT_EQ(Cuenta(u"CAB"_s), 1);
-    EXPECT_EQ(Cuenta(u"HCAB"_s), 0);
-    EXPECT_EQ(Cuenta(u"PARAM"_s), 0);
 }
 
 // The last row of the last table can't be summed: all that was moved before it must come back.

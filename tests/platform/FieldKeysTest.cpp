@@ -47,19 +47,17 @@ class FieldKeysTest : public testing::Test {
 };
 
 TEST_F(FieldKeysTest, FiltersByName) {
-    struct Caso {
+    const struct {
         const char* nombre;
         void (*pone)(QLineEdit&);
-        QString teclas;
-        QString queda;
-    };
-    const QList<Caso> casos = {
+        QString teclas, queda;
+    } casos[] = {
         {"digits", SoloDigitos, u"a1 2.3ñ٣-"_s, u"123"_s},
         {"number", SoloNumero, u"a1 2.3-"_s, u"123"_s},
         {"name", SoloNombre, u"ab Ññáé'c.9-"_s, u"AB C9"_s},
         {"amount", [](QLineEdit& campo) { SoloMonto(campo); }, u"1,2.3.4x"_s, u"12.34"_s},
     };
-    for (const Caso& caso : casos) {
+    for (const auto& caso : casos) {
         QLineEdit campo;
         caso.pone(campo);
         Escribe(campo, caso.teclas);

@@ -81,10 +81,7 @@ TEST_F(AnnexReport, GivesEveryVoucherItsLineAndEveryFurtherPaymentVoucherItsOwn)
 TEST_F(AnnexReport, ShowsTheFlagsOfItsPeriod) {
     const ComprobanteImpreso comprobante{u"P001", u"1", u"01/02/2008", u"1", u"2", u"1", u"0", u"1", u"9", {}};
     const struct {
-        QString periodo;
-        QString banderas;
-        QString titulo;
-        QString segundo;
+        QString periodo, banderas, titulo, segundo;
     } casos[] = {{u"200802"_s, u"     NO     SI      -"_s, u"CRED.  LISTA INSTRU"_s, u"FISCAL ZOLMA  PAGO"_s},
                  {u"200803"_s, u"     NO      -     SI"_s, u"CRED.  ZONA  LISTA "_s, u"FISCAL EMERG ZOLMA"_s}};
     for (const auto& [periodo, banderas, titulo, segundo] : casos) {
@@ -124,10 +121,7 @@ TEST_F(AnnexReport, PassesOverVouchersWithoutClientAndCopiesOfOthers) {
 }
 
 TEST_F(AnnexReport, TurnsItsPagesAndClosesOnANewOneWhenTheLastIsNearlyFull) {
-    const struct {
-        int comprobantes;
-        int hojas;
-    } casos[] = {{31, 1}, {32, 2}, {37, 2}, {38, 2}};
+    const struct { int comprobantes, hojas; } casos[] = {{31, 1}, {32, 2}, {37, 2}, {38, 2}};
     for (const auto& [comprobantes, hojas] : casos) {
         taller.Vacia();
         taller.Cabecera({{u"501"_s, u"1"_s}});

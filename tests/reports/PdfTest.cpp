@@ -4,10 +4,9 @@
 #include "values/Error.h"
 
 #include <QFile>
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QGuiApplication>
-#include <QImage>
-#include <QPainter>
 #include <QRegularExpression>
 
 #include <gmock/gmock.h>
@@ -112,17 +111,4 @@ TEST_F(Pdf, WritesInAFontOfTheMeantWidth) {
     const qreal ancho = QFontMetricsF(fuente).horizontalAdvance(QString(100, u'W'));
     EXPECT_NEAR(ancho, QFontMetricsF(fuente).horizontalAdvance(QString(100, u'i')), 1);
     EXPECT_NEAR(ancho, 9602, 48) << qPrintable(QFontInfo(fuente).family());
-}
-
-TEST_F(Pdf, PaintsAPageWithItsBoxesAtTheirTwips) {
-    EscribeEn(Ruta(u"a.PRN"_s), kInforme);
-    const auto abierto = InformeSpool::Abre(Ruta(u"a.PRN"_s));
-    QImage hoja(TamanoHoja(false) / 10, QImage::Format_RGB32);
-    hoja.fill(Qt::white);
-    QPainter pintor(&hoja);
-    PintaPagina(pintor, *abierto, 0, hoja.width());
-    pintor.end();
-    const auto negro = [&](int x, int y) { return hoja.pixelColor((x + 360) / 10, (y + 360) / 10).lightness() < 128; };
-    EXPECT_TRUE(negro(150, 1000) && negro(1700, 1000) && negro(900, 300) && negro(900, 1640));
-    EXPECT_FALSE(negro(900, 1500));
 }

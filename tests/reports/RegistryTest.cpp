@@ -31,14 +31,6 @@ TEST(Registry, NumbersFilesAcrossTheTableAndReportsWithinTheirCode) {
                             u"PER006|000002|00000099.PRN|2026-02-09 18:04:05|ANA|6|20990518018"_s));
 }
 
-TEST(Registry, KeepsItsRowWhenTheReportCantBeWritten) {
-    Taller taller;
-    taller.Cabecera({});
-    QDir(taller.proceso.rutaRPT).removeRecursively();
-    EXPECT_THROW(static_cast<void>(ImprimeDeclaracion(taller.proceso, taller.clave, false)), Error);
-    EXPECT_THAT(taller.Filas(u"SELECT CodRep, Archivo FROM SPOOL"_s), ElementsAre(u"PER006|00000001.PRN"_s));
-}
-
 namespace {
 
 constexpr int kPorPrograma = 40;
