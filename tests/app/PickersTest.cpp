@@ -238,5 +238,18 @@ TEST_F(DeletionTest, ThatFailsChangesNothing) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
+TEST_F(PickersTest, TheRowThatAButtonActsOnAlwaysShows) {
+    Registradas();
+    const auto lista = Abre<FrmContAbrir>(kEliminar);
+    GrillaDeLectura& grilla = Grilla(*lista);
+    const QRect segunda = grilla.visualRect(grilla.model()->index(1, 1));
+    QTest::mouseClick(grilla.viewport(), Qt::LeftButton, {}, segunda.center());
+    QTest::mouseClick(grilla.viewport(), Qt::LeftButton, {}, grilla.viewport()->rect().bottomLeft());
+    EXPECT_TRUE(grilla.selectionModel()->isRowSelected(1));
+    QTest::mouseClick(grilla.viewport(), Qt::LeftButton, Qt::ControlModifier, segunda.center());
+    EXPECT_TRUE(grilla.selectionModel()->isRowSelected(1));
+    EXPECT_EQ(grilla.Fila(), 1);
+}
+
 } // namespace
 } // namespace xa518

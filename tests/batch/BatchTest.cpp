@@ -155,6 +155,7 @@ TEST_F(Batch, RefusesWithoutWritingAnything) {
          u"declarar --ruc 20990518018 --periodo 202612 --hoy 21/11/2026"_s,
          {},
          u"El período no es válido."_s},
+        {"unknown bank", u"declarar"_s + kClave + u" --cheque 0017 --banco ZZ"_s, {}, u"no está en el catálogo"_s},
         {"nothing to validate", u"validar --ruc 20990518018 --periodo 202608"_s, {}, u"No hay una declaración"_s},
         {"too few fields", declarar, "06|20100000009|\n", u"no tiene el número de campos correctos"_s},
         {"no final separator", declarar, QByteArray(18, '|') + "x\n", u"debe terminar con el separador |"_s},
@@ -169,6 +170,43 @@ TEST_F(Batch, RefusesWithoutWritingAnything) {
         EXPECT_TRUE(m_errores.contains(mensaje)) << nombre << ": " << qPrintable(m_errores);
         EXPECT_EQ(Cuenta(u"F518PDET"_s) + Cuenta(u"TMPF518PDET"_s), 300) << nombre;
     }
+}
+
+/// The program itself, because it has to make do without a display.
+TEST_F(Batch, PrintsWithNoDisplay) {
+    const auto imprime = [this](const QString& opciones) {
+        QProcess lote;
+        QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
+        for (const QString& pantalla : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"QT_QPA_PLATFORM"_s, u"XDG_RUNTIME_DIR"_s})
+            entorno.remove(pantalla);
+        entorno.insert(u"XDG_CONFIG_HOME"_s, m_carpeta.filePath(u"conf"_s));
+        lote.setProcessEnvironment(entorno);
+        lote.setWorkingDirectory(m_carpeta.path());
+        lote.start(QStringLiteral(XA518_LOTE), opciones.split(u' ', Qt::SkipEmptyParts));
+        EXPECT_TRUE(lote.waitForFinished());
+        m_errores = QString::fromUtf8(lote.readAllStandardError());
+        return lote.exitCode();
+    };
+    const auto hojas = [this](const QString& pdf) {
+        QFile archivo(m_carpeta.filePath(pdf));
+        return archivo.open(QIODevice::ReadOnly) ? archivo.readAll().count("/Type /Page\n") : -1;
+    };
+    EXPECT_EQ(imprime(u"declarar"_s + kClave + u" --efectivo --pdf pdf --percepciones "_s + Ejemplo()), 0);
+    EXPECT_EQ(m_errores, QString());
+    EXPECT_EQ(hojas(u"pdf/051820990518018202609.pdf"_s), 4); // 60 clients on pages of 20, and the totals
+    const qsizetype anexo = hojas(u"pdf/051820990518018202609-anexo.pdf"_s);
+    EXPECT_GT(anexo, 1);
+    EXPECT_EQ(imprime(u"imprimir"_s + kClave + u" --anexos --pdf junto.pdf"_s), 0);
+    EXPECT_EQ(hojas(u"junto.pdf"_s), 4 + anexo);
+
+    const qint64 registrados = Cuenta(u"SPOOL"_s);
+    EXPECT_EQ(imprime(u"imprimir"_s + kClave + u" --enviada 7 --pdf otro.pdf"_s), 2);
+    EXPECT_EQ(imprime(u"imprimir"_s + kClave + u" --pdf no/hay/otro.pdf"_s), 3);
+    EXPECT_EQ(hojas(u"otro.pdf"_s), -1);
+    EXPECT_EQ(Cuenta(u"SPOOL"_s), registrados);
+    Base::Abre(Casa() + u"/XA000.DB"_s)->Ejecuta(u"UPDATE DET SET i_valor = '0' WHERE Casilla = '501'"_s);
+    EXPECT_EQ(imprime(u"imprimir"_s + kClave + u" --anexos --pdf solo.pdf"_s), 1);
+    EXPECT_GE(hojas(u"solo.pdf"_s), 1);
 }
 
 TEST_F(Batch, TellsWhatFailed) {

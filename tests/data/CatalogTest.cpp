@@ -18,7 +18,7 @@ class CatalogTest : public BaseDePrueba {
         m_base->Ejecuta(u"INSERT OR REPLACE INTO PARAM VALUES ('044',?,?,0)"_s, {tipo, fila});
     }
     void Documentos() const {
-        Documento(u"1"_s, u"DNI"_s, u" 8"_s, u"02"_s, u"0 1"_s, u"11"_s);
+        Documento(u"1"_s, u"DNI"_s, u"08"_s, u"02"_s, u"0 1"_s, u"11"_s);
         Documento(u"4"_s, u"CARNE EXT. LARGO"_s, u"12"_s, u"03"_s, u"5 0"_s);
         Documento(u"7"_s, u"PASAPORTE"_s, u"12"_s, u"01"_s, u"5 0"_s);
     }
@@ -57,7 +57,7 @@ TEST_F(CatalogTest, DocumentsAreOfferedByFlagInTheOrderOfTheirKey) {
     };
     const QStringList esperados = {
         u"07  -  "_s + u"PASAPORTE"_s.leftJustified(60) + u"12 5 0"_s,
-        u"01  -  "_s + u"DNI"_s.leftJustified(60) + u" 8 0 1"_s,
+        u"01  -  "_s + u"DNI"_s.leftJustified(60) + u"08 0 1"_s,
         u"04  -  "_s + u"CARNE EXT. "_s.leftJustified(60) + u"12 5 0"_s,
     };
     EXPECT_EQ(items(49), esperados);

@@ -82,7 +82,7 @@ TEST_F(OpeningTest, TheWorkgroupAdmitsItsAccountAndNoOther) {
         return NumeroDe([&] { grupo.Verifica({usuario, clave}); });
     };
     EXPECT_EQ(numero(u"usuario1"_s, u"clave001"_s), 3028);
-    grupo.Crea({u"usuario1"_s, u"clave001"_s});
+    grupo.Admite({u"usuario1"_s, u"clave001"_s});
     EXPECT_EQ(numero(u"usuario1"_s, u"clave001"_s), 0);
     EXPECT_EQ(numero(u"usuario1"_s, u"clave002"_s), 3029);
     EXPECT_EQ(numero(u"usuario2"_s, u"clave001"_s), 3029);
