@@ -33,10 +33,8 @@ struct Trabajo {
 };
 
 std::shared_ptr<Taller> HazTaller(const Trabajo& trabajo) {
-    const auto taller = std::make_shared<Taller>(Tamanio{trabajo.lineas, trabajo.lineas / 5, trabajo.lineas / 2});
-    if (trabajo.estropeado)
-        taller->EstropeaArchivo();
-    return taller;
+    return std::make_shared<Taller>(Tamanio{trabajo.lineas, trabajo.lineas / 5, trabajo.lineas / 2},
+                                    !trabajo.estropeado);
 }
 
 void ExigeFilas(Proceso& proceso, const Trabajo& trabajo) {
