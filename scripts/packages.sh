@@ -10,6 +10,7 @@ packages_build=(
   ccache
   qt6-base-dev
   libxcb1-dev # finds the launcher's window
+  qt6-translations-l10n # the toolkit's own windows in Spanish, loaded at run time
   libqt6sql6-sqlite # the database driver, which Qt loads at run time
   libsqlite3-dev
   libsodium-dev
@@ -22,7 +23,11 @@ packages_test=(
   libgmock-dev
   clang-format
   python3
-  xvfb # the window search is tried against real windows
+  poppler-utils # reads printed pages back
+  xvfb # the programs with windows are tried on a screen of the tests' own
+  openbox
+  xdotool
+  imagemagick # pictures of that screen
 )
 
 packages_fuzz=(

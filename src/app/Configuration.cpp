@@ -62,7 +62,7 @@ void AbrirBase(Proceso& proceso, const ArchivoPerfil& perfil) {
 }
 
 void ExigeInstalacion(const ArchivoPerfil& perfil) {
-    if (!QFileInfo::exists(perfil.Ruta()))
+    if (!perfil.Existe())
         throw Error(NumeroError::ArchivoNoEncontrado,
                     u"No se encuentra '%1'. Ejecute primero consola --instalar."_s.arg(perfil.Ruta()));
     for (const QString& clave : {u"SysPath"_s, u"DBPath"_s, u"DBName"_s}) {

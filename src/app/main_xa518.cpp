@@ -7,6 +7,7 @@
 #include "import/frmTransferencia.h"
 #include "platform/Application.h"
 #include "platform/Clock.h"
+#include "platform/HourGlass.h"
 #include "platform/NoticeBoxes.h"
 #include "platform/SingleInstance.h"
 #include "platform/SystemWindows.h"
@@ -26,11 +27,13 @@ namespace {
 /// The client dialog over the declaration form, on the row of its grid.
 void AbreCliente(Proceso& proceso, Avisos& avisos, Forma& sobre, const ClaveDeclaracion& clave,
                  const std::optional<ClienteElegido>& cliente) {
+    RelojDeArena reloj;
     std::optional<FilaCliente> fila;
     if (cliente)
         fila = FilaCliente{cliente->tipDocPer, cliente->numDocPer, cliente->desRazon,
                            cliente->apellidoP, cliente->apellidoM, cliente->nombres};
     FrmAgePer dialogo(proceso, avisos, clave.periodo.mid(4) + u'/' + clave.periodo.left(4), fila, &sobre);
+    reloj.Suelta();
     sobre.AbreModal(dialogo);
 }
 

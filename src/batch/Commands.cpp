@@ -6,6 +6,7 @@
 #include "batch/Session.h"
 #include "data/Catalog.h"
 #include "data/DocumentTypes.h"
+#include "data/WorkLock.h"
 #include "data/WorkTables.h"
 #include "declaration/ClientGrid.h"
 #include "declaration/Consistency.h"
@@ -36,6 +37,14 @@ void ExigeDeclarante(Proceso& proceso, const QString& ruc) {
                     [&](const DeclaranteOfrecido& ofrecido) { return ofrecido.ruc == ruc; }))
         return;
     throw RechazaCon(u"El declarante %1 no está registrado para el usuario «%2»."_s.arg(ruc, proceso.sysUser));
+}
+
+/// The form offers no other banks.
+void ExigeBanco(Base& base, const QString& banco) {
+    const QList<BancoOfrecido> bancos = BancosOfrecidos(base);
+    if (!banco.isEmpty() && std::none_of(bancos.begin(), bancos.end(),
+                                         [&](const BancoOfrecido& ofrecido) { return ofrecido.codigo == banco; }))
+        throw RechazaCon(u"El banco «%1» no está en el catálogo."_s.arg(banco));
 }
 
 ClaveDeclaracion ClaveDe(Proceso& proceso, const Argumentos& argumentos) {
@@ -82,19 +91,27 @@ QList<CasillaGrabada> CasillasGrabadas(Base& base, const ClaveDeclaracion& clave
     return casillas;
 }
 
+/// Their file is a copy of what is told anyway: when it can't be written the declaration stands all the same.
 void AnotaInconsistencias(Proceso& proceso, const Declaracion& declaracion, Informe& informe) {
     informe.inconsistencias = Inconsistencias(declaracion);
-    const QString ruta = RutaMens(proceso.sysPath, proceso.numFormulario);
-    EscribeMens(ruta, *informe.inconsistencias);
-    if (!informe.inconsistencias->isEmpty()) {
+    if (!informe.inconsistencias->isEmpty())
         informe.codigo = kSalidaObservaciones;
-        informe.archivos.append(ruta);
+    const QString ruta = RutaMens(proceso.sysPath, proceso.numFormulario);
+    try {
+        EscribeMens(ruta, *informe.inconsistencias);
+        if (!informe.inconsistencias->isEmpty())
+            informe.archivos.append(ruta);
+    } catch (const Error& error) {
+        informe.codigo = kSalidaObservaciones;
+        informe.mensajes.append({Icono::Exclamacion, error.Texto(), {}});
     }
 }
 
 Informe Importar(Proceso& proceso, const Argumentos& argumentos, ObservadorImportacion& avance) {
     Informe informe;
-    CargaTrabajo(proceso, argumentos, ClaveDe(proceso, argumentos), avance, informe);
+    const ClaveDeclaracion clave = ClaveDe(proceso, argumentos);
+    const TrabajoUnico trabajo(*proceso.baseDatos);
+    CargaTrabajo(proceso, argumentos, clave, avance, informe);
     return informe;
 }
 
@@ -103,16 +120,18 @@ Informe Declarar(Proceso& proceso, const Argumentos& argumentos, ObservadorImpor
     Declaracion declaracion;
     declaracion.clave = ClaveDe(proceso, argumentos);
     Exige(RechazaRucDeOcho(declaracion.clave.ruc), {});
-    if (argumentos.pdf)
-        PreparaCarpeta(*argumentos.pdf);
+    ExigeBanco(base, argumentos.banco);
+    const TrabajoUnico trabajo(base);
     Informe informe;
     CargaTrabajo(proceso, argumentos, declaracion.clave, avance, informe);
+    if (argumentos.pdf)
+        PreparaCarpeta(*argumentos.pdf);
     CargaCasillas(base, declaracion);
     RefrescaTotales(base, declaracion);
     LlenaMontos(declaracion, argumentos);
     LlenaPago(declaracion, argumentos);
-    AnotaInconsistencias(proceso, declaracion, informe);
     const ResultadoGrabacion grabacion = GrabaDeclaracion(base, declaracion, proceso.reloj.Hoy());
+    AnotaInconsistencias(proceso, declaracion, informe);
     informe.estado = grabacion.estado;
     informe.casillas = CasillasGrabadas(base, declaracion.clave);
     informe.mensajes += grabacion.mensajes;

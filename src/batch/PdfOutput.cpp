@@ -6,7 +6,6 @@
 #include "platform/Clock.h"
 #include "reports/PdfFile.h"
 #include "reports/RunReport.h"
-#include "reports/SpoolRegistry.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -17,48 +16,49 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-DatosDeclaracion ExigeDatos(Proceso& proceso, const ClaveDeclaracion& clave) {
-    std::optional<DatosDeclaracion> datos = CargarCasillas(*proceso.baseDatos, clave);
-    if (!datos)
-        throw Rechazo{NoExisteDeclaracion(clave)};
-    return *datos;
+/// By way of spool files, so that the launcher lists what was printed.
+InformesEmitidos Emite(Proceso& proceso, const ClaveDeclaracion& clave, bool anexos) {
+    InformesEmitidos emitidos = ImprimeDeclaracion(proceso, clave, anexos);
+    if (emitidos.rutas.isEmpty())
+        throw Rechazo{*emitidos.veredicto.mensaje};
+    return emitidos;
 }
 
-/// By way of spool files, so that the launcher lists what was printed.
-void Escribe(Proceso& proceso, const QList<PedidoDeclaracion>& pedidos, const QString& rutaPdf, Informe& informe) {
-    QStringList spools;
-    for (const PedidoDeclaracion& pedido : pedidos)
-        spools.append(RutaDeInforme(proceso.rutaRPT, EscribeInforme(proceso, pedido)));
-    EscribePdf(spools, rutaPdf, {TituloDe(pedidos.constFirst()), proceso.sysUser, proceso.reloj.Ahora()});
+void Escribe(const Proceso& proceso, const QStringList& spools, const QString& titulo, const QString& rutaPdf,
+             Informe& informe) {
+    EscribePdf(spools, rutaPdf, {titulo, proceso.sysUser, proceso.reloj.Ahora()});
     informe.archivos.append(rutaPdf);
+}
+
+void ExigeCarpeta(const QString& carpeta) {
+    if (const QFileInfo datos(carpeta); !datos.isDir() || !datos.isWritable())
+        throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir en la carpeta '%1'."_s.arg(carpeta));
 }
 
 } // namespace
 
 void PreparaCarpeta(const QString& carpeta) {
-    if (!QDir().mkpath(carpeta) || !QFileInfo(carpeta).isWritable())
-        throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir en la carpeta '%1'."_s.arg(carpeta));
+    QDir().mkpath(carpeta);
+    ExigeCarpeta(carpeta);
 }
 
 void ImprimeEnPdf(Proceso& proceso, const ClaveDeclaracion& clave, bool anexos, const QString& rutaPdf,
                   Informe& informe) {
-    const DatosDeclaracion datos = ExigeDatos(proceso, clave);
-    QList<PedidoDeclaracion> pedidos{{datos, false}};
-    if (const Veredicto veredicto = ValidaAnexos(datos); anexos && !veredicto) {
+    ExigeCarpeta(QFileInfo(rutaPdf).path()); // before any report is registered
+    const InformesEmitidos emitidos = Emite(proceso, clave, anexos);
+    if (!emitidos.veredicto) {
         informe.codigo = kSalidaObservaciones;
-        informe.mensajes.append(*veredicto.mensaje);
-    } else if (anexos) {
-        pedidos.append({datos, true});
+        informe.mensajes.append(*emitidos.veredicto.mensaje);
     }
-    Escribe(proceso, pedidos, rutaPdf, informe);
+    Escribe(proceso, emitidos.rutas, TituloDe(clave, false), rutaPdf, informe);
 }
 
 void DejaPdf(Proceso& proceso, const ClaveDeclaracion& clave, const QString& carpeta, Informe& informe) {
-    const DatosDeclaracion datos = ExigeDatos(proceso, clave);
+    const InformesEmitidos emitidos = Emite(proceso, clave, true);
     const QString nombre = QDir(carpeta).filePath(clave.formulario + clave.ruc + clave.periodo);
-    Escribe(proceso, {{datos, false}}, nombre + u".pdf"_s, informe);
-    if (ValidaAnexos(datos))
-        Escribe(proceso, {{datos, true}}, nombre + u"-anexo.pdf"_s, informe);
+    Escribe(proceso, {emitidos.rutas.first()}, TituloDe(clave, false), nombre + u".pdf"_s, informe);
+    if (emitidos.veredicto)
+        Escribe(proceso, {emitidos.rutas.last()}, TituloDe(clave, true), nombre + u"-anexo.pdf"_s, informe);
 }
 
 } // namespace xa518

@@ -26,19 +26,23 @@ constexpr int kInicioTipoDato = 128;
 constexpr int kInicioTipoLongitud = 130;
 
 TipoDocumento Corta(const QString& codigo, QStringView funcion) {
-    return {codigo, Mid(funcion, kInicioCorto, kLargoCorto).toString(), Recorta(Mid(funcion, kInicioLargo, 2)).toInt(),
+    return {codigo, Mid(funcion, kInicioCorto, kLargoCorto).toString(), Mid(funcion, kInicioLargo, 2).toString(),
             Mid(funcion, kInicioTipoDato, 1).toString(), Mid(funcion, kInicioTipoLongitud, 1).toString()};
 }
 
 bool LargoValido(const TipoDocumento& tipo, qsizetype largo) {
-    return Decimal::Valor(tipo.tipoLongitud).Signo() == 0 ? largo <= tipo.largo : largo == tipo.largo;
+    return Decimal::Valor(tipo.tipoLongitud).Signo() == 0 ? largo <= tipo.Largo() : largo == tipo.Largo();
 }
 
 } // namespace
 
+int TipoDocumento::Largo() const {
+    return Recorta(lenDoc).toInt();
+}
+
 QString TipoDocumento::Item() const {
-    const QString ancho = QString::number(largo).rightJustified(2, u' ');
-    return codigo + u"  -  "_s + corto.leftJustified(60, u' ', true) + ancho + u' ' + tipoDato + u' ' + tipoLongitud;
+    return codigo + u"  -  "_s + corto.leftJustified(60, u' ', true) + lenDoc.leftJustified(2, u' ') + u' ' + tipoDato +
+           u' ' + tipoLongitud;
 }
 
 QList<TipoDocumento> DocumentosOfrecidos(Base& base, int posFlag) {
@@ -81,7 +85,7 @@ ConsultaSql SqlDeclarantes(Base& base, const QString& formulario, const QString&
     const QString guardada = catalogo.Funcion(u"044"_s, u"6"_s);
     const TipoDocumento ruc = Corta(u"06"_s, guardada.isEmpty() ? FilaRucPorDefecto() : guardada);
     ConsultaSql consulta{u" SELECT * FROM CONT  WHERE Tip_doc_d=6 "_s, {}};
-    if (ruc.largo == 11 && ruc.tipoLongitud == u"1")
+    if (ruc.Largo() == 11 && ruc.tipoLongitud == u"1")
         consulta.texto += u" AND len(trim(Doc_id_d))=11 ";
     if (formulario == u"0275") // the sibling form; never taken by this one, but the family shares the rule
         consulta.texto += u" AND Tipo_Ingreso=2 ";

@@ -13,9 +13,11 @@ class Base;
 struct TipoDocumento {
     QString codigo;       ///< two digits, "06" is the RUC
     QString corto;        ///< short name, 11 characters at most
-    int largo = 0;        ///< LenDoc: length of the number
+    QString lenDoc;       ///< length of the number, two characters as the row has them
     QString tipoDato;     ///< column 128, "0" or another
     QString tipoLongitud; ///< column 130, "0" a maximum, otherwise exact
+
+    [[nodiscard]] int Largo() const; ///< of the number; 0 when the row tells none
 
     /// The item of the lists: code, short name in 60 characters and the tail of length and flags from which the
     /// dialogs read the rules of the chosen type back.

@@ -58,7 +58,7 @@ int NumeroDe(int codigo, const QString& motor) {
     }
     if (motor.contains("no such table"_L1))
         return static_cast<int>(NumeroError::TablaNoExiste);
-    if (motor.contains("no such column"_L1))
+    if (motor.contains("no such column"_L1) || motor.contains("has no column named"_L1))
         return static_cast<int>(NumeroError::CampoNoExiste);
     return codigo;
 }

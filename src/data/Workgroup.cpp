@@ -63,8 +63,11 @@ void GrupoTrabajo::Verifica(const Cuenta& cuenta) const {
         throw ErrorBase(NumeroError::CuentaRechazada, u"El archivo de grupo de trabajo no admite la cuenta."_s);
 }
 
-void GrupoTrabajo::Crea(const Cuenta& cuenta) const {
-    const QJsonObject cuentas{{cuenta.usuario, QString::fromLatin1(HashDe(cuenta.clave))}};
+void GrupoTrabajo::Admite(const Cuenta& cuenta) const {
+    QJsonObject cuentas;
+    if (QFile anterior(m_ruta); anterior.open(QIODevice::ReadOnly))
+        cuentas = QJsonDocument::fromJson(anterior.readAll()).object();
+    cuentas.insert(cuenta.usuario, QString::fromLatin1(HashDe(cuenta.clave)));
     const QByteArray bytes = QJsonDocument(cuentas).toJson();
     QSaveFile archivo(m_ruta);
     const bool escrito = archivo.open(QIODevice::WriteOnly) &&

@@ -22,8 +22,8 @@ class GrupoTrabajo {
     /// account or a wrong password.
     void Verifica(const Cuenta& cuenta) const;
 
-    /// Writes a file with that one account, private to the user.
-    void Crea(const Cuenta& cuenta) const;
+    /// Lets the account in, whatever its password was before. The file is made when it is missing, private to the user.
+    void Admite(const Cuenta& cuenta) const;
 
   private:
     QString m_ruta;

@@ -19,6 +19,7 @@
 #include "platform/WidgetHelpers.h"
 #include "values/Text.h"
 
+#include <QScopeGuard>
 #include <QTabBar>
 
 #include <utility>
@@ -60,7 +61,8 @@ Frm518::Frm518(Proceso& proceso, Avisos& avisos, BarradeEstadoQMD& barra, Dialog
     , m_barra(barra)
     , m_dialogos(std::move(dialogos))
     , m_elegida(elegida)
-    , m_ui(std::make_unique<Ui::Frm518>()) {
+    , m_ui(std::make_unique<Ui::Frm518>())
+    , m_trabajo(BaseDatos()) {
     m_ui->setupUi(this);
     Prepara({m_ui->CmdCancelar});
     Conecta();
@@ -172,6 +174,8 @@ void Frm518::LeePaginas() {
 
 void Frm518::AlActivar() {
     RefrescaGrilla();
+    if (!focusWidget()) // it opens: the first key belongs to the page, not to the tabs above it
+        EnfocaPrimerCampo();
     m_ui->PaginaIdentificacion->EnfocaOrden();
 }
 
@@ -252,10 +256,10 @@ void Frm518::AlRectificar(bool si) {
 }
 
 void Frm518::AlCambiarPestania(int nueva) {
+    PonContextoAyuda(AyudaDe(nueva));
     if (m_volviendo)
         return;
     m_ui->PaginaDeuda->DejaCasilla402();
-    PonContextoAyuda(AyudaDe(nueva));
     const bool vale = PestaniaVale(nueva);
     // Entering the detail freezes the key of a new declaration; the page of the debt doesn't.
     if (vale && EsNueva() && nueva == Percepciones)
@@ -265,7 +269,15 @@ void Frm518::AlCambiarPestania(int nueva) {
         EnfocaPrimerCampo();
 }
 
+/// A base that fails in the middle of the check counts as a refusal: nobody goes on unchecked.
 bool Frm518::PestaniaVale(int nueva) {
+    auto siFalla = qScopeGuard([this] { VuelveAIdentificacion(); });
+    const bool vale = ClaveVale(nueva);
+    siFalla.dismiss();
+    return vale;
+}
+
+bool Frm518::ClaveVale(int nueva) {
     if (!Acata(ValidaClaveElegida(m_ui->PaginaIdentificacion->Lee())))
         return false;
     return nueva == Identificaciones || IdentificacionVale();

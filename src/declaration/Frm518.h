@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/WorkLock.h"
 #include "declaration/Declaration.h"
 #include "platform/FieldFocus.h"
 #include "platform/Form.h"
@@ -99,6 +100,7 @@ class Frm518 : public Forma {
     void AlRectificar(bool si);
     void AlCambiarPestania(int nueva);
     [[nodiscard]] bool PestaniaVale(int nueva);
+    [[nodiscard]] bool ClaveVale(int nueva);
     void EnfocaPrimerCampo();
     void Opcion(int indice);
     [[nodiscard]] bool AtiendeOpcion(int indice);
@@ -118,6 +120,7 @@ class Frm518 : public Forma {
     DeclaracionElegida m_elegida;
     std::unique_ptr<Ui::Frm518> m_ui;
 
+    TrabajoUnico m_trabajo; ///< the work tables are this form's while it lives
     Declaracion m_declaracion;
     bool m_modificado = false; ///< changed by the person since the load or the last save
     bool m_cargando = true;    ///< silences the reminder of the rectification

@@ -60,13 +60,13 @@ bool Frm518::AtiendeOpcion(int indice) {
 }
 
 bool Frm518::EliminaCliente() {
+    const RelojDeArena reloj; // a message box shows the arrow above it
     const std::optional<ClienteElegido> cliente = m_ui->PaginaPercepcion->Elegido();
     if (!cliente)
         return false;
     const Mensaje pregunta{Icono::Pregunta, u"¿Confirma que va a eliminar la información?"_s, {}};
     if (m_avisos.Pregunta(pregunta, Respuesta::No) == Respuesta::No)
         return false;
-    const RelojDeArena reloj;
     TablasTrabajo(BaseDatos()).EliminaCliente(cliente->tipDocPer.toInt(), cliente->numDocPer);
     RefrescaGrilla();
     m_ui->PaginaPercepcion->PonPrimeraFila();

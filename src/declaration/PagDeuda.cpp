@@ -48,6 +48,7 @@ void PagDeuda::ConectaCasilla(int casilla) {
     SinPegar(campo);
     LimitaTecleo(campo, kCifrasDeCasilla);
     AlTeclear(campo, [this] { Q_EMIT Tocado(); });
+    connect(&campo, &QLineEdit::textEdited, this, &PagDeuda::Tocado); // what a shortcut cuts is a change as well
     FormatosDeFoco(
         campo, [casilla](const QString& texto) { return TextoAlEntrar(casilla, texto); },
         [casilla](const QString& texto) { return TextoAlSalir(casilla, texto); });

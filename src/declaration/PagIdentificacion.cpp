@@ -60,6 +60,7 @@ void PagIdentificacion::ConectaCampos() {
     SoloDigitos(*m_ui->MkePeriodo);
     SinPegar(*m_ui->MkePeriodo, Gesto::ShiftInsert | Gesto::TeclaMenu);
     AlTeclear(*m_ui->MkePeriodo, [this] { Q_EMIT Tocado(); });
+    connect(m_ui->MkePeriodo, &QLineEdit::textEdited, this, &PagIdentificacion::Tocado);
     for (QLineEdit* campo : {m_ui->TxtNumOrdenE_0, m_ui->TxtNumOrdenE_1}) {
         EntrarComoTab(*campo);
         SoloNumero(*campo);

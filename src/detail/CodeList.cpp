@@ -57,9 +57,17 @@ QString ListaCodigos::Codigo() const {
 }
 
 bool ListaCodigos::Elige(const QString& codigo) {
-    const Decimal valor = Decimal::Valor(codigo);
+    return EligeSi([&codigo](const QString& otro) { return otro == codigo; });
+}
+
+bool ListaCodigos::EligePorValor(const QString& codigo) {
+    return EligeSi([valor = Decimal::Valor(codigo)](const QString& otro) { return Decimal::Valor(otro) == valor; });
+}
+
+template <typename Condicion>
+bool ListaCodigos::EligeSi(const Condicion& esEste) {
     for (int i = 0; i < count(); ++i) {
-        if (Decimal::Valor(CodigoDeItem(itemData(i).toString())) == valor) {
+        if (esEste(CodigoDeItem(itemData(i).toString()))) {
             setCurrentIndex(i);
             return true;
         }

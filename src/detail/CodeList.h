@@ -24,8 +24,10 @@ class ListaCodigos : public QComboBox {
     [[nodiscard]] QString Item() const { return currentData().toString(); }
     [[nodiscard]] QString Codigo() const;
 
-    /// Chooses the item of a code compared by value; false, and no other choice, when there is none.
+    /// Chooses the item of that code; false, and no other choice, when there is none.
     bool Elige(const QString& codigo);
+    /// The same with codes compared by value, "6" and "06" being one.
+    bool EligePorValor(const QString& codigo);
 
   Q_SIGNALS:
     /// An item was chosen, by the person or by the program.
@@ -38,6 +40,8 @@ class ListaCodigos : public QComboBox {
     void paintEvent(QPaintEvent* evento) override;
 
   private:
+    template <typename Condicion>
+    bool EligeSi(const Condicion& esEste);
     void Teclea(QChar digito);
 
     int m_visiblesCerrada;

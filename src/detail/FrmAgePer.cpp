@@ -105,7 +105,7 @@ void FrmAgePer::ConectaBotones() {
 }
 
 void FrmAgePer::MuestraCliente(const FilaCliente& fila) {
-    m_ui->CmbTipDoc->Elige(fila.tipDocPer);
+    m_ui->CmbTipDoc->EligePorValor(fila.tipDocPer);
     m_ui->TxtNumDoc->setText(Recorta(fila.numDocPer).toString());
     FijaIdentidad();
     if (Datos().EsDeEmpresa()) {
@@ -152,8 +152,8 @@ void FrmAgePer::AlTeclearDocumento() {
 
 void FrmAgePer::PonDisposicion(Disposicion disposicion) {
     const AspectoNombres aspecto = AspectoDe(disposicion);
-    for (QWidget* apellido : QList<QWidget*>{m_ui->Label1, m_ui->Label3, m_ui->TxtApePat, m_ui->TxtApeMat})
-        apellido->setVisible(aspecto.apellidos);
+    m_ui->Label1->setVisible(aspecto.apellidos);
+    m_ui->Label3->setVisible(aspecto.apellidos);
     m_ui->TxtApePat->setEnabled(aspecto.apellidos);
     m_ui->TxtApeMat->setEnabled(aspecto.apellidos);
     m_ui->Label4->setText(aspecto.rotulo);

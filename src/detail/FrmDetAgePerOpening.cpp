@@ -74,7 +74,7 @@ void FrmDetAgePer::PreparaGrilla() {
 void FrmDetAgePer::Abre(const Comprobante& comprobante) {
     IniciaIgv(); // the date isn't there yet: wanted
     LlenaTiposDeDocumento(*m_ui->CmbTipDoc, *m_proceso->baseDatos);
-    m_ui->CmbTipDoc->Elige(QString::number(m_cliente.tipoDoc));
+    m_ui->CmbTipDoc->EligePorValor(QString::number(m_cliente.tipoDoc));
     m_ui->TxtNumDoc->setText(m_cliente.numero);
     if (m_proceso->periodoDeclarado <= kSinZona)
         ApagaZona();
@@ -132,6 +132,12 @@ void FrmDetAgePer::MuestraCampos(const CamposComprobante& campos) {
 }
 
 void FrmDetAgePer::DesActiva() {
+    for (QWidget* campo : QList<QWidget*>{m_ui->MkeFecEmis, m_ui->TxtMtoBase}) {
+        QPalette colores = campo->palette();
+        colores.setColor(QPalette::Disabled, QPalette::Base, QColor(0xC0, 0xC0, 0xC0));
+        colores.setColor(QPalette::Disabled, QPalette::Text, Qt::black); // readable on that grey in any palette
+        campo->setPalette(colores);
+    }
     for (QWidget* control : QList<QWidget*>{m_ui->MkeFecEmis, m_ui->TxtMtoBase, m_ui->CmdOpciones1_0,
                                             m_ui->CmdOpciones1_1, m_ui->CmdOpciones1_2, m_ui->CmdOpciones_0})
         control->setEnabled(false);

@@ -29,6 +29,7 @@ Instala la base de datos que comparten los módulos, lleva el registro de declar
 Sin ninguna orden abre su ventana, que hace lo mismo e inicia el módulo.
 
 Órdenes:
+  --modulo                   Abre la ventana, y el módulo junto a ella.
   --instalar                 Prepara la carpeta, la base de datos, el catálogo, el grupo de trabajo y XA000.INI.
                              Sobre una instalación anterior renueva el catálogo y conserva todos los datos.
       --carpeta DIR          Carpeta de la instalación. Por omisión, la que nombra XA000.INI o, si no nombra
@@ -120,6 +121,11 @@ void Restaura(const Pedido& pedido) {
     pedido.salida << u"Base restaurada de: "_s << archivo << '\n';
 }
 
+/// With a screen the window has taken it.
+void AbreModulo(const Pedido& /*pedido*/) {
+    throw Rechazo(kSinPantalla);
+}
+
 void MuestraAyuda(const Pedido& pedido) {
     pedido.salida << kAyuda;
 }
@@ -140,6 +146,7 @@ const QList<Orden>& Ordenes() {
     static const QList<Orden> ordenes = {
         {u"help"_s, {}, 0, MuestraAyuda},
         {u"version"_s, {}, 0, MuestraVersion},
+        {u"modulo"_s, {}, 0, AbreModulo},
         {u"instalar"_s, {u"carpeta"_s, u"ejemplo"_s}, 0, Instala},
         {u"declarante"_s, {u"nombre"_s, u"usuario"_s}, 0, RegistraDeclarante},
         {u"enviar"_s, {}, 1, Envia},
@@ -150,7 +157,8 @@ const QList<Orden>& Ordenes() {
 }
 
 void Define(QCommandLineParser& opciones) {
-    opciones.addOptions({{{u"h"_s, u"help"_s}, {}},
+    opciones.addOptions({{u"modulo"_s, {}},
+                         {{u"h"_s, u"help"_s}, {}},
                          {{u"v"_s, u"version"_s}, {}},
                          {u"instalar"_s, {}},
                          {u"carpeta"_s, {}, u"DIR"_s},

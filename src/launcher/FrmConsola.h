@@ -24,6 +24,9 @@ class FrmConsola final : public QMainWindow {
     FrmConsola(const EntornoConsola& entorno, Avisos& avisos, QString carpetaPrograma, VistaDeInforme vista = {});
     ~FrmConsola() override;
 
+    /// Starts the module, or tells why it can't be started.
+    void AbreModulo();
+
   protected:
     void showEvent(QShowEvent* evento) override;
     bool event(QEvent* evento) override;
@@ -34,7 +37,6 @@ class FrmConsola final : public QMainWindow {
     void OfreceInstalar();
     void Instala();
     void RevisaBase();
-    void AbreModulo();
 
     /// Shows what the base holds now, and tells over the pages why it can't.
     void Recarga();

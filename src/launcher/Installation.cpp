@@ -115,15 +115,17 @@ std::unique_ptr<Base> Instalacion::PreparaBase(QStringList& hecho) const {
     return base;
 }
 
-/// A file that refuses the configured account is written anew: the account has been changed in the configuration.
+/// A file that refuses the configured account gets it: the account has been changed in the configuration.
 QString Instalacion::PreparaGrupo() const {
     const GrupoTrabajo grupo(m_carpeta + kArchivoGrupo);
     const Cuenta cuenta = CuentaConfigurada(m_perfil);
     try {
         grupo.Verifica(cuenta);
         return u"Grupo de trabajo: se conserva."_s;
-    } catch (const ErrorBase&) {
-        grupo.Crea(cuenta);
+    } catch (const ErrorBase& error) {
+        if (!error.Es(NumeroError::GrupoNoExiste) && !error.Es(NumeroError::CuentaRechazada))
+            throw;
+        grupo.Admite(cuenta);
         return u"Grupo de trabajo: creado."_s;
     }
 }

@@ -61,6 +61,13 @@ void TablaFilas::keyPressEvent(QKeyEvent* evento) {
         Q_EMIT Decidida();
 }
 
+/// The row that the buttons act on always shows: neither a click beside the rows nor Ctrl takes its mark away.
+QItemSelectionModel::SelectionFlags TablaFilas::selectionCommand(const QModelIndex& celda,
+                                                                 const QEvent* /*evento*/) const {
+    using enum QItemSelectionModel::SelectionFlag;
+    return celda.isValid() ? ClearAndSelect | Rows : QItemSelectionModel::SelectionFlags(NoUpdate);
+}
+
 void TablaFilas::PonFilas() {
     m_modelo->setRowCount(0);
     for (const FilaDeLista& fila : m_filas) {

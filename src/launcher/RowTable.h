@@ -36,6 +36,8 @@ class TablaFilas : public QTableView {
 
   protected:
     void keyPressEvent(QKeyEvent* evento) override;
+    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& celda,
+                                                                       const QEvent* evento) const override;
 
   private:
     void PonFilas();

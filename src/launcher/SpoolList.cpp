@@ -2,7 +2,6 @@
 
 #include "data/Base.h"
 #include "data/Transaction.h"
-#include "reports/SpoolRegistry.h"
 #include "reports/SpoolReport.h"
 
 #include <QDateTime>
@@ -16,10 +15,6 @@ namespace xa518 {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-std::optional<int> HojasDe(const QString& ruta) {
-    return QFileInfo(ruta).isFile() ? std::optional(LeeNumeroHojas(ruta)) : std::nullopt;
-}
 
 QString Mostrada(const QString& fecha) {
     const QDateTime momento = QDateTime::fromString(fecha, Qt::ISODate);
@@ -39,9 +34,10 @@ QList<InformeRegistrado> Informes::Lista() const {
     QList<InformeRegistrado> lista;
     Registros filas = m_base->Lee(u"SELECT * FROM SPOOL ORDER BY Archivo DESC, CodRep"_s);
     while (filas.Siguiente()) {
-        const QString archivo = filas.Texto(u"Archivo");
+        // The name comes out of a shared table: whatever path it brings along is dropped.
+        const QString archivo = QFileInfo(filas.Texto(u"Archivo")).fileName();
         lista.append({filas.Texto(u"CodRep"), filas.Texto(u"Secuencia"), archivo, Mostrada(filas.Texto(u"Fecha")),
-                      filas.Texto(u"Usuario"), filas.Texto(u"Doc_id_d"), HojasDe(Ruta(archivo))});
+                      filas.Texto(u"Usuario"), filas.Texto(u"Doc_id_d"), NumeroDeHojasDe(Ruta(archivo))});
     }
     return lista;
 }
@@ -55,9 +51,8 @@ void Informes::Elimina(const InformeRegistrado& informe) {
     transaccion.Confirma();
 }
 
-/// The name comes out of a shared table: whatever path it brings along is dropped.
 QString Informes::Ruta(const QString& archivo) const {
-    return m_carpeta + QDir::separator() + QFileInfo(archivo).fileName();
+    return m_carpeta + QDir::separator() + archivo;
 }
 
 } // namespace xa518

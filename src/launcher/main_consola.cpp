@@ -1,4 +1,5 @@
 #include "launcher/CommandLine.h"
+#include "launcher/ConsoleIcon.h"
 #include "launcher/Display.h"
 #include "launcher/FrmConsola.h"
 #include "launcher/PagInformes.h"
@@ -6,11 +7,14 @@
 #include "platform/Clock.h"
 #include "platform/NoticeBoxes.h"
 #include "platform/SystemWindows.h"
+#include "platform/WindowSearch.h"
 #include "reports/ShowReport.h"
 
 #include <QTextStream>
+#include <QTimer>
 
 #include <cstdio>
+#include <cstring>
 
 using namespace xa518;
 using namespace Qt::StringLiterals;
@@ -32,11 +36,31 @@ VistaDeInforme VistaPreliminar(const Reloj& reloj, Avisos& avisos) {
     };
 }
 
-int ConVentana(int argc, char** argv, const EntornoConsola& entorno) {
+constexpr int kCadaCuanto = 50; ///< milliseconds
+constexpr int kVeces = 100;
+
+/// The module looks for the launcher's window when it starts, and ends without it: it is started once the window can be
+/// found.
+void AbreModuloCuandoSeVea(FrmConsola& ventana) {
+    auto* espera = new QTimer(&ventana);
+    QObject::connect(espera, &QTimer::timeout, &ventana, [&ventana, espera, veces = 0]() mutable {
+        const auto sistema = VentanasReales();
+        if (!cWindows(*sistema).CorreApp(ventana.windowTitle()) && ++veces < kVeces)
+            return;
+        espera->stop();
+        ventana.AbreModulo();
+    });
+    espera->start(kCadaCuanto);
+}
+
+int ConVentana(int argc, char** argv, const EntornoConsola& entorno, bool conModulo) {
     AvisosEnPantalla avisos;
     const Aplicacion aplicacion(argc, argv, avisos);
+    QGuiApplication::setWindowIcon(IconoDeLaConsola());
     FrmConsola ventana(entorno, avisos, QCoreApplication::applicationDirPath(), VistaPreliminar(entorno.reloj, avisos));
     ventana.show();
+    if (conModulo)
+        AbreModuloCuandoSeVea(ventana);
     return QCoreApplication::exec();
 }
 
@@ -46,6 +70,7 @@ int main(int argc, char* argv[]) {
     const RelojSistema reloj;
     const EntornoConsola entorno = EntornoConsola::DelSistema(reloj);
     PrefiereX11();
-    const bool ventana = argc == 1 && HayPantalla();
-    return ventana ? ConVentana(argc, argv, entorno) : SinVentana(argc, argv, entorno);
+    const bool conModulo = argc == 2 && std::strcmp(argv[1], "--modulo") == 0;
+    const bool ventana = (argc == 1 || conModulo) && HayPantalla();
+    return ventana ? ConVentana(argc, argv, entorno, conModulo) : SinVentana(argc, argv, entorno);
 }

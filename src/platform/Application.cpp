@@ -3,6 +3,7 @@
 #include "platform/Notices.h"
 #include "values/Error.h"
 
+#include <QLibraryInfo>
 #include <QScopeGuard>
 #include <QtDebug>
 
@@ -26,7 +27,10 @@ QString TextoDeLaFalla() {
 
 } // namespace
 
-Aplicacion::Aplicacion(int& argc, char** argv, Avisos& avisos) : QApplication(argc, argv), m_avisos(&avisos) {}
+Aplicacion::Aplicacion(int& argc, char** argv, Avisos& avisos) : QApplication(argc, argv), m_avisos(&avisos) {
+    if (m_idioma.load(u"qtbase_es"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        installTranslator(&m_idioma);
+}
 
 bool Aplicacion::notify(QObject* receptor, QEvent* evento) {
     try {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QTranslator>
 
 #include <concepts>
 #include <utility>
@@ -13,6 +14,7 @@ class Avisos;
 /// front and the error's text, brings the pointer back, and the program goes on with what was typed. Every event is
 /// covered, also within a modal form's own event loop; but the toolkit doesn't tidy up behind an exception that
 /// crosses it, so a handler that works with the database or with files is connected through `Protegido`.
+/// What the toolkit says of itself is Spanish too, wherever the program runs.
 class Aplicacion : public QApplication {
     Q_OBJECT
   public:
@@ -26,6 +28,7 @@ class Aplicacion : public QApplication {
 
   private:
     Avisos* m_avisos;
+    QTranslator m_idioma; ///< the toolkit's own texts, as in the window that saves a file
     bool m_mostrando = false;
 };
 

@@ -23,7 +23,7 @@ class GuardiaDeFoco final : public QObject {
   private:
     [[nodiscard]] bool Pulsado(QWidget& control, const QMouseEvent& raton);
     [[nodiscard]] bool PulsadoBoton(QAbstractButton& boton);
-    [[nodiscard]] bool Atajo(QWidget& control);
+    [[nodiscard]] bool Atajo(QWidget& control, const QShortcutEvent& atajo);
 
     QList<QAbstractButton*> m_salidas;
 };
@@ -63,7 +63,7 @@ bool GuardiaDeFoco::eventFilter(QObject* objeto, QEvent* evento) {
     switch (evento->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: return Pulsado(control, *static_cast<QMouseEvent*>(evento));
-    case QEvent::Shortcut: return Atajo(control);
+    case QEvent::Shortcut: return Atajo(control, *static_cast<QShortcutEvent*>(evento));
     case QEvent::Wheel: return qobject_cast<QTabBar*>(objeto) && SueltaFoco(&control) == Salida::Retenida;
     case QEvent::KeyPress:
         return qobject_cast<QTabWidget*>(objeto) && EsCambioDeFicha(*static_cast<QKeyEvent*>(evento)) &&
@@ -96,12 +96,20 @@ bool GuardiaDeFoco::PulsadoBoton(QAbstractButton& boton) {
     return true;
 }
 
-/// A mnemonic doesn't move the focus by itself.
-bool GuardiaDeFoco::Atajo(QWidget& control) {
+/// A mnemonic doesn't move the focus by itself. It presses its button at once: the toolkit would show it sunk for a
+/// tenth of a second first, and what a fast hand types meanwhile would land in the old place.
+bool GuardiaDeFoco::Atajo(QWidget& control, const QShortcutEvent& atajo) {
     auto* boton = qobject_cast<QAbstractButton*>(&control);
     if (!boton && !qobject_cast<QTabBar*>(&control))
         return false;
-    return SueltaFoco(&control) == Salida::Retenida && !m_salidas.contains(boton);
+    if (SueltaFoco(&control) == Salida::Retenida && !m_salidas.contains(boton))
+        return true;
+    if (!boton || atajo.isAmbiguous())
+        return false;
+    if (boton->isCheckable() && TomaFocoAlPulsar(*boton))
+        boton->setFocus(Qt::ShortcutFocusReason);
+    boton->click();
+    return true;
 }
 
 } // namespace

@@ -9,8 +9,11 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
+#include <QStyle>
 
 #include <utility>
 
@@ -25,6 +28,15 @@ bool EsCampo(const QWidget* control) {
            qobject_cast<const QRadioButton*>(control) || qobject_cast<const QCheckBox*>(control);
 }
 
+/// The buttons of a form larger than the screen, as at a large scale, couldn't be reached. Its layout gives way
+/// instead.
+void CabeEnPantalla(QWidget& forma) {
+    const int barra = forma.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QSize sitio = forma.screen()->availableSize() - QSize(barra, 2 * barra);
+    if (forma.testAttribute(Qt::WA_Resized)) // the others take the size of their contents when they show
+        forma.resize(forma.size().boundedTo(sitio));
+}
+
 } // namespace
 
 Forma::Forma(QWidget* padre) : QDialog(padre) {}
@@ -36,11 +48,15 @@ void Forma::Prepara(const QList<QAbstractButton*>& salidas) {
     }
     AclaraDeshabilitados(*this);
     CuidaElFoco(*this, salidas);
+    CabeEnPantalla(*this);
 }
 
 void Forma::reject() {
+    const QPointer<QWidget> campo = focusWidget();
     (void)SueltaFoco(); // the way out goes on even when the field has a fault
     Protegido([this] { Salir(); })();
+    if (isVisible() && campo && focusWidget() == nullptr)
+        campo->setFocus(); // the person chose to stay
 }
 
 void Forma::AbreModal(QDialog& otra) {
@@ -64,6 +80,7 @@ void Forma::keyPressEvent(QKeyEvent* evento) {
 
 void Forma::showEvent(QShowEvent* evento) {
     QDialog::showEvent(evento);
+    setAttribute(Qt::WA_KeyboardFocusChange); // lists and buttons show the focus from the first moment, not after a Tab
     if (!std::exchange(m_activada, true))
         Protegido([this] { AlActivar(); })();
 }

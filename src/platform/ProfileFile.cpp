@@ -90,12 +90,7 @@ QString SinComillas(QStringView valor) {
 }
 
 QByteArray FinDeLinea(const QByteArray& bytes) {
-#ifdef Q_OS_WIN
-    const bool dos = true;
-#else
-    const bool dos = bytes.contains("\r\n");
-#endif
-    return dos ? QByteArrayLiteral("\r\n") : QByteArrayLiteral("\n");
+    return bytes.contains("\r\n") ? QByteArrayLiteral("\r\n") : QByteArrayLiteral("\n");
 }
 
 QByteArray ConValor(const QByteArray& bytes, QStringView seccion, QStringView clave, QStringView valor) {
@@ -121,6 +116,10 @@ ArchivoPerfil::ArchivoPerfil(QString ruta) : m_ruta(std::move(ruta)) {}
 
 QString ArchivoPerfil::RutaDe(const QString& nombre) {
     return QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)).filePath(nombre);
+}
+
+bool ArchivoPerfil::Existe() const {
+    return QFileInfo::exists(m_ruta);
 }
 
 QString ArchivoPerfil::Lee(QStringView seccion, QStringView clave) const {

@@ -4,14 +4,18 @@
 
 namespace xa518 {
 
-/// A profile file of sections and keys, read by the rules of the Windows profile calls: section and key names without
-/// case, blanks around names and values dropped, one pair of quotes around a value stripped.
+/// A profile file of sections and keys. Windows' own profile calls read and write it there; elsewhere it is read by
+/// their rules: section and key names without case, blanks around names and values dropped, one pair of quotes around a
+/// value stripped.
 class ArchivoPerfil {
   public:
     explicit ArchivoPerfil(QString ruta);
 
-    /// Where a profile file given by its bare name lies: `$XDG_CONFIG_HOME`, by default `~/.config`.
+    /// Where a profile file given by its bare name lies: `$XDG_CONFIG_HOME`, by default `~/.config`; on Windows the
+    /// bare name itself, by which the system finds it.
     [[nodiscard]] static QString RutaDe(const QString& nombre);
+
+    [[nodiscard]] bool Existe() const;
 
     /// The value of a key; the empty text when file, section or key is missing.
     [[nodiscard]] QString Lee(QStringView seccion, QStringView clave) const;

@@ -37,7 +37,7 @@ void GrillaDeLectura::PonFila(int fila) {
 }
 
 void GrillaDeLectura::AjustaColumnas(int principal) {
-    constexpr int kAire = 16;
+    constexpr int kAire = 10;
     for (int columna = 0; columna < model()->columnCount(); ++columna) {
         const bool estira = columna == principal;
         horizontalHeader()->setSectionResizeMode(columna, estira ? QHeaderView::Stretch : QHeaderView::Interactive);
@@ -54,6 +54,13 @@ void GrillaDeLectura::keyPressEvent(QKeyEvent* evento) {
     }
     if (Fila() >= 0)
         Q_EMIT FilaActivada(Fila());
+}
+
+/// The row that the buttons act on always shows: neither a click beside the rows nor Ctrl takes its mark away.
+QItemSelectionModel::SelectionFlags GrillaDeLectura::selectionCommand(const QModelIndex& celda,
+                                                                      const QEvent* /*evento*/) const {
+    using enum QItemSelectionModel::SelectionFlag;
+    return celda.isValid() ? ClearAndSelect | Rows : QItemSelectionModel::SelectionFlags(NoUpdate);
 }
 
 } // namespace xa518

@@ -28,6 +28,8 @@ class GrillaDeLectura : public QTableView {
 
   protected:
     void keyPressEvent(QKeyEvent* evento) override;
+    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& celda,
+                                                                       const QEvent* evento) const override;
 };
 
 } // namespace xa518

@@ -162,7 +162,8 @@ std::unique_ptr<VentanasDelSistema> VentanasReales() {
 
 void PrefiereX11() {
     const bool enWayland = qEnvironmentVariableIsSet("WAYLAND_DISPLAY") && qEnvironmentVariableIsSet("DISPLAY");
-    if (enWayland && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+    const QByteArray elegida = qgetenv("QT_QPA_PLATFORM"); // a session may ask for Wayland, where no window is found
+    if (enWayland && (elegida.isEmpty() || elegida.startsWith("wayland")))
         qputenv("QT_QPA_PLATFORM", "xcb");
 }
 

@@ -22,6 +22,13 @@ constexpr int kMargen = 360;
 constexpr qreal kGrosor = 8;
 constexpr int kTamanoMaximo = 200; ///< of a font, in points: what a damaged file asks beyond it isn't worth the memory
 
+/// Without the blanks behind, which lines are filled up with.
+qsizetype LargoVisible(QStringView texto) {
+    while (texto.endsWith(u' '))
+        texto.chop(1);
+    return texto.size();
+}
+
 } // namespace
 
 QSize TamanoHoja(bool apaisado) {
@@ -42,7 +49,7 @@ QFont FuenteInforme() {
     return fuente;
 }
 
-PintorPagina::PintorPagina(QPainter& pintor, qreal escala) : m_pintor(&pintor) {
+PintorPagina::PintorPagina(QPainter& pintor, qreal escala, int ancho) : m_pintor(&pintor), m_ancho(ancho) {
     pintor.setRenderHint(QPainter::TextAntialiasing);
     pintor.setRenderHint(QPainter::Antialiasing, false);
     pintor.scale(escala, escala);
@@ -62,12 +69,24 @@ void PintorPagina::Pinta(const Comando& comando) {
         Cuadros(*cuadro);
 }
 
-/// The place given is the top left corner of the text, the painter's that of its base line.
+/// The place given is the top left corner of the text, the painter's that of its base line. A text that would run off
+/// the sheet, as the long reasons of refused lines do, is drawn narrower.
 void PintorPagina::Texto(const TextoEnPagina& texto) {
     if (texto.tamano <= 0 || texto.texto.isEmpty())
         return;
     PonFuente(texto.tamano, texto.negrita);
-    m_pintor->drawText(QPointF(texto.x, texto.y + m_ascenso), texto.texto);
+    const QPointF base(texto.x, texto.y + m_ascenso);
+    const qreal sitio = m_ancho - 2 * kMargen - texto.x;
+    const qreal ancho = m_paso * static_cast<qreal>(LargoVisible(texto.texto));
+    if (sitio <= 0 || ancho <= sitio) {
+        m_pintor->drawText(base, texto.texto);
+        return;
+    }
+    m_pintor->save();
+    m_pintor->translate(base);
+    m_pintor->scale(sitio / ancho, 1);
+    m_pintor->drawText(QPointF(), texto.texto);
+    m_pintor->restore();
 }
 
 void PintorPagina::Vertical(const TextoEnPagina& texto) {
@@ -94,7 +113,9 @@ void PintorPagina::PonFuente(int tamano, bool negrita) {
     fuente.setPixelSize(acotado * kTwipsPorPunto); // the painter counts in twips
     fuente.setBold(negrita);
     m_pintor->setFont(fuente);
-    m_ascenso = QFontMetricsF(fuente).ascent();
+    const QFontMetricsF medidas(fuente);
+    m_ascenso = medidas.ascent();
+    m_paso = medidas.horizontalAdvance(u'0');
     m_tamano = acotado;
     m_negrita = negrita;
 }
@@ -102,7 +123,7 @@ void PintorPagina::PonFuente(int tamano, bool negrita) {
 void PintaPagina(QPainter& pintor, InformeSpool& informe, int pagina, qreal ancho) {
     const QSize hoja = TamanoHoja(informe.Cabecera().apaisado);
     pintor.save();
-    PintorPagina paginas(pintor, ancho / hoja.width());
+    PintorPagina paginas(pintor, ancho / hoja.width(), hoja.width());
     informe.RecorrePagina(pagina, [&](const Comando& comando) { paginas.Pinta(comando); });
     pintor.restore();
 }

@@ -19,8 +19,9 @@ namespace xa518 {
 /// Paints the commands of a page. Screen, printer and PDF only supply the painter, and so show the same.
 class PintorPagina {
   public:
-    /// The painter's page begins at its origin, and a twip takes `escala` of its units. It must outlive this object.
-    PintorPagina(QPainter& pintor, qreal escala);
+    /// The painter's page begins at its origin, is `ancho` twips wide, and a twip takes `escala` of its units. It must
+    /// outlive this object.
+    PintorPagina(QPainter& pintor, qreal escala, int ancho);
 
     void Pinta(const Comando& comando);
 
@@ -31,9 +32,11 @@ class PintorPagina {
     void PonFuente(int tamano, bool negrita);
 
     QPainter* m_pintor;
+    int m_ancho;
     int m_tamano = 0;
     bool m_negrita = false;
     qreal m_ascenso = 0;
+    qreal m_paso = 0; ///< width of a character
 };
 
 /// Paints a page of a report, from 0, so that its whole sheet takes `ancho` units of the painter.

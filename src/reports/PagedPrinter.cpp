@@ -69,7 +69,8 @@ void ImpresoraPaginas::PonOrientacion() {
 
 void ImpresoraPaginas::EmpiezaHoja() {
     m_pintor.resetTransform();
-    m_pagina = std::make_unique<PintorPagina>(m_pintor, m_dispositivo->logicalDpiX() / kTwipsPorPulgada);
+    m_pagina = std::make_unique<PintorPagina>(m_pintor, m_dispositivo->logicalDpiX() / kTwipsPorPulgada,
+                                              TamanoHoja(m_apaisado).width());
 }
 
 } // namespace xa518

@@ -86,10 +86,9 @@ InformesEmitidos ImprimeDeclaracion(Proceso& proceso, const ClaveDeclaracion& cl
     return emitidos;
 }
 
-QString TituloDe(const PedidoDeclaracion& pedido) {
-    const ClaveDeclaracion& clave = pedido.datos.clave;
-    return u"%1 %2 - RUC %3 - %4"_s.arg(pedido.anexo ? u"Anexo de la declaración"_s : u"Declaración"_s,
-                                        clave.formulario, clave.ruc, PeriodoImpreso(clave.periodo));
+QString TituloDe(const ClaveDeclaracion& clave, bool anexo) {
+    return u"%1 %2 - RUC %3 - %4"_s.arg(anexo ? u"Anexo de la declaración"_s : u"Declaración"_s, clave.formulario,
+                                        clave.ruc, PeriodoImpreso(clave.periodo));
 }
 
 int HojasDeImpresion(const PedidoDeclaracion& pedido, int hojas) {

@@ -39,7 +39,7 @@ struct InformesEmitidos {
 [[nodiscard]] InformesEmitidos ImprimeDeclaracion(Proceso& proceso, const ClaveDeclaracion& clave, bool anexos);
 
 /// What a print-out is called as a document.
-[[nodiscard]] QString TituloDe(const PedidoDeclaracion& pedido);
+[[nodiscard]] QString TituloDe(const ClaveDeclaracion& clave, bool anexo);
 
 /// The pages that the dialog of the page range tells: what the head says, and for an annex one more. Wanted.
 [[nodiscard]] int HojasDeImpresion(const PedidoDeclaracion& pedido, int hojas);

@@ -47,10 +47,10 @@ void VerReporte(const EntornoInformes& entorno, const ReportePedido& pedido, Mod
     Abre(vista, padre);
 }
 
-/// A missing file counts as a short one: the preview is who tells it.
+/// A file that is missing or can't be read counts as a short one: the preview is who tells it.
 void MuestraReporte(const EntornoInformes& entorno, const ReportePedido& pedido, QWidget* padre) {
     const QString ruta = RutaDeInforme(entorno.rutaRPT, pedido.archivo);
-    const int hojas = ValidaArchivoInforme(ruta) ? LeeNumeroHojas(ruta) : 0;
+    const int hojas = NumeroDeHojasDe(ruta).value_or(0);
     if (ViaPara(hojas) == ViaInforme::Directa) {
         VerReporte(entorno, {pedido.archivo, pedido.titulo, {}}, ModoReporte::Vprevia, padre);
         return;

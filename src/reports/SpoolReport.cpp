@@ -146,6 +146,14 @@ int LeeNumeroHojas(const QString& ruta) {
     return 0;
 }
 
+std::optional<int> NumeroDeHojasDe(const QString& ruta) {
+    try {
+        return LeeNumeroHojas(ruta);
+    } catch (const Error&) {
+        return std::nullopt;
+    }
+}
+
 Veredicto ValidaArchivoInforme(const QString& ruta) {
     if (ObjetoUtil::ExisteArchivo(ruta))
         return Veredicto::Bien();

@@ -90,6 +90,9 @@ class InformeSpool {
 /// Raises `Error` (`ArchivoNoEncontrado`, `AccesoAlDisco`).
 [[nodiscard]] int LeeNumeroHojas(const QString& ruta);
 
+/// The same, and nothing when the file can't be read.
+[[nodiscard]] std::optional<int> NumeroDeHojasDe(const QString& ruta);
+
 /// Refused, with its message, when the spool file is missing.
 [[nodiscard]] Veredicto ValidaArchivoInforme(const QString& ruta);
 

@@ -119,7 +119,7 @@ void frmImprimir::Preliminar() {
         return;
     const QString archivo = EscribeInforme(m_proceso, *pedido);
     reloj.Suelta();
-    MuestraReporte(m_entorno, {archivo, TituloDe(*pedido), {}}, this);
+    MuestraReporte(m_entorno, {archivo, TituloDe(pedido->datos.clave, pedido->anexo), {}}, this);
 }
 
 /// Always by way of the range, however short the report.
@@ -131,7 +131,8 @@ void frmImprimir::Imprimir() {
     const QString archivo = EscribeInforme(m_proceso, *pedido);
     const int hojas = HojasDeImpresion(*pedido, LeeNumeroHojas(RutaDeInforme(m_entorno.rutaRPT, archivo)));
     reloj.Suelta();
-    frmImpxPag dialogo(m_entorno, {archivo, TituloDe(*pedido), {}}, {hojas, TituloImpresion(hojas)}, this);
+    frmImpxPag dialogo(m_entorno, {archivo, TituloDe(pedido->datos.clave, pedido->anexo), {}},
+                       {hojas, TituloImpresion(hojas)}, this);
     AbreModal(dialogo);
 }
 

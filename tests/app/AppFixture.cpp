@@ -21,7 +21,7 @@ ModuloDePrueba::ModuloDePrueba() : carpetaAnterior(QDir::currentPath()), perfil(
                                        {u"DBName"_s, u"XA.DB"_s},
                                        {u"SysUser"_s, u"JEFA"_s}})
         perfil.Escribe(kSeccionOpciones, clave, valor);
-    GrupoTrabajo(carpeta + kArchivoGrupo).Crea(CuentaConfigurada(perfil));
+    GrupoTrabajo(carpeta + kArchivoGrupo).Admite(CuentaConfigurada(perfil));
 }
 
 ModuloDePrueba::~ModuloDePrueba() {

@@ -29,7 +29,7 @@ class ConfigurationTest : public testing::Test {
         Pon(u"SysPath"_s, m_carpeta.path() + u'/');
         Pon(u"DBPath"_s, m_carpeta.path() + u'/');
         Pon(u"DBName"_s, u"XA000.MDB"_s);
-        GrupoTrabajo(m_carpeta.filePath(kArchivoGrupo)).Crea(CuentaConfigurada(m_perfil));
+        GrupoTrabajo(m_carpeta.filePath(kArchivoGrupo)).Admite(CuentaConfigurada(m_perfil));
         const auto base = Base::Crea(m_carpeta.filePath(u"XA000.MDB"_s));
         base->Ejecuta(u"CREATE TABLE PARAM (Numero TEXT, Argumento TEXT, Funcion TEXT)"_s);
         base->Ejecuta(u"INSERT INTO PARAM VALUES ('830','01','209912 X')"_s);
@@ -90,7 +90,7 @@ TEST_F(ConfigurationTest, ReadsMissingKeysAsEmptyAndFailsAtTheOpening) {
     EXPECT_EQ(m_proceso.sysPath + m_proceso.rutaBase + m_proceso.sysUser, u""_s);
     EXPECT_EQ(m_proceso.rutaRPT, u"RPT"_s);
     EXPECT_EQ(NumeroAlAbrir(), 3028);
-    GrupoTrabajo(m_carpeta.filePath(kArchivoGrupo)).Crea(CuentaConfigurada(m_perfil));
+    GrupoTrabajo(m_carpeta.filePath(kArchivoGrupo)).Admite(CuentaConfigurada(m_perfil));
     Pon(u"SysPath"_s, m_carpeta.path() + u'/');
     EXPECT_EQ(NumeroAlAbrir(), 3024);
 }

@@ -263,5 +263,18 @@ TEST_F(PickersTest, TheBanksListShowsItsKindOnly) {
     EXPECT_EQ(Columna(otra, 1), QStringList());
 }
 
+TEST_F(PickersTest, TheRowThatAButtonActsOnAlwaysShows) {
+    Registradas();
+    const auto lista = Abre<FrmContAbrir>(kEliminar);
+    GrillaDeLectura& grilla = Grilla(*lista);
+    const QRect segunda = grilla.visualRect(grilla.model()->index(1, 1));
+    QTest::mouseClick(grilla.viewport(), Qt::LeftButton, {}, segunda.center());
+    QTest::mouseClick(grilla.viewport(), Qt::LeftButton, {}, grilla.viewport()->rect().bottomLeft());
+    EXPECT_TRUE(grilla.selectionModel()->isRowSelected(1));
+    QTest::mouseClick(grilla.viewport(), Qt::LeftButton, Qt::ControlModifier, segunda.center());
+    EXPECT_TRUE(grilla.selectionModel()->isRowSelected(1));
+    EXPECT_EQ(grilla.Fila(), 1);
+}
+
 } // namespace
 } // namespace xa518

@@ -2,6 +2,7 @@
 
 #include "app/Configuration.h"
 #include "data/Base.h"
+#include "data/WorkLock.h"
 #include "launcher/Installation.h"
 
 #include <QDir>
@@ -9,6 +10,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTextStream>
 
@@ -169,6 +171,7 @@ TEST_F(Batch, RefusesWithoutWritingAnything) {
          u"declarar --ruc 20990518018 --periodo 2026 --hoy 21/11/2026"_s,
          {},
          u"El período no es válido."_s},
+        {u"unknown bank"_s, u"declarar"_s + kClave + u" --cheque 0017 --banco ZZ"_s, {}, u"no está en el catálogo"_s},
         {u"nothing to validate"_s,
          u"validar --ruc 20990518018 --periodo 202608 --hoy 21/11/2026"_s,
          {},
@@ -187,6 +190,43 @@ TEST_F(Batch, RefusesWithoutWritingAnything) {
         EXPECT_EQ(Cuenta(u"F518PDET"_s), 150) << caso.nombre.toStdString();
         EXPECT_EQ(Cuenta(u"TMPF518PDET"_s), 150) << caso.nombre.toStdString();
     }
+}
+
+/// The program itself, because it has to make do without a display.
+TEST_F(Batch, PrintsWithNoDisplay) {
+    const auto imprime = [this](const QString& opciones) {
+        QProcess lote;
+        QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
+        for (const QString& pantalla : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"QT_QPA_PLATFORM"_s, u"XDG_RUNTIME_DIR"_s})
+            entorno.remove(pantalla);
+        entorno.insert(u"XDG_CONFIG_HOME"_s, m_carpeta.filePath(u"conf"_s));
+        lote.setProcessEnvironment(entorno);
+        lote.setWorkingDirectory(m_carpeta.path());
+        lote.start(QStringLiteral(XA518_LOTE), opciones.split(u' ', Qt::SkipEmptyParts));
+        EXPECT_TRUE(lote.waitForFinished());
+        m_errores = QString::fromUtf8(lote.readAllStandardError());
+        return lote.exitCode();
+    };
+    const auto hojas = [this](const QString& pdf) {
+        QFile archivo(m_carpeta.filePath(pdf));
+        return archivo.open(QIODevice::ReadOnly) ? archivo.readAll().count("/Type /Page\n") : -1;
+    };
+    EXPECT_EQ(imprime(u"declarar"_s + kClave + u" --efectivo --pdf pdf --percepciones "_s + Ejemplo()), 0);
+    EXPECT_EQ(m_errores, QString());
+    EXPECT_EQ(hojas(u"pdf/051820990518018202609.pdf"_s), 4); // 60 clients on pages of 20, and the totals
+    const qsizetype anexo = hojas(u"pdf/051820990518018202609-anexo.pdf"_s);
+    EXPECT_GT(anexo, 1);
+    EXPECT_EQ(imprime(u"imprimir"_s + kClave + u" --anexos --pdf junto.pdf"_s), 0);
+    EXPECT_EQ(hojas(u"junto.pdf"_s), 4 + anexo);
+
+    const qint64 registrados = Cuenta(u"SPOOL"_s);
+    EXPECT_EQ(imprime(u"imprimir"_s + kClave + u" --enviada 7 --pdf otro.pdf"_s), 2);
+    EXPECT_EQ(imprime(u"imprimir"_s + kClave + u" --pdf no/hay/otro.pdf"_s), 3);
+    EXPECT_EQ(hojas(u"otro.pdf"_s), -1);
+    EXPECT_EQ(Cuenta(u"SPOOL"_s), registrados);
+    Base::Abre(Casa() + u"/XA000.DB"_s)->Ejecuta(u"UPDATE DET SET i_valor = '0' WHERE Casilla = '501'"_s);
+    EXPECT_EQ(imprime(u"imprimir"_s + kClave + u" --anexos --pdf solo.pdf"_s), 1);
+    EXPECT_GE(hojas(u"solo.pdf"_s), 1);
 }
 
 TEST_F(Batch, QuotesInEveryFieldChangeNothing) {
@@ -210,6 +250,12 @@ TEST_F(Batch, TellsWhatFailed) {
     EXPECT_EQ(Cuenta(u"TMPF518PCAB"_s), 0);
     {
         const auto otro = Base::Abre(Casa() + u"/XA000.DB"_s);
+        const TrabajoUnico formaAbierta(*otro);
+        for (const QString& orden : {u"importar"_s, u"declarar"_s}) {
+            EXPECT_EQ(Corre(orden + kClave + u" --percepciones "_s + Ejemplo()), 3);
+            EXPECT_TRUE(m_errores.contains(u"Otro programa tiene abierta una declaración."_s));
+        }
+        EXPECT_EQ(Cuenta(u"TMPF518PCAB"_s), 0);
         otro->Ejecuta(u"BEGIN EXCLUSIVE"_s);
         espera(u"3051"_s);
     }

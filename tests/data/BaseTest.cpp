@@ -36,7 +36,7 @@ TEST_F(BaseTest, NumbersTheErrorsAsTheMessagesKnowThem) {
         {u"SELECT * FROM NOHAY"_s, 3011},
         {u"DELETE * FROM NOHAY"_s, 3011},
         {u"SELECT nohay FROM CLIENTE"_s, 3061},
-        {u"INSERT INTO CLIENTE (nohay) VALUES (1)"_s, SQLITE_ERROR},
+        {u"INSERT INTO CLIENTE (nohay) VALUES (1)"_s, 3061},
         {u"SELEC 1"_s, SQLITE_ERROR},
     };
     for (const Caso& caso : casos)

@@ -28,7 +28,7 @@ class DocumentTypesTest : public BaseDePrueba {
   protected:
     DocumentTypesTest() {
         CreaCatalogo();
-        Param(u"044"_s, u"1"_s, FilaTipo(u"DNI"_s, u" 8"_s, u"02"_s, u"11"_s, u'0', u'1'));
+        Param(u"044"_s, u"1"_s, FilaTipo(u"DNI"_s, u"08"_s, u"02"_s, u"11"_s, u'0', u'1'));
         Param(u"044"_s, u"4"_s, FilaTipo(u"CARNE EXT. LARGO"_s, u"12"_s, u"03"_s, u"10"_s, u'5', u'0'));
         Param(u"044"_s, u"7"_s, FilaTipo(u"PASAPORTE"_s, u"12"_s, u"01"_s, u"10"_s, u'5', u'0'));
     }
@@ -43,7 +43,7 @@ TEST_F(DocumentTypesTest, AreOfferedByFlagInTheOrderOfTheirKey) {
     };
     const QStringList esperados = {
         u"07  -  "_s + u"PASAPORTE"_s.leftJustified(60) + u"12 5 0"_s,
-        u"01  -  "_s + u"DNI"_s.leftJustified(60) + u" 8 0 1"_s,
+        u"01  -  "_s + u"DNI"_s.leftJustified(60) + u"08 0 1"_s,
         u"04  -  "_s + u"CARNE EXT. "_s.leftJustified(60) + u"12 5 0"_s,
     };
     EXPECT_EQ(items(49), esperados);

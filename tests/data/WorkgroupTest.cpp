@@ -16,10 +16,12 @@ TEST(Workgroup, AdmitsItsAccountAndNoOther) {
         return NumeroDe([&] { grupo.Verifica({usuario, clave}); });
     };
     EXPECT_EQ(numero(u"usuario1"_s, u"clave001"_s), 3028);
-    grupo.Crea({u"usuario1"_s, u"clave001"_s});
+    grupo.Admite({u"usuario1"_s, u"clave001"_s});
     EXPECT_EQ(numero(u"usuario1"_s, u"clave001"_s), 0);
     EXPECT_EQ(numero(u"usuario1"_s, u"clave002"_s), 3029);
     EXPECT_EQ(numero(u"usuario2"_s, u"clave001"_s), 3029);
+    grupo.Admite({u"usuario2"_s, u"clave003"_s});
+    EXPECT_EQ(numero(u"usuario1"_s, u"clave001"_s), 0);
     EXPECT_EQ(numero(u""_s, u""_s), 3029);
 
     QFile archivo(carpeta.filePath(u"XA000.MDW"_s));

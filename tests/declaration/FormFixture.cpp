@@ -36,6 +36,7 @@ void ConFormulario::SetUp() {
 }
 
 void ConFormulario::Abre(const DeclaracionElegida& elegida) {
+    m_forma.reset(); // one form at a time holds the work tables
     m_forma = std::make_unique<Frm518>(m_proceso, m_avisos, m_barra, m_dialogos, elegida);
     m_forma->show();
     m_forma->activateWindow();

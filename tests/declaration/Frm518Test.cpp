@@ -167,6 +167,17 @@ TEST_F(Frm518Test, LeavingAsksOnlyAfterAChangeAndGoesInAnyCase) {
         EXPECT_FALSE(m_forma->isVisible());
         m_avisos.Comprueba();
     }
+    GrabaUna();
+    AbreRegistrada();
+    VaAPestania(2);
+    QLineEdit& importe = Control<QLineEdit>(u"TxtValor_410"_s);
+    importe.setFocus();
+    importe.selectAll();
+    QTest::keyClick(&importe, Qt::Key_X, Qt::ControlModifier); // a change without a key that is typed
+    ASSERT_EQ(importe.text(), QString());
+    m_avisos.EsperaPregunta(kModificado, Respuesta::No);
+    m_forma->close();
+
     AbreNueva();
     Pulsa(u"OptRectifica_0"_s);
     m_avisos.EsperaPregunta(kModificado, Respuesta::Si);
@@ -256,6 +267,17 @@ TEST_F(Frm518Test, ALockedBaseSpeaksAndLeavesWhatWasTyped) {
                     ". La ZOLMA emitirá una Orden de Pago"_s);
     m_avisos.Espera(kLimpia);
     Pulsa(u"CmdGrabar"_s); // the other one has gone: now it goes through
+
+    AbreNueva();
+    Identifica();
+    m_base->Ejecuta(u"ALTER TABLE CAB RENAME TO OTRA"_s);
+    for (int i = 0; i < 2; ++i) // of the period that is left, and of the page that is entered
+        AvisosDelPrograma().Espera(u"no such table: CAB"_s);
+    VaAPestania(1);
+    AvisosDelPrograma().Comprueba();
+    EXPECT_EQ(Control<QTabWidget>(u"SSTab1"_s).currentIndex(), 0) << "nobody goes on unchecked";
+    EXPECT_TRUE(Control<>(u"MkePeriodo"_s).isEnabled());
+    EXPECT_EQ(m_forma->property("contextoAyuda").toInt(), 1015);
 }
 
 } // namespace

@@ -117,7 +117,7 @@ TEST_F(ClientDialogTest, SpeaksOfANumberWhileItIsTyped) {
 TEST_F(ClientDialogTest, AsksForTheNamesOfThatKindOfClient) {
     const auto forma = Abre();
     const auto aspecto = [&] {
-        return De<QLabel>(*forma, "Label4").text() + (De(*forma, "TxtApePat").isVisible() ? u"+"_s : u"-"_s);
+        return De<QLabel>(*forma, "Label4").text() + (De(*forma, "TxtApePat").isEnabled() ? u"+"_s : u"-"_s);
     };
     const QString empresa = u"Razón Social :-"_s;
     const QString persona = u"Nombres :+"_s;

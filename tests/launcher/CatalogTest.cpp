@@ -46,7 +46,7 @@ TEST_F(Catalog, DocumentTypesCarryLengthAndFlags) {
          {Caso{u"01"_s, 8, u"5"_s, u"1"_s}, Caso{u"6"_s, 11, u"5"_s, u"0"_s}, Caso{u"7"_s, 12, u"0"_s, u"0"_s}}) {
         const auto tipo = DocumentoDeTipo(*base, caso.tipo);
         ASSERT_TRUE(tipo);
-        EXPECT_EQ(tipo->largo, caso.largo);
+        EXPECT_EQ(tipo->Largo(), caso.largo);
         EXPECT_EQ(tipo->tipoDato, caso.dato);
         EXPECT_EQ(tipo->tipoLongitud, caso.longitud);
     }

@@ -83,7 +83,7 @@ TEST_F(FrmConsolaUpkeepTest, AReportsFileIsNeverLookedForOutsideItsFolder) {
     Alt(Qt::Key_I);
     EXPECT_FALSE(Control<QPushButton>("CmdVer").isEnabled());
     avisos.EsperaPregunta(u"¿Confirma que va a eliminar el informe «Declaración» del 21/11/2026 09:05 y su archivo"
-                          " ../XA000.MDW?"_s,
+                          " XA000.MDW?"_s,
                           Respuesta::Si);
     Pulsa("CmdEliminarInforme");
     EXPECT_TRUE(QFile::exists(carpeta + u"/XA000.MDW"_s));

@@ -105,8 +105,7 @@ TEST_F(Pdf, CarriesItsTitleItsAuthorAndTheMomentOfTheClock) {
 
 TEST_F(Pdf, HoldsTextThatCanBeSearched) {
     const QString pdftotext = QStandardPaths::findExecutable(u"pdftotext"_s);
-    if (pdftotext.isEmpty())
-        GTEST_SKIP() << "pdftotext is not installed";
+    ASSERT_FALSE(pdftotext.isEmpty()) << "pdftotext is not installed";
     Escribe({Spool(u"a.PRN"_s, kInforme), Spool(u"b.PRN"_s, kApaisado)});
     QProcess programa;
     programa.start(pdftotext, {Ruta(u"x.pdf"_s), u"-"_s});

@@ -47,20 +47,27 @@ namespace {
 
 constexpr int kPorPrograma = 40;
 
+/// The other program may hold the base too long: then once more.
+template <typename Accion>
+void Insiste(const Accion& accion) {
+    for (;;) {
+        try {
+            accion();
+            return;
+        } catch (const ErrorBase& error) {
+            if (!error.Es(NumeroError::BaseBloqueada))
+                throw;
+        }
+    }
+}
+
 /// One of several programs on the same base, as a process of its own: it allocates names as fast as it can.
 void Programa(const QString& ruta) {
     const RelojSistema reloj;
     Proceso proceso(reloj);
-    proceso.baseDatos = Base::Abre(ruta);
-    for (int hechos = 0; hechos < kPorPrograma;) {
-        try {
-            static_cast<void>(NuevoReporte(proceso, u"PER006"_s, 6, {}));
-            ++hechos;
-        } catch (const ErrorBase& error) {
-            if (!error.Es(NumeroError::BaseBloqueada)) // the other program may hold the base too long; then once more
-                throw;
-        }
-    }
+    Insiste([&] { proceso.baseDatos = Base::Abre(ruta); });
+    for (int i = 0; i < kPorPrograma; ++i)
+        Insiste([&] { static_cast<void>(NuevoReporte(proceso, u"PER006"_s, 6, {})); });
 }
 
 pid_t Lanza(const QString& ruta) {

@@ -1,0 +1,212 @@
+"""A screen of its own, with the real programs on it, worked by keys and mouse as a person works them.
+
+Nothing here looks into a program: windows are told apart by their titles, as a person does, and what came of the work
+is read in the database.
+"""
+
+import os
+import pathlib
+import shutil
+import signal
+import sqlite3
+import subprocess
+import tempfile
+import time
+
+LAUNCHER = "Consola Orvel de Presentaciones"
+MODULE = "0518 Agentes de Percepción Ventas Internas - v 1.5"
+DECLARATION = "0518 Agentes de Percepción Ventas Internas v1.5"
+
+PATIENCE = 30.0
+GLANCE = 0.02
+
+
+class Lost(Exception):
+    """What a person would have waited for in vain."""
+
+
+class Screen:
+    """An X server, a window manager and a fresh installation with the sample company, until the block ends."""
+
+    def __init__(self, programs, environment=None, folder=None):
+        self._programs = pathlib.Path(programs)
+        self._running = []
+        self._stack = []  # the windows in front of one another, the active one last
+        self.pressed = 0  # keys so far
+        self.folder = pathlib.Path(folder or tempfile.mkdtemp(prefix="journey"))
+        self.folder.mkdir(exist_ok=folder is None)
+        self._environment = dict(
+            os.environ,
+            XDG_CONFIG_HOME=str(self.folder / "config"),
+            XDG_RUNTIME_DIR=str(self.folder),
+            QT_QPA_PLATFORM="xcb",
+            LC_ALL="C.UTF-8",
+            **(environment or {}),
+        )
+
+    def __enter__(self):
+        try:
+            self._start_server()
+            self._start("openbox", "--sm-disable", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            self.until(lambda: self._ask("xdotool", "get_desktop"), "the window manager")
+            self.runs(self._programs / "consola", "--instalar", "--carpeta", self.folder / "xa", "--ejemplo")
+        except BaseException:
+            self._end()
+            raise
+        return self
+
+    def __exit__(self, kind, fault, trace):
+        if kind:
+            picture = pathlib.Path.cwd() / "journey_fault.png"
+            self.picture(picture, whole=True)
+            print("The screen at that moment:", picture, flush=True)
+        self._end()
+        return False
+
+    def _start_server(self):
+        reader, writer = os.pipe()
+        # Without -noreset it starts over when its last client goes, and refuses whoever comes at that moment.
+        command = ["Xvfb", "-displayfd", writer, "-screen", "0", "1280x900x24", "-noreset"]
+        self._start(*command, pass_fds=[writer], stderr=subprocess.DEVNULL)
+        os.close(writer)
+        with os.fdopen(reader) as number:
+            self._environment["DISPLAY"] = ":" + number.readline().strip()
+
+    def _start(self, *command, **how):
+        arguments = [str(word) for word in command]
+        self._running.append(subprocess.Popen(arguments, env=self._environment, start_new_session=True, **how))
+
+    def _end(self):
+        for process in reversed(self._running):  # the server last; with it ends the module, which the launcher started
+            try:
+                os.killpg(process.pid, signal.SIGKILL)
+            except ProcessLookupError:
+                pass
+            process.wait()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def runs(self, *command):
+        """A program without a window, to its end, which may be that it refused some lines."""
+        arguments = [str(word) for word in command]
+        done = subprocess.run(arguments, env=self._environment, stdout=subprocess.DEVNULL, check=False)
+        if done.returncode > 1:
+            raise Lost(f"{arguments} ended with {done.returncode}")
+
+    def _ask(self, *command):
+        arguments = [str(word) for word in command]
+        answer = subprocess.run(arguments, env=self._environment, capture_output=True, text=True, check=False)
+        return answer.stdout
+
+    def until(self, holds, what):
+        deadline = time.monotonic() + PATIENCE
+        while not holds():
+            if time.monotonic() > deadline:
+                raise Lost(f"waited in vain for {what}; in front stands {self.title()!r}")
+            time.sleep(GLANCE)
+
+    # Windows
+
+    def active(self):
+        return self._ask("xdotool", "getactivewindow").strip()
+
+    def title(self):
+        return self._ask("xdotool", "getactivewindow", "getwindowname").strip()
+
+    def launch(self, program):
+        self._start(self._programs / program)
+
+    def ends(self):
+        """Waits until the program that was launched last has ended by itself, well."""
+        self.until(lambda: self._running[-1].poll() is not None, "the program's end")
+        if self._running.pop().returncode != 0:
+            raise Lost("the program ended with a fault")
+
+    def opens(self, title):
+        """Waits until a window with that title has come in front of those that were there."""
+        self.until(lambda: self.title() == title and self.active() not in self._stack, f"the window {title!r}")
+        self._stack.append(self.active())
+
+    def closes(self, windows=1):
+        """Waits until the window in front has gone and the one behind it has the keyboard again."""
+        del self._stack[-windows:]
+        self.until(lambda: self.active() == self._stack[-1], "the window behind")
+
+    def answers(self, title, key="Return"):
+        """A message box above the form with that title: waits for it, presses that button, waits until it has gone."""
+        self.opens(title)
+        self.keys(key)
+        self.closes()
+
+    def switches(self, title):
+        """Goes over to the other program."""
+        self.keys("alt+Tab")
+        self.comes_back(title)
+
+    def comes_back(self, title):
+        """Waits for a window that was there before, of whichever program."""
+        self.until(lambda: self.title() == title, f"the window {title!r}")
+        self._stack = [self.active()]
+
+    # Keys and mouse
+
+    def keys(self, *names):
+        self.pressed += len(names)
+        self._ask("xdotool", "key", "--delay", "2", *names)
+
+    def types(self, text):
+        self.pressed += len(text)
+        self._ask("xdotool", "type", "--delay", "2", text)
+
+    def picks(self, opening, *names):
+        """In a list that drops down: the key that opens it, then those that choose and close it again."""
+
+        def windows():
+            return len(self._ask("xdotool", "search", "--onlyvisible", "--class", "xa518").split())
+
+        closed = windows()
+        self.keys(opening)
+        self.until(lambda: windows() > closed, "the list to drop down")
+        self.keys(*names)
+        self.until(lambda: windows() == closed, "the list to close")
+
+    def fills(self, *texts):
+        """Fields one after the other, each left with Enter."""
+        for text in texts:
+            self.types(text)
+            self.keys("Return")
+
+    def clicks(self, right, down, times=1):
+        """At a place measured from the active window's corner; below 0, from its opposite one."""
+        lines = self._ask("xdotool", "getactivewindow", "getwindowgeometry", "--shell").split()
+        frame = dict(line.split("=") for line in lines)
+        across = right if right >= 0 else int(frame["WIDTH"]) + right
+        along = down if down >= 0 else int(frame["HEIGHT"]) + down
+        self._ask("xdotool", "mousemove", "--window", self.active(), across, along)
+        self._ask("xdotool", "click", "--repeat", times, "--delay", "30", "1")
+
+    # What came of it
+
+    def rows(self, question, *values):
+        with sqlite3.connect(f"file:{self.folder}/xa/XA000.DB?mode=ro", uri=True) as base:
+            return base.execute(question, values).fetchall()
+
+    def shows(self, question, *wanted):
+        """Waits until the database answers so: a list of rows, or of values when there is one column."""
+        expected = list(wanted)
+
+        def answer():
+            found = self.rows(question)
+            return [row[0] if len(row) == 1 else row for row in found]
+
+        try:
+            self.until(lambda: answer() == expected, question)
+        except Lost as lost:
+            raise Lost(f"{lost}: wanted {expected}, found {answer()}") from None
+
+    def pixels(self):
+        grab = ["import", "-window", self.active(), "rgb:-"]
+        return subprocess.run(grab, env=self._environment, capture_output=True, check=False).stdout
+
+    def picture(self, path, whole=False):
+        window = ["root"] if whole else [self.active(), "-frame"]
+        self._ask("import", "-window", *window, path)
