@@ -21,7 +21,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kRitmoMs = 100; ///< how often the counters move: faster than that nobody reads them
+/// How often the counters move. A person reads no faster, and each time costs a paint.
+constexpr qint64 kRitmoMs = 250;
 constexpr int kLleno = 1000;
 
 bool Copia(QIODevice& origen, QIODevice& destino) {
