@@ -51,7 +51,7 @@ QString Instala(const prueba::BaseTemporal& base) {
     perfil.Escribe(kSeccionOpciones, u"SysPath", carpeta);
     perfil.Escribe(kSeccionOpciones, u"DBPath", carpeta);
     perfil.Escribe(kSeccionOpciones, u"DBName", u"XA.DB");
-    GrupoTrabajo(carpeta + kArchivoGrupo).Crea(CuentaConfigurada(perfil));
+    GrupoTrabajo(carpeta + kArchivoGrupo).Admite(CuentaConfigurada(perfil));
     return perfil.Ruta();
 }
 
