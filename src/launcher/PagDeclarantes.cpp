@@ -39,8 +39,10 @@ void PagDeclarantes::Agrega() {
     Abre({{}, {}, LaSesion().Usuario()}, &Declarantes::Agrega);
 }
 
+/// On a copy: the window reads its lists anew when it gets the focus, even with the dialog over it.
 void PagDeclarantes::Modifica() {
-    Abre(m_lista.at(m_ui->GrdDeclarantes->Actual()), &Declarantes::Modifica);
+    const Declarante declarante = m_lista.at(m_ui->GrdDeclarantes->Actual());
+    Abre(declarante, &Declarantes::Modifica);
 }
 
 /// A failure while the dialog is open is a refusal like any other: what was typed stays.

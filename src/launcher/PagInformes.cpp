@@ -35,7 +35,9 @@ void PagInformes::Carga(Base& base) {
 }
 
 void PagInformes::Ve() {
-    m_vista(*window(), LaSesion().RutaInformes(), m_lista.at(m_ui->GrdInformes->Actual()));
+    const InformeRegistrado informe =
+        m_lista.at(m_ui->GrdInformes->Actual()); // the list may be read anew under the view
+    m_vista(*window(), LaSesion().RutaInformes(), informe);
 }
 
 void PagInformes::Elimina() {

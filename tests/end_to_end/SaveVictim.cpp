@@ -1,22 +1,61 @@
+#include "app/DeclarationLists.h"
+#include "declaration/ClientGrid.h"
+#include "declaration/Save.h"
 #include "end_to_end/TwoDeclarations.h"
 
 #include <QCoreApplication>
 
 #include <cstdio>
+#include <cstdlib>
+
+using namespace xa518;
+using namespace Qt::StringLiterals;
+
+namespace {
 
 /// Saves two contents of one declaration in turn until it is killed; writes a line before the first save and after
 /// each.
-int main(int argc, char* argv[]) {
-    using namespace xa518;
-    const QCoreApplication aplicacion(argc, argv);
-    const std::unique_ptr<Base> base = Base::Abre(QCoreApplication::arguments().at(1));
+[[noreturn]] void GrabaSinFin(Base& base) {
     const auto avisa = [] {
         std::puts("listo");
         std::fflush(stdout);
     };
     avisa();
     for (bool uno = false;; uno = !uno) {
-        prueba::GrabaContenido(*base, uno ? prueba::Contenido::Uno : prueba::Contenido::Otro);
+        prueba::GrabaContenido(base, uno ? prueba::Contenido::Uno : prueba::Contenido::Otro);
         avisa();
     }
+}
+
+/// Saves what the work tables hold, once.
+void Graba(Base& base, const ClaveDeclaracion& clave) {
+    Declaracion declaracion;
+    declaracion.clave = clave;
+    RefrescaTotales(base, declaracion);
+    declaracion.montos.Cambia(410, declaracion.montos.Texto(405));
+    declaracion.pago = {u"E"_s, {}, {}, declaracion.montos.ImportePagar()};
+    declaracion.rectifica = u"1"_s;
+    (void)GrabaDeclaracion(base, declaracion, QDate(2026, 11, 21));
+}
+
+} // namespace
+
+/// With a base alone it saves without end; with "graba" or "elimina", a RUC and a period it does that once.
+int main(int argc, char* argv[]) {
+    const QCoreApplication aplicacion(argc, argv);
+    const QStringList argumentos = QCoreApplication::arguments();
+    try {
+        const std::unique_ptr<Base> base = Base::Abre(argumentos.at(1));
+        if (argumentos.size() == 2)
+            GrabaSinFin(*base);
+        const ClaveDeclaracion clave{argumentos.at(3), argumentos.at(4), kNumFormulario, false, {}};
+        if (argumentos.at(2) == u"graba")
+            Graba(*base, clave);
+        else
+            EliminaDeclaracion(*base, clave);
+    } catch (const Error& error) {
+        std::fprintf(stderr, "%s (error %d)\n", qUtf8Printable(error.Texto()), error.Numero());
+        return 3;
+    }
+    return EXIT_SUCCESS;
 }

@@ -1,0 +1,75 @@
+#include "app/ModuleForms.h"
+
+#include "app/Configuration.h"
+#include "data/Process.h"
+#include "detail/FrmAgePer.h"
+#include "import/frmTransferencia.h"
+#include "platform/HourGlass.h"
+#include "reports/RunReport.h"
+#include "reports/ShowReport.h"
+#include "reports/frmImprimir.h"
+
+#include <QFileDialog>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The client dialog over the declaration form, on the row of its grid.
+void AbreCliente(Proceso& proceso, Avisos& avisos, Forma& sobre, const ClaveDeclaracion& clave,
+                 const std::optional<ClienteElegido>& cliente) {
+    RelojDeArena reloj;
+    std::optional<FilaCliente> fila;
+    if (cliente)
+        fila = FilaCliente{cliente->tipDocPer, cliente->numDocPer, cliente->desRazon,
+                           cliente->apellidoP, cliente->apellidoM, cliente->nombres};
+    FrmAgePer dialogo(proceso, avisos, clave.periodo.mid(4) + u'/' + clave.periodo.left(4), fila, &sobre);
+    reloj.Suelta();
+    sobre.AbreModal(dialogo);
+}
+
+/// The report of refused lines is built in any case and shown when it is wanted.
+void ReportaErrores(Proceso& proceso, Avisos& avisos, const DatosErrores& datos, bool muestra, QWidget& sobre) {
+    const QString archivo = EscribeInforme(proceso, datos);
+    if (muestra)
+        VerReporte(EntornoDeInformes(proceso, avisos), {archivo, {}, {}}, ModoReporte::Vprevia, &sobre);
+}
+
+/// The import over the declaration form.
+void AbreImportacion(Proceso& proceso, Avisos& avisos, Forma& sobre, const ImportacionPedida& pedida) {
+    const auto reporte = [&](Forma& dialogo, const QString& rutaErr, bool muestra) {
+        ReportaErrores(proceso, avisos, {rutaErr, pedida.clave.ruc, pedida.nombre, pedida.clave.periodo}, muestra,
+                       dialogo);
+    };
+    const auto pideArchivo = [](QWidget& dialogo, const QString& sugerido) {
+        return QFileDialog::getSaveFileName(&dialogo, u"Guardar errores"_s, sugerido, u"CSV (*.csv)"_s);
+    };
+    frmTransferencia dialogo(proceso, avisos, {PerfilCompartido(), reporte, pedida.refresca, pideArchivo}, &sobre);
+    sobre.AbreModal(dialogo);
+}
+
+} // namespace
+
+Dialogos FormasDelModulo(Proceso& proceso, Avisos& avisos) {
+    Dialogos dialogos;
+    dialogos.declaracion = [&proceso, &avisos](BarradeEstadoQMD& barra, const DeclaracionElegida& elegida,
+                                               QWidget* padre) -> std::unique_ptr<QDialog> {
+        DialogosDeDetalle detalle;
+        detalle.abreCliente = [&proceso, &avisos](Forma& sobre, const ClaveDeclaracion& clave,
+                                                  const std::optional<ClienteElegido>& cliente) {
+            AbreCliente(proceso, avisos, sobre, clave, cliente);
+        };
+        detalle.abreImportacion = [&proceso, &avisos](Forma& sobre, const ImportacionPedida& pedida) {
+            AbreImportacion(proceso, avisos, sobre, pedida);
+        };
+        return std::make_unique<Frm518>(proceso, avisos, barra, detalle, elegida, padre);
+    };
+    dialogos.impresion = [&proceso, &avisos](BarradeEstadoQMD& barra, QWidget* padre) {
+        return HazImprimir(proceso, avisos, barra, padre);
+    };
+    return dialogos;
+}
+
+} // namespace xa518

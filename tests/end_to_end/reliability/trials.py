@@ -1,0 +1,360 @@
+"""Trials of what the programs leave behind when they are killed, when the disk fails, when the base is held, gone or
+damaged, and when several of them share it. Prints a table row for each trial; fails when one of them found a fault."""
+
+import os
+import random
+import re
+import shutil
+import sqlite3
+import subprocess
+import tempfile
+import threading
+import time
+from collections import Counter
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[3]
+SAMPLE = ROOT / "catalog" / "ejemplo"
+RUC, PERIOD, BIG_PERIOD = "20990518018", "202609", "202610"
+KEY = ("--ruc", RUC, "--hoy", "21/11/2026", "--periodo")
+SAVED = ("CAB", "DET", "F518PCAB", "F518PDET", "F518PDETVC", "F518PDETCP")
+WORK = ("TMPF518PCAB", "TMPF518PDET", "TMPF518PDETCP")
+BATCH, BIG_LINES = 10_000, 21_000
+MOMENTS = 200
+MODULE_FORMS = ("MDIFrm FrmContAbrir FrmContAbrirE Frm518 FrmConsist FrmAgePer FrmDetAgePer frmPerDet frmTransferencia "
+                "frmImprimir frmImpxPag frmPreview FrmConsultas frmAcercade FrmAyuda")
+LAUNCHER_FORMS = "FrmConsola FrmDeclarante frmPreview"
+TOLD = re.compile(r"\(error \d+\)")
+
+
+class Fault(Exception):
+    """What a trial found that must not be."""
+
+
+def demand(holds, what):
+    if not holds:
+        raise Fault(what)
+
+
+class Installation:
+    """The sample company in a folder of its own, its base put back as it was before each attempt."""
+
+    def __init__(self, build, folder):
+        self.build, self.folder, self.base = build, folder / "xa518", folder / "xa518" / "XA000.DB"
+        self.environment = {**os.environ, "XDG_CONFIG_HOME": str(folder / "config"), "HOME": str(folder),
+                            "QT_QPA_PLATFORM": "offscreen", "LC_ALL": "C.UTF-8", "TZ": "UTC"}
+        (folder / "config").mkdir()
+        self.part, self.big = folder / "part", folder / "big"
+        self.must(self.console("--instalar", "--carpeta", self.folder, "--ejemplo"))
+        self.write_files()
+        self.must(self.batch("declarar", PERIOD, self.part, "--efectivo"))
+        self.must(self.batch("importar", PERIOD, SAMPLE), (0, 1))  # the part is there already: its lines are refused
+        self.kept = self.base.read_bytes()
+        self.old = self.saved()
+
+    def write_files(self):
+        """A month's first lines, and a month of several batches."""
+        self.part.mkdir()
+        name = f"0518{RUC}{PERIOD}.TXT"
+        lines = (SAMPLE / name).read_bytes().splitlines(keepends=True)
+        (self.part / name).write_bytes(b"".join(lines[:100]))
+        self.big.mkdir()
+        client = lines[0].decode("cp1252").split("|")[:6]
+        with open(self.big / f"0518{RUC}{BIG_PERIOD}.TXT", "w", encoding="cp1252") as file:
+            for n in range(1, BIG_LINES + 1):
+                voucher = ["P001", str(n), "15/10/2026", "1", "0", "0", "100.00"]
+                file.write("|".join(client + voucher + ["01", "F001", str(n), "10/10/2026", "100.00"]) + "|\n")
+
+    def run(self, program, *arguments, fault=None, **options):
+        environment = dict(self.environment)
+        if fault:
+            environment |= {"LD_PRELOAD": str(self.build / "tests/end_to_end/libfaulty_disk.so"),
+                            "FALLA_CARPETA": str(self.folder), "FALLA_MODO": fault[0], "FALLA_EN": str(fault[1])}
+        run = subprocess.run([self.build / program, *arguments], env=environment, capture_output=True, text=True,
+                             timeout=120, check=False, **options)
+        demand(run.returncode >= 0 or fault, f"{program} {arguments} died: {run.returncode} {run.stderr}")
+        return run
+
+    def console(self, *arguments, **options):
+        return self.run("src/launcher/consola", *arguments, **options)
+
+    def batch(self, order, period, files=None, *more, **options):
+        return self.run("src/batch/xa518-lote", order, *KEY, period, *(("--percepciones", files) if files else ()), *more,
+                        **options)
+
+    def victim(self, work):
+        return lambda fault=None: self.run("tests/end_to_end/save_victim", self.base, work, RUC, PERIOD, fault=fault)
+
+    @staticmethod
+    def must(run, codes=(0,)):
+        demand(run.returncode in codes, f"{run.args}: {run.stdout}{run.stderr}")
+
+    def restore(self, content=None):
+        for beside in self.folder.glob("XA000.DB*"):
+            beside.unlink()
+        self.base.write_bytes(content or self.kept)
+
+    def rows(self, table, columns="*"):
+        with sqlite3.connect(self.base) as base:
+            return base.execute(f"SELECT {columns} FROM {table} ORDER BY rowid").fetchall()
+
+    def saved(self):
+        """All that is stored of the declarations, once the engine has found the base sound."""
+        with sqlite3.connect(self.base) as base:
+            demand(base.execute("PRAGMA integrity_check").fetchone() == ("ok",), "the base isn't sound")
+        return {table: self.rows(table) for table in SAVED}
+
+
+def spread(total):
+    """All moments when they are not too many, otherwise 200 evenly spread ones."""
+    count = total if total <= 2 * MOMENTS else MOMENTS
+    return [i * total // count for i in range(count)]
+
+
+def changes_of(work):
+    return int(re.search(r"cambios (\d+)", work(("cuenta", 0)).stderr).group(1))
+
+
+def killed(place, work):
+    """Dies before or in the midst of each change of a save or a delete: the old state stands, or the new one."""
+    place.restore()
+    total = changes_of(work)
+    new = place.saved()
+    demand(new != place.old, "the work changes nothing")
+    seen = Counter()
+    for moment in spread(2 * total):
+        place.restore()
+        fault = (("mata", "rasga")[moment % 2], moment // 2 + 1)
+        demand(work(fault).returncode == -9, f"not killed at {fault}")
+        found = place.saved()
+        demand(found in (place.old, new), f"half a state, {fault}")
+        seen["new" if found == new else "old"] += 1
+        work()  # and the next one finds nothing in its way
+        demand(place.saved() == new, f"the repetition differs, {fault}")
+    return sum(seen.values()), f"{total} changes; {seen['old']} left the old state, {seen['new']} the new one"
+
+
+def import_killed(place):
+    """Dies at a change or by the clock: of the lines whole batches stay, and totals are those of all or of none."""
+    work = lambda fault=None: place.batch("importar", BIG_PERIOD, place.big, fault=fault)
+    place.restore()
+    start = [place.rows(table) for table in WORK]
+    total = changes_of(work)
+    place.restore()
+    begin = time.monotonic()
+    place.must(work())
+    microseconds = int((time.monotonic() - begin) * 1e6)
+    whole = [place.rows(table) for table in WORK]
+    demand(len(whole[2]) == BIG_LINES, "the whole file isn't there")
+    half = MOMENTS // 2
+    faults = [("mata" if i % 2 else "rasga", 1 + i * total // half) for i in range(half)]
+    faults += [("alarma", 1 + i * microseconds // half) for i in range(half)]
+    seen = Counter()
+    for fault in faults:
+        place.restore()
+        seen[import_state(place, work(fault).returncode, start, whole, fault)] += 1
+    demand(any("lines" in state for state in seen), "no death fell between two batches")
+    return len(faults), f"{total} changes; " + ", ".join(f"{seen[state]} {state}" for state in sorted(seen))
+
+
+def import_state(place, code, start, whole, fault):
+    demand(place.saved() == place.old, f"the import touched what is saved, {fault}")
+    clients, vouchers, payments = found = [place.rows(table) for table in WORK]
+    if code == 0:
+        demand(found == whole, f"done, but not whole, {fault}")
+        return "over before"
+    demand(code in (-9, -14), f"ended with {code}, {fault}")
+    if found == start:
+        return "as before"
+    demand(len(payments) % BATCH == 0 or len(payments) == BIG_LINES, f"half a batch: {len(payments)}, {fault}")
+    demand(payments == whole[2][:len(payments)], f"other payment vouchers, {fault}")
+    demand([row[:3] for row in vouchers] == [row[:3] for row in whole[1][:len(vouchers)]], f"other vouchers, {fault}")
+    demand({row[1] for row in vouchers} == {row[1] for row in clients}, f"vouchers without their client, {fault}")
+    for client in clients:  # the run sums up at its end
+        totals = [float(total or 0) for total in client[7:9]]
+        demand(totals in ([0, 0], [100 * len(vouchers), 2 * len(vouchers)]), f"half a total: {totals}, {fault}")
+    return f"with {len(payments)} lines" if payments else "with empty work tables"
+
+
+def disk_full(place, kind):
+    """A save through the real program, the disk failing once or from a change on: the old declaration stays and the
+    user is told, or the change didn't matter."""
+    work = lambda fault=None: place.batch("declarar", PERIOD, None, "--rectifica", fault=fault)
+    place.restore()
+    total = changes_of(work)
+    new = place.saved()
+    seen = Counter()
+    for change in range(1, total + 1):
+        place.restore()
+        run = work((kind, change))
+        found = place.saved()
+        demand(found in (place.old, new), f"half a state at change {change}")
+        if run.returncode == 3:
+            demand(TOLD.search(run.stderr) and "El disco" in run.stderr, f"unclear at change {change}: {run.stderr}")
+            seen["refused, old state" if found == place.old else "told as failed, yet new state"] += 1
+        else:
+            demand(run.returncode in (0, 1) and found == new, f"change {change}: {run.returncode} {run.stderr}")
+            seen["saved all the same"] += 1
+    return total, ", ".join(f"{n} {state}" for state, n in sorted(seen.items()))
+
+
+def writers(place):
+    return [lambda **o: place.batch("declarar", PERIOD, SAMPLE, "--rectifica", **o),
+            lambda **o: place.batch("importar", PERIOD, SAMPLE, **o),
+            lambda **o: place.console("--enviar", RUC, PERIOD, **o),
+            lambda **o: place.run("tests/end_to_end/save_victim", place.base, "elimina", RUC, PERIOD, **o)]
+
+
+def refused_by_all(place, words, number, **options):
+    for work in writers(place):
+        run = work(**options)
+        demand(run.returncode == 3 and f"(error {number})" in run.stderr and re.search(words, run.stderr),
+               f"expected {number}: {run.args} {run.returncode} {run.stderr}")
+
+
+def locked(place):
+    """Another program writes, or only reads without end."""
+    rounds = 5
+    for statements in (("BEGIN EXCLUSIVE",), ("BEGIN", "SELECT * FROM CAB")):
+        for _ in range(rounds):
+            place.restore()
+            holder = sqlite3.connect(place.base, isolation_level=None)
+            for statement in statements:
+                holder.execute(statement).fetchone()
+            refused_by_all(place, "ocupada|se encuentra abierto", 3051)
+            holder.close()
+            demand(place.saved() == place.old, "a refused write left something")
+    return 2 * rounds * len(writers(place)), "all refused with error 3051, nothing written"
+
+
+def read_only(place):
+    place.restore()
+    place.base.chmod(0o444)
+    options = {"user": 65534, "group": 65534} if os.geteuid() == 0 else {}  # to the superuser nothing is read-only
+    if options:
+        subprocess.run(["chown", "-R", "65534:65534", place.folder.parent], check=True)
+    refused_by_all(place, "sólo lectura", 3051, **options)
+    if options:
+        subprocess.run(["chown", "-R", "0:0", place.folder.parent], check=True)
+    place.base.chmod(0o600)
+    demand(place.saved() == place.old, "a refused write left something")
+    return len(writers(place)), "all refused with error 3051"
+
+
+def removed(place):
+    place.restore()
+    place.base.unlink()
+    refused_by_all(place, "No se encuentra", 3024)
+    demand(not place.base.exists(), "an empty base took the place of the missing one")
+    place.restore()
+    group = place.folder / "XA000.MDW"
+    kept = group.read_bytes()
+    group.unlink()
+    run = place.console("--enviar", RUC, PERIOD)
+    demand(run.returncode == 3 and "(error 3028)" in run.stderr, f"workgroup file: {run.stderr}")
+    group.write_bytes(kept)
+    return len(writers(place)) + 1, "base: error 3024, none made in its place; workgroup file: error 3028"
+
+
+def corrupted(place, seed):
+    """Bytes overwritten at many places, and the file cut short: no crash, and what can't be read is told."""
+    chance = random.Random(seed)
+    orders = [lambda: place.batch("validar", PERIOD), lambda: place.batch("declarar", PERIOD, SAMPLE, "--rectifica"),
+              lambda: place.console("--enviar", RUC, PERIOD)]
+    seen, places = Counter(), MOMENTS // 2
+    for i in range(places):
+        content = bytearray(place.kept)
+        where = i * len(content) // places
+        if i % 5 == 4:
+            del content[where:]
+        else:
+            content[where:where + 64] = chance.randbytes(64)
+        for order in orders:
+            place.restore(bytes(content) or b"\0")
+            run = order()
+            told = run.returncode == 3 and TOLD.search(run.stderr)
+            demand(told or run.returncode in (0, 1, 2), f"byte {where}: {run.args} {run.returncode} {run.stderr}")
+            seen["told with its number" if told else "not met by the work"] += 1
+    return places * len(orders), ", ".join(f"{n} {state}" for state, n in sorted(seen.items())) + ", no crash"
+
+
+def shared(place, seconds):
+    """Two programs declare and the launcher sends, all at once."""
+    place.restore()
+    seen, faults, until = Counter(), [], time.monotonic() + seconds
+
+    def repeat(name, work):
+        while time.monotonic() < until and not faults:
+            run = work()
+            seen[name, run.returncode] += 1
+            waits = re.search(r"ocupada|en uso|se encuentra abierto|Otro programa", run.stderr)
+            if run.returncode not in (0, 1, 2) and not waits:
+                faults.append(f"{name}: {run.returncode} {run.stderr}")
+
+    jobs = [("declare", lambda: place.batch("declarar", PERIOD, SAMPLE, "--rectifica", "--efectivo")),
+            ("declare", lambda: place.batch("declarar", BIG_PERIOD, None, "--efectivo")),
+            ("send", lambda: place.console("--enviar", RUC, PERIOD))]
+    threads = [threading.Thread(target=repeat, args=job) for job in jobs]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    demand(not faults, faults and faults[0])
+    place.saved()
+    check_copies(place, seen["send", 0])
+    return sum(seen.values()), "; ".join(
+        f"{name}: {seen[name, 0] + seen[name, 1]} done, {seen[name, 3]} told to wait, {seen[name, 2]} with nothing to do"
+        for name in ("declare", "send"))
+
+
+def check_copies(place, sent):
+    """Each sent copy is there once and whole: the first has the part's rows, the others the whole file's."""
+    copies = place.rows("HCAB", "correl, control")
+    demand(len(copies) == sent, f"{sent} sent, {len(copies)} copies")
+    demand(len(set(copies)) == len({control for _, control in copies}) == sent, "a number was given twice")
+    sizes = Counter(row[0] for row in place.rows("HF518PDETCP", "correl"))
+    demand(set(sizes.values()) <= {100, 245} and len(sizes) == sent, f"a copy in part: {sizes}")
+
+
+def monkey(place, window, seconds, seed, forms):
+    """Random keys and clicks; the test itself fails on a crash, an escaped error or a complaint of the toolkit."""
+    environment = {**place.environment, "MONO_SEGUNDOS": str(seconds), "MONO_SEMILLA": str(seed)}
+    run = subprocess.run([place.build / "tests/end_to_end/monkey_test", f"--gtest_filter=*{window}*"], env=environment,
+                         capture_output=True, text=True, timeout=seconds + 120, check=False)
+    demand(run.returncode == 0, f"{run.returncode}: {run.stdout}{run.stderr}")
+    steps, counts = re.search(r"pasos (\d+): (.*)", run.stdout).groups()
+    met = {pair.split()[0] for pair in counts.split(", ")}
+    missed = [form for form in forms.split() if form not in met]
+    demand(seconds < 60 or not missed, f"never met: {missed}")
+    return f"{steps} steps", f"no crash; {len(met & set(forms.split()))} of {len(forms.split())} forms met, base sound"
+
+
+def main(build, seconds, seed, wanted):
+    trials = [
+        ("Killed in a save", lambda p: killed(p, p.victim("graba"))),
+        ("Killed in a delete", lambda p: killed(p, p.victim("elimina"))),
+        ("Killed in an import", import_killed),
+        ("Disk fails at one change of a save", lambda p: disk_full(p, "una")),
+        ("Disk full from a change of a save on", lambda p: disk_full(p, "lleno")),
+        ("Base locked by another program", locked),
+        ("Base read-only", read_only),
+        ("Base or workgroup file removed", removed),
+        ("Base damaged", lambda p: corrupted(p, seed)),
+        (f"Two programs and the launcher, {seconds} s", lambda p: shared(p, seconds)),
+        (f"Random keys and clicks, module, {seconds} s", lambda p: monkey(p, "Module", seconds, seed, MODULE_FORMS)),
+        (f"Random keys and clicks, launcher, {seconds} s", lambda p: monkey(p, "Launcher", seconds, seed, LAUNCHER_FORMS)),
+    ]
+    sound = True
+    print("| trial | how often | what was seen |\n|---|---|---|")
+    with tempfile.TemporaryDirectory() as folder:
+        os.chmod(folder, 0o755)
+        place = Installation(build, Path(folder))
+        for name, trial in trials:
+            if not any(part.lower() in name.lower() for part in wanted or [""]):
+                continue
+            try:
+                count, result = trial(place)
+            except Fault as fault:
+                sound, count, result = False, "", f"FAULT: {fault}"
+            print(f"| {name} | {count} | {result} |", flush=True)
+    return sound
