@@ -58,13 +58,13 @@ LineaMuestra Muestra::Linea(int indice) const {
             std::to_string(2 + comprobante % 18) + "." + centimos};
 }
 
-void Muestra::EscribeArchivo(const QString& ruta) const {
+void Muestra::EscribeArchivo(const QString& ruta, const std::string& fecha) const {
     std::ofstream archivo(ruta.toStdString(), std::ios::binary);
     for (int i = 0; i < m_tamanio.lineas; ++i) {
         const LineaMuestra linea = Linea(i);
         archivo << (linea.empresa ? "06|" : "01|") << linea.documento
                 << (linea.empresa ? "|COMERCIAL DEL VALLE Y HERMANOS S.A.C.||||" : "||QUISPE|ROJAS|MARIA ELENA|")
-                << "0001|" << linea.comprobante << "|15/10/2026|1|0|1|" << linea.monto << "|01|F001|" << linea.pago
+                << "0001|" << linea.comprobante << '|' << fecha << "|1|0|1|" << linea.monto << "|01|F001|" << linea.pago
                 << "|10/10/2026|" << linea.monto << "|\r\n";
     }
     if (!archivo.flush())

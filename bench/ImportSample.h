@@ -34,7 +34,8 @@ class Muestra {
     explicit Muestra(const Tamanio& tamanio);
 
     [[nodiscard]] LineaMuestra Linea(int indice) const;
-    void EscribeArchivo(const QString& ruta) const;
+    /// Every line bears that date of issue.
+    void EscribeArchivo(const QString& ruta, const std::string& fecha = "15/10/2026") const;
 
   private:
     Tamanio m_tamanio;

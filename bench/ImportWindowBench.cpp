@@ -33,10 +33,8 @@ struct Trabajo {
 };
 
 std::shared_ptr<Taller> HazTaller(const Trabajo& trabajo) {
-    const auto taller = std::make_shared<Taller>(Tamanio{trabajo.lineas, trabajo.lineas / 5, trabajo.lineas / 2});
-    if (trabajo.estropeado)
-        taller->EstropeaArchivo();
-    return taller;
+    return std::make_shared<Taller>(Tamanio{trabajo.lineas, trabajo.lineas / 5, trabajo.lineas / 2},
+                                    !trabajo.estropeado);
 }
 
 void ExigeFilas(Proceso& proceso, const Trabajo& trabajo) {
@@ -78,14 +76,30 @@ Medida MideVentana(const Trabajo& trabajo) {
     });
 }
 
-void Informa(const char* nombre, const Trabajo& trabajo) {
-    const Medida lote = MideLote(trabajo);
-    const Medida ventana = MideVentana(trabajo);
+constexpr int kVeces = 3;
+
+Medida MenosMolestada(const Medida& una, const Medida& otra) {
+    return otra.procesador < una.procesador ? otra : una;
+}
+
+struct Comparada {
+    double razon = 0; ///< of the window to the batch tool
+    double lote = 0;  ///< seconds
+};
+
+Comparada Informa(const char* nombre, const Trabajo& trabajo) {
+    Medida lote = MideLote(trabajo);
+    Medida ventana = MideVentana(trabajo);
+    for (int i = 1; i < kVeces; ++i) { // in turns, so that other programs on the machine disturb both alike
+        lote = MenosMolestada(lote, MideLote(trabajo));
+        ventana = MenosMolestada(ventana, MideVentana(trabajo));
+    }
     std::printf("%-16s %9d %9.2f %9.2f %8.2fx %9.2f %9.2f %8.2fx %9.1f %9.1f\n", nombre, trabajo.lineas, lote.segundos,
                 ventana.segundos, ventana.segundos / lote.segundos, lote.procesador, ventana.procesador,
                 ventana.procesador / lote.procesador, static_cast<double>(lote.memoriaKb) / 1024,
                 static_cast<double>(ventana.memoriaKb) / 1024);
     std::fflush(stdout);
+    return {ventana.segundos / lote.segundos, lote.segundos};
 }
 
 } // namespace
@@ -98,9 +112,11 @@ int main() {
         std::printf("                     lines   batch s  window s    ratio batch cpu win. cpu    ratio  batch MB "
                     "window MB\n");
         Informa("all pass", {20'000, false});
-        Informa("all pass", {100'000, false});
+        Resume("Import of 100,000 lines in the window", Informa("all pass", {100'000, false}).razon,
+               " x the batch tool", "1.15");
         Informa("all refused", {20'000, true});
-        Informa("all refused", {100'000, true});
+        Resume("100,000 lines, all refused, logs closed per line", Informa("all refused", {100'000, true}).lote, " s",
+               "10 s");
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return 1;

@@ -1,7 +1,5 @@
 #include "ImportWorkshop.h"
 
-#include <QFile>
-
 #include <stdexcept>
 
 namespace xa518::medida {
@@ -15,11 +13,12 @@ const QString kPeriodo = u"202610"_s;
 
 } // namespace
 
-Taller::Taller(const Tamanio& tamanio) : m_reloj(QDateTime(QDate(2026, 11, 1), QTime(9, 0))) {
+Taller::Taller(const Tamanio& tamanio, bool vale) : m_reloj(QDateTime(QDate(2026, 11, 1), QTime(9, 0))) {
     for (const QString& clase : {u"1"_s, u"2"_s, u"6"_s})
         m_base.Param(u"953"_s, clase + u"010909200501"_s,
                      prueba::Funcion({{2, u"0.0200"_s}, {21, u"0.0200000"_s}, {31, u"2.00"_s}}));
-    Muestra(tamanio).EscribeArchivo(RutaArchivo());
+    Muestra(tamanio).EscribeArchivo(Carpeta() + u"/0518"_s + kRuc + kPeriodo + u".TXT"_s,
+                                    vale ? "15/10/2026" : "15/09/2026");
 }
 
 std::unique_ptr<Proceso> Taller::Abre() const {
@@ -30,17 +29,6 @@ std::unique_ptr<Proceso> Taller::Abre() const {
     proceso->fechaPrimerIgv = u"209912"_s;
     proceso->rutaRPT = Carpeta() + u"/RPT"_s;
     return proceso;
-}
-
-void Taller::EstropeaArchivo() const {
-    QFile archivo(RutaArchivo());
-    Exige(archivo.open(QIODevice::ReadWrite), "the sample can't be opened");
-    const QByteArray bytes = archivo.readAll().replace("|15/10/2026|1", "|15/09/2026|1");
-    Exige(archivo.seek(0) && archivo.write(bytes) == bytes.size(), "the sample can't be written");
-}
-
-QString Taller::RutaArchivo() const {
-    return Carpeta() + u"/0518"_s + kRuc + kPeriodo + u".TXT"_s;
 }
 
 void Exige(bool condicion, const char* motivo) {

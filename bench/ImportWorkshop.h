@@ -13,18 +13,14 @@ namespace xa518::medida {
 /// What an import needs around it: a base with the shipped tables, rates, and a folder with the file.
 class Taller {
   public:
-    explicit Taller(const Tamanio& tamanio);
+    /// `vale`: the lines pass; otherwise all of them bear a date outside the declared month.
+    explicit Taller(const Tamanio& tamanio, bool vale = true);
 
     /// The open declaration, with a base of its own. The workshop must outlive it.
     [[nodiscard]] std::unique_ptr<Proceso> Abre() const;
     [[nodiscard]] QString Carpeta() const { return m_base.Carpeta(); }
 
-    /// Moves every line of the file out of the declared month, so that none passes.
-    void EstropeaArchivo() const;
-
   private:
-    [[nodiscard]] QString RutaArchivo() const;
-
     prueba::BaseTemporal m_base;
     RelojFijo m_reloj;
 };

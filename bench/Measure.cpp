@@ -52,6 +52,11 @@ double Procesador() {
 
 } // namespace
 
+void Resume(const char* que, double resultado, const char* unidad, const char* meta) {
+    std::printf("| %s | %.2f%s | %s |\n", que, resultado, unidad, meta);
+    std::fflush(stdout);
+}
+
 Medida Mide(const std::function<std::function<void()>()>& trabajo) {
     int tubo[2];
     if (pipe(tubo) != 0)

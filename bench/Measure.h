@@ -14,4 +14,8 @@ struct Medida {
 /// first and returns what is. Raises `std::runtime_error` when the process fails.
 [[nodiscard]] Medida Mide(const std::function<std::function<void()>()>& trabajo);
 
+/// A row of the table that scripts/bench gathers: what was measured, the result with its unit, and what it should stay
+/// within.
+void Resume(const char* que, double resultado, const char* unidad, const char* meta);
+
 } // namespace xa518::medida

@@ -137,12 +137,18 @@ void Informa(int argc, char** argv) {
     Linea("20,000 clients, 150,000 vouchers, bare read", suelo, 1, "");
     const Medida anexo = MejorDe(5, [&] { return [&] { EscribeAnexo(taller, spool); }; });
     Linea("the annex of them to spool", anexo, anexo.procesador / suelo.procesador, "x the read");
+    Resume("Annex of 20,000 clients and 150,000 vouchers to spool", anexo.procesador / suelo.procesador,
+           " x the bare read of the rows", "3");
+    Resume("Its memory", static_cast<double>(anexo.memoriaKb) / 1024, " MB", "100 MB");
     const Medida vista = MejorDe(3, conDibujo([&] { AbreVista(spool); }));
     Linea("opening its preview", vista, InformeSpool::Abre(spool)->Paginas(), "pages");
+    Resume("Opening its preview", vista.segundos, " s", "1 s");
     for (const int paginas : {100, 1000}) {
         const Medida impresa = MejorDe(2, conDibujo([&] { EscribePaginas(spool, pdf, paginas); }));
         Linea(paginas == 100 ? "PDF of 100 pages" : "PDF of 1,000 pages", impresa, paginas / impresa.procesador,
               "pages/s");
+        if (paginas == 1000)
+            Resume("PDF of 1,000 pages", paginas / impresa.procesador, " pages/s", "-");
     }
 }
 

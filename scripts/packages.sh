@@ -30,6 +30,14 @@ packages_test=(
   imagemagick # pictures of that screen
 )
 
+packages_package=(
+  dpkg-dev # finds the libraries that the package needs
+  file
+  man-db
+  desktop-file-utils
+  appstream
+)
+
 packages_fuzz=(
   clang
 )

@@ -143,6 +143,7 @@ void MDIFrm::Abre(const std::function<std::unique_ptr<QDialog>()>& fabrica) {
     CentraSobre(*this, *forma);
     reloj.Suelta();
     forma->exec();
+    activateWindow(); // a form that goes together with its question leaves the focus to whichever program is behind
 }
 
 void MDIFrm::Nueva() {

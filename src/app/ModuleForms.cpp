@@ -10,6 +10,7 @@
 #include "reports/frmImprimir.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 
 namespace xa518 {
 
@@ -32,7 +33,9 @@ void AbreCliente(Proceso& proceso, Avisos& avisos, Forma& sobre, const ClaveDecl
 
 /// The report of refused lines is built in any case and shown when it is wanted.
 void ReportaErrores(Proceso& proceso, Avisos& avisos, const DatosErrores& datos, bool muestra, QWidget& sobre) {
+    RelojDeArena reloj;
     const QString archivo = EscribeInforme(proceso, datos);
+    reloj.Suelta();
     if (muestra)
         VerReporte(EntornoDeInformes(proceso, avisos), {archivo, {}, {}}, ModoReporte::Vprevia, &sobre);
 }
@@ -44,7 +47,8 @@ void AbreImportacion(Proceso& proceso, Avisos& avisos, Forma& sobre, const Impor
                        dialogo);
     };
     const auto pideArchivo = [](QWidget& dialogo, const QString& sugerido) {
-        return QFileDialog::getSaveFileName(&dialogo, u"Guardar errores"_s, sugerido, u"CSV (*.csv)"_s);
+        const QString ruta = QFileDialog::getSaveFileName(&dialogo, u"Guardar errores"_s, sugerido, u"CSV (*.csv)"_s);
+        return ruta.isEmpty() || !QFileInfo(ruta).suffix().isEmpty() ? ruta : ruta + u".csv"_s;
     };
     frmTransferencia dialogo(proceso, avisos, {PerfilCompartido(), reporte, pedida.refresca, pideArchivo}, &sobre);
     sobre.AbreModal(dialogo);

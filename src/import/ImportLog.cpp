@@ -35,10 +35,14 @@ void ArchivoLog::Agrega(QByteArrayView linea) {
     if (!archivo.open(QIODevice::WriteOnly | modo, QFile::ReadOwner | QFile::WriteOwner))
         throw Error(NumeroError::AccesoAlDisco, u"%1: %2"_s.arg(m_ruta, archivo.errorString()));
     m_empezado = true;
+    const qint64 antes = archivo.size();
     QByteArray bytes = linea.toByteArray();
     bytes.append(kFinDeLinea);
-    if (archivo.write(bytes) != bytes.size())
-        throw Error(NumeroError::AccesoAlDisco, u"%1: %2"_s.arg(m_ruta, archivo.errorString()));
+    if (archivo.write(bytes) == bytes.size())
+        return;
+    const QString motivo = archivo.errorString();
+    archivo.resize(antes); // no half line, on which the next one would be hung
+    throw Error(NumeroError::AccesoAlDisco, u"%1: %2"_s.arg(m_ruta, motivo));
 }
 
 LogImportacion::LogImportacion(const Proceso& proceso)
@@ -55,7 +59,7 @@ void LogImportacion::Anota(const Escritura& escritura) {
         escritura();
     } catch (const Error& error) {
         if (m_falla.isEmpty())
-            m_falla = error.Texto();
+            m_falla = u"No se pudieron guardar todas las líneas rechazadas. "_s + error.Texto();
     }
 }
 

@@ -37,10 +37,11 @@ class LogImportacion {
     /// first one is kept in `Falla`.
     void GraboLog(QByteArrayView linea, const QString& clave, Codigo codigo);
 
-    /// Name of the file with the refused lines, and of the list; the files exist once `Empezado`.
+    /// Name of the file with the refused lines, and of the list; each is this run's own once it is begun.
     [[nodiscard]] const QString& RutaLog() const { return m_log.Ruta(); }
     [[nodiscard]] const QString& RutaErr() const { return m_err.Ruta(); }
-    [[nodiscard]] bool Empezado() const { return m_log.Empezado() || m_err.Empezado(); }
+    [[nodiscard]] bool LogEmpezado() const { return m_log.Empezado(); }
+    [[nodiscard]] bool ErrEmpezado() const { return m_err.Empezado(); }
     [[nodiscard]] const QString& Falla() const { return m_falla; }
 
   private:

@@ -87,6 +87,7 @@ bool Transferencia::EsApto(QFile& archivo) {
     if (m_revision.defecto == Defecto::Ninguno)
         return true;
     m_resultado.fin = FinImportacion::Rechazada;
+    m_resultado.sinCampos = m_revision.defecto == Defecto::Separadores;
     m_resultado.mensaje = MensajeDe(m_revision.defecto);
     return false;
 }
@@ -184,10 +185,10 @@ void Transferencia::Falla(const Error& error) {
 }
 
 void Transferencia::Cierra() {
-    if (m_log.Empezado()) {
+    if (m_log.LogEmpezado())
         m_resultado.rutaLog = m_log.RutaLog();
+    if (m_log.ErrEmpezado())
         m_resultado.rutaErr = m_log.RutaErr();
-    }
     m_resultado.fallaDelLog = m_log.Falla();
     if (m_resultado.fin == FinImportacion::Completa)
         m_resultado.mensaje = MensajeFinal();

@@ -54,11 +54,12 @@ struct ResultadoImportacion {
     /// What the user is told at the end, nothing after a cancel. With refused lines it is a question, whether to show
     /// the report of errors.
     std::optional<Mensaje> mensaje;
-    int numeroError = 0; ///< of a failed run
-    QString archivo;     ///< bare name of the import file
-    QString rutaLog;     ///< of the refused lines; empty when this run has written none, as a trial never does
-    QString rutaErr;     ///< of the error list, likewise
-    QString fallaDelLog; ///< why refused lines may be missing from the two; empty when all were written
+    int numeroError = 0;    ///< of a failed run
+    bool sinCampos = false; ///< refused whole, because lines have too few or too many fields
+    QString archivo;        ///< bare name of the import file
+    QString rutaLog;        ///< of the refused lines; empty when this run has written none, as a trial never does
+    QString rutaErr;        ///< of the error list, likewise
+    QString fallaDelLog;    ///< why refused lines may be missing from the two; empty when all were written
 };
 
 /// How a run differs from the plain one.

@@ -21,7 +21,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kRitmoMs = 100; ///< how often the counters move: faster than that nobody reads them
+/// How often the counters move. A person reads no faster, and each time costs a paint.
+constexpr qint64 kRitmoMs = 250;
 constexpr int kLleno = 1000;
 
 bool Copia(QIODevice& origen, QIODevice& destino) {
@@ -97,11 +98,13 @@ void frmTransferencia::Transferir() {
 void frmTransferencia::Procesa(bool prueba) {
     m_cancelarRun = false;
     const ResultadoImportacion resultado = CorreTransferencia(prueba);
-    if (m_cancelarRun)
+    RecuerdaCarpeta();
+    if (m_cancelarRun) {
+        CuentaLoPerdido(resultado);
         return Termina();
+    }
     m_archivo = resultado.archivo;
     MuestraFin(resultado);
-    RecuerdaCarpeta();
     if (m_entorno.refresca)
         m_entorno.refresca();
     CuentaElFin(resultado, prueba);
@@ -144,10 +147,14 @@ void frmTransferencia::MuestraAvance(const AvanceImportacion& avance) {
         m_ui->barraAvance->setValue(static_cast<int>(avance.bytesLeidos * kLleno / avance.bytesTotal));
 }
 
-/// A file that isn't there leaves the counters as they were; one that is refused whole puts them back.
+/// A file that isn't there leaves the counters as they were, and so does one without its final separator; one that is
+/// refused for its fields puts them back.
 void frmTransferencia::MuestraFin(const ResultadoImportacion& resultado) {
-    if (resultado.fin == FinImportacion::Rechazada)
-        return PonEtiquetasEnReposo();
+    if (resultado.fin == FinImportacion::Rechazada) {
+        if (resultado.sinCampos)
+            PonEtiquetasEnReposo();
+        return;
+    }
     const bool nada = resultado.transferidos + resultado.rechazados == 0;
     if (resultado.fin == FinImportacion::Fallida && nada)
         return;
@@ -155,6 +162,14 @@ void frmTransferencia::MuestraFin(const ResultadoImportacion& resultado) {
     if (resultado.fin == FinImportacion::Completa)
         m_ui->barraAvance->setValue(kLleno);
     m_ui->cmdGuardarErrores->setEnabled(m_planilla && resultado.rechazados > 0);
+}
+
+/// A run that was cancelled ends without a word, unless something of it could not be kept.
+void frmTransferencia::CuentaLoPerdido(const ResultadoImportacion& resultado) {
+    if (!resultado.fallaDelLog.isEmpty())
+        m_avisos.Muestra({Icono::Exclamacion, resultado.fallaDelLog, {}});
+    if (resultado.fin == FinImportacion::Fallida && resultado.mensaje)
+        m_avisos.Muestra(*resultado.mensaje);
 }
 
 void frmTransferencia::CuentaElFin(const ResultadoImportacion& resultado, bool prueba) {

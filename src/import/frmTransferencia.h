@@ -69,6 +69,7 @@ class frmTransferencia final : public Forma, private ObservadorImportacion {
     void PonEnProceso(bool enProceso);
     void MuestraAvance(const AvanceImportacion& avance);
     void MuestraFin(const ResultadoImportacion& resultado);
+    void CuentaLoPerdido(const ResultadoImportacion& resultado);
     void CuentaElFin(const ResultadoImportacion& resultado, bool prueba);
     void PonEtiquetasEnReposo();
 

@@ -3,10 +3,7 @@
 #include "app/Configuration.h"
 #include "data/SchemaVersion.h"
 
-#include <QApplication>
-#include <QDialog>
 #include <QDir>
-#include <QTimer>
 
 namespace xa518::prueba {
 
@@ -51,17 +48,10 @@ void ModuloDePrueba::Declaracion(const QString& ruc, const QString& periodo, con
     }
 }
 
-void ModuloDePrueba::EnElModal(std::function<void(QWidget& forma)> mira) {
-    QTimer::singleShot(0, qApp, [mira = std::move(mira)] {
-        QWidget* forma = QApplication::activeModalWidget();
-        if (!forma) {
-            ADD_FAILURE() << "no form opened";
-            return;
-        }
-        mira(*forma);
-        if (QApplication::activeModalWidget() == forma)
-            forma->close();
-    });
+std::unique_ptr<Base> ModuloDePrueba::Bloquea() const {
+    auto otro = Base::Abre(base.Ruta());
+    otro->Ejecuta(u"BEGIN EXCLUSIVE"_s);
+    return otro;
 }
 
 } // namespace xa518::prueba

@@ -4,12 +4,11 @@
 #include "data/Process.h"
 #include "platform/Clock.h"
 #include "platform/ProfileFile.h"
+#include "support/FormDriver.h"
 #include "support/NoticeScript.h"
 #include "support/TemporaryBase.h"
 
 #include <gtest/gtest.h>
-
-#include <functional>
 
 namespace xa518::prueba {
 
@@ -25,8 +24,8 @@ class ModuloDePrueba : public testing::Test {
     /// A head and one row in each other table of the declaration.
     void Declaracion(const QString& ruc, const QString& periodo, const QString& correl = {}) const;
 
-    /// Runs once the next modal form stands, and closes it afterwards if it still does.
-    static void EnElModal(std::function<void(QWidget& forma)> mira);
+    /// Another program that holds the base, until it is let go.
+    [[nodiscard]] std::unique_ptr<Base> Bloquea() const;
 
     BaseTemporal base;
     QString carpetaAnterior;

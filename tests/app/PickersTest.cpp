@@ -3,12 +3,10 @@
 
 #include "Printers.h"
 #include "app/AppFixture.h"
-#include "app/FrmConsultas.h"
 #include "platform/ReadGrid.h"
 #include "platform/StatusBar.h"
 
 #include <QHeaderView>
-#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -47,14 +45,11 @@ class PickersTest : public prueba::ModuloDePrueba {
         proceso.opcion = opcion;
         proceso.enviadas = std::is_same_v<Lista, FrmContAbrirE>;
         auto lista = std::make_unique<Lista>(Entorno{proceso, avisos, barra, dialogos});
-        lista->show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(lista.get()));
+        prueba::Muestra(*lista);
         return lista;
     }
     static GrillaDeLectura& Grilla(QWidget& lista) { return *lista.findChild<GrillaDeLectura*>(); }
-    static void Boton(QWidget& lista, int indice) {
-        QTest::mouseClick(lista.findChild<QPushButton*>(u"CmdOpciones_%1"_s.arg(indice)), Qt::LeftButton);
-    }
+    static void Boton(const QWidget& lista, int indice) { prueba::Clic(lista, u"CmdOpciones_%1"_s.arg(indice)); }
     /// The cells of one column, from the top.
     static QStringList Columna(QWidget& lista, int columna) {
         const auto& datos = *Grilla(lista).model();
@@ -105,7 +100,7 @@ TEST_F(PickersTest, OpensTheRowHiddenAndComesBackToIt) {
                                                  [&] { QTest::keyClick(&Grilla(*lista), Qt::Key_Return); },
                                                  [&] { Boton(*lista, 0); }};
     for (const auto& gesto : gestos) {
-        EnElModal([&](QWidget& /*forma*/) { barra.Limpia({}); });
+        prueba::AlAbrir({}, [&](QWidget& /*forma*/) { barra.Limpia({}); });
         gesto();
         EXPECT_TRUE(lista->isVisible());
         EXPECT_EQ(elegidas.takeLast(), kBeto + u"|ALMACEN BETO|092026||"_s);
@@ -115,7 +110,7 @@ TEST_F(PickersTest, OpensTheRowHiddenAndComesBackToIt) {
     }
     // The row that was open is the last one, and it is gone: back to the first.
     Grilla(*lista).PonFila(2);
-    EnElModal([&](QWidget& /*forma*/) { base->Ejecuta(u"DELETE FROM CAB WHERE periodo='202608'"_s); });
+    prueba::AlAbrir({}, [&](QWidget& /*forma*/) { base->Ejecuta(u"DELETE FROM CAB WHERE periodo='202608'"_s); });
     Boton(*lista, 0);
     EXPECT_EQ(Grilla(*lista).Fila(), 0);
     Boton(*lista, 1);
@@ -130,7 +125,7 @@ TEST_F(PickersTest, StaysOpenModallyWhenTheDeclarationCloses) {
     FrmContAbrir lista(Entorno{proceso, avisos, barra, dialogos});
     bool seguia = false;
     QTimer::singleShot(0, &lista, [&] {
-        EnElModal([](QWidget& forma) { EXPECT_NE(forma.objectName(), u"FrmContAbrir"); });
+        prueba::AlAbrir({}, [](QWidget& forma) { EXPECT_NE(forma.objectName(), u"FrmContAbrir"); });
         QTest::keyClick(&Grilla(lista), Qt::Key_Enter);
         QTimer::singleShot(50, &lista, [&] {
             seguia = lista.isVisible() && lista.isModal();
@@ -142,7 +137,13 @@ TEST_F(PickersTest, StaysOpenModallyWhenTheDeclarationCloses) {
     EXPECT_TRUE(seguia);
 }
 
-TEST_F(PickersTest, NothingCanBeTypedOnTheGridOfTheRegistered) {
+TEST_F(PickersTest, AnEmptyListStopsWithoutAWordAndNothingIsTypedOnAFullOne) {
+    const auto vacia = Abre<FrmContAbrir>(kEliminar);
+    Boton(*vacia, 0);
+    QTest::keyClick(&Grilla(*vacia), Qt::Key_Return);
+    Boton(*Abre<FrmContAbrirE>(kModificar), 0);
+    EXPECT_TRUE(elegidas.isEmpty());
+
     Registradas();
     const auto lista = Abre<FrmContAbrir>(kModificar);
     Grilla(*lista).setCurrentIndex(Grilla(*lista).model()->index(0, 0));
@@ -152,26 +153,13 @@ TEST_F(PickersTest, NothingCanBeTypedOnTheGridOfTheRegistered) {
     EXPECT_EQ(Grilla(*lista).Fila(), 1);
 }
 
-TEST_F(PickersTest, AnEmptyListStopsWithoutAWord) {
-    for (const int opcion : {kModificar, kEliminar}) {
-        const auto registradas = Abre<FrmContAbrir>(opcion);
-        Boton(*registradas, 0);
-        QTest::keyClick(&Grilla(*registradas), Qt::Key_Return);
-        proceso.correl = u"antes"_s;
-        Boton(*Abre<FrmContAbrirE>(opcion), 0);
-        EXPECT_EQ(proceso.correl, u"antes"_s);
-    }
-    EXPECT_TRUE(elegidas.isEmpty());
-    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-}
-
 TEST_F(PickersTest, TheSentListTakesTheRowsNumbersAndIsAnotherOneOnReturn) {
     Declaracion(kAna, u"202609"_s, u"2"_s);
     Declarante(1, kAna, u"LA MISMA CON DNI"_s, u"JEFA"_s);
     base->Ejecuta(u"UPDATE HCAB SET norden=' 123456789 ', control='10000042', fec_env='05/10/2026'"_s);
     const auto lista = Abre<FrmContAbrirE>(kModificar);
     EXPECT_EQ(Columna(*lista, 1).size(), 2) << "the declarant's kind isn't limited at load";
-    EnElModal([](QWidget& /*forma*/) {});
+    prueba::AlAbrir({}, [](QWidget& /*forma*/) {});
     Boton(*lista, 0);
     EXPECT_EQ(elegidas.last().section(u'|', 2), u"092026|123456789|10000042"_s);
     EXPECT_EQ(proceso.numOrden + u'/' + proceso.numControl + u'/' + proceso.correl, u"123456789/10000042/2"_s);
@@ -191,11 +179,11 @@ class DeletionTest : public PickersTest {
     [[nodiscard]] QString Borrado() const {
         return base.Filas(u"SELECT tabla FROM BORRADO ORDER BY orden"_s).join(u' ');
     }
-    [[nodiscard]] int Quedan() const {
+    [[nodiscard]] qsizetype Quedan() const {
         qsizetype filas = 0;
         for (const QString& tabla : kTablas)
             filas += base.Filas(u"SELECT 1 FROM "_s + tabla).size();
-        return static_cast<int>(filas);
+        return filas;
     }
 
     const QStringList kTablas{u"CAB"_s,  u"DET"_s,  u"F518PCAB"_s,  u"F518PDET"_s,  u"F518PDETVC"_s,  u"F518PDETCP"_s,
@@ -226,7 +214,7 @@ TEST_F(DeletionTest, OfOneSentCopyLeavesItsCashSalesAndTheOtherCopies) {
     Declaracion(kAna, u"202610"_s, u"1"_s);
     Declaracion(kAna, u"202610"_s, u"2"_s);
     Anota();
-    const int antes = Quedan();
+    const qsizetype antes = Quedan();
     const auto lista = Abre<FrmContAbrirE>(kEliminar);
     Grilla(*lista).PonFila(1);
     avisos.EsperaPregunta(kPregunta, Respuesta::Si);
@@ -241,26 +229,13 @@ TEST_F(DeletionTest, OfOneSentCopyLeavesItsCashSalesAndTheOtherCopies) {
 TEST_F(DeletionTest, ThatFailsChangesNothing) {
     Registradas();
     base->Ejecuta(u"CREATE TRIGGER falla BEFORE DELETE ON F518PCAB BEGIN SELECT RAISE(ABORT, 'el disco falla'); END"_s);
-    const int antes = Quedan();
+    const qsizetype antes = Quedan();
     const auto lista = Abre<FrmContAbrir>(kEliminar);
     avisos.EsperaPregunta(kPregunta, Respuesta::Si);
     Boton(*lista, 0);
     EXPECT_EQ(Quedan(), antes);
     EXPECT_EQ(Columna(*lista, 0).size(), 3);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-}
-
-TEST_F(PickersTest, TheBanksListShowsItsKindOnly) {
-    base.Param(u"004"_s, u"02"_s, u"BANCO PUERTO CALMO"_s);
-    base.Param(u"004"_s, u"00"_s, u"SIN BANCO"_s);
-    base.Param(u"004"_s, u"01"_s, u"BANCO DEL VALLE HONDO"_s);
-    proceso.tipoConsulta = u"B"_s;
-    FrmConsultas bancos(proceso);
-    EXPECT_EQ(bancos.windowTitle(), u"Bancos"_s);
-    EXPECT_EQ(Columna(bancos, 1), (QStringList{u"BANCO DEL VALLE HONDO"_s, u"BANCO PUERTO CALMO"_s}));
-    proceso.tipoConsulta = u"X"_s;
-    FrmConsultas otra(proceso);
-    EXPECT_EQ(Columna(otra, 1), QStringList());
 }
 
 TEST_F(PickersTest, TheRowThatAButtonActsOnAlwaysShows) {

@@ -1,6 +1,8 @@
 #include "DataFixture.h"
 
 #include "data/Catalog.h"
+#include "data/DocumentTypes.h"
+#include "data/RateCatalog.h"
 
 namespace xa518 {
 namespace {
@@ -9,36 +11,142 @@ using namespace Qt::StringLiterals;
 
 class CatalogTest : public BaseDePrueba {
   protected:
-    CatalogTest() {
-        CreaCatalogo();
-        Param(u"830"_s, u"01"_s, u"209912 resto"_s);
-        Param(u"856"_s, u"O'x"_s, u"dato"_s);
-        Corre({u"INSERT INTO ERROR VALUES ('0151','Ciento cincuenta y uno'), ('E001','Con letra')"_s,
-               u"INSERT INTO CLAVES VALUES ('JEFA','0'), ('AUX','1')"_s});
+    void Documento(const QString& tipo, const QString& corto, const QString& largo, const QString& orden,
+                   const QString& datoYLongitud, const QString& ofrecidoEn = u"1"_s) const {
+        const QString fila = prueba::Funcion(
+            {{1, u"DOCUMENTO"_s}, {32, corto}, {46, largo}, {49, ofrecidoEn}, {56, orden}, {128, datoYLongitud}});
+        m_base->Ejecuta(u"INSERT OR REPLACE INTO PARAM VALUES ('044',?,?,0)"_s, {tipo, fila});
+    }
+    void Documentos() const {
+        Documento(u"1"_s, u"DNI"_s, u"08"_s, u"02"_s, u"0 1"_s, u"11"_s);
+        Documento(u"4"_s, u"CARNE EXT. LARGO"_s, u"12"_s, u"03"_s, u"5 0"_s);
+        Documento(u"7"_s, u"PASAPORTE"_s, u"12"_s, u"01"_s, u"5 0"_s);
+    }
+    void Tasa(const QString& clase, const QString& desde, const QString& antes, const QString& despues,
+              const QString& tasa) const {
+        m_base.Param(u"953"_s, clase + u"010909"_s + desde,
+                     prueba::Funcion({{2, antes}, {21, despues}, {31, tasa}, {37, u"9"_s}}));
+    }
+    [[nodiscard]] QString Busca(const QString& periodo, const QString& clase, const QString& mes) const {
+        CatalogoTasas tasas(*m_base, periodo);
+        const FilaTasa& fila = tasas.Busca(clase, mes);
+        return fila.factor + u'/' + fila.tasa;
     }
 };
 
 TEST_F(CatalogTest, ReadsAPieceWithItsLengthBeforeItsPosition) {
+    m_base.Param(u"830"_s, u"01"_s, u"209912 resto"_s);
+    m_base.Param(u"856"_s, u"O'x"_s, u"dato"_s);
+    m_base->Ejecuta(u"INSERT INTO ERROR VALUES ('0151','Ciento cincuenta y uno')"_s);
     const Catalogo catalogo(*m_base);
-    EXPECT_EQ(catalogo.FuncionParam(u"830"_s, u"01"_s, 6, 1), u"209912"_s);
     EXPECT_EQ(catalogo.FuncionParam(u"830"_s, u"01"_s, 2, 5), u"12"_s);
     EXPECT_EQ(catalogo.FuncionParam(u"830"_s, u"01"_s, 30, 8), u"resto"_s);
-    EXPECT_EQ(catalogo.FuncionParam(u"830"_s, u"01"_s, 3, 90), u""_s);
-    EXPECT_EQ(catalogo.FuncionParam(u"830"_s, u"02"_s, 6, 1), u""_s);
+    EXPECT_EQ(catalogo.FuncionParam(u"830"_s, u"01"_s, 3, 90) + catalogo.FuncionParam(u"830"_s, u"02"_s, 6, 1), u""_s);
     EXPECT_EQ(catalogo.Funcion(u"856"_s, u"O'x"_s), u"dato"_s);
     EXPECT_EQ(catalogo.Funcion(u"856"_s, u"' or '1'='1"_s), u""_s);
+    EXPECT_EQ(catalogo.DescError(u"151"_s), u"Ciento cincuenta y uno"_s);
 }
 
-TEST_F(CatalogTest, PadsErrorCodesAndDefaultsUsers) {
-    const Catalogo catalogo(*m_base);
-    EXPECT_EQ(catalogo.DescError(u"151"_s), u"Ciento cincuenta y uno"_s);
-    EXPECT_EQ(catalogo.DescError(u"0151"_s), u"Ciento cincuenta y uno"_s);
-    EXPECT_EQ(catalogo.DescError(u"E001"_s), u"Con letra"_s);
-    EXPECT_EQ(catalogo.DescError(u"0152"_s), u""_s);
-    EXPECT_EQ(catalogo.TipoUsuario(u"JEFA"_s), u"0"_s);
-    EXPECT_EQ(catalogo.TipoUsuario(u"AUX"_s), u"1"_s);
-    EXPECT_EQ(catalogo.TipoUsuario(u"nadie"_s), u"1"_s);
-    EXPECT_EQ(catalogo.TipoUsuario(QString()), u"1"_s);
+TEST_F(CatalogTest, DocumentsAreOfferedByFlagInTheOrderOfTheirKey) {
+    Documentos();
+    const auto items = [this](int bandera) {
+        QStringList lista;
+        for (const TipoDocumento& tipo : DocumentosOfrecidos(*m_base, bandera))
+            lista.append(tipo.Item());
+        return lista;
+    };
+    const QStringList esperados = {
+        u"07  -  "_s + u"PASAPORTE"_s.leftJustified(60) + u"12 5 0"_s,
+        u"01  -  "_s + u"DNI"_s.leftJustified(60) + u"08 0 1"_s,
+        u"04  -  "_s + u"CARNE EXT. "_s.leftJustified(60) + u"12 5 0"_s,
+    };
+    EXPECT_EQ(items(49), esperados);
+    EXPECT_EQ(items(50), esperados.mid(1, 1));
+}
+
+TEST_F(CatalogTest, DocumentTypesDecideWhichNumbersFit) {
+    Documentos();
+    const struct {
+        QString tipo, numero;
+        bool pasa;
+    } casos[] = {
+        {u" 01 "_s, u"12345678"_s, true}, {u"1"_s, u"1234567"_s, false},     {u"1"_s, u"1234567A"_s, false},
+        {u"4"_s, u"AB12"_s, true},        {u"4"_s, u"AB12-3"_s, false},      {u"4"_s, u"1234567890123"_s, false},
+        {u"4"_s, u"ñ1"_s, false},         {u"9"_s, u"123"_s, false},         {u""_s, u"12345678"_s, false},
+        {u"1"_s, u"  "_s, false},         {u"6"_s, u"20555123451"_s, false}, // no row
+    };
+    for (const auto& [tipo, numero, pasa] : casos)
+        EXPECT_EQ(ValidaDocumento(*m_base, tipo, numero), pasa) << qPrintable(tipo + u' ' + numero);
+    Documento(u"6"_s, u"RUC"_s, u"11"_s, u"01"_s, u"0 0"_s);
+    EXPECT_TRUE(ValidaDocumento(*m_base, u"6"_s, u"2055512345"_s));
+    Documento(u"6"_s, u"RUC"_s, u"11"_s, u"01"_s, u"0 1"_s);
+    EXPECT_FALSE(ValidaDocumento(*m_base, u"6"_s, u"2055512345"_s));
+}
+
+TEST_F(CatalogTest, DeclarantsAreAllOrOnesOwnAndOfAnyLengthByDefault) {
+    m_base->Ejecuta(u"INSERT INTO CLAVES VALUES ('JEFA','0')"_s);
+    m_base->Ejecuta(u"INSERT INTO CONT VALUES (6,'20555123451','B','AUX',1), (6,'20123456','A','AUX',2), "
+                    "(6,'20444123450','C','O''X',2), (1,'10101010','D','AUX',2)"_s);
+    const auto elegibles = [this](const QString& formulario, const QString& usuario) {
+        const ConsultaSql consulta = SqlDeclarantes(*m_base, formulario, usuario);
+        return Lista(u"SELECT Doc_id_d FROM ("_s + consulta.texto + u")"_s,
+                     {consulta.valores.begin(), consulta.valores.end()});
+    };
+    // With no row of the RUC the default row sets no length.
+    EXPECT_EQ(elegibles(u"0518"_s, u"JEFA"_s), u"20123456|20444123450|20555123451"_s);
+    EXPECT_EQ(elegibles(u"0518"_s, u"AUX"_s), u"20123456|20555123451"_s);
+    EXPECT_EQ(elegibles(u"0518"_s, u"O'X"_s), u"20444123450"_s);
+    EXPECT_EQ(elegibles(u"0275"_s, u"JEFA"_s), u"20123456|20444123450"_s);
+    Documento(u"6"_s, u"RUC"_s, u"11"_s, u"01"_s, u"5 1"_s);
+    EXPECT_EQ(elegibles(u"0518"_s, u"AUX"_s), u"20555123451"_s);
+    EXPECT_EQ(elegibles(u"0275"_s, u"JEFA"_s), u"20444123450"_s);
+}
+
+TEST_F(CatalogTest, BandsFollowTheDeclaredPeriod) {
+    const struct {
+        QString periodo, primerIgv;
+        Banda banda;
+    } casos[] = {
+        {u"200412"_s, u"209912"_s, Banda::C}, {u"200501"_s, u"209912"_s, Banda::A},
+        {u"200802"_s, u"209912"_s, Banda::A}, {u"200803"_s, u"209912"_s, Banda::B},
+        {u"201001"_s, u"201001"_s, Banda::B}, {u"201002"_s, u"201001"_s, Banda::C},
+        {u"200803"_s, u""_s, Banda::C},       {u"200802"_s, u""_s, Banda::A},
+    };
+    for (const auto& [periodo, primerIgv, banda] : casos)
+        EXPECT_EQ(BandaDe(periodo, primerIgv), banda) << qPrintable(periodo);
+}
+
+TEST_F(CatalogTest, RatesAreThoseOfTheRowInForceInTheMonth) {
+    Tasa(u"1"_s, u"200501"_s, u" 0.03"_s, u"0.0050"_s, u"0.50"_s);
+    Tasa(u"1"_s, u"201103"_s, u"0.04"_s, u"0.00505"_s, u"0.51"_s);
+    Tasa(u"2"_s, u"200501"_s, u"0.05"_s, u"0.02"_s, u"2.00"_s);
+    const struct {
+        QString periodo, clase, mes, esperado;
+    } casos[] = {
+        {u"202405"_s, u"1"_s, u"200412"_s, u"0/0"_s},
+        {u"202405"_s, u"1"_s, u"201102"_s, u"0.0050/0.50"_s},
+        {u"202405"_s, u"1"_s, u"201103"_s, u"0.00505/0.51"_s},
+        {u"202405"_s, u"2"_s, u"202401"_s, u"0.02/2.00"_s},
+        {u"202405"_s, u""_s, u"202401"_s, u"0/0"_s},
+        {u"202405"_s, u"1"_s, u"____0_"_s, u"0/0"_s},
+        // The declared period, not the voucher's month, decides between the two factors.
+        {u"200503"_s, u"1"_s, u"200501"_s, u"0.03/0.50"_s},
+        {u"200504"_s, u"1"_s, u"200501"_s, u"0.0050/0.50"_s},
+    };
+    for (const auto& [periodo, clase, mes, esperado] : casos)
+        EXPECT_EQ(Busca(periodo, clase, mes), esperado) << qPrintable(periodo + u' ' + mes);
+    CatalogoTasas tasas(*m_base, u"202405"_s);
+    (void)tasas.Busca(u"2"_s, u"202405"_s);
+    m_base->Ejecuta(u"DELETE * FROM PARAM"_s);
+    EXPECT_EQ(tasas.Busca(u"2"_s, u"202405"_s).factor, u"0.02"_s) << "kept for the run";
+}
+
+TEST_F(CatalogTest, AClassHoldsNineteenRates) {
+    for (int mes = 1; mes <= 19; ++mes)
+        Tasa(u"6"_s, QString::number(201000 + mes), u""_s, u"0.01"_s, QString::number(mes));
+    EXPECT_EQ(Busca(u"202405"_s, u"6"_s, u"202405"_s), u"0.01/19"_s);
+    Tasa(u"6"_s, u"201020"_s, u""_s, u"0.01"_s, u"20"_s);
+    EXPECT_THROW((void)Busca(u"202405"_s, u"6"_s, u"202405"_s), Desbordamiento);
 }
 
 } // namespace

@@ -1,11 +1,9 @@
 #pragma once
 
 #include "Printers.h"
-#include "data/Base.h"
+#include "support/TemporaryBase.h"
 
 #include <gtest/gtest.h>
-
-#include <QTemporaryDir>
 
 namespace xa518 {
 
@@ -20,24 +18,14 @@ int NumeroDe(const Trabajo& trabajo) {
     return 0;
 }
 
-constexpr int Codigo(NumeroError numero) {
-    return static_cast<int>(numero);
-}
-
-/// An empty base in a folder of its own, with the few tables that a case asks for.
+/// A base with the shipped tables, and those that a case adds.
 class BaseDePrueba : public testing::Test {
   protected:
-    BaseDePrueba();
-
-    [[nodiscard]] QString Ruta(const QString& nombre) const { return m_carpeta.filePath(nombre); }
-    void Corre(const QStringList& sentencias);
-    void CreaCatalogo();
-    void Param(const QString& numero, const QString& argumento, const QString& funcion);
-    /// The first column of all rows, joined by "|"; null shows as "NULL".
-    [[nodiscard]] QString Lista(const QString& sql, const QVariantList& valores = {});
-
-    QTemporaryDir m_carpeta;
-    std::unique_ptr<Base> m_base;
+    /// The rows of a query joined by "|".
+    [[nodiscard]] QString Lista(const QString& sql, const QVariantList& valores = {}) const {
+        return m_base.Filas(sql, valores).join(u'|');
+    }
+    prueba::BaseTemporal m_base;
 };
 
 } // namespace xa518

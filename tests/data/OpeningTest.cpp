@@ -1,8 +1,9 @@
 #include "DataFixture.h"
 
+#include "data/Workgroup.h"
+
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 
 #include <sqlite3.h>
 
@@ -16,12 +17,7 @@ using namespace Qt::StringLiterals;
 
 class OpeningTest : public BaseDePrueba {
   protected:
-    [[nodiscard]] QString Archivo(const QString& nombre, const QByteArray& bytes) const {
-        QFile archivo(Ruta(nombre));
-        EXPECT_TRUE(archivo.open(QIODevice::WriteOnly));
-        archivo.write(bytes);
-        return archivo.fileName();
-    }
+    [[nodiscard]] QString Ruta(const QString& nombre) const { return m_base.Carpeta() + u'/' + nombre; }
     [[nodiscard]] static int NumeroAlAbrir(const QString& ruta) {
         return NumeroDe([&] { (void)Base::Abre(ruta); });
     }
@@ -30,9 +26,10 @@ class OpeningTest : public BaseDePrueba {
 TEST_F(OpeningTest, TellsWhatIsWrongWithTheFile) {
     EXPECT_EQ(NumeroAlAbrir(Ruta(u"nohay.db"_s)), 3024);
     EXPECT_FALSE(QFile::exists(Ruta(u"nohay.db"_s))); // and didn't make one
-    EXPECT_EQ(NumeroAlAbrir(m_carpeta.path()), 3024);
+    EXPECT_EQ(NumeroAlAbrir(m_base.Carpeta()), 3024);
     EXPECT_EQ(NumeroAlAbrir(u""_s), 3024);
-    EXPECT_EQ(NumeroAlAbrir(Archivo(u"texto.db"_s, QByteArray(5000, 'x'))), SQLITE_NOTADB);
+    prueba::EscribeEn(Ruta(u"texto.db"_s), QByteArray(5000, 'x'));
+    EXPECT_EQ(NumeroAlAbrir(Ruta(u"texto.db"_s)), SQLITE_NOTADB);
     EXPECT_EQ(NumeroAlAbrir(u"oracle://servidor/base"_s), 3170);
     EXPECT_EQ(NumeroDe([&] { (void)Base::Crea(m_base->Ruta()); }), 57); // never over an existing one
 }
@@ -43,18 +40,13 @@ TEST_F(OpeningTest, MakesAPrivateFileUnderAnyName) {
     const QString ruta = carpeta + u"/base ñ.db"_s;
     Base::Crea(ruta)->Ejecuta(u"CREATE TABLE T (a TEXT)"_s);
     EXPECT_EQ(NumeroAlAbrir(ruta), 0);
-    EXPECT_EQ(QDir(carpeta).entryList(QDir::Files), QStringList{u"base ñ.db"_s});
-    const QFile::Permissions delGrupoYOtros =
-        QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
-    EXPECT_EQ(QFile::permissions(ruta) & delGrupoYOtros, QFile::Permissions());
+    EXPECT_EQ(QFile::permissions(ruta) & prueba::kDeOtros, QFile::Permissions());
 }
 
 /// The rules that keep a shared file whole over a power cut, as the engine itself reports them.
 TEST_F(OpeningTest, SetsTheEnginesRules) {
     EXPECT_EQ(Lista(u"PRAGMA journal_mode"_s), u"delete"_s);
     EXPECT_EQ(Lista(u"PRAGMA synchronous"_s), u"3"_s);
-    EXPECT_EQ(Lista(u"PRAGMA foreign_keys"_s), u"1"_s);
-    EXPECT_EQ(Lista(u"PRAGMA trusted_schema"_s), u"0"_s);
 }
 
 /// The superuser may write anything, so the file is opened by a child that has become somebody else.
@@ -72,16 +64,32 @@ int NumeroAlAbrirComoOtroUsuario(const QString& ruta) {
 }
 
 TEST_F(OpeningTest, RefusesAReadOnlyOrUnreadableFileAsLocked) {
-    m_base->Ejecuta(u"CREATE TABLE T (a TEXT)"_s);
-    const QString ruta = m_base->Ruta();
-    m_base.reset();
-    QFile::setPermissions(m_carpeta.path(), QFile::Permissions(0x7755));
+    const QString ruta = Ruta(u"otra.db"_s);
+    Base::Crea(ruta)->Ejecuta(u"CREATE TABLE T (a TEXT)"_s);
+    QFile::setPermissions(m_base.Carpeta(), QFile::Permissions(0x7755));
     ASSERT_TRUE(QFile::setPermissions(ruta, QFile::Permissions(0x4444)));
     EXPECT_EQ(NumeroAlAbrirComoOtroUsuario(ruta), 51);
     ASSERT_TRUE(QFile::setPermissions(ruta, QFile::Permissions()));
     EXPECT_EQ(NumeroAlAbrirComoOtroUsuario(ruta), 51);
     ASSERT_TRUE(QFile::setPermissions(ruta, QFile::Permissions(0x6600)));
     EXPECT_EQ(NumeroAlAbrir(ruta), 0);
+}
+
+TEST_F(OpeningTest, TheWorkgroupAdmitsItsAccountAndNoOther) {
+    const QString ruta = Ruta(u"XA000.MDW"_s);
+    const GrupoTrabajo grupo(ruta);
+    const auto numero = [&grupo](const QString& usuario, const QString& clave) {
+        return NumeroDe([&] { grupo.Verifica({usuario, clave}); });
+    };
+    EXPECT_EQ(numero(u"usuario1"_s, u"clave001"_s), 3028);
+    grupo.Admite({u"usuario1"_s, u"clave001"_s});
+    EXPECT_EQ(numero(u"usuario1"_s, u"clave001"_s), 0);
+    EXPECT_EQ(numero(u"usuario1"_s, u"clave002"_s), 3029);
+    EXPECT_EQ(numero(u"usuario2"_s, u"clave001"_s), 3029);
+    EXPECT_EQ(QFile::permissions(ruta) & prueba::kDeOtros, QFile::Permissions());
+    EXPECT_FALSE(prueba::BytesDe(ruta).contains("clave001"));
+    prueba::EscribeEn(ruta, "{\"usuario1\": \"clave001\"} \x01 rubbish");
+    EXPECT_EQ(numero(u"usuario1"_s, u"clave001"_s), 3029);
 }
 
 } // namespace

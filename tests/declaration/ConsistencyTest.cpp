@@ -1,10 +1,5 @@
 #include "declaration/Consistency.h"
 
-#include "values/Error.h"
-
-#include <QFile>
-#include <QTemporaryDir>
-
 #include <gtest/gtest.h>
 
 using namespace xa518;
@@ -34,52 +29,24 @@ Pago Cheque(const QString& banco, const QString& numero) {
 const Pago kEfectivo{u"E"_s, {}, {}, {}};
 
 TEST(Consistency, EveryRuleFiresByItself) {
-    struct Caso {
-        QString nombre;
+    const struct {
+        const char* nombre;
         Declaracion declaracion;
         QStringList lineas;
+    } casos[] = {
+        {"clean, cash", Con(u"100"_s, u"100"_s, kEfectivo), {}},
+        {"debt without amount", Con(u"100"_s, {}, kEfectivo), {kRegla1}},
+        {"nothing at all", Con({}, {}, {}), {kRegla2, kRegla3}},
+        {"amount without debt", Con({}, u"5"_s, kEfectivo), {}},
+        {"no way of payment", Con(u"100"_s, u"100"_s, {}), {kRegla3}},
+        {"cheque without bank", Con(u"1"_s, u"1"_s, Cheque({}, {})), {kRegla4}},
+        {"no bank, zero number", Con(u"1"_s, u"1"_s, Cheque({}, u"0"_s)), {kRegla4, kRegla6}},
+        {"cheque without number", Con(u"1"_s, u"1"_s, Cheque(u"02"_s, {})), {kRegla5}},
+        {"number 000", Con(u"1"_s, u"1"_s, Cheque(u"02"_s, u"000"_s)), {kRegla6}},
+        {"number of letters", Con(u"1"_s, u"1"_s, Cheque(u"02"_s, u"A00"_s)), {}},
     };
-    const QList<Caso> casos = {
-        {u"clean, cash"_s, Con(u"100"_s, u"100"_s, kEfectivo), {}},
-        {u"zeros"_s, Con(u"0"_s, u"0"_s, kEfectivo), {}},
-        {u"debt without amount"_s, Con(u"100"_s, {}, kEfectivo), {kRegla1}},
-        {u"nothing at all"_s, Con({}, {}, {}), {kRegla2, kRegla3}},
-        {u"amount without debt"_s, Con({}, u"5"_s, kEfectivo), {}},
-        {u"no way of payment"_s, Con(u"100"_s, u"100"_s, {}), {kRegla3}},
-        {u"cheque without bank"_s, Con(u"1"_s, u"1"_s, Cheque({}, {})), {kRegla4}},
-        {u"bank XX"_s, Con(u"1"_s, u"1"_s, Cheque(u"XX"_s, u"5"_s)), {kRegla4}},
-        {u"no bank, zero number"_s, Con(u"1"_s, u"1"_s, Cheque({}, u"0"_s)), {kRegla4, kRegla6}},
-        {u"cheque without number"_s, Con(u"1"_s, u"1"_s, Cheque(u"02"_s, {})), {kRegla5}},
-        {u"number 000"_s, Con(u"1"_s, u"1"_s, Cheque(u"02"_s, u"000"_s)), {kRegla6}},
-        {u"number of letters"_s, Con(u"1"_s, u"1"_s, Cheque(u"02"_s, u"A00"_s)), {}},
-    };
-    for (const Caso& caso : casos)
-        EXPECT_EQ(Inconsistencias(caso.declaracion), caso.lineas) << caso.nombre.toStdString();
-}
-
-TEST(Consistency, WarnsOfPayingMoreOrLess) {
-    const auto aviso = [](const QString& c401, const QString& c410) {
-        const auto mensaje = AvisoDeImporte(Con(c401, c410, kEfectivo));
-        return mensaje ? mensaje->texto : QString();
-    };
-    EXPECT_EQ(aviso(u"100"_s, u"101"_s), u"El importe a pagar es mayor que el saldo definitivo a pagar."
-                                         " Se le generará un pago en exceso de Percepciones"_s);
-    EXPECT_EQ(aviso(u"100"_s, u"99"_s), u"El importe a pagar es menor que el saldo definitivo a pagar en Percepciones"
-                                        ". La ZOLMA emitirá una Orden de Pago"_s);
-    EXPECT_TRUE(aviso(u"100"_s, u"100"_s).isEmpty());
-    EXPECT_TRUE(aviso({}, u"50"_s).isEmpty()); // no debt shown, nothing to compare with
-    EXPECT_TRUE(aviso(u"100"_s, {}).isEmpty());
-}
-
-TEST(Consistency, TheFileHoldsOnlyTheLastValidation) {
-    const QTemporaryDir carpeta;
-    const QString ruta = carpeta.filePath(u"Mens.txt"_s);
-    EscribeMens(ruta, {kRegla3, kRegla4});
-    EscribeMens(ruta, {kRegla5});
-    QFile archivo(ruta);
-    ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
-    EXPECT_EQ(QString::fromUtf8(archivo.readAll()), kRegla5 + u'\n');
-    EXPECT_THROW(EscribeMens(carpeta.filePath(u"no/Mens.txt"_s), {}), Error);
+    for (const auto& [nombre, declaracion, lineas] : casos)
+        EXPECT_EQ(Inconsistencias(declaracion), lineas) << nombre;
 }
 
 } // namespace

@@ -4,8 +4,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -38,9 +36,7 @@ void ConFormulario::SetUp() {
 void ConFormulario::Abre(const DeclaracionElegida& elegida) {
     m_forma.reset(); // one form at a time holds the work tables
     m_forma = std::make_unique<Frm518>(m_proceso, m_avisos, m_barra, m_dialogos, elegida);
-    m_forma->show();
-    m_forma->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(m_forma.get()));
+    Muestra(*m_forma);
 }
 
 void ConFormulario::AbreNueva() {
@@ -92,10 +88,6 @@ void ConFormulario::Teclea(const QString& campo, const QString& texto) {
     QTest::keyClicks(&Control<>(campo), texto);
 }
 
-void ConFormulario::Pulsa(const QString& boton) {
-    QTest::mouseClick(&Control<QAbstractButton>(boton), Qt::LeftButton, {}, {8, 8});
-}
-
 void ConFormulario::VaAPestania(int indice) {
     QTabBar* fichas = Control<QTabWidget>(u"SSTab1"_s).tabBar();
     QTest::mouseClick(fichas, Qt::LeftButton, {}, fichas->tabRect(indice).center());
@@ -114,17 +106,16 @@ void ConFormulario::Paga(const QString& monto) {
 
 void ConFormulario::AgregaCliente(int tipo, const QString& numero, const QString& percepcion) {
     m_alAgregar = [=, this] {
-        m_base->Ejecuta(u"INSERT INTO TMPF518PCAB (tip_doc_per,num_doc_per,des_razon,ctd_docs,mto_base_p,mto_imp_p) "
-                        "VALUES (?,?,'CLIENTE','1','1000.00',?)"_s,
-                        {tipo, numero, percepcion});
-        m_base->Ejecuta(
-            u"INSERT INTO TMPF518PDET (tip_doc_per,num_doc_per,num_serie_cp,num_cp,tip_cp,fec_emision_cp,mto_base_p,"
-            "mto_imp_p,por_tasa_p) VALUES (?,?,'0001','00000001','','05/10/2026','1000.00',?,'2')"_s,
-            {tipo, numero, percepcion});
+        QMap<QString, QVariant> fila = {{u"tip_doc_per"_s, tipo},
+                                        {u"num_doc_per"_s, numero},
+                                        {u"mto_base_p"_s, u"1000.00"_s},
+                                        {u"mto_imp_p"_s, percepcion}};
+        m_base.Agrega(u"TMPF518PCAB"_s, fila);
+        fila.insert(u"tip_cp"_s, u""_s);
+        m_base.Agrega(u"TMPF518PDET"_s, fila);
     };
     Pulsa(u"CmdOpciones_0"_s);
-    m_forma->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(m_forma.get()));
+    Muestra(*m_forma);
 }
 
 void ConFormulario::GrabaUna() {

@@ -4,6 +4,7 @@
 #include "declaration/Frm518.h"
 #include "platform/Clock.h"
 #include "platform/StatusBar.h"
+#include "support/FormDriver.h"
 #include "support/NoticeScript.h"
 #include "support/TemporaryBase.h"
 
@@ -13,7 +14,6 @@
 
 #include <functional>
 #include <memory>
-#include <stdexcept>
 
 namespace xa518::prueba {
 
@@ -32,17 +32,14 @@ class ConFormulario : public testing::Test {
 
     template <typename T = QLineEdit>
     [[nodiscard]] T& Control(const QString& nombre) {
-        T* control = m_forma->findChild<T*>(nombre);
-        if (!control)
-            throw std::runtime_error("no control " + nombre.toStdString());
-        return *control;
+        return De<T>(*m_forma, nombre);
     }
     [[nodiscard]] QString Texto(const QString& nombre) { return Control<>(nombre).text(); }
     [[nodiscard]] QString ConFoco() const;
 
     void EligeDeclarante(int fila);
     void Teclea(const QString& campo, const QString& texto);
-    void Pulsa(const QString& boton);
+    void Pulsa(const QString& boton) { Clic(*m_forma, boton); }
     void VaAPestania(int indice);
     /// Declarant and period of the usual new declaration.
     void Identifica();

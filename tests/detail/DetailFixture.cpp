@@ -3,10 +3,6 @@
 #include "data/Transaction.h"
 
 #include <QApplication>
-#include <QPushButton>
-#include <QTimer>
-
-#include <cstdlib>
 
 namespace xa518::prueba {
 
@@ -28,15 +24,10 @@ void LlenaCatalogo(const BaseTemporal& base) {
     documento(u"1"_s, u"DNI"_s, u"08"_s, u"5"_s);
     documento(u"6"_s, u"RUC"_s, u"11"_s, u"5"_s);
     documento(u"7"_s, u"PASAPORTE"_s, u"12"_s, u"0"_s);
-    const QList<std::pair<QString, QString>> comprobantes = {{u"01"_s, u"FACTURA"_s},
-                                                             {u"03"_s, u"BOLETA DE VENTA"_s},
-                                                             {u"07"_s, u"NOTA DE CREDITO"_s},
-                                                             {u"08"_s, u"NOTA DE DEBITO"_s},
-                                                             {u"12"_s, u"TICKET O CINTA DE MAQUINA REGISTRADORA"_s},
-                                                             {u"99"_s, u"OTROS COMPROBANTES"_s}};
-    for (const auto& [codigo, descripcion] : comprobantes)
-        base.Param(u"233"_s, codigo, Funcion({{1, descripcion}, {64, u"1"_s}}));
-    base.Param(u"233"_s, u"02"_s, Funcion({{1, u"RECIBO POR HONORARIOS"_s}, {64, u"0"_s}}));
+    for (const QString& codigo : {u"01"_s, u"02"_s, u"03"_s, u"07"_s, u"08"_s, u"12"_s, u"99"_s})
+        base.Param(u"233"_s, codigo,
+                   Funcion({{1, codigo == u"07" ? u"NOTA DE CREDITO"_s : u"COMPROBANTE"_s},
+                            {64, codigo == u"02" ? u"0"_s : u"1"_s}}));
     for (const QString& clase : {u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s, u"6"_s})
         base.Param(u"953"_s, clase + u"010909200501"_s,
                    Funcion({{2, u"0.9"_s}, {21, u"0.0"_s + clase}, {31, clase + u".00"_s}}));
@@ -56,12 +47,6 @@ DetailTest::DetailTest(const QString& periodo) {
     m_proceso.modoPago = u"0"_s;
 }
 
-void DetailTest::Muestra(QWidget& forma) {
-    forma.show();
-    forma.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&forma));
-}
-
 void DetailTest::Teclea(const QString& teclas) {
     for (const QChar c : teclas) {
         if (c == u'\r')
@@ -69,38 +54,13 @@ void DetailTest::Teclea(const QString& teclas) {
         else if (c == u'\b')
             Pulsa(Qt::Key_Backspace);
         else {
-            ++m_teclas;
             QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
         }
     }
 }
 
 void DetailTest::Pulsa(Qt::Key tecla, Qt::KeyboardModifiers con) {
-    ++m_teclas;
     QTest::keyClick(QApplication::focusWidget(), tecla, con);
-}
-
-void DetailTest::Alt(Qt::Key letra) {
-    Pulsa(letra, Qt::AltModifier);
-    QTest::qWait(150); // a mnemonic holds the button down for a tenth of a second
-}
-
-void DetailTest::AlAbrir(const QString& forma, std::function<void(QWidget&)> trabajo) {
-    auto* espera = new QTimer(qApp); // goes away by itself
-    int vueltas = 0;
-    QObject::connect(espera, &QTimer::timeout, espera, [=]() mutable {
-        QWidget* abierta = QApplication::activeModalWidget();
-        const QWidget* campo = QApplication::focusWidget();
-        if (abierta && abierta->objectName() == forma && campo && campo->window() == abierta) {
-            espera->stop();
-            espera->deleteLater();
-            trabajo(*abierta);
-        } else if (++vueltas == 500) {
-            ADD_FAILURE() << "it didn't open: " << forma.toStdString();
-            std::_Exit(EXIT_FAILURE); // some other form is open and nobody would close it
-        }
-    });
-    espera->start(10);
 }
 
 QString DetailTest::Foco() {

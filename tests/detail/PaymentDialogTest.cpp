@@ -2,15 +2,12 @@
 
 #include "detail/DetailFixture.h"
 
-#include <QAbstractItemView>
-#include <QComboBox>
 #include <QLineEdit>
 
 namespace xa518 {
 namespace {
 
 using namespace Qt::StringLiterals;
-using prueba::De;
 
 const QString kGrabada = u"La información se grabó satisfactoriamente"_s;
 
@@ -29,18 +26,14 @@ class PaymentDialogTest : public prueba::DetailTest {
         return m_base.Filas(u"SELECT tip_doc_detcp, num_serie_detcp, num_detcp, fec_emis_detcp, mto_detcp "
                             "FROM TMPF518PDETCP ORDER BY rowid"_s);
     }
-    static void Acepta(QWidget& forma) { QTest::mouseClick(&De(forma, "CmdOpciones_0"), Qt::LeftButton); }
 };
 
 TEST_F(PaymentDialogTest, RefusesInItsOrder) {
     const auto forma = Abre(u"0"_s);
     const QString noValido = u"El número de serie del comprobante de pago no es válido"_s;
-    struct Paso {
-        QString teclas;
-        QString mensaje;
-        QString foco;
-    };
-    const QList<Paso> pasos = {
+    const struct {
+        QString teclas, mensaje, foco;
+    } pasos[] = {
         {{}, u"Ingrese el tipo de documento"_s, u"CmbTipoDoc"_s},
         {u"12"_s, u"Ingrese la serie"_s, u"TxtSerie"_s}, // the choice itself moves the focus on
         {u"0\r"_s, u"Ingrese el número del documento"_s, u"TxtNumero"_s},
@@ -52,16 +45,16 @@ TEST_F(PaymentDialogTest, RefusesInItsOrder) {
         {u"10102026\r"_s, u"Ingrese el valor total del comprobante de pago"_s, u"TxtMtoDet"_s},
         {u".\r"_s, u"Ingrese valor total del comprobante de pago mayor a cero."_s, u"TxtMtoDet"_s},
     };
-    for (const Paso& paso : pasos) {
-        Teclea(paso.teclas);
-        m_avisos.Espera({Icono::Critico, paso.mensaje, forma->windowTitle()});
-        Acepta(*forma);
-        EXPECT_EQ(Foco(), paso.foco) << paso.mensaje.toStdString();
+    for (const auto& [teclas, mensaje, foco] : pasos) {
+        Teclea(teclas);
+        m_avisos.Espera({Icono::Critico, mensaje, forma->windowTitle()});
+        Clic(*forma, "CmdOpciones_0");
+        EXPECT_EQ(Foco(), foco) << qPrintable(mensaje);
     }
     Teclea(u"\b118\r"_s);
     EXPECT_EQ(De<QLineEdit>(*forma, "TxtSerie").text(), u"0001"_s);
     m_avisos.Espera({Icono::Informacion, kGrabada, forma->windowTitle()});
-    Acepta(*forma);
+    Clic(*forma, "CmdOpciones_0");
     EXPECT_EQ(Filas(), QStringList{u"12|0001|00000007|10/10/2026|118.00"_s});
 }
 
@@ -93,21 +86,6 @@ TEST_F(PaymentDialogTest, GoesOnWithTheNextAndStoresACreditNoteNegative) {
     EXPECT_EQ(Filas().first(), u"07|F001|00000005|11/10/2026|-99999999999.00"_s);
 }
 
-TEST_F(PaymentDialogTest, ATypeIsChosenFromTheOpenListToo) {
-    const auto forma = Abre(u"0"_s);
-    auto& lista = De<QComboBox>(*forma, "CmbTipoDoc");
-    Teclea(u"0"_s); // half a code chooses nothing
-    Pulsa(Qt::Key_Down);
-    EXPECT_EQ(lista.currentIndex(), -1);
-    ASSERT_TRUE(lista.view()->isVisible());
-    lista.view()->setCurrentIndex(lista.model()->index(0, 0));
-    QTest::keyClick(lista.view(), Qt::Key_Down);
-    QTest::keyClick(lista.view(), Qt::Key_Return);
-    EXPECT_EQ(lista.currentText(), u"07   NOTA DE CREDITO"_s);
-    EXPECT_EQ(Foco(), u"TxtSerie"_s);
-    forma->hide();
-}
-
 TEST_F(PaymentDialogTest, ADateBefore2005IsAskedAboutEachTime) {
     const QString pregunta = u"La fecha del comprobante de pago es anterior al 01/01/2005. ¿Desea continuar?"_s;
     const auto forma = Abre(u"0"_s);
@@ -126,7 +104,7 @@ TEST_F(PaymentDialogTest, ADateBefore2005IsAskedAboutEachTime) {
     m_avisos.EsperaPregunta(pregunta, Respuesta::No);
     m_avisos.EsperaPregunta(u"La información ha sido modificada. ¿Desea guardar los cambios?"_s, Respuesta::Si);
     m_avisos.EsperaPregunta(pregunta, Respuesta::No);
-    QTest::mouseClick(&De(*forma, "CmdOpciones_1"), Qt::LeftButton);
+    Clic(*forma, "CmdOpciones_1");
     EXPECT_FALSE(forma->isVisible());
     EXPECT_TRUE(Filas().isEmpty());
 }

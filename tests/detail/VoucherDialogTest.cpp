@@ -10,8 +10,6 @@ namespace xa518 {
 namespace {
 
 using namespace Qt::StringLiterals;
-using prueba::De;
-using prueba::kEmpresa;
 
 const QString kGuardar = u"La información ha sido modificada. ¿Desea guardar los cambios?"_s;
 const QString kSinComprobantes = u"No hay comprobantes. Si sale se borrará este registro. ¿Esta Seguro?"_s;
@@ -23,23 +21,20 @@ class VoucherDialogTest : public prueba::DetailTest {
         m_proceso.modoDetalle = u"0"_s;
         return Abre({{{6, kEmpresa}, {}, {}, {}}, {}});
     }
-    /// The stored voucher P001-1, with the answers as given.
-    std::unique_ptr<FrmDetAgePer> Modifica(const QString& cpFact = u"1"_s, const QString& tipCp = {}) {
+    /// The stored voucher P001-1, with its answers.
+    std::unique_ptr<FrmDetAgePer> Modifica() {
         m_proceso.modoDetalle = u"1"_s;
-        return Abre({{{6, kEmpresa}, u"P001"_s, u"00000001"_s, tipCp},
-                     {cpFact, u"0"_s, u"0"_s, u"15/10/2026"_s, u"100.00"_s, u"9.99"_s, u"9"_s}});
+        return Abre({{{6, kEmpresa}, u"P001"_s, u"00000001"_s, {}},
+                     {u"1"_s, u"0"_s, u"0"_s, u"15/10/2026"_s, u"100.00"_s, u"9.99"_s, u"9"_s}});
     }
-    void MeteComprobante(const QString& tipCp = {}) {
-        m_base->Ejecuta(u"INSERT INTO TMPF518PDET VALUES (6,?,'P001','00000001',?,'1','0','0','15/10/2026','100.00',"
-                        "'9.99','9')"_s,
-                        {kEmpresa, tipCp});
+    void MeteComprobante() {
+        m_base->Ejecuta(
+            u"INSERT INTO TMPF518PDET VALUES (6,?,'P001','00000001','','1','0','0','15/10/2026','100.00','9.99','9')"_s,
+            {kEmpresa});
     }
     void MetePago(const QString& numero, const QString& tipo, const QString& delComprobante = u"00000001"_s) {
         m_base->Ejecuta(u"INSERT INTO TMPF518PDETCP VALUES (6,?,'P001',?,?,'F001',?,'10/10/2026','118')"_s,
                         {kEmpresa, delComprobante, tipo, numero});
-    }
-    static void Clic(QWidget& forma, const char* control) {
-        QTest::mouseClick(&De(forma, control), Qt::LeftButton, {}, {8, De(forma, control).height() / 2});
     }
     [[nodiscard]] static QString Texto(QWidget& forma, const char* campo) { return De<QLineEdit>(forma, campo).text(); }
     [[nodiscard]] QString Cuentas() const {
@@ -57,9 +52,7 @@ class VoucherDialogTest : public prueba::DetailTest {
 
 TEST_F(VoucherDialogTest, RefusesInItsOrder) {
     struct Paso {
-        QString teclas;
-        QString mensaje;
-        QString foco;
+        QString teclas, mensaje, foco;
     };
     const auto sube = [this](QWidget& forma, const QList<Paso>& pasos) {
         for (const Paso& paso : pasos) {
@@ -93,14 +86,48 @@ TEST_F(VoucherDialogTest, RefusesInItsOrder) {
     sube(*contado, comunes);
 }
 
+TEST_F(VoucherDialogTest, JudgesASeriesByTheDateAndKnowsItsKey) {
+    const struct {
+        QString fecha, serie, mensaje;
+        Icono icono;
+    } casos[] = {
+        {u"18/07/2010"_s, u"E001"_s, u"El número de serie debe ser numérico"_s, Icono::Critico},
+        {u"19/07/2010"_s, u"E0A1"_s,
+         u"No se permite letras desde la segunda a la cuarta posición en el número de serie."_s, Icono::Exclamacion},
+        {u"19/07/2010"_s, u"E01"_s, u"Debe registrar correctamente el número de serie."_s, Icono::Exclamacion},
+        {u"19/07/2010"_s, u"E001"_s, kFaltaPago, Icono::Critico},
+    };
+    m_proceso.periodoDeclarado = u"201007"_s;
+    for (const auto& caso : casos) {
+        const auto forma = Nuevo();
+        De<QLineEdit>(*forma, "TxtSerie").setText(caso.serie);
+        De<QLineEdit>(*forma, "TxtNumero").setText(u"1"_s);
+        De<QLineEdit>(*forma, "MkeFecEmis").setText(caso.fecha);
+        De<QLineEdit>(*forma, "TxtMtoBase").setText(u"5"_s);
+        Clic(*forma, "OptListado_0");
+        m_avisos.Espera({caso.icono, caso.mensaje, forma->windowTitle()});
+        Clic(*forma, "CmdOpciones_0");
+        EXPECT_EQ(Foco(), caso.mensaje == kFaltaPago ? u"CmdOpciones_0"_s : u"TxtSerie"_s);
+        m_avisos.Comprueba();
+    }
+    m_proceso.periodoDeclarado = u"202610"_s;
+    MeteComprobante();
+    MetePago(u"1"_s, u"01"_s);
+    const auto otra = Nuevo();
+    Teclea(u"\rP001\r1\r15102026\r5\r"_s);
+    Clic(*otra, "OptListado_0");
+    m_avisos.Espera(u"La información ya ha sido registrada"_s);
+    Clic(*otra, "CmdOpciones1_0");
+    EXPECT_EQ(Texto(*otra, "TxtSerie"), u"P001"_s) << "a refusal loses nothing of what was typed";
+}
+
 /// After each click: which of the later questions are live (uppercase) and answered.
 TEST_F(VoucherDialogTest, AnswersChangeTheOtherQuestionsByPeriod) {
-    struct Caso {
+    const struct {
         QString periodo;
         QStringList clics;
         QString queda; // list, zone, means
-    };
-    const QList<Caso> casos = {
+    } casos[] = {
         {u"200802"_s, {}, u"L z M"_s}, // the last one is never shown
         {u"200802"_s, {u"OptCpFact_0"_s, u"OptListado_1"_s}, u"L1 z m"_s},
         {u"200803"_s, {u"OptListado_1"_s, u"OptVenta_1"_s, u"OptCpFact_0"_s}, u"L1 Z1 m"_s},
@@ -108,19 +135,19 @@ TEST_F(VoucherDialogTest, AnswersChangeTheOtherQuestionsByPeriod) {
         {u"202610"_s, {u"OptCpFact_0"_s, u"OptCpFact_1"_s, u"OptVenta_0"_s}, u"L Z0 m"_s},
         {u"202610"_s, {u"OptVenta_0"_s, u"OptCpFact_1"_s}, u"L Z0 M"_s},
     };
-    for (const Caso& caso : casos) {
+    for (const auto& caso : casos) {
         m_proceso.periodoDeclarado = caso.periodo;
         m_proceso.fechaPrimerIgv = u"201012"_s;
         const auto forma = Nuevo();
         for (const QString& opcion : caso.clics)
-            Clic(*forma, opcion.toLatin1().constData());
+            Clic(*forma, opcion);
         QStringList queda;
-        for (const auto& [letra, nombre] : {std::pair{'L', "OptListado"}, {'Z', "OptVenta"}, {'M', "OptMedPago"}}) {
-            auto& no = De<QRadioButton>(*forma, QByteArray(nombre).append("_0").constData());
-            auto& si = De<QRadioButton>(*forma, QByteArray(nombre).append("_1").constData());
+        for (const auto& [letra, nombre] :
+             {std::pair{u"L"_s, u"OptListado"_s}, {u"Z"_s, u"OptVenta"_s}, {u"M"_s, u"OptMedPago"_s}}) {
+            const auto& no = De<QRadioButton>(*forma, nombre + u"_0"_s);
+            const auto& si = De<QRadioButton>(*forma, nombre + u"_1"_s);
             const bool activa = no.isEnabledTo(no.parentWidget());
-            const QString estado(QChar::fromLatin1(letra));
-            queda += (activa ? estado : estado.toLower()) + (si.isChecked() ? u"1"_s : no.isChecked() ? u"0"_s : u""_s);
+            queda += (activa ? letra : letra.toLower()) + (si.isChecked() ? u"1"_s : no.isChecked() ? u"0"_s : u""_s);
         }
         EXPECT_EQ(queda.join(u' '), caso.queda) << caso.periodo.toStdString();
         EXPECT_FALSE(De(*forma, "FraMedPago").isVisible());
@@ -166,7 +193,6 @@ TEST_F(VoucherDialogTest, TheTypeOfACashSaleAnswersForTheCredit) {
         const auto forma = Nuevo();
         Teclea(u"s\r"_s + tipo);
         EXPECT_EQ(Foco(), u"TxtSerie"_s);
-        EXPECT_FALSE(De(*forma, "OptVentaCont_0").isEnabled());
         EXPECT_FALSE(De(*forma, "CmdOpciones1_0").isEnabled());
         const bool libre = De(*forma, "OptCpFact_0").isEnabled();
         const bool si = De<QRadioButton>(*forma, "OptCpFact_1").isChecked();
@@ -201,10 +227,10 @@ TEST_F(VoucherDialogTest, AVoucherWithoutAnAnswerAboutCreditIsStoredWithoutRate)
     const auto forma = Nuevo();
     Teclea(u"\rP001\r1\r15102026\r100\r"_s);
     Clic(*forma, "OptListado_0");
-    AlAbrir(u"frmPerDet"_s, [](QWidget& pago) { pago.close(); });
+    AlAbrir(u"frmPerDet"_s, [](QWidget&) {}); // closed with nothing entered
     Clic(*forma, "CmdOpciones1_0");
     Muestra(*forma);
-    EXPECT_FALSE(De(*forma, "OptVentaCont_1").isEnabled()); // though nothing was entered
+    EXPECT_FALSE(De(*forma, "OptVentaCont_1").isEnabled());
     EXPECT_TRUE(De(*forma, "TxtSerie").isEnabled());
     Clic(*forma, "CmdOpciones_0");
     EXPECT_EQ(m_base.Filas(u"SELECT cp_fact, lista_clie, med_pago, mto_imp_p, por_tasa_p FROM TMPF518PDET"_s),
@@ -215,19 +241,16 @@ TEST_F(VoucherDialogTest, SweepsWhatItLeavesBehind) {
     struct Caso {
         const char* nombre;
         QString modo;
-        bool registrado;
-        bool conPago;
+        bool registrado, conPago;
         QStringList preguntas; // each answered with its last letter
         bool cierra;
         QString quedan; // vouchers and payment vouchers; one of each belongs to others
     };
     const QString sin = kSinComprobantes;
     const QList<Caso> casos = {
-        {"payment vouchers of none", u"0"_s, false, true, {kGuardar + u'N'}, true, u"0 1"_s},
         {"the same, refused", u"0"_s, false, true, {kGuardar + u'S'}, true, u"0 1"_s},
         {"an empty one", u"0"_s, false, false, {sin + u'S'}, true, u"0 1"_s},
         {"an empty one, to stay", u"0"_s, false, false, {sin + u'N'}, false, u"0 1"_s},
-        {"the key of another", u"0"_s, true, false, {}, true, u"1 1"_s},
         {"the key of another, with payments", u"0"_s, true, true, {kGuardar + u'N'}, true, u"1 2"_s},
         {"a stored one emptied", u"1"_s, true, false, {sin + u'S'}, true, u"0 1"_s},
         {"a stored one", u"1"_s, true, true, {kGuardar + u'N'}, true, u"1 2"_s},

@@ -163,7 +163,9 @@ TEST_F(ImportForm, RefusedLinesAreSavedForASpreadsheet) {
     EXPECT_EQ(m_sugerido, m_escenario.base.Carpeta() + u"/051820990518018202610-errores.csv"_s);
     EXPECT_EQ(LeeBytes(m_elegido).count('\n'), 2);
     m_elegido = u"/no/hay/errores.csv"_s;
-    AvisosDelPrograma().Espera(u"/no/hay/errores.csv: No such file or directory"_s);
+    QFile sinSitio(m_elegido);
+    EXPECT_FALSE(sinSitio.open(QIODevice::WriteOnly));
+    AvisosDelPrograma().Espera(m_elegido + u": "_s + sinSitio.errorString());
     Pulsa("cmdGuardarErrores");
 }
 

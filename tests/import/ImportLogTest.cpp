@@ -5,6 +5,9 @@
 #include "Printers.h"
 #include <gtest/gtest.h>
 
+#include <csignal>
+#include <sys/resource.h>
+
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
@@ -170,6 +173,25 @@ TEST(ImportLog, TheCorrectedLogIsAFileToImport) {
     EXPECT_EQ(escenario.Importa(log.replace("9|45678901|", "1|45678902|")).rechazados, 0);
     EXPECT_EQ(escenario.Filas(u"SELECT des_nombres FROM TMPF518PCAB WHERE num_doc_per='45678902'"_s),
               QStringList{u"PENA"_s});
+}
+
+TEST(ImportLog, AFullDiskLeavesNoHalfLine) {
+    const QTemporaryDir carpeta;
+    const QString ruta = carpeta.filePath(u"a.Log"_s);
+    ArchivoLog log(ruta);
+    log.Agrega("0123456789");
+    rlimit antes{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &antes), 0);
+    const auto senal = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit lleno{15, antes.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &lleno), 0);
+    EXPECT_THROW(log.Agrega("abcdefghij"), Error);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &antes), 0);
+    (void)std::signal(SIGXFSZ, senal);
+    log.Agrega("otra");
+    QFile archivo(ruta);
+    ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
+    EXPECT_EQ(archivo.readAll(), "0123456789\notra\n");
 }
 
 TEST(ImportLog, AFullDiskIsTold) {

@@ -2,37 +2,17 @@
 
 #include "Printers.h"
 #include "launcher/Declarants.h"
-#include "launcher/FrmDeclarante.h"
 #include "launcher/WindowFixture.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QTest>
-#include <QTimer>
 
 namespace xa518 {
 namespace {
 
 using namespace Qt::StringLiterals;
 using prueba::kRuc;
-
-/// What the person does in the dialog that is about to open. Whatever happens the dialog doesn't stay.
-void EnElDialogo(std::function<void(FrmDeclarante&)> hace, int intentos = 100) {
-    QTimer::singleShot(20, qApp, [hace = std::move(hace), intentos] {
-        auto* forma = qobject_cast<FrmDeclarante*>(QApplication::activeModalWidget());
-        if (forma == nullptr && intentos > 0) {
-            EnElDialogo(hace, intentos - 1);
-            return;
-        }
-        ASSERT_NE(forma, nullptr);
-        forma->activateWindow(); // as a window manager does
-        EXPECT_TRUE(QTest::qWaitFor([&] { return forma->isActiveWindow() && forma->focusWidget()->hasFocus(); }));
-        hace(*forma);
-        EXPECT_FALSE(forma->isVisible());
-        forma->close();
-    });
-}
 
 /// Types into the field that has the focus.
 void Escribe(QWidget& ventana, const QString& texto) {
@@ -48,16 +28,16 @@ class FrmConsolaTest : public prueba::Ventana {
 TEST_F(FrmConsolaTest, ADeclarantIsAddedByKeyboardAndAFaultKeepsWhatWasTyped) {
     Abre();
     avisos.Espera({Icono::Critico, u"El RUC '20990518019' no es válido."_s, u"Agregar declarante"_s});
-    EnElDialogo([](FrmDeclarante& forma) {
+    prueba::AlAbrir(u"FrmDeclarante", [](QWidget& forma) {
         Escribe(forma, u"20-990518019"_s);
         QTest::keyClick(forma.focusWidget(), Qt::Key_Return);
         Escribe(forma, u"LOS MOLLES"_s);
         QTest::keyClick(&forma, Qt::Key_A, Qt::AltModifier);
         QTest::qWait(120);
-        EXPECT_TRUE(forma.findChild<QLineEdit*>(u"TxtRuc"_s)->hasFocus());
-        forma.findChild<QLineEdit*>(u"TxtRuc"_s)->clear();
+        EXPECT_TRUE(prueba::De<QLineEdit>(forma, "TxtRuc").hasFocus());
+        prueba::De<QLineEdit>(forma, "TxtRuc").clear();
         Escribe(forma, u"10412345679"_s);
-        QTest::mouseClick(forma.findChild<QPushButton*>(u"CmdAceptar"_s), Qt::LeftButton);
+        prueba::Clic(forma, "CmdAceptar");
     });
     Alt(Qt::Key_A);
     TablaFilas& tabla = Tabla("GrdDeclarantes");
@@ -69,23 +49,23 @@ TEST_F(FrmConsolaTest, ADeclarantCannotBeAddedTwiceButRenamed) {
     Abre();
     const QString anterior = Declarantes(*LaBase()).Busca(kRuc)->nombre;
     avisos.Espera(u"El declarante %1 ya está registrado, con el nombre '%2'."_s.arg(kRuc, anterior));
-    EnElDialogo([](FrmDeclarante& forma) {
+    prueba::AlAbrir(u"FrmDeclarante", [](QWidget& forma) {
         Escribe(forma, kRuc);
         QTest::keyClick(forma.focusWidget(), Qt::Key_Return);
         Escribe(forma, u"OTRO"_s);
-        QTest::mouseClick(forma.findChild<QPushButton*>(u"CmdAceptar"_s), Qt::LeftButton);
+        prueba::Clic(forma, "CmdAceptar");
         EXPECT_TRUE(forma.isVisible());
-        QTest::mouseClick(forma.findChild<QPushButton*>(u"CmdCancelar"_s), Qt::LeftButton);
+        prueba::Clic(forma, "CmdCancelar");
     });
     Pulsa("CmdAgregar");
     EXPECT_EQ(Declarantes(*LaBase()).Busca(kRuc)->nombre, anterior);
 
-    EnElDialogo([](FrmDeclarante& forma) {
-        EXPECT_FALSE(forma.findChild<QLineEdit*>(u"TxtRuc"_s)->isEnabled());
-        forma.findChild<QLineEdit*>(u"TxtNombre"_s)->selectAll();
+    prueba::AlAbrir(u"FrmDeclarante", [](QWidget& forma) {
+        EXPECT_FALSE(prueba::De<QLineEdit>(forma, "TxtRuc").isEnabled());
+        prueba::De<QLineEdit>(forma, "TxtNombre").selectAll();
         Escribe(forma, u"QUINUALES"_s);
-        forma.findChild<QComboBox*>(u"CmbUsuario"_s)->setEditText(u"JEFE"_s);
-        QTest::mouseClick(forma.findChild<QPushButton*>(u"CmdAceptar"_s), Qt::LeftButton);
+        prueba::De<QComboBox>(forma, "CmbUsuario").setEditText(u"JEFE"_s);
+        prueba::Clic(forma, "CmdAceptar");
     });
     QTest::keyClick(&Tabla("GrdDeclarantes"), Qt::Key_Return);
     EXPECT_EQ(Fila(Tabla("GrdDeclarantes"), 0), kRuc + u"|QUINUALES|JEFE"_s);

@@ -2,6 +2,7 @@
 
 #include "Printers.h"
 #include "launcher/WindowFixture.h"
+#include "support/Files.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,12 +13,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using prueba::kRuc;
-
-void EscribeArchivo(const QString& ruta, const QByteArray& bytes) {
-    QFile archivo(ruta);
-    ASSERT_TRUE(archivo.open(QIODevice::WriteOnly));
-    archivo.write(bytes);
-}
 
 /// What the window does besides declarants and declarations: installing, reports, copies, the module.
 class FrmConsolaUpkeepTest : public prueba::Ventana {
@@ -52,7 +47,7 @@ TEST_F(FrmConsolaUpkeepTest, AReportOpensInThePreviewAndGoesWithItsFile) {
     const QString rpt = carpeta + u"/RPT/"_s;
     Registra(u"000001"_s, u"00000001.PRN"_s);
     Registra(u"000002"_s, u"00000002.PRN"_s);
-    EscribeArchivo(rpt + u"00000001.PRN"_s, "<!font!>Courier New<!/font!>\n<!nHojas!> 12 <!/nHojas!>\n");
+    prueba::EscribeEn(rpt + u"00000001.PRN"_s, "<!font!>Courier New<!/font!>\n<!nHojas!> 12 <!/nHojas!>\n");
     QStringList vistos;
     Abre([&](QWidget&, const QString& en, const InformeRegistrado& informe) {
         vistos.append(en + u'/' + informe.archivo);
@@ -114,7 +109,7 @@ TEST_F(FrmConsolaUpkeepTest, ACopyPutsTheBaseBackAfterAQuestion) {
 TEST_F(FrmConsolaUpkeepTest, ABrokenBaseIsToldAtTheStartAndCanBeRestored) {
     Instala();
     (void)Sesion(entorno).Copias().Haz();
-    EscribeArchivo(RutaBase(), QByteArray(8192, 'x'));
+    prueba::EscribeEn(RutaBase(), QByteArray(8192, 'x'));
     const QString falta =
         u"El archivo está dañado o no es una base de datos. (file is not a database) Restaure una de sus copias de "
         "respaldo."_s;
@@ -166,13 +161,13 @@ TEST_F(FrmConsolaUpkeepTest, StartsTheModuleBesideItOrSaysWhatIsMissing) {
     const QString modulo = programas + u"/xa518"_s;
     ASSERT_TRUE(QDir().mkpath(programas));
     const auto ejecutable = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
-    EscribeArchivo(modulo, "#!/no/existe\n");
+    prueba::EscribeEn(modulo, "#!/no/existe\n");
     QFile::setPermissions(modulo, ejecutable);
     avisos.Espera(u"No se pudo iniciar '%1'. Revise que el programa esté completo y que se pueda ejecutar."_s.arg(
         QDir::toNativeSeparators(modulo)));
     Alt(Qt::Key_M);
 
-    EscribeArchivo(modulo, "#!/bin/sh\n: > '" + raiz.filePath(u"iniciado"_s).toUtf8() + "'\n");
+    prueba::EscribeEn(modulo, "#!/bin/sh\n: > '" + raiz.filePath(u"iniciado"_s).toUtf8() + "'\n");
     Alt(Qt::Key_M);
     EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(raiz.filePath(u"iniciado"_s)); }));
 }

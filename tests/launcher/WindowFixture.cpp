@@ -11,34 +11,20 @@ namespace xa518::prueba {
 
 using namespace Qt::StringLiterals;
 
-Ventana::Ventana() = default;
-
 Ventana::~Ventana() {
     QDir::setCurrent(QDir::rootPath()); // the opening made the installation the current folder
 }
 
-void Ventana::Instala() {
-    (void)Sesion(entorno).Instala(true);
-}
-
 void Ventana::Abre(VistaDeInforme vista) {
     ventana = std::make_unique<FrmConsola>(entorno, avisos, programas, std::move(vista));
-    ventana->show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(ventana.get()));
+    Muestra(*ventana);
     QCoreApplication::processEvents();
 }
 
 void Ventana::VaYVuelve() {
     QWidget otra;
-    otra.show();
-    otra.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&otra));
-    ventana->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(ventana.get()));
-}
-
-void Ventana::Pulsa(const char* boton) const {
-    QTest::mouseClick(&Control<QPushButton>(boton), Qt::LeftButton);
+    Muestra(otra);
+    Muestra(*ventana);
 }
 
 void Ventana::Alt(Qt::Key letra) const {

@@ -3,6 +3,7 @@
 #include "launcher/FrmConsola.h"
 #include "launcher/RowTable.h"
 #include "platform/Clock.h"
+#include "support/FormDriver.h"
 #include "support/NoticeScript.h"
 
 #include <QPushButton>
@@ -15,10 +16,9 @@ namespace xa518::prueba {
 /// An installation with the sample company, and the launcher's window over it.
 class Ventana : public testing::Test {
   protected:
-    Ventana();
     ~Ventana() override;
 
-    void Instala();
+    void Instala() { (void)Sesion(entorno).Instala(true); }
     /// Opens the window and waits until its start is over.
     void Abre(VistaDeInforme vista = {});
     /// Goes to another window and comes back.
@@ -26,12 +26,9 @@ class Ventana : public testing::Test {
 
     template <typename T>
     [[nodiscard]] T& Control(const char* nombre) const {
-        auto* control = ventana->findChild<T*>(QString::fromLatin1(nombre));
-        if (control == nullptr)
-            throw std::logic_error(nombre);
-        return *control;
+        return De<T>(*ventana, nombre);
     }
-    void Pulsa(const char* boton) const;
+    void Pulsa(const char* boton) const { Clic(*ventana, boton); }
     void Alt(Qt::Key letra) const;
 
     [[nodiscard]] TablaFilas& Tabla(const char* nombre) const { return Control<TablaFilas>(nombre); }

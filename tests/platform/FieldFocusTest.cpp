@@ -56,21 +56,17 @@ TEST_F(FieldFocusTest, ShowsPlainWhileEditedAndGroupedElsewhere) {
     EXPECT_EQ(Pasa(u"  "_s), u"  "_s);
 }
 
-TEST_F(FieldFocusTest, PadsWhatIsNotEmpty) {
-    int ancho = 8;
-    CompletaConCeros(m_campo, [&ancho] { return ancho; });
-    Muestra();
-    EXPECT_EQ(Pasa(u"123"_s), u"00000123"_s);
-    EXPECT_EQ(Pasa({}), QString());
-    ancho = 15;
-    EXPECT_EQ(Pasa(u"123456789"_s), u"000000123456789"_s);
-    EXPECT_EQ(Pasa(u"1234567890123456"_s), u"1234567890123456"_s);
-}
-
-TEST_F(FieldFocusTest, PadsASeriesWithoutLetters) {
+TEST_F(FieldFocusTest, PadsWhatIsNotEmptyAndASeriesWithoutLetters) {
+    CompletaConCeros(m_otro, [] { return 5; });
     LimitaTecleo(m_campo, 10);
     CompletaSerie(m_campo);
     Muestra();
+    for (const auto& [antes, despues] : {std::pair{u"123"_s, u"00123"_s}, {u"123456"_s, u"123456"_s}, {u""_s, u""_s}}) {
+        m_otro.setText(antes);
+        m_otro.setFocus();
+        m_campo.setFocus();
+        EXPECT_EQ(m_otro.text(), despues);
+    }
     EXPECT_EQ(Pasa({}), QString());
     EXPECT_EQ(LimiteDeTecleo(m_campo), 10);
     for (const auto& [antes, despues] : {std::pair{u"12"_s, u"0012"_s}, {u"A1"_s, u"A1"_s}, {u"  "_s, u"  "_s}})

@@ -1,7 +1,6 @@
 #include "platform/PaymentControl.h"
 
 #include "Printers.h"
-#include "platform/StatusBar.h"
 
 #include <gtest/gtest.h>
 
@@ -33,14 +32,10 @@ class PaymentControlTest : public testing::Test {
 };
 
 TEST_F(PaymentControlTest, HandsBackWhatTheProgramPutsInSilence) {
-    EXPECT_EQ(m_pago.FormaPago(), u"X"_s);
-    EXPECT_EQ(m_pago.Banco(), u"XX"_s);
     m_pago.PonFormaPago(u"C"_s);
     m_pago.PonBanco(u" 02"_s);
     m_pago.PonNumeroCheque(u" 0012 "_s);
-    m_pago.PonImportePagar(u"1,250"_s);
     EXPECT_EQ(m_pago.FormaPago() + m_pago.Banco() + m_pago.NumeroCheque(), u"C020012"_s);
-    EXPECT_EQ(m_pago.ImportePagar(), u"1,250"_s);
     m_pago.PonBancos({{u"01"_s, u"BANCO UNO"_s}});
     EXPECT_EQ(m_pago.Banco(), u"02"_s) << "a bank that the list no longer has";
     for (const QString& ninguno : {u" "_s, u"XX"_s, QString()}) {
@@ -66,19 +61,6 @@ TEST_F(PaymentControlTest, APersonChoosesAChequeAndThenCash) {
     EXPECT_EQ(m_pago.FormaPago() + m_pago.Banco() + m_pago.NumeroCheque(), u"EXX"_s);
     EXPECT_FALSE(Control<QLineEdit>(u"TxtNumeroCheque"_s)->isEnabled());
     EXPECT_EQ(m_cambios.count(), 7);
-}
-
-TEST(StatusBarTest, ClearsThePanelsOfADeclarationButNotTheMessage) {
-    BarradeEstadoQMD barra;
-    barra.PonFormulario(u"0000"_s);
-    barra.PonRuc(u"20990518016"_s);
-    barra.PonNombre(QString(50, u'W'));
-    barra.PonPeriodo(u"03/2010"_s);
-    barra.PonMensaje(u"Listo"_s);
-    EXPECT_EQ(barra.Ruc() + barra.Periodo(), u"2099051801603/2010"_s);
-    barra.Limpia(u"0518"_s);
-    EXPECT_EQ(barra.Ruc() + barra.Nombre() + barra.Periodo(), QString());
-    EXPECT_EQ(barra.Formulario() + barra.Mensaje(), u"0518Listo"_s);
 }
 
 } // namespace

@@ -121,11 +121,16 @@ TEST_F(SystemWindowsTest, TellsTheClassAndAsksToClose) {
     const auto sistema = VentanasReales();
     cWindows ventanas(*sistema);
     EXPECT_EQ(ventanas.ClassName(u"Período"_s), u"Orvel"_s);
-    ventanas.CloseApp(u"Período"_s, u"Orvel"_s);
+    Crea(u"Progman"_s, false);
+    ventanas.CloseApp(u"Progman"_s, {}); // the shell is never closed
+    ventanas.CloseApp(u"Período"_s, u"otra"_s);
+    ventanas.CloseApp(u"PERÍODO"_s, u"orvel"_s);
     auto* aviso = xcb_wait_for_event(m_conexion);
     ASSERT_NE(aviso, nullptr);
     EXPECT_EQ(aviso->response_type & 0x7f, XCB_CLIENT_MESSAGE);
-    EXPECT_EQ(reinterpret_cast<xcb_client_message_event_t*>(aviso)->data.data32[0], Atomo("WM_DELETE_WINDOW"));
+    const auto* pedido = reinterpret_cast<xcb_client_message_event_t*>(aviso);
+    EXPECT_EQ(pedido->window, ventana);
+    EXPECT_EQ(pedido->data.data32[0], Atomo("WM_DELETE_WINDOW"));
     free(aviso);
 }
 

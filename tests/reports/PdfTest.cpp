@@ -4,13 +4,10 @@
 #include "values/Error.h"
 
 #include <QFile>
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QGuiApplication>
-#include <QImage>
-#include <QPainter>
-#include <QProcess>
 #include <QRegularExpression>
-#include <QStandardPaths>
 
 #include <gmock/gmock.h>
 
@@ -44,10 +41,7 @@ class Pdf : public testing::Test {
         EscribeEn(Ruta(nombre), contenido);
         return Ruta(nombre);
     }
-    QByteArray Leido() const {
-        QFile archivo(Ruta(u"x.pdf"_s));
-        return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
-    }
+    QByteArray Leido() const { return BytesDe(Ruta(u"x.pdf"_s)); }
     /// Width and height of every sheet, in points.
     QStringList Hojas() const {
         static const QRegularExpression caja(u"/MediaBox \\[0(?:\\.0*)? 0(?:\\.0*)? (\\d+)[^ ]* (\\d+)"_s);
@@ -82,38 +76,17 @@ TEST_F(Pdf, TakesASheetForEachPageAndTurnsItForTheAnnex) {
     EXPECT_EQ(Hojas().size(), 1) << "a report without commands is an empty sheet, not a damaged file";
 }
 
-TEST_F(Pdf, CarriesItsTitleItsAuthorAndTheMomentOfTheClock) {
+/// The moment is written over the one that the toolkit took: the table of the file's parts must still hold.
+TEST_F(Pdf, CarriesTheMomentOfTheClock) {
     Escribe({Spool(u"a.PRN"_s, kInforme)});
     const QByteArray pdf = Leido();
-    const auto en16 = [](const QString& texto) {
-        QByteArray hex = "<feff";
-        for (const QChar c : texto)
-            hex += QByteArray::number(c.unicode(), 16).rightJustified(4, '0');
-        return hex + '>';
-    };
-    EXPECT_TRUE(pdf.contains("/Title " + en16(u"Declaración"_s)));
-    EXPECT_TRUE(pdf.contains("/Author " + en16(u"ÑAUPARI"_s)));
     EXPECT_TRUE(pdf.contains("(D:20260209180405Z)"));
-    EXPECT_TRUE(pdf.contains("/FontFile2"));
     const QByteArray fin = pdf.sliced(pdf.lastIndexOf("startxref"));
     const qint64 tabla = fin.split('\n')[1].toLongLong();
     ASSERT_EQ(pdf.sliced(tabla, 5), "xref\n");
     const QByteArray entrada = pdf.sliced(tabla).split('\n')[2];
     const QByteArray numero = pdf.sliced(tabla).split('\n')[1].split(' ')[0];
     EXPECT_TRUE(pdf.sliced(entrada.first(10).toLongLong()).startsWith(numero + " 0 obj"));
-}
-
-TEST_F(Pdf, HoldsTextThatCanBeSearched) {
-    const QString pdftotext = QStandardPaths::findExecutable(u"pdftotext"_s);
-    ASSERT_FALSE(pdftotext.isEmpty()) << "pdftotext is not installed";
-    Escribe({Spool(u"a.PRN"_s, kInforme), Spool(u"b.PRN"_s, kApaisado)});
-    QProcess programa;
-    programa.start(pdftotext, {Ruta(u"x.pdf"_s), u"-"_s});
-    ASSERT_TRUE(programa.waitForFinished());
-    EXPECT_EQ(programa.exitCode(), 0);
-    const QString texto = QString::fromUtf8(programa.readAllStandardOutput());
-    for (const QString& palabra : {u"ÑANDÚ uno"_s, u"dos"_s, u"tres"_s, u"acostado"_s})
-        EXPECT_TRUE(texto.contains(palabra)) << qPrintable(palabra);
 }
 
 TEST_F(Pdf, LeavesWhatWasThereWhenItFails) {
@@ -138,22 +111,4 @@ TEST_F(Pdf, WritesInAFontOfTheMeantWidth) {
     const qreal ancho = QFontMetricsF(fuente).horizontalAdvance(QString(100, u'W'));
     EXPECT_NEAR(ancho, QFontMetricsF(fuente).horizontalAdvance(QString(100, u'i')), 1);
     EXPECT_NEAR(ancho, 9602, 48) << qPrintable(QFontInfo(fuente).family());
-}
-
-TEST_F(Pdf, PaintsAPageWithItsBoxesAtTheirTwips) {
-    InformeSpool informe(std::make_unique<QFile>(Spool(u"a.PRN"_s, kInforme)));
-    EXPECT_EQ(informe.Paginas(), 1) << "a device that isn't open reads as an empty report";
-    const auto abierto = InformeSpool::Abre(Ruta(u"a.PRN"_s));
-    QImage hoja(TamanoHoja(false) / 10, QImage::Format_RGB32);
-    hoja.fill(Qt::white);
-    QPainter pintor(&hoja);
-    PintaPagina(pintor, *abierto, 0, hoja.width());
-    pintor.end();
-    const auto negro = [&](int x, int y) { return hoja.pixelColor((x + 360) / 10, (y + 360) / 10).lightness() < 128; };
-    EXPECT_TRUE(negro(150, 1000) && negro(1700, 1000) && negro(900, 300) && negro(900, 1640));
-    EXPECT_FALSE(negro(900, 1500));
-    bool tinta = false;
-    for (int x = 360; x < 360 + 9 * 192; x += 10)
-        tinta = tinta || negro(x, 500);
-    EXPECT_TRUE(tinta) << "the text stands under the place given, not over it";
 }

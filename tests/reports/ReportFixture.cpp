@@ -3,34 +3,23 @@
 #include "data/Transaction.h"
 
 #include <QDir>
-#include <QFile>
 
 #include <algorithm>
-#include <stdexcept>
 
 namespace xa518::prueba {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QString TipoDocumento(const QString& corto, bool enInformes = true) {
-    return Funcion({{1, u"DOCUMENTO"_s}, {32, corto}, {75, enInformes ? u"1"_s : u"0"_s}});
-}
-
-QString TipoComprobante(const QString& nombre, bool usado) {
-    return Funcion({{1, nombre}, {64, usado ? u"1"_s : u"0"_s}});
-}
-
-} // namespace
-
 Taller::Taller() : m_reloj(QDateTime(QDate(2026, 2, 9), QTime(18, 4, 5))), proceso(m_reloj) {
-    m_base.Param(u"044"_s, u"6"_s, TipoDocumento(u"RUC"_s));
-    m_base.Param(u"044"_s, u"1"_s, TipoDocumento(u"DNI"_s));
-    m_base.Param(u"044"_s, u"7"_s, TipoDocumento(u"PASAPORTE"_s, false));
-    m_base.Param(u"233"_s, u"01"_s, TipoComprobante(u"FACTURA"_s, true));
-    m_base.Param(u"233"_s, u"02"_s, TipoComprobante(u"RECIBO POR HONORARIOS"_s, false));
-    m_base.Param(u"233"_s, u"12"_s, TipoComprobante(u"TICKET DE MÁQUINA"_s, true));
+    const auto documento = [this](const QString& tipo, const QString& corto, const QString& enInformes) {
+        m_base.Param(u"044"_s, tipo, Funcion({{1, u"DOCUMENTO"_s}, {32, corto}, {75, enInformes}}));
+    };
+    documento(u"6"_s, u"RUC"_s, u"1"_s);
+    documento(u"1"_s, u"DNI"_s, u"1"_s);
+    documento(u"7"_s, u"PASAPORTE"_s, u"0"_s);
+    m_base.Param(u"233"_s, u"01"_s, Funcion({{1, u"FACTURA"_s}, {64, u"1"_s}}));
+    m_base.Param(u"233"_s, u"02"_s, Funcion({{1, u"RECIBO POR HONORARIOS"_s}, {64, u"0"_s}}));
+    m_base.Param(u"233"_s, u"12"_s, Funcion({{1, u"TICKET DE MÁQUINA"_s}, {64, u"1"_s}}));
     m_base->Ejecuta(u"INSERT INTO CONT VALUES (6,?,?,'ANA',0)"_s,
                     {clave.ruc, u"COMERCIALIZADORA Y DISTRIBUIDORA ÑAUPARI HERMANOS S.A.C."_s});
     proceso.sysUser = u"ANA"_s;
@@ -39,29 +28,25 @@ Taller::Taller() : m_reloj(QDateTime(QDate(2026, 2, 9), QTime(18, 4, 5))), proce
     proceso.baseDatos = Base::Abre(m_base.Ruta());
 }
 
-void Taller::Pon(const QString& tabla, const QList<std::pair<QString, QVariant>>& columnas) {
-    Registro fila(m_base->Describe(clave.Tabla(tabla)));
-    fila.Pon(u"doc_id_d", clave.ruc).Pon(u"tip_doc_d", 6).Pon(u"periodo", clave.periodo);
-    fila.Pon(u"formulario", clave.formulario);
+void Taller::Pon(const QString& tabla, QMap<QString, QVariant> valores) {
+    valores.insert({{u"Doc_id_d"_s, clave.ruc}, {u"periodo"_s, clave.periodo}});
     if (clave.enviada)
-        fila.Pon(u"correl", clave.correl);
-    for (const auto& [columna, valor] : columnas)
-        fila.Pon(columna, valor);
-    m_base->Agrega(fila);
+        valores.insert(u"correl"_s, clave.correl);
+    m_base.Agrega(clave.Tabla(tabla), valores);
 }
 
 void Taller::Cabecera(const QList<std::pair<QString, QString>>& casillas, const QString& cheque,
                       const QString& rectifica) {
     const bool efectivo = cheque.isEmpty();
-    QList<std::pair<QString, QVariant>> columnas{
+    QMap<QString, QVariant> columnas{
         {u"estado"_s, clave.enviada ? 1 : 0},          {u"rectifica"_s, rectifica},
         {u"bcolibrad"_s, efectivo ? u" "_s : u"02"_s}, {u"nrocheque"_s, efectivo ? u" "_s : cheque},
         {u"cheque"_s, efectivo ? u""_s : u"150"_s},    {u"efectivo"_s, efectivo ? u"150"_s : u""_s}};
     if (clave.enviada)
-        columnas.append({{u"control"_s, u"10000001"_s}, {u"norden"_s, u"4000123456"_s}});
+        columnas.insert({{u"control"_s, u"10000001"_s}, {u"norden"_s, u"4000123456"_s}});
     Pon(u"CAB"_s, columnas);
     for (const auto& [casilla, valor] : casillas)
-        Pon(u"DET"_s, {{u"casilla"_s, casilla}, {u"i_valor"_s, valor}});
+        Pon(u"DET"_s, {{u"Casilla"_s, casilla}, {u"i_valor"_s, valor}});
 }
 
 void Taller::Agrega(const Cliente& cliente) {
@@ -85,19 +70,19 @@ int TipoDe(const QString& numero) {
 } // namespace
 
 void Taller::Agrega(const Comprobante& comprobante) {
-    QList<std::pair<QString, QVariant>> columnas{{u"tip_doc_per"_s, TipoDe(comprobante.numeroCliente)},
-                                                 {u"num_doc_per"_s, comprobante.numeroCliente},
-                                                 {u"num_serie_cp"_s, u"P001"_s},
-                                                 {u"num_cp"_s, comprobante.numero},
-                                                 {u"fec_emision_cp"_s, u"12/01/2026"_s},
-                                                 {u"mto_base_p"_s, comprobante.base},
-                                                 {u"mto_imp_p"_s, comprobante.percepcion},
-                                                 {u"por_tasa_p"_s, u"2.00"_s},
-                                                 {u"cp_fact"_s, comprobante.cpFact},
-                                                 {u"lista_clie"_s, comprobante.listaClie},
-                                                 {u"med_pago"_s, comprobante.medPago}};
+    QMap<QString, QVariant> columnas{{u"tip_doc_per"_s, TipoDe(comprobante.numeroCliente)},
+                                     {u"num_doc_per"_s, comprobante.numeroCliente},
+                                     {u"num_serie_cp"_s, u"P001"_s},
+                                     {u"num_cp"_s, comprobante.numero},
+                                     {u"fec_emision_cp"_s, u"12/01/2026"_s},
+                                     {u"mto_base_p"_s, comprobante.base},
+                                     {u"mto_imp_p"_s, comprobante.percepcion},
+                                     {u"por_tasa_p"_s, u"2.00"_s},
+                                     {u"cp_fact"_s, comprobante.cpFact},
+                                     {u"lista_clie"_s, comprobante.listaClie},
+                                     {u"med_pago"_s, comprobante.medPago}};
     if (!comprobante.tipo.isEmpty())
-        columnas.append({u"tip_cp"_s, comprobante.tipo});
+        columnas.insert(u"tip_cp"_s, comprobante.tipo);
     Pon(comprobante.tipo.isEmpty() ? u"F518PDET"_s : u"F518PDETVC"_s, columnas);
 }
 
@@ -166,19 +151,10 @@ int Libreta::Hojas() const {
 }
 
 QStringList LineasDe(const QString& ruta) {
-    QFile archivo(ruta);
-    if (!archivo.open(QIODevice::ReadOnly))
-        throw std::runtime_error("unreadable " + ruta.toStdString());
-    QStringList lineas = QString::fromUtf8(archivo.readAll()).split(u'\n');
-    if (!lineas.isEmpty() && lineas.last().isEmpty())
+    QStringList lineas = QString::fromUtf8(BytesDe(ruta)).split(u'\n');
+    if (lineas.last().isEmpty())
         lineas.removeLast();
     return lineas;
-}
-
-void EscribeEn(const QString& ruta, const QByteArray& bytes) {
-    QFile archivo(ruta);
-    if (!archivo.open(QIODevice::WriteOnly) || archivo.write(bytes) != bytes.size())
-        throw std::runtime_error("unwritable " + ruta.toStdString());
 }
 
 } // namespace xa518::prueba

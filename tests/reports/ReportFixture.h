@@ -73,7 +73,7 @@ class Taller {
     [[nodiscard]] QString Carpeta() const { return m_base.Carpeta(); }
 
   private:
-    void Pon(const QString& tabla, const QList<std::pair<QString, QVariant>>& columnas);
+    void Pon(const QString& tabla, QMap<QString, QVariant> valores);
 };
 
 /// Keeps the commands of a report.
@@ -93,6 +93,5 @@ class Libreta final : public DestinoInforme {
 };
 
 [[nodiscard]] QStringList LineasDe(const QString& ruta);
-void EscribeEn(const QString& ruta, const QByteArray& bytes);
 
 } // namespace xa518::prueba

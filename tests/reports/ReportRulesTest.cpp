@@ -21,18 +21,12 @@ TEST(PageRange, ChecksItsFieldsInOrder) {
     const QString sinFin = u"Ingrese página de Fin."_s;
     const QString alReves = u"Página de Inicio debe ser mayor a página de Fin."_s;
     const struct {
-        QString desde;
-        QString hasta;
-        QString mensaje; ///< empty when it passes
-        QString campo;
+        QString desde, hasta, mensaje, campo;
     } casos[] = {{u"1"_s, u"20"_s, {}, {}},
-                 {u"3"_s, u"3"_s, {}, {}},
                  {u"1 2"_s, u"1"_s, {}, {}},
                  {u" 2"_s, u"2.9"_s, {}, {}},
-                 {u"20"_s, u"99999999999999999999"_s, {}, {}},
                  {u""_s, u""_s, sinInicio, u"txtPagDesde"_s},
                  {u"0"_s, u""_s, desdeUno, u"txtPagDesde"_s},
-                 {u"."_s, u"5"_s, desdeUno, u"txtPagDesde"_s},
                  {u" "_s, u"5"_s, desdeUno, u"txtPagDesde"_s},
                  {u"21"_s, u""_s, mayorQueTotal, u"txtPagDesde"_s},
                  {u"5"_s, u""_s, sinFin, u"txtPagHasta"_s},
@@ -43,12 +37,6 @@ TEST(PageRange, ChecksItsFieldsInOrder) {
         EXPECT_EQ(veredicto.mensaje.value_or(Mensaje()).texto, mensaje) << qPrintable(desde + u'-' + hasta);
         EXPECT_EQ(veredicto.campo, campo);
     }
-    const RangoPaginas rango = TomaRango(u"1 2"_s, u"7."_s);
-    EXPECT_TRUE(rango.usar);
-    EXPECT_EQ(rango.desde, 1);
-    EXPECT_EQ(rango.hasta, 7);
-    EXPECT_EQ(ViaPara(15), ViaInforme::Directa);
-    EXPECT_EQ(ViaPara(16), ViaInforme::ConRango);
 }
 
 TEST(PrintList, OffersTheUsersDeclarationsOfTheKindAskedFor) {
@@ -59,26 +47,23 @@ TEST(PrintList, OffersTheUsersDeclarationsOfTheKindAskedFor) {
     taller.clave.enviada = true;
     for (const QString& correl : {u"1"_s, u"2"_s}) {
         taller.clave.correl = correl;
-        taller.Cabecera({}, {}, correl == u"1" ? u"0"_s : u"1"_s);
+        taller.Cabecera({});
     }
     Base& base = *taller.proceso.baseDatos;
-    base.Ejecuta(u"UPDATE HCAB SET estado = 0 WHERE correl = '1' AND periodo = '202601'"_s);
     const auto resumen = [&](bool enviadas) {
         const ConsultaSql consulta = SqlParaImprimir(taller.proceso, enviadas);
         Registros fila = base.Lee(consulta.texto, {consulta.valores.begin(), consulta.valores.end()});
         QStringList filas;
         while (fila.Siguiente())
             filas.append(
-                fila.Texto(ColumnaImprimir::Periodo) + u' ' + fila.Texto(ColumnaImprimir::PeriodoMostrado) + u' ' +
-                (enviadas
-                     ? fila.Texto(ColumnaImprimirEnviada::Rectifica) + u' ' + fila.Texto(ColumnaImprimirEnviada::Correl)
-                     : fila.Texto(ColumnaImprimir::Rectifica)));
+                fila.Texto(ColumnaImprimir::PeriodoMostrado) + u' ' +
+                (enviadas ? fila.Texto(ColumnaImprimirEnviada::Correl) : fila.Texto(ColumnaImprimir::Rectifica)));
         return filas;
     };
-    EXPECT_THAT(resumen(false), ElementsAre(u"202602 022026 0"_s, u"202601 012026 1"_s));
-    EXPECT_THAT(resumen(true), testing::UnorderedElementsAre(u"202602 022026 0 1"_s, u"202602 022026 1 2"_s));
+    EXPECT_THAT(resumen(false), ElementsAre(u"022026 0"_s, u"012026 1"_s));
+    EXPECT_THAT(resumen(true), testing::UnorderedElementsAre(u"022026 1"_s, u"022026 2"_s));
     base.Ejecuta(u"UPDATE HCAB SET estado = 0 WHERE correl = '1'"_s);
-    EXPECT_THAT(resumen(true), ElementsAre(u"202602 022026 1 2"_s));
+    EXPECT_THAT(resumen(true), ElementsAre(u"022026 2"_s));
 
     taller.proceso.sysUser = u"OTRO"_s;
     EXPECT_THAT(resumen(false), ElementsAre());
@@ -88,9 +73,7 @@ TEST(PrintList, OffersTheUsersDeclarationsOfTheKindAskedFor) {
 
 TEST(ErrorReport, CountsSixtyNineErrorsToAPage) {
     const struct {
-        int errores;
-        int hojas;
-        int subTotales;
+        int errores, hojas, subTotales;
     } casos[] = {{0, 1, 0}, {1, 1, 0}, {68, 1, 0}, {69, 2, 1}, {70, 2, 1}, {138, 3, 2}};
     Taller taller;
     const QString lista = taller.Carpeta() + u"/x.Err"_s;
@@ -99,18 +82,14 @@ TEST(ErrorReport, CountsSixtyNineErrorsToAPage) {
         Libreta libreta;
         EjecutaReporte(taller.proceso, DatosErrores{lista, taller.clave.ruc, u"ÑAUPARI"_s, u"202601"_s}, libreta);
         EXPECT_EQ(libreta.Hojas(), hojas) << errores;
-        EXPECT_EQ(std::get<Etiqueta>(libreta.comandos[1]).valor, QString::number(hojas));
         QStringList textos;
         for (int pagina = 0; pagina < hojas; ++pagina)
             textos += libreta.Textos(pagina);
         EXPECT_EQ(textos.filter(u"Sub-Total"_s).size(), subTotales);
         EXPECT_EQ(textos[textos.size() - 2], QString(20, u' ') + u"Total de Errores:      %1"_s.arg(errores));
-        EXPECT_EQ(textos.last(), QString(15, u' ') + QString(89, u'_'));
         EXPECT_EQ(textos.filter(u"Número inválido"_s).size(), errores);
         const QStringList ultima = libreta.Textos(hojas - 1);
-        EXPECT_EQ(ultima[0].size(), 104) << "the head stands on every page";
-        EXPECT_EQ(ultima[1].indexOf(u"PER005"_s), 100);
-        EXPECT_TRUE(ultima[1].contains(u"Pag:    %1 "_s.arg(hojas)));
+        EXPECT_TRUE(ultima[1].contains(u"Pag:    %1 "_s.arg(hojas))) << "the head stands on every page";
     }
 }
 
@@ -120,7 +99,6 @@ TEST(ErrorReport, IsRegisteredUnderItsOwnCodeAndNeedsItsList) {
     EscribeEn(lista, "a\xf1o de otra \xe9poca\n"); // as an older program wrote it
     const DatosErrores datos{lista, taller.clave.ruc, u"ÑAUPARI"_s, u"202601"_s};
     const QStringList lineas = LineasDe(RutaDeInforme(taller.proceso.rutaRPT, EscribeInforme(taller.proceso, datos)));
-    EXPECT_EQ(lineas[3], u"<!Color!>&H80000005&<!/Color!>"_s);
     EXPECT_THAT(lineas, testing::Contains(u"pPos|10|1400|                    año de otra época|False|8|0|"_s));
     EXPECT_THAT(taller.Filas(u"SELECT CodRep, Doc_id_d FROM SPOOL"_s), ElementsAre(u"PER005|20990518018"_s));
     EXPECT_THROW(static_cast<void>(EscribeInforme(taller.proceso, DatosErrores{lista + u"x"_s, {}, {}, {}})), Error);

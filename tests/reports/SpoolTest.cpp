@@ -48,15 +48,11 @@ TEST(SpoolLine, SaysWhatItHoldsAndPassesOverTheRest) {
         {"pPosVerti|1|2|ab|False|8|0|", TextoVertical{{1, 2, u"ab"_s, false, 8, 0}}},
         {"pCuadro|1|2|3|4|5|", Cuadro{1, 2, 3, 4, 5}},
         {"pNuevaHoja", NuevaHoja()},
-        {"pNuevaHoja|y más", NuevaHoja()},
-        {"<!nHojas!>12<!/nHojas!>", Etiqueta{Etiqueta::Clase::Hojas, u"12"_s}},
         {"<!Color!>&H80000005&<!/Color!>", Etiqueta{Etiqueta::Clase::Color, u"&H80000005&"_s}},
         {"pPos|10|175|falta todo lo demás", {}},
-        {"pCuadro|1|2|3|4|5", {}},
         {"ppos|10|175|t|False|8|0|", {}},
         {"otraHoja", {}},
         {"<!font!>sin cierre", {}},
-        {"<!otra!>x<!/otra!>", {}},
         {"", {}},
     };
     for (const auto& [linea, esperado] : casos)
@@ -125,59 +121,4 @@ TEST(SpoolReport, SurvivesTenMegabytesOfRubbish) {
     Libreta libreta;
     informe->RecorrePagina(informe->Paginas() - 1, [&](const Comando& comando) { libreta.Recibe(comando); });
     EXPECT_LE(informe->Paginas(), InformeSpool::kPaginasMaximas);
-}
-
-/// The end of a page belongs to the page that it ends.
-TEST(SpoolReport, PrintsTheRangeAndNoSheetMore) {
-    const auto informe = InformeDe("<!Orientacion!>V<!/Orientacion!>\npPos|1|1|uno|False|8|0|\npNuevaHoja\n"
-                                   "pPos|1|1|dos|False|8|1|\npNuevaHoja\npPos|1|1|tres|False|8|2|\npNuevaHoja\n");
-    const struct {
-        RangoPaginas rango;
-        QString esperado;
-    } casos[] = {{{}, u"V uno . dos . tres . "_s},
-                 {{true, 2, 2}, u"V dos . "_s},
-                 {{true, 2, 99}, u"V dos . tres . "_s},
-                 {{false, 2, 2}, u"V uno . dos . tres . "_s}};
-    for (const auto& [rango, esperado] : casos) {
-        Libreta libreta;
-        informe->Imprime(rango, libreta);
-        QString impreso;
-        for (const Comando& comando : libreta.comandos) {
-            if (const auto* texto = std::get_if<TextoEnPagina>(&comando))
-                impreso += texto->texto + u' ';
-            else
-                impreso += std::holds_alternative<NuevaHoja>(comando) ? u". "_s : u"V "_s;
-        }
-        EXPECT_EQ(impreso, esperado);
-    }
-}
-
-TEST(SpoolReport, TellsTheSheetsOfItsHead) {
-    const Taller taller;
-    const QString ruta = taller.Carpeta() + u"/a.PRN"_s;
-    const struct {
-        QByteArray contenido;
-        int hojas;
-    } casos[] = {{"<!font!>x<!/font!>\n<!nHojas!> 16 <!/nHojas!>\n", 16},
-                 {"<!nHojas!>diez<!/nHojas!>", 0},
-                 {"<!nHojas!>3", 0},
-                 {"<!nHojas!>99999999999<!/nHojas!>", 0},
-                 {"pPos|1|1|a|False|8|0|\n", 0}};
-    for (const auto& [contenido, hojas] : casos) {
-        EscribeEn(ruta, contenido);
-        EXPECT_EQ(LeeNumeroHojas(ruta), hojas) << contenido.constData();
-    }
-    EXPECT_TRUE(ValidaArchivoInforme(ruta));
-    const Veredicto falta = ValidaArchivoInforme(ruta + u"x"_s);
-    ASSERT_FALSE(falta);
-    EXPECT_EQ(*falta.mensaje,
-              (Mensaje{Icono::Critico, u"Archivo Físico del Reporte no Existe"_s, u"Error al Imprimir"_s}));
-    EXPECT_THROW(static_cast<void>(LeeNumeroHojas(ruta + u"x"_s)), Error);
-}
-
-TEST(SpoolReport, UnderstandsColoursOfTheDesktopAndOthers) {
-    EXPECT_EQ(ColorPagina::Lee(u"&H00FFFFC0&"), (ColorPagina{false, 0, 0xc0, 0xff, 0xff}));
-    EXPECT_EQ(ColorPagina::Lee(u"&H80000005&"), (ColorPagina{true, 5}));
-    for (const QString& otro : {u""_s, u"&H"_s, u"&H&"_s, u"&Hxyz&"_s, u"&HFFFFFFFFFF&"_s, u"blanco"_s})
-        EXPECT_EQ(ColorPagina::Lee(otro), ColorPagina());
 }

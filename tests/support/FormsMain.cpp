@@ -1,4 +1,5 @@
 #include "platform/Application.h"
+#include "support/FormDriver.h"
 #include "support/NoticeScript.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +14,10 @@ AvisosDePrueba& AvisosDelPrograma() {
 namespace {
 
 class AlFinalDeCadaPrueba final : public testing::EmptyTestEventListener {
-    void OnTestEnd(const testing::TestInfo& /*prueba*/) override { AvisosDelPrograma().Comprueba(); }
+    void OnTestEnd(const testing::TestInfo& /*prueba*/) override {
+        AvisosDelPrograma().Comprueba();
+        prueba::CompruebaAperturas();
+    }
 };
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "data/Transaction.h"
 
 #include <QDir>
-#include <QFile>
 
 #include <stdexcept>
 
@@ -12,13 +11,6 @@ namespace xa518::prueba {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString LeeTodo(const QString& ruta) {
-    QFile archivo(ruta);
-    if (!archivo.open(QIODevice::ReadOnly))
-        throw std::runtime_error("unreadable " + ruta.toStdString());
-    return QString::fromUtf8(archivo.readAll());
-}
 
 QString SinComentarios(const QString& sql) {
     QStringList lineas;
@@ -39,7 +31,8 @@ std::unique_ptr<Base> CreaBase(const QString& ruta) {
         throw std::runtime_error("no schema in " XA518_SCHEMA_DIR);
     Transaccion transaccion = base->Comienza(); // one wait for the disk instead of one a table
     for (const QString& paso : pasos) {
-        for (const QString& sentencia : SinComentarios(LeeTodo(esquema.filePath(paso))).split(u";\n"_s)) {
+        for (const QString& sentencia :
+             SinComentarios(QString::fromUtf8(BytesDe(esquema.filePath(paso)))).split(u";\n"_s)) {
             if (!sentencia.trimmed().isEmpty())
                 base->Ejecuta(sentencia);
         }
@@ -54,9 +47,23 @@ void BaseTemporal::Param(const QString& numero, const QString& argumento, const 
     m_base->Ejecuta(u"INSERT INTO PARAM VALUES (?,?,?,?)"_s, {numero, argumento, funcion, correl});
 }
 
-QStringList BaseTemporal::Filas(const QString& sql) const {
+void BaseTemporal::Agrega(const QString& tabla, QMap<QString, QVariant> valores) const {
+    Registros exigidas = m_base->Lee(u"SELECT name, type FROM pragma_table_info(?) WHERE [notnull]=1"_s, {tabla});
+    while (exigidas.Siguiente()) {
+        const QString columna = exigidas.Texto(0);
+        if (!valores.contains(columna))
+            valores[columna] = exigidas.Texto(1) == u"INTEGER" ? QVariant(6)
+                               : columna == u"Formulario"      ? QVariant(u"0518"_s)
+                                                               : QVariant(u"-"_s);
+    }
+    m_base->Ejecuta(u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(tabla, valores.keys().join(u','),
+                                                             QStringList(valores.size(), u"?"_s).join(u',')),
+                    valores.values());
+}
+
+QStringList BaseTemporal::Filas(const QString& sql, const QVariantList& valores) const {
     QStringList filas;
-    Registros registros = m_base->Lee(sql);
+    Registros registros = m_base->Lee(sql, valores);
     while (registros.Siguiente()) {
         QStringList campos;
         for (int i = 0; i < registros.Columnas(); ++i)

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "data/Base.h"
+#include "support/Files.h"
 
+#include <QMap>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -22,9 +24,11 @@ class BaseTemporal {
     [[nodiscard]] QString Ruta() const { return m_carpeta.filePath(QStringLiteral("XA.DB")); }
 
     void Param(const QString& numero, const QString& argumento, const QString& funcion, int correl = 0) const;
+    /// A row of the columns that matter; the others that can't be null get something.
+    void Agrega(const QString& tabla, QMap<QString, QVariant> valores) const;
 
     /// The rows of a query, columns joined by "|", null as "<null>".
-    [[nodiscard]] QStringList Filas(const QString& sql) const;
+    [[nodiscard]] QStringList Filas(const QString& sql, const QVariantList& valores = {}) const;
 
   private:
     QTemporaryDir m_carpeta;

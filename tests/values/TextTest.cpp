@@ -1,4 +1,5 @@
 #include "values/Text.h"
+#include "values/Dates.h"
 
 #include "Printers.h"
 
@@ -10,20 +11,6 @@ namespace xa518 {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-TEST(Text, TrimsBlanksOnly) {
-    EXPECT_EQ(Recorta(u"  a b "), u"a b"_s);
-    EXPECT_EQ(Recorta(u"\ta\u00a0"), u"\ta\u00a0"_s);
-    EXPECT_EQ(Recorta(u"   "), u""_s);
-}
-
-TEST(Text, CutsFromOneAndGivesWhatThereIs) {
-    EXPECT_EQ(Mid(u"abcdef", 2, 3), u"bcd"_s);
-    EXPECT_EQ(Mid(u"abcdef", 5, 9), u"ef"_s);
-    EXPECT_EQ(Mid(u"abcdef", 7, 1), u""_s);
-    EXPECT_EQ(Mid(u"abcdef", 40, 1), u""_s);
-    EXPECT_EQ(Mid(u"", 1, 1), u""_s);
-}
 
 TEST(Text, UpperCaseStaysWithinWindows1252) {
     EXPECT_EQ(Mayusculas(u"ñandú gütiérrez ß µ ÿ œ?"), u"ÑANDÚ GÜTIÉRREZ ß µ Ÿ Œ?"_s);
@@ -42,20 +29,29 @@ TEST(Text, KnowsTheCodesOfWindows1252) {
     EXPECT_EQ(DecodificaWindows1252("A\xE1\xF1\x80\x9F\x92"), texto.chopped(1));
 }
 
+TEST(Text, TrimsBlanksOnlyAndCutsFromOne) {
+    EXPECT_EQ(Recorta(u"  \ta b\u00a0 "), u"\ta b\u00a0"_s);
+    EXPECT_EQ(Mid(u"abcdef", 5, 9), u"ef"_s);
+    EXPECT_EQ(Mid(u"abcdef", 40, 1), u""_s);
+}
+
 TEST(Text, TellsUtf8FromOtherBytes) {
-    EXPECT_TRUE(EsUtf8Valido("Pe\xC3\xB1"
-                             "a"));
-    EXPECT_FALSE(EsUtf8Valido("Pe\xF1"
-                              "a"));
-    EXPECT_FALSE(EsUtf8Valido("Pe\xC3"));
+    EXPECT_TRUE(EsUtf8Valido("A\xC3\xB1"));
+    EXPECT_FALSE(EsUtf8Valido("A\xF1o"));
+    EXPECT_FALSE(EsUtf8Valido("A\xC3"));
     EXPECT_FALSE(EsUtf8Valido("\xC0\xAF")); // a slash in two bytes
 }
 
-TEST(Text, JoinsThePeriodOfTheScreen) {
-    EXPECT_EQ(PeriodoDePantalla(u"05/2024"), u"202405"_s);
-    EXPECT_EQ(PeriodoDePantalla(u"052024"), u"202405"_s);
-    EXPECT_EQ(PeriodoDePantalla(u"__/____"), u"______"_s);
-    EXPECT_EQ(PeriodoDePantalla(u""), u""_s);
+TEST(Dates, AreRealDaysInTenCharacters) {
+    const QStringList si = {u"01/01/1850"_s, u"29/02/2024"_s, u"29/02/2000"_s, u"31/12/2500"_s};
+    const QStringList no = {u""_s,           u"29/02/2023"_s,  u"29/02/1900"_s, u"31/04/2024"_s,
+                            u"00/01/2024"_s, u"01/13/2024"_s,  u"1/1/2024"_s,   u"01-01-2024"_s,
+                            u"2024/01/01"_s, u"01/01/24"_s,    u"01/01/0000"_s, u"0a/01/2024"_s,
+                            u"+1/01/2024"_s, u"01/01/2024 "_s, u"__/__/____"_s, u"01/ 1/2024"_s};
+    for (const QString& texto : si)
+        EXPECT_TRUE(EsFecha(texto)) << texto.toStdString();
+    for (const QString& texto : no)
+        EXPECT_FALSE(EsFecha(texto)) << texto.toStdString();
 }
 
 } // namespace

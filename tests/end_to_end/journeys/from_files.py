@@ -19,15 +19,15 @@ def name_of(month):
     return f"{year}{rest + 1:02}"
 
 
-def moved(found):
-    day, month, year = (int(part) for part in found.groups())
-    name = name_of(year * 12 + month + LAST - SAMPLE)
-    return f"{min(day, 28):02}/{name[4:]}/{name[:4]}".encode()
-
-
-def as_last_month(folder, kind):
+def as_last_month(folder, kind, month=SAMPLE):
     """The sample's file with its dates brought to the last month; its fields, line by line."""
-    text = (folder / f"0518{RUC}{name_of(SAMPLE)}{kind}.TXT").read_bytes()
+
+    def moved(found):
+        day, date_month, year = (int(part) for part in found.groups())
+        name = name_of(year * 12 + date_month + LAST - month)
+        return f"{min(day, 28):02}/{name[4:]}/{name[:4]}".encode()
+
+    text = (folder / f"0518{RUC}{name_of(month)}{kind}.TXT").read_bytes()
     text = re.sub(rb"(\d\d)/(\d\d)/(\d{4})", moved, text)
     (folder / f"0518{RUC}{name_of(LAST)}{kind}.TXT").write_bytes(text)
     return [line.split("|") for line in text.decode("latin-1").splitlines()]
@@ -37,12 +37,16 @@ def total(amounts):
     return sum(map(decimal.Decimal, amounts))
 
 
-def imports(screen, sample):
+def starts_import(screen, sample):
     screen.keys("alt+o")
     screen.opens(IMPORT)
     screen.keys("alt+c", "ctrl+a")
     screen.fills(str(sample))
     screen.keys("alt+a")
+
+
+def imports(screen, sample):
+    starts_import(screen, sample)
     screen.answers("Mensaje")
     screen.clicks(*CASH_SALES)
     screen.keys("alt+a")
