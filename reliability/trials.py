@@ -13,7 +13,7 @@ import time
 from collections import Counter
 from pathlib import Path
 
-ROOT = Path(__file__).resolve().parents[3]
+ROOT = Path(__file__).resolve().parents[1]
 SAMPLE = ROOT / "catalog" / "ejemplo"
 RUC, PERIOD, BIG_PERIOD = "20990518018", "202609", "202610"
 KEY = ("--ruc", RUC, "--hoy", "21/11/2026", "--periodo")
@@ -68,7 +68,7 @@ class Installation:
     def run(self, program, *arguments, fault=None, **options):
         environment = dict(self.environment)
         if fault:
-            environment |= {"LD_PRELOAD": str(self.build / "tests/end_to_end/libfaulty_disk.so"),
+            environment |= {"LD_PRELOAD": str(self.build / "reliability/libfaulty_disk.so"),
                             "FALLA_CARPETA": str(self.folder), "FALLA_MODO": fault[0], "FALLA_EN": str(fault[1])}
         run = subprocess.run([self.build / program, *arguments], env=environment, capture_output=True, text=True,
                              timeout=120, check=False, **options)
