@@ -65,6 +65,8 @@ int NumeroDe(int codigo, const QString& motor) {
 
 /// Empty for the errors that only the engine's own words describe.
 QString ExplicacionDe(int codigo) {
+    if (codigo == SQLITE_READONLY_DBMOVED)
+        return u"El archivo de la base de datos ya no está en su lugar."_s;
     switch (codigo & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED: return u"La base de datos está ocupada por otro programa."_s;

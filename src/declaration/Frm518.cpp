@@ -215,10 +215,9 @@ void Frm518::AlCambiarRazon() {
     (void)Acata(PeriodoDejado());
 }
 
-void Frm518::AlElegirDeclarante() {
-    const Identificacion identificacion = m_ui->PaginaIdentificacion->Lee();
-    m_barra.PonRuc(identificacion.ruc);
-    m_barra.PonNombre(m_ui->PaginaIdentificacion->Nombre());
+void Frm518::AlElegirDeclarante(const QString& nombre) {
+    m_barra.PonRuc(m_ui->PaginaIdentificacion->Lee().ruc);
+    m_barra.PonNombre(nombre);
 }
 
 /// Only the period of a new declaration can change.

@@ -94,7 +94,7 @@ class Frm518 : public Forma {
 
     // Handlers.
     void AlCambiarRazon();
-    void AlElegirDeclarante();
+    void AlElegirDeclarante(const QString& nombre);
     [[nodiscard]] Veredicto PeriodoDejado();
     [[nodiscard]] Salida AlDejarPeriodo();
     void AlRectificar(bool si);

@@ -131,10 +131,11 @@ QString PagIdentificacion::Nombre() const {
 }
 
 void PagIdentificacion::EligeDeclarante() {
-    m_ui->TxtRazon->setText(NombreDeItem(m_ui->CmbRuc->currentText()));
+    const QString nombre = NombreDeItem(m_ui->CmbRuc->currentText());
+    m_ui->TxtRazon->setText(nombre);
     AjustaCombo(*this, *m_ui->CmbRuc);
     xa518::Enfoca(*m_ui->MkePeriodo);
-    Q_EMIT DeclaranteElegido();
+    Q_EMIT DeclaranteElegido(nombre);
 }
 
 void PagIdentificacion::CongelaClave() {

@@ -56,7 +56,7 @@ class PagIdentificacion : public QWidget {
 
   Q_SIGNALS:
     /// The declarant of a new declaration was chosen.
-    void DeclaranteElegido();
+    void DeclaranteElegido(const QString& nombre); ///< the whole name, which the field cuts
     void RazonCambiada();
     void RectificaElegida(bool si);
     /// The person changed something; also by a key that was rejected.

@@ -9,7 +9,6 @@
 #include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QStylePainter>
-#include <QWheelEvent>
 
 #include <utility>
 
@@ -95,11 +94,6 @@ void ListaCodigos::Teclea(QChar digito) {
 void ListaCodigos::focusOutEvent(QFocusEvent* evento) {
     m_tecleado.clear();
     QComboBox::focusOutEvent(evento);
-}
-
-/// Scrolling past the list chooses nothing.
-void ListaCodigos::wheelEvent(QWheelEvent* evento) {
-    evento->ignore();
 }
 
 void ListaCodigos::paintEvent(QPaintEvent* /*evento*/) {

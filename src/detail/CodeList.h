@@ -36,7 +36,6 @@ class ListaCodigos : public QComboBox {
   protected:
     void keyPressEvent(QKeyEvent* evento) override;
     void focusOutEvent(QFocusEvent* evento) override;
-    void wheelEvent(QWheelEvent* evento) override;
     void paintEvent(QPaintEvent* evento) override;
 
   private:

@@ -37,6 +37,19 @@ void CabeEnPantalla(QWidget& forma) {
         forma.resize(forma.size().boundedTo(sitio));
 }
 
+/// Scrolling past a list chooses nothing.
+class SinRueda final : public QObject {
+  public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* /*lista*/, QEvent* evento) override {
+        if (evento->type() != QEvent::Wheel)
+            return false;
+        evento->ignore();
+        return true;
+    }
+};
+
 } // namespace
 
 Forma::Forma(QWidget* padre) : QDialog(padre) {}
@@ -46,6 +59,9 @@ void Forma::Prepara(const QList<QAbstractButton*>& salidas) {
         boton->setAutoDefault(false);
         boton->setDefault(false);
     }
+    auto* sinRueda = new SinRueda(this);
+    for (QComboBox* lista : findChildren<QComboBox*>())
+        lista->installEventFilter(sinRueda);
     AclaraDeshabilitados(*this);
     CuidaElFoco(*this, salidas);
     CabeEnPantalla(*this);
