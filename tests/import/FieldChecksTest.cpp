@@ -4,9 +4,6 @@
 #include "import/ImportFixture.h"
 #include "import/LineFields.h"
 
-#include "Printers.h"
-#include <gtest/gtest.h>
-
 using namespace xa518;
 using namespace Qt::StringLiterals;
 using prueba::Cambios;

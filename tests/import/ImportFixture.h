@@ -1,10 +1,13 @@
 #pragma once
 
+#include "Printers.h"
 #include "data/Process.h"
 #include "import/Formats.h"
 #include "import/ImportRun.h"
 #include "platform/Clock.h"
 #include "support/TemporaryBase.h"
+
+#include <gmock/gmock.h>
 
 #include <QMap>
 

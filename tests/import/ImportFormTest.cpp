@@ -3,10 +3,6 @@
 #include "support/FormDriver.h"
 #include "support/NoticeScript.h"
 
-#include "Printers.h"
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <QDir>
 #include <QDropEvent>
 #include <QLabel>

@@ -2,9 +2,6 @@
 #include "import/ErrorSheet.h"
 #include "import/ImportFixture.h"
 
-#include "Printers.h"
-#include <gtest/gtest.h>
-
 #include <csignal>
 #include <sys/resource.h>
 

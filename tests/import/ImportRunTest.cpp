@@ -4,13 +4,8 @@
 
 #include "data/Transaction.h"
 
-#include "Printers.h"
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <QDir>
 #include <QFile>
-#include <QRandomGenerator>
 
 using namespace xa518;
 using namespace Qt::StringLiterals;
@@ -30,12 +25,9 @@ QString Texto(const ResultadoImportacion& resultado) {
 
 TEST(ImportRun, AFileThatIsRefusedWholeLeavesEverythingAsItWas) {
     const QByteArray buena = LineaDe().toUtf8();
-    QByteArray ruido(1 << 20, '\0');
-    QRandomGenerator(518).generate(ruido.begin(), ruido.end());
     const QList<std::pair<QByteArray, Mensaje>> casos = {
         {buena + "\n" + buena.chopped(1) + "\n", {Icono::Critico, kCamposIncorrectos, {}}},
         {buena + "\n\n", {Icono::Critico, kCamposIncorrectos, {}}},
-        {ruido, {Icono::Critico, kCamposIncorrectos, {}}},
         {buena + "\n" + buena + "x\n",
          {Icono::Critico, u"Cada línea del archivo debe terminar con el separador |"_s,
           u"Error en archivo a cargar"_s}},
@@ -51,13 +43,6 @@ TEST(ImportRun, AFileThatIsRefusedWholeLeavesEverythingAsItWas) {
         EXPECT_EQ(resultado.transferidos + resultado.rechazados, 0);
         EXPECT_THAT(escenario.Cuenta(), Each(0));
     }
-}
-
-TEST(ImportRun, ALineOfAHundredMegabytesIsRefusedUnread) {
-    Escenario escenario;
-    QFile archivo(escenario.RutaArchivo());
-    ASSERT_TRUE(archivo.open(QIODevice::WriteOnly) && archivo.resize(100 << 20));
-    EXPECT_EQ(Texto(escenario.Corre()), u"El archivo de importación tiene una línea de más de 65536 caracteres"_s);
 }
 
 TEST(ImportRun, EncodingsAndEndsOfLineGiveTheSameRows) {
@@ -152,15 +137,6 @@ TEST(ImportRun, AFailureOfTheTotalsIsTold) {
     EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 1));
 }
 
-TEST(ImportRun, ACatalogueWithTooManyRatesEndsTheRun) {
-    Escenario escenario;
-    for (int mes = 1; mes <= 20; ++mes)
-        escenario.base.Param(u"953"_s, u"1010909"_s + QString::number(202000 + mes), {});
-    const ResultadoImportacion resultado = escenario.Importa({LineaDe()});
-    EXPECT_EQ(resultado.fin, FinImportacion::Fallida);
-    EXPECT_TRUE(Texto(resultado).endsWith(u" Error Tecnico: 6"_s)) << Texto(resultado).toStdString();
-}
-
 TEST(ImportRun, ManyLinesInSeveralBatches) {
     Escenario escenario;
     qint64 ultimo = 0;
@@ -200,24 +176,6 @@ TEST(ImportRun, AFileThatChangesWhileItIsReadIsTold) {
         EXPECT_GE(escenario.Cuenta().at(1), 10);
         EXPECT_THAT(escenario.Filas(u"SELECT mto_base_p > 1000 FROM TMPF518PCAB"_s), ElementsAre(u"1"_s));
     }
-}
-
-/// The file is open: it goes on being read. Only the logs have no place any more.
-TEST(ImportRun, AFolderThatVanishesLeavesTheRunItsFile) {
-    Escenario escenario;
-    const QString carpeta = escenario.base.Carpeta() + u"/otra"_s;
-    ASSERT_TRUE(QDir().mkdir(carpeta));
-    escenario.proceso.rutaRPT = carpeta + u"/RPT"_s;
-    escenario.Escribe(Muchas(3) + '\n' + LineaDe({{Campo::TipoDoc, u"9"_s}}).toUtf8());
-    const ResultadoImportacion resultado = escenario.Corre([&](int) {
-        QDir(carpeta).removeRecursively();
-        QFile::remove(escenario.RutaArchivo());
-        return true;
-    });
-    EXPECT_EQ(resultado.fin, FinImportacion::Completa);
-    EXPECT_EQ(resultado.transferidos, 3);
-    EXPECT_EQ(resultado.rechazados, 1);
-    EXPECT_TRUE(resultado.fallaDelLog.contains(carpeta)) << resultado.fallaDelLog.toStdString();
 }
 
 } // namespace

@@ -1,10 +1,6 @@
 #include "import/ImportFixture.h"
 #include "import/ImportRate.h"
 
-#include "Printers.h"
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 using namespace xa518;
 using namespace Qt::StringLiterals;
 using prueba::Cambios;
@@ -142,24 +138,22 @@ TEST(ImportStore, AnswersThatThePeriodKeeps) {
     using enum Campo;
     struct Caso {
         QString periodo;
-        QString primerIgv;
         Cambios cambios;
         QString guardado; // cp_fact, lista_clie, med_pago, mto_imp_p, por_tasa_p
     };
-    const QString igv = u"201012"_s;
     const auto del = [](const QString& fecha, const QString& venta, const QString& credito, const QString& tipo) {
         return Cambios{{FechaEmision, fecha},   {FechaCp, u"01/01/2005"_s}, {SerieCp, u"1"_s},
                        {RespuestaVenta, venta}, {CreditoFiscal, credito},   {TipoCp, tipo}};
     };
     for (const Caso& caso : {
-             Caso{u"200503"_s, igv, del(u"15/03/2005"_s, {}, u"1"_s, u"01"_s), u"1|1|9|90.45|1.00"_s},
-             Caso{u"200802"_s, igv, del(u"15/02/2008"_s, {}, u"0"_s, u"03"_s), u"0|1|9|2.01|2.00"_s},
-             Caso{u"201012"_s, igv, del(u"15/12/2010"_s, u"1"_s, u"0"_s, u"03"_s), u"0|1|1|6.03|6.00"_s},
-             Caso{u"201101"_s, igv, del(u"15/01/2011"_s, u"1"_s, u"1"_s, u"01"_s), u"1|1|9|4.02|4.00"_s},
-             Caso{u"201101"_s, igv, del(u"15/01/2011"_s, u"1"_s, u"0"_s, u"03"_s), u"0|9|9|5.03|5.00"_s},
+             Caso{u"200503"_s, del(u"15/03/2005"_s, {}, u"1"_s, u"01"_s), u"1|1|9|90.45|1.00"_s},
+             Caso{u"200802"_s, del(u"15/02/2008"_s, {}, u"0"_s, u"03"_s), u"0|1|9|2.01|2.00"_s},
+             Caso{u"201012"_s, del(u"15/12/2010"_s, u"1"_s, u"0"_s, u"03"_s), u"0|1|1|6.03|6.00"_s},
+             Caso{u"201101"_s, del(u"15/01/2011"_s, u"1"_s, u"1"_s, u"01"_s), u"1|1|9|4.02|4.00"_s},
+             Caso{u"201101"_s, del(u"15/01/2011"_s, u"1"_s, u"0"_s, u"03"_s), u"0|9|9|5.03|5.00"_s},
          }) {
         Escenario escenario(caso.periodo);
-        escenario.proceso.fechaPrimerIgv = caso.primerIgv;
+        escenario.proceso.fechaPrimerIgv = u"201012"_s;
         (void)escenario.Importa({LineaDe(caso.cambios)});
         EXPECT_THAT(escenario.Filas(u"SELECT cp_fact, lista_clie, med_pago, mto_imp_p, por_tasa_p FROM TMPF518PDET"_s),
                     ElementsAre(caso.guardado))
