@@ -1,6 +1,5 @@
 #include "declaration/Boxes.h"
 
-
 #include <gtest/gtest.h>
 
 using namespace xa518;
