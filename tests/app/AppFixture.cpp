@@ -36,16 +36,11 @@ void ModuloDePrueba::Declarante(int tipoDoc, const QString& ruc, const QString& 
 
 void ModuloDePrueba::Declaracion(const QString& ruc, const QString& periodo, const QString& correl) const {
     const ClaveDeclaracion clave{ruc, periodo, kNumFormulario, !correl.isEmpty(), correl};
-    for (const QString& tabla : {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u"F518PDETVC"_s, u"F518PDETCP"_s}) {
-        const Tabla& destino = base->Describe(clave.Tabla(tabla));
-        Registro fila(destino);
-        for (const Columna& columna : destino.columnas) // every column of the detail's keys has to hold something
-            fila.Pon(columna.nombre, columna.entera ? QVariant(6) : QVariant(u"1"_s));
-        fila.Pon(u"Doc_id_d", ruc).Pon(u"periodo", periodo).Pon(u"Formulario", kNumFormulario);
-        if (clave.enviada)
-            fila.Pon(u"correl", correl);
-        base->Agrega(fila);
-    }
+    QMap<QString, QVariant> valores{{u"Doc_id_d"_s, ruc}, {u"periodo"_s, periodo}};
+    if (clave.enviada)
+        valores.insert(u"correl"_s, correl);
+    for (const QString& tabla : kTablas)
+        base.Agrega(clave.Tabla(tabla), valores);
 }
 
 std::unique_ptr<Base> ModuloDePrueba::Bloquea() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Printers.h"
 #include "app/Dialogs.h"
 #include "data/Process.h"
 #include "platform/Clock.h"

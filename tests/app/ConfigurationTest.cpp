@@ -1,6 +1,5 @@
 #include "app/Configuration.h"
 
-#include "Printers.h"
 #include "app/AppFixture.h"
 
 #include <QDir>

@@ -1,6 +1,5 @@
 #include "app/MDIFrm.h"
 
-#include "Printers.h"
 #include "app/AppFixture.h"
 #include "app/Configuration.h"
 #include "app/HelpBook.h"

@@ -1,7 +1,6 @@
 #include "app/FrmContAbrir.h"
 #include "app/FrmContAbrirE.h"
 
-#include "Printers.h"
 #include "app/AppFixture.h"
 #include "platform/ReadGrid.h"
 #include "platform/StatusBar.h"
@@ -171,7 +170,7 @@ class DeletionTest : public PickersTest {
     /// Every table tells when a row of it goes.
     void Anota() const {
         base->Ejecuta(u"CREATE TABLE BORRADO (orden INTEGER PRIMARY KEY, tabla TEXT)"_s);
-        for (const QString& tabla : kTablas)
+        for (const QString& tabla : m_tablas)
             base->Ejecuta(
                 u"CREATE TRIGGER nota_%1 AFTER DELETE ON %1 BEGIN INSERT INTO BORRADO(tabla) VALUES ('%1'); END"_s.arg(
                     tabla));
@@ -181,13 +180,13 @@ class DeletionTest : public PickersTest {
     }
     [[nodiscard]] qsizetype Quedan() const {
         qsizetype filas = 0;
-        for (const QString& tabla : kTablas)
+        for (const QString& tabla : m_tablas)
             filas += base.Filas(u"SELECT 1 FROM "_s + tabla).size();
         return filas;
     }
 
-    const QStringList kTablas{u"CAB"_s,  u"DET"_s,  u"F518PCAB"_s,  u"F518PDET"_s,  u"F518PDETVC"_s,  u"F518PDETCP"_s,
-                              u"HCAB"_s, u"HDET"_s, u"HF518PCAB"_s, u"HF518PDET"_s, u"HF518PDETVC"_s, u"HF518PDETCP"_s};
+    const QStringList m_tablas = prueba::kTablas + QStringList{u"HCAB"_s,      u"HDET"_s,        u"HF518PCAB"_s,
+                                                               u"HF518PDET"_s, u"HF518PDETVC"_s, u"HF518PDETCP"_s};
 };
 
 TEST_F(DeletionTest, AsksFirstAndThenDeletesThatDeclarationInOrder) {

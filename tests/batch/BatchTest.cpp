@@ -132,9 +132,7 @@ TEST_F(Batch, TriesAFileAndListsItsFaults) {
     const int rechazados = Json()[u"rechazados"_s].toInt();
     EXPECT_EQ(Json()[u"archivos"_s].toArray(), QJsonArray{hoja});
     EXPECT_EQ(Cuenta(u"TMPF518PDET"_s), 0);
-    QFile archivo(hoja);
-    ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
-    EXPECT_EQ(archivo.readAll().count('\n'), rechazados + 1);
+    EXPECT_EQ(prueba::BytesDe(hoja).count('\n'), rechazados + 1);
     EXPECT_FALSE(QFile::exists(Casa() + u"/RPT0518"_s + kRuc + u"202610.Log"_s));
 
     EXPECT_EQ(Corre(octubre + u" --errores /no/hay/errores.csv"_s), 3);

@@ -1,7 +1,5 @@
 #include "declaration/Boxes.h"
 
-#include <QList>
-
 #include <gtest/gtest.h>
 
 using namespace xa518;

@@ -14,15 +14,18 @@ namespace {
 
 const QDate kHoy(2026, 10, 20);
 
+/// What it says, with "! " before a mere warning.
 QString Texto(const Veredicto& veredicto) {
-    return veredicto.mensaje ? veredicto.mensaje->texto : veredicto.pasa ? u"bien"_s : u"callado"_s;
+    if (!veredicto.mensaje)
+        return veredicto.pasa ? u"bien"_s : u"callado"_s;
+    return (veredicto.mensaje->icono == Icono::Exclamacion ? u"! "_s : QString()) + veredicto.mensaje->texto;
 }
 
 TEST(VoucherChecks, SeriesByDateOfIssue) {
     const QString noNumerico = u"El número de serie debe ser numérico"_s;
     const QString primera = u"sólo se permite letras o dígitos en la primera posición del número de serie"_s;
-    const QString incompleta = u"Debe registrar correctamente el número de serie."_s;
-    const QString letras = u"No se permite letras desde la segunda a la cuarta posición en el número de serie."_s;
+    const QString incompleta = u"! Debe registrar correctamente el número de serie."_s;
+    const QString letras = u"! No se permite letras desde la segunda a la cuarta posición en el número de serie."_s;
     const QString noValido = u"El número de serie del comprobante de pago no es válido"_s;
     const struct {
         QString fecha, serie;
@@ -37,7 +40,7 @@ TEST(VoucherChecks, SeriesByDateOfIssue) {
         {u"19/07/2010"_s, u"000A"_s, letras, letras},
         {u"19/07/2010"_s, u"E0"_s, incompleta, noValido},
         {u"19/07/2010"_s, u"A12"_s, incompleta, noValido},
-        {u"19/07/2010"_s, u"-001"_s, u"Desde el 2010/07/19"_s + primera, noValido},
+        {u"19/07/2010"_s, u"-001"_s, u"! Desde el 2010/07/19"_s + primera, noValido},
     };
     for (const auto& [fecha, serie, percepcion, factura] : casos) {
         const DatosComprobante cp{false, {}, serie, u"1"_s, fecha, u"5"_s, false, {}};
@@ -46,7 +49,7 @@ TEST(VoucherChecks, SeriesByDateOfIssue) {
         EXPECT_EQ(Texto(ValidaGrabar(pago, Veredicto::Bien)), factura) << qPrintable(serie);
     }
     const DatosPago ticket{u"12"_s, u"-001"_s, u"1"_s, u"19/07/2010"_s, u"5"_s};
-    EXPECT_EQ(Texto(ValidaGrabar(ticket, Veredicto::Bien)), u"Desde el 2010/07/19 "_s + primera);
+    EXPECT_EQ(Texto(ValidaGrabar(ticket, Veredicto::Bien)), u"! Desde el 2010/07/19 "_s + primera);
 }
 
 TEST(VoucherChecks, DatesOfBothVouchers) {

@@ -86,31 +86,7 @@ TEST_F(VoucherDialogTest, RefusesInItsOrder) {
     sube(*contado, comunes);
 }
 
-TEST_F(VoucherDialogTest, JudgesASeriesByTheDateAndKnowsItsKey) {
-    const struct {
-        QString fecha, serie, mensaje;
-        Icono icono;
-    } casos[] = {
-        {u"18/07/2010"_s, u"E001"_s, u"El número de serie debe ser numérico"_s, Icono::Critico},
-        {u"19/07/2010"_s, u"E0A1"_s,
-         u"No se permite letras desde la segunda a la cuarta posición en el número de serie."_s, Icono::Exclamacion},
-        {u"19/07/2010"_s, u"E01"_s, u"Debe registrar correctamente el número de serie."_s, Icono::Exclamacion},
-        {u"19/07/2010"_s, u"E001"_s, kFaltaPago, Icono::Critico},
-    };
-    m_proceso.periodoDeclarado = u"201007"_s;
-    for (const auto& caso : casos) {
-        const auto forma = Nuevo();
-        De<QLineEdit>(*forma, "TxtSerie").setText(caso.serie);
-        De<QLineEdit>(*forma, "TxtNumero").setText(u"1"_s);
-        De<QLineEdit>(*forma, "MkeFecEmis").setText(caso.fecha);
-        De<QLineEdit>(*forma, "TxtMtoBase").setText(u"5"_s);
-        Clic(*forma, "OptListado_0");
-        m_avisos.Espera({caso.icono, caso.mensaje, forma->windowTitle()});
-        Clic(*forma, "CmdOpciones_0");
-        EXPECT_EQ(Foco(), caso.mensaje == kFaltaPago ? u"CmdOpciones_0"_s : u"TxtSerie"_s);
-        m_avisos.Comprueba();
-    }
-    m_proceso.periodoDeclarado = u"202610"_s;
+TEST_F(VoucherDialogTest, KnowsTheKeyOfAStoredVoucher) {
     MeteComprobante();
     MetePago(u"1"_s, u"01"_s);
     const auto otra = Nuevo();

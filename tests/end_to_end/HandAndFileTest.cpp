@@ -6,7 +6,6 @@
 #include "import/ImportFile.h"
 #include "import/ImportRun.h"
 
-#include <QFile>
 #include <QPushButton>
 
 namespace xa518 {
@@ -46,10 +45,7 @@ class HandAndFileTest : public prueba::DetailTest {
         EXPECT_FALSE(forma.isVisible());
     }
     void Importa(const QStringList& lineas, const FormatoImportacion& formato = FormatoPercepciones()) {
-        QFile archivo(m_base.Carpeta() + u'/' + NombreDeArchivo(m_proceso, formato));
-        ASSERT_TRUE(archivo.open(QIODevice::WriteOnly));
-        archivo.write(lineas.join(u'\n').toUtf8() + '\n');
-        archivo.close();
+        prueba::EscribeEn(m_base.Carpeta() + u'/' + NombreDeArchivo(m_proceso, formato), lineas.join(u'\n').toUtf8());
         SinPausa observador;
         m_proceso.rutaRPT = m_base.Carpeta() + u"/RPT"_s;
         const auto resultado = Transferencia(m_proceso, formato, m_base.Carpeta()).Corre(observador);
@@ -65,8 +61,8 @@ class HandAndFileTest : public prueba::DetailTest {
         declaracion.rectifica = u"0"_s;
         (void)GrabaDeclaracion(*m_base, declaracion, m_reloj.Hoy());
         const QString retrato = prueba::Retrato(*m_base);
-        for (const QString& tabla : {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u"F518PDETVC"_s, u"F518PDETCP"_s,
-                                     u"TMPF518PCAB"_s, u"TMPF518PDET"_s, u"TMPF518PDETCP"_s})
+        for (const QString& tabla :
+             prueba::kTablas + QStringList{u"TMPF518PCAB"_s, u"TMPF518PDET"_s, u"TMPF518PDETCP"_s})
             m_base->Ejecuta(u"DELETE * FROM "_s + tabla);
         return retrato;
     }

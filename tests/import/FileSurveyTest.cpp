@@ -1,6 +1,5 @@
 #include "import/FileSurvey.h"
 
-#include "import/LineFields.h"
 #include "import/LineReader.h"
 #include "values/Error.h"
 
@@ -108,16 +107,6 @@ TEST(FileSurvey, OneEncodingForTheWholeFile) {
     EXPECT_EQ(codificacion("\xC3\xB1|\nabc|\n"), Codificacion::Utf8);
     EXPECT_EQ(codificacion("\xC3\xB1|\n\xF1|\n"), Codificacion::Windows1252);
     EXPECT_EQ(codificacion("\xC3|\n"), Codificacion::Windows1252);
-}
-
-TEST(LineFields, CutsTrimsAndRaises) {
-    QStringList campos{u"viejo"_s};
-    SeparaCampos(u" ñandú |\t||b| c"_s, 9, campos);
-    EXPECT_EQ(campos, (QStringList{u"ÑANDÚ"_s, u"\t"_s, u""_s, u"B"_s}));
-    SeparaCampos(u"a|b|c|"_s, 2, campos);
-    EXPECT_EQ(campos, (QStringList{u"A"_s, u"B"_s}));
-    SeparaCampos({}, 2, campos);
-    EXPECT_TRUE(campos.isEmpty());
 }
 
 } // namespace

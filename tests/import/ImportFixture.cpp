@@ -3,10 +3,6 @@
 #include "data/Transaction.h"
 #include "import/ImportFile.h"
 
-#include <QFile>
-
-#include <stdexcept>
-
 namespace xa518::prueba {
 
 using namespace Qt::StringLiterals;
@@ -28,6 +24,22 @@ class Observador final : public ObservadorImportacion {
     int m_lineas = 0;
 };
 
+/// Of the client's document and of the voucher; one of each isn't offered here.
+void LlenaTipos(const BaseTemporal& base) {
+    const auto documento = [&](const QString& tipo, const QString& ofrecido, const QString& largo,
+                               const QString& dato) {
+        base.Param(u"044"_s, tipo, Funcion({{46, largo}, {82, ofrecido}, {128, dato}, {130, u"0"_s}}));
+    };
+    documento(u"1"_s, u"1"_s, u"08"_s, u"0"_s);
+    documento(u"3"_s, u"0"_s, u"12"_s, u"0"_s);
+    documento(u"4"_s, u"1"_s, u"12"_s, u"0"_s);
+    documento(u"6"_s, u"1"_s, u"11"_s, u"0"_s);
+    documento(u"7"_s, u"1"_s, u"12"_s, u"5"_s);
+    for (const QString& tipo : {u"01"_s, u"03"_s, u"07"_s, u"08"_s, u"12"_s})
+        base.Param(u"233"_s, tipo, Funcion({{64, u"1"_s}}));
+    base.Param(u"233"_s, u"02"_s, Funcion({{64, u"0"_s}}));
+}
+
 } // namespace
 
 QStringList CamposDe(const Cambios& cambios) {
@@ -47,32 +59,19 @@ QString VentaDe(const Cambios& cambios) {
     return CamposDe(cambios).first(FormatoVentas().Campos()).join(u'|') + u'|';
 }
 
+QByteArray Muchas(int cuantas) {
+    QStringList lineas;
+    for (int i = 1; i <= cuantas; ++i)
+        lineas.append(LineaDe({{Campo::NumeroPercepcion, QString::number(i)}}));
+    return lineas.join(u'\n').toUtf8();
+}
+
 Cambios Empresa(const Cambios& cambios) {
     Cambios todos{{Campo::TipoDoc, u"06"_s},    {Campo::NumDoc, u"20500000008"_s}, {Campo::RazonSocial, u"Acme S.A."_s},
                   {Campo::ApellidoPaterno, {}}, {Campo::ApellidoMaterno, {}},      {Campo::Nombres, {}}};
     todos.insert(cambios);
     return todos;
 }
-
-namespace {
-
-/// Of the client's document and of the voucher; one of each isn't offered here.
-void LlenaTipos(const BaseTemporal& base) {
-    const auto documento = [&](const QString& tipo, const QString& ofrecido, const QString& largo,
-                               const QString& dato) {
-        base.Param(u"044"_s, tipo, Funcion({{46, largo}, {82, ofrecido}, {128, dato}, {130, u"0"_s}}));
-    };
-    documento(u"1"_s, u"1"_s, u"08"_s, u"0"_s);
-    documento(u"3"_s, u"0"_s, u"12"_s, u"0"_s);
-    documento(u"4"_s, u"1"_s, u"12"_s, u"0"_s);
-    documento(u"6"_s, u"1"_s, u"11"_s, u"0"_s);
-    documento(u"7"_s, u"1"_s, u"12"_s, u"5"_s);
-    for (const QString& tipo : {u"01"_s, u"03"_s, u"07"_s, u"08"_s, u"12"_s})
-        base.Param(u"233"_s, tipo, Funcion({{64, u"1"_s}}));
-    base.Param(u"233"_s, u"02"_s, Funcion({{64, u"0"_s}}));
-}
-
-} // namespace
 
 Escenario::Escenario(const QString& periodo, const FormatoImportacion& formato) : m_formato(formato) {
     proceso.baseDatos = Base::Abre(base.Ruta());
@@ -95,9 +94,7 @@ QString Escenario::RutaArchivo() const {
 }
 
 void Escenario::Escribe(const QByteArray& bytes) const {
-    QFile archivo(RutaArchivo());
-    if (!archivo.open(QIODevice::WriteOnly) || archivo.write(bytes) != bytes.size())
-        throw std::runtime_error("the import file can't be written");
+    EscribeEn(RutaArchivo(), bytes);
 }
 
 ResultadoImportacion Escenario::Importa(const QStringList& lineas) {
@@ -114,13 +111,6 @@ ResultadoImportacion Escenario::Corre(const std::function<bool(int)>& antesDeLin
     return Transferencia(proceso, m_formato, base.Carpeta(), opciones).Corre(observador);
 }
 
-ResultadoImportacion Escenario::Prueba() {
-    opciones.prueba = true;
-    const ResultadoImportacion resultado = Corre();
-    opciones.prueba = false;
-    return resultado;
-}
-
 QStringList Escenario::Filas(const QString& sql) const {
     return base.Filas(sql);
 }
@@ -129,11 +119,6 @@ QList<int> Escenario::Cuenta() const {
     const auto filas = [&](const QString& tabla) { return Filas(u"SELECT * FROM "_s + tabla).size(); };
     return {static_cast<int>(filas(u"TMPF518PCAB"_s)), static_cast<int>(filas(u"TMPF518PDET"_s)),
             static_cast<int>(filas(u"TMPF518PDETCP"_s))};
-}
-
-QByteArray LeeBytes(const QString& ruta) {
-    QFile archivo(ruta);
-    return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray("(no file)");
 }
 
 } // namespace xa518::prueba

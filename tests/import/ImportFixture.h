@@ -1,10 +1,13 @@
 #pragma once
 
+#include "Printers.h"
 #include "data/Process.h"
 #include "import/Formats.h"
 #include "import/ImportRun.h"
 #include "platform/Clock.h"
 #include "support/TemporaryBase.h"
+
+#include <gmock/gmock.h>
 
 #include <QMap>
 
@@ -20,6 +23,8 @@ using Cambios = QMap<Campo, QString>;
 [[nodiscard]] QString LineaDe(const Cambios& cambios = {});
 /// The same fields as a line of a file of cash sales.
 [[nodiscard]] QString VentaDe(const Cambios& cambios = {});
+/// A file of so many lines, each with a voucher of its own.
+[[nodiscard]] QByteArray Muchas(int cuantas);
 /// The changes that make it a company's, and more of them.
 [[nodiscard]] Cambios Empresa(const Cambios& cambios = {});
 
@@ -36,8 +41,6 @@ class Escenario {
     ResultadoImportacion Importa(const QByteArray& bytes);
     /// Imports what is there; `antesDeLinea` gets the number of lines done and tells whether to go on.
     ResultadoImportacion Corre(const std::function<bool(int)>& antesDeLinea = [](int) { return true; });
-    /// The same with every check and nothing kept.
-    ResultadoImportacion Prueba();
 
     [[nodiscard]] QString RutaArchivo() const;
     [[nodiscard]] QStringList Filas(const QString& sql) const;
@@ -52,7 +55,5 @@ class Escenario {
   private:
     const FormatoImportacion& m_formato;
 };
-
-[[nodiscard]] QByteArray LeeBytes(const QString& ruta);
 
 } // namespace xa518::prueba

@@ -1,10 +1,7 @@
 #include "import/ImportFixture.h"
 #include "import/frmTransferencia.h"
+#include "support/FormDriver.h"
 #include "support/NoticeScript.h"
-
-#include "Printers.h"
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <QDir>
 #include <QDropEvent>
@@ -20,8 +17,6 @@
 
 using namespace xa518;
 using namespace Qt::StringLiterals;
-using prueba::Cambios;
-using prueba::LeeBytes;
 using prueba::LineaDe;
 using testing::Each;
 using testing::ElementsAre;
@@ -44,18 +39,13 @@ class ImportForm : public testing::Test {
                                        return m_elegido;
                                    }};
         m_forma = std::make_unique<frmTransferencia>(m_escenario.proceso, m_avisos, entorno);
-        m_forma->show();
-        m_forma->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(m_forma.get()));
+        prueba::Muestra(*m_forma);
     }
     template <typename Control>
     [[nodiscard]] Control& De(const char* nombre) const {
-        auto* control = m_forma->findChild<Control*>(QString::fromLatin1(nombre));
-        if (!control)
-            throw std::runtime_error(std::string("no ") + nombre);
-        return *control;
+        return prueba::De<Control>(*m_forma, nombre);
     }
-    void Pulsa(const char* boton) const { QTest::mouseClick(&De<QPushButton>(boton), Qt::LeftButton); }
+    void Pulsa(const char* boton) const { prueba::Clic(*m_forma, boton); }
     void TecleaCarpeta(const QString& carpeta) const {
         auto& campo = De<QLineEdit>("TxtCarpeta");
         campo.setFocus();
@@ -161,7 +151,7 @@ TEST_F(ImportForm, RefusedLinesAreSavedForASpreadsheet) {
     m_elegido = m_escenario.base.Carpeta() + u"/errores.csv"_s;
     Pulsa("cmdGuardarErrores");
     EXPECT_EQ(m_sugerido, m_escenario.base.Carpeta() + u"/051820990518018202610-errores.csv"_s);
-    EXPECT_EQ(LeeBytes(m_elegido).count('\n'), 2);
+    EXPECT_EQ(prueba::BytesDe(m_elegido).count('\n'), 2);
     m_elegido = u"/no/hay/errores.csv"_s;
     QFile sinSitio(m_elegido);
     EXPECT_FALSE(sinSitio.open(QIODevice::WriteOnly));
@@ -169,36 +159,34 @@ TEST_F(ImportForm, RefusedLinesAreSavedForASpreadsheet) {
     Pulsa("cmdGuardarErrores");
 }
 
-TEST_F(ImportForm, WithoutTheFileTheCountersStay) {
+TEST_F(ImportForm, AFailedRunLeavesTheCountersAtRest) {
+    const QString otraVez = u"¿Desea procesar el archivo nuevamente?"_s;
     TecleaCarpeta(m_escenario.base.Carpeta());
-    m_avisos.Espera(u"En la ruta indicada, no se encuentra el archivo a transferir, verifique la ruta"_s);
+    m_avisos.Espera({Icono::Critico,
+                     u"En la ruta indicada, no se encuentra el archivo a transferir, verifique la ruta"_s, u"Error"_s});
     Pulsa("cmdTransferir");
+    EXPECT_EQ(Cuentas(), kReposo);
+    EscribeConRechazos();
+    m_avisos.EsperaPregunta(otraVez, Respuesta::Si);
+    m_avisos.EsperaPregunta(Pregunta(), Respuesta::No);
+    Pulsa("cmdTransferir");
+    m_escenario.Escribe("1|2|\n");
+    m_avisos.EsperaPregunta(otraVez, Respuesta::Si);
+    m_avisos.Espera(
+        {Icono::Critico, u"El archivo de importación no tiene el número de campos correctos"_s, u"Importar"_s});
+    Pulsa("cmdTransferir");
+    EXPECT_EQ(Cuentas(), kReposo);
     TecleaCarpeta({});
-    m_avisos.EsperaPregunta(u"¿Desea procesar el archivo nuevamente?"_s, Respuesta::Si);
-    m_avisos.Espera(u"Seleccionar directorio donde se encuentran\n\nlos archivos a transferir"_s);
+    m_avisos.EsperaPregunta(otraVez, Respuesta::Si);
+    m_avisos.Espera({Icono::Informacion, u"Seleccionar directorio donde se encuentran\n\nlos archivos a transferir"_s,
+                     u"Mensaje"_s});
     Pulsa("cmdTransferir");
     EXPECT_EQ(Cuentas(), kReposo);
     EXPECT_TRUE(De<QPushButton>("cmdTransferir").isEnabled());
 }
 
-TEST_F(ImportForm, AFileRefusedWholePutsTheCountersBack) {
-    EscribeConRechazos();
-    TecleaCarpeta(m_escenario.base.Carpeta());
-    m_avisos.EsperaPregunta(Pregunta(), Respuesta::No);
-    Pulsa("cmdTransferir");
-    m_escenario.Escribe("1|2|\n");
-    m_avisos.EsperaPregunta(u"¿Desea procesar el archivo nuevamente?"_s, Respuesta::Si);
-    m_avisos.Espera(
-        {Icono::Critico, u"El archivo de importación no tiene el número de campos correctos"_s, u"Importar"_s});
-    Pulsa("cmdTransferir");
-    EXPECT_EQ(Cuentas(), kReposo);
-}
-
 TEST_F(ImportForm, TheWayOutEndsARunWithinALine) {
-    QStringList lineas;
-    for (int i = 1; i <= 20'000; ++i)
-        lineas.append(LineaDe({{Campo::NumeroPercepcion, QString::number(i)}}));
-    m_escenario.Escribe(lineas.join(u'\n').toUtf8());
+    m_escenario.Escribe(prueba::Muchas(20'000));
     TecleaCarpeta(m_escenario.base.Carpeta());
     QTimer::singleShot(250, m_forma.get(), [&] {
         EXPECT_FALSE(De<QPushButton>("cmdTransferir").isEnabled());

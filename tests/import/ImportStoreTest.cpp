@@ -1,8 +1,5 @@
 #include "import/ImportFixture.h"
-
-#include "Printers.h"
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "import/ImportRate.h"
 
 using namespace xa518;
 using namespace Qt::StringLiterals;
@@ -50,28 +47,18 @@ TEST(ImportStore, TheDocumentTypeIsStoredAsAnInteger) {
         ElementsAre(u"7|integer|45678901"_s, u"1|integer|45678901"_s, u"0|integer|"_s));
 }
 
-TEST(ImportStore, LinesOfOneVoucherShareItsRow) {
-    Escenario escenario;
-    const ResultadoImportacion resultado =
-        escenario.Importa({LineaDe(), LineaDe({{Campo::NumeroCp, u"78"_s}}),
-                           LineaDe({{Campo::NumeroCp, u"79"_s}, {Campo::MontoCobrado, u"100.50"_s}})});
-    EXPECT_EQ(resultado.transferidos, 3);
-    EXPECT_EQ(resultado.rechazados, 0);
-    EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 3));
-}
-
-TEST(ImportStore, AVoucherReadWithAnotherDateOrAmountIsRefusedAfterItWasCounted) {
+TEST(ImportStore, LinesOfOneVoucherShareItsRowUnlessTheirDateOrAmountDiffers) {
     using enum Campo;
     Escenario escenario;
     const ResultadoImportacion resultado =
-        escenario.Importa({LineaDe(), LineaDe({{MontoCobrado, u"100.51"_s}, {NumeroCp, u"78"_s}}),
-                           LineaDe({{FechaEmision, u"16/10/2026"_s}, {NumeroCp, u"79"_s}})});
-    EXPECT_EQ(resultado.transferidos, 3);
+        escenario.Importa({LineaDe(), LineaDe({{NumeroCp, u"78"_s}, {MontoCobrado, u"100.50"_s}}),
+                           LineaDe({{NumeroCp, u"79"_s}, {MontoCobrado, u"100.51"_s}}),
+                           LineaDe({{NumeroCp, u"80"_s}, {FechaEmision, u"16/10/2026"_s}})});
+    EXPECT_EQ(resultado.transferidos, 4); // wanted: counted before they are refused
     EXPECT_EQ(resultado.rechazados, 2);
-    EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 1));
+    EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 2));
     EXPECT_EQ(
-        prueba::LeeBytes(resultado.rutaErr).count("La fecha y/o el monto del comprobante de percepción no coincide"),
-        2);
+        prueba::BytesDe(resultado.rutaErr).count("La fecha y/o el monto del comprobante de percepción no coincide"), 2);
 }
 
 TEST(ImportStore, AVoucherEnteredByHandIsKnownByTheValueOfItsAmount) {
@@ -93,7 +80,7 @@ TEST(ImportStore, ASecondRunOverTheSameFileMeetsItsPaymentVouchers) {
     EXPECT_EQ(segunda.transferidos, 1);
     EXPECT_EQ(segunda.rechazados, 2);
     EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 3));
-    EXPECT_EQ(prueba::LeeBytes(segunda.rutaErr).count("De la tabla 0228"), 2);
+    EXPECT_EQ(prueba::BytesDe(segunda.rutaErr).count("De la tabla 0228"), 2);
 }
 
 /// A trigger stands in for another program that adds the same row between the look-up and the insert.
@@ -116,28 +103,57 @@ TEST(ImportStore, AfterADuplicateKeyTheLineGoesOnWithItsNextRow) {
     }
 }
 
+/// The fixture's rows bear the number of their class as rate.
+QString ClaseDe(Escenario& escenario, const QString& periodo, const QString& primerIgv, const QString& respuestas) {
+    TasaImportacion tasa(*escenario.proceso.baseDatos, periodo, primerIgv);
+    const auto respuesta = [&](qsizetype cual) { return respuestas.mid(cual, 1); };
+    return tasa.NuevaTasa(respuesta(0), respuesta(1), respuesta(2), respuesta(3)).tasa.left(1);
+}
+
+TEST(ImportStore, RateOfEachBandAndAnswer) {
+    struct Caso {
+        QString periodo;
+        QString primerIgv;
+        QString respuestas; // credit, sale, list, amount
+        QString clase;
+    };
+    const QString igv = u"201012"_s;
+    const QList<Caso> casos = {
+        {u"200501"_s, igv, u"1011"_s, u"1"_s}, {u"200802"_s, igv, u"1000"_s, u"2"_s},
+        {u"200802"_s, igv, u"0010"_s, u"2"_s}, {u"200803"_s, igv, u"1110"_s, u"1"_s},
+        {u"200803"_s, igv, u"1100"_s, u"6"_s}, {u"201012"_s, igv, u"1010"_s, u"1"_s},
+        {u"201012"_s, igv, u"1000"_s, u"2"_s}, {u"201012"_s, igv, u"0110"_s, u"6"_s},
+        {u"201012"_s, igv, u"0010"_s, u"2"_s}, {u"201101"_s, igv, u"1011"_s, u"3"_s},
+        {u"201101"_s, igv, u"1012"_s, u"4"_s}, {u"201101"_s, igv, u"1001"_s, u"4"_s},
+        {u"201101"_s, igv, u"0111"_s, u"5"_s}, {u"200803"_s, {}, u"1100"_s, u"4"_s},
+        {u"200412"_s, igv, u"1010"_s, u"0"_s},
+    };
+    Escenario escenario;
+    for (const Caso& caso : casos)
+        EXPECT_EQ(ClaseDe(escenario, caso.periodo, caso.primerIgv, caso.respuestas), caso.clase)
+            << caso.periodo.toStdString() << ' ' << caso.respuestas.toStdString();
+}
+
 TEST(ImportStore, AnswersThatThePeriodKeeps) {
     using enum Campo;
     struct Caso {
         QString periodo;
-        QString primerIgv;
         Cambios cambios;
         QString guardado; // cp_fact, lista_clie, med_pago, mto_imp_p, por_tasa_p
     };
-    const QString igv = u"201012"_s;
     const auto del = [](const QString& fecha, const QString& venta, const QString& credito, const QString& tipo) {
         return Cambios{{FechaEmision, fecha},   {FechaCp, u"01/01/2005"_s}, {SerieCp, u"1"_s},
                        {RespuestaVenta, venta}, {CreditoFiscal, credito},   {TipoCp, tipo}};
     };
     for (const Caso& caso : {
-             Caso{u"200503"_s, igv, del(u"15/03/2005"_s, {}, u"1"_s, u"01"_s), u"1|1|9|90.45|1.00"_s},
-             Caso{u"200802"_s, igv, del(u"15/02/2008"_s, {}, u"0"_s, u"03"_s), u"0|1|9|2.01|2.00"_s},
-             Caso{u"201012"_s, igv, del(u"15/12/2010"_s, u"1"_s, u"0"_s, u"03"_s), u"0|1|1|6.03|6.00"_s},
-             Caso{u"201101"_s, igv, del(u"15/01/2011"_s, u"1"_s, u"1"_s, u"01"_s), u"1|1|9|4.02|4.00"_s},
-             Caso{u"201101"_s, igv, del(u"15/01/2011"_s, u"1"_s, u"0"_s, u"03"_s), u"0|9|9|5.03|5.00"_s},
+             Caso{u"200503"_s, del(u"15/03/2005"_s, {}, u"1"_s, u"01"_s), u"1|1|9|90.45|1.00"_s},
+             Caso{u"200802"_s, del(u"15/02/2008"_s, {}, u"0"_s, u"03"_s), u"0|1|9|2.01|2.00"_s},
+             Caso{u"201012"_s, del(u"15/12/2010"_s, u"1"_s, u"0"_s, u"03"_s), u"0|1|1|6.03|6.00"_s},
+             Caso{u"201101"_s, del(u"15/01/2011"_s, u"1"_s, u"1"_s, u"01"_s), u"1|1|9|4.02|4.00"_s},
+             Caso{u"201101"_s, del(u"15/01/2011"_s, u"1"_s, u"0"_s, u"03"_s), u"0|9|9|5.03|5.00"_s},
          }) {
         Escenario escenario(caso.periodo);
-        escenario.proceso.fechaPrimerIgv = caso.primerIgv;
+        escenario.proceso.fechaPrimerIgv = u"201012"_s;
         (void)escenario.Importa({LineaDe(caso.cambios)});
         EXPECT_THAT(escenario.Filas(u"SELECT cp_fact, lista_clie, med_pago, mto_imp_p, por_tasa_p FROM TMPF518PDET"_s),
                     ElementsAre(caso.guardado))
@@ -163,6 +179,7 @@ TEST(ImportStore, CashSales) {
          VentaDe({{MontoCobrado, u"7"_s}}),
          VentaDe(Empresa({{CreditoFiscal, u"0"_s}, {TipoCp, u"3"_s}, {SeriePercepcion, u"b001"_s}}))});
     EXPECT_EQ(resultado.transferidos, 5);
+    EXPECT_TRUE(prueba::BytesDe(resultado.rutaErr).endsWith(" Registro Duplicado\n"));
     EXPECT_EQ(resultado.rechazados, 1);
     EXPECT_THAT(escenario.Cuenta(), ElementsAre(3, 4, 0));
     EXPECT_THAT(escenario.Filas(u"SELECT * FROM TMPF518PDET ORDER BY rowid"_s),

@@ -1,5 +1,4 @@
 #include "data/Base.h"
-#include "data/RecordChecksum.h"
 #include "data/SchemaVersion.h"
 #include "data/Transaction.h"
 #include "launcher/CommandLine.h"
@@ -7,7 +6,7 @@
 #include "launcher/Schema.h"
 #include "platform/Clock.h"
 #include "platform/ProfileFile.h"
-#include "support/Files.h"
+#include "support/TemporaryBase.h"
 
 #include <QDir>
 #include <QFile>
@@ -38,13 +37,6 @@ class Console : public testing::Test {
     }
     QString RutaBase() const { return carpeta + u"/XA000.DB"_s; }
     std::unique_ptr<Base> Abre() const { return Base::Abre(RutaBase()); }
-
-    static void Graba(Base& base, const QString& periodo, int estado) {
-        Registro cabecera(base.Describe(u"CAB"_s));
-        cabecera.Pon(u"Doc_id_d", kRuc).Pon(u"tip_doc_d", 6).Pon(u"periodo", periodo).Pon(u"Formulario", u"0518"_s);
-        cabecera.Pon(u"estado", estado);
-        AgregaConChecksum(base, cabecera);
-    }
 
     QTemporaryDir raiz;
     QString rutaIni;
@@ -81,7 +73,7 @@ TEST_F(Console, ReinstallingKeepsWhatTheUserMade) {
     prueba::EscribeEn(archivo, "corregido|");
     {
         const auto base = Abre();
-        Graba(*base, u"202609"_s, 0);
+        prueba::AgregaCabecera(*base, kRuc, u"202609"_s, 0);
         base->Ejecuta(u"UPDATE CONT SET Nombre = 'OTRO NOMBRE'"_s);
         base->Ejecuta(u"INSERT INTO CLAVES VALUES ('CONTADOR', '0')"_s);
         base->Ejecuta(u"UPDATE PARAM SET Funcion = 'x' WHERE Numero = '830'"_s);
@@ -128,8 +120,8 @@ TEST_F(Console, RegistersDeclarantsByTheRulesOfTheirNumber) {
 
 TEST_F(Console, MakesACopyBeforeASendAndPutsItBack) {
     ASSERT_EQ(Corre({u"--instalar"_s}), 0);
-    Graba(*Abre(), u"202609"_s, 0);
-    Graba(*Abre(), u"202610"_s, 9);
+    prueba::AgregaCabecera(*Abre(), kRuc, u"202609"_s, 0);
+    prueba::AgregaCabecera(*Abre(), kRuc, u"202610"_s, 9);
     const QStringList envio{u"--enviar"_s, kRuc, u"202609"_s};
     ASSERT_EQ(Corre(envio), 0) << errores.toStdString();
     EXPECT_EQ(salida, u"Copia enviada: 1\nNúmero de control: 10000001\n"_s);
@@ -172,7 +164,7 @@ TEST_F(Console, RefusesWhatItDoesNotUnderstand) {
 
 TEST_F(Console, DatabaseAndFileFailuresHaveTheirOwnCode) {
     ASSERT_EQ(Corre({u"--instalar"_s}), 0);
-    Graba(*Abre(), u"202609"_s, 0);
+    prueba::AgregaCabecera(*Abre(), kRuc, u"202609"_s, 0);
     const QStringList envio{u"--enviar"_s, kRuc, u"202609"_s};
     {
         const auto otro = Abre();

@@ -1,6 +1,5 @@
 #include "launcher/FrmConsola.h"
 
-#include "Printers.h"
 #include "launcher/Declarants.h"
 #include "launcher/WindowFixture.h"
 

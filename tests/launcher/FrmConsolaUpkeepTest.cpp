@@ -1,6 +1,5 @@
 #include "launcher/FrmConsola.h"
 
-#include "Printers.h"
 #include "launcher/WindowFixture.h"
 #include "support/Files.h"
 
@@ -13,6 +12,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using prueba::kRuc;
+
+const QString kRestaura = u"¿Confirma que va a poner la base tal como estaba el 21/11/2026 10:00:00?\n\nLo que se hizo"
+                          " después dejará de estar en la base. Antes se guarda una copia de lo que hay ahora."_s;
 
 /// What the window does besides declarants and declarations: installing, reports, copies, the module.
 class FrmConsolaUpkeepTest : public prueba::Ventana {
@@ -92,14 +94,11 @@ TEST_F(FrmConsolaUpkeepTest, ACopyPutsTheBaseBackAfterAQuestion) {
     avisos.Espera(u"La copia de respaldo quedó guardada en '%1/RESPALDOS/XA000-20261121-100000.DB'."_s.arg(carpeta));
     Alt(Qt::Key_H);
     Graba(u"202609"_s, 0);
-    const QString pregunta =
-        u"¿Confirma que va a poner la base tal como estaba el 21/11/2026 10:00:00?\n\nLo que se hizo"
-        " después dejará de estar en la base. Antes se guarda una copia de lo que hay ahora."_s;
-    avisos.EsperaPregunta(pregunta, Respuesta::No);
+    avisos.EsperaPregunta(kRestaura, Respuesta::No);
     Alt(Qt::Key_T);
     EXPECT_EQ(avisos.Mostrados().last().preseleccionada, Respuesta::No);
     EXPECT_EQ(Tabla("GrdRegistradas").model()->rowCount(), 1);
-    avisos.EsperaPregunta(pregunta, Respuesta::Si);
+    avisos.EsperaPregunta(kRestaura, Respuesta::Si);
     avisos.Espera(u"La base quedó como estaba el 21/11/2026 10:00:00."_s);
     Alt(Qt::Key_T);
     EXPECT_EQ(Tabla("GrdRegistradas").model()->rowCount(), 0);
@@ -118,9 +117,7 @@ TEST_F(FrmConsolaUpkeepTest, ABrokenBaseIsToldAtTheStartAndCanBeRestored) {
     EXPECT_EQ(Aviso(), falta);
     EXPECT_FALSE(Control<QPushButton>("CmdAgregar").isEnabled());
     Alt(Qt::Key_C);
-    avisos.EsperaPregunta(u"¿Confirma que va a poner la base tal como estaba el 21/11/2026 10:00:00?\n\nLo que se hizo"
-                          " después dejará de estar en la base. Antes se guarda una copia de lo que hay ahora."_s,
-                          Respuesta::Si);
+    avisos.EsperaPregunta(kRestaura, Respuesta::Si);
     avisos.Espera(u"La base quedó como estaba el 21/11/2026 10:00:00."_s);
     Alt(Qt::Key_T);
     EXPECT_EQ(Aviso(), QString());

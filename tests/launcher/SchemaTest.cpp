@@ -1,6 +1,5 @@
 #include "launcher/Schema.h"
 #include "data/Base.h"
-#include "data/SchemaVersion.h"
 #include "support/TemporaryBase.h"
 
 #include <QTemporaryDir>
@@ -39,21 +38,6 @@ TEST_F(SchemaTest, MissingStepsAreMadeOverTheDataThatIsThere) {
     EXPECT_EQ(estado.resultado, ResultadoEsquema::Actualizado);
     EXPECT_EQ(estado.version, 2);
     EXPECT_TRUE(base->Lee(u"SELECT 1 FROM UNO WHERE a = 'queda' AND c IS NULL"_s).Siguiente());
-}
-
-TEST_F(SchemaTest, IsMadeOnceAndANewerOneLeftAlone) {
-    ASSERT_EQ(Esquema().Aplica(*base).resultado, ResultadoEsquema::Creado);
-    EXPECT_NO_THROW(ExigeVersion(*base));
-    EXPECT_EQ(Esquema().Aplica(*base).resultado, ResultadoEsquema::Vigente);
-    base->Ejecuta(u"PRAGMA user_version=99"_s);
-    EXPECT_EQ(Esquema().Aplica(*base).resultado, ResultadoEsquema::MasNuevo);
-    EXPECT_EQ(VersionDe(*base), 99);
-    try {
-        ExigeVersion(*base);
-        FAIL() << "a newer base was accepted";
-    } catch (const ErrorBase& error) {
-        EXPECT_TRUE(error.Es(NumeroError::VersionAjena));
-    }
 }
 
 TEST_F(SchemaTest, FailingStepIsUndoneWholeAndItsVersionNotWritten) {

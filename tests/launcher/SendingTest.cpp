@@ -9,11 +9,11 @@
 
 using namespace xa518;
 using namespace Qt::StringLiterals;
+using prueba::kTablas;
 
 namespace {
 
 const QString kRuc = u"20990518018"_s;
-const QStringList kTablas = {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u"F518PDETVC"_s, u"F518PDETCP"_s};
 
 class Sending : public testing::Test {
   protected:

@@ -1,7 +1,5 @@
 #include "launcher/WindowFixture.h"
 
-#include "data/RecordChecksum.h"
-
 #include <QDir>
 #include <QFrame>
 #include <QLabel>
@@ -37,14 +35,6 @@ QString Ventana::Fila(const TablaFilas& tabla, int fila) {
     for (int columna = 0; columna < tabla.model()->columnCount(); ++columna)
         celdas.append(tabla.model()->index(fila, columna).data().toString());
     return celdas.join(u'|');
-}
-
-void Ventana::Graba(const QString& periodo, int estado) const {
-    const auto base = LaBase();
-    Registro cabecera(base->Describe(u"CAB"_s));
-    cabecera.Pon(u"Doc_id_d", kRuc).Pon(u"tip_doc_d", 6).Pon(u"periodo", periodo).Pon(u"Formulario", u"0518"_s);
-    cabecera.Pon(u"estado", estado).Pon(u"rectifica", u"0"_s).Pon(u"fec_pro", u"20/11/2026"_s);
-    AgregaConChecksum(*base, cabecera);
 }
 
 QString Ventana::Aviso() const {

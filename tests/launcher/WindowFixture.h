@@ -1,10 +1,12 @@
 #pragma once
 
+#include "Printers.h"
 #include "launcher/FrmConsola.h"
 #include "launcher/RowTable.h"
 #include "platform/Clock.h"
 #include "support/FormDriver.h"
 #include "support/NoticeScript.h"
+#include "support/TemporaryBase.h"
 
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -12,6 +14,8 @@
 #include <gtest/gtest.h>
 
 namespace xa518::prueba {
+
+inline const QString kRuc = QStringLiteral("20990518018");
 
 /// An installation with the sample company, and the launcher's window over it.
 class Ventana : public testing::Test {
@@ -36,7 +40,7 @@ class Ventana : public testing::Test {
     [[nodiscard]] static QString Fila(const TablaFilas& tabla, int fila);
     [[nodiscard]] std::unique_ptr<Base> LaBase() const { return Base::Abre(RutaBase()); }
     [[nodiscard]] QString RutaBase() const { return carpeta + QStringLiteral("/XA000.DB"); }
-    void Graba(const QString& periodo, int estado) const;
+    void Graba(const QString& periodo, int estado) const { AgregaCabecera(*LaBase(), kRuc, periodo, estado); }
     [[nodiscard]] QString Aviso() const;
 
     QTemporaryDir raiz;
@@ -48,7 +52,6 @@ class Ventana : public testing::Test {
     std::unique_ptr<FrmConsola> ventana;
 };
 
-inline const QString kRuc = QStringLiteral("20990518018");
 inline const QString kOcupada =
     QStringLiteral("La base de datos está en uso por otro programa, o es de sólo lectura. Espere a que el otro programa"
                    " termine y vuelva a intentarlo.");

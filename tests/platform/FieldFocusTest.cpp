@@ -2,13 +2,13 @@
 
 #include "Printers.h"
 #include "platform/FieldKeys.h"
+#include "support/FormDriver.h"
 #include "values/Format.h"
 
 #include <gtest/gtest.h>
 
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -23,11 +23,6 @@ class FieldFocusTest : public testing::Test {
         auto* orden = new QVBoxLayout(&m_ventana);
         orden->addWidget(&m_campo);
         orden->addWidget(&m_otro);
-    }
-    void Muestra() {
-        m_ventana.show();
-        m_ventana.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_ventana));
     }
     /// What the field shows after the focus came and went.
     QString Pasa(const QString& texto) {
@@ -48,7 +43,7 @@ TEST_F(FieldFocusTest, ShowsPlainWhileEditedAndGroupedElsewhere) {
         m_campo, [](const QString& texto) { return Format(texto, u"###########0.#0"); },
         [](const QString& texto) { return Format(texto, u"###,###,###,##0.#0"); });
     m_campo.setText(u"999,999,999,999.00"_s);
-    Muestra(); // the first field of a window has the focus from the start
+    prueba::Muestra(m_ventana); // the first field of a window has the focus from the start
     EXPECT_EQ(m_campo.text(), u"999999999999.00"_s);
     QTest::keyClick(&m_campo, Qt::Key_Tab);
     EXPECT_EQ(m_campo.text(), u"999,999,999,999.00"_s);
@@ -60,7 +55,7 @@ TEST_F(FieldFocusTest, PadsWhatIsNotEmptyAndASeriesWithoutLetters) {
     CompletaConCeros(m_otro, [] { return 5; });
     LimitaTecleo(m_campo, 10);
     CompletaSerie(m_campo);
-    Muestra();
+    prueba::Muestra(m_ventana);
     for (const auto& [antes, despues] : {std::pair{u"123"_s, u"00123"_s}, {u"123456"_s, u"123456"_s}, {u""_s, u""_s}}) {
         m_otro.setText(antes);
         m_otro.setFocus();
@@ -84,7 +79,7 @@ TEST_F(FieldFocusTest, AFieldThatRefusesKeepsTheFocusAndIsAskedOnce) {
         QMessageBox caja(QMessageBox::Critical, u"t"_s, u"x"_s, QMessageBox::Ok, &m_ventana);
         QTimer::singleShot(50, &caja, &QMessageBox::accept);
         caja.exec();
-        Muestra(); // a window manager gives the window its focus back
+        prueba::Muestra(m_ventana); // a window manager gives the window its focus back
         return Salida::Retenida;
     });
     AlSalir(m_campo, [&] {
@@ -96,7 +91,7 @@ TEST_F(FieldFocusTest, AFieldThatRefusesKeepsTheFocusAndIsAskedOnce) {
         pasos += u"sale otro"_s;
         return Salida::Libre;
     });
-    Muestra();
+    prueba::Muestra(m_ventana);
     QTest::keyClick(&m_campo, Qt::Key_Tab);
     EXPECT_TRUE(m_campo.hasFocus());
     EXPECT_EQ(pasos, (QStringList{u"entra"_s, u"sale"_s, u"entra"_s}));
@@ -108,11 +103,10 @@ TEST_F(FieldFocusTest, OnlyAnotherFieldTakesTheFocus) {
         ++salidas;
         return Salida::Libre;
     });
-    Muestra();
+    prueba::Muestra(m_ventana);
     QWidget otra;
-    otra.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&otra));
-    Muestra();
+    prueba::Muestra(otra);
+    prueba::Muestra(m_ventana);
     EXPECT_EQ(salidas, 0) << "another window";
     EXPECT_EQ(SueltaFoco(), Salida::Libre);
     EXPECT_EQ(salidas, 1);

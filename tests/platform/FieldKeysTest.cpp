@@ -1,13 +1,13 @@
 #include "platform/FieldKeys.h"
 
 #include "Printers.h"
+#include "support/FormDriver.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
-#include <QTest>
 #include <QVBoxLayout>
 
 namespace xa518 {
@@ -30,8 +30,7 @@ class FieldKeysTest : public testing::Test {
         auto* orden = new QVBoxLayout(&m_ventana);
         orden->addWidget(&m_campo);
         orden->addWidget(&m_otro);
-        m_ventana.show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_ventana));
+        prueba::Muestra(m_ventana);
         m_campo.setFocus();
     }
     /// What the first field holds after typing into it, starting from a text set by the program.

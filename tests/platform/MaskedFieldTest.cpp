@@ -1,10 +1,10 @@
 #include "platform/MaskedField.h"
 
 #include "Printers.h"
+#include "support/FormDriver.h"
 
 #include <gtest/gtest.h>
 
-#include <QTest>
 #include <QVBoxLayout>
 
 namespace xa518 {
@@ -19,8 +19,7 @@ TEST(MaskedFieldTest, IsTypedFromItsBeginningAndTypedOver) {
     auto* orden = new QVBoxLayout(&ventana);
     orden->addWidget(&fecha);
     orden->addWidget(&periodo);
-    ventana.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&ventana));
+    prueba::Muestra(ventana);
 
     QTest::mouseClick(&periodo, Qt::LeftButton, {}, periodo.rect().center());
     QTest::keyClicks(&periodo, u"0x3/20"_s);

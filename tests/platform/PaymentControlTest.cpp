@@ -1,14 +1,13 @@
 #include "platform/PaymentControl.h"
 
 #include "Printers.h"
+#include "support/FormDriver.h"
 
 #include <gtest/gtest.h>
 
 #include <QComboBox>
 #include <QLineEdit>
-#include <QRadioButton>
 #include <QSignalSpy>
-#include <QTest>
 
 namespace xa518 {
 namespace {
@@ -18,15 +17,6 @@ using namespace Qt::StringLiterals;
 class PaymentControlTest : public testing::Test {
   protected:
     PaymentControlTest() { m_pago.PonBancos({{u"01"_s, u"BANCO UNO   "_s}, {u"02 "_s, u"BANCO DOS"_s}}); }
-    template <typename T>
-    T* Control(const QString& nombre) {
-        return m_pago.findChild<T*>(nombre);
-    }
-    void Elige(const QString& opcion) {
-        auto* boton = Control<QRadioButton>(opcion);
-        QTest::mouseClick(boton, Qt::LeftButton, {}, {8, boton->height() / 2});
-    }
-
     FormaDePagoQMD m_pago;
     QSignalSpy m_cambios{&m_pago, &FormaDePagoQMD::Cambiado};
 };
@@ -49,17 +39,17 @@ TEST_F(PaymentControlTest, HandsBackWhatTheProgramPutsInSilence) {
 
 TEST_F(PaymentControlTest, APersonChoosesAChequeAndThenCash) {
     m_pago.show();
-    EXPECT_FALSE(Control<QComboBox>(u"CmbBanco"_s)->isEnabled());
-    Elige(u"OptCheque"_s);
+    EXPECT_FALSE(prueba::De<QComboBox>(m_pago, u"CmbBanco").isEnabled());
+    prueba::Clic(m_pago, u"OptCheque");
     EXPECT_EQ(m_pago.FormaPago(), u"C"_s);
-    QTest::keyClick(Control<QComboBox>(u"CmbBanco"_s), Qt::Key_Down);
-    QTest::keyClicks(Control<QLineEdit>(u"TxtNumeroCheque"_s), u"0-01'2"_s);
+    QTest::keyClick(&prueba::De<QComboBox>(m_pago, u"CmbBanco"), Qt::Key_Down);
+    QTest::keyClicks(&prueba::De<QLineEdit>(m_pago, u"TxtNumeroCheque"), u"0-01'2"_s);
     EXPECT_EQ(m_pago.Banco(), u"01"_s);
     EXPECT_EQ(m_pago.NumeroCheque(), u"0012"_s);
     EXPECT_EQ(m_cambios.count(), 6);
-    Elige(u"OptEfectivo"_s);
+    prueba::Clic(m_pago, u"OptEfectivo");
     EXPECT_EQ(m_pago.FormaPago() + m_pago.Banco() + m_pago.NumeroCheque(), u"EXX"_s);
-    EXPECT_FALSE(Control<QLineEdit>(u"TxtNumeroCheque"_s)->isEnabled());
+    EXPECT_FALSE(prueba::De<QLineEdit>(m_pago, u"TxtNumeroCheque").isEnabled());
     EXPECT_EQ(m_cambios.count(), 7);
 }
 

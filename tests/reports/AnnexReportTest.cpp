@@ -11,9 +11,7 @@
 using namespace xa518;
 using namespace xa518::prueba;
 using namespace Qt::StringLiterals;
-using testing::Contains;
 using testing::ElementsAre;
-using testing::Not;
 
 namespace {
 
@@ -21,12 +19,7 @@ const QString kRuc = u"20512345671"_s;
 
 class AnnexReport : public testing::Test {
   protected:
-    void Imprime() {
-        libreta.comandos.clear();
-        const auto datos = CargarCasillas(*taller.proceso.baseDatos, taller.clave);
-        ASSERT_TRUE(datos);
-        EjecutaReporte(taller.proceso, PedidoDeclaracion{*datos, true}, libreta);
-    }
+    void Imprime() { taller.Imprime(true, libreta); }
     /// The lines of a page under its head.
     QStringList Cuerpo(int pagina = 0) const { return libreta.Textos(pagina).mid(12); }
 

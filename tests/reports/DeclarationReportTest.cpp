@@ -1,9 +1,9 @@
 #include "reports/ReportFixture.h"
 #include "reports/RunReport.h"
 
-#include <gmock/gmock.h>
-
 #include <algorithm>
+
+#include <gmock/gmock.h>
 
 #include "Printers.h"
 
@@ -17,12 +17,7 @@ namespace {
 
 class DeclarationReport : public testing::Test {
   protected:
-    void Imprime() {
-        libreta.comandos.clear();
-        const auto datos = CargarCasillas(*taller.proceso.baseDatos, taller.clave);
-        ASSERT_TRUE(datos);
-        EjecutaReporte(taller.proceso, PedidoDeclaracion{*datos, false}, libreta);
-    }
+    void Imprime() { taller.Imprime(false, libreta); }
 
     /// The y at which a text stands; -1 when the page lacks it.
     int AlturaDe(const QString& texto, int pagina) const {

@@ -2,12 +2,10 @@
 #include "reports/RunReport.h"
 #include "reports/SpoolRegistry.h"
 
-#include <QDir>
-
-#include <gmock/gmock.h>
-
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <gmock/gmock.h>
 
 #include "Printers.h"
 
@@ -34,20 +32,6 @@ TEST(Registry, NumbersFilesAcrossTheTableAndReportsWithinTheirCode) {
 namespace {
 
 constexpr int kPorPrograma = 40;
-
-/// The other program may hold the base too long: then once more.
-template <typename Accion>
-void Insiste(const Accion& accion) {
-    for (;;) {
-        try {
-            accion();
-            return;
-        } catch (const ErrorBase& error) {
-            if (!error.Es(NumeroError::BaseBloqueada))
-                throw;
-        }
-    }
-}
 
 /// One of several programs on the same base, as a process of its own: it allocates names as fast as it can.
 void Programa(const QString& ruta) {

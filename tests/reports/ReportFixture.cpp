@@ -1,6 +1,7 @@
 #include "reports/ReportFixture.h"
 
 #include "data/Transaction.h"
+#include "reports/RunReport.h"
 
 #include <QDir>
 
@@ -98,8 +99,14 @@ void Taller::Agrega(const Pago& pago) {
                           {u"mto_detcp"_s, pago.monto}});
 }
 
+void Taller::Imprime(bool anexo, Libreta& libreta) {
+    libreta.comandos.clear();
+    const auto datos = CargarCasillas(*proceso.baseDatos, clave);
+    EjecutaReporte(proceso, PedidoDeclaracion{datos.value(), anexo}, libreta);
+}
+
 void Taller::Vacia() {
-    for (const QString& tabla : {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u"F518PDETVC"_s, u"F518PDETCP"_s}) {
+    for (const QString& tabla : kTablas) {
         m_base->Ejecuta(u"DELETE * FROM "_s + tabla);
         m_base->Ejecuta(u"DELETE * FROM H"_s + tabla);
     }

@@ -43,6 +43,8 @@ struct Pago {
     QString monto = QStringLiteral("100.00");
 };
 
+class Libreta;
+
 /// A process with a base, a folder of reports and a catalogue, and the means to put a declaration into it.
 class Taller {
     BaseTemporal m_base;
@@ -60,6 +62,8 @@ class Taller {
     void Agrega(const Cliente& cliente);
     void Agrega(const Comprobante& comprobante);
     void Agrega(const Pago& pago);
+    /// The commands of the declaration's report, or of its annex.
+    void Imprime(bool anexo, Libreta& libreta);
     /// Takes every declaration out again.
     void Vacia();
 
@@ -80,7 +84,7 @@ class Taller {
 class Libreta final : public DestinoInforme {
   public:
     void Recibe(const Comando& comando) override { comandos.append(comando); }
-    void Termina() override { terminada = true; }
+    void Termina() override {}
 
     /// The texts of a page, from 0, in their order.
     [[nodiscard]] QStringList Textos(int pagina) const;
@@ -89,7 +93,6 @@ class Libreta final : public DestinoInforme {
     [[nodiscard]] int Hojas() const;
 
     QList<Comando> comandos;
-    bool terminada = false;
 };
 
 [[nodiscard]] QStringList LineasDe(const QString& ruta);

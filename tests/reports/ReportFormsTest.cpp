@@ -9,7 +9,6 @@
 #include "support/NoticeScript.h"
 
 #include <QComboBox>
-#include <QFileDialog>
 #include <QLineEdit>
 #include <QPrinter>
 #include <QProcess>

@@ -1,5 +1,6 @@
 #include "support/TemporaryBase.h"
 
+#include "data/RecordChecksum.h"
 #include "data/Transaction.h"
 
 #include <QDir>
@@ -82,9 +83,16 @@ QString Funcion(const QList<Pieza>& piezas) {
     return funcion;
 }
 
+void AgregaCabecera(Base& base, const QString& ruc, const QString& periodo, int estado) {
+    Registro cabecera(base.Describe(u"CAB"_s));
+    cabecera.Pon(u"Doc_id_d", ruc).Pon(u"tip_doc_d", 6).Pon(u"periodo", periodo).Pon(u"Formulario", u"0518"_s);
+    cabecera.Pon(u"estado", estado).Pon(u"rectifica", u"0"_s).Pon(u"fec_pro", u"20/11/2026"_s);
+    AgregaConChecksum(base, cabecera);
+}
+
 QString Retrato(Base& base) {
     QString retrato;
-    for (const QString& tabla : {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u"F518PDETVC"_s, u"F518PDETCP"_s}) {
+    for (const QString& tabla : kTablas) {
         Registros filas = base.Lee(u"SELECT * FROM %1 ORDER BY rowid"_s.arg(tabla));
         while (filas.Siguiente()) {
             for (int i = 0; i < filas.Columnas(); ++i)

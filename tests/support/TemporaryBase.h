@@ -42,6 +42,14 @@ struct Pieza {
 };
 [[nodiscard]] QString Funcion(const QList<Pieza>& piezas);
 
+/// The tables of a registered declaration; those of its sent copies begin with an "H".
+inline const QStringList kTablas{QStringLiteral("CAB"),        QStringLiteral("DET"),
+                                 QStringLiteral("F518PCAB"),   QStringLiteral("F518PDET"),
+                                 QStringLiteral("F518PDETVC"), QStringLiteral("F518PDETCP")};
+
+/// Registers the head of a declaration of a company, in the state 0 (clean) or 9.
+void AgregaCabecera(Base& base, const QString& ruc, const QString& periodo, int estado);
+
 /// Everything that is stored of a declaration, registered tables only, in one text.
 [[nodiscard]] QString Retrato(Base& base);
 
