@@ -54,13 +54,13 @@ bool TomaFoco(const QWidget& control) {
 } // namespace
 
 Frm518::Frm518(Proceso& proceso, Avisos& avisos, BarradeEstadoQMD& barra, DialogosDeDetalle dialogos,
-               const DeclaracionElegida& elegida, QWidget* padre)
+               DeclaracionElegida elegida, QWidget* padre)
     : Forma(padre)
     , m_proceso(proceso)
     , m_avisos(avisos)
     , m_barra(barra)
     , m_dialogos(std::move(dialogos))
-    , m_elegida(elegida)
+    , m_elegida(std::move(elegida))
     , m_ui(std::make_unique<Ui::Frm518>())
     , m_trabajo(BaseDatos()) {
     m_ui->setupUi(this);
@@ -225,7 +225,7 @@ Veredicto Frm518::PeriodoDejado() {
     if (!EsNueva())
         return Veredicto::Bien();
     const QString mostrado = m_ui->PaginaIdentificacion->Lee().mostrado;
-    const Veredicto veredicto = ValidaPeriodo(mostrado, m_proceso.reloj.Hoy());
+    Veredicto veredicto = ValidaPeriodo(mostrado, m_proceso.reloj.Hoy());
     if (!veredicto)
         return veredicto;
     m_barra.PonPeriodo(mostrado);

@@ -63,7 +63,7 @@ class Frm518 : public Forma {
   public:
     /// `elegida` is the picker's row; a new declaration has none. The base must be open. Raises `ErrorBase`.
     Frm518(Proceso& proceso, Avisos& avisos, BarradeEstadoQMD& barra, DialogosDeDetalle dialogos,
-           const DeclaracionElegida& elegida = {}, QWidget* padre = nullptr);
+           DeclaracionElegida elegida = {}, QWidget* padre = nullptr);
     ~Frm518() override;
 
   protected:

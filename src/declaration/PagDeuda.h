@@ -49,7 +49,7 @@ class PagDeuda : public QWidget {
     [[nodiscard]] QLineEdit& Campo(int casilla) const;
 
     std::unique_ptr<Ui::PagDeuda> m_ui;
-    std::array<QLineEdit*, kCasillasMonto.size()> m_campos;
+    std::array<QLineEdit*, kCasillasMonto.size()> m_campos{};
     Montos m_montos;
 };
 

@@ -34,6 +34,7 @@ class FrmDetAgePer : public Forma {
     void Salir() override;
 
   private:
+    void PreparaPreguntas();
     void PreparaGrilla();
     void PreparaCampos();
     void PreparaMonto();

@@ -50,19 +50,22 @@ FrmDetAgePer::FrmDetAgePer(Proceso& proceso, Avisos& avisos, const Comprobante& 
     , m_pagos(Columnas()) {
     const RelojDeArena reloj;
     m_ui->setupUi(this);
-    m_contado = new ParDeOpciones(*m_ui->Label5, *m_ui->OptVentaCont_0, *m_ui->OptVentaCont_1);
-    m_cpFact = new ParDeOpciones(*m_ui->Label2, *m_ui->OptCpFact_0, *m_ui->OptCpFact_1);
-    m_listado = new ParDeOpciones(*m_ui->Label4, *m_ui->OptListado_0, *m_ui->OptListado_1);
-    m_venta = new ParDeOpciones(*m_ui->Label6, *m_ui->OptVenta_0, *m_ui->OptVenta_1);
-    m_medPago = new ParDeOpciones(*m_ui->Label3, *m_ui->OptMedPago_0, *m_ui->OptMedPago_1);
     Prepara({m_ui->CmdOpciones_1});
+    PreparaPreguntas();
     PreparaGrilla();
     PreparaCampos();
     PreparaMonto();
     ConectaPreguntas();
     ConectaBotones();
     Abre(comprobante);
-    m_abriendo = false;
+}
+
+void FrmDetAgePer::PreparaPreguntas() {
+    m_contado = new ParDeOpciones(*m_ui->Label5, *m_ui->OptVentaCont_0, *m_ui->OptVentaCont_1);
+    m_cpFact = new ParDeOpciones(*m_ui->Label2, *m_ui->OptCpFact_0, *m_ui->OptCpFact_1);
+    m_listado = new ParDeOpciones(*m_ui->Label4, *m_ui->OptListado_0, *m_ui->OptListado_1);
+    m_venta = new ParDeOpciones(*m_ui->Label6, *m_ui->OptVenta_0, *m_ui->OptVenta_1);
+    m_medPago = new ParDeOpciones(*m_ui->Label3, *m_ui->OptMedPago_0, *m_ui->OptMedPago_1);
 }
 
 void FrmDetAgePer::PreparaGrilla() {
@@ -87,6 +90,7 @@ void FrmDetAgePer::Abre(const Comprobante& comprobante) {
         m_venta->Borra();
     if (m_proceso->enviadas)
         DesActiva(); // after the answers, which enable the buttons
+    m_abriendo = false;
 }
 
 void FrmDetAgePer::ApagaZona() {

@@ -43,7 +43,7 @@ std::optional<Partes> Separa(QStringView monto) {
 
 QString Compone(const Partes& partes, QChar signo) {
     std::array<QChar, 24> lugar;
-    auto escritura = lugar.begin();
+    QChar* escritura = lugar.begin();
     if (partes.negativo)
         *escritura++ = signo;
     qsizetype faltan = partes.enteros.size();

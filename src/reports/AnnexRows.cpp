@@ -59,7 +59,7 @@ std::strong_ordering ComparaSinCaja(QStringView a, QStringView b) {
 }
 
 bool DeComprobanteAnterior(const QString& a, const QString& b) {
-    return ComparaSinCaja(ClaveComprobante(a), ClaveComprobante(b)) < 0;
+    return std::is_lt(ComparaSinCaja(ClaveComprobante(a), ClaveComprobante(b)));
 }
 
 QString SqlClientes(const ClaveDeclaracion& clave) {
@@ -79,7 +79,7 @@ FilasEnPaso::FilasEnPaso(Base& base, const QString& sql, const QVariantList& val
 
 std::strong_ordering FilasEnPaso::Respecto(const ClienteImpreso& cliente) const {
     const std::strong_ordering porNumero = ComparaSinCaja(m_filas.Texto(NumeroCliente), cliente.numero);
-    return porNumero != 0 ? porNumero : m_filas.Entero(TipoCliente) <=> cliente.tipoDoc;
+    return std::is_neq(porNumero) ? porNumero : m_filas.Entero(TipoCliente) <=> cliente.tipoDoc;
 }
 
 bool FilasEnPaso::Siguiente(const ClienteImpreso& cliente) {
@@ -88,8 +88,8 @@ bool FilasEnPaso::Siguiente(const ClienteImpreso& cliente) {
     m_entregada = false;
     while (m_hay) {
         const std::strong_ordering orden = Respecto(cliente);
-        m_entregada = orden == 0;
-        if (orden >= 0)
+        m_entregada = std::is_eq(orden);
+        if (std::is_gteq(orden))
             break;
         m_hay = m_filas.Siguiente();
     }

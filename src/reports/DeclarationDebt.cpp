@@ -20,7 +20,7 @@ constexpr int kXMarcaIzquierda = 6600;
 
 struct FilaCasilla {
     QStringView rotulo;
-    int casilla;
+    int casilla = 0;
     bool negrita = false;
 };
 

@@ -16,8 +16,8 @@ constexpr int kDeterminacionSinLista = 2300;
 constexpr qsizetype kLargoRazon = 32;
 
 struct Rotulo {
-    int x;
-    int y;
+    int x = 0;
+    int y = 0;
     QStringView texto;
     int tamano = 8;
     bool negrita = false;

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kBloque = 64 * 1024;
+constexpr qsizetype kBloque = 65'536;
 
 } // namespace
 

@@ -9,7 +9,7 @@ namespace xa518 {
 
 namespace {
 
-constexpr qsizetype kTrozo = 64 * 1024;
+constexpr qsizetype kTrozo = 65'536;
 
 } // namespace
 

@@ -12,7 +12,7 @@ namespace xa518 {
 /// than any report writes is passed over, and its place shows as an empty line.
 class LineasTolerantes {
   public:
-    static constexpr qsizetype kLineaMaxima = 32 * 1024;
+    static constexpr qsizetype kLineaMaxima = 32'768;
 
     /// Starts at an offset, and stops at another one when it is told.
     explicit LineasTolerantes(QIODevice& entrada, qint64 desde = 0, qint64 hasta = -1);

@@ -43,7 +43,7 @@ QString NuevoReporte(Proceso& proceso, const QString& codigo, int tipoDoc, const
     Base& base = *proceso.baseDatos;
     Transaccion transaccion = base.Comienza();
     const Decimal ultimaSec = Ultimo(base, u"SELECT max(Secuencia) as SecTipo FROM SPOOL Where CodRep = ?"_s, {codigo});
-    const QString archivo = SiguienteArchivo(base);
+    QString archivo = SiguienteArchivo(base);
     Registro fila(base.Describe(u"SPOOL"_s));
     fila.Pon(u"CodRep", codigo)
         .Pon(u"Secuencia", Format(ultimaSec + Decimal::DeEntero(1), u"000000"))

@@ -40,10 +40,10 @@ constexpr int kColumnaNombre = 1; ///< as it shows
 } // namespace
 
 /// The caption says which declarations are meant; the frame says "registradas" of both. Wanted.
-frmImprimir::frmImprimir(Proceso& proceso, const EntornoInformes& entorno, BarradeEstadoQMD& barra, QWidget* padre)
+frmImprimir::frmImprimir(Proceso& proceso, EntornoInformes entorno, BarradeEstadoQMD& barra, QWidget* padre)
     : Forma(padre)
     , m_proceso(proceso)
-    , m_entorno(entorno)
+    , m_entorno(std::move(entorno))
     , m_barra(barra)
     , m_enviadas(proceso.enviadas)
     , m_ui(std::make_unique<Ui::frmImprimir>())

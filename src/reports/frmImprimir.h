@@ -21,7 +21,7 @@ class ModeloDeConsulta;
 class frmImprimir final : public Forma {
     Q_OBJECT
   public:
-    frmImprimir(Proceso& proceso, const EntornoInformes& entorno, BarradeEstadoQMD& barra, QWidget* padre = nullptr);
+    frmImprimir(Proceso& proceso, EntornoInformes entorno, BarradeEstadoQMD& barra, QWidget* padre = nullptr);
     ~frmImprimir() override;
 
   protected:

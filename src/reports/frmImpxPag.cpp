@@ -12,9 +12,9 @@ namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
-frmImpxPag::frmImpxPag(const EntornoInformes& entorno, ReportePedido pedido, const Paginas& paginas, QWidget* padre)
+frmImpxPag::frmImpxPag(EntornoInformes entorno, ReportePedido pedido, const Paginas& paginas, QWidget* padre)
     : Forma(padre)
-    , m_entorno(entorno)
+    , m_entorno(std::move(entorno))
     , m_pedido(std::move(pedido))
     , m_total(paginas.total)
     , m_ui(std::make_unique<Ui::frmImpxPag>()) {

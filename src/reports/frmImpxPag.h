@@ -24,7 +24,7 @@ class frmImpxPag final : public Forma {
         QString titulo; ///< of the window
     };
 
-    frmImpxPag(const EntornoInformes& entorno, ReportePedido pedido, const Paginas& paginas, QWidget* padre = nullptr);
+    frmImpxPag(EntornoInformes entorno, ReportePedido pedido, const Paginas& paginas, QWidget* padre = nullptr);
     ~frmImpxPag() override;
 
   private:

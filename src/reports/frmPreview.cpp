@@ -36,8 +36,11 @@ constexpr int kPasoDeBarra = 40;
 
 } // namespace
 
-frmPreview::frmPreview(const EntornoInformes& entorno, ReportePedido pedido, QWidget* padre)
-    : Forma(padre), m_entorno(entorno), m_pedido(std::move(pedido)), m_ui(std::make_unique<Ui::frmPreview>()) {
+frmPreview::frmPreview(EntornoInformes entorno, ReportePedido pedido, QWidget* padre)
+    : Forma(padre)
+    , m_entorno(std::move(entorno))
+    , m_pedido(std::move(pedido))
+    , m_ui(std::make_unique<Ui::frmPreview>()) {
     m_ui->setupUi(this);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     LlenaAmpliaciones();

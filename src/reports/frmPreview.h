@@ -16,7 +16,7 @@ namespace xa518 {
 class frmPreview final : public Forma {
     Q_OBJECT
   public:
-    frmPreview(const EntornoInformes& entorno, ReportePedido pedido, QWidget* padre = nullptr);
+    frmPreview(EntornoInformes entorno, ReportePedido pedido, QWidget* padre = nullptr);
     ~frmPreview() override;
 
   protected:
