@@ -201,13 +201,14 @@ QSize Necesita(const QWidget& control) {
     if (const auto* rotulo = qobject_cast<const QLabel*>(&control)) {
         if (rotulo->wordWrap())
             return {0, rotulo->heightForWidth(rotulo->width())};
-        return rotulo->text().isEmpty() ? QSize() : rotulo->sizeHint();
+        const bool sinMedida = rotulo->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored; // a path of any length
+        return rotulo->text().isEmpty() || sinMedida ? QSize() : rotulo->sizeHint();
     }
     if (qobject_cast<const QAbstractButton*>(&control) || qobject_cast<const QTabBar*>(&control) ||
         qobject_cast<const QAbstractSpinBox*>(&control))
         return control.sizeHint();
     if (const auto* campo = qobject_cast<const QLineEdit*>(&control)) {
-        const QString texto = campo->inputMask().isEmpty() ? QString() : u"00/00/0000"_s.left(campo->text().size());
+        const QString texto = campo->inputMask().isEmpty() ? QString() : u"00/00/0000"_s.left(campo->displayText().size());
         return {campo->fontMetrics().horizontalAdvance(texto), campo->sizeHint().height()};
     }
     const bool conTitulo = qobject_cast<const QGroupBox*>(&control) != nullptr;
@@ -219,7 +220,7 @@ TEST_P(FormsLayoutTest, NothingIsCutOff) {
         EXPECT_LE(forma.width(), 1920 * GetParam() / 150);
         EXPECT_LE(forma.height(), 1080 * GetParam() / 150);
         const QSize abierta = forma.size();
-        for (const QSize& medida : {abierta, forma.minimumSizeHint()}) { // as it opens, and as small as it goes
+        for (const QSize& medida : {abierta, forma.minimumSize().expandedTo(forma.minimumSizeHint())}) { // as it opens, and as small as it goes
             forma.resize(medida);
             QTest::qWait(0);
             for (const QWidget* control : Controles(forma)) {
