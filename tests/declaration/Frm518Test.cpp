@@ -126,6 +126,13 @@ TEST_F(Frm518Test, EveryFaultOfTheIdentificationTakesBackToItsField) {
         EXPECT_TRUE(caso.texto.isEmpty() || Identidad() == escrito) << "what was typed is lost";
     }
     EXPECT_EQ(m_base.Filas(u"SELECT count(*) FROM CAB"_s), QStringList{u"1"_s});
+    m_base.Agrega(u"HCAB"_s, {{u"Doc_id_d"_s, prueba::kRucDeclarante}, {u"periodo"_s, u"202609"_s}});
+    for (const QString& vale : {u"012005"_s, u"112026"_s, u"092026"_s}) { // the last one was only sent
+        AbreNueva();
+        periodo(vale);
+        pestania();
+        EXPECT_EQ(Control<QTabWidget>(u"SSTab1"_s).currentIndex(), 2) << vale.toStdString();
+    }
 }
 
 TEST_F(Frm518Test, ValidationListsWhatIsWrongAndTheSaveMarksIt) {
@@ -266,76 +273,82 @@ TEST_F(Frm518Test, ASentCopyTakesOnlyItsOrderNumber) {
             EXPECT_EQ(Orden(), caso.numero + u'-' + caso.digitos);
         }
     }
-    EXPECT_EQ(m_base.Filas(u"SELECT norden FROM HCAB"_s), QStringList{u"0"_s});
+    m_base.Agrega(u"HCAB"_s,
+                  {{u"Doc_id_d"_s, prueba::kRucDeclarante}, {u"periodo"_s, u"202610"_s}, {u"correl"_s, u"4"_s}});
+    const auto copias = [&] { return m_base.Filas(u"SELECT correl, norden, cNumero FROM HCAB ORDER BY correl"_s); };
+    const QStringList antes = copias();
+    m_base->Ejecuta(u"UPDATE HCAB SET correl='5' WHERE correl='3'"_s);
+    m_avisos.Espera(u"Se registró el número de orden."_s); // wanted: also when there is no row to write
+    escribe(u"12345678"_s, digitos);
+    Pulsa(u"CmdGrabar"_s);
+    m_base->Ejecuta(u"UPDATE HCAB SET correl='3' WHERE correl='5'"_s);
+    EXPECT_EQ(copias(), antes);
     for (const QString& boton : {u"CmdGrabar"_s, u"CmdCancelar"_s}) {
         escribe(u"12345678"_s, digitos);
         if (boton == u"CmdCancelar"_s)
             m_avisos.EsperaPregunta(pregunta.texto, Respuesta::Si);
         m_avisos.Espera({Icono::Exclamacion, u"Se registró el número de orden."_s, titulo});
         Pulsa(boton);
-        EXPECT_EQ(m_base.Filas(u"SELECT norden FROM HCAB"_s), QStringList{u"12345678"_s});
+        EXPECT_TRUE(copias().first().startsWith(u"3|12345678|"_s));
+        EXPECT_NE(copias().first().section(u'|', 2), antes.first().section(u'|', 2)) << "its checksum";
+        EXPECT_EQ(copias().last(), antes.last()) << "the other copy";
     }
     EXPECT_FALSE(m_forma->isVisible());
 }
 
 /// What becomes of the base's file under the open form, and what is said of it.
-TEST_F(Frm518Test, ABaseThatVanishesIsToldAndLeavesWhatWasTyped) {
+TEST_F(Frm518Test, ABaseThatFailsIsToldAndLeavesWhatWasTyped) {
+    const QString ruta = m_base.Ruta();
+    std::optional<Transaccion> ajena;
     const struct {
         const char* cual;
-        std::function<void(const QString& ruta)> hace;
+        std::function<void()> hace;
         QString texto;
-    } casos[] = {
-        {"moved away", [](const QString& ruta) { EXPECT_TRUE(QFile::rename(ruta, ruta + u'_')); },
-         u"El archivo de la base de datos ya no está en su lugar. (attempt to write a readonly database)"_s},
-        {"overwritten", [](const QString& ruta) { prueba::EscribeEn(ruta, QByteArray(100'000, 'x')); },
-         u"El archivo está dañado o no es una base de datos. (file is not a database)"_s},
-        {"emptied", [](const QString& ruta) { prueba::EscribeEn(ruta, {}); }, u"no such table: TMPF518PCAB"_s}};
-    const QString ruta = m_base.Ruta();
+    } casos[] = {{"locked", [&] { ajena.emplace(m_base->Comienza()); },
+                  u"La base de datos está ocupada por otro programa. (database is locked)"_s},
+                 {"moved away", [&] { EXPECT_TRUE(QFile::rename(ruta, ruta + u'_')); },
+                  u"El archivo de la base de datos ya no está en su lugar. (attempt to write a readonly database)"_s},
+                 {"overwritten", [&] { prueba::EscribeEn(ruta, QByteArray(100'000, 'x')); },
+                  u"El archivo está dañado o no es una base de datos. (file is not a database)"_s},
+                 {"emptied", [&] { prueba::EscribeEn(ruta, {}); }, u"no such table: TMPF518PCAB"_s}};
     GrabaUna();
     const QByteArray bytes = prueba::BytesDe(ruta);
+    const QString antes = prueba::Retrato(*m_base);
     for (const auto& [cual, hace, texto] : casos) {
         SCOPED_TRACE(cual);
         AbreRegistrada();
         VaAPestania(2);
         Teclea(u"TxtValor_404"_s, u"77"_s);
-        hace(ruta);
+        hace();
         AvisosDelPrograma().Espera({Icono::Critico, texto, m_forma->windowTitle()});
         Pulsa(u"CmdGrabar"_s);
         AvisosDelPrograma().Comprueba();
         EXPECT_TRUE(m_forma->isVisible());
         EXPECT_EQ(Texto(u"TxtValor_404"_s), u"77"_s);
-        EXPECT_EQ(Control<QTableView>(u"GrdDatos"_s).model()->rowCount(), 1) << "nobody is told that he has no clients";
+        EXPECT_EQ(Control<QTableView>(u"GrdDatos"_s).model()->rowCount(), 1) << "no list passes for an empty one";
         m_avisos.EsperaPregunta(kModificado, Respuesta::No);
         Pulsa(u"CmdCancelar"_s);
         EXPECT_FALSE(m_forma->isVisible()) << "it doesn't hold the person either";
+        ajena.reset();
         QFile::remove(ruta + u'_');
         prueba::EscribeEn(ruta, bytes);
         m_forma.reset();
         m_proceso.baseDatos = Base::Abre(ruta);
+        EXPECT_EQ(prueba::Retrato(*m_proceso.baseDatos), antes);
     }
 }
 
-TEST_F(Frm518Test, ALockedBaseSpeaksAndLeavesWhatWasTyped) {
+TEST_F(Frm518Test, ACheckThatFailsLetsNobodyGoOn) {
     GrabaUna();
     AbreRegistrada();
     VaAPestania(2);
     Teclea(u"TxtValor_404"_s, u"77"_s);
-    const QString antes = prueba::Retrato(*m_base);
-    {
-        const Transaccion ajena = m_base->Comienza();
-        AvisosDelPrograma().Espera(u"La base de datos está ocupada por otro programa. (database is locked)"_s);
-        Pulsa(u"CmdGrabar"_s);
-    }
-    AvisosDelPrograma().Comprueba();
-    EXPECT_EQ(prueba::Retrato(*m_base), antes);
-    EXPECT_TRUE(m_forma->isVisible());
-    EXPECT_EQ(Texto(u"TxtValor_404"_s), u"77"_s);
     m_avisos.Espera({Icono::Informacion,
                      u"El importe a pagar es menor que el saldo definitivo a pagar en Percepciones"
                      ". La ZOLMA emitirá una Orden de Pago"_s,
                      m_forma->windowTitle()});
     m_avisos.Espera(kLimpia);
-    Pulsa(u"CmdGrabar"_s); // the other one has gone: now it goes through
+    Pulsa(u"CmdGrabar"_s);
 
     AbreNueva();
     Identifica();

@@ -51,9 +51,10 @@ TEST_F(PaymentDialogTest, RefusesInItsOrder) {
           {{}, u"6"_s, malaFecha, fecha},
           {{},
            u"01112026"_s, // on the way out of the field: the button isn't pressed
-           u"La fecha de emisión del comprobante de pago no es válido cuando es posterior al período 10/2026"_s, fecha},
+           u"La fecha de emisión del comprobante de pago no es válido cuando es posterior al período 10/2026"_s,
+           fecha},
           {{}, u"21102026"_s, futura + u'\n' + futura, aceptar}, // out of the field, and again at the button
-          {fecha, u"10102026"_s, faltaMonto, monto},
+          {fecha, u"20102026"_s, faltaMonto, monto},
           {{}, u"."_s, nada, monto},
           {{}, u"0"_s, nada, monto},
           {{}, u"\b\b\b\b0.00"_s, nada, monto}});
@@ -61,7 +62,7 @@ TEST_F(PaymentDialogTest, RefusesInItsOrder) {
     m_avisos.Espera({Icono::Informacion, kGrabada, boleto->windowTitle()});
     SinBase(*boleto, aceptar);
     Clic(*boleto, "CmdOpciones_0");
-    EXPECT_EQ(Filas(), QStringList{u"12|0001|00000007|10/10/2026|.01"_s});
+    EXPECT_EQ(Filas(), QStringList{u"12|0001|00000007|20/10/2026|.01"_s});
 
     const auto factura = Abre(u"0"_s);
     Teclea(u"01A12\r5\r"_s);
@@ -104,7 +105,9 @@ TEST_F(PaymentDialogTest, GoesOnWithTheNextAndStoresACreditNoteNegative) {
 TEST_F(PaymentDialogTest, ADateBefore2005IsAskedAboutEachTime) {
     const QString pregunta = u"La fecha del comprobante de pago es anterior al 01/01/2005. ¿Desea continuar?"_s;
     const auto forma = Abre(u"0"_s);
-    Teclea(u"01F001\r5\r31122004"_s);
+    Teclea(u"01F001\r5\r01012005\r"_s);
+    Pulsa(Qt::Key_Backtab);
+    Teclea(u"31122004"_s);
     m_avisos.EsperaPregunta(pregunta, Respuesta::No);
     Teclea(u"\r"_s);
     EXPECT_EQ(Foco(), u"MkeFecEmis"_s);

@@ -69,13 +69,10 @@ TEST_F(VoucherDialogTest, RefusesInItsOrder) {
              u"6\b\b\b\b\b\b112026"_s,
              u"La fecha del comprobante de percepción no es válida cuando es posterior al período 10/2026"_s,
              fecha},
-            {{},
-             u"30092026"_s,
-             u"La fecha del comprobante de percepción no puede ser anterior al 01/10/2026"_s,
-             fecha},
+            {{}, u"30092026"_s, u"La fecha del comprobante de percepción no puede ser anterior al 01/10/2026"_s, fecha},
             {{}, u"21102026"_s, futura + u'\n' + futura, boton}, // and this one again at the button, the focus let go
             {fecha, u"32102026"_s, futura + u'\n' + malaFecha, fecha},
-            {{}, u"15102026"_s, u"Ingrese el Monto cobrado"_s, monto},
+            {{}, u"20102026"_s, u"Ingrese el Monto cobrado"_s, monto},
             {{}, u"."_s, u"Ingrese el Monto cobrado"_s, monto},
             {{}, u"5"_s, u"Conteste si su cliente figura en el listado publicado por ZOLMA"_s, u"OptListado_0"_s}};
     };
@@ -258,10 +255,11 @@ TEST_F(VoucherDialogTest, DeletesThatPaymentVoucherAlone) {
         EXPECT_EQ(m_avisos.Mostrados().last().preseleccionada, Respuesta::No);
         EXPECT_EQ(Cuentas(), respuesta == Respuesta::No ? u"1 6"_s : u"1 5"_s);
     }
-    EXPECT_TRUE(m_base
-                    .Filas(u"SELECT 1 FROM TMPF518PDETCP WHERE num_doc_per='"_s + kEmpresa +
-                           u"' AND num_cp='00000001' AND tip_doc_detcp='01' AND num_serie_detcp='F001' AND num_detcp=7"_s)
-                    .isEmpty());
+    EXPECT_TRUE(
+        m_base
+            .Filas(u"SELECT 1 FROM TMPF518PDETCP WHERE num_doc_per='"_s + kEmpresa +
+                   u"' AND num_cp='00000001' AND tip_doc_detcp='01' AND num_serie_detcp='F001' AND num_detcp=7"_s)
+            .isEmpty());
     EXPECT_EQ(De<QLabel>(*forma, "lblNumTrab").text().right(1), u"3"_s);
 }
 

@@ -23,8 +23,8 @@
 #include "support/FormDriver.h"
 #include "support/NoticeScript.h"
 
-#include <QApplication>
 #include <QAbstractScrollArea>
+#include <QApplication>
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QDir>
@@ -208,7 +208,8 @@ QSize Necesita(const QWidget& control) {
         qobject_cast<const QAbstractSpinBox*>(&control))
         return control.sizeHint();
     if (const auto* campo = qobject_cast<const QLineEdit*>(&control)) {
-        const QString texto = campo->inputMask().isEmpty() ? QString() : u"00/00/0000"_s.left(campo->displayText().size());
+        const QString texto =
+            campo->inputMask().isEmpty() ? QString() : u"00/00/0000"_s.left(campo->displayText().size());
         return {campo->fontMetrics().horizontalAdvance(texto), campo->sizeHint().height()};
     }
     const bool conTitulo = qobject_cast<const QGroupBox*>(&control) != nullptr;
@@ -220,7 +221,8 @@ TEST_P(FormsLayoutTest, NothingIsCutOff) {
         EXPECT_LE(forma.width(), 1920 * GetParam() / 150);
         EXPECT_LE(forma.height(), 1080 * GetParam() / 150);
         const QSize abierta = forma.size();
-        for (const QSize& medida : {abierta, forma.minimumSize().expandedTo(forma.minimumSizeHint())}) { // as it opens, and as small as it goes
+        for (const QSize& medida : {abierta, forma.minimumSize().expandedTo(
+                                                 forma.minimumSizeHint())}) { // as it opens, and as small as it goes
             forma.resize(medida);
             QTest::qWait(0);
             for (const QWidget* control : Controles(forma)) {
@@ -228,10 +230,9 @@ TEST_P(FormsLayoutTest, NothingIsCutOff) {
                 const QSize tiene = control->size();
                 const bool cabe = pide.width() <= tiene.width() && pide.height() <= tiene.height() &&
                                   control->parentWidget()->rect().contains(control->geometry());
-                EXPECT_TRUE(cabe)
-                    << control->metaObject()->className() << ' ' << control->objectName().toStdString() << " has "
-                    << tiene.width() << 'x' << tiene.height() << " and needs " << pide.width() << 'x' << pide.height()
-                    << " in a form of " << forma.width() << 'x' << forma.height();
+                EXPECT_TRUE(cabe) << control->metaObject()->className() << ' ' << control->objectName().toStdString()
+                                  << " has " << tiene.width() << 'x' << tiene.height() << " and needs " << pide.width()
+                                  << 'x' << pide.height() << " in a form of " << forma.width() << 'x' << forma.height();
             }
         }
         forma.resize(abierta);
