@@ -1,3 +1,4 @@
+#include "Printers.h"
 #include "app/Configuration.h"
 #include "app/FrmAyuda.h"
 #include "app/FrmConsultas.h"
@@ -162,7 +163,7 @@ QRect Sitio(const QWidget& forma, const QWidget& control) {
 /// From left to right and from the top down; up again only into a column further right.
 bool SeLeeDespues(const QRect& uno, const QRect& otro) {
     const bool mismaFila = uno.top() < otro.center().y() && otro.center().y() < uno.bottom();
-    return mismaFila || otro.bottom() < uno.center().y() ? otro.left() > uno.left() : true;
+    return otro.top() > uno.top() ? !mismaFila || otro.left() > uno.left() : otro.left() > uno.right();
 }
 
 /// The options of a question count as one: Tab goes to one of them, the arrows to the others.
