@@ -9,12 +9,19 @@ namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int kAncho = 920; ///< room for the name beside eight other columns
+
+} // namespace
+
 FrmContAbrirE::FrmContAbrirE(const Entorno& entorno, QWidget* padre)
     : FormaSeleccion(entorno,
                      {u"RUC"_s, u"Nombre o razón social"_s, u"Período"_s, u"Form."_s, u"Nro. orden"_s, u"Enviada"_s,
                       u"Control"_s, u"Copia"_s, u"Rectifica"_s},
                      u"Declaraciones Enviadas"_s, padre) {
     setObjectName(u"FrmContAbrirE"_s);
+    resize(kAncho, height());
     if (ElProceso().opcion == kEliminar)
         Presenta({u"Eliminar Declaraciones Enviadas"_s, u"&Eliminar"_s,
                   u"Seleccione la Declaración que desea eliminar :"_s});

@@ -99,10 +99,8 @@ void Frm518::Graba() {
     if (!m_proceso.enviadas && !IdentificacionVale())
         return;
     LeePaginas();
-    if (const Veredicto largo = RechazaRucDeOcho(m_declaracion.clave.ruc); !largo) {
-        m_avisos.Muestra(*largo.mensaje);
+    if (!Acata(RechazaRucDeOcho(m_declaracion.clave.ruc)))
         return;
-    }
     if (m_proceso.enviadas)
         RegistraOrden();
     else

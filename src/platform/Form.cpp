@@ -8,6 +8,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
@@ -97,8 +98,16 @@ void Forma::keyPressEvent(QKeyEvent* evento) {
 void Forma::showEvent(QShowEvent* evento) {
     QDialog::showEvent(evento);
     setAttribute(Qt::WA_KeyboardFocusChange); // lists and buttons show the focus from the first moment, not after a Tab
-    if (!std::exchange(m_activada, true))
-        Protegido([this] { AlActivar(); })();
+    if (std::exchange(m_activada, true))
+        return;
+    FijaMinimo();
+    Protegido([this] { AlActivar(); })();
+}
+
+/// A text that wraps takes more height in a narrower form, of which the layout's own minimum knows nothing.
+void Forma::FijaMinimo() {
+    if (layout() && layout()->hasHeightForWidth())
+        setMinimumSize(layout()->totalSizeHint().boundedTo(screen()->availableSize()));
 }
 
 } // namespace xa518

@@ -41,6 +41,8 @@ class Forma : public QDialog {
     void showEvent(QShowEvent* evento) override;
 
   private:
+    void FijaMinimo();
+
     bool m_activada = false;
     int m_contextoAyuda = 0;
 };

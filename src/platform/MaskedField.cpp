@@ -25,6 +25,11 @@ void CampoMascara::setText(const QString& texto) {
     QLineEdit::setText(texto);
 }
 
+QSize CampoMascara::minimumSizeHint() const {
+    const QString digitos(displayText().size(), u'0');
+    return QLineEdit::minimumSizeHint() + QSize(fontMetrics().horizontalAdvance(digitos), 0);
+}
+
 /// Coming from another field: a whole text is selected, to be typed over; otherwise the caret stands where the next
 /// digit belongs.
 void CampoMascara::focusInEvent(QFocusEvent* evento) {

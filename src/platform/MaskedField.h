@@ -17,6 +17,9 @@ class CampoMascara : public QLineEdit {
     /// Nothing is left to be typed.
     [[nodiscard]] bool EstaCompleto() const { return !displayText().contains(u'_'); }
 
+    /// Room for all its digits: a date of which a part is out of sight is no date.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
   protected:
     CampoMascara(const QString& mascara, QWidget* padre);
     void focusInEvent(QFocusEvent* evento) override;

@@ -18,26 +18,25 @@ namespace {
 constexpr int kFilasPorPagina = 500;
 constexpr int kPaginasGuardadas = 20;
 
+int CuentaFilas(Base& base, const QString& sql, const QVariantList& valores) {
+    Registros cuenta = base.Lee(u"SELECT count(*) FROM ("_s + sql + u")"_s, valores);
+    return cuenta.Siguiente() ? static_cast<int>(cuenta.Entero(0)) : 0;
+}
+
 } // namespace
 
 ModeloDeConsulta::ModeloDeConsulta(QList<ColumnaDeGrilla> columnas, QObject* padre)
     : QAbstractTableModel(padre), m_columnas(std::move(columnas)), m_paginas(kPaginasGuardadas) {}
 
 void ModeloDeConsulta::Consulta(Base& base, const QString& sql, const QVariantList& valores) {
+    const int filas = CuentaFilas(base, sql, valores);
     beginResetModel();
     m_paginas.clear();
-    m_filas = 0;
+    m_filas = filas;
     m_fallo = false;
     m_base = &base;
     m_sql = sql;
     m_valores = valores;
-    try {
-        Registros cuenta = base.Lee(u"SELECT count(*) FROM ("_s + sql + u")"_s, valores);
-        m_filas = cuenta.Siguiente() ? static_cast<int>(cuenta.Entero(0)) : 0;
-    } catch (...) {
-        endResetModel();
-        throw;
-    }
     endResetModel();
 }
 

@@ -26,8 +26,9 @@ class ModeloDeConsulta : public QAbstractTableModel {
   public:
     explicit ModeloDeConsulta(QList<ColumnaDeGrilla> columnas, QObject* padre = nullptr);
 
-    /// Runs the query anew; raises `ErrorBase`, and then the model is empty. The base must outlive the model's use.
-    /// The query must give its rows in the same order each time.
+    /// Runs the query anew; raises `ErrorBase`, and then the model stays as it was: a list that can't be read mustn't
+    /// pass for an empty one. The base must outlive the model's use. The query must give its rows in the same order
+    /// each time.
     void Consulta(Base& base, const QString& sql, const QVariantList& valores = {});
 
     /// A field of a row as text, also of one that no column shows; empty for a row that isn't there.

@@ -7,6 +7,12 @@
 
 namespace xa518 {
 
+namespace {
+
+constexpr int kAire = 10;
+
+} // namespace
+
 GrillaDeLectura::GrillaDeLectura(QWidget* padre) : QTableView(padre) {
     setEditTriggers(NoEditTriggers);
     setSelectionBehavior(SelectRows);
@@ -37,14 +43,32 @@ void GrillaDeLectura::PonFila(int fila) {
 }
 
 void GrillaDeLectura::AjustaColumnas(int principal) {
-    constexpr int kAire = 10;
+    m_principal = principal;
     for (int columna = 0; columna < model()->columnCount(); ++columna) {
-        const bool estira = columna == principal;
-        horizontalHeader()->setSectionResizeMode(columna, estira ? QHeaderView::Stretch : QHeaderView::Interactive);
-        if (!estira)
+        if (columna != principal)
             setColumnWidth(columna,
                            std::max(sizeHintForColumn(columna), horizontalHeader()->sectionSizeHint(columna)) + kAire);
     }
+    EstiraPrincipal();
+}
+
+/// Where the others leave it no room for its title, the grid is moved sideways instead.
+void GrillaDeLectura::EstiraPrincipal() {
+    if (m_principal < 0)
+        return;
+    QHeaderView& titulos = *horizontalHeader();
+    int libre = viewport()->width();
+    for (int columna = 0; columna < titulos.count(); ++columna)
+        libre -= columna == m_principal ? 0 : columnWidth(columna);
+    const int minimo = titulos.sectionSizeHint(m_principal) + kAire;
+    titulos.setSectionResizeMode(m_principal, libre < minimo ? QHeaderView::Interactive : QHeaderView::Stretch);
+    if (libre < minimo)
+        setColumnWidth(m_principal, minimo);
+}
+
+void GrillaDeLectura::resizeEvent(QResizeEvent* evento) {
+    QTableView::resizeEvent(evento);
+    EstiraPrincipal();
 }
 
 void GrillaDeLectura::keyPressEvent(QKeyEvent* evento) {

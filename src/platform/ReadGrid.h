@@ -17,7 +17,8 @@ class GrillaDeLectura : public QTableView {
     /// Makes it the current row; the first one when there are fewer.
     void PonFila(int fila);
 
-    /// Each column as wide as its title and what shows now; `principal`, where the person reads, takes what is left.
+    /// Each column as wide as its title and what shows now; `principal`, where the person reads, takes what is left,
+    /// but never less than its title.
     void AjustaColumnas(int principal);
 
   Q_SIGNALS:
@@ -28,8 +29,14 @@ class GrillaDeLectura : public QTableView {
 
   protected:
     void keyPressEvent(QKeyEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
     [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& celda,
                                                                        const QEvent* evento) const override;
+
+  private:
+    void EstiraPrincipal();
+
+    int m_principal = -1; ///< the column that takes what is left
 };
 
 } // namespace xa518

@@ -93,7 +93,10 @@ void frmPreview::Conecta() {
         connect(barra, &QScrollBar::valueChanged, this, [this] { Desplaza(); });
     }
     connect(m_ui->txtPagina, &QSpinBox::valueChanged, this, [this](int pagina) { VaAPagina(pagina - 1); });
-    connect(m_ui->txtPagina, &QSpinBox::editingFinished, m_ui->picFondo, qOverload<>(&QWidget::setFocus));
+    connect(m_ui->txtPagina, &QSpinBox::editingFinished, this, [this] {
+        if (m_ui->txtPagina->hasFocus()) // by Enter; Tab has gone on to the next control, which keeps the focus
+            m_ui->picFondo->setFocus();
+    });
 }
 
 /// Not the buttons' own shortcuts, which press them at leisure: a key held down turns the pages as fast as it comes.

@@ -218,6 +218,8 @@ TEST_F(DeletionTest, OfOneSentCopyLeavesItsCashSalesAndTheOtherCopies) {
     Grilla(*lista).PonFila(1);
     avisos.EsperaPregunta(kPregunta, Respuesta::Si);
     Boton(*lista, 0);
+    EXPECT_EQ(avisos.Mostrados().last().mensaje.titulo, u"Eliminar Declaraciones Enviadas"_s);
+    EXPECT_EQ(avisos.Mostrados().last().preseleccionada, Respuesta::No);
     EXPECT_EQ(Borrado(), u"HDET HCAB HF518PDETCP HF518PDET HF518PCAB"_s);
     EXPECT_EQ(Quedan(), antes - 5);
     EXPECT_EQ(base.Filas(u"SELECT correl FROM HF518PDETVC ORDER BY correl"_s), (QStringList{u"1"_s, u"2"_s}));

@@ -16,7 +16,13 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-using Frm518Test = prueba::ConFormulario;
+class Frm518Test : public prueba::ConFormulario {
+  protected:
+    [[nodiscard]] QString Identidad() {
+        return Control<QComboBox>(u"CmbRuc"_s).currentText() + u' ' + Texto(u"MkePeriodo"_s);
+    }
+    [[nodiscard]] QString Orden() { return Texto(u"TxtNumOrdenE_0"_s) + u'-' + Texto(u"TxtNumOrdenE_1"_s); }
+};
 
 const QString kLimpia = u"Toda la información de la declaración fue grabada satisfactoriamente."_s;
 const QString kModificado = u"¿El formulario ha sido modificado, desea guardar los cambios?"_s;
@@ -72,41 +78,61 @@ TEST_F(Frm518Test, EveryFaultOfTheIdentificationTakesBackToItsField) {
     struct Caso {
         const char* cuando;
         std::function<void()> hace;
-        QString texto, foco;
+        QString texto, foco; // no text: refused without a word
+        Icono icono = Icono::Critico;
     };
     const auto pestania = [this] { VaAPestania(2); };
     const auto valida = [this] { Pulsa(u"CmdValidar"_s); };
+    const auto graba = [this] { Pulsa(u"CmdGrabar"_s); };
+    const auto sale = [this] { QTest::keyClick(&Control<>(u"MkePeriodo"_s), Qt::Key_Tab); };
     const auto periodo = [this](const QString& digitos, int declarante = 1) {
         EligeDeclarante(declarante);
         Teclea(u"MkePeriodo"_s, digitos);
     };
+    const QString campo = u"MkePeriodo"_s;
+    const QString faltaRuc = u"Debe seleccionar un Contribuyente."_s;
     const QString noVale = u"El período no es válido."_s;
     const QString existe = u"La declaración ya ha sido registrada."_s;
+    const QString deOcho = u"No puede grabar declaraciones con RUC de 8, modifique el RUC de 8 a 11 en el Modulo de "
+                           "Registro de Declarantes."_s;
     const QList<Caso> casos = {
         {"page, no declarant", pestania, u"Ingrese el RUC."_s, u"CmbRuc"_s},
-        {"button, no declarant", valida, u"Debe seleccionar un Contribuyente."_s, u"CmbRuc"_s},
-        {"page, no period", [&] { EligeDeclarante(1), VaAPestania(1); }, noVale, u"MkePeriodo"_s},
-        {"button, no period", [&] { EligeDeclarante(1), valida(); }, u"Debe ingresar Período."_s, u"MkePeriodo"_s},
-        {"next month", [&] { periodo(u"122026"_s), valida(); }, noVale, u"MkePeriodo"_s},
-        {"no month", [&] { periodo(u"132025"_s), pestania(); }, noVale, u"MkePeriodo"_s},
-        {"registered already", [&] { periodo(u"102026"_s), pestania(); }, existe, u"MkePeriodo"_s},
-        {"chosen after its period", [&] { Teclea(u"MkePeriodo"_s, u"102026"_s), EligeDeclarante(1); }, existe,
-         u"MkePeriodo"_s}};
+        {"button, no declarant", valida, faltaRuc, u"CmbRuc"_s},
+        {"save, no declarant", graba, faltaRuc, u"CmbRuc"_s},
+        {"page, no period", [&] { EligeDeclarante(1), VaAPestania(1); }, noVale, campo},
+        {"page, half a period", [&] { periodo(u"1020"_s), pestania(); }, noVale, campo},
+        {"button, no period", [&] { EligeDeclarante(1), valida(); }, u"Debe ingresar Período."_s, campo},
+        {"button, half a period", [&] { periodo(u"1020"_s), graba(); }, {}, campo},
+        {"next month", [&] { periodo(u"122026"_s), valida(); }, noVale, campo},
+        {"too old", [&] { periodo(u"122004"_s), graba(); }, noVale, campo},
+        {"no month", [&] { periodo(u"132025"_s), pestania(); }, noVale, campo},
+        {"month 00, left", [&] { periodo(u"002026"_s), sale(); }, noVale, campo},
+        {"registered already", [&] { periodo(u"102026"_s), pestania(); }, existe, campo},
+        {"registered already, left", [&] { periodo(u"102026"_s), sale(); }, existe, campo},
+        {"chosen after its period", [&] { Teclea(campo, u"102026"_s), EligeDeclarante(1); }, existe, campo},
+        {"eight digits", [&] { periodo(u"112026"_s, 0), VaAPestania(2), graba(); }, deOcho, u"CmbRuc"_s,
+         Icono::Informacion}};
     for (const Caso& caso : casos) {
         SCOPED_TRACE(caso.cuando);
         AbreNueva();
-        m_avisos.Espera({Icono::Critico, caso.texto, m_forma->windowTitle()});
+        if (!caso.texto.isEmpty())
+            m_avisos.Espera({caso.icono, caso.texto, m_forma->windowTitle()});
+        QString escrito;
+        m_avisos.AlMostrar([&] { escrito = Identidad(); });
         caso.hace();
         m_avisos.Comprueba();
         EXPECT_EQ(Control<QTabWidget>(u"SSTab1"_s).currentIndex(), 0);
         EXPECT_EQ(ConFoco(), caso.foco);
+        EXPECT_TRUE(caso.texto.isEmpty() || Identidad() == escrito) << "what was typed is lost";
     }
-    AbreNueva();
-    periodo(u"102026"_s, 0);
-    m_avisos.Espera(u"No puede grabar declaraciones con RUC de 8, modifique el RUC de 8 a 11 en el Modulo de "
-                    "Registro de Declarantes."_s);
-    Pulsa(u"CmdGrabar"_s);
     EXPECT_EQ(m_base.Filas(u"SELECT count(*) FROM CAB"_s), QStringList{u"1"_s});
+    m_base.Agrega(u"HCAB"_s, {{u"Doc_id_d"_s, prueba::kRucDeclarante}, {u"periodo"_s, u"202609"_s}});
+    for (const QString& vale : {u"012005"_s, u"112026"_s, u"092026"_s}) { // the last one was only sent
+        AbreNueva();
+        periodo(vale);
+        pestania();
+        EXPECT_EQ(Control<QTabWidget>(u"SSTab1"_s).currentIndex(), 2) << vale.toStdString();
+    }
 }
 
 TEST_F(Frm518Test, ValidationListsWhatIsWrongAndTheSaveMarksIt) {
@@ -130,8 +156,10 @@ TEST_F(Frm518Test, ValidationListsWhatIsWrongAndTheSaveMarksIt) {
     Pulsa(u"CmdValidar"_s);
     Pulsa(u"OptCheque"_s);
     m_avisos.Espera(exceso);
-    m_avisos.Espera(u"La infomación de la declaración fue grabada con inconsistencias. En estas condiciones no podra "
-                    "ser enviada a ZOLMA."_s);
+    m_avisos.Espera({Icono::Exclamacion,
+                     u"La infomación de la declaración fue grabada con inconsistencias. En estas condiciones no podra "
+                     "ser enviada a ZOLMA."_s,
+                     m_forma->windowTitle()});
     Pulsa(u"CmdGrabar"_s);
     EXPECT_EQ(m_base.Filas(u"SELECT estado FROM CAB"_s), QStringList{u"9"_s});
 }
@@ -195,11 +223,13 @@ TEST_F(Frm518Test, ADeletedClientTakesHisVouchersAndTheTotalsFollow) {
     GrabaUna();
     AbreRegistrada();
     VaAPestania(1);
-    m_avisos.EsperaPregunta(u"¿Confirma que va a eliminar la información?"_s, Respuesta::No);
+    const Mensaje pregunta{Icono::Pregunta, u"¿Confirma que va a eliminar la información?"_s, m_forma->windowTitle()};
+    m_avisos.EsperaPregunta(pregunta.texto, Respuesta::No);
     Pulsa(u"CmdOpciones_2"_s);
+    EXPECT_EQ(m_avisos.Mostrados().last().mensaje, pregunta);
     EXPECT_EQ(m_avisos.Mostrados().last().preseleccionada, Respuesta::No);
     EXPECT_EQ(Texto(u"TxtValor_401"_s), u"1,000"_s);
-    m_avisos.EsperaPregunta(u"¿Confirma que va a eliminar la información?"_s, Respuesta::Si);
+    m_avisos.EsperaPregunta(pregunta.texto, Respuesta::Si);
     Pulsa(u"CmdOpciones_2"_s);
     EXPECT_EQ(Texto(u"TxtValor_401"_s) + Texto(u"TxtPercepcion"_s), QString());
     EXPECT_EQ(m_base.Filas(u"SELECT count(*) FROM TMPF518PDET"_s), QStringList{u"0"_s});
@@ -209,54 +239,116 @@ TEST_F(Frm518Test, ADeletedClientTakesHisVouchersAndTheTotalsFollow) {
 TEST_F(Frm518Test, ASentCopyTakesOnlyItsOrderNumber) {
     GrabaUna();
     AbreEnviada();
-    EXPECT_EQ(ConFoco(), u"TxtNumOrdenE_0"_s);
-    EXPECT_EQ(Texto(u"TxtNumOrdenE_0"_s) + Texto(u"TxtNumOrdenE_1"_s), QString()) << "\"0\" stands for none yet";
-    const auto registra = [this](const QString& numero, const QString& digitos) {
-        Control<>(u"TxtNumOrdenE_0"_s).clear();
-        Control<>(u"TxtNumOrdenE_1"_s).clear();
-        Teclea(u"TxtNumOrdenE_0"_s, numero);
-        Teclea(u"TxtNumOrdenE_1"_s, digitos);
-    };
+    const QString campo = u"TxtNumOrdenE_0"_s;
+    EXPECT_EQ(ConFoco(), campo);
+    EXPECT_EQ(Orden(), u"-"_s) << "\"0\" stands for none yet";
     const QString digitos = DigitosOrden(u"00000017"_s, u"12345678"_s);
-    const QString pregunta = u" El número de orden ha cambiado. ¿Desea guardar los cambios?"_s;
-    registra(u"1234567"_s, digitos);
-    m_avisos.Espera(u"     El número de orden no es válido"_s);
+    const QString titulo = m_forma->windowTitle();
+    const Mensaje pregunta{Icono::Pregunta, u" El número de orden ha cambiado. ¿Desea guardar los cambios?"_s, titulo};
+    const QString corto = u"     El número de orden no es válido"_s;
+    const QString otro = u"     El digito Verificador es incorrecto"_s;
+    const struct {
+        QString numero, digitos, alGrabar, alCerrar; // the same fault has two wordings
+    } casos[] = {{u"1234567"_s, digitos, corto, u"El número de orden es incorrecto"_s},
+                 {u"12345678"_s, digitos == u"11"_s ? u"12"_s : u"11"_s, otro, u"Digito verificador incorrecto"_s},
+                 {u"12345678"_s, digitos.left(1), otro, u"Digito verificador incorrecto"_s}};
+    const auto escribe = [&](const QString& numero, const QString& verificador) {
+        Control<>(campo).clear();
+        Control<>(u"TxtNumOrdenE_1"_s).clear();
+        Teclea(campo, numero);
+        Teclea(u"TxtNumOrdenE_1"_s, verificador);
+    };
+    for (const auto& caso : casos) {
+        escribe(caso.numero, caso.digitos);
+        for (const QString& boton : {u"CmdGrabar"_s, u"CmdCancelar"_s}) {
+            const bool cierra = boton == u"CmdCancelar"_s;
+            if (cierra)
+                m_avisos.EsperaPregunta(pregunta.texto, Respuesta::Si);
+            m_avisos.Espera({Icono::Critico, cierra ? caso.alCerrar : caso.alGrabar, titulo});
+            Pulsa(boton);
+            EXPECT_TRUE(!cierra || m_avisos.Mostrados().first().mensaje == pregunta);
+            m_avisos.Comprueba();
+            EXPECT_TRUE(m_forma->isVisible()) << "also the check on closing keeps the form open";
+            EXPECT_EQ(ConFoco(), campo);
+            EXPECT_EQ(Orden(), caso.numero + u'-' + caso.digitos);
+        }
+    }
+    m_base.Agrega(u"HCAB"_s,
+                  {{u"Doc_id_d"_s, prueba::kRucDeclarante}, {u"periodo"_s, u"202610"_s}, {u"correl"_s, u"4"_s}});
+    const auto copias = [&] { return m_base.Filas(u"SELECT correl, norden, cNumero FROM HCAB ORDER BY correl"_s); };
+    const QStringList antes = copias();
+    m_base->Ejecuta(u"UPDATE HCAB SET correl='5' WHERE correl='3'"_s);
+    m_avisos.Espera(u"Se registró el número de orden."_s); // wanted: also when there is no row to write
+    escribe(u"12345678"_s, digitos);
     Pulsa(u"CmdGrabar"_s);
-    m_avisos.EsperaPregunta(pregunta, Respuesta::Si);
-    m_avisos.Espera(u"El número de orden es incorrecto"_s);
-    Pulsa(u"CmdCancelar"_s);
-    EXPECT_TRUE(m_forma->isVisible()) << "the check on closing keeps the form open";
-    registra(u"12345678"_s, digitos == u"11"_s ? u"12"_s : u"11"_s);
-    m_avisos.Espera(u"     El digito Verificador es incorrecto"_s);
-    Pulsa(u"CmdGrabar"_s);
-    EXPECT_EQ(ConFoco(), u"TxtNumOrdenE_0"_s);
-    registra(u"12345678"_s, digitos);
-    m_avisos.EsperaPregunta(pregunta, Respuesta::Si);
-    m_avisos.Espera(u"Se registró el número de orden."_s);
-    Pulsa(u"CmdCancelar"_s);
+    m_base->Ejecuta(u"UPDATE HCAB SET correl='3' WHERE correl='5'"_s);
+    EXPECT_EQ(copias(), antes);
+    for (const QString& boton : {u"CmdGrabar"_s, u"CmdCancelar"_s}) {
+        escribe(u"12345678"_s, digitos);
+        if (boton == u"CmdCancelar"_s)
+            m_avisos.EsperaPregunta(pregunta.texto, Respuesta::Si);
+        m_avisos.Espera({Icono::Exclamacion, u"Se registró el número de orden."_s, titulo});
+        Pulsa(boton);
+        EXPECT_TRUE(copias().first().startsWith(u"3|12345678|"_s));
+        EXPECT_NE(copias().first().section(u'|', 2), antes.first().section(u'|', 2)) << "its checksum";
+        EXPECT_EQ(copias().last(), antes.last()) << "the other copy";
+    }
     EXPECT_FALSE(m_forma->isVisible());
-    EXPECT_EQ(m_base.Filas(u"SELECT norden FROM HCAB"_s), QStringList{u"12345678"_s});
 }
 
-TEST_F(Frm518Test, ALockedBaseSpeaksAndLeavesWhatWasTyped) {
+/// What becomes of the base's file under the open form, and what is said of it.
+TEST_F(Frm518Test, ABaseThatFailsIsToldAndLeavesWhatWasTyped) {
+    const QString ruta = m_base.Ruta();
+    std::optional<Transaccion> ajena;
+    const struct {
+        const char* cual;
+        std::function<void()> hace;
+        QString texto;
+    } casos[] = {{"locked", [&] { ajena.emplace(m_base->Comienza()); },
+                  u"La base de datos está ocupada por otro programa. (database is locked)"_s},
+                 {"moved away", [&] { EXPECT_TRUE(QFile::rename(ruta, ruta + u'_')); },
+                  u"El archivo de la base de datos ya no está en su lugar. (attempt to write a readonly database)"_s},
+                 {"overwritten", [&] { prueba::EscribeEn(ruta, QByteArray(100'000, 'x')); },
+                  u"El archivo está dañado o no es una base de datos. (file is not a database)"_s},
+                 {"emptied", [&] { prueba::EscribeEn(ruta, {}); }, u"no such table: TMPF518PCAB"_s}};
+    GrabaUna();
+    const QByteArray bytes = prueba::BytesDe(ruta);
+    const QString antes = prueba::Retrato(*m_base);
+    for (const auto& [cual, hace, texto] : casos) {
+        SCOPED_TRACE(cual);
+        AbreRegistrada();
+        VaAPestania(2);
+        Teclea(u"TxtValor_404"_s, u"77"_s);
+        hace();
+        AvisosDelPrograma().Espera({Icono::Critico, texto, m_forma->windowTitle()});
+        Pulsa(u"CmdGrabar"_s);
+        AvisosDelPrograma().Comprueba();
+        EXPECT_TRUE(m_forma->isVisible());
+        EXPECT_EQ(Texto(u"TxtValor_404"_s), u"77"_s);
+        EXPECT_EQ(Control<QTableView>(u"GrdDatos"_s).model()->rowCount(), 1) << "no list passes for an empty one";
+        m_avisos.EsperaPregunta(kModificado, Respuesta::No);
+        Pulsa(u"CmdCancelar"_s);
+        EXPECT_FALSE(m_forma->isVisible()) << "it doesn't hold the person either";
+        ajena.reset();
+        QFile::remove(ruta + u'_');
+        prueba::EscribeEn(ruta, bytes);
+        m_forma.reset();
+        m_proceso.baseDatos = Base::Abre(ruta);
+        EXPECT_EQ(prueba::Retrato(*m_proceso.baseDatos), antes);
+    }
+}
+
+TEST_F(Frm518Test, ACheckThatFailsLetsNobodyGoOn) {
     GrabaUna();
     AbreRegistrada();
     VaAPestania(2);
     Teclea(u"TxtValor_404"_s, u"77"_s);
-    const QString antes = prueba::Retrato(*m_base);
-    {
-        const Transaccion ajena = m_base->Comienza();
-        AvisosDelPrograma().Espera(u"La base de datos está ocupada por otro programa. (database is locked)"_s);
-        Pulsa(u"CmdGrabar"_s);
-    }
-    AvisosDelPrograma().Comprueba();
-    EXPECT_EQ(prueba::Retrato(*m_base), antes);
-    EXPECT_TRUE(m_forma->isVisible());
-    EXPECT_EQ(Texto(u"TxtValor_404"_s), u"77"_s);
-    m_avisos.Espera(u"El importe a pagar es menor que el saldo definitivo a pagar en Percepciones"
-                    ". La ZOLMA emitirá una Orden de Pago"_s);
+    m_avisos.Espera({Icono::Informacion,
+                     u"El importe a pagar es menor que el saldo definitivo a pagar en Percepciones"
+                     ". La ZOLMA emitirá una Orden de Pago"_s,
+                     m_forma->windowTitle()});
     m_avisos.Espera(kLimpia);
-    Pulsa(u"CmdGrabar"_s); // the other one has gone: now it goes through
+    Pulsa(u"CmdGrabar"_s);
 
     AbreNueva();
     Identifica();

@@ -21,19 +21,6 @@ class ClientDialogTest : public prueba::DetailTest {
         Muestra(*forma);
         return forma;
     }
-    /// What is typed into the field that has the focus, then the message of the button and where the focus goes.
-    struct Paso {
-        QString teclas, mensaje, foco;
-    };
-    void Sube(const char* boton, const QList<Paso>& pasos) {
-        const auto forma = Abre();
-        for (const Paso& paso : pasos) {
-            Teclea(paso.teclas);
-            m_avisos.Espera({Icono::Critico, paso.mensaje, forma->windowTitle()});
-            Clic(*forma, boton);
-            EXPECT_EQ(Foco(), paso.foco) << paso.mensaje.toStdString();
-        }
-    }
     void MeteCliente(const QString& tipo, const QString& numero) {
         m_base->Ejecuta(u"INSERT INTO TMPF518PCAB (tip_doc_per, num_doc_per) VALUES (?,?)"_s, {tipo, numero});
     }
@@ -57,47 +44,73 @@ class ClientDialogTest : public prueba::DetailTest {
 };
 
 TEST_F(ClientDialogTest, RefusesInItsOrder) {
-    Sube("CmdAceptar", {{{}, u"Ingrese el tipo de documento."_s, u"CmbTipDoc"_s},
-                        {u"01"_s, u"Ingrese el número de documento."_s, u"TxtNumDoc"_s},
-                        {u"0000000"_s, u"El DNI o LE debe ser de 8 digitos."_s, u"TxtNumDoc"_s},
-                        {u"0"_s, u"El número de documento no puede ser cero"_s, u"TxtNumDoc"_s},
-                        {u"\b1"_s, u"Ingrese el apellido paterno."_s, u"TxtApePat"_s},
-                        {u"rojas"_s, u"Ingrese los nombres."_s, u"TxtNombres"_s},
-                        {u"luz"_s, kFaltaComprobante, u"CmdAceptar"_s}});
-    Sube("CmdOpciones_0", {{{}, u"Ingrese el tipo de documento."_s, u"CmbTipDoc"_s},
-                           {u"01"_s, u"Ingrese el número de documento."_s, u"TxtNumDoc"_s},
-                           {u"0000000"_s, u"El número de documento no puede ser cero"_s, u"TxtNumDoc"_s},
-                           {u"\b1"_s, u"Ingrese el apellido paterno."_s, u"TxtApePat"_s},
-                           {u"rojas"_s, u"Ingrese los nombres."_s, u"TxtNombres"_s},
-                           {u"luz"_s, u"El DNI o LE debe ser de 8 digitos."_s, u"TxtNumDoc"_s}});
-    Sube("CmdAceptar", {{u"06\r2050000000"_s, u"El RUC no es Válido."_s, u"TxtNumDoc"_s},
-                        {u"8"_s, u"Ingrese la Razón Social."_s, u"TxtNombres"_s},
-                        {u"acme"_s, kFaltaComprobante, u"CmdAceptar"_s}});
-    Sube("CmdOpciones_0", {{u"06\r1099200000"_s, u"El RUC no es Válido."_s, u"TxtNumDoc"_s},
-                           {u"2"_s, u"Ingrese el apellido paterno."_s, u"TxtApePat"_s},
-                           {u"rojas"_s, u"Ingrese los nombres."_s, u"TxtNombres"_s}});
-}
-
-TEST_F(ClientDialogTest, SpeaksOfANumberWhileItIsTyped) {
     MeteCliente(u"6"_s, kEmpresa);
-    const auto forma = Abre();
-    auto& numero = De<QLineEdit>(*forma, "TxtNumDoc");
-    const auto teclea = [&](const QString& teclas, const QString& mensaje) {
-        m_avisos.Espera(mensaje);
-        Teclea(teclas);
-        EXPECT_EQ(Foco(), u"TxtNumDoc"_s);
-        m_avisos.Comprueba();
+    MeteCliente(u"7"_s, u"A1"_s);
+    const QString numero = u"TxtNumDoc"_s;
+    const QString noValido = u"El RUC no es Válido."_s;
+    const QString delDeclarante = u"El RUC no puede ser igual al del declarante."_s;
+    const QString otroRuc = u"El RUC del agente de percepción ya se registró."_s;
+    const QString otroDocumento = u"El documento del agente de percepción ya se registró."_s;
+    const auto dosVeces = [](const QString& mensaje) { return mensaje + u'\n' + mensaje; }; // typed, and at the button
+    const struct {
+        QString boton;
+        QList<Paso> pasos;
+    } casos[] = {
+        {u"CmdAceptar"_s,
+         {{{}, {}, u"Ingrese el tipo de documento."_s, u"CmbTipDoc"_s},
+          {{}, u"01"_s, u"Ingrese el número de documento."_s, numero},
+          {{}, u"0000000"_s, u"El DNI o LE debe ser de 8 digitos."_s, numero},
+          {{}, u"0"_s, u"El número de documento no puede ser cero"_s, numero},
+          {{}, u"\b1"_s, u"Ingrese el apellido paterno."_s, u"TxtApePat"_s},
+          {{}, u"rojas"_s, u"Ingrese los nombres."_s, u"TxtNombres"_s},
+          {{}, u"luz"_s, kFaltaComprobante, u"CmdAceptar"_s}}},
+        {u"CmdOpciones_0"_s,
+         {{{}, {}, u"Ingrese el tipo de documento."_s, u"CmbTipDoc"_s},
+          {{}, u"01"_s, u"Ingrese el número de documento."_s, numero},
+          {{}, u"0000000"_s, u"El número de documento no puede ser cero"_s, numero},
+          {{}, u"\b1"_s, u"Ingrese el apellido paterno."_s, u"TxtApePat"_s},
+          {{}, u"rojas"_s, u"Ingrese los nombres."_s, u"TxtNombres"_s},
+          {{}, u"luz"_s, u"El DNI o LE debe ser de 8 digitos."_s, numero}}},
+        {u"CmdAceptar"_s,
+         {{{}, u"06\r2050000000"_s, noValido, numero}, // ten digits: nothing was said of them while they were typed
+          {{}, u"1"_s, dosVeces(noValido), numero},
+          {{}, u"\b8"_s, otroRuc + u"\nIngrese la Razón Social."_s, u"TxtNombres"_s},
+          {{}, u"acme"_s, kFaltaComprobante, u"CmdAceptar"_s}}},
+        {u"CmdAceptar"_s, {{{}, u"06\r"_s + m_proceso.docDeclarante, dosVeces(delDeclarante), numero}}},
+        {u"CmdOpciones_0"_s,
+         {{{}, u"06\r1099200000"_s, noValido, numero},
+          {{}, u"2"_s, u"Ingrese el apellido paterno."_s, u"TxtApePat"_s},
+          {{}, u"rojas"_s, u"Ingrese los nombres."_s, u"TxtNombres"_s}}},
+        {u"CmdOpciones_0"_s, {{{}, u"06\r"_s + m_proceso.docDeclarante, dosVeces(delDeclarante), numero}}},
+        {u"CmdOpciones_0"_s, {{{}, u"06\r"_s + kEmpresa, dosVeces(otroRuc), numero}}},
+        {u"CmdOpciones_0"_s, {{{}, u"07\ra-1 "_s, dosVeces(otroDocumento), numero}}}, // takes no other signs
     };
-    Teclea(u"06\r"_s);
-    teclea(u"20500000001"_s, u"El RUC no es Válido."_s);
-    teclea(u"\b8"_s, u"El RUC del agente de percepción ya se registró."_s);
-    numero.selectAll();
-    teclea(m_proceso.docDeclarante, u"El RUC no puede ser igual al del declarante."_s);
+    for (const auto& [boton, pasos] : casos)
+        Sube(*Abre(), boton, pasos);
+    const auto forma = Abre();
+    Teclea(u"06\r20500000"_s);
     Pulsa(Qt::Key_Backtab);
     Teclea(u"01"_s);
-    EXPECT_EQ(numero.text(), QString());
-    Teclea(u"07\ra-1 "_s);
-    EXPECT_EQ(numero.text(), u"A1"_s);
+    EXPECT_EQ(De<QLineEdit>(*forma, "TxtNumDoc").text(), QString()) << "another type has another number";
+}
+
+/// While its first voucher was typed in, the client came to be registered.
+TEST_F(ClientDialogTest, AClientThatIsThereIsNotStoredAgain) {
+    const auto forma = Abre();
+    Teclea(u"06\r"_s + kEmpresa + u"\racme"_s);
+    AlAbrir(u"FrmDetAgePer"_s, [&](QWidget& /*detalle*/) {
+        MeteCliente(u"6"_s, kEmpresa);
+        MeteComprobante(kEmpresa, u"1"_s);
+    });
+    Clic(*forma, "CmdOpciones_0");
+    Muestra(*forma);
+    const QString ya = u"El RUC del agente de percepción ya se registró."_s;
+    Sube(*forma, u"CmdAceptar"_s, {{{}, {}, ya, u"CmdAceptar"_s}}); // the number is fixed by now
+    EXPECT_EQ(m_base.Filas(u"SELECT des_razon FROM TMPF518PCAB"_s), QStringList{u"<null>"_s});
+    m_base->Ejecuta(u"DELETE * FROM TMPF518PCAB"_s);
+    SinBase(*forma, u"CmdAceptar"_s);
+    Clic(*forma, "CmdAceptar");
+    EXPECT_EQ(m_base.Filas(u"SELECT des_razon FROM TMPF518PCAB"_s), QStringList{u"ACME"_s});
 }
 
 TEST_F(ClientDialogTest, SweepsTheVouchersOfAClientNeverStored) {

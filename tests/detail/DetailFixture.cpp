@@ -2,7 +2,11 @@
 
 #include "data/Transaction.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QRegularExpression>
 
 namespace xa518::prueba {
 
@@ -34,6 +38,20 @@ void LlenaCatalogo(const BaseTemporal& base) {
     transaccion.Confirma();
 }
 
+/// Everything that was typed and chosen in a form, without what a field adds to it when the focus goes: the zeros
+/// before, the decimals and the groups.
+QStringList Escrito(const QWidget& forma) {
+    static const QRegularExpression adorno(u"^0+(?=.)|,|[.]0*$|(?<=[.]\\d)0$"_s);
+    QStringList todo;
+    for (const auto* campo : forma.findChildren<QLineEdit*>())
+        todo += campo->isEnabled() ? campo->displayText().remove(adorno) : QString(); // the others are computed
+    for (const auto* lista : forma.findChildren<QComboBox*>())
+        todo += lista->currentText();
+    for (const auto* opcion : forma.findChildren<QAbstractButton*>())
+        todo += opcion->isChecked() ? opcion->objectName() : QString();
+    return todo;
+}
+
 } // namespace
 
 DetailTest::DetailTest(const QString& periodo) {
@@ -61,6 +79,39 @@ void DetailTest::Teclea(const QString& teclas) {
 
 void DetailTest::Pulsa(Qt::Key tecla, Qt::KeyboardModifiers con) {
     QTest::keyClick(QApplication::focusWidget(), tecla, con);
+}
+
+void DetailTest::Sube(QWidget& forma, const QString& boton, const QList<Paso>& pasos) {
+    for (const Paso& paso : pasos) {
+        SCOPED_TRACE(paso.mensajes.toStdString());
+        if (!paso.campo.isEmpty()) {
+            Clic(forma, paso.campo);
+            Pulsa(Qt::Key_Home);
+        }
+        for (const QString& mensaje : paso.mensajes.split(u'\n'))
+            m_avisos.Espera({paso.icono, mensaje, forma.windowTitle()});
+        Teclea(paso.teclas);
+        const QStringList escrito = Escrito(forma);
+        Clic(forma, boton);
+        EXPECT_EQ(Foco(), paso.foco);
+        EXPECT_EQ(Escrito(forma), escrito);
+        m_avisos.Comprueba();
+    }
+}
+
+void DetailTest::SinBase(QWidget& forma, const QString& boton) {
+    const QStringList escrito = Escrito(forma);
+    const QString ruta = m_base.Ruta();
+    ASSERT_TRUE(QFile::rename(ruta, ruta + u'_'));
+    AvisosDelPrograma().Espera({Icono::Critico,
+                                u"El archivo de la base de datos ya no está en su lugar. "
+                                "(attempt to write a readonly database)"_s,
+                                forma.windowTitle()});
+    Clic(forma, boton);
+    AvisosDelPrograma().Comprueba();
+    EXPECT_TRUE(forma.isVisible());
+    EXPECT_EQ(Escrito(forma), escrito);
+    ASSERT_TRUE(QFile::rename(ruta + u'_', ruta));
 }
 
 QString DetailTest::Foco() {

@@ -21,6 +21,17 @@ class DetailTest : public testing::Test {
     /// Types into whatever has the focus; "\r" is Enter, "\b" Backspace.
     void Teclea(const QString& teclas);
     void Pulsa(Qt::Key tecla, Qt::KeyboardModifiers con = Qt::NoModifier);
+
+    /// A field that is gone to first, or none; what is typed there, from its beginning; what is said by the end, one
+    /// message a line; and where the focus goes.
+    struct Paso {
+        QString campo, teclas, mensajes, foco;
+        Icono icono = Icono::Critico;
+    };
+    /// Takes each step and presses the button after it. No message takes away anything that was typed.
+    void Sube(QWidget& forma, const QString& boton, const QList<Paso>& pasos);
+    /// The base's file is moved away: whatever the button does is told, and the form stays with what was typed.
+    void SinBase(QWidget& forma, const QString& boton);
     [[nodiscard]] static QString Foco();
 
     BaseTemporal m_base;

@@ -29,33 +29,49 @@ class PaymentDialogTest : public prueba::DetailTest {
 };
 
 TEST_F(PaymentDialogTest, RefusesInItsOrder) {
-    const auto forma = Abre(u"0"_s);
+    const QString serie = u"TxtSerie"_s;
+    const QString fecha = u"MkeFecEmis"_s;
+    const QString monto = u"TxtMtoDet"_s;
+    const QString aceptar = u"CmdOpciones_0"_s;
     const QString noValido = u"El número de serie del comprobante de pago no es válido"_s;
-    const struct {
-        QString teclas, mensaje, foco;
-    } pasos[] = {
-        {{}, u"Ingrese el tipo de documento"_s, u"CmbTipoDoc"_s},
-        {u"12"_s, u"Ingrese la serie"_s, u"TxtSerie"_s}, // the choice itself moves the focus on
-        {u"0\r"_s, u"Ingrese el número del documento"_s, u"TxtNumero"_s},
-        {u"0\r"_s, u"El número de comprobante de pago no puede ser cero."_s, u"TxtNumero"_s},
-        {u"\b7\r"_s, u"El número de serie no puede ser cero."_s, u"TxtSerie"_s},
-        {u"\bA1\r\r"_s, u"Debe ingresar la fecha de emisión."_s, u"MkeFecEmis"_s}, // a ticket takes no letters
-        {u"3102202"_s, u"Debe ingresar una fecha válida."_s, u"MkeFecEmis"_s},
-        {u"6\r"_s, u"Debe ingresar una fecha válida."_s, u"MkeFecEmis"_s},
-        {u"10102026\r"_s, u"Ingrese el valor total del comprobante de pago"_s, u"TxtMtoDet"_s},
-        {u".\r"_s, u"Ingrese valor total del comprobante de pago mayor a cero."_s, u"TxtMtoDet"_s},
-    };
-    for (const auto& [teclas, mensaje, foco] : pasos) {
-        Teclea(teclas);
-        m_avisos.Espera({Icono::Critico, mensaje, forma->windowTitle()});
-        Clic(*forma, "CmdOpciones_0");
-        EXPECT_EQ(Foco(), foco) << qPrintable(mensaje);
-    }
-    Teclea(u"\b118\r"_s);
-    EXPECT_EQ(De<QLineEdit>(*forma, "TxtSerie").text(), u"0001"_s);
-    m_avisos.Espera({Icono::Informacion, kGrabada, forma->windowTitle()});
-    Clic(*forma, "CmdOpciones_0");
-    EXPECT_EQ(Filas(), QStringList{u"12|0001|00000007|10/10/2026|118.00"_s});
+    const QString malaFecha = u"Debe ingresar una fecha válida."_s;
+    const QString futura = u"La fecha de emisión del comprobante de pago no puede ser mayor a la fecha del sistema."_s;
+    const QString letras = u"No se permite letras desde la segunda a la cuarta posición en el número de serie."_s;
+    const QString faltaMonto = u"Ingrese el valor total del comprobante de pago"_s;
+    const QString nada = u"Ingrese valor total del comprobante de pago mayor a cero."_s;
+    const auto boleto = Abre(u"0"_s);
+    Sube(*boleto, aceptar,
+         {{{}, {}, u"Ingrese el tipo de documento"_s, u"CmbTipoDoc"_s},
+          {{}, u"12"_s, u"Ingrese la serie"_s, serie}, // the choice itself moves the focus on
+          {{}, u"0\r"_s, u"Ingrese el número del documento"_s, u"TxtNumero"_s},
+          {{}, u"0\r"_s, u"El número de comprobante de pago no puede ser cero."_s, u"TxtNumero"_s},
+          {{}, u"\b7\r"_s, u"El número de serie no puede ser cero."_s, serie},
+          {{}, u"\bA1\r\r"_s, u"Debe ingresar la fecha de emisión."_s, fecha}, // a ticket takes no letters
+          {{}, u"3102202"_s, malaFecha, fecha},
+          {{}, u"6"_s, malaFecha, fecha},
+          {{},
+           u"01112026"_s, // on the way out of the field: the button isn't pressed
+           u"La fecha de emisión del comprobante de pago no es válido cuando es posterior al período 10/2026"_s,
+           fecha},
+          {{}, u"21102026"_s, futura + u'\n' + futura, aceptar}, // out of the field, and again at the button
+          {fecha, u"20102026"_s, faltaMonto, monto},
+          {{}, u"."_s, nada, monto},
+          {{}, u"0"_s, nada, monto},
+          {{}, u"\b\b\b\b0.00"_s, nada, monto}});
+    Teclea(u"\b\b\b\b.01"_s);
+    m_avisos.Espera({Icono::Informacion, kGrabada, boleto->windowTitle()});
+    SinBase(*boleto, aceptar);
+    Clic(*boleto, "CmdOpciones_0");
+    EXPECT_EQ(Filas(), QStringList{u"12|0001|00000007|20/10/2026|.01"_s});
+
+    const auto factura = Abre(u"0"_s);
+    Teclea(u"01A12\r5\r"_s);
+    Sube(*factura, aceptar,
+         {{fecha, u"10102026"_s, noValido, serie}, // padding leaves letters alone
+          {fecha, u"18072010"_s, noValido, serie},
+          {{}, u"B"_s, faltaMonto, monto}, // until that day letters may stand anywhere
+          {fecha, u"19072010"_s, letras, serie, Icono::Exclamacion},
+          {{}, u"\b3"_s, faltaMonto, monto}});
 }
 
 TEST_F(PaymentDialogTest, GoesOnWithTheNextAndStoresACreditNoteNegative) {
@@ -89,7 +105,9 @@ TEST_F(PaymentDialogTest, GoesOnWithTheNextAndStoresACreditNoteNegative) {
 TEST_F(PaymentDialogTest, ADateBefore2005IsAskedAboutEachTime) {
     const QString pregunta = u"La fecha del comprobante de pago es anterior al 01/01/2005. ¿Desea continuar?"_s;
     const auto forma = Abre(u"0"_s);
-    Teclea(u"01F001\r5\r31122004"_s);
+    Teclea(u"01F001\r5\r01012005\r"_s);
+    Pulsa(Qt::Key_Backtab);
+    Teclea(u"31122004"_s);
     m_avisos.EsperaPregunta(pregunta, Respuesta::No);
     Teclea(u"\r"_s);
     EXPECT_EQ(Foco(), u"MkeFecEmis"_s);

@@ -1,7 +1,6 @@
 #include "detail/VoucherChecks.h"
 
 #include "Printers.h"
-#include "detail/VoucherDates.h"
 #include "detail/VoucherTypes.h"
 #include "support/TemporaryBase.h"
 
@@ -50,35 +49,6 @@ TEST(VoucherChecks, SeriesByDateOfIssue) {
     }
     const DatosPago ticket{u"12"_s, u"-001"_s, u"1"_s, u"19/07/2010"_s, u"5"_s};
     EXPECT_EQ(Texto(ValidaGrabar(ticket, Veredicto::Bien)), u"! Desde el 2010/07/19 "_s + primera);
-}
-
-TEST(VoucherChecks, DatesOfBothVouchers) {
-    const struct {
-        QString fecha, percepcion, pago;
-        bool retiene; // the focus goes back to the date
-    } casos[] = {
-        {u"01/10/2026"_s, u"bien"_s, u"bien"_s, false},
-        {u"20/10/2026"_s, u"bien"_s, u"bien"_s, false},
-        {u"21/10/2026"_s, u"La fecha del comprobante de percepción no puede ser mayor a la fecha del sistema."_s,
-         u"La fecha de emisión del comprobante de pago no puede ser mayor a la fecha del sistema."_s, false},
-        {u"01/11/2026"_s,
-         u"La fecha del comprobante de percepción no es válida cuando es posterior al período 10/2026"_s,
-         u"La fecha de emisión del comprobante de pago no es válido cuando es posterior al período 10/2026"_s, true},
-        {u"30/09/2026"_s, u"La fecha del comprobante de percepción no puede ser anterior al 01/10/2026"_s, u"bien"_s,
-         true},
-        {u"01/10/202_"_s, u"callado"_s, u"callado"_s, false},
-    };
-    for (const auto& [fecha, percepcion, pago, retiene] : casos) {
-        const Veredicto veredicto = ValidaFecha(fecha, u"202610"_s, kHoy);
-        EXPECT_EQ(Texto(veredicto), percepcion);
-        EXPECT_EQ(veredicto.campo == u"MkeFecEmis", retiene) << qPrintable(fecha);
-        EXPECT_EQ(Texto(ValidaFechaOrigen(fecha, u"202610"_s, kHoy, {})), pago);
-    }
-    int preguntas = 0;
-    const auto no = [&](const Mensaje&) { return ++preguntas < 0; };
-    EXPECT_TRUE(ValidaFechaOrigen(u"01/01/2005"_s, u"202610"_s, kHoy, no));
-    EXPECT_FALSE(ValidaFechaOrigen(u"31/12/2004"_s, u"202610"_s, kHoy, no));
-    EXPECT_EQ(preguntas, 1);
 }
 
 TEST(VoucherChecks, AmountsOfPaymentVouchers) {

@@ -2,6 +2,7 @@
 
 #include "detail/DetailFixture.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QTimer>
@@ -22,19 +23,20 @@ class VoucherDialogTest : public prueba::DetailTest {
         return Abre({{{6, kEmpresa}, {}, {}, {}}, {}});
     }
     /// The stored voucher P001-1, with its answers.
-    std::unique_ptr<FrmDetAgePer> Modifica() {
+    std::unique_ptr<FrmDetAgePer> Modifica(const QString& contado = {}) {
         m_proceso.modoDetalle = u"1"_s;
-        return Abre({{{6, kEmpresa}, u"P001"_s, u"00000001"_s, {}},
+        return Abre({{{6, kEmpresa}, u"P001"_s, u"00000001"_s, contado},
                      {u"1"_s, u"0"_s, u"0"_s, u"15/10/2026"_s, u"100.00"_s, u"9.99"_s, u"9"_s}});
     }
-    void MeteComprobante() {
+    void MeteComprobante(const QString& contado = {}) {
         m_base->Ejecuta(
-            u"INSERT INTO TMPF518PDET VALUES (6,?,'P001','00000001','','1','0','0','15/10/2026','100.00','9.99','9')"_s,
-            {kEmpresa});
+            u"INSERT INTO TMPF518PDET VALUES (6,?,'P001','00000001',?,'1','0','0','15/10/2026','100.00','9.99','9')"_s,
+            {kEmpresa, contado});
     }
-    void MetePago(const QString& numero, const QString& tipo, const QString& delComprobante = u"00000001"_s) {
-        m_base->Ejecuta(u"INSERT INTO TMPF518PDETCP VALUES (6,?,'P001',?,?,'F001',?,'10/10/2026','118')"_s,
-                        {kEmpresa, delComprobante, tipo, numero});
+    void MetePago(const QString& numero, const QString& tipo, const QString& delComprobante = u"00000001"_s,
+                  const QString& serie = u"F001"_s, const QString& cliente = kEmpresa) {
+        m_base->Ejecuta(u"INSERT INTO TMPF518PDETCP VALUES (6,?,'P001',?,?,?,?,'10/10/2026','118')"_s,
+                        {cliente, delComprobante, tipo, serie, numero});
     }
     [[nodiscard]] static QString Texto(QWidget& forma, const char* campo) { return De<QLineEdit>(forma, campo).text(); }
     [[nodiscard]] QString Cuentas() const {
@@ -51,50 +53,82 @@ class VoucherDialogTest : public prueba::DetailTest {
 };
 
 TEST_F(VoucherDialogTest, RefusesInItsOrder) {
-    struct Paso {
-        QString teclas, mensaje, foco;
+    const QString fecha = u"MkeFecEmis"_s;
+    const QString monto = u"TxtMtoBase"_s;
+    const QString malaFecha = u"Debe ingresar una fecha válida."_s;
+    const QString futura = u"La fecha del comprobante de percepción no puede ser mayor a la fecha del sistema."_s;
+    const auto comunes = [&](const QString& boton) {
+        return QList<Paso>{
+            {{}, u"A1\r"_s, u"Ingrese el número del documento"_s, u"TxtNumero"_s},
+            {{}, u"0\r"_s, u"El número de comprobante de percepción no puede ser cero"_s, u"TxtNumero"_s},
+            {{}, u"\b1\r"_s, u"El número de serie debe ser numérico"_s, u"TxtSerie"_s},
+            {{}, u"\b\b1\r\r"_s, u"Debe ingresar la fecha de emisión."_s, fecha},
+            {{}, u"1510202"_s, malaFecha, fecha},
+            // These two are said on the way out of the field: the button isn't pressed.
+            {{},
+             u"6\b\b\b\b\b\b112026"_s,
+             u"La fecha del comprobante de percepción no es válida cuando es posterior al período 10/2026"_s,
+             fecha},
+            {{}, u"30092026"_s, u"La fecha del comprobante de percepción no puede ser anterior al 01/10/2026"_s, fecha},
+            {{}, u"21102026"_s, futura + u'\n' + futura, boton}, // and this one again at the button, the focus let go
+            {fecha, u"32102026"_s, futura + u'\n' + malaFecha, fecha},
+            {{}, u"20102026"_s, u"Ingrese el Monto cobrado"_s, monto},
+            {{}, u"."_s, u"Ingrese el Monto cobrado"_s, monto},
+            {{}, u"5"_s, u"Conteste si su cliente figura en el listado publicado por ZOLMA"_s, u"OptListado_0"_s}};
     };
-    const auto sube = [this](QWidget& forma, const QList<Paso>& pasos) {
-        for (const Paso& paso : pasos) {
-            Teclea(paso.teclas);
-            m_avisos.Espera(paso.mensaje);
-            Clic(forma, "CmdOpciones_0");
-            EXPECT_EQ(Foco(), paso.foco) << paso.mensaje.toStdString();
-        }
-    };
-    const QList<Paso> comunes = {
-        {u"A1\r"_s, u"Ingrese el número del documento"_s, u"TxtNumero"_s},
-        {u"0\r"_s, u"El número de comprobante de percepción no puede ser cero"_s, u"TxtNumero"_s},
-        {u"\b1\r"_s, u"El número de serie debe ser numérico"_s, u"TxtSerie"_s},
-        {u"\b\b1\r\r"_s, u"Debe ingresar la fecha de emisión."_s, u"MkeFecEmis"_s},
-        {u"1510202"_s, u"Debe ingresar una fecha válida."_s, u"MkeFecEmis"_s},
-    };
-    const auto ordinario = Nuevo();
-    sube(*ordinario, {{{}, u"Ingrese la serie"_s, u"TxtSerie"_s}});
-    sube(*ordinario, comunes);
-    Teclea(u"6\r"_s);
-    sube(*ordinario, {{{}, u"Ingrese el Monto cobrado"_s, u"TxtMtoBase"_s},
-                      {u"."_s, u"Ingrese el Monto cobrado"_s, u"TxtMtoBase"_s},
-                      {u"5"_s, u"Conteste si su cliente figura en el listado publicado por ZOLMA"_s, u"OptListado_0"_s},
-                      {u"n"_s, kFaltaPago, u"CmdOpciones_0"_s}});
-    EXPECT_EQ(Texto(*ordinario, "TxtSerie"), u"0001"_s);
-    ordinario->hide();
+    for (const QString& boton : {u"CmdOpciones_0"_s, u"CmdOpciones1_0"_s}) {
+        const auto ordinario = Nuevo();
+        Sube(*ordinario, boton, {{{}, {}, u"Ingrese la serie"_s, u"TxtSerie"_s}});
+        Sube(*ordinario, boton, comunes(boton));
+        if (boton == u"CmdOpciones_0"_s)
+            Sube(*ordinario, boton, {{{}, u"n"_s, kFaltaPago, boton}});
+        EXPECT_EQ(Texto(*ordinario, "TxtSerie"), u"0001"_s);
+    }
     const auto contado = Nuevo();
     Teclea(u"s"_s);
-    sube(*contado, {{{}, u"Ingrese el tipo de comprobante de pago"_s, u"CmbTipoCP"_s},
-                    {u"03"_s, u"Ingrese la serie"_s, u"TxtSerie"_s}});
-    sube(*contado, comunes);
+    Sube(*contado, u"CmdOpciones_0"_s,
+         {{{}, {}, u"Ingrese el tipo de comprobante de pago"_s, u"CmbTipoCP"_s},
+          {{}, u"03"_s, u"Ingrese la serie"_s, u"TxtSerie"_s}});
+    Sube(*contado, u"CmdOpciones_0"_s, comunes(u"CmdOpciones_0"_s));
 }
 
 TEST_F(VoucherDialogTest, KnowsTheKeyOfAStoredVoucher) {
+    const QString ya = u"La información ya ha sido registrada"_s;
+    const QString teclas = u"P001\r1\r15102026\r5\r"_s;
     MeteComprobante();
-    MetePago(u"1"_s, u"01"_s);
-    const auto otra = Nuevo();
-    Teclea(u"\rP001\r1\r15102026\r5\r"_s);
-    Clic(*otra, "OptListado_0");
-    m_avisos.Espera(u"La información ya ha sido registrada"_s);
-    Clic(*otra, "CmdOpciones1_0");
-    EXPECT_EQ(Texto(*otra, "TxtSerie"), u"P001"_s) << "a refusal loses nothing of what was typed";
+    MeteComprobante(u"03"_s);
+    const auto ordinario = Nuevo();
+    Teclea(u'\r' + teclas);
+    Clic(*ordinario, "OptListado_0");
+    Sube(*ordinario, u"CmdOpciones1_0"_s, {{{}, {}, ya, u"CmdOpciones1_0"_s}});
+    const auto contado = Nuevo();
+    Teclea(u"s\r03"_s + teclas);
+    Clic(*contado, "OptListado_0");
+    Sube(*contado, u"CmdOpciones_0"_s, {{{}, {}, ya, u"CmdOpciones_0"_s}});
+    EXPECT_EQ(Cuentas(), u"2 0"_s);
+}
+
+TEST_F(VoucherDialogTest, JudgesASeriesByTheDate) {
+    const QString letras = u"No se permite letras desde la segunda a la cuarta posición en el número de serie."_s;
+    const QString incompleta = u"Debe registrar correctamente el número de serie."_s;
+    const struct {
+        QString fecha, serie, mensaje;
+        Icono icono;
+    } casos[] = {
+        {u"18072010"_s, u"E001"_s, u"El número de serie debe ser numérico"_s, Icono::Critico},
+        {u"18072010"_s, u"0A01"_s, kFaltaPago, Icono::Critico},
+        {u"19072010"_s, u"E0A1"_s, letras, Icono::Exclamacion},
+        {u"19072010"_s, u"E01"_s, incompleta, Icono::Exclamacion},
+        {u"19072010"_s, u"E001"_s, kFaltaPago, Icono::Critico},
+    };
+    m_proceso.periodoDeclarado = u"201007"_s;
+    for (const auto& [fecha, serie, mensaje, icono] : casos) {
+        const auto forma = Nuevo();
+        Teclea(u'\r' + serie + u"\r1\r"_s + fecha + u"\r5\r"_s);
+        Clic(*forma, "OptListado_0");
+        const QString boton = u"CmdOpciones_0"_s;
+        Sube(*forma, boton, {{{}, {}, mensaje, mensaje == kFaltaPago ? boton : u"TxtSerie"_s, icono}});
+    }
 }
 
 /// After each click: which of the later questions are live (uppercase) and answered.
@@ -153,15 +187,6 @@ TEST_F(VoucherDialogTest, AmountsFollowTheAnswersAndTheDate) {
     EXPECT_EQ(monto.text(), u"999999999999.99"_s);
     monto.clear();
     EXPECT_EQ(Texto(*forma, "TxtPercepcion"), u" "_s);
-    auto& fecha = De<QLineEdit>(*forma, "MkeFecEmis");
-    fecha.setFocus();
-    m_avisos.Espera(u"La fecha del comprobante de percepción no puede ser anterior al 01/10/2026"_s);
-    Teclea(u"30092026\r"_s);
-    EXPECT_EQ(Foco(), u"MkeFecEmis"_s);
-    EXPECT_EQ(fecha.displayText(), u"30/09/2026"_s);
-    m_avisos.Espera(u"La fecha del comprobante de percepción no puede ser mayor a la fecha del sistema."_s);
-    Teclea(u"21102026\r"_s);
-    EXPECT_EQ(Foco(), u"TxtMtoBase"_s); // wanted: this one lets the focus go
 }
 
 TEST_F(VoucherDialogTest, TheTypeOfACashSaleAnswersForTheCredit) {
@@ -198,6 +223,46 @@ TEST_F(VoucherDialogTest, AStoredVoucherShowsNoRateUntilItsDateIsLeft) {
     EXPECT_FALSE(forma->isVisible());
 }
 
+TEST_F(VoucherDialogTest, AStoredCashSaleKeepsItsKind) {
+    MeteComprobante();
+    MeteComprobante(u"03"_s);
+    const auto forma = Modifica(u"03"_s);
+    EXPECT_TRUE(De<QRadioButton>(*forma, "OptVentaCont_1").isChecked());
+    for (const char* campo : {"OptVentaCont_0", "CmbTipoCP", "TxtSerie", "OptCpFact_0", "GrdDetPer", "CmdOpciones1_0"})
+        EXPECT_FALSE(De(*forma, campo).isEnabled()) << campo;
+    Teclea(u"16102026\r300\r"_s);
+    SinBase(*forma, u"CmdOpciones_0"_s);
+    Clic(*forma, "CmdOpciones_0");
+    EXPECT_EQ(m_base.Filas(u"SELECT tip_cp, fec_emision_cp, mto_base_p, mto_imp_p, por_tasa_p FROM TMPF518PDET"_s),
+              (QStringList{u"|15/10/2026|100.00|9.99|9"_s, u"03|16/10/2026|300.00|6.00|2.00"_s}));
+}
+
+/// Each of the others differs from it in one column of the key.
+TEST_F(VoucherDialogTest, DeletesThatPaymentVoucherAlone) {
+    const QString uno = u"00000001"_s;
+    MeteComprobante();
+    MetePago(u"7"_s, u"01"_s);
+    MetePago(u"8"_s, u"01"_s);
+    MetePago(u"7"_s, u"03"_s);
+    MetePago(u"7"_s, u"01"_s, uno, u"F002"_s);
+    MetePago(u"7"_s, u"01"_s, u"00000002"_s);
+    MetePago(u"7"_s, u"01"_s, uno, u"F001"_s, u"20991000004"_s);
+    const auto forma = Modifica();
+    const QString pregunta = u"¿Confirma que va a eliminar la información?"_s;
+    for (const Respuesta respuesta : {Respuesta::No, Respuesta::Si}) {
+        m_avisos.EsperaPregunta(pregunta, respuesta);
+        Clic(*forma, "CmdOpciones1_2");
+        EXPECT_EQ(m_avisos.Mostrados().last().preseleccionada, Respuesta::No);
+        EXPECT_EQ(Cuentas(), respuesta == Respuesta::No ? u"1 6"_s : u"1 5"_s);
+    }
+    EXPECT_TRUE(
+        m_base
+            .Filas(u"SELECT 1 FROM TMPF518PDETCP WHERE num_doc_per='"_s + kEmpresa +
+                   u"' AND num_cp='00000001' AND tip_doc_detcp='01' AND num_serie_detcp='F001' AND num_detcp=7"_s)
+            .isEmpty());
+    EXPECT_EQ(De<QLabel>(*forma, "lblNumTrab").text().right(1), u"3"_s);
+}
+
 TEST_F(VoucherDialogTest, AVoucherWithoutAnAnswerAboutCreditIsStoredWithoutRate) {
     MetePago(u"1"_s, u"01"_s);
     const auto forma = Nuevo();
@@ -216,7 +281,7 @@ TEST_F(VoucherDialogTest, AVoucherWithoutAnAnswerAboutCreditIsStoredWithoutRate)
 TEST_F(VoucherDialogTest, SweepsWhatItLeavesBehind) {
     struct Caso {
         const char* nombre;
-        QString modo;
+        QString modo, contado;
         bool registrado, conPago;
         QStringList preguntas; // each answered with its last letter
         bool cierra;
@@ -224,12 +289,16 @@ TEST_F(VoucherDialogTest, SweepsWhatItLeavesBehind) {
     };
     const QString sin = kSinComprobantes;
     const QList<Caso> casos = {
-        {"the same, refused", u"0"_s, false, true, {kGuardar + u'S'}, true, u"0 1"_s},
-        {"an empty one", u"0"_s, false, false, {sin + u'S'}, true, u"0 1"_s},
-        {"an empty one, to stay", u"0"_s, false, false, {sin + u'N'}, false, u"0 1"_s},
-        {"the key of another, with payments", u"0"_s, true, true, {kGuardar + u'N'}, true, u"1 2"_s},
-        {"a stored one emptied", u"1"_s, true, false, {sin + u'S'}, true, u"0 1"_s},
-        {"a stored one", u"1"_s, true, true, {kGuardar + u'N'}, true, u"1 2"_s},
+        {"the same, refused", u"0"_s, {}, false, true, {kGuardar + u'S'}, true, u"0 1"_s},
+        {"an empty one", u"0"_s, {}, false, false, {sin + u'S'}, true, u"0 1"_s},
+        {"an empty one, to stay", u"0"_s, {}, false, false, {sin + u'N'}, false, u"0 1"_s},
+        {"the key of another, with payments", u"0"_s, {}, true, true, {kGuardar + u'N'}, true, u"1 2"_s},
+        {"a stored one emptied", u"1"_s, {}, true, false, {sin + u'S'}, true, u"0 1"_s},
+        {"a stored one", u"1"_s, {}, true, true, {kGuardar + u'N'}, true, u"1 2"_s},
+        {"a cash sale, refused", u"0"_s, u"03"_s, false, true, {kGuardar + u'S'}, true, u"0 2"_s},
+        {"a cash sale", u"0"_s, u"03"_s, false, false, {kGuardar + u'N'}, true, u"0 1"_s},
+        {"the key of another cash sale", u"0"_s, u"03"_s, true, false, {}, true, u"1 1"_s},
+        {"a stored cash sale", u"1"_s, u"03"_s, true, false, {kGuardar + u'N'}, true, u"1 1"_s},
     };
     for (const Caso& caso : casos) {
         SCOPED_TRACE(caso.nombre);
@@ -237,9 +306,10 @@ TEST_F(VoucherDialogTest, SweepsWhatItLeavesBehind) {
         m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP"_s);
         MetePago(u"1"_s, u"01"_s, u"00000002"_s);
         if (caso.registrado)
-            MeteComprobante();
-        const auto forma = caso.modo == u"0" ? Nuevo() : Modifica();
-        Teclea(caso.modo == u"0" ? u"\rP001\r1\r"_s : u"1"_s);
+            MeteComprobante(caso.contado);
+        const auto forma = caso.modo == u"0" ? Nuevo() : Modifica(caso.contado);
+        const QString clase = caso.contado.isEmpty() ? u"\r"_s : u"s\r"_s + caso.contado;
+        Teclea(caso.modo == u"0" ? clase + u"P001\r1\r"_s : u"1"_s);
         if (caso.modo == u"1")
             De<QLineEdit>(*forma, "MkeFecEmis").setText(u"15/10/2026"_s);
         if (caso.conPago) {
@@ -251,7 +321,7 @@ TEST_F(VoucherDialogTest, SweepsWhatItLeavesBehind) {
         }
         for (const QString& pregunta : caso.preguntas)
             m_avisos.EsperaPregunta(pregunta.chopped(1), pregunta.endsWith(u'S') ? Respuesta::Si : Respuesta::No);
-        if (caso.quedan == u"0 1" && caso.preguntas.first() == kGuardar + u'S')
+        if (caso.preguntas.value(0) == kGuardar + u'S')
             m_avisos.Espera(u"El número de serie debe ser numérico"_s);
         Clic(*forma, "CmdOpciones_1");
         EXPECT_EQ(forma->isVisible(), !caso.cierra);

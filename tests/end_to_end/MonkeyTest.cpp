@@ -2,17 +2,14 @@
 #include "app/Configuration.h"
 #include "app/MDIFrm.h"
 #include "app/ModuleForms.h"
-#include "batch/Batch.h"
 #include "data/Process.h"
-#include "launcher/CommandLine.h"
+#include "end_to_end/SampleModule.h"
 #include "launcher/FrmConsola.h"
-#include "platform/Clock.h"
 #include "reports/ShowReport.h"
 #include "support/NoticeScript.h"
 
 #include <QAction>
 #include <QDir>
-#include <QTemporaryDir>
 #include <QTextStream>
 
 #include <gtest/gtest.h>
@@ -21,8 +18,6 @@ namespace xa518 {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-const QString kRuc = u"20990518018"_s;
 
 /// Answers at random.
 class AvisosAlAzar final : public Avisos {
@@ -52,21 +47,10 @@ void AnotaAviso(QtMsgType tipo, const QMessageLogContext& /*lugar*/, const QStri
     ADD_FAILURE() << "the toolkit complains: " << aviso.toStdString();
 }
 
-class MonkeyTest : public testing::Test {
+class MonkeyTest : public prueba::ModuloDeMuestra {
   protected:
     void SetUp() override {
-        qputenv("XDG_CONFIG_HOME", raiz.path().toLocal8Bit());
-        const QString importados = carpeta + u"/EJEMPLO"_s;
-        Consola({u"--instalar"_s, u"--carpeta"_s, carpeta, u"--ejemplo"_s});
-        for (const QString& periodo : {u"202609"_s, u"202610"_s})
-            Lote({u"declarar"_s, u"--ruc"_s, kRuc, u"--periodo"_s, periodo, u"--percepciones"_s, importados,
-                  u"--efectivo"_s, u"--hoy"_s, u"21/11/2026"_s});
-        Consola({u"--enviar"_s, kRuc, u"202609"_s});
-        Lote({u"imprimir"_s, u"--ruc"_s, kRuc, u"--periodo"_s, u"202610"_s, u"--pdf"_s, raiz.filePath(u"hoja.pdf"_s),
-              u"--hoy"_s, u"21/11/2026"_s}); // and so there is a report for the launcher to show
-        Lote({u"declarar"_s, u"--ruc"_s, kRuc, u"--periodo"_s, u"202609"_s, u"--percepciones"_s, importados,
-              u"--cheque"_s, u"17"_s, u"--banco"_s, u"02"_s, u"--rectifica"_s, u"--hoy"_s, u"21/11/2026"_s});
-        ASSERT_TRUE(fallas.isEmpty()) << fallas.toStdString();
+        ModuloDeMuestra::SetUp();
         anterior = qInstallMessageHandler(AnotaAviso);
     }
     void TearDown() override {
@@ -80,22 +64,7 @@ class MonkeyTest : public testing::Test {
         RecordProperty("pasos", mono.Pasos());
         QTextStream(stdout) << mono.Informe() << '\n';
     }
-    void Consola(const QStringList& orden) {
-        QTextStream errores(&fallas);
-        (void)EjecutaConsola(QStringList{u"consola"_s} + orden, nada, errores, entorno);
-    }
-    void Lote(const QStringList& orden) {
-        QTextStream errores(&fallas);
-        (void)EjecutaLote(QStringList{u"xa518-lote"_s} + orden, {PerfilCompartido(), nada, errores});
-    }
 
-    QTemporaryDir raiz;
-    QString carpeta{raiz.filePath(u"xa518"_s)};
-    RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
-    EntornoConsola entorno{reloj, raiz.filePath(kArchivoIni), carpeta, u"CONTADOR"_s};
-    QString fallas;
-    QString descartado;
-    QTextStream nada{&descartado};
     QtMessageHandler anterior = nullptr;
     prueba::Mono mono;
     AvisosAlAzar avisos{mono};

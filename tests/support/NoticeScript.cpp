@@ -35,6 +35,7 @@ std::optional<Respuesta> AvisosDePrueba::Atiende(const Mensaje& mensaje, bool es
     const Paso paso = m_guion.takeFirst();
     EXPECT_EQ(mensaje.texto, paso.mensaje.texto);
     EXPECT_EQ(esPregunta, paso.respuesta.has_value()) << mensaje.texto.toStdString();
+    EXPECT_TRUE(!esPregunta || mensaje.icono == Icono::Pregunta) << mensaje.texto.toStdString();
     if (!paso.soloTexto) {
         EXPECT_EQ(mensaje.icono, paso.mensaje.icono) << mensaje.texto.toStdString();
         EXPECT_EQ(mensaje.titulo, paso.mensaje.titulo) << mensaje.texto.toStdString();

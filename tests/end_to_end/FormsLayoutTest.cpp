@@ -1,0 +1,259 @@
+#include "Printers.h"
+#include "app/Configuration.h"
+#include "app/FrmAyuda.h"
+#include "app/FrmConsultas.h"
+#include "app/FrmContAbrir.h"
+#include "app/FrmContAbrirE.h"
+#include "app/MDIFrm.h"
+#include "app/ModuleForms.h"
+#include "app/frmAcercade.h"
+#include "declaration/FrmConsist.h"
+#include "detail/FrmAgePer.h"
+#include "detail/FrmDetAgePer.h"
+#include "detail/frmPerDet.h"
+#include "end_to_end/SampleModule.h"
+#include "import/frmTransferencia.h"
+#include "launcher/FrmConsola.h"
+#include "launcher/FrmDeclarante.h"
+#include "platform/StatusBar.h"
+#include "reports/ShowReport.h"
+#include "reports/frmImprimir.h"
+#include "reports/frmImpxPag.h"
+#include "reports/frmPreview.h"
+#include "support/Files.h"
+#include "support/FormDriver.h"
+#include "support/NoticeScript.h"
+
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QDir>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QTabBar>
+#include <QTabWidget>
+
+namespace xa518 {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// What is looked at of a form; the text tells which form, in which state.
+using Mirada = std::function<void(QWidget& forma)>;
+
+class FormsLayoutTest : public prueba::ModuloDeMuestra, public testing::WithParamInterface<int> {
+  protected:
+    void SetUp() override {
+        ModuloDeMuestra::SetUp();
+        QFont letra = m_letra;
+        letra.setPointSizeF(m_letra.pointSizeF() * GetParam() / 100);
+        QApplication::setFont(letra);
+    }
+    void TearDown() override {
+        QApplication::setFont(m_letra);
+        QDir::setCurrent(QDir::rootPath());
+    }
+
+    /// Opens each form of both programs, and each of its pages.
+    void EnCadaForma(const Mirada& mira) {
+        MDIFrm principal(proceso, avisos, PerfilCompartido(), FormasDelModulo(proceso, avisos));
+        ASSERT_TRUE(principal.Carga());
+        Ve(principal, u"main"_s, mira);
+        for (const int opcion : {kModificar, kEliminar}) {
+            proceso.opcion = opcion;
+            Ve(FrmContAbrir(lugar), u"registered"_s, mira);
+            Ve(FrmContAbrirE(lugar), u"sent"_s, mira);
+        }
+        EnElDetalle(mira);
+        EnLosInformes(mira);
+        proceso.tipoConsulta = u"B"_s;
+        Ve(FrmConsultas(proceso), u"banks"_s, mira);
+        Ve(frmAcercade(), u"about"_s, mira);
+        Ve(FrmAyuda(QStringLiteral(XA518_AYUDA)), u"help"_s, mira);
+        Ve(FrmConsola(entorno, avisos, {}), u"launcher"_s, mira);
+        for (const QString& ruc : {QString(), kRuc})
+            Ve(FrmDeclarante(avisos, {ruc, {}, {}}, {u"CONTADOR"_s}, {}, nullptr), u"declarant"_s, mira);
+    }
+
+  private:
+    void EnElDetalle(const Mirada& mira) {
+        proceso.opcion = kModificar;
+        proceso.enviadas = true;
+        proceso.correl = u"1"_s;
+        Ve(Frm518(proceso, avisos, barra, {}, {kRuc, u"DEMO"_s, u"092026"_s, u"0"_s, u"00000017"_s}), u"sent"_s, mira);
+        proceso.enviadas = false;
+        Ve(Frm518(proceso, avisos, barra, {}, {kRuc, u"DEMO"_s, u"102026"_s, {}, {}}), u"registered"_s, mira);
+        proceso.docDeclarante = kRuc;
+        for (const FilaCliente& fila : {FilaCliente{u"6"_s, kEmpresa, u"EMPRESA"_s, {}, {}, {}},
+                                        FilaCliente{u"1"_s, u"45678901"_s, {}, u"ROJAS"_s, u"LUNA"_s, u"ANA"_s}}) {
+            proceso.opcionDetalle = u"1"_s;
+            Ve(FrmAgePer(proceso, avisos, u"10/2026"_s, fila), u"client"_s, mira);
+        }
+        const ClaveComprobante clave{{6, kEmpresa}, u"P001"_s, u"00000001"_s, {}};
+        for (const QString& modo : {u"0"_s, u"1"_s}) {
+            proceso.opcionDetalle = proceso.modoDetalle = proceso.modoPago = modo;
+            Ve(FrmDetAgePer(proceso, avisos, {clave, {}}), u"voucher"_s, mira);
+            Ve(frmPerDet(proceso, avisos, {{clave, u"01"_s, {}, {}}, {}, {}}, u"1"_s), u"payment"_s, mira);
+        }
+        Ve(FrmAgePer(proceso, avisos, u"10/2026"_s, {}), u"new"_s, mira);
+        Ve(frmTransferencia(proceso, avisos, {PerfilCompartido(), {}, {}, {}}), u"import"_s, mira);
+        proceso.opcion = kNueva;
+        Ve(Frm518(proceso, avisos, barra, {}, {}), u"new"_s, mira);
+        proceso.rutaMens = raiz.filePath(u"Mens.txt"_s);
+        prueba::EscribeEn(proceso.rutaMens, "Indique la forma de pago.\n");
+        Ve(FrmConsist(proceso), u"faults"_s, mira);
+    }
+    void EnLosInformes(const Mirada& mira) {
+        const EntornoInformes informes = EntornoDeInformes(proceso, avisos);
+        const QString archivo = QDir(proceso.rutaRPT).entryList({u"*.PRN"_s}, QDir::Files).value(0);
+        ASSERT_FALSE(archivo.isEmpty());
+        Ve(frmImprimir(proceso, informes, barra), u"print"_s, mira);
+        Ve(frmImpxPag(informes, {archivo, {}, {}}, {120, u"Páginas"_s}), u"pages"_s, mira);
+        Ve(frmPreview(informes, {archivo, {}, {}}), u"preview"_s, mira);
+    }
+    void Ve(QWidget&& forma, const QString& estado, const Mirada& mira) { Ve(forma, estado, mira); }
+    void Ve(QWidget& forma, const QString& estado, const Mirada& mira) {
+        prueba::Muestra(forma);
+        auto* fichas = forma.findChild<QTabWidget*>();
+        const int paginas = fichas && proceso.opcion != kNueva ? fichas->count() : 1;
+        for (int i = 0; i < paginas; ++i) {
+            if (fichas)
+                fichas->setCurrentIndex(i);
+            QTest::qWait(0);
+            SCOPED_TRACE(forma.objectName().toStdString() + ' ' + estado.toStdString() + ' ' + std::to_string(i));
+            mira(forma);
+        }
+    }
+
+    const QFont m_letra = QApplication::font();
+    const QString kEmpresa = u"20500000008"_s;
+
+  protected:
+    Proceso proceso{reloj};
+    AvisosDePrueba avisos;
+    BarradeEstadoQMD barra;
+    Dialogos dialogos;
+    Entorno lugar{proceso, avisos, barra, dialogos};
+};
+
+/// Controls that have a place of their own; not those within a list, a grid or the like.
+QList<QWidget*> Controles(const QWidget& forma) {
+    QList<QWidget*> controles;
+    for (QWidget* control : forma.findChildren<QWidget*>()) {
+        bool interno = false;
+        for (const QWidget* padre = control->parentWidget(); padre && padre != &forma; padre = padre->parentWidget())
+            interno = interno || qobject_cast<const QAbstractScrollArea*>(padre) ||
+                      qobject_cast<const QComboBox*>(padre) || qobject_cast<const QAbstractSpinBox*>(padre) ||
+                      qobject_cast<const QTabBar*>(padre);
+        if (!interno && control->isVisible() && control->window() == &forma)
+            controles.append(control);
+    }
+    return controles;
+}
+
+QRect Sitio(const QWidget& forma, const QWidget& control) {
+    return {control.mapTo(&forma, QPoint()), control.size()};
+}
+
+/// From left to right and from the top down; up again only into a column further right.
+bool SeLeeDespues(const QRect& uno, const QRect& otro) {
+    const bool mismaFila = uno.top() < otro.center().y() && otro.center().y() < uno.bottom();
+    return otro.top() > uno.top() ? !mismaFila || otro.left() > uno.left() : otro.left() > uno.right();
+}
+
+/// The options of a question count as one: Tab goes to one of them, the arrows to the others.
+const QObject* Parada(const QWidget& control) {
+    const auto* opcion = qobject_cast<const QRadioButton*>(&control);
+    const QObject* grupo = opcion ? opcion->group() : nullptr;
+    return grupo ? grupo : opcion ? control.parentWidget() : &control;
+}
+
+TEST_P(FormsLayoutTest, TabReachesEverythingAsAPersonReads) {
+    EnCadaForma([](QWidget& forma) {
+        QMap<const QObject*, QString> quedan;
+        for (const QWidget* control : Controles(forma)) {
+            if (control->isEnabled() && !control->focusProxy() && (control->focusPolicy() & Qt::TabFocus))
+                quedan.insert(Parada(*control), control->objectName());
+        }
+        const qsizetype vuelta = quedan.size();
+        const QWidget* antes = QApplication::focusWidget();
+        QString camino;
+        int saltos = 0;
+        for (qsizetype i = 0; antes && i < vuelta; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            const QWidget* control = QApplication::focusWidget();
+            quedan.remove(Parada(*control));
+            const bool bien = SeLeeDespues(Sitio(forma, *antes), Sitio(forma, *control));
+            camino += (bien ? u" "_s : u" <- "_s) + control->objectName();
+            saltos += bien ? 0 : 1;
+            antes = control;
+        }
+        EXPECT_EQ(quedan.values().join(u' '), QString()) << "Tab passes these over:" << camino.toStdString();
+        EXPECT_LE(saltos, 1) << "only from the end to the beginning:" << camino.toStdString();
+    });
+}
+
+/// The room that a control's text takes.
+QSize Necesita(const QWidget& control) {
+    if (const auto* rotulo = qobject_cast<const QLabel*>(&control)) {
+        if (rotulo->wordWrap())
+            return {0, rotulo->heightForWidth(rotulo->width())};
+        const bool sinMedida = rotulo->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored; // a path of any length
+        return rotulo->text().isEmpty() || sinMedida ? QSize() : rotulo->sizeHint();
+    }
+    if (qobject_cast<const QAbstractButton*>(&control) || qobject_cast<const QTabBar*>(&control) ||
+        qobject_cast<const QAbstractSpinBox*>(&control))
+        return control.sizeHint();
+    if (const auto* campo = qobject_cast<const QLineEdit*>(&control)) {
+        const QString texto =
+            campo->inputMask().isEmpty() ? QString() : u"00/00/0000"_s.left(campo->displayText().size());
+        return {campo->fontMetrics().horizontalAdvance(texto), campo->sizeHint().height()};
+    }
+    const bool conTitulo = qobject_cast<const QGroupBox*>(&control) != nullptr;
+    return {conTitulo ? control.minimumSizeHint().width() : 0, 0};
+}
+
+/// What is cut off in a form, each with the room that it has and that it needs.
+QString Cortados(const QWidget& forma) {
+    QString cortados;
+    for (const QWidget* control : Controles(forma)) {
+        const QSize pide = Necesita(*control);
+        const QSize tiene = control->size();
+        if (pide.expandedTo(tiene) != tiene || !control->parentWidget()->rect().contains(control->geometry()))
+            cortados += u" %1 (%2x%3, needs %4x%5)"_s.arg(control->objectName())
+                            .arg(tiene.width())
+                            .arg(tiene.height())
+                            .arg(pide.width())
+                            .arg(pide.height());
+    }
+    for (const auto* titulos : forma.findChildren<QHeaderView*>()) {
+        for (int i = 0; i < titulos->count() && titulos->isVisible(); ++i) {
+            if (titulos->sectionSize(i) < titulos->sectionSizeHint(i))
+                cortados += u" column %1 of %2"_s.arg(i).arg(titulos->parent()->objectName());
+        }
+    }
+    return cortados;
+}
+
+TEST_P(FormsLayoutTest, NothingIsCutOff) {
+    EnCadaForma([](QWidget& forma) {
+        EXPECT_LE(forma.width(), 1920 * GetParam() / 150);
+        EXPECT_LE(forma.height(), 1080 * GetParam() / 150);
+        EXPECT_EQ(Cortados(forma), QString()) << "as it opens";
+        const QSize abierta = forma.size();
+        forma.resize(forma.minimumSize().expandedTo(forma.minimumSizeHint()));
+        QTest::qWait(0);
+        EXPECT_EQ(Cortados(forma), QString()) << "as small as it goes";
+        forma.resize(abierta);
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(AtScale, FormsLayoutTest, testing::Values(100, 150));
+
+} // namespace
+} // namespace xa518
