@@ -99,8 +99,10 @@ void Frm518::Graba() {
     if (!m_proceso.enviadas && !IdentificacionVale())
         return;
     LeePaginas();
-    if (!Acata(RechazaRucDeOcho(m_declaracion.clave.ruc)))
+    if (const Veredicto largo = RechazaRucDeOcho(m_declaracion.clave.ruc); !largo) {
+        m_avisos.Muestra(*largo.mensaje);
         return;
+    }
     if (m_proceso.enviadas)
         RegistraOrden();
     else
