@@ -13,15 +13,14 @@
 #include "platform/Clock.h"
 #include "values/Text.h"
 
-#include <QFile>
-
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-void Abre(QFile& archivo) {
+void Abre(QFile& archivo, const QString& ruta) {
+    archivo.setFileName(ruta);
     if (!archivo.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         throw Error(NumeroError::AccesoAlDisco, u"No se puede leer el archivo: %1"_s.arg(archivo.errorString()));
 }
@@ -61,8 +60,7 @@ Transferencia::Transferencia(Proceso& proceso, const FormatoImportacion& formato
 
 ResultadoImportacion Transferencia::Revisa() {
     try {
-        QFile archivo(BuscaArchivo(m_carpeta, m_resultado.archivo));
-        (void)EsApto(archivo);
+        (void)EsApto();
     } catch (const Error& error) {
         Falla(error);
     }
@@ -71,7 +69,8 @@ ResultadoImportacion Transferencia::Revisa() {
 
 ResultadoImportacion Transferencia::Corre(ObservadorImportacion& observador, const AlEmpezar& alEmpezar) {
     try {
-        Transfiere(observador, alEmpezar);
+        if (EsApto())
+            ImportaLineas(observador, alEmpezar);
     } catch (const Error& error) {
         Falla(error);
     }
@@ -81,30 +80,24 @@ ResultadoImportacion Transferencia::Corre(ObservadorImportacion& observador, con
     return m_resultado;
 }
 
-bool Transferencia::EsApto(QFile& archivo) {
-    Abre(archivo);
-    m_revision = RevisaArchivo(archivo, m_formato.Campos());
+bool Transferencia::EsApto() {
+    Abre(m_archivo, BuscaArchivo(m_carpeta, m_resultado.archivo));
+    m_revision = RevisaArchivo(m_archivo, m_formato.Campos());
     if (m_revision.defecto == Defecto::Ninguno)
         return true;
     m_resultado.fin = FinImportacion::Rechazada;
-    m_resultado.sinCampos = m_revision.defecto == Defecto::Separadores;
+    m_resultado.defecto = m_revision.defecto;
     m_resultado.mensaje = MensajeDe(m_revision.defecto);
     return false;
 }
 
-void Transferencia::Transfiere(ObservadorImportacion& observador, const AlEmpezar& alEmpezar) {
-    QFile archivo(BuscaArchivo(m_carpeta, m_resultado.archivo));
-    if (EsApto(archivo))
-        ImportaLineas(archivo, observador, alEmpezar);
-}
-
-void Transferencia::ImportaLineas(QFile& archivo, ObservadorImportacion& observador, const AlEmpezar& alEmpezar) {
+void Transferencia::ImportaLineas(ObservadorImportacion& observador, const AlEmpezar& alEmpezar) {
     Lotes lotes(*m_proceso.baseDatos, m_opciones.prueba);
     try {
         lotes.Empieza();
         if (alEmpezar)
             alEmpezar();
-        RecorreLineas(archivo, observador, lotes);
+        RecorreLineas(observador, lotes);
     } catch (const Error&) {
         ConservaLoEscrito(lotes);
         throw;
@@ -112,11 +105,11 @@ void Transferencia::ImportaLineas(QFile& archivo, ObservadorImportacion& observa
     lotes.Cierra();
 }
 
-void Transferencia::RecorreLineas(QFile& archivo, ObservadorImportacion& observador, Lotes& lotes) {
+void Transferencia::RecorreLineas(ObservadorImportacion& observador, Lotes& lotes) {
     const std::unique_ptr<Almacen> almacen = m_formato.almacen(m_proceso);
     if (m_formato.tipos)
         m_contexto.ventas = m_formato.tipos(*m_proceso.baseDatos);
-    LectorLineas lector(archivo);
+    LectorLineas lector(m_archivo);
     while (LeeLinea(lector)) {
         if (!observador.Sigue(
                 {m_resultado.transferidos, m_resultado.rechazados, lector.BytesLeidos(), m_revision.bytes})) {
@@ -184,7 +177,11 @@ void Transferencia::Falla(const Error& error) {
     m_resultado.mensaje = Errores_Transferencia(error);
 }
 
+/// Wanted: a file that is refused for a line without its final separator stays open behind the run. Closed here, it could
+/// be replaced, where open files can't, under a window that still tells of it.
 void Transferencia::Cierra() {
+    if (m_revision.defecto != Defecto::SinSeparadorFinal)
+        m_archivo.close();
     if (m_log.LogEmpezado())
         m_resultado.rutaLog = m_log.RutaLog();
     if (m_log.ErrEmpezado())

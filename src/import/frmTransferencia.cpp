@@ -82,8 +82,10 @@ void frmTransferencia::PonEtiquetasEnReposo() {
 /// In the middle of a run it only tells the run to end: the next line doesn't come, and then the dialog closes.
 void frmTransferencia::Salir() {
     m_cancelarRun = true;
-    if (!m_enProceso)
-        Termina();
+    if (m_corriendo)
+        return;
+    m_enProceso.reset();
+    Termina();
 }
 
 /// Wanted: every press counts as a run here, also one that stopped at once, so that the second one asks.
@@ -112,23 +114,29 @@ void frmTransferencia::Procesa(bool prueba) {
 
 ResultadoImportacion frmTransferencia::CorreTransferencia(bool prueba) {
     const RelojDeArena reloj;
-    PonEnProceso(true);
-    const auto fin = qScopeGuard([this] { PonEnProceso(false); });
+    PonCorriendo(true);
+    const auto fin = qScopeGuard([this] { PonCorriendo(false); });
     m_ritmo.start();
-    return Transferencia(m_proceso, Formato(), m_rutaArchivos, {prueba, NuevaPlanilla()}).Corre(*this);
+    m_enProceso.reset(); // with a file that an earlier run has left open
+    m_enProceso = std::make_unique<Transferencia>(m_proceso, Formato(), m_rutaArchivos,
+                                                  OpcionesImportacion{prueba, NuevaPlanilla()});
+    const ResultadoImportacion resultado = m_enProceso->Corre(*this);
+    if (!m_enProceso->TieneAbierto())
+        m_enProceso.reset();
+    return resultado;
 }
 
 /// Nothing but the way out answers while a run is going.
-void frmTransferencia::PonEnProceso(bool enProceso) {
-    m_enProceso = enProceso;
-    if (enProceso)
+void frmTransferencia::PonCorriendo(bool corriendo) {
+    m_corriendo = corriendo;
+    if (corriendo)
         m_ui->cmCancelar->setFocus();
     for (QWidget* control :
          std::initializer_list<QWidget*>{m_ui->OptTipo_0, m_ui->OptTipo_1, m_ui->Drive1, m_ui->TxtCarpeta,
                                          m_ui->DirDirectorio, m_ui->flListaFiles, m_ui->cmdProbar, m_ui->cmdTransferir})
-        control->setEnabled(!enProceso);
+        control->setEnabled(!corriendo);
     m_ui->cmdGuardarErrores->setEnabled(false);
-    setAcceptDrops(!enProceso);
+    setAcceptDrops(!corriendo);
 }
 
 bool frmTransferencia::Sigue(const AvanceImportacion& avance) {
@@ -151,7 +159,7 @@ void frmTransferencia::MuestraAvance(const AvanceImportacion& avance) {
 /// refused for its fields puts them back.
 void frmTransferencia::MuestraFin(const ResultadoImportacion& resultado) {
     if (resultado.fin == FinImportacion::Rechazada) {
-        if (resultado.sinCampos)
+        if (resultado.defecto == Defecto::Separadores)
             PonEtiquetasEnReposo();
         return;
     }
