@@ -177,8 +177,8 @@ void Transferencia::Falla(const Error& error) {
     m_resultado.mensaje = Errores_Transferencia(error);
 }
 
-/// Wanted: a file that is refused for a line without its final separator stays open behind the run. Closed here, it could
-/// be replaced, where open files can't, under a window that still tells of it.
+/// Wanted: a file that is refused for a line without its final separator stays open behind the run. Closed here, it
+/// could be replaced, where open files can't, under a window that still tells of it.
 void Transferencia::Cierra() {
     if (m_revision.defecto != Defecto::SinSeparadorFinal)
         m_archivo.close();
