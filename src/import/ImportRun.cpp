@@ -151,14 +151,21 @@ void Transferencia::AnotaEnPlanilla(QByteArrayView bytes, const Refutacion& refu
                       .campo = {},
                       .valor = {},
                       .codigo = refutacion.codigo,
-                      .motivo = MotivoDe(*m_proceso.baseDatos, refutacion.codigo),
+                      .motivo = Motivo(refutacion.codigo),
                       .archivo = m_resultado.archivo};
     if (refutacion.campo >= 0) {
-        const QString linea = Decodifica(bytes, m_revision.codificacion);
         fila.campo = NombreDeCampo(static_cast<Campo>(refutacion.campo));
-        fila.valor = Recorta(linea.section(u'|', refutacion.campo, refutacion.campo)).toString();
+        fila.valor = Recorta(Decodifica(TrozoDeCampo(bytes, refutacion.campo), m_revision.codificacion)).toString();
     }
     m_opciones.planilla->Anota(fila);
+}
+
+/// Read once in a run: a month may be refused whole, line by line for the same reason.
+const QString& Transferencia::Motivo(Codigo codigo) {
+    QString& motivo = m_motivos[codigo];
+    if (motivo.isEmpty())
+        motivo = MotivoDe(*m_proceso.baseDatos, codigo);
+    return motivo;
 }
 
 /// Wanted: over the whole work tables, and also after a cancel or a failure.

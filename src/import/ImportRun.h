@@ -10,6 +10,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <map>
 #include <optional>
 
 namespace xa518 {
@@ -95,6 +96,7 @@ class Transferencia {
     void ImportaLinea(QByteArrayView bytes, Almacen& almacen);
     void Rechaza(QByteArrayView bytes, const Refutacion& refutacion);
     void AnotaEnPlanilla(QByteArrayView bytes, const Refutacion& refutacion);
+    [[nodiscard]] const QString& Motivo(Codigo codigo);
     void CalcularTot();
     void Falla(const Error& error);
     void Cierra();
@@ -112,6 +114,7 @@ class Transferencia {
     qint64 m_numeroLinea = 0; ///< of the current line, from 1
     QStringList m_campos;     ///< of the current line, as taken
     LineaComprobada m_linea;
+    std::map<Codigo, QString> m_motivos; ///< of the codes met so far
 };
 
 } // namespace xa518
