@@ -37,14 +37,6 @@ bool LeeLinea(LectorLineas& lector) {
     return lectura == LectorLineas::Lectura::Linea;
 }
 
-/// After an error: it is the error that the user must hear of, not that what it has left can't be kept either.
-void ConservaLoEscrito(Lotes& lotes) {
-    try {
-        lotes.Cierra();
-    } catch (const Error&) { // NOLINT(bugprone-empty-catch)
-    }
-}
-
 } // namespace
 
 Transferencia::Transferencia(Proceso& proceso, const FormatoImportacion& formato, QString carpeta,
@@ -92,17 +84,24 @@ bool Transferencia::EsApto() {
 }
 
 void Transferencia::ImportaLineas(ObservadorImportacion& observador, const AlEmpezar& alEmpezar) {
-    Lotes lotes(*m_proceso.baseDatos, m_opciones.prueba);
+    Lotes lotes(*m_proceso.baseDatos, m_opciones.prueba, m_resultado.transferidos);
     try {
         lotes.Empieza();
         if (alEmpezar)
             alEmpezar();
         RecorreLineas(observador, lotes);
+        lotes.Cierra();
     } catch (const Error&) {
-        ConservaLoEscrito(lotes);
+        if (!lotes.Conserva())
+            Pierde(m_resultado.transferidos - lotes.Conservadas());
         throw;
     }
-    lotes.Cierra();
+}
+
+/// Lines whose rows are gone aren't claimed.
+void Transferencia::Pierde(qint64 lineas) {
+    m_resultado.transferidos -= lineas;
+    m_resultado.noConservado.append(NoSeConservaron(lineas, m_resultado.transferidos));
 }
 
 void Transferencia::RecorreLineas(ObservadorImportacion& observador, Lotes& lotes) {
@@ -193,7 +192,8 @@ void Transferencia::Cierra() {
         m_resultado.rutaLog = m_log.RutaLog();
     if (m_log.ErrEmpezado())
         m_resultado.rutaErr = m_log.RutaErr();
-    m_resultado.fallaDelLog = m_log.Falla();
+    if (!m_log.Falla().isEmpty())
+        m_resultado.noConservado.append(m_log.Falla());
     if (m_resultado.fin == FinImportacion::Completa)
         m_resultado.mensaje = MensajeFinal();
 }

@@ -57,9 +57,9 @@ struct ResultadoImportacion {
     int numeroError = 0;                ///< of a failed run
     Defecto defecto = Defecto::Ninguno; ///< of a file that was refused whole
     QString archivo;                    ///< bare name of the import file
-    QString rutaLog;     ///< of the refused lines; empty when this run has written none, as a trial never does
-    QString rutaErr;     ///< of the error list, likewise
-    QString fallaDelLog; ///< why refused lines may be missing from the two; empty when all were written
+    QString rutaLog;          ///< of the refused lines; empty when this run has written none, as a trial never does
+    QString rutaErr;          ///< of the error list, likewise
+    QStringList noConservado; ///< a sentence for each kind of lines that could not be kept: transferred, or refused
 };
 
 /// How a run differs from the plain one.
@@ -69,7 +69,8 @@ struct OpcionesImportacion {
 };
 
 /// One run over one import file: every line is checked and what passes is added to the work tables, whose totals are
-/// brought up to date at the end. What was written before a cancel or an error stays. An object serves one run.
+/// brought up to date at the end. What was written before a cancel or an error stays; the last of it may be lost when
+/// it is the base's disk that fails. An object serves one run.
 class Transferencia {
   public:
     Transferencia(Proceso& proceso, const FormatoImportacion& formato, QString carpeta,
@@ -93,6 +94,7 @@ class Transferencia {
     [[nodiscard]] bool EsApto();
     void ImportaLineas(ObservadorImportacion& observador, const AlEmpezar& alEmpezar);
     void RecorreLineas(ObservadorImportacion& observador, Lotes& lotes);
+    void Pierde(qint64 lineas);
     void ImportaLinea(QByteArrayView bytes, Almacen& almacen);
     void Rechaza(QByteArrayView bytes, const Refutacion& refutacion);
     void AnotaEnPlanilla(QByteArrayView bytes, const Refutacion& refutacion);

@@ -101,8 +101,10 @@ void frmTransferencia::Procesa(bool prueba) {
     m_cancelarRun = false;
     const ResultadoImportacion resultado = CorreTransferencia(prueba);
     RecuerdaCarpeta();
-    if (m_cancelarRun) {
+    if (m_cancelarRun) { // ends without a word, unless something could not be kept
         CuentaLoPerdido(resultado);
+        if (resultado.fin == FinImportacion::Fallida)
+            m_avisos.Muestra(*resultado.mensaje);
         return Termina();
     }
     m_archivo = resultado.archivo;
@@ -163,7 +165,7 @@ void frmTransferencia::MuestraFin(const ResultadoImportacion& resultado) {
             PonEtiquetasEnReposo();
         return;
     }
-    const bool nada = resultado.transferidos + resultado.rechazados == 0;
+    const bool nada = resultado.transferidos + resultado.rechazados == 0 && resultado.noConservado.isEmpty();
     if (resultado.fin == FinImportacion::Fallida && nada)
         return;
     MuestraAvance({resultado.transferidos, resultado.rechazados, 0, 0});
@@ -172,17 +174,13 @@ void frmTransferencia::MuestraFin(const ResultadoImportacion& resultado) {
     m_ui->cmdGuardarErrores->setEnabled(m_planilla && resultado.rechazados > 0);
 }
 
-/// A run that was cancelled ends without a word, unless something of it could not be kept.
 void frmTransferencia::CuentaLoPerdido(const ResultadoImportacion& resultado) {
-    if (!resultado.fallaDelLog.isEmpty())
-        m_avisos.Muestra({Icono::Exclamacion, resultado.fallaDelLog, {}});
-    if (resultado.fin == FinImportacion::Fallida && resultado.mensaje)
-        m_avisos.Muestra(*resultado.mensaje);
+    for (const QString& perdido : resultado.noConservado)
+        m_avisos.Muestra({Icono::Exclamacion, perdido, {}});
 }
 
 void frmTransferencia::CuentaElFin(const ResultadoImportacion& resultado, bool prueba) {
-    if (!resultado.fallaDelLog.isEmpty())
-        m_avisos.Muestra({Icono::Exclamacion, resultado.fallaDelLog, {}});
+    CuentaLoPerdido(resultado);
     const bool conRechazos = resultado.fin == FinImportacion::Completa && resultado.rechazados > 0;
     if (prueba || !conRechazos)
         return m_avisos.Muestra(*resultado.mensaje);

@@ -137,13 +137,21 @@ TEST(ImportRun, AFailureOfTheTotalsIsTold) {
     EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 1));
 }
 
-TEST(ImportRun, ManyLinesInSeveralBatches) {
+/// The engine undoes the batch in which the disk fills up, and only that one.
+TEST(ImportRun, AFullDiskIsToldWithWhatIsKept) {
     Escenario escenario;
-    qint64 ultimo = 0;
-    escenario.Escribe(Muchas(6000));
-    EXPECT_EQ(escenario.Corre([&](int hechas) { return (ultimo = hechas) >= 0; }).transferidos, 6000);
-    EXPECT_EQ(ultimo, 5999);
-    EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 6000, 6000));
+    escenario.Escribe(Muchas(10'500));
+    const ResultadoImportacion resultado = escenario.Corre([&](int hechas) {
+        if (hechas == 10'200)
+            (void)escenario.proceso.baseDatos->Lee(u"PRAGMA max_page_count=1"_s).Siguiente();
+        return true;
+    });
+    EXPECT_EQ(resultado.fin, FinImportacion::Fallida);
+    EXPECT_TRUE(Texto(resultado).startsWith(u"El disco está lleno."_s)) << Texto(resultado).toStdString();
+    EXPECT_EQ(resultado.transferidos, 10'000);
+    EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 10'000, 10'000));
+    ASSERT_EQ(resultado.noConservado.size(), 1);
+    EXPECT_TRUE(resultado.noConservado.first().endsWith(u"Se conservan: 10000."_s));
 }
 
 TEST(ImportRun, ATrialChecksEverythingAndKeepsNothing) {
@@ -193,7 +201,7 @@ TEST(ImportRun, AFolderThatVanishesLeavesTheRunItsFile) {
     EXPECT_EQ(resultado.fin, FinImportacion::Completa);
     EXPECT_EQ(resultado.transferidos, 3);
     EXPECT_EQ(resultado.rechazados, 1);
-    EXPECT_TRUE(resultado.fallaDelLog.contains(carpeta)) << resultado.fallaDelLog.toStdString();
+    EXPECT_TRUE(resultado.noConservado.join(u' ').contains(carpeta));
 }
 
 } // namespace
