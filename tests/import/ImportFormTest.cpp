@@ -213,6 +213,8 @@ TEST_F(ImportForm, AFileWithoutItsFinalSeparatorStaysOpenUntilTheNextRunOrTheWay
     Pulsa("cmCancelar");
     EXPECT_FALSE(m_forma->isVisible());
     EXPECT_FALSE(estaAbierto());
+    Abre(); // the last folder is remembered
+    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), m_escenario.base.Carpeta());
 }
 
 TEST_F(ImportForm, TheWayOutEndsARunWithinALine) {
@@ -232,16 +234,6 @@ TEST_F(ImportForm, TheWayOutEndsARunWithinALine) {
     EXPECT_THAT(
         m_escenario.Filas(u"SELECT mto_base_p * 1 = 100.5 * "_s + QString::number(filas) + u" FROM TMPF518PCAB"_s),
         ElementsAre(u"1"_s));
-}
-
-TEST_F(ImportForm, TheLastFolderIsRemembered) {
-    m_escenario.Escribe("");
-    const QString carpeta = m_escenario.base.Carpeta();
-    TecleaCarpeta(carpeta);
-    m_avisos.Espera({Icono::Informacion, u"Archivo : 051820990518018202610.TXT transferido"_s, u"Mensaje"_s});
-    Pulsa("cmdTransferir");
-    Abre();
-    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), carpeta);
 }
 
 } // namespace
