@@ -112,17 +112,18 @@ struct Comparada {
 Comparada Informa(const Tamanio& tamanio) {
     const Medida suelo = MideSuelo(tamanio);
     const Medida importacion = MideImportacion(tamanio);
-    std::printf("%9d %9.2f %9.2f %8.2fx %9.2f %9.2f %8.2fx %9.1f %9.0f\n", tamanio.lineas, suelo.segundos,
+    std::printf("%9d %9.2f %9.2f %8.2fx %9.2f %9.2f %8.2fx %9.1f %9.0f %10ld\n", tamanio.lineas, suelo.segundos,
                 importacion.segundos, importacion.segundos / suelo.segundos, suelo.procesador, importacion.procesador,
                 importacion.procesador / suelo.procesador, importacion.segundos / tamanio.lineas * 1e6,
-                static_cast<double>(importacion.memoriaKb) / 1024);
+                static_cast<double>(importacion.memoriaKb) / 1024, importacion.escritos >> 20);
     std::fflush(stdout);
     return {importacion, importacion.segundos / suelo.segundos};
 }
 
 void ComparaTamanios(Orden orden) {
-    std::printf("%s\n    lines   floor s  import s    ratio floor cpu import cpu   ratio   us/line   peak MB\n",
-                orden == Orden::Emision ? "In the order of issue, clients scattered" : "Client after client");
+    std::printf(
+        "%s\n    lines   floor s  import s    ratio floor cpu import cpu   ratio   us/line   peak MB written MB\n",
+        orden == Orden::Emision ? "In the order of issue, clients scattered" : "Client after client");
     const Comparada menor = Informa({100'000, 20'000, 50'000, orden});
     const Comparada mayor = Informa({1'000'000, 200'000, 500'000, orden});
     const bool seguidos = orden == Orden::Cliente;

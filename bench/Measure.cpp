@@ -15,11 +15,11 @@ namespace xa518::medida {
 
 namespace {
 
-long PicoDeMemoria() {
-    std::ifstream estado("/proc/self/status");
+long DelSistema(const char* archivo, const std::string& clave) {
+    std::ifstream estado(archivo);
     for (std::string linea; std::getline(estado, linea);) {
-        if (linea.starts_with("VmHWM:"))
-            return std::stol(linea.substr(6));
+        if (linea.starts_with(clave))
+            return std::stol(linea.substr(clave.size()));
     }
     return 0;
 }
@@ -38,10 +38,12 @@ double Procesador() {
     try {
         std::function<void()> cronometrado = trabajo();
         const double antes = Procesador();
+        const long escritosAntes = DelSistema("/proc/self/io", "wchar:");
         const auto inicio = std::chrono::steady_clock::now();
         cronometrado();
         const std::chrono::duration<double> duracion = std::chrono::steady_clock::now() - inicio;
-        const Medida medida{duracion.count(), Procesador() - antes, PicoDeMemoria()};
+        const Medida medida{duracion.count(), Procesador() - antes, DelSistema("/proc/self/status", "VmHWM:"),
+                            DelSistema("/proc/self/io", "wchar:") - escritosAntes};
         cronometrado = nullptr; // what the work stands on goes before the process does
         codigo = write(salida, &medida, sizeof medida) == sizeof medida ? 0 : 1;
     } catch (const std::exception& error) {

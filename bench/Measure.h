@@ -8,6 +8,7 @@ struct Medida {
     double segundos = 0;   ///< by the wall's clock
     double procesador = 0; ///< seconds of processor, which other programs on the machine disturb less
     long memoriaKb = 0;    ///< the most that the work has held at once
+    long escritos = 0;     ///< bytes handed to the files, the whole process's
 };
 
 /// Does the work in a process of its own, so that its peak of memory is its own too. `trabajo` does what isn't timed

@@ -31,11 +31,11 @@ QList<Archivo> ArchivosDe(const Argumentos& argumentos) {
     return archivos;
 }
 
-void Exige(const ResultadoImportacion& resultado) {
+void Exige(ResultadoImportacion resultado) {
     if (resultado.fin == FinImportacion::Rechazada)
         throw Rechazo{*resultado.mensaje};
     if (resultado.fin == FinImportacion::Fallida)
-        throw Error(resultado.numeroError, resultado.mensaje->texto);
+        throw Error(resultado.numeroError, (resultado.noConservado << resultado.mensaje->texto).join(u'\n'));
 }
 
 void AnotaArchivo(Informe& informe, const QString& ruta) {
@@ -59,8 +59,8 @@ void AnotaImportacion(Informe& informe, const ResultadoImportacion& resultado) {
              u"El .Log y el .Err tienen solo las líneas rechazadas de %1; impórtelos uno por uno, o "
              "con --errores, para tener las de ambos."_s.arg(resultado.archivo),
              {}});
-    if (!resultado.fallaDelLog.isEmpty())
-        informe.mensajes.append({Icono::Exclamacion, resultado.fallaDelLog, {}});
+    for (const QString& perdido : resultado.noConservado)
+        informe.mensajes.append({Icono::Exclamacion, perdido, {}});
 }
 
 /// The file of refused lines appears whole or not at all.

@@ -2,6 +2,8 @@
 
 #include "values/Decimal.h"
 
+#include <algorithm>
+
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
@@ -13,11 +15,14 @@ bool PareceFormula(const QString& texto) {
     return !texto.isEmpty() && u"=+-@\t\r"_s.contains(texto.front()) && !EsNumerico(texto);
 }
 
-QString Celda(const QString& texto) {
-    QString celda = PareceFormula(texto) ? u'\'' + texto : texto;
-    if (!celda.contains(u'"') && !celda.contains(u',') && !celda.contains(u'\n') && !celda.contains(u'\r'))
-        return celda;
-    return u'"' + celda.replace(u'"', u"\"\""_s) + u'"';
+void AgregaCelda(QByteArray& fila, const QString& texto) {
+    QByteArray celda = (PareceFormula(texto) ? u'\'' + texto : texto).toUtf8();
+    fila += ',';
+    if (std::none_of(celda.cbegin(), celda.cend(),
+                     [](char c) { return c == '"' || c == ',' || c == '\n' || c == '\r'; }))
+        fila += celda;
+    else
+        fila += '"' + celda.replace("\"", "\"\"") + '"';
 }
 
 } // namespace
@@ -27,9 +32,13 @@ PlanillaErrores::PlanillaErrores(QIODevice& destino) : m_destino(destino) {
 }
 
 void PlanillaErrores::Anota(const FilaPlanilla& fila) {
-    const QStringList celdas{QString::number(fila.linea), Celda(fila.campo),  Celda(fila.valor),
-                             QString(fila.codigo),        Celda(fila.motivo), Celda(fila.archivo)};
-    Escribe((celdas.join(u',') + u"\r\n"_s).toUtf8());
+    QByteArray bytes = QByteArray::number(fila.linea);
+    AgregaCelda(bytes, fila.campo);
+    AgregaCelda(bytes, fila.valor);
+    AgregaCelda(bytes, QString(fila.codigo));
+    AgregaCelda(bytes, fila.motivo);
+    AgregaCelda(bytes, fila.archivo);
+    Escribe(bytes += "\r\n");
 }
 
 void PlanillaErrores::Escribe(const QByteArray& bytes) {

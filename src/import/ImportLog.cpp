@@ -35,7 +35,7 @@ void ArchivoLog::Agrega(QByteArrayView linea) {
     if (!archivo.open(QIODevice::WriteOnly | modo, QFile::ReadOwner | QFile::WriteOwner))
         throw Error(NumeroError::AccesoAlDisco, u"%1: %2"_s.arg(m_ruta, archivo.errorString()));
     m_empezado = true;
-    const qint64 antes = archivo.size();
+    const qint64 antes = archivo.pos();
     QByteArray bytes = linea.toByteArray();
     bytes.append(kFinDeLinea);
     if (archivo.write(bytes) == bytes.size())

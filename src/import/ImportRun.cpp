@@ -13,15 +13,14 @@
 #include "platform/Clock.h"
 #include "values/Text.h"
 
-#include <QFile>
-
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-void Abre(QFile& archivo) {
+void Abre(QFile& archivo, const QString& ruta) {
+    archivo.setFileName(ruta);
     if (!archivo.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         throw Error(NumeroError::AccesoAlDisco, u"No se puede leer el archivo: %1"_s.arg(archivo.errorString()));
 }
@@ -36,14 +35,6 @@ bool LeeLinea(LectorLineas& lector) {
     if (lectura == LectorLineas::Lectura::DemasiadoLarga)
         throw ArchivoCambiado();
     return lectura == LectorLineas::Lectura::Linea;
-}
-
-/// After an error: it is the error that the user must hear of, not that what it has left can't be kept either.
-void ConservaLoEscrito(Lotes& lotes) {
-    try {
-        lotes.Cierra();
-    } catch (const Error&) { // NOLINT(bugprone-empty-catch)
-    }
 }
 
 } // namespace
@@ -61,8 +52,7 @@ Transferencia::Transferencia(Proceso& proceso, const FormatoImportacion& formato
 
 ResultadoImportacion Transferencia::Revisa() {
     try {
-        QFile archivo(BuscaArchivo(m_carpeta, m_resultado.archivo));
-        (void)EsApto(archivo);
+        (void)EsApto();
     } catch (const Error& error) {
         Falla(error);
     }
@@ -71,7 +61,8 @@ ResultadoImportacion Transferencia::Revisa() {
 
 ResultadoImportacion Transferencia::Corre(ObservadorImportacion& observador, const AlEmpezar& alEmpezar) {
     try {
-        Transfiere(observador, alEmpezar);
+        if (EsApto())
+            ImportaLineas(observador, alEmpezar);
     } catch (const Error& error) {
         Falla(error);
     }
@@ -81,42 +72,43 @@ ResultadoImportacion Transferencia::Corre(ObservadorImportacion& observador, con
     return m_resultado;
 }
 
-bool Transferencia::EsApto(QFile& archivo) {
-    Abre(archivo);
-    m_revision = RevisaArchivo(archivo, m_formato.Campos());
+bool Transferencia::EsApto() {
+    Abre(m_archivo, BuscaArchivo(m_carpeta, m_resultado.archivo));
+    m_revision = RevisaArchivo(m_archivo, m_formato.Campos());
     if (m_revision.defecto == Defecto::Ninguno)
         return true;
     m_resultado.fin = FinImportacion::Rechazada;
-    m_resultado.sinCampos = m_revision.defecto == Defecto::Separadores;
+    m_resultado.defecto = m_revision.defecto;
     m_resultado.mensaje = MensajeDe(m_revision.defecto);
     return false;
 }
 
-void Transferencia::Transfiere(ObservadorImportacion& observador, const AlEmpezar& alEmpezar) {
-    QFile archivo(BuscaArchivo(m_carpeta, m_resultado.archivo));
-    if (EsApto(archivo))
-        ImportaLineas(archivo, observador, alEmpezar);
-}
-
-void Transferencia::ImportaLineas(QFile& archivo, ObservadorImportacion& observador, const AlEmpezar& alEmpezar) {
-    Lotes lotes(*m_proceso.baseDatos, m_opciones.prueba);
+void Transferencia::ImportaLineas(ObservadorImportacion& observador, const AlEmpezar& alEmpezar) {
+    Lotes lotes(*m_proceso.baseDatos, m_opciones.prueba, m_resultado.transferidos);
     try {
         lotes.Empieza();
         if (alEmpezar)
             alEmpezar();
-        RecorreLineas(archivo, observador, lotes);
+        RecorreLineas(observador, lotes);
+        lotes.Cierra();
     } catch (const Error&) {
-        ConservaLoEscrito(lotes);
+        if (!lotes.Conserva())
+            Pierde(m_resultado.transferidos - lotes.Conservadas());
         throw;
     }
-    lotes.Cierra();
 }
 
-void Transferencia::RecorreLineas(QFile& archivo, ObservadorImportacion& observador, Lotes& lotes) {
+/// Lines whose rows are gone aren't claimed.
+void Transferencia::Pierde(qint64 lineas) {
+    m_resultado.transferidos -= lineas;
+    m_resultado.noConservado.append(NoSeConservaron(lineas, m_resultado.transferidos));
+}
+
+void Transferencia::RecorreLineas(ObservadorImportacion& observador, Lotes& lotes) {
     const std::unique_ptr<Almacen> almacen = m_formato.almacen(m_proceso);
     if (m_formato.tipos)
         m_contexto.ventas = m_formato.tipos(*m_proceso.baseDatos);
-    LectorLineas lector(archivo);
+    LectorLineas lector(m_archivo);
     while (LeeLinea(lector)) {
         if (!observador.Sigue(
                 {m_resultado.transferidos, m_resultado.rechazados, lector.BytesLeidos(), m_revision.bytes})) {
@@ -158,14 +150,21 @@ void Transferencia::AnotaEnPlanilla(QByteArrayView bytes, const Refutacion& refu
                       .campo = {},
                       .valor = {},
                       .codigo = refutacion.codigo,
-                      .motivo = MotivoDe(*m_proceso.baseDatos, refutacion.codigo),
+                      .motivo = Motivo(refutacion.codigo),
                       .archivo = m_resultado.archivo};
     if (refutacion.campo >= 0) {
-        const QString linea = Decodifica(bytes, m_revision.codificacion);
         fila.campo = NombreDeCampo(static_cast<Campo>(refutacion.campo));
-        fila.valor = Recorta(linea.section(u'|', refutacion.campo, refutacion.campo)).toString();
+        fila.valor = Recorta(Decodifica(TrozoDeCampo(bytes, refutacion.campo), m_revision.codificacion)).toString();
     }
     m_opciones.planilla->Anota(fila);
+}
+
+/// Read once in a run: a month may be refused whole, line by line for the same reason.
+const QString& Transferencia::Motivo(Codigo codigo) {
+    QString& motivo = m_motivos[codigo];
+    if (motivo.isEmpty())
+        motivo = MotivoDe(*m_proceso.baseDatos, codigo);
+    return motivo;
 }
 
 /// Wanted: over the whole work tables, and also after a cancel or a failure.
@@ -184,12 +183,17 @@ void Transferencia::Falla(const Error& error) {
     m_resultado.mensaje = Errores_Transferencia(error);
 }
 
+/// Wanted: a file that is refused for a line without its final separator stays open behind the run. Closed here, it
+/// could be replaced, where open files can't, under a window that still tells of it.
 void Transferencia::Cierra() {
+    if (m_revision.defecto != Defecto::SinSeparadorFinal)
+        m_archivo.close();
     if (m_log.LogEmpezado())
         m_resultado.rutaLog = m_log.RutaLog();
     if (m_log.ErrEmpezado())
         m_resultado.rutaErr = m_log.RutaErr();
-    m_resultado.fallaDelLog = m_log.Falla();
+    if (!m_log.Falla().isEmpty())
+        m_resultado.noConservado.append(m_log.Falla());
     if (m_resultado.fin == FinImportacion::Completa)
         m_resultado.mensaje = MensajeFinal();
 }

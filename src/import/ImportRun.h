@@ -5,13 +5,13 @@
 #include "import/ImportLog.h"
 #include "values/Message.h"
 
+#include <QFile>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
+#include <map>
 #include <optional>
-
-class QFile;
 
 namespace xa518 {
 
@@ -54,12 +54,12 @@ struct ResultadoImportacion {
     /// What the user is told at the end, nothing after a cancel. With refused lines it is a question, whether to show
     /// the report of errors.
     std::optional<Mensaje> mensaje;
-    int numeroError = 0;    ///< of a failed run
-    bool sinCampos = false; ///< refused whole, because lines have too few or too many fields
-    QString archivo;        ///< bare name of the import file
-    QString rutaLog;        ///< of the refused lines; empty when this run has written none, as a trial never does
-    QString rutaErr;        ///< of the error list, likewise
-    QString fallaDelLog;    ///< why refused lines may be missing from the two; empty when all were written
+    int numeroError = 0;                ///< of a failed run
+    Defecto defecto = Defecto::Ninguno; ///< of a file that was refused whole
+    QString archivo;                    ///< bare name of the import file
+    QString rutaLog;          ///< of the refused lines; empty when this run has written none, as a trial never does
+    QString rutaErr;          ///< of the error list, likewise
+    QStringList noConservado; ///< a sentence for each kind of lines that could not be kept: transferred, or refused
 };
 
 /// How a run differs from the plain one.
@@ -69,7 +69,8 @@ struct OpcionesImportacion {
 };
 
 /// One run over one import file: every line is checked and what passes is added to the work tables, whose totals are
-/// brought up to date at the end. What was written before a cancel or an error stays. An object serves one run.
+/// brought up to date at the end. What was written before a cancel or an error stays; the last of it may be lost when
+/// it is the base's disk that fails. An object serves one run.
 class Transferencia {
   public:
     Transferencia(Proceso& proceso, const FormatoImportacion& formato, QString carpeta,
@@ -84,16 +85,20 @@ class Transferencia {
     [[nodiscard]] ResultadoImportacion Corre(ObservadorImportacion& observador,
                                              const std::function<void()>& alEmpezar = {});
 
+    /// Whether the run has left its file open, which then stays so as long as the object is there.
+    [[nodiscard]] bool TieneAbierto() const { return m_archivo.isOpen(); }
+
   private:
     using AlEmpezar = std::function<void()>;
 
-    [[nodiscard]] bool EsApto(QFile& archivo);
-    void Transfiere(ObservadorImportacion& observador, const AlEmpezar& alEmpezar);
-    void ImportaLineas(QFile& archivo, ObservadorImportacion& observador, const AlEmpezar& alEmpezar);
-    void RecorreLineas(QFile& archivo, ObservadorImportacion& observador, Lotes& lotes);
+    [[nodiscard]] bool EsApto();
+    void ImportaLineas(ObservadorImportacion& observador, const AlEmpezar& alEmpezar);
+    void RecorreLineas(ObservadorImportacion& observador, Lotes& lotes);
+    void Pierde(qint64 lineas);
     void ImportaLinea(QByteArrayView bytes, Almacen& almacen);
     void Rechaza(QByteArrayView bytes, const Refutacion& refutacion);
     void AnotaEnPlanilla(QByteArrayView bytes, const Refutacion& refutacion);
+    [[nodiscard]] const QString& Motivo(Codigo codigo);
     void CalcularTot();
     void Falla(const Error& error);
     void Cierra();
@@ -104,12 +109,14 @@ class Transferencia {
     QString m_carpeta;
     OpcionesImportacion m_opciones;
     ContextoImportacion m_contexto;
+    QFile m_archivo;
     Revision m_revision;
     LogImportacion m_log;
     ResultadoImportacion m_resultado;
     qint64 m_numeroLinea = 0; ///< of the current line, from 1
     QStringList m_campos;     ///< of the current line, as taken
     LineaComprobada m_linea;
+    std::map<Codigo, QString> m_motivos; ///< of the codes met so far
 };
 
 } // namespace xa518

@@ -18,4 +18,10 @@ void SeparaCampos(const QString& linea, int maximo, QStringList& campos) {
     }
 }
 
+QByteArrayView TrozoDeCampo(QByteArrayView linea, int campo) {
+    for (; campo > 0; --campo)
+        linea = linea.sliced(linea.indexOf('|') + 1);
+    return linea.first(linea.indexOf('|'));
+}
+
 } // namespace xa518

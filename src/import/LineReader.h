@@ -13,7 +13,8 @@ class LectorLineas {
   public:
     enum class Lectura { Linea, Fin, DemasiadoLarga };
 
-    /// Bytes that a line may have, many times what a full record takes.
+    /// Bytes that a line may have, hundreds of times what a record takes, so that no file without line ends fills
+    /// memory.
     static constexpr qsizetype kLargoMaximo = 65536;
 
     /// Reads `archivo` from its start; it stays open. Every failure of the device is an `Error` (`AccesoAlDisco`).

@@ -2,11 +2,14 @@
 
 #include "data/Base.h"
 
+#include <algorithm>
+
 namespace xa518 {
 
 namespace {
 
-constexpr int kLineasPorLote = 10000; // under half a second, so that another writer waits and isn't refused
+constexpr qint64 kLoteMinimo = 10'000;
+constexpr qint64 kLoteMaximo = 100'000;
 
 } // namespace
 
@@ -15,8 +18,10 @@ void Lotes::Empieza() {
         Abre();
 }
 
+/// A batch is as long as all before it. Clients come in no order, so that each batch writes most pages of the indexes
+/// again: with short ones to the end, what is written would grow with the square of the lines.
 void Lotes::Linea() {
-    if (m_lineas == kLineasPorLote && !m_prueba)
+    if (m_lineas == m_confirmadas + std::clamp(m_confirmadas, kLoteMinimo, kLoteMaximo) && !m_prueba)
         Cierra();
     Abre();
     ++m_lineas;
@@ -31,7 +36,17 @@ void Lotes::Cierra() {
     if (m_abierta && !m_prueba)
         m_abierta->Confirma();
     m_abierta.reset();
-    m_lineas = 0;
+    m_confirmadas = m_lineas;
+    m_conservadas = m_transferidas;
+}
+
+bool Lotes::Conserva() {
+    try {
+        Cierra();
+    } catch (const Error&) {
+        return false;
+    }
+    return true;
 }
 
 } // namespace xa518

@@ -57,6 +57,11 @@ Mensaje PreguntaPorReporte(const QString& rutaLog) {
             u"Confirmar"_s};
 }
 
+QString NoSeConservaron(qint64 perdidas, qint64 conservadas) {
+    return u"No se pudieron conservar las últimas líneas transferidas: %1. Se conservan: %2."_s.arg(perdidas).arg(
+        conservadas);
+}
+
 Mensaje MensajeDePrueba(const QString& archivo, qint64 rechazados) {
     const QString resultado = rechazados < 1    ? u"ninguna línea sería rechazada."_s
                               : rechazados == 1 ? u"una línea sería rechazada."_s

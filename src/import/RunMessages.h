@@ -18,6 +18,9 @@ namespace xa518 {
 /// The end of a run with refused lines: a question, whether to show the report of errors.
 [[nodiscard]] Mensaje PreguntaPorReporte(const QString& rutaLog);
 
+/// After an error: lines that were transferred and undone again, and how many are left.
+[[nodiscard]] QString NoSeConservaron(qint64 perdidas, qint64 conservadas);
+
 /// The end of a trial.
 [[nodiscard]] Mensaje MensajeDePrueba(const QString& archivo, qint64 rechazados);
 

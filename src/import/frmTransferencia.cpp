@@ -82,8 +82,10 @@ void frmTransferencia::PonEtiquetasEnReposo() {
 /// In the middle of a run it only tells the run to end: the next line doesn't come, and then the dialog closes.
 void frmTransferencia::Salir() {
     m_cancelarRun = true;
-    if (!m_enProceso)
-        Termina();
+    if (m_corriendo)
+        return;
+    m_enProceso.reset();
+    Termina();
 }
 
 /// Wanted: every press counts as a run here, also one that stopped at once, so that the second one asks.
@@ -99,8 +101,10 @@ void frmTransferencia::Procesa(bool prueba) {
     m_cancelarRun = false;
     const ResultadoImportacion resultado = CorreTransferencia(prueba);
     RecuerdaCarpeta();
-    if (m_cancelarRun) {
+    if (m_cancelarRun) { // ends without a word, unless something could not be kept
         CuentaLoPerdido(resultado);
+        if (resultado.fin == FinImportacion::Fallida)
+            m_avisos.Muestra(*resultado.mensaje);
         return Termina();
     }
     m_archivo = resultado.archivo;
@@ -112,23 +116,29 @@ void frmTransferencia::Procesa(bool prueba) {
 
 ResultadoImportacion frmTransferencia::CorreTransferencia(bool prueba) {
     const RelojDeArena reloj;
-    PonEnProceso(true);
-    const auto fin = qScopeGuard([this] { PonEnProceso(false); });
+    PonCorriendo(true);
+    const auto fin = qScopeGuard([this] { PonCorriendo(false); });
     m_ritmo.start();
-    return Transferencia(m_proceso, Formato(), m_rutaArchivos, {prueba, NuevaPlanilla()}).Corre(*this);
+    m_enProceso.reset(); // with a file that an earlier run has left open
+    m_enProceso = std::make_unique<Transferencia>(m_proceso, Formato(), m_rutaArchivos,
+                                                  OpcionesImportacion{prueba, NuevaPlanilla()});
+    const ResultadoImportacion resultado = m_enProceso->Corre(*this);
+    if (!m_enProceso->TieneAbierto())
+        m_enProceso.reset();
+    return resultado;
 }
 
 /// Nothing but the way out answers while a run is going.
-void frmTransferencia::PonEnProceso(bool enProceso) {
-    m_enProceso = enProceso;
-    if (enProceso)
+void frmTransferencia::PonCorriendo(bool corriendo) {
+    m_corriendo = corriendo;
+    if (corriendo)
         m_ui->cmCancelar->setFocus();
     for (QWidget* control :
          std::initializer_list<QWidget*>{m_ui->OptTipo_0, m_ui->OptTipo_1, m_ui->Drive1, m_ui->TxtCarpeta,
                                          m_ui->DirDirectorio, m_ui->flListaFiles, m_ui->cmdProbar, m_ui->cmdTransferir})
-        control->setEnabled(!enProceso);
+        control->setEnabled(!corriendo);
     m_ui->cmdGuardarErrores->setEnabled(false);
-    setAcceptDrops(!enProceso);
+    setAcceptDrops(!corriendo);
 }
 
 bool frmTransferencia::Sigue(const AvanceImportacion& avance) {
@@ -151,11 +161,11 @@ void frmTransferencia::MuestraAvance(const AvanceImportacion& avance) {
 /// refused for its fields puts them back.
 void frmTransferencia::MuestraFin(const ResultadoImportacion& resultado) {
     if (resultado.fin == FinImportacion::Rechazada) {
-        if (resultado.sinCampos)
+        if (resultado.defecto == Defecto::Separadores)
             PonEtiquetasEnReposo();
         return;
     }
-    const bool nada = resultado.transferidos + resultado.rechazados == 0;
+    const bool nada = resultado.transferidos + resultado.rechazados == 0 && resultado.noConservado.isEmpty();
     if (resultado.fin == FinImportacion::Fallida && nada)
         return;
     MuestraAvance({resultado.transferidos, resultado.rechazados, 0, 0});
@@ -164,17 +174,13 @@ void frmTransferencia::MuestraFin(const ResultadoImportacion& resultado) {
     m_ui->cmdGuardarErrores->setEnabled(m_planilla && resultado.rechazados > 0);
 }
 
-/// A run that was cancelled ends without a word, unless something of it could not be kept.
 void frmTransferencia::CuentaLoPerdido(const ResultadoImportacion& resultado) {
-    if (!resultado.fallaDelLog.isEmpty())
-        m_avisos.Muestra({Icono::Exclamacion, resultado.fallaDelLog, {}});
-    if (resultado.fin == FinImportacion::Fallida && resultado.mensaje)
-        m_avisos.Muestra(*resultado.mensaje);
+    for (const QString& perdido : resultado.noConservado)
+        m_avisos.Muestra({Icono::Exclamacion, perdido, {}});
 }
 
 void frmTransferencia::CuentaElFin(const ResultadoImportacion& resultado, bool prueba) {
-    if (!resultado.fallaDelLog.isEmpty())
-        m_avisos.Muestra({Icono::Exclamacion, resultado.fallaDelLog, {}});
+    CuentaLoPerdido(resultado);
     const bool conRechazos = resultado.fin == FinImportacion::Completa && resultado.rechazados > 0;
     if (prueba || !conRechazos)
         return m_avisos.Muestra(*resultado.mensaje);

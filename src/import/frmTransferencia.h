@@ -66,7 +66,7 @@ class frmTransferencia final : public Forma, private ObservadorImportacion {
     void Transferir();
     void Procesa(bool prueba);
     [[nodiscard]] ResultadoImportacion CorreTransferencia(bool prueba);
-    void PonEnProceso(bool enProceso);
+    void PonCorriendo(bool corriendo);
     void MuestraAvance(const AvanceImportacion& avance);
     void MuestraFin(const ResultadoImportacion& resultado);
     void CuentaLoPerdido(const ResultadoImportacion& resultado);
@@ -84,12 +84,15 @@ class frmTransferencia final : public Forma, private ObservadorImportacion {
 
     QString m_rutaArchivos; ///< the folder chosen
     bool m_cancelarRun = false;
-    bool m_enProceso = false;
+    bool m_corriendo = false;   ///< lines are being read, so that the dialog can't go yet
     bool m_yaProcesado = false; ///< a run was asked for in this opening of the dialog
     QElapsedTimer m_ritmo;
     QString m_archivo; ///< bare name of the file that the last run was over
     std::unique_ptr<QTemporaryFile> m_errores;
     std::unique_ptr<PlanillaErrores> m_planilla;
+    /// The run that is going. Wanted: one that has left its file open counts as going, and holds the file, until the
+    /// next run or the way out.
+    std::unique_ptr<Transferencia> m_enProceso;
 };
 
 } // namespace xa518

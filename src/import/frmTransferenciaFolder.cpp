@@ -131,7 +131,7 @@ void frmTransferencia::RecuerdaCarpeta() {
 /// Whoever comes back from the file manager sees what was put there meanwhile.
 void frmTransferencia::changeEvent(QEvent* evento) {
     Forma::changeEvent(evento);
-    if (evento->type() == QEvent::ActivationChange && isActiveWindow() && !m_enProceso)
+    if (evento->type() == QEvent::ActivationChange && isActiveWindow() && !m_corriendo)
         ListaArchivos();
 }
 

@@ -100,16 +100,6 @@ TEST_F(Batch, SavesAndTellsInconsistencies) {
     EXPECT_TRUE(m_salida.contains(u"La declaración no presenta inconsistencias."_s));
 }
 
-TEST_F(Batch, RefusedLinesAreLoggedAndCounted) {
-    const QString octubre = u" --ruc 20990518018 --periodo 202610 --hoy 21/11/2026"_s;
-    ASSERT_EQ(Corre(u"importar"_s + octubre + u" --json --percepciones "_s + Ejemplo()), 1);
-    const int rechazados = Json()[u"rechazados"_s].toInt();
-    EXPECT_GE(rechazados, 12);
-    EXPECT_EQ(prueba::BytesDe(Casa() + u"/RPT0518"_s + kRuc + u"202610.Log"_s).count('\n'), rechazados);
-    EXPECT_GT(Cuenta(u"TMPF518PDET"_s), 0);
-    EXPECT_EQ(Cuenta(u"CAB"_s), 0); // importing declares nothing
-}
-
 TEST_F(Batch, DeclaresBothFilesOfAMonth) {
     const QString archivos = u" --percepciones "_s + Ejemplo() + u" --ventas "_s + Ejemplo();
     ASSERT_EQ(Corre(u"declarar"_s + kClave + archivos + u" --efectivo --json"_s), 0) << m_errores.toStdString();
@@ -124,7 +114,7 @@ TEST_F(Batch, DeclaresBothFilesOfAMonth) {
     EXPECT_EQ(Cuenta(u"TMPF518PDET"_s), 174);
 }
 
-TEST_F(Batch, TriesAFileAndListsItsFaults) {
+TEST_F(Batch, TriesAFileAndLogsAndListsItsFaults) {
     const QString octubre =
         u"importar --ruc 20990518018 --periodo 202610 --hoy 21/11/2026 --percepciones "_s + Ejemplo();
     const QString hoja = m_carpeta.filePath(u"errores.csv"_s);
@@ -133,10 +123,17 @@ TEST_F(Batch, TriesAFileAndListsItsFaults) {
     EXPECT_EQ(Json()[u"archivos"_s].toArray(), QJsonArray{hoja});
     EXPECT_EQ(Cuenta(u"TMPF518PDET"_s), 0);
     EXPECT_EQ(prueba::BytesDe(hoja).count('\n'), rechazados + 1);
-    EXPECT_FALSE(QFile::exists(Casa() + u"/RPT0518"_s + kRuc + u"202610.Log"_s));
+    const QString log = Casa() + u"/RPT0518"_s + kRuc + u"202610.Log"_s;
+    EXPECT_FALSE(QFile::exists(log));
 
     EXPECT_EQ(Corre(octubre + u" --errores /no/hay/errores.csv"_s), 3);
     EXPECT_EQ(Cuenta(u"TMPF518PDET"_s), 0);
+
+    EXPECT_EQ(Corre(octubre), 1);
+    EXPECT_GE(rechazados, 12);
+    EXPECT_EQ(prueba::BytesDe(log).count('\n'), rechazados);
+    EXPECT_GT(Cuenta(u"TMPF518PDET"_s), 0);
+    EXPECT_EQ(Cuenta(u"CAB"_s), 0); // importing declares nothing
 }
 
 TEST_F(Batch, RefusesWithoutWritingAnything) {

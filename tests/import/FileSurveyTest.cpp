@@ -74,39 +74,38 @@ TEST(LineReader, LinesUpToTheLimitPassAtAnyPlaceOfTheBuffer) {
     }
 }
 
-TEST(FileSurvey, WhatBarsAFile) {
-    const QByteArray larga = QByteArray(LectorLineas::kLargoMaximo, 'x') + "||\n";
-    const QList<std::pair<QByteArray, Defecto>> casos = {
-        {"", Defecto::Ninguno},
-        {"a|b|\nc|d|  \n", Defecto::Ninguno},
-        {"a|b|", Defecto::Ninguno},
-        {"a|b|\na|\n", Defecto::Separadores},
-        {"a|b|\na|b|c|\n", Defecto::Separadores},
-        {"a|b|\n\n", Defecto::Separadores},
-        {"a|b|\n   \n", Defecto::Separadores},
-        {"a|b|c\na|b|\n", Defecto::SinSeparadorFinal},
-        {"a|b|\t\n", Defecto::SinSeparadorFinal},
-        {"a|b|c\na|\n", Defecto::Separadores},
-        {"a|b|c\n" + larga, Defecto::LineaDemasiadoLarga},
+TEST(FileSurvey, WhatBarsAFileAndHowItIsEncoded) {
+    using enum Defecto;
+    using enum Codificacion;
+    struct Caso {
+        QByteArray bytes;
+        Defecto defecto;
+        Codificacion codificacion = Utf8;
     };
-    for (const auto& [bytes, defecto] : casos) {
+    const QByteArray larga = QByteArray(LectorLineas::kLargoMaximo, 'x') + "||\n";
+    const QList<Caso> casos = {
+        {"", Ninguno},
+        {"a|b|\nc|d|  \n", Ninguno},
+        {"\xC3\xB1||\nb|c|", Ninguno},
+        {"\xC3\xB1||\n\xF1||\n", Ninguno, Windows1252}, // one encoding for the whole file
+        {"\xC3||\n", Ninguno, Windows1252},
+        {"a|b|\na|\n", Separadores},
+        {"a|b|\na|b|c|\n", Separadores},
+        {"a|b|\n\n", Separadores},
+        {"a|b|\n   \n", Separadores},
+        {"a|b|c\na|b|\n", SinSeparadorFinal},
+        {"a|b|\t\n", SinSeparadorFinal},
+        {"a|b|c\na|\n", Separadores},
+        {"a|b|c\n" + larga, LineaDemasiadoLarga},
+    };
+    for (const auto& [bytes, defecto, codificacion] : casos) {
         QBuffer archivo;
         archivo.setData(bytes);
         ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
-        EXPECT_EQ(RevisaArchivo(archivo, 2).defecto, defecto) << bytes.left(40).toStdString();
+        const Revision revision = RevisaArchivo(archivo, 2);
+        EXPECT_EQ(revision.defecto, defecto) << bytes.left(40).toStdString();
+        EXPECT_EQ(revision.codificacion, codificacion) << bytes.left(40).toStdString();
     }
-}
-
-TEST(FileSurvey, OneEncodingForTheWholeFile) {
-    const auto codificacion = [](const QByteArray& bytes) {
-        QBuffer archivo;
-        archivo.setData(bytes);
-        archivo.open(QIODevice::ReadOnly);
-        return RevisaArchivo(archivo, 1).codificacion;
-    };
-    EXPECT_EQ(codificacion("\xC3\xB1|\nabc|\n"), Codificacion::Utf8);
-    EXPECT_EQ(codificacion("\xC3\xB1|\n\xF1|\n"), Codificacion::Windows1252);
-    EXPECT_EQ(codificacion("\xC3|\n"), Codificacion::Windows1252);
 }
 
 } // namespace

@@ -185,6 +185,38 @@ TEST_F(ImportForm, AFailedRunLeavesTheCountersAtRest) {
     EXPECT_TRUE(De<QPushButton>("cmdTransferir").isEnabled());
 }
 
+TEST_F(ImportForm, AFileWithoutItsFinalSeparatorStaysOpenUntilTheNextRunOrTheWayOut) {
+    const auto estaAbierto = [this] {
+        const QDir abiertos(u"/proc/self/fd"_s);
+        const QFileInfoList todos = abiertos.entryInfoList(QDir::AllEntries | QDir::System);
+        return std::any_of(todos.begin(), todos.end(),
+                           [this](const QFileInfo& uno) { return uno.symLinkTarget() == m_escenario.RutaArchivo(); });
+    };
+    const auto sinSeparador = [&] {
+        m_escenario.Escribe(LineaDe().toUtf8() + "x\n" + LineaDe().toUtf8() + "\n");
+        m_avisos.Espera({Icono::Critico, u"Cada línea del archivo debe terminar con el separador |"_s,
+                         u"Error en archivo a cargar"_s});
+        Pulsa("cmdTransferir");
+        EXPECT_TRUE(estaAbierto());
+        EXPECT_TRUE(De<QPushButton>("cmdTransferir").isEnabled());
+    };
+    TecleaCarpeta(m_escenario.base.Carpeta());
+    sinSeparador();
+    m_avisos.EsperaPregunta(u"¿Desea procesar el archivo nuevamente?"_s, Respuesta::Si);
+    sinSeparador();
+    m_escenario.Escribe(LineaDe().toUtf8());
+    m_avisos.Espera(u"Prueba de 051820990518018202610.TXT: ninguna línea sería rechazada.\nNo se ha guardado nada."_s);
+    Pulsa("cmdProbar");
+    EXPECT_FALSE(estaAbierto());
+    m_avisos.EsperaPregunta(u"¿Desea procesar el archivo nuevamente?"_s, Respuesta::Si);
+    sinSeparador();
+    Pulsa("cmCancelar");
+    EXPECT_FALSE(m_forma->isVisible());
+    EXPECT_FALSE(estaAbierto());
+    Abre(); // the last folder is remembered
+    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), m_escenario.base.Carpeta());
+}
+
 TEST_F(ImportForm, TheWayOutEndsARunWithinALine) {
     m_escenario.Escribe(prueba::Muchas(20'000));
     TecleaCarpeta(m_escenario.base.Carpeta());
@@ -202,16 +234,6 @@ TEST_F(ImportForm, TheWayOutEndsARunWithinALine) {
     EXPECT_THAT(
         m_escenario.Filas(u"SELECT mto_base_p * 1 = 100.5 * "_s + QString::number(filas) + u" FROM TMPF518PCAB"_s),
         ElementsAre(u"1"_s));
-}
-
-TEST_F(ImportForm, TheLastFolderIsRemembered) {
-    m_escenario.Escribe("");
-    const QString carpeta = m_escenario.base.Carpeta();
-    TecleaCarpeta(carpeta);
-    m_avisos.Espera({Icono::Informacion, u"Archivo : 051820990518018202610.TXT transferido"_s, u"Mensaje"_s});
-    Pulsa("cmdTransferir");
-    Abre();
-    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), carpeta);
 }
 
 } // namespace
