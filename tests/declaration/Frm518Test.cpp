@@ -80,6 +80,7 @@ TEST_F(Frm518Test, EveryFaultOfTheIdentificationTakesBackToItsField) {
         std::function<void()> hace;
         QString texto, foco; // no text: refused without a word
         Icono icono = Icono::Critico;
+        int pestania = 0;
     };
     const auto pestania = [this] { VaAPestania(2); };
     const auto valida = [this] { Pulsa(u"CmdValidar"_s); };
@@ -110,8 +111,8 @@ TEST_F(Frm518Test, EveryFaultOfTheIdentificationTakesBackToItsField) {
         {"registered already", [&] { periodo(u"102026"_s), pestania(); }, existe, campo},
         {"registered already, left", [&] { periodo(u"102026"_s), sale(); }, existe, campo},
         {"chosen after its period", [&] { Teclea(campo, u"102026"_s), EligeDeclarante(1); }, existe, campo},
-        {"eight digits", [&] { periodo(u"112026"_s, 0), VaAPestania(2), graba(); }, deOcho, u"CmbRuc"_s,
-         Icono::Informacion}};
+        {"eight digits", [&] { periodo(u"112026"_s, 0), VaAPestania(2), graba(); }, deOcho, u"CmdGrabar"_s,
+         Icono::Informacion, 2}}; // it may be looked at and validated: only the save stops
     for (const Caso& caso : casos) {
         SCOPED_TRACE(caso.cuando);
         AbreNueva();
@@ -121,7 +122,7 @@ TEST_F(Frm518Test, EveryFaultOfTheIdentificationTakesBackToItsField) {
         m_avisos.AlMostrar([&] { escrito = Identidad(); });
         caso.hace();
         m_avisos.Comprueba();
-        EXPECT_EQ(Control<QTabWidget>(u"SSTab1"_s).currentIndex(), 0);
+        EXPECT_EQ(Control<QTabWidget>(u"SSTab1"_s).currentIndex(), caso.pestania);
         EXPECT_EQ(ConFoco(), caso.foco);
         EXPECT_TRUE(caso.texto.isEmpty() || Identidad() == escrito) << "what was typed is lost";
     }
