@@ -144,7 +144,6 @@ TEST(FieldChecks, PerceptionVoucher) {
         {u"0857"_s, FechaEmision, u"18/07/2010"_s, Del({}, conLetra), u"201007"_s},
         {{}, FechaEmision, u"19/07/2010"_s, Del({}, conLetra), u"201007"_s},
         {u"0875"_s, CreditoFiscal, u"|9"_s},
-        {u"0870"_s, RespuestaVenta, {}},
         {u"0869"_s, RespuestaVenta, u"0"_s, Del(u"15/02/2008"_s), u"200802"_s},
         {{}, RespuestaVenta, {}, Del(u"15/02/2008"_s), u"200802"_s},
         {u"0870"_s, RespuestaVenta, {}, Del(u"15/03/2008"_s), u"200803"_s},

@@ -40,8 +40,6 @@ void LlenaTipos(const BaseTemporal& base) {
     base.Param(u"233"_s, u"02"_s, Funcion({{64, u"0"_s}}));
 }
 
-} // namespace
-
 QStringList CamposDe(const Cambios& cambios) {
     QStringList campos{u"1"_s,     u"45678901"_s, u""_s,           u"Quispe"_s, u"Rojas"_s,      u"Maria"_s,
                        u"1"_s,     u"123"_s,      u"15/10/2026"_s, u"1"_s,      u"0"_s,          u"1"_s,
@@ -50,6 +48,8 @@ QStringList CamposDe(const Cambios& cambios) {
         campos[static_cast<int>(cambio.key())] = cambio.value();
     return campos;
 }
+
+} // namespace
 
 QString LineaDe(const Cambios& cambios) {
     return CamposDe(cambios).join(u'|') + u'|';

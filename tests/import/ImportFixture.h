@@ -17,9 +17,7 @@ namespace xa518::prueba {
 
 using Cambios = QMap<Campo, QString>;
 
-/// The fields of a line that passes every check in period 202610, a person's, with changes.
-[[nodiscard]] QStringList CamposDe(const Cambios& cambios = {});
-/// The same as a line of the file, without its end.
+/// A line that passes every check in period 202610, a person's, with changes; without its end.
 [[nodiscard]] QString LineaDe(const Cambios& cambios = {});
 /// The same fields as a line of a file of cash sales.
 [[nodiscard]] QString VentaDe(const Cambios& cambios = {});
