@@ -1,5 +1,6 @@
 #include "DataFixture.h"
 
+#include "data/LongReading.h"
 #include "data/Transaction.h"
 
 #include <sqlite3.h>
@@ -45,11 +46,9 @@ TEST_F(BaseTest, NumbersTheErrorsAsTheMessagesKnowThem) {
 }
 
 TEST_F(BaseTest, KeepsValuesApartFromTheStatement) {
-    const QStringList textos = {u"O'Higgins \"&\" ñandú"_s, u"x'; DROP TABLE CLIENTE; --"_s, u"?"_s, u"%1 [a] * "_s,
-                                u""_s};
-    for (qsizetype i = 0; i < textos.size(); ++i) {
-        Agrega(QString::number(i), textos[i]);
-        EXPECT_EQ(Lista(u"SELECT nombre FROM CLIENTE WHERE nombre=?"_s, {textos[i]}), textos[i]);
+    for (const QString& texto : u"O'Higgins \"&\" ñandú|x'; DROP TABLE CLIENTE; --|?|%1 [a] * |"_s.split(u'|')) {
+        Agrega(texto, texto);
+        EXPECT_EQ(Lista(u"SELECT nombre FROM CLIENTE WHERE nombre=?"_s, {texto}), texto);
     }
 }
 
@@ -118,6 +117,16 @@ TEST_F(BaseTest, UndoesWhatIsNotConfirmed) {
               }),
               0);
     EXPECT_EQ(Numeros(), u"3|4"_s);
+}
+
+/// What a report orders mustn't fill the memory, and an import after it mustn't be slow.
+TEST_F(BaseTest, TakesLittleMemoryForALongReadingAndAllOfItAfterwards) {
+    const QString memoria = u"SELECT cache_size < -10000 FROM pragma_cache_size"_s;
+    {
+        const LecturaLarga lectura(*m_base);
+        EXPECT_EQ(Lista(memoria), u"0"_s);
+    }
+    EXPECT_EQ(Lista(memoria), u"1"_s);
 }
 
 /// Another program of the family that holds the file for longer than the short wait.

@@ -66,17 +66,12 @@ TEST_F(CatalogTest, DocumentsAreOfferedByFlagInTheOrderOfTheirKey) {
 
 TEST_F(CatalogTest, DocumentTypesDecideWhichNumbersFit) {
     Documentos();
-    const struct {
-        QString tipo, numero;
-        bool pasa;
-    } casos[] = {
-        {u" 01 "_s, u"12345678"_s, true}, {u"1"_s, u"1234567"_s, false},     {u"1"_s, u"1234567A"_s, false},
-        {u"4"_s, u"AB12"_s, true},        {u"4"_s, u"AB12-3"_s, false},      {u"4"_s, u"1234567890123"_s, false},
-        {u"4"_s, u"ñ1"_s, false},         {u"9"_s, u"123"_s, false},         {u""_s, u"12345678"_s, false},
-        {u"1"_s, u"  "_s, false},         {u"6"_s, u"20555123451"_s, false}, // no row
-    };
-    for (const auto& [tipo, numero, pasa] : casos)
-        EXPECT_EQ(ValidaDocumento(*m_base, tipo, numero), pasa) << qPrintable(tipo + u' ' + numero);
+    for (const QString& buena : u" 01 =12345678|4=AB12"_s.split(u'|'))
+        EXPECT_TRUE(ValidaDocumento(*m_base, buena.section(u'=', 0, 0), buena.section(u'=', 1))) << qPrintable(buena);
+    // The last one's type has no row.
+    for (const QString& mala : u"1=1234567|1=1234567A|1=  |4=AB12-3|4=1234567890123|4=ñ1|9=123|=12345678|"
+                               "6=20555123451"_s.split(u'|'))
+        EXPECT_FALSE(ValidaDocumento(*m_base, mala.section(u'=', 0, 0), mala.section(u'=', 1))) << qPrintable(mala);
     Documento(u"6"_s, u"RUC"_s, u"11"_s, u"01"_s, u"0 0"_s);
     EXPECT_TRUE(ValidaDocumento(*m_base, u"6"_s, u"2055512345"_s));
     Documento(u"6"_s, u"RUC"_s, u"11"_s, u"01"_s, u"0 1"_s);
@@ -103,38 +98,25 @@ TEST_F(CatalogTest, DeclarantsAreAllOrOnesOwnAndOfAnyLengthByDefault) {
 }
 
 TEST_F(CatalogTest, BandsFollowTheDeclaredPeriod) {
-    const struct {
-        QString periodo, primerIgv;
-        Banda banda;
-    } casos[] = {
-        {u"200412"_s, u"209912"_s, Banda::C}, {u"200501"_s, u"209912"_s, Banda::A},
-        {u"200802"_s, u"209912"_s, Banda::A}, {u"200803"_s, u"209912"_s, Banda::B},
-        {u"201001"_s, u"201001"_s, Banda::B}, {u"201002"_s, u"201001"_s, Banda::C},
-        {u"200803"_s, u""_s, Banda::C},       {u"200802"_s, u""_s, Banda::A},
-    };
-    for (const auto& [periodo, primerIgv, banda] : casos)
-        EXPECT_EQ(BandaDe(periodo, primerIgv), banda) << qPrintable(periodo);
+    for (const QString& caso : u"200412 209912 C|200501 209912 A|200802 209912 A|200803 209912 B|201001 201001 B|"
+                               "201002 201001 C|200803  C|200802  A"_s.split(u'|')) {
+        const QStringList campos = caso.split(u' ');
+        const Banda banda = campos[2] == u"A" ? Banda::A : campos[2] == u"B" ? Banda::B : Banda::C;
+        EXPECT_EQ(BandaDe(campos[0], campos[1]), banda) << qPrintable(caso);
+    }
 }
 
 TEST_F(CatalogTest, RatesAreThoseOfTheRowInForceInTheMonth) {
     Tasa(u"1"_s, u"200501"_s, u" 0.03"_s, u"0.0050"_s, u"0.50"_s);
     Tasa(u"1"_s, u"201103"_s, u"0.04"_s, u"0.00505"_s, u"0.51"_s);
     Tasa(u"2"_s, u"200501"_s, u"0.05"_s, u"0.02"_s, u"2.00"_s);
-    const struct {
-        QString periodo, clase, mes, esperado;
-    } casos[] = {
-        {u"202405"_s, u"1"_s, u"200412"_s, u"0/0"_s},
-        {u"202405"_s, u"1"_s, u"201102"_s, u"0.0050/0.50"_s},
-        {u"202405"_s, u"1"_s, u"201103"_s, u"0.00505/0.51"_s},
-        {u"202405"_s, u"2"_s, u"202401"_s, u"0.02/2.00"_s},
-        {u"202405"_s, u""_s, u"202401"_s, u"0/0"_s},
-        {u"202405"_s, u"1"_s, u"____0_"_s, u"0/0"_s},
-        // The declared period, not the voucher's month, decides between the two factors.
-        {u"200503"_s, u"1"_s, u"200501"_s, u"0.03/0.50"_s},
-        {u"200504"_s, u"1"_s, u"200501"_s, u"0.0050/0.50"_s},
-    };
-    for (const auto& [periodo, clase, mes, esperado] : casos)
-        EXPECT_EQ(Busca(periodo, clase, mes), esperado) << qPrintable(periodo + u' ' + mes);
+    // The declared period, not the voucher's month, decides between the two factors.
+    for (const QString& caso : u"202405|1|200412|0/0 202405|1|201102|0.0050/0.50 202405|1|201103|0.00505/0.51 "
+                               "202405|2|202401|0.02/2.00 202405||202401|0/0 202405|1|____0_|0/0 "
+                               "200503|1|200501|0.03/0.50 200504|1|200501|0.0050/0.50"_s.split(u' ')) {
+        const QStringList campos = caso.split(u'|');
+        EXPECT_EQ(Busca(campos[0], campos[1], campos[2]), campos[3]) << qPrintable(caso);
+    }
     CatalogoTasas tasas(*m_base, u"202405"_s);
     (void)tasas.Busca(u"2"_s, u"202405"_s);
     m_base->Ejecuta(u"DELETE * FROM PARAM"_s);

@@ -8,8 +8,12 @@
 #include "support/NoticeScript.h"
 #include "support/TemporaryBase.h"
 
+#include <QDir>
+#include <QFrame>
+#include <QLabel>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -20,28 +24,47 @@ inline const QString kRuc = QStringLiteral("20990518018");
 /// An installation with the sample company, and the launcher's window over it.
 class Ventana : public testing::Test {
   protected:
-    ~Ventana() override;
+    /// The opening made the installation the current folder.
+    ~Ventana() override { QDir::setCurrent(QDir::rootPath()); }
 
     void Instala() { (void)Sesion(entorno).Instala(true); }
     /// Opens the window and waits until its start is over.
-    void Abre(VistaDeInforme vista = {});
+    void Abre(VistaDeInforme vista = {}) {
+        ventana = std::make_unique<FrmConsola>(entorno, avisos, programas, std::move(vista));
+        Muestra(*ventana);
+        QCoreApplication::processEvents();
+    }
     /// Goes to another window and comes back.
-    void VaYVuelve();
+    void VaYVuelve() {
+        QWidget otra;
+        Muestra(otra);
+        Muestra(*ventana);
+    }
 
     template <typename T>
     [[nodiscard]] T& Control(const char* nombre) const {
         return De<T>(*ventana, nombre);
     }
     void Pulsa(const char* boton) const { Clic(*ventana, boton); }
-    void Alt(Qt::Key letra) const;
+    void Alt(Qt::Key letra) const {
+        QTest::keyClick(ventana.get(), letra, Qt::AltModifier);
+        QTest::qWait(120); // a mnemonic holds the button down for a tenth of a second
+    }
 
     [[nodiscard]] TablaFilas& Tabla(const char* nombre) const { return Control<TablaFilas>(nombre); }
     /// The cells of a row, joined by "|".
-    [[nodiscard]] static QString Fila(const TablaFilas& tabla, int fila);
+    [[nodiscard]] static QString Fila(const TablaFilas& tabla, int fila) {
+        QStringList celdas;
+        for (int columna = 0; columna < tabla.model()->columnCount(); ++columna)
+            celdas.append(tabla.model()->index(fila, columna).data().toString());
+        return celdas.join(u'|');
+    }
     [[nodiscard]] std::unique_ptr<Base> LaBase() const { return Base::Abre(RutaBase()); }
     [[nodiscard]] QString RutaBase() const { return carpeta + QStringLiteral("/XA000.DB"); }
     void Graba(const QString& periodo, int estado) const { AgregaCabecera(*LaBase(), kRuc, periodo, estado); }
-    [[nodiscard]] QString Aviso() const;
+    [[nodiscard]] QString Aviso() const {
+        return Control<QFrame>("FraAviso").isVisible() ? Control<QLabel>("LblAviso").text() : QString();
+    }
 
     QTemporaryDir raiz;
     QString carpeta{raiz.filePath(QStringLiteral("xa518"))};

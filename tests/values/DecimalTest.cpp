@@ -6,40 +6,29 @@
 
 #include <gtest/gtest.h>
 
-#include <QMap>
-
 namespace xa518 {
 namespace {
 
 using namespace Qt::StringLiterals;
 
 TEST(Numeric, IsDecidedByTheWholeText) {
-    const QStringList si = {u"000"_s, u"-5"_s, u"+5"_s, u" 5 "_s, u"1,234,567.8"_s, u"(1,234)"_s, u".5"_s, u"5."_s};
-    const QStringList no = {u""_s,    u" "_s,   u"."_s,       u"-"_s,    u"()"_s,       u"1-"_s,  u"abc"_s,
-                            u"1E3"_s, u"12A"_s, u"1.2.3"_s,   u"1,23"_s, u"1234,567"_s, u"--1"_s, u"(-1)"_s,
-                            u"1 2"_s, u"5\t"_s, u"1.2,345"_s, u"(1"_s,   u"٣"_s};
-    for (const QString& texto : si)
-        EXPECT_TRUE(EsNumerico(texto)) << texto.toStdString();
-    for (const QString& texto : no)
-        EXPECT_FALSE(EsNumerico(texto)) << texto.toStdString();
+    for (const QString& texto : u"000|-5|+5| 5 |1,234,567.8|(1,234)|.5|5."_s.split(u'|'))
+        EXPECT_TRUE(EsNumerico(texto)) << qPrintable(texto);
+    for (const QString& texto :
+         u"| |.|-|()|1-|abc|1E3|12A|1.2.3|1,23|1234,567|--1|(-1)|1 2|5\t|1.2,345|(1|٣"_s.split(u'|'))
+        EXPECT_FALSE(EsNumerico(texto)) << qPrintable(texto);
 }
 
 TEST(Value, IsTheLeadingNumericPart) {
-    const QMap<QString, QString> casos = {{u""_s, u"0"_s},       {u"abc"_s, u"0"_s},    {u"1,234"_s, u"1"_s},
-                                          {u"(300)"_s, u"0"_s},  {u"5 kg"_s, u"5"_s},   {u"1-"_s, u"1"_s},
-                                          {u"."_s, u"0"_s},      {u".5"_s, u"0.5"_s},   {u"1.2.3"_s, u"1.2"_s},
-                                          {u"  -7x"_s, u"-7"_s}, {u"1E3"_s, u"1"_s},    {u"0.02000"_s, u"0.02"_s},
-                                          {u"-0"_s, u"0"_s},     {u"1000"_s, u"1000"_s}};
-    for (auto caso = casos.begin(); caso != casos.end(); ++caso)
-        EXPECT_EQ(Decimal::Valor(caso.key()).Texto(), caso.value()) << caso.key().toStdString();
+    for (const QString& caso : u"=0|abc=0|1,234=1|(300)=0|5 kg=5|1-=1|.=0|.5=0.5|1.2.3=1.2|  -7x=-7|1E3=1|"
+                               "0.02000=0.02|-0=0|1000=1000"_s.split(u'|'))
+        EXPECT_EQ(Decimal::Valor(caso.section(u'=', 0, 0)).Texto(), caso.section(u'=', 1)) << qPrintable(caso);
 }
 
 TEST(Currency, HasFourDecimalsTiesToEven) {
-    const QMap<QString, QString> casos = {{u"0.12345"_s, u"0.1234"_s},   {u"0.12355"_s, u"0.1236"_s},
-                                          {u"0.123451"_s, u"0.1235"_s},  {u"-0.12345"_s, u"-0.1234"_s},
-                                          {u"-0.12355"_s, u"-0.1236"_s}, {u"7"_s, u"7"_s}};
-    for (auto caso = casos.begin(); caso != casos.end(); ++caso)
-        EXPECT_EQ(Importe::Valor(caso.key()).Texto(), caso.value());
+    for (const QString& caso : u"0.12345=0.1234|0.12355=0.1236|0.123451=0.1235|-0.12345=-0.1234|-0.12355=-0.1236|"
+                               "7=7"_s.split(u'|'))
+        EXPECT_EQ(Importe::Valor(caso.section(u'=', 0, 0)).Texto(), caso.section(u'=', 1)) << qPrintable(caso);
 }
 
 TEST(Currency, RaisesPastItsWidthInsteadOfWrapping) {
@@ -65,12 +54,9 @@ TEST(Decimal, ComparesAndRoundsAcrossScales) {
     EXPECT_GT(numero(u"10"), numero(u"9.99"));
     EXPECT_EQ((numero(u"0.1") + numero(u"0.2")).Texto(), u"0.3"_s);
     // Rounding to whole numbers with ties to even, as counts are; away from zero, as amounts are shown.
-    const QMap<QString, QStringList> casos = {{u"0.5"_s, {u"0"_s, u"1"_s}},    {u"1.5"_s, {u"2"_s, u"2"_s}},
-                                              {u"2.5"_s, {u"2"_s, u"3"_s}},    {u"2.51"_s, {u"3"_s, u"3"_s}},
-                                              {u"-2.5"_s, {u"-2"_s, u"-3"_s}}, {u"-0.5"_s, {u"0"_s, u"-1"_s}}};
-    for (auto caso = casos.begin(); caso != casos.end(); ++caso) {
-        EXPECT_EQ(numero(caso.key()).RedondeaPar(0).Texto(), caso.value()[0]) << caso.key().toStdString();
-        EXPECT_EQ(numero(caso.key()).RedondeaFuera(0).Texto(), caso.value()[1]) << caso.key().toStdString();
+    for (const QString& caso : u"0.5 0 1|1.5 2 2|2.5 2 3|2.51 3 3|-2.5 -2 -3|-0.5 0 -1"_s.split(u'|')) {
+        const Decimal valor = numero(caso.section(u' ', 0, 0));
+        EXPECT_EQ(valor.RedondeaPar(0).Texto() + u' ' + valor.RedondeaFuera(0).Texto(), caso.section(u' ', 1));
     }
 }
 

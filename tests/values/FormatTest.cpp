@@ -19,7 +19,8 @@ QStringList Celdas(const QByteArray& linea) {
     return celdas;
 }
 
-/// Every mask that the system's texts use, against every kind of input. The file's first row names the inputs.
+/// A mask of every kind that the system's texts use, against every kind of input. The file's first row names the
+/// inputs.
 TEST(Format, GivesTheTableOfMasks) {
     QFile archivo(QStringLiteral(XA518_FORMAT_TABLE));
     ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
