@@ -89,8 +89,8 @@ TEST_F(Backups, RefusesWhatIsNoSoundBaseOfThesePrograms) {
     const QByteArray antes = prueba::BytesDe(base.Ruta());
     for (const QString& mala : malas) {
         const Veredicto veredicto = Copias().Restaura(mala);
-        ASSERT_FALSE(veredicto) << mala.toStdString();
-        EXPECT_TRUE(veredicto.mensaje->texto.contains(mala)) << veredicto.mensaje->texto.toStdString();
+        ASSERT_FALSE(veredicto) << qPrintable(mala);
+        EXPECT_TRUE(veredicto.mensaje->texto.contains(mala)) << qPrintable(veredicto.mensaje->texto);
     }
     EXPECT_EQ(prueba::BytesDe(base.Ruta()), antes);
     EXPECT_EQ(Copias().Lista().size(), 1);
@@ -109,7 +109,7 @@ TEST_F(Backups, RefusesWhileAnotherProgramUsesTheBase) {
     const Veredicto veredicto = Copias().Restaura(copia);
     ASSERT_FALSE(veredicto);
     EXPECT_TRUE(veredicto.mensaje->texto.contains(u"sh (%1)"_s.arg(otro.processId())))
-        << veredicto.mensaje->texto.toStdString();
+        << qPrintable(veredicto.mensaje->texto);
     otro.closeWriteChannel();
     ASSERT_TRUE(otro.waitForFinished());
     EXPECT_EQ(Periodos(), u"202609,202610"_s);

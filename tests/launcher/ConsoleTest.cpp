@@ -1,4 +1,5 @@
 #include "data/Base.h"
+#include "data/Catalog.h"
 #include "data/SchemaVersion.h"
 #include "data/Transaction.h"
 #include "launcher/CommandLine.h"
@@ -62,27 +63,48 @@ TEST_F(Console, InstallsPrivatelyAndPointsTheProfileFileToIt) {
     EXPECT_EQ(Declarantes(*Abre()).Busca(kRuc).value().usuario, u"CONTADOR"_s);
 }
 
-TEST_F(Console, ReinstallingKeepsWhatTheUserMade) {
+TEST_F(Console, InstallsTheRowsThatTheModulesRelyOn) {
+    ASSERT_EQ(Corre({u"--instalar"_s}), 0);
+    const auto base = Abre();
+    const Catalogo catalogo(*base);
+    // The row that the modules use when this one is missing: any piece out of its column would show.
+    EXPECT_EQ(catalogo.Funcion(u"044"_s, u"6"_s),
+              u"REG. UNICO DE CONTRIBUYENTES   RUC           11 000110 01 000001000001100111011111"
+              "                                           0 5 0"_s);
+    const QString codigos =
+        u"1 3 9 10 151 201 221 228 239 532 853 854 855 857 858 859 868 869 870 871 872 873 874 875 876 "
+        "877 878 879 880 881 882 883 884 885 886 887 888 889 890 891 892 901 982 983 984 985 986 987 "
+        "988 989 990 991 992 993 994 995 996"_s;
+    for (const QString& codigo : codigos.split(u' '))
+        EXPECT_FALSE(catalogo.DescError(codigo).isEmpty()) << qPrintable(codigo);
+}
+
+TEST_F(Console, ReinstallingRenewsTheCatalogueAndKeepsWhatTheUserMade) {
     ASSERT_EQ(Corre({u"--instalar"_s, u"--ejemplo"_s}), 0);
     const QString archivo = carpeta + u"/EJEMPLO/0518"_s + kRuc + u"202610.TXT"_s;
     prueba::EscribeEn(archivo, "corregido|");
-    {
-        const auto base = Abre();
-        prueba::AgregaCabecera(*base, kRuc, u"202609"_s, 0);
-        base->Ejecuta(u"UPDATE CONT SET Nombre = 'OTRO NOMBRE'"_s);
-        base->Ejecuta(u"INSERT INTO CLAVES VALUES ('CONTADOR', '0')"_s);
-        base->Ejecuta(u"UPDATE PARAM SET Funcion = 'x' WHERE Numero = '830'"_s);
-    }
+    prueba::AgregaCabecera(*Abre(), kRuc, u"202609"_s, 0);
+    for (const QString& sql :
+         {u"UPDATE CONT SET Nombre = 'OTRO NOMBRE'"_s, u"INSERT INTO CLAVES VALUES ('CONTADOR', '0')"_s,
+          u"UPDATE CLAVES SET Tipo = '0' WHERE Usuario = 'USUARIO'"_s,
+          u"INSERT INTO PARAM VALUES ('998', '0304020', 'de otro módulo', 4)"_s,
+          u"UPDATE PARAM SET Funcion = 'x' WHERE Numero = '830'"_s,
+          u"UPDATE PARAM SET correl_param = 77 WHERE Numero = '004' AND Argumento = '02'"_s,
+          u"UPDATE ERROR SET DescError = '' WHERE CodError = '0151'"_s})
+        Abre()->Ejecuta(sql);
     ArchivoPerfil(rutaIni).Escribe(u"Options", u"SysUser", u"JEFE");
     ASSERT_EQ(Corre({u"--instalar"_s, u"--ejemplo"_s}), 0) << qPrintable(errores);
-    EXPECT_TRUE(salida.contains(u"0 filas nuevas, 1 cambiadas"_s)) << qPrintable(salida);
+    EXPECT_TRUE(salida.contains(u"0 filas nuevas, 3 cambiadas"_s)) << qPrintable(salida);
     EXPECT_EQ(prueba::BytesDe(archivo), "corregido|");
     EXPECT_EQ(ArchivoPerfil(rutaIni).Lee(u"Options", u"SysUser"), u"JEFE"_s);
     const auto base = Abre();
-    Registros filas = base->Lee(u"SELECT B.Nombre, C.Tipo FROM CAB AS A, CONT AS B, CLAVES AS C"
-                                " WHERE A.Doc_id_d = B.Doc_id_d AND C.Usuario = 'CONTADOR'"_s);
-    ASSERT_TRUE(filas.Siguiente());
-    EXPECT_EQ(filas.Texto(0) + filas.Texto(1), u"OTRO NOMBRE0"_s);
+    const Catalogo catalogo(*base);
+    EXPECT_EQ(catalogo.Funcion(u"830"_s, u"01"_s) + catalogo.Funcion(u"998"_s, u"0304020"_s),
+              u"209912de otro módulo"_s);
+    EXPECT_FALSE(catalogo.DescError(u"0151"_s).isEmpty());
+    EXPECT_EQ(catalogo.TipoUsuario(u"USUARIO"_s) + catalogo.TipoUsuario(u"CONTADOR"_s), u"00"_s);
+    EXPECT_EQ(Declarantes(*base).Busca(kRuc).value().nombre, u"OTRO NOMBRE"_s);
+    EXPECT_TRUE(base->Lee(u"SELECT 1 FROM CAB"_s).Siguiente());
 }
 
 TEST_F(Console, RegistersDeclarantsByTheRulesOfTheirNumber) {

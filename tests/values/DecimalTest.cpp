@@ -4,6 +4,8 @@
 #include "values/Error.h"
 #include "values/Format.h"
 
+#include <QStringList>
+
 #include <gtest/gtest.h>
 
 namespace xa518 {
