@@ -126,8 +126,10 @@ TEST_F(BaseTest, UndoesWhatIsNotConfirmed) {
     EXPECT_EQ(Numeros(), u"3|4"_s);
 }
 
-/// What a report orders mustn't fill the memory, and an import after it mustn't be slow.
-TEST_F(BaseTest, TakesLittleMemoryForALongReadingAndAllOfItAfterwards) {
+/// A shared file must stay whole over a power cut; what a report orders mustn't fill the memory, nor an import after it
+/// be slow.
+TEST_F(BaseTest, SetsTheEnginesRules) {
+    EXPECT_EQ(Lista(u"PRAGMA journal_mode"_s) + Lista(u"PRAGMA synchronous"_s), u"delete3"_s);
     const QString memoria = u"SELECT cache_size < -10000 FROM pragma_cache_size"_s;
     {
         const LecturaLarga lectura(*m_base);
@@ -205,7 +207,7 @@ TEST_F(DialectTest, RunsTheSystemsWordsOnTheEngine) {
 }
 
 /// In binary 0.1 + 0.2 isn't 0.3, and a column of cents drifts.
-TEST_F(DialectTest, SumsDecimalsExactly) {
+TEST_F(DialectTest, SumsDecimalsExactlyAndRaisesWhenANumberDoesNotFit) {
     EXPECT_EQ(Lista(u"SELECT sum(monto * 1) FROM A"_s), u"0.3"_s);
     EXPECT_EQ(Lista(u"SELECT sum(monto) FROM A WHERE clave='9'"_s), u"<null>"_s);
     m_base->Ejecuta(u"DELETE * FROM A"_s);
@@ -214,9 +216,6 @@ TEST_F(DialectTest, SumsDecimalsExactly) {
     m_base->Ejecuta(u"INSERT INTO A(monto) VALUES (NULL), ('-0.01'), (''), ('abc')"_s);
     EXPECT_EQ(Lista(u"SELECT sum(val(monto)) FROM A"_s), u"99999999999989.99"_s);
     EXPECT_EQ(Lista(u"SELECT sum(monto * 1) FROM A"_s), u"99999999999989.99"_s);
-}
-
-TEST_F(DialectTest, RaisesWhenANumberDoesNotFit) {
     EXPECT_NE(NumeroDe([&] { (void)Lista(u"SELECT val(?)"_s, {QString(40, u'9')}); }), 0);
     EXPECT_EQ(Lista(u"SELECT val(?) > 9e29"_s, {QString(30, u'9')}), u"1"_s);
 }
@@ -247,12 +246,6 @@ TEST_F(OpeningTest, MakesAPrivateFileUnderAnyName) {
     Base::Crea(ruta)->Ejecuta(u"CREATE TABLE T (a TEXT)"_s);
     EXPECT_EQ(NumeroAlAbrir(ruta), 0);
     EXPECT_EQ(QFile::permissions(ruta) & prueba::kDeOtros, QFile::Permissions());
-}
-
-/// The rules that keep a shared file whole over a power cut, as the engine itself reports them.
-TEST_F(OpeningTest, SetsTheEnginesRules) {
-    EXPECT_EQ(Lista(u"PRAGMA journal_mode"_s), u"delete"_s);
-    EXPECT_EQ(Lista(u"PRAGMA synchronous"_s), u"3"_s);
 }
 
 /// The superuser may write anything, so the file is opened by a child that has become somebody else.

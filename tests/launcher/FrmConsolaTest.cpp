@@ -180,34 +180,13 @@ TEST_F(FrmConsolaTest, SendsOnlyWhatIsCleanAfterAQuestionAndACopy) {
     avisos.Espera(u"La declaración fue enviada.\n\nCopia enviada: 1\nNúmero de control: 10000001"_s);
     Alt(Qt::Key_E);
     EXPECT_EQ(tabla.model()->rowCount(), 1);
-    EXPECT_TRUE(Fila(Tabla("GrdEnviadas"), 0).endsWith(u"|09/2026|1|No|10000001|21/11/2026|Enviada|Por registrar"_s))
-        << qPrintable(Fila(Tabla("GrdEnviadas"), 0));
+    EXPECT_TRUE(Fila(Tabla("GrdEnviadas"), 0).endsWith(u"|09/2026|1|No|10000001|21/11/2026|Enviada|Por registrar"_s));
     ASSERT_EQ(Sesion(entorno).Copias().Lista().size(), 1);
     const auto copia = Base::Abre(Sesion(entorno).Copias().Lista().first().ruta);
     EXPECT_TRUE(copia->Lee(u"SELECT 1 FROM CAB WHERE periodo = '202609'"_s).Siguiente()) << "made before the sending";
 }
 
-TEST_F(FrmConsolaTest, ABaseInUseRefusesAndTheWindowStaysAsItWas) {
-    Instala();
-    Graba(u"202609"_s, 0);
-    Abre();
-    Alt(Qt::Key_R);
-    {
-        const auto otro = LaBase();
-        otro->Ejecuta(u"BEGIN EXCLUSIVE"_s);
-        QTest::keyClick(ventana.get(), Qt::Key_F5);
-        EXPECT_EQ(Aviso(), kOcupada);
-        EXPECT_EQ(Tabla("GrdRegistradas").model()->rowCount(), 1);
-        avisos.Espera({Icono::Critico, kOcupada, u"Consola Orvel de Presentaciones"_s});
-        Pulsa("CmdEnviar");
-        otro->Ejecuta(u"ROLLBACK"_s);
-    }
-    VaYVuelve();
-    EXPECT_EQ(Aviso(), QString());
-    EXPECT_TRUE(ventana->isVisible());
-}
-
-TEST_F(FrmConsolaTest, ComingBackShowsWhatOthersDidAndKeepsTheChosenRow) {
+TEST_F(FrmConsolaTest, ComingBackShowsWhatOthersDidAndABaseInUseLeavesTheWindowAsItWas) {
     Instala();
     Graba(u"202607"_s, 0);
     Graba(u"202609"_s, 0);
@@ -218,9 +197,20 @@ TEST_F(FrmConsolaTest, ComingBackShowsWhatOthersDidAndKeepsTheChosenRow) {
     Graba(u"202610"_s, 9);
     VaYVuelve();
     ASSERT_EQ(tabla.model()->rowCount(), 3);
-    EXPECT_TRUE(Fila(tabla, tabla.Actual()).contains(u"07/2026"_s));
+    EXPECT_TRUE(Fila(tabla, tabla.Actual()).contains(u"07/2026"_s)) << "the chosen row is kept";
     LaBase()->Ejecuta(u"DELETE * FROM CAB WHERE periodo = '202607'"_s);
+    {
+        const auto otro = LaBase();
+        otro->Ejecuta(u"BEGIN EXCLUSIVE"_s);
+        QTest::keyClick(ventana.get(), Qt::Key_F5);
+        EXPECT_EQ(Aviso(), kOcupada);
+        EXPECT_EQ(tabla.model()->rowCount(), 3);
+        avisos.Espera({Icono::Critico, kOcupada, u"Consola Orvel de Presentaciones"_s});
+        Pulsa("CmdEnviar");
+        otro->Ejecuta(u"ROLLBACK"_s);
+    }
     VaYVuelve();
+    EXPECT_EQ(Aviso(), QString());
     EXPECT_TRUE(Fila(tabla, tabla.Actual()).contains(u"09/2026"_s));
 }
 
@@ -258,17 +248,14 @@ TEST_F(FrmConsolaTest, AReportOpensInThePreviewAndGoesWithItsFile) {
     Alt(Qt::Key_I);
     TablaFilas& tabla = Tabla("GrdInformes");
     const QString fila = u"Declaración|"_s + kRuc + u"|21/11/2026 09:05|CONTADOR|"_s;
-    EXPECT_EQ(Fila(tabla, 1), fila + u"Falta el archivo|00000002.PRN"_s);
-    EXPECT_EQ(Fila(tabla, 2), fila + u"12|00000001.PRN"_s);
+    EXPECT_EQ(Fila(tabla, 0), fila + u"Falta el archivo|00000002.PRN"_s);
+    EXPECT_EQ(Fila(tabla, 1), fila + u"12|00000001.PRN"_s);
     const auto elimina = [&](const QString& archivo) {
         avisos.EsperaPregunta(u"¿Confirma que va a eliminar el informe «Declaración» del 21/11/2026 09:05 y su archivo"
                               " %1?"_s.arg(archivo),
                               Respuesta::Si);
         Pulsa("CmdEliminarInforme");
     };
-    EXPECT_FALSE(Control<QPushButton>("CmdVer").isEnabled());
-    elimina(u"XA000.MDW"_s);
-    EXPECT_TRUE(QFile::exists(carpeta + u"/XA000.MDW"_s));
     QTest::keyClick(&tabla, Qt::Key_Return);
     EXPECT_TRUE(vistos.isEmpty());
     EXPECT_EQ(Control<QPushButton>("CmdVer").toolTip(), u"Falta el archivo de este informe."_s);
@@ -276,8 +263,12 @@ TEST_F(FrmConsolaTest, AReportOpensInThePreviewAndGoesWithItsFile) {
     QTest::keyClick(&tabla, Qt::Key_Return);
     EXPECT_EQ(vistos, QStringList{rpt + u"00000001.PRN"_s});
     elimina(u"00000001.PRN"_s);
-    EXPECT_EQ(tabla.model()->rowCount(), 1);
     EXPECT_FALSE(QFile::exists(rpt + u"00000001.PRN"_s));
+    tabla.selectRow(1);
+    EXPECT_FALSE(Control<QPushButton>("CmdVer").isEnabled());
+    elimina(u"XA000.MDW"_s);
+    EXPECT_TRUE(QFile::exists(carpeta + u"/XA000.MDW"_s));
+    EXPECT_EQ(tabla.model()->rowCount(), 1);
 }
 
 TEST_F(FrmConsolaTest, ACopyPutsTheBaseBackAfterAQuestion) {

@@ -44,6 +44,12 @@ TEST_F(PrintOut, TheDeclarationWithoutClientsIsOnePageWithTheDebtAtItsPlace) {
     EXPECT_EQ(libreta.TextoEn(9220, 2300 + 570 + 4 * 270), QString(16, u' ')) << "a missing box is empty, not 0";
     EXPECT_THAT(libreta.Textos(0), Contains(u"Contribuyente (1/1)"_s));
     EXPECT_THAT(libreta.Textos(0), Not(Contains(u"NRO. CONTROL: "_s)));
+    for (const QString& clientes : u"~0~-1~ninguno"_s.split(u'~')) {
+        taller.Vacia();
+        taller.Cabecera({{u"501"_s, clientes}});
+        const InformesEmitidos sinAnexo = ImprimeDeclaracion(taller.proceso, taller.clave, true);
+        EXPECT_TRUE(sinAnexo.rutas.size() == 1 && !sinAnexo.veredicto) << qPrintable(clientes);
+    }
 }
 
 TEST_F(PrintOut, TheDeclarationTurnsThePageAfterTheTwentiethClient) {
@@ -106,16 +112,6 @@ TEST_F(PrintOut, TheDeclarationMarksRectificationAndPayment) {
         EXPECT_EQ(libreta.TextoEn(9380, fila + 540), cheque.trimmed());
         EXPECT_EQ(libreta.TextoEn(8825, fila + 810), cheque.isEmpty() ? QString() : u"015"_s);
         EXPECT_EQ(libreta.TextoEn(9200, fila + 810), cheque.isEmpty() ? QString() : u"02"_s);
-    }
-}
-
-TEST_F(PrintOut, TheDeclarationHasNoAnnexWithoutClients) {
-    for (const QString& clientes : {QString(), u"0"_s, u"-1"_s, u"ninguno"_s}) {
-        taller.Vacia();
-        taller.Cabecera({{u"501"_s, clientes}});
-        const InformesEmitidos sinAnexo = ImprimeDeclaracion(taller.proceso, taller.clave, true);
-        EXPECT_EQ(sinAnexo.rutas.size(), 1);
-        EXPECT_FALSE(sinAnexo.veredicto) << qPrintable(clientes);
     }
 }
 

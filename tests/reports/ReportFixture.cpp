@@ -153,11 +153,4 @@ int Libreta::Hojas() const {
     return 1 + static_cast<int>(std::count(comandos.begin(), comandos.end(), Comando(NuevaHoja())));
 }
 
-QStringList LineasDe(const QString& ruta) {
-    QStringList lineas = QString::fromUtf8(BytesDe(ruta)).split(u'\n');
-    if (lineas.last().isEmpty())
-        lineas.removeLast();
-    return lineas;
-}
-
 } // namespace xa518::prueba

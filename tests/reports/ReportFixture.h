@@ -101,6 +101,4 @@ class Libreta final : public DestinoInforme {
     [[nodiscard]] QList<TextoEnPagina> Puestos(int pagina) const;
 };
 
-[[nodiscard]] QStringList LineasDe(const QString& ruta);
-
 } // namespace xa518::prueba

@@ -27,8 +27,6 @@ using testing::ElementsAre;
 
 namespace {
 
-using Leido = std::optional<Comando>;
-
 std::unique_ptr<InformeSpool> InformeDe(const QByteArray& bytes) {
     auto entrada = std::make_unique<QBuffer>();
     entrada->setData(bytes);
@@ -91,7 +89,7 @@ std::unique_ptr<QGuiApplication> Pdf::aplicacion;
 TEST(SpoolLine, SaysWhatItHoldsAndPassesOverTheRest) {
     const struct {
         QByteArray linea;
-        Leido esperado;
+        std::optional<Comando> esperado;
     } casos[] = {
         {"pPos|10|175|Ñandú|False|8|0|", TextoEnPagina{10, 175, u"Ñandú"_s, false, 8, 0}},
         {" pPos |-5| 20 | x |tRUE|9|3|sobra", TextoEnPagina{-5, 20, u" x "_s, true, 9, 3}},
@@ -126,7 +124,7 @@ TEST(SpoolFile, GivesBackWhatWasWrittenAndNoTextBecomesACommand) {
     spool.Recibe(LineaVacia());
     spool.Recibe(TextoEnPagina{10, 350, u"a|b\nc\td"_s, false, 8, 1});
     spool.Termina();
-    EXPECT_EQ(LineasDe(ruta).mid(6), (QStringList{u" "_s, u"pPos|10|350|a b c d|False|8|1|"_s}));
+    EXPECT_TRUE(BytesDe(ruta).endsWith("\n \npPos|10|350|a b c d|False|8|1|\n"));
 
     Libreta libreta;
     InformeSpool::Abre(ruta)->Imprime({}, libreta);
@@ -151,7 +149,7 @@ TEST(SpoolHead, TellsItsPagesAndColourAndPassesOverRubbish) {
         EscribeEn(ruta, cabecera);
         EXPECT_EQ(LeeNumeroHojas(ruta), hojas) << cabecera.constData();
     }
-    EXPECT_EQ(NumeroDeHojasDe(ruta + u"x"), std::nullopt);
+    EXPECT_EQ(NumeroDeHojasDe(ruta + u"x"_s), std::nullopt);
     EXPECT_EQ(ColorPagina::Lee(u"&H00FFFFC0&"), (ColorPagina{false, 0, 0xC0, 0xFF, 0xFF}));
     EXPECT_EQ(ColorPagina::Lee(u"&H80000005&"), (ColorPagina{true, 5}));
     for (const QString& rubbish : u"|&H|&H&|&HZZ&|&HFFFFFFFFFF&|C0FFFF"_s.split(u'|'))
@@ -168,7 +166,7 @@ TEST(SpoolReport, ReadsPagesInAnyOrderAndWhereverTheirCommandsStand) {
     EXPECT_THAT(TextosDe(*informe, 3), ElementsAre(u"d"_s));
     EXPECT_THAT(TextosDe(*informe, 0), ElementsAre(u"a"_s, u"b"_s));
     for (const int vacia : {1, 2, 4, -1})
-        EXPECT_THAT(TextosDe(*informe, vacia), ElementsAre());
+        EXPECT_TRUE(TextosDe(*informe, vacia).isEmpty());
     EXPECT_EQ(InformeDe("")->Paginas(), 1);
 }
 
