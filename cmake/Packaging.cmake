@@ -1,4 +1,4 @@
-# What is installed beside the programs, and the Debian package: cpack --preset deb after a release build.
+# What is installed beside the programs, and the Debian package (`scripts/check-package`).
 install(FILES packaging/desktop/consola.desktop packaging/desktop/xa518.desktop
         DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
 install(FILES packaging/icons/consola.svg packaging/icons/xa518.svg

@@ -57,7 +57,7 @@ class Installation:
         self.part.mkdir()
         name = f"0518{RUC}{PERIOD}.TXT"
         lines = (SAMPLE / name).read_bytes().splitlines(keepends=True)
-        (self.part / name).write_bytes(b"".join(lines[:100]))
+        (self.part / name).write_bytes(b"".join(lines[:150]))
         self.big.mkdir()
         client = lines[0].decode("cp1252").split("|")[:6]
         with open(self.big / f"0518{RUC}{BIG_PERIOD}.TXT", "w", encoding="cp1252") as file:
@@ -76,10 +76,10 @@ class Installation:
         return run
 
     def console(self, *arguments, **options):
-        return self.run("src/launcher/consola", *arguments, **options)
+        return self.run("bin/consola", *arguments, **options)
 
     def batch(self, order, period, files=None, *more, **options):
-        return self.run("src/batch/xa518-lote", order, *KEY, period, *(("--percepciones", files) if files else ()), *more,
+        return self.run("bin/xa518-lote", order, *KEY, period, *(("--percepciones", files) if files else ()), *more,
                         **options)
 
     def victim(self, work):

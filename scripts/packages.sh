@@ -33,7 +33,6 @@ packages_test=(
 packages_package=(
   dpkg-dev # finds the libraries that the package needs
   file
-  man-db
   desktop-file-utils
   appstream
 )

@@ -1,5 +1,6 @@
 #include "app/FrmConsultas.h"
 
+#include "data/Catalog.h"
 #include "data/Process.h"
 #include "platform/QueryModel.h"
 #include "platform/ReadGrid.h"
@@ -18,8 +19,7 @@ FrmConsultas::FrmConsultas(Proceso& proceso, QWidget* padre)
     m_ui->grdBancos->setModel(datos);
     if (proceso.tipoConsulta == u"B") {
         setWindowTitle(u"Bancos"_s);
-        datos->Consulta(*proceso.baseDatos, u"SELECT MID(ARGUMENTO,1,2) as codigo, mid(FUNCION,1,36) as descrip "
-                                            "FROM PARAM WHERE NUMERO='004' AND TRIM(ARGUMENTO)<> '00' order by 1"_s);
+        datos->Consulta(*proceso.baseDatos, SqlBancos());
     }
     m_ui->grdBancos->AjustaColumnas(1);
     m_ui->grdBancos->PonFila(0);

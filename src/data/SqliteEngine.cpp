@@ -123,7 +123,7 @@ void MotorSqlite::Prepara(const QString& ruta) {
         throw ErrorBase(NumeroError::BaseBloqueada, u"La base '%1' es de sólo lectura."_s.arg(ruta));
 }
 
-void MotorSqlite::Pide(const QString& sql) {
+void MotorSqlite::Pide(const QString& sql) const {
     QSqlQuery consulta(Conexion());
     if (!consulta.exec(sql))
         throw ErrorDe(consulta.lastError());

@@ -22,7 +22,7 @@ class MotorSqlite final : public Motor {
 
   private:
     void Prepara(const QString& ruta);
-    void Pide(const QString& sql);
+    void Pide(const QString& sql) const;
 
     QString m_nombre;
 };

@@ -71,16 +71,12 @@ void FrmConsola::PonFichas(VistaDeInforme vista) {
     connect(m_copias, &PagCopias::Restaurada, this, Protegido([this] { RevisaBase(); }));
 }
 
-/// What may ask something waits until the window can be seen: the question would stand alone otherwise.
-void FrmConsola::showEvent(QShowEvent* evento) {
-    QMainWindow::showEvent(evento);
-    if (!std::exchange(m_arrancada, true))
-        QTimer::singleShot(0, this, Protegido([this] { Arranca(); }));
-}
-
-/// Another program may have changed the base while the person was there.
+/// What may ask something waits until the window is painted: before that the window system hasn't put it in its place,
+/// and the question would stand alone. When the window is gone back to, another program may have changed the base.
 bool FrmConsola::event(QEvent* evento) {
-    if (evento->type() == QEvent::WindowActivate && m_arrancada)
+    if (evento->type() == QEvent::Paint && !std::exchange(m_arrancada, true))
+        QTimer::singleShot(0, this, Protegido([this] { Arranca(); }));
+    else if (evento->type() == QEvent::WindowActivate && m_arrancada)
         Recarga();
     return QMainWindow::event(evento);
 }

@@ -28,7 +28,6 @@ class FrmConsola final : public QMainWindow {
     void AbreModulo();
 
   protected:
-    void showEvent(QShowEvent* evento) override;
     bool event(QEvent* evento) override;
 
   private:

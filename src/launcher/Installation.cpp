@@ -14,7 +14,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace xa518 {
 
@@ -133,12 +132,7 @@ QString Instalacion::PreparaGrupo() const {
 /// Replaced as a whole: a module that has the former file open goes on reading that one.
 QString Instalacion::InstalaAyuda() const {
     const QString ruta = RutaAyuda(m_carpeta);
-    QFile origen(u":/modulos/Xa518.hlp"_s);
-    QSaveFile destino(ruta);
-    if (!origen.open(QIODevice::ReadOnly) || !destino.open(QIODevice::WriteOnly) ||
-        destino.write(origen.readAll()) != origen.size() ||
-        !destino.setPermissions(QFile::ReadOwner | QFile::WriteOwner) || !destino.commit())
-        throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir '%1'."_s.arg(ruta));
+    CopiaPrivada(u":/modulos/Xa518.hlp"_s, ruta);
     return u"Ayuda del módulo: %1"_s.arg(ruta);
 }
 

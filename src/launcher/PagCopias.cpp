@@ -31,7 +31,7 @@ PagCopias::PagCopias(const EntornoPagina& entorno, QWidget* padre)
     setFocusProxy(m_ui->GrdCopias);
     m_ui->GrdCopias->PonColumnas({u"Fecha"_s, u"Tamaño"_s, u"Archivo"_s});
     connect(m_ui->GrdCopias, &TablaFilas::Cambia, this,
-            [this] { m_ui->CmdRestaurar->setEnabled(m_ui->GrdCopias->Actual() >= 0); });
+            [this] { m_ui->CmdRestaurar->setEnabled(m_ui->GrdCopias->Fila() >= 0); });
     connect(m_ui->CmdCopiar, &QPushButton::clicked, this, Accion([this] { Haz(); }));
     connect(m_ui->CmdRestaurar, &QPushButton::clicked, this, Accion([this] { Restaura(); }));
 }
@@ -60,7 +60,7 @@ void PagCopias::Haz() {
 }
 
 void PagCopias::Restaura() {
-    const Respaldo copia = m_lista.at(m_ui->GrdCopias->Actual());
+    const Respaldo copia = m_lista.at(m_ui->GrdCopias->Fila());
     const QString texto = u"¿Confirma que va a poner la base tal como estaba el %1?\n\nLo que se hizo después dejará de"
                           " estar en la base. Antes se guarda una copia de lo que hay ahora."_s.arg(Momento(copia));
     if (LosAvisos().Pregunta({Icono::Pregunta, texto, {}}, Respuesta::No) == Respuesta::No)

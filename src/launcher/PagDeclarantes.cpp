@@ -41,7 +41,7 @@ void PagDeclarantes::Agrega() {
 
 /// On a copy: the window reads its lists anew when it gets the focus, even with the dialog over it.
 void PagDeclarantes::Modifica() {
-    const Declarante declarante = m_lista.at(m_ui->GrdDeclarantes->Actual());
+    const Declarante declarante = m_lista.at(m_ui->GrdDeclarantes->Fila());
     Abre(declarante, &Declarantes::Modifica);
 }
 
@@ -64,7 +64,7 @@ void PagDeclarantes::Abre(const Declarante& inicial, Veredicto (Declarantes::*es
 }
 
 void PagDeclarantes::Elimina() {
-    const Declarante declarante = m_lista.at(m_ui->GrdDeclarantes->Actual());
+    const Declarante declarante = m_lista.at(m_ui->GrdDeclarantes->Fila());
     const Mensaje pregunta{
         Icono::Pregunta,
         u"¿Confirma que va a eliminar al declarante %1, %2?"_s.arg(declarante.ruc, declarante.nombre),
@@ -77,7 +77,7 @@ void PagDeclarantes::Elimina() {
 }
 
 void PagDeclarantes::ActualizaBotones() {
-    const bool hay = m_ui->GrdDeclarantes->Actual() >= 0;
+    const bool hay = m_ui->GrdDeclarantes->Fila() >= 0;
     m_ui->CmdModificar->setEnabled(hay);
     m_ui->CmdEliminarDeclarante->setEnabled(hay);
 }

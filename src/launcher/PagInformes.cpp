@@ -35,13 +35,12 @@ void PagInformes::Carga(Base& base) {
 }
 
 void PagInformes::Ve() {
-    const InformeRegistrado informe =
-        m_lista.at(m_ui->GrdInformes->Actual()); // the list may be read anew under the view
+    const InformeRegistrado informe = m_lista.at(m_ui->GrdInformes->Fila()); // the list may be read anew under the view
     m_vista(*window(), LaSesion().RutaInformes(), informe);
 }
 
 void PagInformes::Elimina() {
-    const InformeRegistrado informe = m_lista.at(m_ui->GrdInformes->Actual());
+    const InformeRegistrado informe = m_lista.at(m_ui->GrdInformes->Fila());
     const QString texto = u"¿Confirma que va a eliminar el informe «%1» del %2 y su archivo %3?"_s.arg(
         informe.Titulo(), informe.fecha, informe.archivo);
     if (LosAvisos().Pregunta({Icono::Pregunta, texto, {}}, Respuesta::No) == Respuesta::No)
@@ -54,11 +53,11 @@ void PagInformes::ActualizaBotones() {
     const QString motivo = PorQueNoSeVe();
     m_ui->CmdVer->setEnabled(motivo.isEmpty());
     m_ui->CmdVer->setToolTip(motivo);
-    m_ui->CmdEliminarInforme->setEnabled(m_ui->GrdInformes->Actual() >= 0);
+    m_ui->CmdEliminarInforme->setEnabled(m_ui->GrdInformes->Fila() >= 0);
 }
 
 QString PagInformes::PorQueNoSeVe() const {
-    const int fila = m_ui->GrdInformes->Actual();
+    const int fila = m_ui->GrdInformes->Fila();
     if (fila < 0)
         return u"No hay informes."_s;
     if (!m_lista.at(fila).hojas)

@@ -16,7 +16,7 @@ PagRegistradas::PagRegistradas(const EntornoPagina& entorno, QWidget* padre)
     m_ui->GrdRegistradas->PonColumnas(
         {u"RUC"_s, u"Nombre o razón social"_s, u"Período"_s, u"Rectifica"_s, u"Grabada"_s, u"Estado"_s});
     connect(m_ui->GrdRegistradas, &TablaFilas::Cambia, this,
-            [this] { m_ui->CmdEnviar->setEnabled(m_ui->GrdRegistradas->Actual() >= 0); });
+            [this] { m_ui->CmdEnviar->setEnabled(m_ui->GrdRegistradas->Fila() >= 0); });
     connect(m_ui->GrdRegistradas, &TablaFilas::Decidida, this, Accion([this] { Envia(); }));
     connect(m_ui->CmdEnviar, &QPushButton::clicked, this, Accion([this] { Envia(); }));
 }
@@ -36,7 +36,7 @@ void PagRegistradas::Carga(Base& base) {
 
 /// What can't be sent is told before the question, and once more by the sending itself.
 void PagRegistradas::Envia() {
-    const DeclaracionListada declaracion = m_lista.at(m_ui->GrdRegistradas->Actual());
+    const DeclaracionListada declaracion = m_lista.at(m_ui->GrdRegistradas->Fila());
     ResultadoEnvio resultado{Envio(*LaSesion().Abre(), LaSesion().ElReloj()).Valida(declaracion.clave), {}, {}};
     if (resultado.veredicto) {
         if (!Confirma(declaracion))

@@ -1,38 +1,29 @@
 #include "launcher/RowTable.h"
 
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QStandardItemModel>
 
 #include <algorithm>
 
 namespace xa518 {
 
-TablaFilas::TablaFilas(QWidget* padre) : QTableView(padre), m_modelo(new QStandardItemModel(this)) {
+TablaFilas::TablaFilas(QWidget* padre) : GrillaDeLectura(padre), m_modelo(new QStandardItemModel(this)) {
     setModel(m_modelo);
-    setEditTriggers(NoEditTriggers);
-    setSelectionBehavior(SelectRows);
-    setSelectionMode(SingleSelection);
-    setTabKeyNavigation(false);
-    setAlternatingRowColors(true);
-    setWordWrap(false);
-    verticalHeader()->hide();
     horizontalHeader()->setStretchLastSection(true);
-    horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    connect(this, &QTableView::doubleClicked, this, &TablaFilas::Decidida);
-    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this, &TablaFilas::Cambia);
+    connect(this, &GrillaDeLectura::FilaActivada, this, &TablaFilas::Decidida);
+    connect(this, &GrillaDeLectura::FilaCambiada, this, &TablaFilas::Cambia);
 }
 
 void TablaFilas::PonColumnas(const QStringList& titulos) {
     m_modelo->setHorizontalHeaderLabels(titulos);
-    AjustaColumnas();
+    EnsanchaColumnas();
 }
 
 void TablaFilas::Llena(const QList<FilaDeLista>& filas) {
     if (filas == m_filas)
         return;
-    const int anterior = Actual();
+    const int anterior = Fila();
     const QString clave = anterior < 0 ? QString() : m_filas.at(anterior).clave;
     m_filas = filas;
     {
@@ -41,31 +32,13 @@ void TablaFilas::Llena(const QList<FilaDeLista>& filas) {
         const qsizetype misma = Busca(clave);
         EligeFila(misma >= 0 ? misma : std::min<qsizetype>(std::max(anterior, 0), m_filas.size() - 1));
     }
-    AjustaColumnas();
+    EnsanchaColumnas();
     viewport()->update();
     Q_EMIT Cambia();
 }
 
-int TablaFilas::Actual() const {
-    return currentIndex().row();
-}
-
 void TablaFilas::Elige(const QString& clave) {
     EligeFila(Busca(clave));
-}
-
-void TablaFilas::keyPressEvent(QKeyEvent* evento) {
-    if (evento->key() != Qt::Key_Return && evento->key() != Qt::Key_Enter)
-        QTableView::keyPressEvent(evento);
-    else if (Actual() >= 0)
-        Q_EMIT Decidida();
-}
-
-/// The row that the buttons act on always shows: neither a click beside the rows nor Ctrl takes its mark away.
-QItemSelectionModel::SelectionFlags TablaFilas::selectionCommand(const QModelIndex& celda,
-                                                                 const QEvent* /*evento*/) const {
-    using enum QItemSelectionModel::SelectionFlag;
-    return celda.isValid() ? ClearAndSelect | Rows : QItemSelectionModel::SelectionFlags(NoUpdate);
 }
 
 void TablaFilas::PonFilas() {
@@ -90,7 +63,7 @@ qsizetype TablaFilas::Busca(const QString& clave) const {
     return fila == m_filas.cend() ? -1 : fila - m_filas.cbegin();
 }
 
-void TablaFilas::AjustaColumnas() {
+void TablaFilas::EnsanchaColumnas() {
     for (int columna = 0; columna < m_modelo->columnCount(); ++columna) {
         const int contenido = sizeHintForColumn(columna) + fontMetrics().averageCharWidth();
         const int necesario = std::max(contenido, horizontalHeader()->sectionSizeHint(columna));

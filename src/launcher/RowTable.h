@@ -1,8 +1,9 @@
 #pragma once
 
+#include "platform/ReadGrid.h"
+
 #include <QList>
 #include <QStringList>
-#include <QTableView>
 
 class QStandardItemModel;
 
@@ -18,7 +19,7 @@ struct FilaDeLista {
 
 /// A list to choose a row from. Read anew it keeps the chosen row, or its place when the row is gone. Its columns are
 /// as wide as what they hold; one that the person made wider stays so.
-class TablaFilas : public QTableView {
+class TablaFilas : public GrillaDeLectura {
     Q_OBJECT
   public:
     explicit TablaFilas(QWidget* padre = nullptr);
@@ -26,24 +27,17 @@ class TablaFilas : public QTableView {
     void PonColumnas(const QStringList& titulos);
     void Llena(const QList<FilaDeLista>& filas);
 
-    /// The number of the chosen row, from 0; -1 in an empty list.
-    [[nodiscard]] int Actual() const;
     void Elige(const QString& clave);
 
   Q_SIGNALS:
     void Cambia();   ///< another row is the chosen one, or the same one has other cells
     void Decidida(); ///< Enter or a double click
 
-  protected:
-    void keyPressEvent(QKeyEvent* evento) override;
-    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& celda,
-                                                                       const QEvent* evento) const override;
-
   private:
     void PonFilas();
     void EligeFila(qsizetype fila);
     [[nodiscard]] qsizetype Busca(const QString& clave) const;
-    void AjustaColumnas();
+    void EnsanchaColumnas();
 
     QStandardItemModel* m_modelo;
     QList<FilaDeLista> m_filas;

@@ -1,11 +1,11 @@
 #include "launcher/Sample.h"
 
 #include "launcher/CsvTable.h"
+#include "launcher/PrivateFiles.h"
 #include "values/Error.h"
 
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
 
 namespace xa518 {
 
@@ -23,23 +23,14 @@ QByteArray Contenido(const QString& ruta) {
     return archivo.readAll();
 }
 
-void EscribePrivado(const QString& ruta, const QByteArray& bytes) {
-    QSaveFile archivo(ruta);
-    const bool escrito = archivo.open(QIODevice::WriteOnly) &&
-                         archivo.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
-                         archivo.write(bytes) == bytes.size() && archivo.commit();
-    if (!escrito)
-        throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir el archivo '%1'."_s.arg(ruta));
-}
-
 QString CopiaArchivo(const QString& nombre, const QString& destino) {
-    const QByteArray bytes = Contenido(kRecurso + u'/' + nombre);
+    const QString origen = kRecurso + u'/' + nombre;
     if (!QFile::exists(destino)) {
-        EscribePrivado(destino, bytes);
+        CopiaPrivada(origen, destino);
         return u"%1: copiado."_s.arg(nombre);
     }
-    return Contenido(destino) == bytes ? u"%1: sin cambios."_s.arg(nombre)
-                                       : u"%1: se conserva el que había."_s.arg(nombre);
+    return Contenido(destino) == Contenido(origen) ? u"%1: sin cambios."_s.arg(nombre)
+                                                   : u"%1: se conserva el que había."_s.arg(nombre);
 }
 
 } // namespace

@@ -22,11 +22,11 @@ constexpr int kLargoDeSerie = 4;
 } // namespace
 
 void AlEntrar(QWidget& campo, std::function<void()> manejador) {
-    FocoDeCampo::De(campo).m_alEntrar.append(std::move(manejador));
+    FocoDeCampo::De(campo).alEntrar.append(std::move(manejador));
 }
 
 void AlSalir(QWidget& campo, std::function<Salida()> manejador) {
-    FocoDeCampo::De(campo).m_alSalir.append(std::move(manejador));
+    FocoDeCampo::De(campo).alSalir.append(std::move(manejador));
 }
 
 void FormatosDeFoco(QLineEdit& campo, FormatoDeCampo alEntrar, FormatoDeCampo alSalir) {

@@ -42,11 +42,11 @@ class TeclasDeCampo final : public QObject {
 
     bool eventFilter(QObject* objeto, QEvent* evento) override;
 
-    QList<std::function<void()>> m_avisos;
-    QList<FiltroTecla> m_filtros;
-    std::function<void()> m_entrar;
-    Gestos m_gestos;
-    int m_limite = kSinLimite;
+    QList<std::function<void()>> avisos;
+    QList<FiltroTecla> filtros;
+    std::function<void()> entrar;
+    Gestos gestos;
+    int limite = kSinLimite;
 
   private:
     [[nodiscard]] bool Pulsada(const QKeyEvent& tecla);
@@ -65,7 +65,7 @@ class TeclasDeCampo final : public QObject {
 
 TeclasDeCampo::TeclasDeCampo(QLineEdit& campo) : QObject(&campo), m_campo(&campo) {
     if (campo.inputMask().isEmpty()) { // a mask has its own length
-        m_limite = campo.maxLength();
+        limite = campo.maxLength();
         campo.setMaxLength(kSinLimite); // the field's own limit would cut the texts that the program sets
     }
     campo.setAcceptDrops(false);
@@ -97,8 +97,8 @@ bool TeclasDeCampo::Pulsada(const QKeyEvent& tecla) {
     const bool escribe = CodigoDe(tecla) != 0;
     if (escribe || EsEntrar(tecla) || tecla.key() == Qt::Key_Delete)
         Avisa();
-    if (EsEntrar(tecla) && m_entrar) {
-        m_entrar();
+    if (EsEntrar(tecla) && entrar) {
+        entrar();
         return true;
     }
     return escribe && !m_campo->isReadOnly() && Escribe(CodigoDe(tecla));
@@ -155,7 +155,7 @@ bool TeclasDeCampo::Raton(const QMouseEvent& evento) const {
 }
 
 int TeclasDeCampo::Filtra(int tecla) const {
-    for (const auto& filtro : m_filtros) {
+    for (const auto& filtro : filtros) {
         tecla = filtro(tecla);
         if (tecla == 0)
             break;
@@ -164,31 +164,31 @@ int TeclasDeCampo::Filtra(int tecla) const {
 }
 
 bool TeclasDeCampo::Cabe(qsizetype nuevos) const {
-    return m_campo->text().size() - m_campo->selectedText().size() + nuevos <= m_limite;
+    return m_campo->text().size() - m_campo->selectedText().size() + nuevos <= limite;
 }
 
 void TeclasDeCampo::Avisa() const {
-    for (const auto& aviso : m_avisos)
+    for (const auto& aviso : avisos)
         aviso();
 }
 
 void TeclasDeCampo::VaciaPortapapeles(Gesto gesto) const {
-    if (m_gestos.testFlag(gesto))
+    if (gestos.testFlag(gesto))
         QGuiApplication::clipboard()->setText(QString());
 }
 
 } // namespace
 
 void FiltraTeclas(QLineEdit& campo, FiltroTecla filtro) {
-    TeclasDeCampo::De(campo).m_filtros.append(std::move(filtro));
+    TeclasDeCampo::De(campo).filtros.append(std::move(filtro));
 }
 
 void AlTeclear(QLineEdit& campo, std::function<void()> aviso) {
-    TeclasDeCampo::De(campo).m_avisos.append(std::move(aviso));
+    TeclasDeCampo::De(campo).avisos.append(std::move(aviso));
 }
 
 void LimitaTecleo(QLineEdit& campo, int largo) {
-    TeclasDeCampo::De(campo).m_limite = largo;
+    TeclasDeCampo::De(campo).limite = largo;
 }
 
 void TextoSinCorte(QLineEdit& campo) {
@@ -197,19 +197,19 @@ void TextoSinCorte(QLineEdit& campo) {
 
 int LimiteDeTecleo(const QLineEdit& campo) {
     const auto* teclas = campo.findChild<TeclasDeCampo*>(QString(), Qt::FindDirectChildrenOnly);
-    return teclas ? teclas->m_limite : campo.maxLength();
+    return teclas ? teclas->limite : campo.maxLength();
 }
 
 void SinPegar(QLineEdit& campo, Gestos gestos) {
-    TeclasDeCampo::De(campo).m_gestos = gestos;
+    TeclasDeCampo::De(campo).gestos = gestos;
 }
 
 void EntrarComoTab(QLineEdit& campo) {
-    TeclasDeCampo::De(campo).m_entrar = [] { EnviaTecla(u"TAB"_s); };
+    TeclasDeCampo::De(campo).entrar = [] { EnviaTecla(u"TAB"_s); };
 }
 
 void EntrarSiHayTexto(QLineEdit& campo) {
-    TeclasDeCampo::De(campo).m_entrar = [&campo] {
+    TeclasDeCampo::De(campo).entrar = [&campo] {
         if (!campo.text().trimmed().isEmpty())
             EnviaTecla(u"TAB"_s);
     };

@@ -56,7 +56,7 @@ bool FocoDeCampo::SeVa() const {
 void FocoDeCampo::Entra() {
     m_dentro = true;
     Protegido([this] {
-        for (const auto& manejador : m_alEntrar)
+        for (const auto& manejador : alEntrar)
             manejador();
     })();
 }
@@ -74,7 +74,7 @@ void FocoDeCampo::Sale() {
     qApp->setProperty(kEnTransito, true);
     const auto transito = qScopeGuard([] { qApp->setProperty(kEnTransito, false); });
     Protegido([&] {
-        for (const auto& manejador : m_alSalir)
+        for (const auto& manejador : alSalir)
             if (manejador() == Salida::Retenida || !vive)
                 return;
         m_ultima = Salida::Libre;

@@ -18,8 +18,8 @@ class FocoDeCampo final : public QObject {
     /// How the field was last left. While it has the focus: whether it has kept it.
     [[nodiscard]] Salida Ultima() const { return m_ultima; }
 
-    QList<std::function<void()>> m_alEntrar;
-    QList<std::function<Salida()>> m_alSalir;
+    QList<std::function<void()>> alEntrar;
+    QList<std::function<Salida()>> alSalir;
 
   private:
     explicit FocoDeCampo(QWidget& campo);

@@ -77,7 +77,7 @@ QRect FondoVista::Sitio() const {
 QPixmap FondoVista::Figura() {
     if (const QPixmap* hecha = m_figuras.object(m_pagina))
         return *hecha;
-    const QPixmap figura = Dibuja();
+    QPixmap figura = Dibuja();
     constexpr qsizetype kBytesPorPunto = 4;
     const qsizetype costo = qsizetype(figura.width()) * figura.height() * kBytesPorPunto / 1024;
     m_figuras.insert(m_pagina, new QPixmap(figura), costo); // the cache owns it

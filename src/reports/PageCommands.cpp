@@ -11,8 +11,8 @@ namespace xa518 {
 namespace {
 
 void AgregaNumero(QByteArray& salida, int numero) {
-    std::array<char, 16> cifras;
-    const auto fin = std::to_chars(cifras.data(), cifras.data() + cifras.size(), numero).ptr;
+    std::array<char, 16> cifras{};
+    const char* const fin = std::to_chars(cifras.data(), cifras.data() + cifras.size(), numero).ptr;
     salida.append(cifras.data(), fin - cifras.data());
     salida += '|';
 }

@@ -38,13 +38,14 @@ QStringView SinRelleno(QStringView texto) {
 /// Where the first word behind the columns begins; 0 for a text that has none there.
 qsizetype FinDeColumnas(QStringView texto) {
     const qsizetype blanco = texto.indexOf(u' ', kColumnas);
-    const auto* palabra = std::find_if(texto.begin() + std::max<qsizetype>(blanco, 0), texto.end(),
-                                       [](QChar c) { return c != u' '; });
+    const auto* palabra =
+        std::find_if(texto.begin() + std::max<qsizetype>(blanco, 0), texto.end(), [](QChar c) { return c != u' '; });
     return blanco < 0 ? 0 : palabra - texto.begin();
 }
 
 QString Recortado(QStringView texto, qsizetype lugares) {
-    return texto.size() <= lugares ? texto.toString() : texto.first(std::max<qsizetype>(lugares - 1, 0)).toString() + u'…';
+    return texto.size() <= lugares ? texto.toString()
+                                   : texto.first(std::max<qsizetype>(lugares - 1, 0)).toString() + u'…';
 }
 
 } // namespace

@@ -116,7 +116,7 @@ TEST_F(FrmConsolaTest, ADeclarantIsAddedByKeyboardAndAFaultKeepsWhatWasTyped) {
     });
     Alt(Qt::Key_A);
     TablaFilas& tabla = Tabla("GrdDeclarantes");
-    EXPECT_EQ(Fila(tabla, tabla.Actual()), u"10412345679|LOS MOLLES|CONTADOR"_s);
+    EXPECT_EQ(Fila(tabla, tabla.Fila()), u"10412345679|LOS MOLLES|CONTADOR"_s);
     EXPECT_EQ(Declarantes(*LaBase()).Lista().size(), 2);
     EXPECT_EQ(Declarantes(*LaBase()).Busca(kRuc)->nombre, anterior);
 }
@@ -197,7 +197,7 @@ TEST_F(FrmConsolaTest, ComingBackShowsWhatOthersDidAndABaseInUseLeavesTheWindowA
     Graba(u"202610"_s, 9);
     VaYVuelve();
     ASSERT_EQ(tabla.model()->rowCount(), 3);
-    EXPECT_TRUE(Fila(tabla, tabla.Actual()).contains(u"07/2026"_s)) << "the chosen row is kept";
+    EXPECT_TRUE(Fila(tabla, tabla.Fila()).contains(u"07/2026"_s)) << "the chosen row is kept";
     LaBase()->Ejecuta(u"DELETE * FROM CAB WHERE periodo = '202607'"_s);
     {
         const auto otro = LaBase();
@@ -211,7 +211,7 @@ TEST_F(FrmConsolaTest, ComingBackShowsWhatOthersDidAndABaseInUseLeavesTheWindowA
     }
     VaYVuelve();
     EXPECT_EQ(Aviso(), QString());
-    EXPECT_TRUE(Fila(tabla, tabla.Actual()).contains(u"09/2026"_s));
+    EXPECT_TRUE(Fila(tabla, tabla.Fila()).contains(u"09/2026"_s));
 }
 
 TEST_F(FrmConsolaTest, TheFirstStartOffersToInstall) {
