@@ -92,6 +92,7 @@ class Base {
     [[nodiscard]] const QString& Ruta() const { return m_ruta; }
 
   private:
+    friend class LecturaLarga;
     friend class Registros;
     friend class Transaccion;
     using Libres = std::vector<std::unique_ptr<QSqlQuery>>;

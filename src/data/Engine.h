@@ -11,6 +11,7 @@ namespace xa518 {
 class ErrorBase;
 
 enum class ModoApertura { Existente, Nueva };
+enum class Memoria { Amplia, Corta };
 
 /// What differs between database engines: opening, the dialect, the meaning of error codes.
 class Motor {
@@ -29,6 +30,9 @@ class Motor {
     /// own words for whoever is asked for help.
     [[nodiscard]] virtual ErrorBase ErrorDe(const QSqlError& error) const = 0;
     [[nodiscard]] virtual QString SqlComienza() const = 0;
+    /// How much memory the connection may take: for the rows that it keeps at hand, and as much for each order that it
+    /// puts rows in.
+    [[nodiscard]] virtual QString SqlMemoria(Memoria memoria) const = 0;
     /// A query of two columns, name and declared type, over the columns of a table in their order.
     [[nodiscard]] virtual QString SqlColumnas(const QString& tabla) const = 0;
 };

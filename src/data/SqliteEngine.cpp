@@ -118,7 +118,7 @@ void MotorSqlite::Prepara(const QString& ruta) {
     // the file. EXTRA also makes the journal's removal durable, so that a power cut never brings an old state back.
     Pide(u"PRAGMA journal_mode=DELETE"_s);
     Pide(u"PRAGMA synchronous=EXTRA"_s);
-    Pide(u"PRAGMA cache_size=-65536"_s); // 64 MB: the indexes of a large declaration, filled in no order, fit
+    Pide(SqlMemoria(Memoria::Amplia));
     if (sqlite3_db_readonly(manija, "main") == 1)
         throw ErrorBase(NumeroError::BaseBloqueada, u"La base '%1' es de sólo lectura."_s.arg(ruta));
 }
@@ -146,6 +146,11 @@ ErrorBase MotorSqlite::ErrorDe(const QSqlError& error) const {
 
 QString MotorSqlite::SqlComienza() const {
     return u"BEGIN IMMEDIATE"_s;
+}
+
+/// 64 MB: the indexes of a large declaration, filled in no order, fit. What is put in order beyond 8 MB waits on disk.
+QString MotorSqlite::SqlMemoria(Memoria memoria) const {
+    return memoria == Memoria::Amplia ? u"PRAGMA cache_size=-65536"_s : u"PRAGMA cache_size=-8192"_s;
 }
 
 QString MotorSqlite::SqlColumnas(const QString& tabla) const {

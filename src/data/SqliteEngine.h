@@ -17,6 +17,7 @@ class MotorSqlite final : public Motor {
     [[nodiscard]] QString Traduce(const QString& sql) const override;
     [[nodiscard]] ErrorBase ErrorDe(const QSqlError& error) const override;
     [[nodiscard]] QString SqlComienza() const override;
+    [[nodiscard]] QString SqlMemoria(Memoria memoria) const override;
     [[nodiscard]] QString SqlColumnas(const QString& tabla) const override;
 
   private:

@@ -22,11 +22,30 @@ constexpr int kMargen = 360;
 constexpr qreal kGrosor = 8;
 constexpr int kTamanoMaximo = 200; ///< of a font, in points: what a damaged file asks beyond it isn't worth the memory
 
+/// Of a line that is too long for the sheet: up to here stand its columns, which keep their places under those of the
+/// other lines. The words behind them are drawn narrower.
+constexpr qsizetype kColumnas = 48;
+
+constexpr qreal kEstrechez = 0.5; ///< narrower than this nobody reads: what is left then is cut
+
 /// Without the blanks behind, which lines are filled up with.
-qsizetype LargoVisible(QStringView texto) {
+QStringView SinRelleno(QStringView texto) {
     while (texto.endsWith(u' '))
         texto.chop(1);
-    return texto.size();
+    return texto;
+}
+
+/// Where the first word behind the columns begins; 0 for a text that has none there.
+qsizetype FinDeColumnas(QStringView texto) {
+    const qsizetype blanco = texto.indexOf(u' ', kColumnas);
+    const auto* palabra =
+        std::find_if(texto.begin() + std::max<qsizetype>(blanco, 0), texto.end(), [](QChar c) { return c != u' '; });
+    return blanco < 0 ? 0 : palabra - texto.begin();
+}
+
+QString Recortado(QStringView texto, qsizetype lugares) {
+    return texto.size() <= lugares ? texto.toString()
+                                   : texto.first(std::max<qsizetype>(lugares - 1, 0)).toString() + u'…';
 }
 
 } // namespace
@@ -69,23 +88,33 @@ void PintorPagina::Pinta(const Comando& comando) {
         Cuadros(*cuadro);
 }
 
-/// The place given is the top left corner of the text, the painter's that of its base line. A text that would run off
-/// the sheet, as the long reasons of refused lines do, is drawn narrower.
+/// The place given is the top left corner of the text, the painter's that of its base line.
 void PintorPagina::Texto(const TextoEnPagina& texto) {
     if (texto.tamano <= 0 || texto.texto.isEmpty())
         return;
     PonFuente(texto.tamano, texto.negrita);
     const QPointF base(texto.x, texto.y + m_ascenso);
     const qreal sitio = m_ancho - 2 * kMargen - texto.x;
-    const qreal ancho = m_paso * static_cast<qreal>(LargoVisible(texto.texto));
-    if (sitio <= 0 || ancho <= sitio) {
+    const QStringView visible = SinRelleno(texto.texto);
+    if (sitio <= 0 || m_paso * static_cast<qreal>(visible.size()) <= sitio)
         m_pintor->drawText(base, texto.texto);
-        return;
-    }
+    else
+        Ajustado(base, visible, sitio);
+}
+
+/// A text that would run off the sheet, as the long reasons of refused lines do.
+void PintorPagina::Ajustado(QPointF base, QStringView texto, qreal sitio) {
+    qsizetype columnas = FinDeColumnas(texto);
+    if (m_paso * static_cast<qreal>(columnas) >= sitio)
+        columnas = 0;
+    const qreal anchoColumnas = m_paso * static_cast<qreal>(columnas);
+    const qreal resto = sitio - anchoColumnas;
+    const QString palabras = Recortado(texto.sliced(columnas), static_cast<qsizetype>(resto / m_paso / kEstrechez));
+    m_pintor->drawText(base, texto.first(columnas).toString());
     m_pintor->save();
-    m_pintor->translate(base);
-    m_pintor->scale(sitio / ancho, 1);
-    m_pintor->drawText(QPointF(), texto.texto);
+    m_pintor->translate(base.x() + anchoColumnas, base.y());
+    m_pintor->scale(resto / (m_paso * static_cast<qreal>(palabras.size())), 1);
+    m_pintor->drawText(QPointF(), palabras);
     m_pintor->restore();
 }
 

@@ -27,6 +27,7 @@ class PintorPagina {
 
   private:
     void Texto(const TextoEnPagina& texto);
+    void Ajustado(QPointF base, QStringView texto, qreal sitio);
     void Vertical(const TextoEnPagina& texto);
     void Cuadros(const Cuadro& cuadro);
     void PonFuente(int tamano, bool negrita);

@@ -1,5 +1,6 @@
 #include "reports/RunReport.h"
 
+#include "data/LongReading.h"
 #include "data/Process.h"
 #include "reports/AnnexReport.h"
 #include "reports/DeclarationReport.h"
@@ -29,6 +30,7 @@ void EncabezaDeclaracion(const PedidoDeclaracion& pedido, int hojas, EscritorInf
 
 void GeneraDeclaracion(Proceso& proceso, const PedidoDeclaracion& pedido, EscritorInforme& escritor) {
     Base& base = *proceso.baseDatos;
+    const LecturaLarga lectura(base);
     if (pedido.anexo) {
         EncabezaDeclaracion(pedido, InformeAnexo::TotalPaginas(base, pedido.datos.clave), escritor);
         InformeAnexo(base, proceso.reloj, pedido.datos, escritor).Imprime();

@@ -1,8 +1,16 @@
 #include "DataFixture.h"
 
+#include "data/LongReading.h"
 #include "data/Transaction.h"
+#include "data/Workgroup.h"
+
+#include <QDir>
+#include <QFile>
 
 #include <sqlite3.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <stdexcept>
 
@@ -45,11 +53,9 @@ TEST_F(BaseTest, NumbersTheErrorsAsTheMessagesKnowThem) {
 }
 
 TEST_F(BaseTest, KeepsValuesApartFromTheStatement) {
-    const QStringList textos = {u"O'Higgins \"&\" ñandú"_s, u"x'; DROP TABLE CLIENTE; --"_s, u"?"_s, u"%1 [a] * "_s,
-                                u""_s};
-    for (qsizetype i = 0; i < textos.size(); ++i) {
-        Agrega(QString::number(i), textos[i]);
-        EXPECT_EQ(Lista(u"SELECT nombre FROM CLIENTE WHERE nombre=?"_s, {textos[i]}), textos[i]);
+    for (const QString& texto : u"O'Higgins \"&\" ñandú|x'; DROP TABLE CLIENTE; --|?|%1 [a] * |"_s.split(u'|')) {
+        Agrega(texto, texto);
+        EXPECT_EQ(Lista(u"SELECT nombre FROM CLIENTE WHERE nombre=?"_s, {texto}), texto);
     }
 }
 
@@ -120,6 +126,18 @@ TEST_F(BaseTest, UndoesWhatIsNotConfirmed) {
     EXPECT_EQ(Numeros(), u"3|4"_s);
 }
 
+/// A shared file must stay whole over a power cut; what a report orders mustn't fill the memory, nor an import after it
+/// be slow.
+TEST_F(BaseTest, SetsTheEnginesRules) {
+    EXPECT_EQ(Lista(u"PRAGMA journal_mode"_s) + Lista(u"PRAGMA synchronous"_s), u"delete3"_s);
+    const QString memoria = u"SELECT cache_size < -10000 FROM pragma_cache_size"_s;
+    {
+        const LecturaLarga lectura(*m_base);
+        EXPECT_EQ(Lista(memoria), u"0"_s);
+    }
+    EXPECT_EQ(Lista(memoria), u"1"_s);
+}
+
 /// Another program of the family that holds the file for longer than the short wait.
 auto OtroPrograma(const QString& ruta, const char* sql) {
     sqlite3* conexion = nullptr;
@@ -153,6 +171,124 @@ TEST_F(BaseTest, SaysThatItIsLockedAndWorksAgainAfterwards) {
                   3051);
     }
     EXPECT_EQ(Numeros(), u"1"_s); // a commit that others kept from happening is undone, not left half way
+}
+
+class DialectTest : public BaseDePrueba {
+  protected:
+    DialectTest() {
+        for (const QString& sql : {u"CREATE TABLE A (clave TEXT, periodo TEXT, monto TEXT, [mi nombre] TEXT)"_s,
+                                   u"CREATE TABLE B (clave TEXT, nombre TEXT)"_s,
+                                   u"INSERT INTO A VALUES ('1','202405','0.1','uno'),('2','202406','0.2',NULL)"_s,
+                                   u"INSERT INTO B VALUES ('1','Ñandú')"_s})
+            m_base->Ejecuta(sql);
+    }
+};
+
+TEST_F(DialectTest, RunsTheSystemsWordsOnTheEngine) {
+    const std::pair<QString, QString> casos[] = {
+        {u"SELECT mid('abcdef',2,3)"_s, u"bcd"_s},
+        {u"SELECT mid$(A.PERIODO,5,2) & mid$(A.PERIODO,1,4) as P FROM A ORDER BY 1"_s, u"052024|062024"_s},
+        {u"SELECT mid(periodo,5,2) & '/' & mid(periodo,1,4) & [mi nombre] FROM A"_s, u"05/2024uno|06/2024"_s},
+        {u"SELECT ('a' & null) & ('b' & mid('xc',2,1)) & 1"_s, u"abc1"_s},
+        {u"SELECT 'a' & null & 'b'"_s, u"ab"_s},
+        {u"SELECT left(A.clave & A.periodo, 3) FROM A"_s, u"120|220"_s},
+        {u"SELECT left(null,3)"_s, u"<null>"_s},
+        {u"SELECT len('ñandú')"_s, u"5"_s},
+        {u"SELECT B.nombre FROM A LEFT JOIN B ON A.clave=B.clave ORDER BY A.clave"_s, u"Ñandú|<null>"_s},
+        {u"SELECT 'it''s mid(1) & [x] left(' & \"clave\" FROM A WHERE clave='1'"_s, u"it's mid(1) & [x] left(1"_s},
+        {u"SELECT format(' 7','00')"_s, u"07"_s},
+        {u"SELECT format(null,'00')"_s, u""_s},
+        {u"SELECT val('12.5 kg') & '/' & val('x') & '/' & val('(3)') & '/' & val(8)"_s, u"12.5/0/0/8"_s},
+    };
+    for (const auto& [sql, esperado] : casos)
+        EXPECT_EQ(Lista(sql), esperado) << qPrintable(sql);
+    EXPECT_EQ(m_base->Ejecuta(u" DELETE * FROM A WHERE clave='1'"_s), 1);
+    EXPECT_EQ(m_base->Ejecuta(u"delete  *  from A WHERE clave='1'"_s), 0);
+}
+
+/// In binary 0.1 + 0.2 isn't 0.3, and a column of cents drifts.
+TEST_F(DialectTest, SumsDecimalsExactlyAndRaisesWhenANumberDoesNotFit) {
+    EXPECT_EQ(Lista(u"SELECT sum(monto * 1) FROM A"_s), u"0.3"_s);
+    EXPECT_EQ(Lista(u"SELECT sum(monto) FROM A WHERE clave='9'"_s), u"<null>"_s);
+    m_base->Ejecuta(u"DELETE * FROM A"_s);
+    m_base->Ejecuta(u"WITH n(i) AS (VALUES (1) UNION ALL SELECT i+1 FROM n WHERE i<1000) "
+                    "INSERT INTO A(monto) SELECT '99999999999.99' FROM n"_s);
+    m_base->Ejecuta(u"INSERT INTO A(monto) VALUES (NULL), ('-0.01'), (''), ('abc')"_s);
+    EXPECT_EQ(Lista(u"SELECT sum(val(monto)) FROM A"_s), u"99999999999989.99"_s);
+    EXPECT_EQ(Lista(u"SELECT sum(monto * 1) FROM A"_s), u"99999999999989.99"_s);
+    EXPECT_NE(NumeroDe([&] { (void)Lista(u"SELECT val(?)"_s, {QString(40, u'9')}); }), 0);
+    EXPECT_EQ(Lista(u"SELECT val(?) > 9e29"_s, {QString(30, u'9')}), u"1"_s);
+}
+
+class OpeningTest : public BaseDePrueba {
+  protected:
+    [[nodiscard]] QString Ruta(const QString& nombre) const { return m_base.Carpeta() + u'/' + nombre; }
+    [[nodiscard]] static int NumeroAlAbrir(const QString& ruta) {
+        return NumeroDe([&] { (void)Base::Abre(ruta); });
+    }
+};
+
+TEST_F(OpeningTest, TellsWhatIsWrongWithTheFile) {
+    EXPECT_EQ(NumeroAlAbrir(Ruta(u"nohay.db"_s)), 3024);
+    EXPECT_FALSE(QFile::exists(Ruta(u"nohay.db"_s))); // and didn't make one
+    EXPECT_EQ(NumeroAlAbrir(m_base.Carpeta()), 3024);
+    EXPECT_EQ(NumeroAlAbrir(u""_s), 3024);
+    prueba::EscribeEn(Ruta(u"texto.db"_s), QByteArray(5000, 'x'));
+    EXPECT_EQ(NumeroAlAbrir(Ruta(u"texto.db"_s)), SQLITE_NOTADB);
+    EXPECT_EQ(NumeroAlAbrir(u"oracle://servidor/base"_s), 3170);
+    EXPECT_EQ(NumeroDe([&] { (void)Base::Crea(m_base->Ruta()); }), 57); // never over an existing one
+}
+
+TEST_F(OpeningTest, MakesAPrivateFileUnderAnyName) {
+    const QString carpeta = Ruta(u"Año 1 100% #x? 'y'"_s);
+    ASSERT_TRUE(QDir().mkpath(carpeta));
+    const QString ruta = carpeta + u"/base ñ.db"_s;
+    Base::Crea(ruta)->Ejecuta(u"CREATE TABLE T (a TEXT)"_s);
+    EXPECT_EQ(NumeroAlAbrir(ruta), 0);
+    EXPECT_EQ(QFile::permissions(ruta) & prueba::kDeOtros, QFile::Permissions());
+}
+
+/// The superuser may write anything, so the file is opened by a child that has become somebody else.
+int NumeroAlAbrirComoOtroUsuario(const QString& ruta) {
+    constexpr uid_t kNadie = 65534;
+    const pid_t hijo = fork();
+    if (hijo == 0) {
+        if (geteuid() == 0 && (setgid(kNadie) != 0 || setuid(kNadie) != 0))
+            _exit(1);
+        _exit(NumeroDe([&] { (void)Base::Abre(ruta); }) == 3051 ? 51 : 2);
+    }
+    int estado = 0;
+    waitpid(hijo, &estado, 0);
+    return WIFEXITED(estado) ? WEXITSTATUS(estado) : -1;
+}
+
+TEST_F(OpeningTest, RefusesAReadOnlyOrUnreadableFileAsLocked) {
+    const QString ruta = Ruta(u"otra.db"_s);
+    Base::Crea(ruta)->Ejecuta(u"CREATE TABLE T (a TEXT)"_s);
+    QFile::setPermissions(m_base.Carpeta(), QFile::Permissions(0x7755));
+    ASSERT_TRUE(QFile::setPermissions(ruta, QFile::Permissions(0x4444)));
+    EXPECT_EQ(NumeroAlAbrirComoOtroUsuario(ruta), 51);
+    ASSERT_TRUE(QFile::setPermissions(ruta, QFile::Permissions()));
+    EXPECT_EQ(NumeroAlAbrirComoOtroUsuario(ruta), 51);
+    ASSERT_TRUE(QFile::setPermissions(ruta, QFile::Permissions(0x6600)));
+    EXPECT_EQ(NumeroAlAbrir(ruta), 0);
+}
+
+TEST_F(OpeningTest, TheWorkgroupAdmitsItsAccountAndNoOther) {
+    const QString ruta = Ruta(u"XA000.MDW"_s);
+    const GrupoTrabajo grupo(ruta);
+    const auto numero = [&grupo](const QString& usuario, const QString& clave) {
+        return NumeroDe([&] { grupo.Verifica({usuario, clave}); });
+    };
+    EXPECT_EQ(numero(u"usuario1"_s, u"clave001"_s), 3028);
+    grupo.Admite({u"usuario1"_s, u"clave001"_s});
+    EXPECT_EQ(numero(u"usuario1"_s, u"clave001"_s), 0);
+    EXPECT_EQ(numero(u"usuario1"_s, u"clave002"_s), 3029);
+    EXPECT_EQ(numero(u"usuario2"_s, u"clave001"_s), 3029);
+    EXPECT_EQ(QFile::permissions(ruta) & prueba::kDeOtros, QFile::Permissions());
+    EXPECT_FALSE(prueba::BytesDe(ruta).contains("clave001"));
+    prueba::EscribeEn(ruta, "{\"usuario1\": \"clave001\"} \x01 rubbish");
+    EXPECT_EQ(numero(u"usuario1"_s, u"clave001"_s), 3029);
 }
 
 } // namespace

@@ -1,17 +1,34 @@
 #include "launcher/FrmConsola.h"
 
+#include "Printers.h"
 #include "launcher/Declarants.h"
-#include "launcher/WindowFixture.h"
+#include "launcher/RowTable.h"
+#include "platform/Clock.h"
+#include "support/FormDriver.h"
+#include "support/NoticeScript.h"
+#include "support/TemporaryBase.h"
 
 #include <QComboBox>
+#include <QDir>
+#include <QFrame>
+#include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
+
+#include <gtest/gtest.h>
 
 namespace xa518 {
 namespace {
 
 using namespace Qt::StringLiterals;
-using prueba::kRuc;
+
+const QString kRuc = u"20990518018"_s;
+const QString kOcupada = u"La base de datos está en uso por otro programa, o es de sólo lectura. Espere a que el otro"
+                         " programa termine y vuelva a intentarlo."_s;
+const QString kRestaura = u"¿Confirma que va a poner la base tal como estaba el 21/11/2026 10:00:00?\n\nLo que se hizo"
+                          " después dejará de estar en la base. Antes se guarda una copia de lo que hay ahora."_s;
 
 /// Types into the field that has the focus.
 void Escribe(QWidget& ventana, const QString& texto) {
@@ -19,46 +36,94 @@ void Escribe(QWidget& ventana, const QString& texto) {
         QTest::keyClick(ventana.focusWidget(), c.toLatin1());
 }
 
-class FrmConsolaTest : public prueba::Ventana {
+/// An installation with the sample company, and the launcher's window over it.
+class FrmConsolaTest : public testing::Test {
   protected:
-    FrmConsolaTest() { Instala(); }
+    /// The opening made the installation the current folder.
+    ~FrmConsolaTest() override { QDir::setCurrent(QDir::rootPath()); }
+
+    void Instala() { (void)Sesion(entorno).Instala(true); }
+    /// Opens the window and waits until its start is over.
+    void Abre(VistaDeInforme vista = {}) {
+        ventana = std::make_unique<FrmConsola>(entorno, avisos, programas, std::move(vista));
+        prueba::Muestra(*ventana);
+        QCoreApplication::processEvents();
+    }
+    /// Goes to another window and comes back.
+    void VaYVuelve() {
+        QWidget otra;
+        prueba::Muestra(otra);
+        prueba::Muestra(*ventana);
+    }
+
+    template <typename T>
+    [[nodiscard]] T& Control(const char* nombre) const {
+        return prueba::De<T>(*ventana, nombre);
+    }
+    void Pulsa(const char* boton) const { prueba::Clic(*ventana, boton); }
+    void Alt(Qt::Key letra) const {
+        QTest::keyClick(ventana.get(), letra, Qt::AltModifier);
+        QTest::qWait(120); // a mnemonic holds the button down for a tenth of a second
+    }
+
+    [[nodiscard]] TablaFilas& Tabla(const char* nombre) const { return Control<TablaFilas>(nombre); }
+    /// The cells of a row, joined by "|".
+    [[nodiscard]] static QString Fila(const TablaFilas& tabla, int fila) {
+        QStringList celdas;
+        for (int columna = 0; columna < tabla.model()->columnCount(); ++columna)
+            celdas.append(tabla.model()->index(fila, columna).data().toString());
+        return celdas.join(u'|');
+    }
+    [[nodiscard]] std::unique_ptr<Base> LaBase() const { return Base::Abre(RutaBase()); }
+    [[nodiscard]] QString RutaBase() const { return carpeta + u"/XA000.DB"_s; }
+    void Graba(const QString& periodo, int estado) const { prueba::AgregaCabecera(*LaBase(), kRuc, periodo, estado); }
+    void Registra(const QString& secuencia, const QString& archivo) const {
+        LaBase()->Ejecuta(u"INSERT INTO SPOOL VALUES ('PER006', ?, ?, '2026-11-21 09:05:00', 'CONTADOR', 6, ?)"_s,
+                          {secuencia, archivo, kRuc});
+    }
+    [[nodiscard]] QString Aviso() const {
+        return Control<QFrame>("FraAviso").isVisible() ? Control<QLabel>("LblAviso").text() : QString();
+    }
+
+    QTemporaryDir raiz;
+    QString carpeta{raiz.filePath(u"xa518"_s)};
+    QString programas{raiz.filePath(u"bin"_s)};
+    RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
+    EntornoConsola entorno{reloj, raiz.filePath(u"XA000.INI"_s), carpeta, u"CONTADOR"_s};
+    AvisosDePrueba avisos;
+    std::unique_ptr<FrmConsola> ventana;
 };
 
 TEST_F(FrmConsolaTest, ADeclarantIsAddedByKeyboardAndAFaultKeepsWhatWasTyped) {
+    Instala();
     Abre();
+    const QString anterior = Declarantes(*LaBase()).Busca(kRuc)->nombre;
     avisos.Espera({Icono::Critico, u"El RUC '20990518019' no es válido."_s, u"Agregar declarante"_s});
+    avisos.Espera(u"El declarante %1 ya está registrado, con el nombre '%2'."_s.arg(kRuc, anterior));
     prueba::AlAbrir(u"FrmDeclarante", [](QWidget& forma) {
+        auto& ruc = prueba::De<QLineEdit>(forma, "TxtRuc");
         Escribe(forma, u"20-990518019"_s);
         QTest::keyClick(forma.focusWidget(), Qt::Key_Return);
         Escribe(forma, u"LOS MOLLES"_s);
         QTest::keyClick(&forma, Qt::Key_A, Qt::AltModifier);
         QTest::qWait(120);
-        EXPECT_TRUE(prueba::De<QLineEdit>(forma, "TxtRuc").hasFocus());
-        prueba::De<QLineEdit>(forma, "TxtRuc").clear();
-        Escribe(forma, u"10412345679"_s);
-        prueba::Clic(forma, "CmdAceptar");
+        EXPECT_TRUE(ruc.hasFocus());
+        for (const QString& otro : {kRuc, u"10412345679"_s}) {
+            ruc.clear();
+            Escribe(forma, otro);
+            prueba::Clic(forma, "CmdAceptar");
+        }
     });
     Alt(Qt::Key_A);
     TablaFilas& tabla = Tabla("GrdDeclarantes");
     EXPECT_EQ(Fila(tabla, tabla.Fila()), u"10412345679|LOS MOLLES|CONTADOR"_s);
     EXPECT_EQ(Declarantes(*LaBase()).Lista().size(), 2);
+    EXPECT_EQ(Declarantes(*LaBase()).Busca(kRuc)->nombre, anterior);
 }
 
-TEST_F(FrmConsolaTest, ADeclarantCannotBeAddedTwiceButRenamed) {
+TEST_F(FrmConsolaTest, ADeclarantKeepsItsNumberWhenItIsChanged) {
+    Instala();
     Abre();
-    const QString anterior = Declarantes(*LaBase()).Busca(kRuc)->nombre;
-    avisos.Espera(u"El declarante %1 ya está registrado, con el nombre '%2'."_s.arg(kRuc, anterior));
-    prueba::AlAbrir(u"FrmDeclarante", [](QWidget& forma) {
-        Escribe(forma, kRuc);
-        QTest::keyClick(forma.focusWidget(), Qt::Key_Return);
-        Escribe(forma, u"OTRO"_s);
-        prueba::Clic(forma, "CmdAceptar");
-        EXPECT_TRUE(forma.isVisible());
-        prueba::Clic(forma, "CmdCancelar");
-    });
-    Pulsa("CmdAgregar");
-    EXPECT_EQ(Declarantes(*LaBase()).Busca(kRuc)->nombre, anterior);
-
     prueba::AlAbrir(u"FrmDeclarante", [](QWidget& forma) {
         EXPECT_FALSE(prueba::De<QLineEdit>(forma, "TxtRuc").isEnabled());
         prueba::De<QLineEdit>(forma, "TxtNombre").selectAll();
@@ -71,6 +136,7 @@ TEST_F(FrmConsolaTest, ADeclarantCannotBeAddedTwiceButRenamed) {
 }
 
 TEST_F(FrmConsolaTest, ADeclarantGoesAfterAQuestionAndOnlyWithoutDeclarations) {
+    Instala();
     Graba(u"202609"_s, 0);
     Abre();
     const QString pregunta =
@@ -90,13 +156,13 @@ TEST_F(FrmConsolaTest, ADeclarantGoesAfterAQuestionAndOnlyWithoutDeclarations) {
 }
 
 TEST_F(FrmConsolaTest, SendsOnlyWhatIsCleanAfterAQuestionAndACopy) {
+    Instala();
     Graba(u"202609"_s, 0);
     Graba(u"202610"_s, 9);
     Abre();
     Alt(Qt::Key_R);
     TablaFilas& tabla = Tabla("GrdRegistradas");
-    ASSERT_TRUE(Fila(tabla, 0).endsWith(u"|10/2026|No|20/11/2026|Con inconsistencias"_s))
-        << Fila(tabla, 0).toStdString();
+    ASSERT_TRUE(Fila(tabla, 0).endsWith(u"|10/2026|No|20/11/2026|Con inconsistencias"_s)) << qPrintable(Fila(tabla, 0));
     avisos.Espera(u"La declaración del RUC %1 y el período 202610 fue grabada con inconsistencias: no puede ser"
                   " enviada."_s.arg(kRuc));
     Alt(Qt::Key_E);
@@ -114,36 +180,14 @@ TEST_F(FrmConsolaTest, SendsOnlyWhatIsCleanAfterAQuestionAndACopy) {
     avisos.Espera(u"La declaración fue enviada.\n\nCopia enviada: 1\nNúmero de control: 10000001"_s);
     Alt(Qt::Key_E);
     EXPECT_EQ(tabla.model()->rowCount(), 1);
-    EXPECT_TRUE(Fila(Tabla("GrdEnviadas"), 0).endsWith(u"|09/2026|1|No|10000001|21/11/2026|Enviada|Por registrar"_s))
-        << Fila(Tabla("GrdEnviadas"), 0).toStdString();
-    const QList<Respaldo> copias = Sesion(entorno).Copias().Lista();
-    ASSERT_EQ(copias.size(), 1);
-    const auto copia = Base::Abre(copias.first().ruta);
-    Registros guardadas = copia->Lee(u"SELECT count(*) FROM CAB"_s);
-    ASSERT_TRUE(guardadas.Siguiente());
-    EXPECT_EQ(guardadas.Entero(0), 2);
+    EXPECT_TRUE(Fila(Tabla("GrdEnviadas"), 0).endsWith(u"|09/2026|1|No|10000001|21/11/2026|Enviada|Por registrar"_s));
+    ASSERT_EQ(Sesion(entorno).Copias().Lista().size(), 1);
+    const auto copia = Base::Abre(Sesion(entorno).Copias().Lista().first().ruta);
+    EXPECT_TRUE(copia->Lee(u"SELECT 1 FROM CAB WHERE periodo = '202609'"_s).Siguiente()) << "made before the sending";
 }
 
-TEST_F(FrmConsolaTest, ABaseInUseRefusesAndTheWindowStaysAsItWas) {
-    Graba(u"202609"_s, 0);
-    Abre();
-    Alt(Qt::Key_R);
-    {
-        const auto otro = LaBase();
-        otro->Ejecuta(u"BEGIN EXCLUSIVE"_s);
-        QTest::keyClick(ventana.get(), Qt::Key_F5);
-        EXPECT_EQ(Aviso(), prueba::kOcupada);
-        EXPECT_EQ(Tabla("GrdRegistradas").model()->rowCount(), 1);
-        avisos.Espera({Icono::Critico, prueba::kOcupada, u"Consola Orvel de Presentaciones"_s});
-        Pulsa("CmdEnviar");
-        otro->Ejecuta(u"ROLLBACK"_s);
-    }
-    VaYVuelve();
-    EXPECT_EQ(Aviso(), QString());
-    EXPECT_TRUE(ventana->isVisible());
-}
-
-TEST_F(FrmConsolaTest, ComingBackShowsWhatOthersDidAndKeepsTheChosenRow) {
+TEST_F(FrmConsolaTest, ComingBackShowsWhatOthersDidAndABaseInUseLeavesTheWindowAsItWas) {
+    Instala();
     Graba(u"202607"_s, 0);
     Graba(u"202609"_s, 0);
     Abre();
@@ -153,10 +197,160 @@ TEST_F(FrmConsolaTest, ComingBackShowsWhatOthersDidAndKeepsTheChosenRow) {
     Graba(u"202610"_s, 9);
     VaYVuelve();
     ASSERT_EQ(tabla.model()->rowCount(), 3);
-    EXPECT_TRUE(Fila(tabla, tabla.Fila()).contains(u"07/2026"_s));
+    EXPECT_TRUE(Fila(tabla, tabla.Fila()).contains(u"07/2026"_s)) << "the chosen row is kept";
     LaBase()->Ejecuta(u"DELETE * FROM CAB WHERE periodo = '202607'"_s);
+    {
+        const auto otro = LaBase();
+        otro->Ejecuta(u"BEGIN EXCLUSIVE"_s);
+        QTest::keyClick(ventana.get(), Qt::Key_F5);
+        EXPECT_EQ(Aviso(), kOcupada);
+        EXPECT_EQ(tabla.model()->rowCount(), 3);
+        avisos.Espera({Icono::Critico, kOcupada, u"Consola Orvel de Presentaciones"_s});
+        Pulsa("CmdEnviar");
+        otro->Ejecuta(u"ROLLBACK"_s);
+    }
     VaYVuelve();
+    EXPECT_EQ(Aviso(), QString());
     EXPECT_TRUE(Fila(tabla, tabla.Fila()).contains(u"09/2026"_s));
+}
+
+TEST_F(FrmConsolaTest, TheFirstStartOffersToInstall) {
+    const QString pregunta = u"Todavía no hay una instalación en este equipo.\n\n¿Desea crear la base de datos y su"
+                             " catálogo en la carpeta '%1'?"_s.arg(QDir::toNativeSeparators(carpeta));
+    avisos.EsperaPregunta(pregunta, Respuesta::No);
+    Abre();
+    EXPECT_EQ(Aviso(), u"Todavía no hay una instalación en este equipo."_s);
+    EXPECT_FALSE(QFile::exists(carpeta));
+
+    avisos.EsperaPregunta(pregunta, Respuesta::Si);
+    avisos.EsperaPregunta(
+        u"¿Desea agregar también la empresa de ejemplo, con archivos para practicar la importación?"_s, Respuesta::Si);
+    avisos.Espera(
+        u"La instalación quedó lista en la carpeta '%1/'.\n\nLos archivos para practicar están en su subcarpeta"
+        " EJEMPLO."_s.arg(carpeta));
+    Pulsa("CmdInstalar");
+    EXPECT_EQ(Aviso(), QString());
+    EXPECT_TRUE(Fila(Tabla("GrdDeclarantes"), 0).startsWith(kRuc));
+}
+
+/// Its file is never looked for outside the folder of reports.
+TEST_F(FrmConsolaTest, AReportOpensInThePreviewAndGoesWithItsFile) {
+    Instala();
+    const QString rpt = carpeta + u"/RPT/"_s;
+    Registra(u"000001"_s, u"00000001.PRN"_s);
+    Registra(u"000002"_s, u"00000002.PRN"_s);
+    Registra(u"000003"_s, u"../XA000.MDW"_s);
+    prueba::EscribeEn(rpt + u"00000001.PRN"_s, "<!font!>Courier New<!/font!>\n<!nHojas!> 12 <!/nHojas!>\n");
+    QStringList vistos;
+    Abre([&](QWidget&, const QString& en, const InformeRegistrado& informe) {
+        vistos.append(en + u'/' + informe.archivo);
+    });
+    Alt(Qt::Key_I);
+    TablaFilas& tabla = Tabla("GrdInformes");
+    const QString fila = u"Declaración|"_s + kRuc + u"|21/11/2026 09:05|CONTADOR|"_s;
+    EXPECT_EQ(Fila(tabla, 0), fila + u"Falta el archivo|00000002.PRN"_s);
+    EXPECT_EQ(Fila(tabla, 1), fila + u"12|00000001.PRN"_s);
+    const auto elimina = [&](const QString& archivo) {
+        avisos.EsperaPregunta(u"¿Confirma que va a eliminar el informe «Declaración» del 21/11/2026 09:05 y su archivo"
+                              " %1?"_s.arg(archivo),
+                              Respuesta::Si);
+        Pulsa("CmdEliminarInforme");
+    };
+    QTest::keyClick(&tabla, Qt::Key_Return);
+    EXPECT_TRUE(vistos.isEmpty());
+    EXPECT_EQ(Control<QPushButton>("CmdVer").toolTip(), u"Falta el archivo de este informe."_s);
+    QTest::keyClick(&tabla, Qt::Key_Down);
+    QTest::keyClick(&tabla, Qt::Key_Return);
+    EXPECT_EQ(vistos, QStringList{rpt + u"00000001.PRN"_s});
+    elimina(u"00000001.PRN"_s);
+    EXPECT_FALSE(QFile::exists(rpt + u"00000001.PRN"_s));
+    tabla.selectRow(1);
+    EXPECT_FALSE(Control<QPushButton>("CmdVer").isEnabled());
+    elimina(u"XA000.MDW"_s);
+    EXPECT_TRUE(QFile::exists(carpeta + u"/XA000.MDW"_s));
+    EXPECT_EQ(tabla.model()->rowCount(), 1);
+}
+
+TEST_F(FrmConsolaTest, ACopyPutsTheBaseBackAfterAQuestion) {
+    Instala();
+    Abre();
+    Alt(Qt::Key_C);
+    avisos.Espera(u"La copia de respaldo quedó guardada en '%1/RESPALDOS/XA000-20261121-100000.DB'."_s.arg(carpeta));
+    Alt(Qt::Key_H);
+    Graba(u"202609"_s, 0);
+    avisos.EsperaPregunta(kRestaura, Respuesta::No);
+    Alt(Qt::Key_T);
+    EXPECT_EQ(avisos.Mostrados().last().preseleccionada, Respuesta::No);
+    EXPECT_EQ(Tabla("GrdRegistradas").model()->rowCount(), 1);
+    avisos.EsperaPregunta(kRestaura, Respuesta::Si);
+    avisos.Espera(u"La base quedó como estaba el 21/11/2026 10:00:00."_s);
+    Alt(Qt::Key_T);
+    EXPECT_EQ(Tabla("GrdRegistradas").model()->rowCount(), 0);
+    EXPECT_EQ(Tabla("GrdCopias").model()->rowCount(), 2);
+}
+
+TEST_F(FrmConsolaTest, ABrokenBaseIsToldAtTheStartAndCanBeRestored) {
+    Instala();
+    (void)Sesion(entorno).Copias().Haz();
+    prueba::EscribeEn(RutaBase(), QByteArray(8192, 'x'));
+    const QString falta =
+        u"El archivo está dañado o no es una base de datos. (file is not a database) Restaure una de sus copias de "
+        "respaldo."_s;
+    avisos.Espera(falta);
+    Abre();
+    EXPECT_EQ(Aviso(), falta);
+    EXPECT_FALSE(Control<QPushButton>("CmdAgregar").isEnabled());
+    Alt(Qt::Key_C);
+    avisos.EsperaPregunta(kRestaura, Respuesta::Si);
+    avisos.Espera(u"La base quedó como estaba el 21/11/2026 10:00:00."_s);
+    Alt(Qt::Key_T);
+    EXPECT_EQ(Aviso(), QString());
+    EXPECT_TRUE(Control<QPushButton>("CmdAgregar").isEnabled());
+}
+
+// The base opens and its lists read well: only the check sees that an index has lost its rows.
+TEST_F(FrmConsolaTest, AHiddenFaultOfTheBaseIsToldAtTheStart) {
+    Instala();
+    {
+        const auto base = LaBase();
+        base->Ejecuta(u"INSERT INTO CLAVES VALUES ('JEFE', '0')"_s);
+        Registros fila = base->Lee(u"SELECT rootpage FROM sqlite_master WHERE name = 'sqlite_autoindex_CLAVES_1'"_s);
+        ASSERT_TRUE(fila.Siguiente());
+        QFile archivo(RutaBase());
+        ASSERT_TRUE(archivo.open(QIODevice::ReadWrite) && archivo.seek((fila.Entero(0) - 1) * 4096 + 3));
+        archivo.write(QByteArray(2, '\0')); // the page's count of cells
+    }
+    const QStringList defectos = Respaldos::Defectos(*LaBase());
+    ASSERT_FALSE(defectos.isEmpty());
+    avisos.Espera(u"La revisión de la base encontró daños:\n\n%1\n\nRestaure una de sus copias de respaldo."_s.arg(
+        defectos.join(u'\n')));
+    Abre();
+    EXPECT_EQ(Aviso(), u"La base está dañada: restaure una de sus copias de respaldo."_s);
+}
+
+TEST_F(FrmConsolaTest, StartsTheModuleBesideItOrSaysWhatIsMissing) {
+    Instala();
+    Abre();
+    const QByteArray camino = qgetenv("PATH");
+    qputenv("PATH", raiz.filePath(u"vacia"_s).toLocal8Bit());
+    avisos.Espera(
+        u"No se encuentra el programa xa518, ni en '%1' ni en las carpetas de PATH. Instale el módulo y vuelva a"
+        " intentarlo."_s.arg(QDir::toNativeSeparators(programas)));
+    Alt(Qt::Key_M);
+    qputenv("PATH", camino);
+
+    const QString modulo = programas + u"/xa518"_s;
+    ASSERT_TRUE(QDir().mkpath(programas));
+    const auto ejecutable = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+    prueba::EscribeEn(modulo, "#!/no/existe\n");
+    QFile::setPermissions(modulo, ejecutable);
+    avisos.Espera(u"No se pudo iniciar '%1'. Revise que el programa esté completo y que se pueda ejecutar."_s.arg(
+        QDir::toNativeSeparators(modulo)));
+    Alt(Qt::Key_M);
+
+    prueba::EscribeEn(modulo, "#!/bin/sh\n: > '" + raiz.filePath(u"iniciado"_s).toUtf8() + "'\n");
+    Alt(Qt::Key_M);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(raiz.filePath(u"iniciado"_s)); }));
 }
 
 } // namespace

@@ -12,12 +12,10 @@ namespace xa518::prueba {
 using namespace Qt::StringLiterals;
 
 Taller::Taller() : m_reloj(QDateTime(QDate(2026, 2, 9), QTime(18, 4, 5))), proceso(m_reloj) {
-    const auto documento = [this](const QString& tipo, const QString& corto, const QString& enInformes) {
-        m_base.Param(u"044"_s, tipo, Funcion({{1, u"DOCUMENTO"_s}, {32, corto}, {75, enInformes}}));
-    };
-    documento(u"6"_s, u"RUC"_s, u"1"_s);
-    documento(u"1"_s, u"DNI"_s, u"1"_s);
-    documento(u"7"_s, u"PASAPORTE"_s, u"0"_s);
+    for (const QString& documento : {u"6 RUC 1"_s, u"1 DNI 1"_s, u"7 PASAPORTE 0"_s}) {
+        const QStringList campos = documento.split(u' ');
+        m_base.Param(u"044"_s, campos[0], Funcion({{1, u"DOCUMENTO"_s}, {32, campos[1]}, {75, campos[2]}}));
+    }
     m_base.Param(u"233"_s, u"01"_s, Funcion({{1, u"FACTURA"_s}, {64, u"1"_s}}));
     m_base.Param(u"233"_s, u"02"_s, Funcion({{1, u"RECIBO POR HONORARIOS"_s}, {64, u"0"_s}}));
     m_base.Param(u"233"_s, u"12"_s, Funcion({{1, u"TICKET DE MÁQUINA"_s}, {64, u"1"_s}}));
@@ -29,74 +27,58 @@ Taller::Taller() : m_reloj(QDateTime(QDate(2026, 2, 9), QTime(18, 4, 5))), proce
     proceso.baseDatos = Base::Abre(m_base.Ruta());
 }
 
-void Taller::Pon(const QString& tabla, QMap<QString, QVariant> valores) {
-    valores.insert({{u"Doc_id_d"_s, clave.ruc}, {u"periodo"_s, clave.periodo}});
+void Taller::Pon(const QString& tabla, const QString& columnas, const QVariantList& valores) {
+    QMap<QString, QVariant> fila{{u"Doc_id_d"_s, clave.ruc}, {u"periodo"_s, clave.periodo}};
     if (clave.enviada)
-        valores.insert(u"correl"_s, clave.correl);
-    m_base.Agrega(clave.Tabla(tabla), valores);
+        fila.insert(u"correl"_s, clave.correl);
+    const QStringList nombres = columnas.split(u' ');
+    for (qsizetype i = 0; i < nombres.size(); ++i)
+        fila.insert(nombres[i], valores[i]);
+    m_base.Agrega(clave.Tabla(tabla), fila);
 }
 
 void Taller::Cabecera(const QList<std::pair<QString, QString>>& casillas, const QString& cheque,
                       const QString& rectifica) {
-    const bool efectivo = cheque.isEmpty();
-    QMap<QString, QVariant> columnas{
-        {u"estado"_s, clave.enviada ? 1 : 0},          {u"rectifica"_s, rectifica},
-        {u"bcolibrad"_s, efectivo ? u" "_s : u"02"_s}, {u"nrocheque"_s, efectivo ? u" "_s : cheque},
-        {u"cheque"_s, efectivo ? u""_s : u"150"_s},    {u"efectivo"_s, efectivo ? u"150"_s : u""_s}};
-    if (clave.enviada)
-        columnas.insert({{u"control"_s, u"10000001"_s}, {u"norden"_s, u"4000123456"_s}});
-    Pon(u"CAB"_s, columnas);
+    const QStringList pago =
+        cheque.isEmpty() ? QStringList{u" "_s, u" "_s, u""_s, u"150"_s} : QStringList{u"02"_s, cheque, u"150"_s, u""_s};
+    Pon(u"CAB"_s,
+        u"estado rectifica bcolibrad nrocheque cheque efectivo"_s + (clave.enviada ? u" control norden"_s : QString()),
+        {clave.enviada ? 1 : 0, rectifica, pago[0], pago[1], pago[2], pago[3], u"10000001"_s, u"4000123456"_s});
     for (const auto& [casilla, valor] : casillas)
-        Pon(u"DET"_s, {{u"Casilla"_s, casilla}, {u"i_valor"_s, valor}});
+        Pon(u"DET"_s, u"Casilla i_valor"_s, {casilla, valor});
 }
 
-void Taller::Agrega(const Cliente& cliente) {
-    const auto oNulo = [](const QString& texto) { return texto.isEmpty() ? QVariant() : QVariant(texto); };
-    Pon(u"F518PCAB"_s, {{u"tip_doc_per"_s, cliente.tipoDoc},
-                        {u"num_doc_per"_s, cliente.numero},
-                        {u"des_razon"_s, oNulo(cliente.razon)},
-                        {u"des_apellido_p"_s, oNulo(cliente.paterno)},
-                        {u"des_apellido_m"_s, oNulo(cliente.materno)},
-                        {u"des_nombres"_s, oNulo(cliente.nombres)},
-                        {u"mto_base_p"_s, cliente.base},
-                        {u"mto_imp_p"_s, cliente.percepcion}});
-}
-
-namespace {
-
-int TipoDe(const QString& numero) {
+static int TipoDe(const QString& numero) {
     return numero.size() == 8 ? 1 : 6;
 }
 
-} // namespace
-
-void Taller::Agrega(const Comprobante& comprobante) {
-    QMap<QString, QVariant> columnas{{u"tip_doc_per"_s, TipoDe(comprobante.numeroCliente)},
-                                     {u"num_doc_per"_s, comprobante.numeroCliente},
-                                     {u"num_serie_cp"_s, u"P001"_s},
-                                     {u"num_cp"_s, comprobante.numero},
-                                     {u"fec_emision_cp"_s, u"12/01/2026"_s},
-                                     {u"mto_base_p"_s, comprobante.base},
-                                     {u"mto_imp_p"_s, comprobante.percepcion},
-                                     {u"por_tasa_p"_s, u"2.00"_s},
-                                     {u"cp_fact"_s, comprobante.cpFact},
-                                     {u"lista_clie"_s, comprobante.listaClie},
-                                     {u"med_pago"_s, comprobante.medPago}};
-    if (!comprobante.tipo.isEmpty())
-        columnas.insert(u"tip_cp"_s, comprobante.tipo);
-    Pon(comprobante.tipo.isEmpty() ? u"F518PDET"_s : u"F518PDETVC"_s, columnas);
+static QVariant ONulo(const QString& texto) {
+    return texto.isEmpty() ? QVariant() : QVariant(texto);
 }
 
-void Taller::Agrega(const Pago& pago) {
-    Pon(u"F518PDETCP"_s, {{u"tip_doc_per"_s, TipoDe(pago.numeroCliente)},
-                          {u"num_doc_per"_s, pago.numeroCliente},
-                          {u"num_serie_cp"_s, u"P001"_s},
-                          {u"num_cp"_s, pago.comprobante},
-                          {u"tip_doc_detcp"_s, pago.tipo},
-                          {u"num_serie_detcp"_s, u"F001"_s},
-                          {u"num_detcp"_s, pago.numero},
-                          {u"fec_emis_detcp"_s, u"10/01/2026"_s},
-                          {u"mto_detcp"_s, pago.monto}});
+void Taller::Agrega(const Cliente& c) {
+    Pon(u"F518PCAB"_s,
+        u"tip_doc_per num_doc_per des_razon des_apellido_p des_apellido_m des_nombres mto_base_p mto_imp_p"_s,
+        {c.tipoDoc, c.numero, ONulo(c.razon), ONulo(c.paterno), ONulo(c.materno), ONulo(c.nombres), c.base,
+         c.percepcion});
+}
+
+void Taller::Agrega(const Comprobante& c) {
+    const bool contado = !c.tipo.isEmpty(); // only such a one has a type
+    Pon(contado ? u"F518PDETVC"_s : u"F518PDET"_s,
+        u"tip_doc_per num_doc_per num_serie_cp num_cp fec_emision_cp mto_base_p mto_imp_p por_tasa_p cp_fact "
+        "lista_clie med_pago"_s +
+            (contado ? u" tip_cp"_s : QString()),
+        {TipoDe(c.numeroCliente), c.numeroCliente, u"P001"_s, c.numero, u"12/01/2026"_s, c.base, c.percepcion,
+         u"2.00"_s, c.cpFact, c.listaClie, c.medPago, c.tipo});
+}
+
+void Taller::Agrega(const Pago& p) {
+    Pon(u"F518PDETCP"_s,
+        u"tip_doc_per num_doc_per num_serie_cp num_cp tip_doc_detcp num_serie_detcp num_detcp fec_emis_detcp "
+        "mto_detcp"_s,
+        {TipoDe(p.numeroCliente), p.numeroCliente, u"P001"_s, p.comprobante, p.tipo, u"F001"_s, p.numero,
+         u"10/01/2026"_s, p.monto});
 }
 
 void Taller::Imprime(bool anexo, Libreta& libreta) {
@@ -134,34 +116,41 @@ void Taller::Clientes(int cuantos) {
     });
 }
 
-QStringList Libreta::Textos(int pagina) const {
-    QStringList textos;
+QList<TextoEnPagina> Libreta::Puestos(int pagina) const {
+    QList<TextoEnPagina> puestos;
     for (const Comando& comando : comandos) {
         const auto* texto = std::get_if<TextoEnPagina>(&comando);
         if (texto != nullptr && texto->pagina == pagina)
-            textos.append(texto->texto);
+            puestos.append(*texto);
     }
+    return puestos;
+}
+
+QStringList Libreta::Textos(int pagina) const {
+    QStringList textos;
+    for (const TextoEnPagina& puesto : Puestos(pagina))
+        textos.append(puesto.texto);
     return textos;
 }
 
 QString Libreta::TextoEn(int x, int y, int pagina) const {
-    for (const Comando& comando : comandos) {
-        const auto* texto = std::get_if<TextoEnPagina>(&comando);
-        if (texto != nullptr && texto->pagina == pagina && texto->x == x && texto->y == y)
-            return texto->texto;
+    for (const TextoEnPagina& puesto : Puestos(pagina)) {
+        if (puesto.x == x && puesto.y == y)
+            return puesto.texto;
     }
     return {};
 }
 
-int Libreta::Hojas() const {
-    return 1 + static_cast<int>(std::count(comandos.begin(), comandos.end(), Comando(NuevaHoja())));
+int Libreta::AlturaDe(const QString& texto, int pagina) const {
+    for (const TextoEnPagina& puesto : Puestos(pagina)) {
+        if (puesto.texto == texto)
+            return puesto.y;
+    }
+    return -1;
 }
 
-QStringList LineasDe(const QString& ruta) {
-    QStringList lineas = QString::fromUtf8(BytesDe(ruta)).split(u'\n');
-    if (lineas.last().isEmpty())
-        lineas.removeLast();
-    return lineas;
+int Libreta::Hojas() const {
+    return 1 + static_cast<int>(std::count(comandos.begin(), comandos.end(), Comando(NuevaHoja())));
 }
 
 } // namespace xa518::prueba

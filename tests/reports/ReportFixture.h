@@ -77,7 +77,8 @@ class Taller {
     [[nodiscard]] QString Carpeta() const { return m_base.Carpeta(); }
 
   private:
-    void Pon(const QString& tabla, QMap<QString, QVariant> valores);
+    /// Columns parted by a blank, and their values; those that are left over are nobody's.
+    void Pon(const QString& tabla, const QString& columnas, const QVariantList& valores);
 };
 
 /// Keeps the commands of a report.
@@ -90,11 +91,14 @@ class Libreta final : public DestinoInforme {
     [[nodiscard]] QStringList Textos(int pagina) const;
     /// The text at a place; null when there is none.
     [[nodiscard]] QString TextoEn(int x, int y, int pagina = 0) const;
+    /// The y at which a text stands; -1 when the page lacks it.
+    [[nodiscard]] int AlturaDe(const QString& texto, int pagina = 0) const;
     [[nodiscard]] int Hojas() const;
 
     QList<Comando> comandos;
-};
 
-[[nodiscard]] QStringList LineasDe(const QString& ruta);
+  private:
+    [[nodiscard]] QList<TextoEnPagina> Puestos(int pagina) const;
+};
 
 } // namespace xa518::prueba

@@ -60,12 +60,16 @@ class ReportFormsTest : public testing::Test {
     /// A report of so many pages, "hoja 1", "hoja 2" and so on.
     ReportePedido Reporte(int paginas, const RangoPaginas& rango = {}) const {
         QByteArray spool = "<!nHojas!>" + QByteArray::number(paginas) + "<!/nHojas!>\n<!Color!>&H00FFFFC0&<!/Color!>\n";
-        for (int i = 0; i < paginas; ++i) {
-            const QByteArray numero = QByteArray::number(i);
-            spool += "pPos|500|500|hoja " + QByteArray::number(i + 1) + "|True|40|" + numero + "|\npNuevaHoja\n";
-        }
+        for (int i = 0; i < paginas; ++i)
+            spool += u"pPos|500|500|hoja %1|True|40|%2|\npNuevaHoja\n"_s.arg(i + 1).arg(i).toUtf8();
         EscribeEn(m_taller.proceso.rutaRPT + u"/a.PRN"_s, spool);
         return {u"a.PRN"_s, u"Reporte"_s, rango};
+    }
+
+    /// Why a file can't be written, as the system words it.
+    static QString Motivo(const QString& ruta) {
+        QFile archivo(ruta);
+        return archivo.open(QIODevice::WriteOnly) ? QString() : archivo.errorString();
     }
 
     static int Pagina(QWidget& vista) { return De<QSpinBox>(vista, u"txtPagina"_s).value(); }
@@ -124,7 +128,7 @@ TEST_F(ReportFormsTest, PrintsTheWholeReportOrItsRange) {
     VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, nullptr);
 }
 
-TEST_F(ReportFormsTest, SurvivesAMissingFile) {
+TEST_F(ReportFormsTest, SurvivesAMissingFileAndTenMegabytesOfRubbish) {
     const Mensaje falta{Icono::Critico, u"Archivo Físico del Reporte no Existe"_s, u"Error al Imprimir"_s};
     m_avisos.Espera(falta);
     frmPreview sinArchivo(m_entorno, {u"b.PRN"_s, {}, {}});
@@ -134,6 +138,16 @@ TEST_F(ReportFormsTest, SurvivesAMissingFile) {
 
     frmPreview perdido(m_entorno, Reporte(2));
     Muestra(perdido);
+    EscribeEn(m_taller.proceso.rutaRPT + u"/a.PRN"_s,
+              QByteArray("pPos|99999999|-5|x|True|32000|3|\npPos|a|b|c|d|e|-7|\n<!nHojas!>-1\npCuadro|1|\xff\n")
+                  .repeated(150'000));
+    AlAbrir(u"frmPreview"_s, [this](QWidget& basura) {
+        QTest::keyClick(&basura, Qt::Key_End);
+        EXPECT_EQ(Pagina(basura), 4);
+        Clic(basura, u"tlbPrevia_4"_s);
+        EXPECT_EQ(Impreso().size(), 1);
+    });
+    MuestraReporte(m_entorno, {u"a.PRN"_s, {}, {}}, nullptr);
     QFile::remove(m_taller.proceso.rutaRPT + u"/a.PRN"_s);
     m_avisos.Espera(falta);
     Clic(perdido, u"tlbPrevia_4"_s);
@@ -143,19 +157,22 @@ TEST_F(ReportFormsTest, SurvivesAMissingFile) {
 TEST_F(ReportFormsTest, KeepsTheWholeReportAsPdf) {
     frmPreview vista(m_entorno, Reporte(3, {true, 2, 2}));
     Muestra(vista);
-    AlAbrir({}, [&](QWidget& dialogo) {
-        De<QLineEdit>(dialogo, u"fileNameEdit"_s).setText(Ruta(u"guardado"_s));
-        QTest::keyClick(&De<QLineEdit>(dialogo, u"fileNameEdit"_s), Qt::Key_Return);
-    });
-    Clic(vista, u"CmdPdf"_s);
+    AvisosDelPrograma().Espera(u"No se puede escribir el archivo '/proc/x.pdf': "_s + Motivo(u"/proc/x.pdf"_s));
+    for (const QString& nombre : {u"/proc/x"_s, Ruta(u"guardado"_s)}) {
+        AlAbrir({}, [&](QWidget& dialogo) {
+            De<QLineEdit>(dialogo, u"fileNameEdit"_s).setText(nombre);
+            QTest::keyClick(&De<QLineEdit>(dialogo, u"fileNameEdit"_s), Qt::Key_Return);
+        });
+        Clic(vista, u"CmdPdf"_s);
+        vista.activateWindow();
+    }
     EXPECT_EQ(Impreso(u"guardado.pdf"_s), (QStringList{u"hoja 1"_s, u"hoja 2"_s, u"hoja 3"_s}));
 }
 
 TEST_F(ReportFormsTest, TheRangeIsAskedForFromSixteenPagesOn) {
-    AlAbrir({}, [](QWidget& forma) { EXPECT_EQ(forma.objectName(), u"frmPreview"_s); });
+    AlAbrir(u"frmPreview"_s, [](QWidget&) {});
     MuestraReporte(m_entorno, Reporte(15, {true, 1, 1}), nullptr);
-    AlAbrir({}, [this](QWidget& forma) {
-        ASSERT_EQ(forma.objectName(), u"frmImpxPag"_s);
+    AlAbrir(u"frmImpxPag"_s, [this](QWidget& forma) {
         EXPECT_EQ(forma.windowTitle(), u"16 páginas"_s);
         auto& desde = De<QLineEdit>(forma, u"txtPagDesde"_s);
         auto& hasta = De<QLineEdit>(forma, u"txtPagHasta"_s);
@@ -248,6 +265,10 @@ TEST_F(ReportFormsTest, ThePrintDialogKeepsCopiesApartAndIsSilentWithoutDeclarat
     const QString hoja = Impreso().value(0);
     EXPECT_TRUE(hoja.contains(u"NRO. CONTROL: 10000001"_s)) << qPrintable(hoja);
     EXPECT_TRUE(hoja.contains(correl + u",000"_s)) << qPrintable(hoja);
+    m_taller.proceso.rutaRPT = m_taller.Ruta(); // a file is no folder to write into
+    const QString ruta = m_taller.Ruta() + u"/00000002.PRN"_s;
+    AvisosDelPrograma().Espera(u"No se puede crear el archivo '%1': %2"_s.arg(ruta, Motivo(ruta)));
+    Clic(forma, u"CmdImprimir_0"_s);
     m_taller.Vacia(); // as another program might
     m_avisos.Espera(u"No existe la declaración del RUC 20990518018 por el período 01/2026."_s);
     Clic(forma, u"CmdImprimir_0"_s);

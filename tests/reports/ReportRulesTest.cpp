@@ -5,6 +5,9 @@
 #include "reports/SpoolRegistry.h"
 #include "values/Error.h"
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <gmock/gmock.h>
 
 #include "Printers.h"
@@ -15,27 +18,20 @@ using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 
 TEST(PageRange, ChecksItsFieldsInOrder) {
-    const QString sinInicio = u"Ingrese página de inicio."_s;
-    const QString desdeUno = u"Página inicial debe ser a partir de 1."_s;
-    const QString mayorQueTotal = u"Página inicial no debe ser mayor a total de páginas del reporte."_s;
-    const QString sinFin = u"Ingrese página de Fin."_s;
-    const QString alReves = u"Página de Inicio debe ser mayor a página de Fin."_s;
     const struct {
-        QString desde, hasta, mensaje, campo;
-    } casos[] = {{u"1"_s, u"20"_s, {}, {}},
-                 {u"1 2"_s, u"1"_s, {}, {}},
-                 {u" 2"_s, u"2.9"_s, {}, {}},
-                 {u""_s, u""_s, sinInicio, u"txtPagDesde"_s},
-                 {u"0"_s, u""_s, desdeUno, u"txtPagDesde"_s},
-                 {u" "_s, u"5"_s, desdeUno, u"txtPagDesde"_s},
-                 {u"21"_s, u""_s, mayorQueTotal, u"txtPagDesde"_s},
-                 {u"5"_s, u""_s, sinFin, u"txtPagHasta"_s},
-                 {u"5"_s, u"4"_s, alReves, u"txtPagHasta"_s},
-                 {u"5"_s, u" "_s, alReves, u"txtPagHasta"_s}};
-    for (const auto& [desde, hasta, mensaje, campo] : casos) {
-        const Veredicto veredicto = ValidaRango(desde, hasta, 20);
-        EXPECT_EQ(veredicto.mensaje.value_or(Mensaje()).texto, mensaje) << qPrintable(desde + u'-' + hasta);
-        EXPECT_EQ(veredicto.campo, campo);
+        QString rangos, mensaje, campo;
+    } casos[] = {{u"1-20|1 2-1| 2-2.9"_s, {}, {}},
+                 {u"-"_s, u"Ingrese página de inicio."_s, u"txtPagDesde"_s},
+                 {u"0-| -5"_s, u"Página inicial debe ser a partir de 1."_s, u"txtPagDesde"_s},
+                 {u"21-"_s, u"Página inicial no debe ser mayor a total de páginas del reporte."_s, u"txtPagDesde"_s},
+                 {u"5-"_s, u"Ingrese página de Fin."_s, u"txtPagHasta"_s},
+                 {u"5-4|5- "_s, u"Página de Inicio debe ser mayor a página de Fin."_s, u"txtPagHasta"_s}};
+    for (const auto& [rangos, mensaje, campo] : casos) {
+        for (const QString& rango : rangos.split(u'|')) {
+            const Veredicto veredicto = ValidaRango(rango.section(u'-', 0, 0), rango.section(u'-', 1), 20);
+            EXPECT_EQ(veredicto.mensaje.value_or(Mensaje()).texto, mensaje) << qPrintable(rango);
+            EXPECT_EQ(veredicto.campo, campo);
+        }
     }
 }
 
@@ -55,9 +51,8 @@ TEST(PrintList, OffersTheUsersDeclarationsOfTheKindAskedFor) {
         Registros fila = base.Lee(consulta.texto, {consulta.valores.begin(), consulta.valores.end()});
         QStringList filas;
         while (fila.Siguiente())
-            filas.append(
-                fila.Texto(ColumnaImprimir::PeriodoMostrado) + u' ' +
-                (enviadas ? fila.Texto(ColumnaImprimirEnviada::Correl) : fila.Texto(ColumnaImprimir::Rectifica)));
+            filas.append(fila.Texto(ColumnaImprimir::PeriodoMostrado) + u' ' +
+                         fila.Texto(enviadas ? int(ColumnaImprimirEnviada::Correl) : int(ColumnaImprimir::Rectifica)));
         return filas;
     };
     EXPECT_THAT(resumen(false), ElementsAre(u"022026 0"_s, u"012026 1"_s));
@@ -72,12 +67,9 @@ TEST(PrintList, OffersTheUsersDeclarationsOfTheKindAskedFor) {
 }
 
 TEST(ErrorReport, CountsSixtyNineErrorsToAPage) {
-    const struct {
-        int errores, hojas, subTotales;
-    } casos[] = {{0, 1, 0}, {1, 1, 0}, {68, 1, 0}, {69, 2, 1}, {70, 2, 1}, {138, 3, 2}};
     Taller taller;
     const QString lista = taller.Carpeta() + u"/x.Err"_s;
-    for (const auto& [errores, hojas, subTotales] : casos) {
+    for (const auto& [errores, hojas] : {std::pair{0, 1}, {1, 1}, {68, 1}, {69, 2}, {70, 2}, {138, 3}}) {
         EscribeEn(lista, QByteArray("01 001 20512345671 F001       Número inválido\r\n").repeated(errores));
         Libreta libreta;
         EjecutaReporte(taller.proceso, DatosErrores{lista, taller.clave.ruc, u"ÑAUPARI"_s, u"202601"_s}, libreta);
@@ -85,7 +77,7 @@ TEST(ErrorReport, CountsSixtyNineErrorsToAPage) {
         QStringList textos;
         for (int pagina = 0; pagina < hojas; ++pagina)
             textos += libreta.Textos(pagina);
-        EXPECT_EQ(textos.filter(u"Sub-Total"_s).size(), subTotales);
+        EXPECT_EQ(textos.filter(u"Sub-Total"_s).size(), hojas - 1);
         EXPECT_EQ(textos[textos.size() - 2], QString(20, u' ') + u"Total de Errores:      %1"_s.arg(errores));
         EXPECT_EQ(textos.filter(u"Número inválido"_s).size(), errores);
         const QStringList ultima = libreta.Textos(hojas - 1);
@@ -98,8 +90,67 @@ TEST(ErrorReport, IsRegisteredUnderItsOwnCodeAndNeedsItsList) {
     const QString lista = taller.Carpeta() + u"/viejo.Err"_s;
     EscribeEn(lista, "a\xf1o de otra \xe9poca\n"); // as an older program wrote it
     const DatosErrores datos{lista, taller.clave.ruc, u"ÑAUPARI"_s, u"202601"_s};
-    const QStringList lineas = LineasDe(RutaDeInforme(taller.proceso.rutaRPT, EscribeInforme(taller.proceso, datos)));
-    EXPECT_THAT(lineas, testing::Contains(u"pPos|10|1400|                    año de otra época|False|8|0|"_s));
+    const QByteArray spool = BytesDe(RutaDeInforme(taller.proceso.rutaRPT, EscribeInforme(taller.proceso, datos)));
+    EXPECT_TRUE(spool.contains("\npPos|10|1400|                    año de otra época|False|8|0|\n"));
     EXPECT_THAT(taller.Filas(u"SELECT CodRep, Doc_id_d FROM SPOOL"_s), ElementsAre(u"PER005|20990518018"_s));
     EXPECT_THROW(static_cast<void>(EscribeInforme(taller.proceso, DatosErrores{lista + u"x"_s, {}, {}, {}})), Error);
+}
+
+TEST(Registry, NumbersFilesAcrossTheTableAndReportsWithinTheirCode) {
+    Taller taller;
+    EXPECT_EQ(NuevoReporte(taller.proceso, u"PER006"_s, 6, taller.clave.ruc), u"00000001.PRN"_s);
+    EXPECT_EQ(NuevoReporte(taller.proceso, u"PER007"_s, 6, taller.clave.ruc), u"00000002.PRN"_s);
+    taller.proceso.baseDatos->Ejecuta(u"INSERT INTO SPOOL (CodRep, Secuencia, Archivo) VALUES ('OTRO','000041',"
+                                      "'00000098.PRN')"_s);
+    EXPECT_EQ(NuevoReporte(taller.proceso, u"PER006"_s, 6, taller.clave.ruc), u"00000099.PRN"_s);
+    taller.proceso.baseDatos->Ejecuta(
+        u"INSERT INTO SPOOL (CodRep, Secuencia, Archivo) VALUES ('A','1','MANUAL.PRN'),('A','2','00000003.PRN')"_s);
+    EXPECT_EQ(NuevoReporte(taller.proceso, u"OTRO"_s, 6, {}), u"00000004.PRN"_s) << "whatever stands in the table";
+    EXPECT_THAT(taller.Filas(u"SELECT * FROM SPOOL WHERE CodRep='PER006' ORDER BY Secuencia"_s),
+                ElementsAre(u"PER006|000001|00000001.PRN|2026-02-09 18:04:05|ANA|6|20990518018"_s,
+                            u"PER006|000002|00000099.PRN|2026-02-09 18:04:05|ANA|6|20990518018"_s));
+}
+
+namespace {
+
+constexpr int kPorPrograma = 40;
+
+/// One of several programs on the same base, as a process of its own: it allocates names as fast as it can.
+pid_t Lanza(const QString& ruta) {
+    const pid_t hijo = fork();
+    if (hijo != 0)
+        return hijo;
+    const RelojSistema reloj;
+    Proceso proceso(reloj);
+    for (int hechos = 0; hechos < kPorPrograma;) {
+        try {
+            if (!proceso.baseDatos)
+                proceso.baseDatos = Base::Abre(ruta);
+            static_cast<void>(NuevoReporte(proceso, u"PER006"_s, 6, {}));
+            ++hechos;
+        } catch (const ErrorBase& error) {
+            if (!error.Es(NumeroError::BaseBloqueada)) // the other program may hold the base too long; then once more
+                _exit(1);
+        }
+    }
+    _exit(0);
+}
+
+} // namespace
+
+TEST(Registry, GivesTwoProgramsAtOnceDifferentNames) {
+    QTemporaryDir carpeta;
+    const QString ruta = carpeta.filePath(u"XA.DB"_s);
+    CreaBase(ruta).reset(); // closed before the fork: a connection doesn't survive one
+    const pid_t hijos[] = {Lanza(ruta), Lanza(ruta)};
+    for (const pid_t hijo : hijos) {
+        int estado = 1;
+        ASSERT_EQ(waitpid(hijo, &estado, 0), hijo);
+        EXPECT_EQ(estado, 0);
+    }
+    const auto base = Base::Abre(ruta);
+    Registros fila = base->Lee(u"SELECT count(*), count(DISTINCT Archivo), count(DISTINCT Secuencia) FROM SPOOL"_s);
+    ASSERT_TRUE(fila.Siguiente());
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(fila.Entero(i), 2 * kPorPrograma) << i;
 }

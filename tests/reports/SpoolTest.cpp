@@ -1,3 +1,5 @@
+#include "reports/PagePainter.h"
+#include "reports/PdfFile.h"
 #include "reports/ReportFixture.h"
 #include "reports/SpoolFile.h"
 #include "reports/SpoolLines.h"
@@ -6,7 +8,13 @@
 #include "values/Error.h"
 
 #include <QBuffer>
+#include <QFontInfo>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 
 #include <gmock/gmock.h>
 
@@ -18,8 +26,6 @@ using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 
 namespace {
-
-using Leido = std::optional<Comando>;
 
 std::unique_ptr<InformeSpool> InformeDe(const QByteArray& bytes) {
     auto entrada = std::make_unique<QBuffer>();
@@ -34,12 +40,56 @@ QStringList TextosDe(InformeSpool& informe, int pagina) {
     return libreta.Textos(pagina);
 }
 
+const QByteArray kInforme = "<!nHojas!>3<!/nHojas!>\n<!Orientacion!>V<!/Orientacion!>\n"
+                            "pPos|360|350|ÑANDÚ uno|True|16|0|\npCuadro|150|300|1700|1640|0|\npNuevaHoja\n"
+                            "pPos|360|350|dos|False|8|1|\npPosVerti|100|100|ab|False|8|1|\npNuevaHoja\n"
+                            "pPos|360|350|tres|False|8|2|\npNuevaHoja\n";
+const QByteArray kApaisado = "<!Orientacion!>H<!/Orientacion!>\npPos|10|175|acostado|False|8|0|\n";
+
+class Pdf : public testing::Test {
+  protected:
+    static void SetUpTestSuite() {
+        static int argc = 1;
+        static char nombre[] = "reports_test";
+        static char* argv[] = {nombre, nullptr};
+        aplicacion = std::make_unique<QGuiApplication>(argc, argv);
+    }
+    static void TearDownTestSuite() { aplicacion.reset(); }
+
+    QString Ruta(const QString& nombre) const { return taller.Carpeta() + u'/' + nombre; }
+    QString Spool(const QString& nombre, const QByteArray& contenido) const {
+        EscribeEn(Ruta(nombre), contenido);
+        return Ruta(nombre);
+    }
+    QByteArray Leido() const { return BytesDe(Ruta(u"x.pdf"_s)); }
+    /// Width and height of every sheet, in points.
+    QStringList Hojas() const {
+        static const QRegularExpression caja(u"/MediaBox \\[0(?:\\.0*)? 0(?:\\.0*)? (\\d+)[^ ]* (\\d+)"_s);
+        QStringList hojas;
+        auto halladas = caja.globalMatch(QString::fromLatin1(Leido()));
+        while (halladas.hasNext()) {
+            const QRegularExpressionMatch hallada = halladas.next();
+            hojas.append(hallada.captured(1) + u'x' + hallada.captured(2));
+        }
+        return hojas;
+    }
+    void Escribe(const QStringList& spools, const RangoPaginas& rango = {}) const {
+        EscribePdf(spools, Ruta(u"x.pdf"_s),
+                   {u"Declaración"_s, u"ÑAUPARI"_s, QDateTime(QDate(2026, 2, 9), QTime(18, 4, 5), Qt::UTC)}, rango);
+    }
+
+    static std::unique_ptr<QGuiApplication> aplicacion;
+    Taller taller;
+};
+
+std::unique_ptr<QGuiApplication> Pdf::aplicacion;
+
 } // namespace
 
 TEST(SpoolLine, SaysWhatItHoldsAndPassesOverTheRest) {
     const struct {
         QByteArray linea;
-        Leido esperado;
+        std::optional<Comando> esperado;
     } casos[] = {
         {"pPos|10|175|Ñandú|False|8|0|", TextoEnPagina{10, 175, u"Ñandú"_s, false, 8, 0}},
         {" pPos |-5| 20 | x |tRUE|9|3|sobra", TextoEnPagina{-5, 20, u" x "_s, true, 9, 3}},
@@ -74,13 +124,36 @@ TEST(SpoolFile, GivesBackWhatWasWrittenAndNoTextBecomesACommand) {
     spool.Recibe(LineaVacia());
     spool.Recibe(TextoEnPagina{10, 350, u"a|b\nc\td"_s, false, 8, 1});
     spool.Termina();
-    EXPECT_EQ(LineasDe(ruta).mid(6), (QStringList{u" "_s, u"pPos|10|350|a b c d|False|8|1|"_s}));
+    EXPECT_TRUE(BytesDe(ruta).endsWith("\n \npPos|10|350|a b c d|False|8|1|\n"));
 
     Libreta libreta;
     InformeSpool::Abre(ruta)->Imprime({}, libreta);
     EXPECT_EQ(libreta.comandos.first(6), comandos);
     EXPECT_EQ(QFile::permissions(ruta) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
-    EXPECT_THROW(ArchivoSpool(taller.Carpeta() + u"/falta/a.PRN"_s), Error);
+    EXPECT_THROW(ArchivoSpool(ruta + u"/a.PRN"_s), Error) << "a file is no folder";
+    ArchivoSpool discoLleno(u"/dev/full"_s);
+    discoLleno.Recibe(NuevaHoja());
+    EXPECT_THROW(discoLleno.Termina(), Error);
+}
+
+TEST(SpoolHead, TellsItsPagesAndColourAndPassesOverRubbish) {
+    const QTemporaryDir carpeta;
+    const QString ruta = carpeta.filePath(u"a.PRN"_s);
+    for (const auto& [cabecera, hojas] :
+         {std::pair<QByteArray, int>{"<!font!>x<!/font!>\r\n<!nHojas!> 12 <!/nHojas!>\r\n", 12},
+          {"<!nHojas!>-3<!/nHojas!>", 0},
+          {"<!nHojas!>doce<!/nHojas!>", 0},
+          {"<!nHojas!>99999999999<!/nHojas!>", 0},
+          {"<!nHojas!>5", 0},
+          {"pNuevaHoja", 0}}) {
+        EscribeEn(ruta, cabecera);
+        EXPECT_EQ(LeeNumeroHojas(ruta), hojas) << cabecera.constData();
+    }
+    EXPECT_EQ(NumeroDeHojasDe(ruta + u"x"_s), std::nullopt);
+    EXPECT_EQ(ColorPagina::Lee(u"&H00FFFFC0&"), (ColorPagina{false, 0, 0xC0, 0xFF, 0xFF}));
+    EXPECT_EQ(ColorPagina::Lee(u"&H80000005&"), (ColorPagina{true, 5}));
+    for (const QString& rubbish : u"|&H|&H&|&HZZ&|&HFFFFFFFFFF&|C0FFFF"_s.split(u'|'))
+        EXPECT_EQ(ColorPagina::Lee(rubbish), ColorPagina()) << qPrintable(rubbish);
 }
 
 TEST(SpoolReport, ReadsPagesInAnyOrderAndWhereverTheirCommandsStand) {
@@ -93,7 +166,7 @@ TEST(SpoolReport, ReadsPagesInAnyOrderAndWhereverTheirCommandsStand) {
     EXPECT_THAT(TextosDe(*informe, 3), ElementsAre(u"d"_s));
     EXPECT_THAT(TextosDe(*informe, 0), ElementsAre(u"a"_s, u"b"_s));
     for (const int vacia : {1, 2, 4, -1})
-        EXPECT_THAT(TextosDe(*informe, vacia), ElementsAre());
+        EXPECT_TRUE(TextosDe(*informe, vacia).isEmpty());
     EXPECT_EQ(InformeDe("")->Paginas(), 1);
 }
 
@@ -109,16 +182,83 @@ TEST(SpoolReport, FindsLinesWhateverTheirLength) {
 }
 
 TEST(SpoolReport, SurvivesTenMegabytesOfRubbish) {
-    static constexpr char kTrozos[][16] = {"pPos|", "pCuadro|", "pNuevaHoja", "\n",        "\r",
-                                           "|",     "-9",       "1e9",        "<!nHojas!>"};
+    const QList<QByteArray> trozos = QByteArray("pPos|~pCuadro|~pNuevaHoja~\n~\r~|~-9~1e9~<!nHojas!>").split('~');
     QRandomGenerator azar(518);
     QByteArray basura;
-    while (basura.size() < 10'000'000) {
-        basura += kTrozos[azar.bounded(9)];
-        basura += static_cast<char>(azar.bounded(256));
-    }
+    while (basura.size() < 10'000'000)
+        basura += trozos[azar.bounded(trozos.size())] + static_cast<char>(azar.bounded(256));
     const auto informe = InformeDe(basura);
     Libreta libreta;
     informe->RecorrePagina(informe->Paginas() - 1, [&](const Comando& comando) { libreta.Recibe(comando); });
     EXPECT_LE(informe->Paginas(), InformeSpool::kPaginasMaximas);
+}
+
+TEST_F(Pdf, TakesASheetForEachPageAndTurnsItForTheAnnex) {
+    Escribe(
+        {Spool(u"a.PRN"_s, kInforme), Spool(u"b.PRN"_s, kApaisado), Spool(u"c.PRN"_s, "pPos|1|1|sin más|False|8|0|")});
+    EXPECT_THAT(Hojas(), ElementsAre(u"595x842"_s, u"595x842"_s, u"595x842"_s, u"842x595"_s, u"595x842"_s));
+    Escribe({Spool(u"vacio.PRN"_s, "")});
+    EXPECT_EQ(Hojas().size(), 1) << "a report without commands is an empty sheet, not a damaged file";
+}
+
+/// The moment is written over the one that the toolkit took: the table of the file's parts must still hold.
+TEST_F(Pdf, CarriesTheMomentOfTheClock) {
+    Escribe({Spool(u"a.PRN"_s, kInforme)});
+    const QByteArray pdf = Leido();
+    EXPECT_TRUE(pdf.contains("(D:20260209180405Z)"));
+    const QByteArray fin = pdf.sliced(pdf.lastIndexOf("startxref"));
+    const qint64 tabla = fin.split('\n')[1].toLongLong();
+    ASSERT_EQ(pdf.sliced(tabla, 5), "xref\n");
+    const QByteArray entrada = pdf.sliced(tabla).split('\n')[2];
+    const QByteArray numero = pdf.sliced(tabla).split('\n')[1].split(' ')[0];
+    EXPECT_TRUE(pdf.sliced(entrada.first(10).toLongLong()).startsWith(numero + " 0 obj"));
+}
+
+TEST_F(Pdf, LeavesWhatWasThereWhenItFails) {
+    EscribeEn(Ruta(u"x.pdf"_s), "el de ayer");
+    EXPECT_THROW(Escribe({Spool(u"a.PRN"_s, kInforme), Ruta(u"falta.PRN"_s)}), Error);
+    EXPECT_EQ(Leido(), "el de ayer");
+    EXPECT_FALSE(QFile::exists(Ruta(u"x.pdf.parcial"_s)));
+    for (const QString& carpeta : {Ruta(u"falta"_s), Ruta(u"a.PRN"_s), u"/proc"_s})
+        EXPECT_THROW(EscribePdf({Ruta(u"a.PRN"_s)}, carpeta + u"/x.pdf"_s, {}), Error) << qPrintable(carpeta);
+}
+
+TEST_F(Pdf, SurvivesWhatADamagedFileAsksFor) {
+    Escribe(
+        {Spool(u"a.PRN"_s, "pPos|999999|-999999|lejos|False|8|0|\npPos|1|1|enorme|False|32000|0|\n"
+                           "pPos|1|1|nada|False|0|0|\npPos|1|1|menos|False|-8|0|\npCuadro|-999999|1|999999|2|0|\n")});
+    EXPECT_EQ(Hojas().size(), 1);
+}
+
+/// The widths of "Courier New": whatever font stands for it, the columns must end where they were meant to.
+TEST_F(Pdf, WritesInAFontOfTheMeantWidth) {
+    QFont fuente = FuenteInforme();
+    fuente.setPixelSize(160);
+    const qreal ancho = QFontMetricsF(fuente).horizontalAdvance(QString(100, u'W'));
+    EXPECT_NEAR(ancho, QFontMetricsF(fuente).horizontalAdvance(QString(100, u'i')), 1);
+    EXPECT_NEAR(ancho, 9602, 48) << qPrintable(QFontInfo(fuente).family());
+}
+
+/// A reason that is too long for the sheet is drawn narrower, or cut: the columns before it stand where those of the
+/// other lines do, and nothing runs off the sheet.
+TEST_F(Pdf, KeepsTheColumnsOfALineThatIsTooLong) {
+    const auto pintada = [](const QString& motivo) {
+        QImage hoja(TamanoHoja(false) / 10, QImage::Format_Grayscale8);
+        hoja.fill(Qt::white);
+        QPainter pintor(&hoja);
+        const QString columnas = QString(20, u' ') + u"06 20991000004 P001 30101"_s.leftJustified(29);
+        PintorPagina(pintor, 0.1, TamanoHoja(false).width()).Pinta(TextoEnPagina{10, 175, columnas + motivo});
+        return hoja;
+    };
+    const auto franja = [](const QImage& hoja, int desde, int hasta) { return hoja.copy(desde, 0, hasta - desde, 80); };
+    constexpr int kMotivo = 36 + 1 + 49 * 96 / 10; // margin, place of the line, 49 characters
+    constexpr int kMargenDerecho = (11906 - 360) / 10;
+    const QImage corta = pintada(u"M"_s);
+    for (const int largo : {68, 107, 400}) {
+        const QImage larga = pintada(QString(largo, u'M'));
+        EXPECT_EQ(franja(larga, 0, kMotivo), franja(corta, 0, kMotivo)) << largo;
+        EXPECT_NE(franja(larga, kMargenDerecho - 30, kMargenDerecho),
+                  franja(corta, kMargenDerecho - 30, kMargenDerecho));
+        EXPECT_EQ(franja(larga, kMargenDerecho + 2, larga.width()), franja(corta, kMargenDerecho + 2, corta.width()));
+    }
 }

@@ -11,15 +11,19 @@
 using namespace xa518;
 using namespace xa518::prueba;
 using namespace Qt::StringLiterals;
+using testing::Contains;
 using testing::ElementsAre;
+using testing::Not;
 
 namespace {
 
 const QString kRuc = u"20512345671"_s;
 
-class AnnexReport : public testing::Test {
+class PrintOut : public testing::Test {
   protected:
-    void Imprime() { taller.Imprime(true, libreta); }
+    /// The declaration itself.
+    void Imprime() { taller.Imprime(false, libreta); }
+    void ImprimeAnexo() { taller.Imprime(true, libreta); }
     /// The lines of a page under its head.
     QStringList Cuerpo(int pagina = 0) const { return libreta.Textos(pagina).mid(12); }
 
@@ -30,7 +34,88 @@ class AnnexReport : public testing::Test {
 
 } // namespace
 
-TEST_F(AnnexReport, GivesEveryVoucherItsLineAndEveryFurtherPaymentVoucherItsOwn) {
+TEST_F(PrintOut, TheDeclarationWithoutClientsIsOnePageWithTheDebtAtItsPlace) {
+    taller.Cabecera({{u"401"_s, u"1000"_s}, {u"402"_s, u"-300"_s}, {u"800"_s, u"7"_s}});
+    Imprime();
+    EXPECT_EQ(libreta.Hojas(), 1);
+    EXPECT_EQ(libreta.AlturaDe(u"DETERMINACION DE LA DEUDA TRIBUTARIA"_s), 2300 + 570);
+    EXPECT_EQ(libreta.TextoEn(9220, 2300 + 570 + 2 * 270), u"           1,000"_s);
+    EXPECT_EQ(libreta.TextoEn(9220, 2300 + 570 + 3 * 270), u"           (300)"_s);
+    EXPECT_EQ(libreta.TextoEn(9220, 2300 + 570 + 4 * 270), QString(16, u' ')) << "a missing box is empty, not 0";
+    EXPECT_THAT(libreta.Textos(0), Contains(u"Contribuyente (1/1)"_s));
+    EXPECT_THAT(libreta.Textos(0), Not(Contains(u"NRO. CONTROL: "_s)));
+    for (const QString& clientes : u"~0~-1~ninguno"_s.split(u'~')) {
+        taller.Vacia();
+        taller.Cabecera({{u"501"_s, clientes}});
+        const InformesEmitidos sinAnexo = ImprimeDeclaracion(taller.proceso, taller.clave, true);
+        EXPECT_TRUE(sinAnexo.rutas.size() == 1 && !sinAnexo.veredicto) << qPrintable(clientes);
+    }
+}
+
+TEST_F(PrintOut, TheDeclarationTurnsThePageAfterTheTwentiethClient) {
+    const struct {
+        int clientes, paginas, filasEnLaUltima;
+        QString montos;
+    } casos[] = {{1, 1, 1, u"100"_s}, {20, 2, 0, u"2,000"_s}, {21, 2, 1, u"2,100"_s}, {45, 3, 5, u"4,500"_s}};
+    for (const auto& [clientes, paginas, filas, montos] : casos) {
+        taller.Vacia();
+        taller.Cabecera({{u"501"_s, QString::number(clientes)}});
+        taller.Clientes(clientes);
+        Imprime();
+        EXPECT_EQ(libreta.Hojas(), paginas) << clientes;
+        const int ultima = paginas - 1;
+        const int total = 1970 + 80 + (2 + filas) * 270;
+        EXPECT_EQ(libreta.AlturaDe(u"TOTAL"_s, ultima), total) << clientes;
+        EXPECT_EQ(libreta.AlturaDe(u"DETERMINACION DE LA DEUDA TRIBUTARIA"_s, ultima), total - 80 + 600 + 570);
+        EXPECT_EQ(libreta.TextoEn(7000, total, ultima).trimmed(), montos);
+        EXPECT_THAT(libreta.Textos(ultima), Contains(u"Contribuyente (%1/%1)"_s.arg(paginas)));
+    }
+}
+
+TEST_F(PrintOut, TheDeclarationListsCompaniesAndPersonsByNumber) {
+    taller.Cabecera({{u"501"_s, u"4"_s}});
+    const QString razon = u"CORPORACIÓN AGROINDUSTRIAL DE LA SELVA CENTRAL S.A.A."_s;
+    taller.Agrega(Cliente{6, u"20512345671"_s, razon, {}, {}, {}, u"-1234.5"_s, u"2469135.79"_s});
+    taller.Agrega(Cliente{1, u"40512345"_s, u"  "_s, u"NÚÑEZ"_s, {}, u"ANA|LUZ"_s});
+    taller.Agrega(Cliente{7, u"X40512345678901"_s, u"VIAJERO"_s}); // a type that reports don't show
+    Imprime();
+    const int fila = 1970 + 80 + 2 * 270;
+    EXPECT_EQ(libreta.TextoEn(300, fila), u"RUC 20512345671"_s);
+    EXPECT_EQ(libreta.TextoEn(2900, fila), u"CORPORACIÓN AGROINDUSTRIAL DE LA SELVA C"_s);
+    EXPECT_EQ(libreta.TextoEn(7000, fila), u"         -1,234.50"_s);
+    EXPECT_EQ(libreta.TextoEn(9070, fila), u"      2,469,135.79"_s);
+    EXPECT_EQ(libreta.TextoEn(300, fila + 270), u"DNI 40512345"_s);
+    EXPECT_EQ(libreta.TextoEn(2900, fila + 270), u"NÚÑEZ , ANA|LUZ"_s);
+    EXPECT_EQ(libreta.TextoEn(300, fila + 540), u"X40512345678901"_s);
+    EXPECT_EQ(libreta.TextoEn(7000, fila + 810), u"            -1,035"_s) << "totals drop their decimals";
+}
+
+/// Of the head's columns by name: at the place of `rectifica` a sent copy keeps another one.
+TEST_F(PrintOut, TheDeclarationMarksRectificationAndPayment) {
+    const struct {
+        bool enviada;
+        QString rectifica, cheque;
+        int xRectifica, xPago;
+    } casos[] = {
+        {false, u"1"_s, {}, 6600, 6600}, {false, u"0"_s, u" 00123 "_s, 8825, 8825}, {true, u"0"_s, {}, 8825, 6600}};
+    for (const auto& [enviada, rectifica, cheque, xRectifica, xPago] : casos) {
+        taller.Vacia();
+        taller.clave.enviada = enviada;
+        taller.clave.correl = u"1"_s;
+        taller.Cabecera({}, cheque, rectifica);
+        Imprime();
+        const int fila = 2300 + 570 + 8 * 270;
+        for (const int x : {6600, 8825}) {
+            EXPECT_EQ(libreta.TextoEn(x, fila), x == xRectifica ? u" X "_s : QString());
+            EXPECT_EQ(libreta.TextoEn(x, fila + 270), x == xPago ? u" X "_s : QString());
+        }
+        EXPECT_EQ(libreta.TextoEn(9380, fila + 540), cheque.trimmed());
+        EXPECT_EQ(libreta.TextoEn(8825, fila + 810), cheque.isEmpty() ? QString() : u"015"_s);
+        EXPECT_EQ(libreta.TextoEn(9200, fila + 810), cheque.isEmpty() ? QString() : u"02"_s);
+    }
+}
+
+TEST_F(PrintOut, TheAnnexGivesEveryVoucherItsLineAndEveryFurtherPaymentVoucherItsOwn) {
     taller.Cabecera({{u"501"_s, u"1"_s}});
     taller.Agrega(Cliente{6, kRuc, u"CORPORACIÓN ÑANDÚ S.A."_s});
     taller.Agrega(Comprobante{kRuc, u"00000002"_s, {}, u"1234.5"_s, QVariant(), QVariant(), u"9"_s, u"0"_s});
@@ -41,7 +126,7 @@ TEST_F(AnnexReport, GivesEveryVoucherItsLineAndEveryFurtherPaymentVoucherItsOwn)
         taller.Agrega(Pago{kRuc, comprobante, u"00004511"_s, u"07"_s, u"-50.25"_s});
         taller.Agrega(Pago{kRuc, comprobante, u"00004512"_s});
     }
-    Imprime();
+    ImprimeAnexo();
     const QString sangria(91, u' ');
     const QString pagos[] = {u"01  F001  00004513        10/01/2026              100.00"_s,
                              u"07  F001  00004511        10/01/2026             (50.25)"_s,
@@ -71,7 +156,7 @@ TEST_F(AnnexReport, GivesEveryVoucherItsLineAndEveryFurtherPaymentVoucherItsOwn)
 }
 
 /// From period 200803 on the two last flags and their headings stand the other way around.
-TEST_F(AnnexReport, ShowsTheFlagsOfItsPeriod) {
+TEST_F(PrintOut, TheAnnexShowsTheFlagsOfItsPeriod) {
     const ComprobanteImpreso comprobante{u"P001", u"1", u"01/02/2008", u"1", u"2", u"1", u"0", u"1", u"9", {}};
     const struct {
         QString periodo, banderas, titulo, segundo;
@@ -86,7 +171,7 @@ TEST_F(AnnexReport, ShowsTheFlagsOfItsPeriod) {
     }
 }
 
-TEST_F(AnnexReport, PassesOverVouchersWithoutClientAndCopiesOfOthers) {
+TEST_F(PrintOut, TheAnnexPassesOverVouchersWithoutClientAndCopiesOfOthers) {
     taller.clave.enviada = true;
     for (const QString& correl : {u"1"_s, u"2"_s}) {
         taller.clave.correl = correl;
@@ -102,7 +187,7 @@ TEST_F(AnnexReport, PassesOverVouchersWithoutClientAndCopiesOfOthers) {
         }
     }
     taller.clave.correl = u"2"_s;
-    Imprime();
+    ImprimeAnexo();
     const QStringList cuerpo = Cuerpo();
     EXPECT_EQ(cuerpo.filter(u"COPIA 2"_s).size(), 3);
     EXPECT_EQ(cuerpo.filter(u"F001"_s).size(), 2);
@@ -113,7 +198,7 @@ TEST_F(AnnexReport, PassesOverVouchersWithoutClientAndCopiesOfOthers) {
     EXPECT_THAT(cuentas, ElementsAre(u"2"_s, u"2"_s, u"0"_s));
 }
 
-TEST_F(AnnexReport, TurnsItsPagesAndClosesOnANewOneWhenTheLastIsNearlyFull) {
+TEST_F(PrintOut, TheAnnexTurnsItsPagesAndClosesOnANewOneWhenTheLastIsNearlyFull) {
     const struct { int comprobantes, hojas; } casos[] = {{31, 1}, {32, 2}, {37, 2}, {38, 2}};
     for (const auto& [comprobantes, hojas] : casos) {
         taller.Vacia();
@@ -121,7 +206,7 @@ TEST_F(AnnexReport, TurnsItsPagesAndClosesOnANewOneWhenTheLastIsNearlyFull) {
         taller.Agrega(Cliente{6, kRuc, u"UNO"_s});
         for (int i = 0; i < comprobantes; ++i)
             taller.Agrega(Comprobante{kRuc, QString::number(i)});
-        Imprime();
+        ImprimeAnexo();
         EXPECT_EQ(libreta.Hojas(), hojas) << comprobantes;
         for (int pagina = 0; pagina < hojas; ++pagina)
             EXPECT_TRUE(libreta.Textos(pagina)[0].endsWith(u"Pag:     %1"_s.arg(pagina + 1)));
@@ -130,7 +215,7 @@ TEST_F(AnnexReport, TurnsItsPagesAndClosesOnANewOneWhenTheLastIsNearlyFull) {
 }
 
 /// Payment vouchers of a client with very many of them are looked up one voucher at a time: the same lines come out.
-TEST_F(AnnexReport, OfAGiantClientIsTheSame) {
+TEST_F(PrintOut, TheAnnexOfAGiantClientIsTheSame) {
     constexpr int kPagos = 20'001;
     taller.Cabecera({{u"501"_s, u"1"_s}});
     taller.Agrega(Cliente{6, kRuc, u"GIGANTE"_s});
@@ -143,7 +228,7 @@ TEST_F(AnnexReport, OfAGiantClientIsTheSame) {
         "tip_doc_d, Doc_id_d, periodo, Formulario, tip_doc_per, num_doc_per, num_serie_cp, num_cp, tip_doc_detcp, "
         "num_serie_detcp, CAST(i AS TEXT), fec_emis_detcp, mto_detcp, NULL FROM n, F518PDETCP "
         "WHERE num_detcp = CAST(i % 2 AS TEXT)"_s.arg(kPagos - 1));
-    Imprime();
+    ImprimeAnexo();
     QStringList numeros;
     for (int pagina = 0; pagina < libreta.Hojas(); ++pagina) {
         for (const QString& linea : Cuerpo(pagina).filter(u"F001"_s))

@@ -1,22 +1,39 @@
-#include "launcher/Backups.h"
-
 #include "data/Record.h"
+#include "data/RecordChecksum.h"
 #include "data/SchemaVersion.h"
 #include "data/Transaction.h"
+#include "launcher/Backups.h"
 #include "launcher/Schema.h"
+#include "launcher/Sending.h"
 #include "platform/Clock.h"
 #include "support/TemporaryBase.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 using namespace xa518;
 using namespace Qt::StringLiterals;
+using prueba::kTablas;
 
 namespace {
+
+/// A base without tables, and a folder of steps that a test writes itself.
+class SchemaTest : public testing::Test {
+  protected:
+    void Escribe(const QString& nombre, const QByteArray& sql) const {
+        prueba::EscribeEn(m_pasos.filePath(nombre), sql);
+    }
+    EstadoEsquema AplicaPasos() { return Esquema(m_pasos.path()).Aplica(*base); }
+
+    QTemporaryDir m_carpeta;
+    QTemporaryDir m_pasos;
+    std::unique_ptr<Base> base = Base::Crea(m_carpeta.filePath(u"vacia.db"_s));
+};
 
 class Backups : public testing::Test {
   protected:
@@ -42,7 +59,62 @@ class Backups : public testing::Test {
     RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
 };
 
+const QString kRuc = u"20990518018"_s;
+
+class Sending : public testing::Test {
+  protected:
+    /// One row in every table; its texts are the columns' own names, so that a swap would show.
+    void Graba(const QString& periodo) {
+        for (const QString& tabla : kTablas) {
+            const Tabla& forma = base->Describe(tabla);
+            Registro fila(forma);
+            for (int i = 0; i < forma.columnas.size(); ++i)
+                fila.Pon(i, forma.columnas[i].entera ? QVariant(6) : QVariant(forma.columnas[i].nombre));
+            fila.Pon(u"Doc_id_d", kRuc).Pon(u"periodo", periodo).Pon(u"Formulario", kNumFormulario);
+            if (tabla == u"CAB")
+                fila.Pon(u"estado", 0).Pon(u"bcolibrad", QVariant());
+            if (tabla == u"F518PDETCP")
+                fila.Pon(u"mto_detcp", u"7.50"_s);
+            AgregaConChecksum(*base, fila);
+        }
+    }
+
+    ResultadoEnvio Envia(const QString& periodo) {
+        return Envio(*base, reloj).Envia({kRuc, periodo, kNumFormulario, false, {}});
+    }
+
+    QString Valor(const QString& sql) const { return base.Filas(sql).value(0); }
+
+    /// What a row's checksum should be by the row as it now stands in the base.
+    QString ChecksumDe(const QString& tabla, const QString& correl) {
+        Registros leida = base->Lee(u"SELECT * FROM "_s + tabla + u" WHERE correl = ?"_s, {correl});
+        EXPECT_TRUE(leida.Siguiente());
+        Registro fila(base->Describe(tabla));
+        for (int i = 0; i < leida.Columnas(); ++i)
+            fila.Pon(i, leida.Valor(i));
+        return ChecksumRegistro(fila, PrimerosDe(tabla));
+    }
+
+    prueba::BaseTemporal base;
+    RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
+};
+
 } // namespace
+
+TEST_F(SchemaTest, MissingStepsAreMadeOverTheDataThatIsThereAndAFailingOneIsUndoneWhole) {
+    Escribe(u"0001_uno.sql"_s, "-- it's one\nCREATE TABLE UNO (a TEXT);\n");
+    EXPECT_EQ(AplicaPasos().resultado, ResultadoEsquema::Creado);
+    base->Ejecuta(u"INSERT INTO UNO VALUES ('queda')"_s);
+    Escribe(u"0002_dos.sql"_s, "CREATE TABLE DOS (b TEXT);\nALTER TABLE UNO ADD COLUMN c TEXT;\n");
+    EXPECT_EQ(AplicaPasos().resultado, ResultadoEsquema::Actualizado);
+    Escribe(u"0003_mal.sql"_s, "CREATE TABLE TRES (b TEXT);\nCREATE TABLE UNO (a TEXT);\n");
+    const EstadoEsquema estado = AplicaPasos();
+    EXPECT_EQ(estado.resultado, ResultadoEsquema::Fallido);
+    EXPECT_EQ(estado.version, 2);
+    EXPECT_TRUE(estado.motivo.contains(u"UNO"_s)) << qPrintable(estado.motivo);
+    EXPECT_TRUE(base->Lee(u"SELECT 1 FROM UNO WHERE a = 'queda' AND c IS NULL"_s).Siguiente());
+    EXPECT_FALSE(base->Lee(u"SELECT 1 FROM sqlite_master WHERE name = 'TRES'"_s).Siguiente());
+}
 
 TEST_F(Backups, KeepsTheLastTwentyEvenWhenTheClockIsSetBack) {
     const QString primera = Copias().Haz();
@@ -89,8 +161,8 @@ TEST_F(Backups, RefusesWhatIsNoSoundBaseOfThesePrograms) {
     const QByteArray antes = prueba::BytesDe(base.Ruta());
     for (const QString& mala : malas) {
         const Veredicto veredicto = Copias().Restaura(mala);
-        ASSERT_FALSE(veredicto) << mala.toStdString();
-        EXPECT_TRUE(veredicto.mensaje->texto.contains(mala)) << veredicto.mensaje->texto.toStdString();
+        ASSERT_FALSE(veredicto) << qPrintable(mala);
+        EXPECT_TRUE(veredicto.mensaje->texto.contains(mala)) << qPrintable(veredicto.mensaje->texto);
     }
     EXPECT_EQ(prueba::BytesDe(base.Ruta()), antes);
     EXPECT_EQ(Copias().Lista().size(), 1);
@@ -108,8 +180,7 @@ TEST_F(Backups, RefusesWhileAnotherProgramUsesTheBase) {
     ASSERT_TRUE(otro.waitForReadyRead());
     const Veredicto veredicto = Copias().Restaura(copia);
     ASSERT_FALSE(veredicto);
-    EXPECT_TRUE(veredicto.mensaje->texto.contains(u"sh (%1)"_s.arg(otro.processId())))
-        << veredicto.mensaje->texto.toStdString();
+    EXPECT_TRUE(veredicto.mensaje->texto.contains(u"sh (%1)"_s.arg(otro.processId())));
     otro.closeWriteChannel();
     ASSERT_TRUE(otro.waitForFinished());
     EXPECT_EQ(Periodos(), u"202609,202610"_s);
@@ -143,4 +214,43 @@ TEST_F(Backups, ACopyOfAnEarlierVersionGetsTheTablesOfThisOne) {
     ASSERT_TRUE(Copias().Restaura(anterior));
     EXPECT_NO_THROW(ExigeVersion(*Base::Abre(base.Ruta())));
     EXPECT_EQ(VersionDe(*Base::Abre(anterior)), 1);
+}
+
+TEST_F(Sending, MovesEveryRowOfThatDeclarationAndStampsIt) {
+    Graba(u"202609"_s);
+    Graba(u"202610"_s);
+    const ResultadoEnvio resultado = Envia(u"202609"_s);
+    ASSERT_TRUE(resultado.veredicto);
+    EXPECT_EQ(resultado.correl, u"1"_s);
+    for (const QString& tabla : kTablas) {
+        EXPECT_EQ(Valor(u"SELECT group_concat(periodo) FROM "_s + tabla), u"202610"_s);
+        EXPECT_EQ(Valor(u"SELECT group_concat(periodo) FROM H"_s + tabla), u"202609"_s);
+        EXPECT_EQ(Valor(u"SELECT cNumero FROM H"_s + tabla), ChecksumDe(u'H' + tabla, u"1"_s));
+    }
+    EXPECT_EQ(Valor(u"SELECT estado & '|' & norden & '|' & fec_env & '|' & control & '|' & correl & '|' & fec_pro"
+                    " FROM HCAB WHERE bcolibrad IS NULL"_s),
+              u"1|0|21/11/2026|"_s + resultado.control + u"|1|fec_pro"_s);
+}
+
+// The deletion of a sent declaration leaves its cash-sale rows, wanted so.
+TEST_F(Sending, NumbersOfADeletedCopyAreNotGivenAgain) {
+    Graba(u"202609"_s);
+    const ResultadoEnvio borrada = Envia(u"202609"_s);
+    for (const QString& tabla : {u"HDET"_s, u"HCAB"_s, u"HF518PDETCP"_s, u"HF518PDET"_s, u"HF518PCAB"_s})
+        base->Ejecuta(u"DELETE * FROM "_s + tabla);
+    Graba(u"202609"_s);
+    const ResultadoEnvio nueva = Envia(u"202609"_s);
+    ASSERT_TRUE(nueva.veredicto);
+    EXPECT_EQ(nueva.correl, u"2"_s);
+    EXPECT_GT(nueva.control, borrada.control);
+}
+
+// The last row of the last table can't be summed: all that was moved before it must come back.
+TEST_F(Sending, AFailureHalfWayLeavesTheDeclarationRegistered) {
+    Graba(u"202609"_s);
+    base->Ejecuta(u"UPDATE F518PDETCP SET mto_detcp = ?"_s, {QString(400, u'z')});
+    EXPECT_THROW((void)Envia(u"202609"_s), Desbordamiento);
+    for (const QString& tabla : kTablas)
+        EXPECT_EQ(Valor(u"SELECT (SELECT count(*) FROM %1) & '/' & (SELECT count(*) FROM H%1)"_s.arg(tabla)), u"1/0"_s);
+    EXPECT_EQ(Valor(u"SELECT count(*) FROM PARAM"_s), u"0"_s);
 }

@@ -1,0 +1,20 @@
+#include "data/LongReading.h"
+
+#include "data/Base.h"
+#include "data/Engine.h"
+
+namespace xa518 {
+
+LecturaLarga::LecturaLarga(Base& base) : m_base(&base) {
+    base.Ejecuta(base.m_motor->SqlMemoria(Memoria::Corta));
+}
+
+LecturaLarga::~LecturaLarga() {
+    try {
+        m_base->Ejecuta(m_base->m_motor->SqlMemoria(Memoria::Amplia));
+    } catch (const Error&) { // NOLINT(bugprone-empty-catch)
+        // What comes after works with little memory too, only slower.
+    }
+}
+
+} // namespace xa518
