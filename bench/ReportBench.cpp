@@ -151,8 +151,8 @@ void EscribePaginas(const QString& spool, const QString& pdf, int paginas) {
 }
 
 void Linea(const QByteArray& que, const Medida& medida, double razon, const char* unidad) {
-    std::printf("%-48s %7.2f s %7.2f s %9.2f %-11s %5.0f MB\n", que.constData(), medida.segundos, medida.procesador, razon, unidad,
-                static_cast<double>(medida.memoriaKb) / 1024);
+    std::printf("%-48s %7.2f s %7.2f s %9.2f %-11s %5.0f MB\n", que.constData(), medida.segundos, medida.procesador,
+                razon, unidad, static_cast<double>(medida.memoriaKb) / 1024);
     std::fflush(stdout);
 }
 
@@ -164,7 +164,8 @@ void MideAnexo(const Muestra& muestra, Tamano tamano) {
     Linea(filas + ", bare read", suelo, 1, "");
     const Medida anexo = MejorDe(5, [&] { return [&] { EscribeAnexo(muestra); }; });
     Linea("the annex of them to spool", anexo, anexo.procesador / suelo.procesador, "x the read");
-    Resume(("Annex of " + filas + " to spool").constData(), anexo.procesador / suelo.procesador, " x the bare read of the rows", "3");
+    Resume(("Annex of " + filas + " to spool").constData(), anexo.procesador / suelo.procesador,
+           " x the bare read of the rows", "3");
     Resume("Its memory", static_cast<double>(anexo.memoriaKb) / 1024, " MB", "100 MB");
 }
 
