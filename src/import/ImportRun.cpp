@@ -137,6 +137,7 @@ void Transferencia::ImportaLinea(QByteArrayView bytes, Almacen& almacen) {
     }
 }
 
+/// Wanted: no refusal ends the run, however many there are and whatever becomes of the logs.
 void Transferencia::Rechaza(QByteArrayView bytes, const Refutacion& refutacion) {
     ++m_resultado.rechazados;
     if (!m_opciones.prueba)

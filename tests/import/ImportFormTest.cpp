@@ -204,9 +204,10 @@ TEST_F(ImportForm, AFileWithoutItsFinalSeparatorStaysOpenUntilTheNextRunOrTheWay
     sinSeparador();
     m_avisos.EsperaPregunta(u"¿Desea procesar el archivo nuevamente?"_s, Respuesta::Si);
     sinSeparador();
-    m_escenario.Escribe(LineaDe().toUtf8());
-    m_avisos.Espera(u"Prueba de 051820990518018202610.TXT: ninguna línea sería rechazada.\nNo se ha guardado nada."_s);
-    Pulsa("cmdProbar");
+    m_escenario.Escribe(""); // imports nothing, and that is no fault
+    m_avisos.EsperaPregunta(u"¿Desea procesar el archivo nuevamente?"_s, Respuesta::Si);
+    m_avisos.Espera({Icono::Informacion, u"Archivo : 051820990518018202610.TXT transferido"_s, u"Mensaje"_s});
+    Pulsa("cmdTransferir");
     EXPECT_FALSE(estaAbierto());
     m_avisos.EsperaPregunta(u"¿Desea procesar el archivo nuevamente?"_s, Respuesta::Si);
     sinSeparador();
