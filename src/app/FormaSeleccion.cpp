@@ -118,7 +118,7 @@ void FormaSeleccion::Abre(RelojDeArena& reloj) {
         return;
     const int fila = Grilla().Fila();
     const QPoint sitio = pos();
-    QWidget::setVisible(false);
+    QWidget::setVisible(false); // NOLINT(bugprone-parent-virtual-call)
     const auto vuelve = qScopeGuard([this, sitio] {
         move(sitio);
         show();

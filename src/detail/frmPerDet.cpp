@@ -20,14 +20,13 @@ namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
-frmPerDet::frmPerDet(Proceso& proceso, Avisos& avisos, const ComprobanteDePago& pago, const QString& lblTipo,
-                     QWidget* padre)
+frmPerDet::frmPerDet(Proceso& proceso, Avisos& avisos, const ComprobanteDePago& pago, QString lblTipo, QWidget* padre)
     : Forma(padre)
     , m_ui(std::make_unique<Ui::frmPerDet>())
     , m_proceso(&proceso)
     , m_avisos(&avisos)
     , m_comprobante(pago.clave.comprobante)
-    , m_lblTipo(lblTipo) {
+    , m_lblTipo(std::move(lblTipo)) {
     const RelojDeArena reloj;
     m_ui->setupUi(this);
     Prepara({m_ui->CmdOpciones_1});

@@ -22,7 +22,7 @@ class frmPerDet : public Forma {
     Q_OBJECT
   public:
     /// Of a new payment voucher only the perception voucher is filled. `lblTipo` decides which types are offered.
-    frmPerDet(Proceso& proceso, Avisos& avisos, const ComprobanteDePago& pago, const QString& lblTipo,
+    frmPerDet(Proceso& proceso, Avisos& avisos, const ComprobanteDePago& pago, QString lblTipo,
               QWidget* padre = nullptr);
     ~frmPerDet() override;
 

@@ -75,7 +75,7 @@ QString TextoFijo(Codigo codigo) {
 }
 
 QString MotivoDe(Base& base, Codigo codigo) {
-    const QString fijo = TextoFijo(codigo);
+    QString fijo = TextoFijo(codigo);
     if (!fijo.isEmpty())
         return fijo;
     const QString deTabla = Catalogo(base).DescError(QString(codigo));

@@ -17,8 +17,8 @@ constexpr int kCamposDeVenta = 14;
 /// A field, and what checks it in each of the two formats.
 struct FilaCampo {
     QStringView nombre;
-    Comprobacion percepcion;
-    Comprobacion venta;
+    Comprobacion percepcion{};
+    Comprobacion venta{};
 };
 
 constexpr FilaCampo EnAmbos(QStringView nombre, Comprobacion comprobacion) {

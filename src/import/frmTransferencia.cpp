@@ -26,7 +26,7 @@ constexpr qint64 kRitmoMs = 250;
 constexpr int kLleno = 1000;
 
 bool Copia(QIODevice& origen, QIODevice& destino) {
-    constexpr qint64 kTrozo = 64 * 1024;
+    constexpr qint64 kTrozo = 65'536;
     while (!origen.atEnd()) {
         const QByteArray bytes = origen.read(kTrozo);
         if (bytes.isEmpty() || destino.write(bytes) != bytes.size())
@@ -122,7 +122,7 @@ ResultadoImportacion frmTransferencia::CorreTransferencia(bool prueba) {
     m_enProceso.reset(); // with a file that an earlier run has left open
     m_enProceso = std::make_unique<Transferencia>(m_proceso, Formato(), m_rutaArchivos,
                                                   OpcionesImportacion{prueba, NuevaPlanilla()});
-    const ResultadoImportacion resultado = m_enProceso->Corre(*this);
+    ResultadoImportacion resultado = m_enProceso->Corre(*this);
     if (!m_enProceso->TieneAbierto())
         m_enProceso.reset();
     return resultado;

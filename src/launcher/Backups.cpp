@@ -92,7 +92,7 @@ QString Respaldos::Haz() const {
     const QStringList defectos = Defectos(*Base::Abre(lugar.Archivo()));
     if (!defectos.isEmpty())
         throw Error(NumeroError::AccesoAlDisco, u"La copia de respaldo salió dañada: %1"_s.arg(defectos.constFirst()));
-    const QString destino = NombreLibre(kExtension);
+    QString destino = NombreLibre(kExtension);
     CopiaPrivada(lugar.Archivo(), destino); // the engine doesn't wait for the disk in a copy of its own
     QuitaSobrantes(destino);
     return destino;

@@ -69,7 +69,7 @@ void EjecutaReporte(Proceso& proceso, const PedidoInforme& pedido, DestinoInform
 
 QString EscribeInforme(Proceso& proceso, const PedidoInforme& pedido) {
     const auto [codigo, doc] = RegistroDe(pedido);
-    const QString archivo = NuevoReporte(proceso, codigo, kTipoRuc, doc);
+    QString archivo = NuevoReporte(proceso, codigo, kTipoRuc, doc);
     ArchivoSpool spool(RutaDeInforme(proceso.rutaRPT, archivo));
     EjecutaReporte(proceso, pedido, spool);
     return archivo;

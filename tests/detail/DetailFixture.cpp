@@ -42,14 +42,14 @@ void LlenaCatalogo(const BaseTemporal& base) {
 /// before, the decimals and the groups.
 QStringList Escrito(const QWidget& forma) {
     static const QRegularExpression adorno(u"^0+(?=.)|,|[.]0*$|(?<=[.]\\d)0$"_s);
-    QStringList todo;
+    QStringList lleno;
     for (const auto* campo : forma.findChildren<QLineEdit*>())
-        todo += campo->isEnabled() ? campo->displayText().remove(adorno) : QString(); // the others are computed
+        lleno += campo->isEnabled() ? campo->displayText().remove(adorno) : QString(); // the others are computed
     for (const auto* lista : forma.findChildren<QComboBox*>())
-        todo += lista->currentText();
+        lleno += lista->currentText();
     for (const auto* opcion : forma.findChildren<QAbstractButton*>())
-        todo += opcion->isChecked() ? opcion->objectName() : QString();
-    return todo;
+        lleno += opcion->isChecked() ? opcion->objectName() : QString();
+    return lleno;
 }
 
 } // namespace

@@ -99,7 +99,7 @@ TEST(SpoolLine, SaysWhatItHoldsAndPassesOverTheRest) {
         {"pCuadro|1|2|3|4|5|", Cuadro{1, 2, 3, 4, 5}},
         {"pNuevaHoja", NuevaHoja()},
         {"<!Color!>&H80000005&<!/Color!>", Etiqueta{Etiqueta::Clase::Color, u"&H80000005&"_s}},
-        {"pPos|10|175|falta todo lo demás", {}},
+        {"pPos|10|175|falta lo demás", {}},
         {"ppos|10|175|t|False|8|0|", {}},
         {"otraHoja", {}},
         {"<!font!>sin cierre", {}},
