@@ -132,10 +132,12 @@ class Screen:
         self.until(lambda: self.active() == self._stack[-1], "the window behind")
 
     def answers(self, title, key="Return"):
-        """A message box above the form with that title: waits for it, presses that button, waits until it has gone."""
+        """A message box above the form with that title: waits for it, presses that button, waits until it has gone. The
+        window behind it has the keyboard then, or one that has opened at once in the box's place."""
         self.opens(title)
+        box = self._stack.pop()
         self.keys(key)
-        self.closes()
+        self.until(lambda: self.active() not in ("", box), "the box to go")
 
     def switches(self, title):
         """Goes over to the other program."""
