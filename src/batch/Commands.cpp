@@ -3,6 +3,7 @@
 #include "batch/ExitCode.h"
 #include "batch/ImportCommand.h"
 #include "batch/PdfOutput.h"
+#include "batch/ProgressLine.h"
 #include "batch/Session.h"
 #include "data/Catalog.h"
 #include "data/DocumentTypes.h"
@@ -23,6 +24,9 @@ namespace xa518 {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+const QString kGrabando = u"Grabando la declaración"_s;
+const QString kImprimiendo = u"Imprimiendo"_s;
 
 void Exige(const Veredicto& veredicto, const QString& siCalla) {
     if (!veredicto)
@@ -107,7 +111,7 @@ void AnotaInconsistencias(Proceso& proceso, const Declaracion& declaracion, Info
     }
 }
 
-Informe Importar(Proceso& proceso, const Argumentos& argumentos, ObservadorImportacion& avance) {
+Informe Importar(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance) {
     Informe informe;
     const ClaveDeclaracion clave = ClaveDe(proceso, argumentos);
     const TrabajoUnico trabajo(*proceso.baseDatos);
@@ -115,7 +119,7 @@ Informe Importar(Proceso& proceso, const Argumentos& argumentos, ObservadorImpor
     return informe;
 }
 
-Informe Declarar(Proceso& proceso, const Argumentos& argumentos, ObservadorImportacion& avance) {
+Informe Declarar(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance) {
     Base& base = *proceso.baseDatos;
     Declaracion declaracion;
     declaracion.clave = ClaveDe(proceso, argumentos);
@@ -130,21 +134,25 @@ Informe Declarar(Proceso& proceso, const Argumentos& argumentos, ObservadorImpor
     RefrescaTotales(base, declaracion);
     LlenaMontos(declaracion, argumentos);
     LlenaPago(declaracion, argumentos);
+    avance.Dice(kGrabando);
     const ResultadoGrabacion grabacion = GrabaDeclaracion(base, declaracion, proceso.reloj.Hoy());
     AnotaInconsistencias(proceso, declaracion, informe);
     informe.estado = grabacion.estado;
     informe.casillas = CasillasGrabadas(base, declaracion.clave);
     informe.mensajes += grabacion.mensajes;
-    if (argumentos.pdf)
+    if (argumentos.pdf) {
+        avance.Dice(kImprimiendo);
         DejaPdf(proceso, declaracion.clave, *argumentos.pdf, informe);
+    }
     return informe;
 }
 
-Informe Imprimir(Proceso& proceso, const Argumentos& argumentos) {
+Informe Imprimir(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance) {
     ClaveDeclaracion clave = ClaveDe(proceso, argumentos);
     clave.enviada = argumentos.enviada.has_value();
     clave.correl = argumentos.enviada.value_or(QString());
     Informe informe;
+    avance.Dice(kImprimiendo);
     ImprimeEnPdf(proceso, clave, argumentos.anexos, *argumentos.pdf, informe);
     return informe;
 }
@@ -195,12 +203,12 @@ QList<FilaLista> LeeLista(Proceso& proceso, bool enviadas) {
 
 } // namespace
 
-Informe EjecutaOrden(Proceso& proceso, const Argumentos& argumentos, ObservadorImportacion& avance) {
+Informe EjecutaOrden(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance) {
     switch (argumentos.orden) {
     case Orden::Importar: return Importar(proceso, argumentos, avance);
     case Orden::Declarar: return Declarar(proceso, argumentos, avance);
     case Orden::Validar: return Validar(proceso, argumentos);
-    case Orden::Imprimir: return Imprimir(proceso, argumentos);
+    case Orden::Imprimir: return Imprimir(proceso, argumentos, avance);
     case Orden::Listar: break;
     }
     Informe informe;

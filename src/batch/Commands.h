@@ -6,9 +6,9 @@
 namespace xa518 {
 
 struct Proceso;
-class ObservadorImportacion;
+class LineaDeAvance;
 
 /// Runs one command over the open base. A refusal is raised as `Rechazo`, a failure as `Error`.
-[[nodiscard]] Informe EjecutaOrden(Proceso& proceso, const Argumentos& argumentos, ObservadorImportacion& avance);
+[[nodiscard]] Informe EjecutaOrden(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance);
 
 } // namespace xa518

@@ -29,12 +29,20 @@ bool LineaDeAvance::Sigue(const AvanceImportacion& avance) {
     if (!m_muestra || m_reloj.elapsed() < kRitmoMs)
         return true;
     m_reloj.restart();
-    m_escrita = true;
-    m_terminal << u"\r%1 %  %2 Transferidos  %3 Rechazados"_s.arg(Porcentaje(avance), 3)
-                      .arg(avance.transferidos)
-                      .arg(avance.rechazados)
-               << Qt::flush;
+    Escribe(u"%1 %  %2 Transferidos  %3 Rechazados"_s.arg(Porcentaje(avance), 3)
+                .arg(avance.transferidos)
+                .arg(avance.rechazados));
     return true;
+}
+
+void LineaDeAvance::Dice(const QString& fase) {
+    if (m_muestra)
+        Escribe(fase + u"..."_s);
+}
+
+void LineaDeAvance::Escribe(const QString& linea) {
+    m_escrita = true;
+    m_terminal << u"\r\x1b[K"_s << linea << Qt::flush;
 }
 
 } // namespace xa518

@@ -45,7 +45,7 @@ class Batch : public testing::Test {
         QTextStream salida(&m_salida);
         QTextStream errores(&m_errores);
         return EjecutaLote(QStringList{u"xa518-lote"_s} + linea.split(u' ', Qt::SkipEmptyParts),
-                           {m_perfil, salida, errores});
+                           {m_perfil, salida, errores, m_enTerminal});
     }
     [[nodiscard]] QJsonObject Json() const { return QJsonDocument::fromJson(m_salida.toUtf8()).object(); }
     [[nodiscard]] QString Casilla(const QString& casilla) const {
@@ -63,6 +63,7 @@ class Batch : public testing::Test {
     ArchivoPerfil m_perfil;
     QString m_salida;
     QString m_errores;
+    bool m_enTerminal = false;
 };
 
 TEST_F(Batch, DeclaresAMonthFromATextFile) {
@@ -75,10 +76,13 @@ TEST_F(Batch, DeclaresAMonthFromATextFile) {
     EXPECT_EQ(Casilla(u"510"_s), u"150"_s);
     EXPECT_EQ(Casilla(u"410"_s), Casilla(u"405"_s));
     EXPECT_EQ(Cuenta(u"F518PDET"_s), 150);
+    EXPECT_EQ(m_errores, QString()) << "a progress line, and no terminal";
 
     // Again without a file: the stored rows and payment are what is declared, with the amounts given now.
+    m_enTerminal = true;
     ASSERT_EQ(Corre(u"declarar"_s + kClave + u" --json --pagos-previos 100 --interes 7"_s), 0)
         << m_errores.toStdString();
+    EXPECT_EQ(m_errores, u"\r\x1b[KGrabando la declaración...\r\x1b[K"_s);
     EXPECT_EQ(Casilla(u"402"_s), u"-100"_s);
     EXPECT_EQ(Casilla(u"405"_s).toInt(), Casilla(u"401"_s).toInt() - 93);
     EXPECT_EQ(Casilla(u"999"_s), u"E"_s);
