@@ -148,9 +148,9 @@ QString MotorSqlite::SqlComienza() const {
     return u"BEGIN IMMEDIATE"_s;
 }
 
-/// 64 MB: the indexes of a large declaration, filled in no order, fit. What is put in order beyond 8 MB waits on disk.
+/// 64 MB: the indexes of a large declaration, filled in no order, fit. What is put in order beyond 16 MB waits on disk.
 QString MotorSqlite::SqlMemoria(Memoria memoria) const {
-    return memoria == Memoria::Amplia ? u"PRAGMA cache_size=-65536"_s : u"PRAGMA cache_size=-8192"_s;
+    return memoria == Memoria::Amplia ? u"PRAGMA cache_size=-65536"_s : u"PRAGMA cache_size=-16384"_s;
 }
 
 QString MotorSqlite::SqlColumnas(const QString& tabla) const {
