@@ -130,7 +130,7 @@ TEST_F(BaseTest, UndoesWhatIsNotConfirmed) {
 /// be slow.
 TEST_F(BaseTest, SetsTheEnginesRules) {
     EXPECT_EQ(Lista(u"PRAGMA journal_mode"_s) + Lista(u"PRAGMA synchronous"_s), u"delete3"_s);
-    const QString memoria = u"SELECT cache_size < -10000 FROM pragma_cache_size"_s;
+    const QString memoria = u"SELECT cache_size < -20000 FROM pragma_cache_size"_s;
     {
         const LecturaLarga lectura(*m_base);
         EXPECT_EQ(Lista(memoria), u"0"_s);
