@@ -1,12 +1,14 @@
 #include "ImportWorkshop.h"
 #include "Measure.h"
 
+#include "import/ErrorSheet.h"
 #include "import/Formats.h"
 #include "import/frmTransferencia.h"
 #include "platform/Notices.h"
 
 #include <QApplication>
 #include <QPushButton>
+#include <QTemporaryFile>
 
 #include <cstdio>
 #include <memory>
@@ -42,13 +44,17 @@ void ExigeFilas(Proceso& proceso, const Trabajo& trabajo) {
     Exige(filas.Siguiente() && filas.Entero(0) == (trabajo.estropeado ? 0 : trabajo.lineas), "rows are missing");
 }
 
+/// With its sheet of errors, as the window always makes it.
 Medida MideLote(const Trabajo& trabajo) {
     return Mide([&trabajo] {
         const auto taller = HazTaller(trabajo);
         return [taller, &trabajo] {
             const auto proceso = taller->Abre();
             SinNadie nadie;
-            (void)Transferencia(*proceso, FormatoPercepciones(), taller->Carpeta()).Corre(nadie);
+            QTemporaryFile errores;
+            Exige(errores.open(), "no sheet of errors");
+            PlanillaErrores planilla(errores);
+            (void)Transferencia(*proceso, FormatoPercepciones(), taller->Carpeta(), {false, &planilla}).Corre(nadie);
             ExigeFilas(*proceso, trabajo);
         };
     });
@@ -76,7 +82,7 @@ Medida MideVentana(const Trabajo& trabajo) {
     });
 }
 
-constexpr int kVeces = 3;
+constexpr int kVeces = 7;
 
 Medida MenosMolestada(const Medida& una, const Medida& otra) {
     return otra.procesador < una.procesador ? otra : una;
