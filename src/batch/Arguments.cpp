@@ -123,7 +123,7 @@ bool EsMontoEntero(const std::optional<QString>& monto) {
     constexpr qsizetype kDigitosMaximos = 12;
     if (!monto)
         return true;
-    return !monto->isEmpty() && monto->size() <= kDigitosMaximos && std::all_of(monto->begin(), monto->end(), EsDigito);
+    return !monto->isEmpty() && monto->size() <= kDigitosMaximos && SonDigitos(*monto);
 }
 
 /// What is wrong with the values given; empty when nothing is.

@@ -54,7 +54,7 @@ void ExigeBanco(Base& base, const QString& banco) {
 ClaveDeclaracion ClaveDe(Proceso& proceso, const Argumentos& argumentos) {
     const QString& periodo = argumentos.periodo;
     const QString noValido = u"El período no es válido."_s;
-    if (periodo.size() != 6 || !std::all_of(periodo.begin(), periodo.end(), EsDigito))
+    if (periodo.size() != 6 || !SonDigitos(periodo))
         throw RechazaCon(noValido);
     Exige(ValidaPeriodo(periodo.right(2) + u'/' + periodo.left(4), proceso.reloj.Hoy()), noValido);
     ExigeDeclarante(proceso, argumentos.ruc);

@@ -39,7 +39,7 @@ bool ObjetoUtil::ExisteArchivo(const QString& ruta) {
 }
 
 bool ObjetoUtil::ValidaRUC(QStringView numero) {
-    if (numero.size() != 11 || !Todos(numero, EsDigito))
+    if (numero.size() != 11 || !SonDigitos(numero))
         return false;
     QString diez = numero.first(10).toString();
     return DigitoVerificador(diez) == numero;
@@ -69,7 +69,7 @@ bool ObjetoUtil::FechaEnRango(QStringView fecha, QStringView desde, QStringView 
 }
 
 bool ObjetoUtil::ValidaNumeroDoc(QStringView texto) {
-    return !texto.isEmpty() && Todos(texto, EsDigito);
+    return !texto.isEmpty() && SonDigitos(texto);
 }
 
 bool ObjetoUtil::ValidaTextoDoc(QStringView texto) {

@@ -3,7 +3,6 @@
 #include "values/Format.h"
 #include "values/Text.h"
 
-#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -19,10 +18,6 @@ struct Partes {
     QStringView enteros;
     QStringView decimales;
 };
-
-bool SonDigitos(QStringView texto) {
-    return std::all_of(texto.begin(), texto.end(), EsDigito);
-}
 
 /// The parts of an amount that needs no rounding and no doubt: nothing for any other text, which goes the long way.
 std::optional<Partes> Separa(QStringView monto) {

@@ -2,8 +2,6 @@
 
 #include "values/Text.h"
 
-#include <algorithm>
-
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
@@ -11,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 std::optional<int> Numero(QStringView digitos) {
-    if (!std::all_of(digitos.begin(), digitos.end(), EsDigito))
+    if (!SonDigitos(digitos))
         return std::nullopt;
     return digitos.toInt();
 }

@@ -19,10 +19,6 @@ struct Partes {
     QStringView decimales;
 };
 
-bool SonDigitos(QStringView texto) {
-    return std::all_of(texto.begin(), texto.end(), EsDigito);
-}
-
 /// Digits without commas, or groups of three with the first one shorter at most.
 bool EsParteEntera(QStringView texto) {
     qsizetype coma = texto.indexOf(u',');

@@ -74,6 +74,10 @@ bool EsUtf8Valido(QByteArrayView bytes) {
     return bytes.isValidUtf8();
 }
 
+bool SonDigitos(QStringView texto) {
+    return std::all_of(texto.begin(), texto.end(), EsDigito);
+}
+
 QString PeriodoDePantalla(QStringView mostrado) {
     const qsizetype largo = mostrado.size();
     return mostrado.last(std::min<qsizetype>(4, largo)).toString() +

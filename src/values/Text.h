@@ -26,6 +26,9 @@ namespace xa518 {
     return c >= u'0' && c <= u'9';
 }
 
+/// True for an empty text too.
+[[nodiscard]] bool SonDigitos(QStringView texto);
+
 /// A to Z and a to z, nothing else.
 [[nodiscard]] constexpr bool EsLetra(QChar c) {
     return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
