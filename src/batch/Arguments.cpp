@@ -99,6 +99,13 @@ void DeclaraOpciones(QCommandLineParser& lector) {
         lector.addOption(QCommandLineOption(sinValor));
 }
 
+/// Why the options couldn't be read; the parser's own words are English.
+QString DefectoDe(const QCommandLineParser& lector) {
+    const QStringList desconocidas = lector.unknownOptionNames();
+    return desconocidas.isEmpty() ? u"falta o sobra el valor de una opción"_s
+                                  : u"no hay una opción «%1»"_s.arg(desconocidas.first());
+}
+
 std::optional<QString> Dado(const QCommandLineParser& lector, const QString& opcion) {
     return lector.isSet(opcion) ? std::optional(lector.value(opcion)) : std::nullopt;
 }
@@ -180,7 +187,7 @@ Lectura LeeArgumentos(const QStringList& argumentos) {
     QCommandLineParser lector;
     DeclaraOpciones(lector);
     if (!lector.parse(argumentos))
-        return Mal(lector.errorText());
+        return Mal(DefectoDe(lector));
     if (lector.isSet(u"help"_s))
         return {std::nullopt, kAyuda, kSalidaBien};
     if (lector.isSet(u"version"_s))

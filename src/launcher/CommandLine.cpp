@@ -175,7 +175,7 @@ void Lee(QCommandLineParser& opciones, const QStringList& argumentos) {
     if (opciones.parse(argumentos))
         return;
     const QStringList desconocidas = opciones.unknownOptionNames();
-    throw Rechazo(desconocidas.isEmpty() ? u"Falta el valor de una opción. Vea consola --help."_s
+    throw Rechazo(desconocidas.isEmpty() ? u"Falta o sobra el valor de una opción. Vea consola --help."_s
                                          : u"Opción desconocida: %1. Vea consola --help."_s.arg(desconocidas.first()));
 }
 
