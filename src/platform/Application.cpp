@@ -3,9 +3,13 @@
 #include "platform/Notices.h"
 #include "values/Error.h"
 
+#include <QAbstractButton>
 #include <QLibraryInfo>
 #include <QScopeGuard>
+#include <QSignalBlocker>
 #include <QtDebug>
+
+#include <optional>
 
 namespace xa518 {
 
@@ -25,6 +29,23 @@ QString TextoDeLaFalla() {
     }
 }
 
+bool EstaTapada(const QWidget& control) {
+    const QWidget* modal = QApplication::activeModalWidget();
+    const QWidget* forma = modal ? &control : nullptr;
+    while (forma && forma != modal)
+        forma = forma->parentWidget();
+    return modal && !forma;
+}
+
+/// The toolkit clicks a button a moment after its access key, even if it has been disabled since or another form has
+/// come in front.
+bool EsPulsacionTardia(const QObject* receptor, const QEvent* evento) {
+    if (evento->type() != QEvent::Timer)
+        return false;
+    const auto* boton = qobject_cast<const QAbstractButton*>(receptor);
+    return boton && (!boton->isEnabled() || EstaTapada(*boton));
+}
+
 } // namespace
 
 Aplicacion::Aplicacion(int& argc, char** argv, Avisos& avisos) : QApplication(argc, argv), m_avisos(&avisos) {
@@ -33,6 +54,9 @@ Aplicacion::Aplicacion(int& argc, char** argv, Avisos& avisos) : QApplication(ar
 }
 
 bool Aplicacion::notify(QObject* receptor, QEvent* evento) {
+    std::optional<QSignalBlocker> callado;
+    if (EsPulsacionTardia(receptor, evento))
+        callado.emplace(receptor);
     try {
         return QApplication::notify(receptor, evento);
     } catch (...) {

@@ -12,6 +12,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <functional>
 #include <stdexcept>
 
 namespace xa518 {
@@ -76,6 +77,30 @@ TEST(ApplicationTest, AFailureUnderItsOwnMessageShowsNoSecondBox) {
     AvisosDelPrograma().Espera(u"tercera"_s);
     AvisosDelPrograma().AlMostrar({});
     aplicacion.AtiendeFalla(u"tercera"_s);
+}
+
+/// An access key presses its button a moment later: too late when the first press has disabled it, or opened a form.
+TEST(ApplicationTest, AButtonPressedByItsAccessKeyIsntClickedOnceItIsOutOfReach) {
+    QDialog forma;
+    QPushButton boton(u"&Borra"_s, &forma);
+    int veces = 0;
+    QObject::connect(&boton, &QPushButton::clicked, &forma, [&] { ++veces; });
+    forma.show();
+    const auto pulsa = [&](const std::function<void()>& despues) {
+        forma.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&forma));
+        QTest::keyClick(&forma, Qt::Key_B, Qt::AltModifier);
+        despues();
+        QTest::qWait(200);
+        return veces;
+    };
+    EXPECT_EQ(pulsa([&] { boton.setEnabled(false); }), 0);
+    boton.setEnabled(true);
+    {
+        QDialog otra(&forma);
+        EXPECT_EQ(pulsa([&] { otra.open(); }), 0);
+    }
+    EXPECT_EQ(pulsa([] {}), 1);
 }
 
 } // namespace
