@@ -13,7 +13,6 @@ DATE = TODAY.strftime("%d/%m/%Y")
 PERIOD = TODAY.strftime("%Y%m")
 
 COMPANY = ("06", "20991000004")
-PERSON = ("01", "90104052")
 
 
 def typed(date):
@@ -71,16 +70,6 @@ def enters_voucher(screen, series, number, amount, *payments):
         screen.answers(PAYMENT)
     screen.keys("alt+s")
     screen.closes()
-    accepts(screen)
-
-
-def enters_cash_sale(screen, kind, series, number, amount):
-    screen.keys("alt+n")
-    screen.opens(VOUCHER)
-    screen.keys("s", "Tab")
-    screen.types(kind)
-    screen.fills(series, number, typed(DATE), amount)
-    screen.keys("n", "Tab", "n")
     accepts(screen)
 
 

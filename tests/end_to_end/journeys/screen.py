@@ -32,7 +32,6 @@ class Screen:
         self._programs = pathlib.Path(programs)
         self._running = []
         self._stack = []  # the windows in front of one another, the active one last
-        self.pressed = 0  # keys so far
         self.folder = pathlib.Path(folder or tempfile.mkdtemp(prefix="journey"))
         self.folder.mkdir(exist_ok=folder is None)
         self._environment = dict(
@@ -115,11 +114,13 @@ class Screen:
     def launch(self, program):
         self._start(self._programs / program)
 
-    def ends(self):
-        """Waits until the program that was launched last has ended by itself, well."""
+    def ends(self, code=0):
+        """Waits until the program that was launched last, whose window is in front, has ended with that code."""
         self.until(lambda: self._running[-1].poll() is not None, "the program's end")
-        if self._running.pop().returncode != 0:
-            raise Lost("the program ended with a fault")
+        self._stack.pop()
+        found = self._running.pop().returncode
+        if found != code:
+            raise Lost(f"the program ended with {found}")
 
     def opens(self, title):
         """Waits until a window with that title has come in front of those that were there."""
@@ -152,11 +153,9 @@ class Screen:
     # Keys and mouse
 
     def keys(self, *names):
-        self.pressed += len(names)
         self._ask("xdotool", "key", "--delay", "2", *names)
 
     def types(self, text):
-        self.pressed += len(text)
         self._ask("xdotool", "type", "--delay", "2", text)
 
     def picks(self, opening, *names):
