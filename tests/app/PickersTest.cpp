@@ -150,6 +150,12 @@ TEST_F(PickersTest, AnEmptyListStopsWithoutAWordAndNothingIsTypedOnAFullOne) {
     EXPECT_EQ(Grilla(*lista).Fila(), 0) << "the list was searched";
     QTest::keyClick(&Grilla(*lista), Qt::Key_Down);
     EXPECT_EQ(Grilla(*lista).Fila(), 1);
+    const QPoint enLaFila = Grilla(*lista).visualRect(Grilla(*lista).model()->index(1, 1)).center();
+    QWidget& hoja = *Grilla(*lista).viewport();
+    QTest::mouseClick(&hoja, Qt::LeftButton, {}, hoja.rect().bottomLeft());
+    QTest::mouseClick(&hoja, Qt::LeftButton, Qt::ControlModifier, enLaFila);
+    EXPECT_TRUE(Grilla(*lista).selectionModel()->isRowSelected(1)) << "the row that a button acts on always shows";
+    EXPECT_EQ(Grilla(*lista).Fila(), 1);
 }
 
 TEST_F(PickersTest, TheSentListTakesTheRowsNumbersAndIsAnotherOneOnReturn) {
@@ -237,19 +243,6 @@ TEST_F(DeletionTest, ThatFailsChangesNothing) {
     EXPECT_EQ(Quedan(), antes);
     EXPECT_EQ(Columna(*lista, 0).size(), 3);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-}
-
-TEST_F(PickersTest, TheRowThatAButtonActsOnAlwaysShows) {
-    Registradas();
-    const auto lista = Abre<FrmContAbrir>(kEliminar);
-    GrillaDeLectura& grilla = Grilla(*lista);
-    const QRect segunda = grilla.visualRect(grilla.model()->index(1, 1));
-    QTest::mouseClick(grilla.viewport(), Qt::LeftButton, {}, segunda.center());
-    QTest::mouseClick(grilla.viewport(), Qt::LeftButton, {}, grilla.viewport()->rect().bottomLeft());
-    EXPECT_TRUE(grilla.selectionModel()->isRowSelected(1));
-    QTest::mouseClick(grilla.viewport(), Qt::LeftButton, Qt::ControlModifier, segunda.center());
-    EXPECT_TRUE(grilla.selectionModel()->isRowSelected(1));
-    EXPECT_EQ(grilla.Fila(), 1);
 }
 
 } // namespace
