@@ -21,7 +21,7 @@ def digit(number):
 def types_it_in(screen):
     opens_new(screen)
     opens_client(screen, COMPANY, "BODEGA RIO SECO")
-    enters_voucher(screen, "P001", "123", "1000", ("01", "F001", "77", "1100.5"))
+    enters_voucher(screen, "P001", "123", "1000", ("01", "F001", "77"), "1100.5")
     accepts(screen)
     screen.keys("alt+g")
     screen.answers(DECLARATION)
@@ -73,12 +73,7 @@ def registers_its_number(screen):
     screen.opens("Registrar número de orden")
     screen.keys("Return")
     screen.opens(DECLARATION)
-    screen.fills(ORDER, f"{(int(right) + 1) % 100:02}")
-    screen.keys("alt+r")
-    screen.answers(DECLARATION)
-    screen.shows(SENT, "0")
-    screen.keys("Tab", "ctrl+a")
-    screen.types(right)
+    screen.fills(ORDER, right)
     screen.keys("alt+r")
     screen.answers(DECLARATION)
     screen.shows(SENT, ORDER)
@@ -91,9 +86,6 @@ def registers_its_number(screen):
 def deletes_it(screen):
     screen.keys("alt+e", "e")
     screen.opens("Eliminar Declaraciones Enviadas")
-    screen.keys("Return")
-    screen.answers("Eliminar Declaraciones Enviadas")  # "No" is what Enter says
-    screen.shows(SENT, ORDER)
     screen.keys("Return")
     screen.answers("Eliminar Declaraciones Enviadas", "alt+s")
     screen.shows(SENT)

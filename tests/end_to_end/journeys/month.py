@@ -9,14 +9,10 @@ VOUCHER = "Detalle de la Percepción"
 PAYMENT = "0518 - Detalle del Comprobante de Pago Involucrado"
 
 TODAY = datetime.date.today()
-DATE = TODAY.strftime("%d/%m/%Y")
+DATE = TODAY.strftime("%d%m%Y")
 PERIOD = TODAY.strftime("%Y%m")
 
 COMPANY = ("06", "20991000004")
-
-
-def typed(date):
-    return date.replace("/", "")
 
 
 def starts_module(screen):
@@ -54,20 +50,20 @@ def opens_client(screen, document, *names):
     screen.fills(*names)
 
 
-def enters_voucher(screen, series, number, amount, *payments):
-    """An ordinary perception voucher, its payments each as type, series, number and amount."""
+def enters_voucher(screen, series, number, amount, payment, paid):
+    """An ordinary perception voucher, and its payment voucher by type, series and number."""
     screen.keys("alt+n")
     screen.opens(VOUCHER)
     screen.keys("Tab")
-    screen.fills(series, number, typed(DATE), amount)
+    screen.fills(series, number, DATE, amount)
     screen.keys("s", "Tab", "n", "Tab", "n")  # tax credit, listed client, materials for the damaged zone
     screen.keys("alt+n")
     screen.opens(PAYMENT)
-    for kind, *fields, value in payments:
-        screen.types(kind)
-        screen.fills(*fields, typed(DATE), value)
-        screen.keys("alt+a")
-        screen.answers(PAYMENT)
+    kind, *fields = payment
+    screen.types(kind)
+    screen.fills(*fields, DATE, paid)
+    screen.keys("alt+a")
+    screen.answers(PAYMENT)
     screen.keys("alt+s")
     screen.closes()
     accepts(screen)
