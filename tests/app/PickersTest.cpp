@@ -136,7 +136,7 @@ TEST_F(PickersTest, StaysOpenModallyWhenTheDeclarationCloses) {
     EXPECT_TRUE(seguia);
 }
 
-TEST_F(PickersTest, AnEmptyListStopsWithoutAWordAndNothingIsTypedOnAFullOne) {
+TEST_F(PickersTest, AnEmptyListStopsWithoutAWordAndAFullOneKeepsItsRow) {
     const auto vacia = Abre<FrmContAbrir>(kEliminar);
     Boton(*vacia, 0);
     QTest::keyClick(&Grilla(*vacia), Qt::Key_Return);
@@ -152,10 +152,12 @@ TEST_F(PickersTest, AnEmptyListStopsWithoutAWordAndNothingIsTypedOnAFullOne) {
     EXPECT_EQ(Grilla(*lista).Fila(), 1);
     const QPoint enLaFila = Grilla(*lista).visualRect(Grilla(*lista).model()->index(1, 1)).center();
     QWidget& hoja = *Grilla(*lista).viewport();
-    QTest::mouseClick(&hoja, Qt::LeftButton, {}, hoja.rect().bottomLeft());
-    QTest::mouseClick(&hoja, Qt::LeftButton, Qt::ControlModifier, enLaFila);
-    EXPECT_TRUE(Grilla(*lista).selectionModel()->isRowSelected(1)) << "the row that a button acts on always shows";
-    EXPECT_EQ(Grilla(*lista).Fila(), 1);
+    for (const auto& [tecla, sitio] :
+         {std::pair{Qt::NoModifier, hoja.rect().bottomLeft()}, {Qt::ControlModifier, enLaFila}}) {
+        QTest::mouseClick(&hoja, Qt::LeftButton, tecla, sitio);
+        EXPECT_TRUE(Grilla(*lista).selectionModel()->isRowSelected(1)) << "the row that a button acts on always shows";
+        EXPECT_EQ(Grilla(*lista).Fila(), 1);
+    }
 }
 
 TEST_F(PickersTest, TheSentListTakesTheRowsNumbersAndIsAnotherOneOnReturn) {

@@ -53,6 +53,8 @@ TEST_F(Frm518Test, ANewDeclarationIsTypedInSavedAndComesBack) {
     EXPECT_EQ(Texto(u"TxtValor_405"_s), u"1,702"_s) << "at once, with every key";
     Paga(u"1702"_s);
     EXPECT_EQ(Texto(u"TxtValor_404"_s), u"1,000"_s);
+    Control<>(u"TxtValor_404"_s).setFocus();
+    EXPECT_EQ(Texto(u"TxtValor_404"_s), u"1000"_s) << "plain again";
     Pulsa(u"OptCheque"_s);
     QTest::keyClick(&Control<QComboBox>(u"CmbBanco"_s), Qt::Key_Down);
     Teclea(u"TxtNumeroCheque"_s, u"0045"_s);
