@@ -136,7 +136,7 @@ TEST_F(PickersTest, StaysOpenModallyWhenTheDeclarationCloses) {
     EXPECT_TRUE(seguia);
 }
 
-TEST_F(PickersTest, AnEmptyListStopsWithoutAWordAndNothingIsTypedOnAFullOne) {
+TEST_F(PickersTest, AnEmptyListStopsWithoutAWordAndAFullOneKeepsItsRow) {
     const auto vacia = Abre<FrmContAbrir>(kEliminar);
     Boton(*vacia, 0);
     QTest::keyClick(&Grilla(*vacia), Qt::Key_Return);
@@ -150,6 +150,14 @@ TEST_F(PickersTest, AnEmptyListStopsWithoutAWordAndNothingIsTypedOnAFullOne) {
     EXPECT_EQ(Grilla(*lista).Fila(), 0) << "the list was searched";
     QTest::keyClick(&Grilla(*lista), Qt::Key_Down);
     EXPECT_EQ(Grilla(*lista).Fila(), 1);
+    const QPoint enLaFila = Grilla(*lista).visualRect(Grilla(*lista).model()->index(1, 1)).center();
+    QWidget& hoja = *Grilla(*lista).viewport();
+    for (const auto& [tecla, sitio] :
+         {std::pair{Qt::NoModifier, hoja.rect().bottomLeft()}, {Qt::ControlModifier, enLaFila}}) {
+        QTest::mouseClick(&hoja, Qt::LeftButton, tecla, sitio);
+        EXPECT_TRUE(Grilla(*lista).selectionModel()->isRowSelected(1)) << "the row that a button acts on always shows";
+        EXPECT_EQ(Grilla(*lista).Fila(), 1);
+    }
 }
 
 TEST_F(PickersTest, TheSentListTakesTheRowsNumbersAndIsAnotherOneOnReturn) {
@@ -237,19 +245,6 @@ TEST_F(DeletionTest, ThatFailsChangesNothing) {
     EXPECT_EQ(Quedan(), antes);
     EXPECT_EQ(Columna(*lista, 0).size(), 3);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-}
-
-TEST_F(PickersTest, TheRowThatAButtonActsOnAlwaysShows) {
-    Registradas();
-    const auto lista = Abre<FrmContAbrir>(kEliminar);
-    GrillaDeLectura& grilla = Grilla(*lista);
-    const QRect segunda = grilla.visualRect(grilla.model()->index(1, 1));
-    QTest::mouseClick(grilla.viewport(), Qt::LeftButton, {}, segunda.center());
-    QTest::mouseClick(grilla.viewport(), Qt::LeftButton, {}, grilla.viewport()->rect().bottomLeft());
-    EXPECT_TRUE(grilla.selectionModel()->isRowSelected(1));
-    QTest::mouseClick(grilla.viewport(), Qt::LeftButton, Qt::ControlModifier, segunda.center());
-    EXPECT_TRUE(grilla.selectionModel()->isRowSelected(1));
-    EXPECT_EQ(grilla.Fila(), 1);
 }
 
 } // namespace

@@ -31,6 +31,11 @@ TEST_F(Frm518Test, ANewDeclarationIsTypedInSavedAndComesBack) {
     AbreNueva();
     Identifica();
     EXPECT_EQ(Texto(u"TxtRazon"_s), u"COMERCIAL DEL VALLE S.A.C."_s);
+    m_avisos.Espera({Icono::Exclamacion,
+                     u"Recuerde que debe ingresar toda la información declarada anteriormente inclusive la que no esta "
+                     "rectificando o sustituyendo."_s,
+                     m_forma->windowTitle()});
+    Pulsa(u"OptRectifica_1"_s);
     VaAPestania(1);
     EXPECT_EQ(m_barra.Ruc() + m_barra.Periodo(), prueba::kRucDeclarante + u"10/2026"_s);
     EXPECT_FALSE(Control<>(u"MkePeriodo"_s).isEnabled()) << "entering the detail freezes the key";
@@ -48,6 +53,8 @@ TEST_F(Frm518Test, ANewDeclarationIsTypedInSavedAndComesBack) {
     EXPECT_EQ(Texto(u"TxtValor_405"_s), u"1,702"_s) << "at once, with every key";
     Paga(u"1702"_s);
     EXPECT_EQ(Texto(u"TxtValor_404"_s), u"1,000"_s);
+    Control<>(u"TxtValor_404"_s).setFocus();
+    EXPECT_EQ(Texto(u"TxtValor_404"_s), u"1000"_s) << "plain again";
     Pulsa(u"OptCheque"_s);
     QTest::keyClick(&Control<QComboBox>(u"CmbBanco"_s), Qt::Key_Down);
     Teclea(u"TxtNumeroCheque"_s, u"0045"_s);
@@ -59,7 +66,8 @@ TEST_F(Frm518Test, ANewDeclarationIsTypedInSavedAndComesBack) {
     EXPECT_FALSE(m_forma->isVisible());
     EXPECT_EQ(m_barra.Ruc() + m_barra.Periodo(), QString());
 
-    AbreRegistrada();
+    AbreRegistrada(); // only the person who chooses to rectify is reminded
+    EXPECT_TRUE(Control<QAbstractButton>(u"OptRectifica_1"_s).isChecked());
     EXPECT_FALSE(Control<>(u"MkePeriodo"_s).isEnabled());
     EXPECT_EQ(Texto(u"MkePeriodo"_s), u"10/2026"_s);
     const QStringList casillas = {u"401"_s, u"402"_s, u"403"_s, u"404"_s, u"405"_s, u"410"_s};
@@ -149,14 +157,19 @@ TEST_F(Frm518Test, ValidationListsWhatIsWrongAndTheSaveMarksIt) {
     Pulsa(u"CmdValidar"_s);
     EXPECT_EQ(m_proceso.hayInconsistencia, 1);
     m_forma->activateWindow();
-    Paga(u"60"_s);
-    const QString exceso = u"El importe a pagar es mayor que el saldo definitivo a pagar."
-                           " Se le generará un pago en exceso de Percepciones"_s;
-    m_avisos.Espera({Icono::Informacion, exceso, m_forma->windowTitle()});
+    Paga(u"40"_s);
+    m_avisos.Espera({Icono::Informacion,
+                     u"El importe a pagar es menor que el saldo definitivo a pagar en Percepciones"
+                     ". La ZOLMA emitirá una Orden de Pago"_s,
+                     m_forma->windowTitle()});
     m_avisos.Espera({Icono::Exclamacion, u"La declaración no presenta inconsistencias."_s, m_forma->windowTitle()});
     Pulsa(u"CmdValidar"_s);
     Pulsa(u"OptCheque"_s);
-    m_avisos.Espera(exceso);
+    Teclea(u"TxtValor_410"_s, u"1"_s);
+    m_avisos.Espera({Icono::Informacion,
+                     u"El importe a pagar es mayor que el saldo definitivo a pagar."
+                     " Se le generará un pago en exceso de Percepciones"_s,
+                     m_forma->windowTitle()});
     m_avisos.Espera({Icono::Exclamacion,
                      u"La infomación de la declaración fue grabada con inconsistencias. En estas condiciones no podra "
                      "ser enviada a ZOLMA."_s,
@@ -203,21 +216,6 @@ TEST_F(Frm518Test, LeavingAsksOnlyAfterAChangeAndGoesInAnyCase) {
     m_avisos.Espera(u"Debe seleccionar un Contribuyente."_s); // the save is refused, and the form goes all the same
     Pulsa(u"CmdCancelar"_s);
     EXPECT_FALSE(m_forma->isVisible());
-}
-
-TEST_F(Frm518Test, RectifyingRemindsOnlyThePersonWhoChoosesIt) {
-    const QString recuerda = u"Recuerde que debe ingresar toda la información declarada anteriormente inclusive la que "
-                             "no esta rectificando o sustituyendo."_s;
-    AbreNueva();
-    Identifica();
-    m_avisos.Espera({Icono::Exclamacion, recuerda, m_forma->windowTitle()});
-    Pulsa(u"OptRectifica_1"_s);
-    Paga(u"0"_s);
-    m_avisos.Espera(kLimpia);
-    Pulsa(u"CmdGrabar"_s);
-    AbreRegistrada();
-    EXPECT_TRUE(Control<QAbstractButton>(u"OptRectifica_1"_s).isChecked());
-    EXPECT_EQ(m_base.Filas(u"SELECT rectifica FROM CAB"_s), QStringList{u"1"_s});
 }
 
 TEST_F(Frm518Test, ADeletedClientTakesHisVouchersAndTheTotalsFollow) {
@@ -340,17 +338,6 @@ TEST_F(Frm518Test, ABaseThatFailsIsToldAndLeavesWhatWasTyped) {
 }
 
 TEST_F(Frm518Test, ACheckThatFailsLetsNobodyGoOn) {
-    GrabaUna();
-    AbreRegistrada();
-    VaAPestania(2);
-    Teclea(u"TxtValor_404"_s, u"77"_s);
-    m_avisos.Espera({Icono::Informacion,
-                     u"El importe a pagar es menor que el saldo definitivo a pagar en Percepciones"
-                     ". La ZOLMA emitirá una Orden de Pago"_s,
-                     m_forma->windowTitle()});
-    m_avisos.Espera(kLimpia);
-    Pulsa(u"CmdGrabar"_s);
-
     AbreNueva();
     Identifica();
     m_base->Ejecuta(u"ALTER TABLE CAB RENAME TO OTRA"_s);

@@ -108,29 +108,6 @@ TEST_F(VoucherDialogTest, KnowsTheKeyOfAStoredVoucher) {
     EXPECT_EQ(Cuentas(), u"2 0"_s);
 }
 
-TEST_F(VoucherDialogTest, JudgesASeriesByTheDate) {
-    const QString letras = u"No se permite letras desde la segunda a la cuarta posición en el número de serie."_s;
-    const QString incompleta = u"Debe registrar correctamente el número de serie."_s;
-    const struct {
-        QString fecha, serie, mensaje;
-        Icono icono;
-    } casos[] = {
-        {u"18072010"_s, u"E001"_s, u"El número de serie debe ser numérico"_s, Icono::Critico},
-        {u"18072010"_s, u"0A01"_s, kFaltaPago, Icono::Critico},
-        {u"19072010"_s, u"E0A1"_s, letras, Icono::Exclamacion},
-        {u"19072010"_s, u"E01"_s, incompleta, Icono::Exclamacion},
-        {u"19072010"_s, u"E001"_s, kFaltaPago, Icono::Critico},
-    };
-    m_proceso.periodoDeclarado = u"201007"_s;
-    for (const auto& [fecha, serie, mensaje, icono] : casos) {
-        const auto forma = Nuevo();
-        Teclea(u'\r' + serie + u"\r1\r"_s + fecha + u"\r5\r"_s);
-        Clic(*forma, "OptListado_0");
-        const QString boton = u"CmdOpciones_0"_s;
-        Sube(*forma, boton, {{{}, {}, mensaje, mensaje == kFaltaPago ? boton : u"TxtSerie"_s, icono}});
-    }
-}
-
 /// After each click: which of the later questions are live (uppercase) and answered.
 TEST_F(VoucherDialogTest, AnswersChangeTheOtherQuestionsByPeriod) {
     const struct {

@@ -12,8 +12,6 @@ namespace xa518 {
 namespace {
 
 using namespace Qt::StringLiterals;
-using prueba::De;
-using prueba::kEmpresa;
 
 class SinPausa final : public ObservadorImportacion {
     bool Sigue(const AvanceImportacion& /*avance*/) override { return true; }
@@ -44,14 +42,6 @@ class HandAndFileTest : public prueba::DetailTest {
         De<QPushButton>(forma, "CmdAceptar").click();
         EXPECT_FALSE(forma.isVisible());
     }
-    void Importa(const QStringList& lineas, const FormatoImportacion& formato = FormatoPercepciones()) {
-        prueba::EscribeEn(m_base.Carpeta() + u'/' + NombreDeArchivo(m_proceso, formato), lineas.join(u'\n').toUtf8());
-        SinPausa observador;
-        m_proceso.rutaRPT = m_base.Carpeta() + u"/RPT"_s;
-        const auto resultado = Transferencia(m_proceso, formato, m_base.Carpeta()).Corre(observador);
-        EXPECT_EQ(resultado.transferidos, lineas.size());
-        EXPECT_EQ(resultado.rechazados, 0);
-    }
     /// Saves what the work tables hold, gives all that is stored of it, and leaves nothing of it behind.
     QString Graba() {
         Declaracion declaracion;
@@ -66,36 +56,41 @@ class HandAndFileTest : public prueba::DetailTest {
             m_base->Ejecuta(u"DELETE * FROM "_s + tabla);
         return retrato;
     }
+    /// Boxes, rows and checksums of a declaration don't tell how it was entered: these lines give what was typed.
+    void EsLoMismo(const QStringList& lineas, const FormatoImportacion& formato, int filas) {
+        const auto trabajo = [this] {
+            return m_base.Filas(u"SELECT * FROM TMPF518PDET UNION ALL "
+                                "SELECT *, '', '', '' FROM TMPF518PDETCP"_s);
+        };
+        const QStringList aMano = trabajo();
+        EXPECT_EQ(aMano.size(), filas);
+        const QString grabadoAMano = Graba();
+        prueba::EscribeEn(m_base.Carpeta() + u'/' + NombreDeArchivo(m_proceso, formato), lineas.join(u'\n').toUtf8());
+        m_proceso.rutaRPT = m_base.Carpeta() + u"/RPT"_s;
+        SinPausa observador;
+        (void)Transferencia(m_proceso, formato, m_base.Carpeta()).Corre(observador);
+        EXPECT_EQ(trabajo(), aMano);
+        EXPECT_EQ(Graba(), grabadoAMano);
+    }
 };
 
-/// Boxes, rows and checksums of a declaration don't tell how it was entered.
 TEST_F(HandAndFileTest, TheSameContentIsStoredAlike) {
     Entra(u"06\r"_s + kEmpresa + u"\racme"_s, u"\rP001\r1\r15102026\r1000.55\rs\rn\rn\r"_s,
           {u"01F001\r77\r10102026\r1299.17\r\r"_s, u"07F001\r5\r12092026\r118.59\r\r"_s});
     Entra(u"01\r45678901\rquispe\rrojas\rmaria"_s, u"\rP001\r2\r16102026\r100.25\rn\rs\rs\r"_s,
           {u"031\r9\r31122009\r118.01\r\r"_s});
-    const QStringList trabajo = m_base.Filas(u"SELECT * FROM TMPF518PDET UNION ALL "
-                                             "SELECT *, '', '', '' FROM TMPF518PDETCP"_s);
-    const QString aMano = Graba();
-    Importa({u"06|20500000008|Acme||||P001|1|15/10/2026|1|0|0|1000.55|01|F001|77|10/10/2026|1299.17|"_s,
-             u"06|20500000008|Acme||||P001|1|15/10/2026|1|0|0|1000.55|07|F001|5|12/09/2026|118.59|"_s,
-             u"01|45678901||Quispe|Rojas|Maria|P001|2|16/10/2026|0|1|1|100.25|03|1|9|31/12/2009|118.01|"_s});
-    EXPECT_EQ(m_base.Filas(u"SELECT * FROM TMPF518PDET UNION ALL SELECT *, '', '', '' FROM TMPF518PDETCP"_s), trabajo);
-    EXPECT_EQ(Graba(), aMano);
-    EXPECT_EQ(trabajo.size(), 5);
+    EsLoMismo({u"06|20500000008|Acme||||P001|1|15/10/2026|1|0|0|1000.55|01|F001|77|10/10/2026|1299.17|"_s,
+               u"06|20500000008|Acme||||P001|1|15/10/2026|1|0|0|1000.55|07|F001|5|12/09/2026|118.59|"_s,
+               u"01|45678901||Quispe|Rojas|Maria|P001|2|16/10/2026|0|1|1|100.25|03|1|9|31/12/2009|118.01|"_s},
+              FormatoPercepciones(), 5);
 }
 
 TEST_F(HandAndFileTest, TheSameCashSalesAreStoredAlike) {
     Entra(u"06\r"_s + kEmpresa + u"\racme"_s, u"s\r01F001\r7\r15102026\r1000.55\rs\rn\r"_s, {});
     Entra(u"01\r45678901\rquispe\rrojas\rmaria"_s, u"s\r03B001\r8\r16102026\r100.25\rn\rs\r"_s, {});
-    const QStringList trabajo = m_base.Filas(u"SELECT * FROM TMPF518PDET"_s);
-    const QString aMano = Graba();
-    Importa({u"06|20500000008|Acme||||F001|7|15/10/2026|1|0|1|1000.55|01|"_s,
-             u"01|45678901||Quispe|Rojas|Maria|B001|8|16/10/2026|0|1|0|100.25|03|"_s},
-            FormatoVentas());
-    EXPECT_EQ(m_base.Filas(u"SELECT * FROM TMPF518PDET"_s), trabajo);
-    EXPECT_EQ(Graba(), aMano);
-    EXPECT_EQ(trabajo.size(), 2);
+    EsLoMismo({u"06|20500000008|Acme||||F001|7|15/10/2026|1|0|1|1000.55|01|"_s,
+               u"01|45678901||Quispe|Rojas|Maria|B001|8|16/10/2026|0|1|0|100.25|03|"_s},
+              FormatoVentas(), 2);
 }
 
 } // namespace

@@ -1,4 +1,3 @@
-#include "end_to_end/Monkey.h"
 #include "app/Configuration.h"
 #include "app/MDIFrm.h"
 #include "app/ModuleForms.h"
@@ -8,9 +7,21 @@
 #include "reports/ShowReport.h"
 #include "support/NoticeScript.h"
 
+#include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QDialog>
 #include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileDialog>
+#include <QPointer>
+#include <QRandomGenerator>
+#include <QTest>
 #include <QTextStream>
+#include <QTimer>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -19,10 +30,181 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// What gets further than noise does, and noise of the worse kind.
+const QStringList kTextos = {
+    u"20990518018"_s,     u"20500000008"_s, u"10992000006"_s, u"45678901"_s, u"102026"_s,       u"092026"_s,
+    u"15102026"_s,        u"15/10/2026"_s,  u"P001"_s,        u"1"_s,        u"100.25"_s,       u"1000"_s,
+    u"99999999999"_s,     u"-1"_s,          u"01"_s,          u"03"_s,       u"D'ANGELO \"Ñ"_s, u"%s\t\n\r;--"_s,
+    u"\u202e\U0001F4A3"_s};
+constexpr Qt::Key kTeclas[] = {
+    Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab,  Qt::Key_Backtab, Qt::Key_Escape, Qt::Key_Space,     Qt::Key_Up,
+    Qt::Key_Down,   Qt::Key_Left,  Qt::Key_Home, Qt::Key_End,     Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_PageDown,
+    Qt::Key_PageUp, Qt::Key_F1,    Qt::Key_F4,   Qt::Key_F5,      Qt::Key_Menu,   Qt::Key_Insert,    Qt::Key_A};
+
+/// Keys, clicks, wheel and pastes at random on whatever form is in front. MONO_SEGUNDOS says for how long, MONO_SEMILLA
+/// which chance, and MONO_DIARIO names a file that keeps what was done.
+class Mono {
+  public:
+    /// Whether there is time left; it runs from the first call on.
+    [[nodiscard]] bool Sigue() {
+        if (!m_reloj.isValid())
+            m_reloj.start();
+        return m_reloj.elapsed() < m_plazo;
+    }
+
+    /// Plays until the window is closed or the time is over; then every form over it goes.
+    void Juega(QWidget& ventana, const QList<QAction*>& ordenes) {
+        m_ventana = &ventana;
+        m_ordenes = ordenes;
+        QTimer::singleShot(0, &ventana, [this] { Paso(); });
+        while (Sigue() && ventana.isVisible())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+        while (QWidget* popup = QApplication::activePopupWidget())
+            popup->close();
+        m_ventana = nullptr;
+    }
+
+    [[nodiscard]] quint32 Azar(qsizetype hasta) { return m_azar.bounded(static_cast<quint32>(hasta)); }
+    [[nodiscard]] int Pasos() const { return m_pasos; }
+    /// How many steps each form has stood.
+    [[nodiscard]] QString Informe() const {
+        QStringList partes;
+        for (auto forma = m_formas.cbegin(); forma != m_formas.cend(); ++forma)
+            partes.append(forma.key().section(u"::"_s, -1) + u' ' + QString::number(forma.value()));
+        return u"pasos %1: %2"_s.arg(m_pasos).arg(partes.join(u", "_s));
+    }
+
+  private:
+    /// Asks for the next step first: this one may open a form and come back only when that closes.
+    void Paso() {
+        if (!m_ventana || !m_ventana->isVisible())
+            return;
+        QTimer::singleShot(0, m_ventana, [this] { Paso(); });
+        QWidget* forma = Enfrente();
+        auto* dialogo = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        const bool ajeno = qobject_cast<QFileDialog*>(dialogo) != nullptr;
+        if (dialogo && (ajeno || !Sigue()))
+            return dialogo->done(QDialog::Rejected);
+        ++m_pasos;
+        ++m_formas[QString::fromLatin1(forma->window()->metaObject()->className())];
+        Actua(*forma);
+    }
+
+    [[nodiscard]] QWidget* Enfrente() const {
+        if (QWidget* popup = QApplication::activePopupWidget())
+            return popup;
+        QWidget* modal = QApplication::activeModalWidget();
+        QWidget* forma = modal ? modal : m_ventana.data();
+        QWidget* activa = QApplication::activeWindow();
+        return activa && activa->parentWidget() == forma ? activa : forma; // the help stays open beside its form
+    }
+
+    [[nodiscard]] QWidget* Campo(QWidget& forma) {
+        QWidget* conFoco = QApplication::focusWidget();
+        if (conFoco && conFoco->window() == forma.window() && Azar(3) > 0)
+            return conFoco;
+        QList<QWidget*> campos;
+        for (QWidget* campo : forma.findChildren<QWidget*>()) {
+            if (campo->isVisible() && campo->isEnabled() && campo->window() == forma.window())
+                campos.append(campo);
+        }
+        return campos.isEmpty() ? &forma : campos[Azar(campos.size())];
+    }
+
+    void Actua(QWidget& forma) {
+        QWidget& campo = *Campo(forma);
+        switch (Azar(20)) {
+        case 0: return Rueda(campo);
+        case 1: return Pega(campo);
+        case 2: return Ordena();
+        case 3: Anota(u"cierra"_s, forma); return Azar(8) == 0 ? static_cast<void>(forma.close()) : Raton(campo);
+        case 4:
+        case 5:
+        case 6:
+        case 7:
+        case 8: return Raton(campo);
+        default: return Teclea(campo);
+        }
+    }
+
+    void Teclea(QWidget& campo) {
+        const QPointer<QWidget> vive = &campo;
+        if (Azar(4) == 0) {
+            const QString texto = kTextos[Azar(kTextos.size())];
+            Anota(u"escribe "_s + texto, campo);
+            for (const QChar letra : texto) {
+                if (vive)
+                    QTest::sendKeyEvent(QTest::Click, vive, Qt::Key_unknown, QString(letra), Qt::NoModifier);
+            }
+            return;
+        }
+        constexpr Qt::KeyboardModifier modos[] = {Qt::NoModifier,     Qt::NoModifier,  Qt::NoModifier,
+                                                  Qt::NoModifier,     Qt::AltModifier, Qt::ShiftModifier,
+                                                  Qt::ControlModifier};
+        const auto modo = modos[Azar(std::size(modos))];
+        const bool letra = modo == Qt::AltModifier || Azar(4) == 0;
+        const auto tecla = letra ? static_cast<Qt::Key>(Qt::Key_A + Azar(26)) : kTeclas[Azar(std::size(kTeclas))];
+        Anota(u"pulsa %1+%2"_s.arg(modo).arg(tecla), campo);
+        QTest::keyClick(&campo, tecla, modo);
+    }
+
+    void Raton(QWidget& campo) {
+        const QPoint donde(static_cast<int>(Azar(campo.width() + 1)), static_cast<int>(Azar(campo.height() + 1)));
+        const auto boton = Azar(8) == 0 ? Qt::RightButton : Qt::LeftButton;
+        Anota(u"clic %1 en %2,%3"_s.arg(boton).arg(donde.x()).arg(donde.y()), campo);
+        const QPointer<QWidget> vive = &campo;
+        QTest::mouseClick(&campo, boton, {}, donde);
+        if (vive && Azar(4) == 0)
+            QTest::mouseDClick(&campo, boton, {}, donde);
+    }
+
+    void Rueda(QWidget& campo) {
+        Anota(u"rueda"_s, campo);
+        const QPointF centro = campo.rect().center();
+        QWheelEvent evento(centro, campo.mapToGlobal(centro), {}, {0, Azar(2) ? 120 : -120}, Qt::NoButton,
+                           Azar(2) ? Qt::NoModifier : Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&campo, &evento);
+    }
+
+    void Pega(QWidget& campo) {
+        const QString texto = Azar(3) ? kTextos[Azar(kTextos.size())] : QString(300, QChar(u'0' + Azar(80)));
+        Anota(u"pega "_s + texto, campo);
+        QApplication::clipboard()->setText(texto);
+        QTest::keyClick(&campo, Qt::Key_V, Qt::ControlModifier);
+    }
+
+    void Ordena() {
+        if (m_ordenes.isEmpty() || QApplication::activeModalWidget())
+            return;
+        QAction* orden = m_ordenes[Azar(m_ordenes.size())];
+        Anota(u"ordena "_s + orden->objectName(), *m_ventana);
+        if (orden->isEnabled())
+            orden->trigger();
+    }
+
+    void Anota(const QString& hecho, const QWidget& donde) const {
+        if (m_diario.isEmpty())
+            return;
+        QFile diario(m_diario);
+        if (diario.open(QIODevice::Append))
+            diario.write(
+                u"%1 %2 %3 %4\n"_s.arg(m_pasos).arg(donde.window()->objectName(), donde.objectName(), hecho).toUtf8());
+    }
+
+    QRandomGenerator m_azar{static_cast<quint32>(qEnvironmentVariable("MONO_SEMILLA", u"518"_s).toUInt())};
+    QElapsedTimer m_reloj;
+    qint64 m_plazo = qEnvironmentVariable("MONO_SEGUNDOS", u"5"_s).toLongLong() * 1000;
+    QString m_diario = qEnvironmentVariable("MONO_DIARIO");
+    QPointer<QWidget> m_ventana;
+    QList<QAction*> m_ordenes;
+    QMap<QString, int> m_formas;
+    int m_pasos = 0;
+};
+
 /// Answers at random.
 class AvisosAlAzar final : public Avisos {
   public:
-    explicit AvisosAlAzar(prueba::Mono& mono) : m_mono(mono) {}
+    explicit AvisosAlAzar(Mono& mono) : m_mono(mono) {}
 
   private:
     void HazMuestra(const Mensaje& /*mensaje*/) override {}
@@ -30,7 +212,7 @@ class AvisosAlAzar final : public Avisos {
         return m_mono.Azar(2) ? Respuesta::Si : Respuesta::No;
     }
 
-    prueba::Mono& m_mono;
+    Mono& m_mono;
 };
 
 /// What isn't a fault of the program: the screen of the tests says that it lacks what a real one has.
@@ -66,7 +248,7 @@ class MonkeyTest : public prueba::ModuloDeMuestra {
     }
 
     QtMessageHandler anterior = nullptr;
-    prueba::Mono mono;
+    Mono mono;
     AvisosAlAzar avisos{mono};
 };
 

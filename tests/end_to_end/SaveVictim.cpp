@@ -1,6 +1,4 @@
 #include "app/DeclarationLists.h"
-#include "declaration/ClientGrid.h"
-#include "declaration/Save.h"
 #include "end_to_end/TwoDeclarations.h"
 
 #include <QCoreApplication>
@@ -27,17 +25,6 @@ namespace {
     }
 }
 
-/// Saves what the work tables hold, once.
-void Graba(Base& base, const ClaveDeclaracion& clave) {
-    Declaracion declaracion;
-    declaracion.clave = clave;
-    RefrescaTotales(base, declaracion);
-    declaracion.montos.Cambia(410, declaracion.montos.Texto(405));
-    declaracion.pago = {u"E"_s, {}, {}, declaracion.montos.ImportePagar()};
-    declaracion.rectifica = u"1"_s;
-    (void)GrabaDeclaracion(base, declaracion, QDate(2026, 11, 21));
-}
-
 } // namespace
 
 /// With a base alone it saves without end; with "graba" or "elimina", a RUC and a period it does that once.
@@ -50,7 +37,7 @@ int main(int argc, char* argv[]) {
             GrabaSinFin(*base);
         const ClaveDeclaracion clave{argumentos.at(3), argumentos.at(4), kNumFormulario, false, {}};
         if (argumentos.at(2) == u"graba")
-            Graba(*base, clave);
+            prueba::GrabaTrabajo(*base, clave, u"E"_s, u"1"_s);
         else
             EliminaDeclaracion(*base, clave);
     } catch (const Error& error) {

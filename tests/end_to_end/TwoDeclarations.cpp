@@ -33,16 +33,21 @@ void LlenaTrabajo(Base& base, const QString& monto) {
 
 } // namespace
 
+void GrabaTrabajo(Base& base, const ClaveDeclaracion& clave, const QString& forma, const QString& rectifica) {
+    Declaracion declaracion;
+    declaracion.clave = clave;
+    RefrescaTotales(base, declaracion);
+    declaracion.montos.Cambia(410, declaracion.montos.Texto(405));
+    declaracion.pago = {forma, u"02"_s, u"17"_s, declaracion.montos.ImportePagar()};
+    declaracion.rectifica = rectifica;
+    (void)GrabaDeclaracion(base, declaracion, QDate(2026, 11, 21));
+}
+
 void GrabaContenido(Base& base, Contenido contenido) {
     const bool esUno = contenido == Contenido::Uno;
     LlenaTrabajo(base, esUno ? u"100.00"_s : u"250.50"_s);
-    Declaracion declaracion;
-    declaracion.clave = {u"20100000009"_s, u"202610"_s, kNumFormulario, false, {}};
-    RefrescaTotales(base, declaracion);
-    declaracion.montos.Cambia(410, declaracion.montos.Texto(405));
-    declaracion.pago = {esUno ? u"E"_s : u"C"_s, u"02"_s, u"17"_s, declaracion.montos.ImportePagar()};
-    declaracion.rectifica = esUno ? u"0"_s : u"1"_s;
-    (void)GrabaDeclaracion(base, declaracion, QDate(2026, 11, 21));
+    GrabaTrabajo(base, {u"20100000009"_s, u"202610"_s, kNumFormulario, false, {}}, esUno ? u"E"_s : u"C"_s,
+                 esUno ? u"0"_s : u"1"_s);
 }
 
 } // namespace xa518::prueba

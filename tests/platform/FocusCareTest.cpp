@@ -59,7 +59,6 @@ class FormaDePrueba final : public Forma {
         if (m_cierra)
             Termina();
     }
-    void AlActivar() override { m_pasos += u"activa"_s; }
 
     /// What happens when a person does this with the focus in the field.
     QStringList Al(const std::function<void()>& gesto) {
@@ -166,18 +165,6 @@ TEST(FormTest, EscDoesNothingAndTheCloseButtonIsTheWayOut) {
     forma.m_cierra = true;
     forma.close();
     EXPECT_FALSE(forma.isVisible());
-}
-
-TEST(FormTest, ComesToLifeWhenShownAndAfterEachFormOverIt) {
-    FormaDePrueba forma;
-    EXPECT_EQ(forma.m_pasos, QStringList{u"activa"_s});
-    QDialog otra(&forma);
-    QTimer::singleShot(50, &otra, [&] {
-        forma.m_pasos.clear();
-        otra.accept();
-    });
-    forma.AbreModal(otra);
-    EXPECT_EQ(forma.m_pasos, QStringList{u"activa"_s});
 }
 
 } // namespace

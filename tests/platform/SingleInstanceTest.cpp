@@ -1,8 +1,9 @@
 #include "platform/SingleInstance.h"
 
+#include "support/Files.h"
+
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <csignal>
@@ -14,59 +15,26 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// Another process that takes the mark, tells so, and waits to be killed.
-class OtroProceso {
-  public:
-    explicit OtroProceso(const QString& ejecutable, const QString& carpeta) {
-        EXPECT_EQ(pipe(m_tubo), 0);
-        m_pid = fork();
-        if (m_pid == 0) {
-            InstanciaUnica suya(ejecutable, carpeta);
-            const char toma = suya.Toma() ? 's' : 'n';
-            (void)!write(m_tubo[1], &toma, 1);
-            for (;;)
-                pause();
-        }
-    }
-    [[nodiscard]] bool Tomo() const {
-        char toma = 0;
-        return read(m_tubo[0], &toma, 1) == 1 && toma == 's';
-    }
-    void Mata() const {
-        kill(m_pid, SIGKILL);
-        waitpid(m_pid, nullptr, 0);
-    }
-
-  private:
-    int m_tubo[2] = {};
-    pid_t m_pid = -1;
-};
-
-TEST(SingleInstanceTest, HoldsWhileTheHolderLivesAndNotAfterItsCrash) {
-    const QTemporaryDir carpeta;
-    const QString ejecutable = carpeta.filePath(u"xa518"_s);
-    const OtroProceso otro(ejecutable, carpeta.path());
-    ASSERT_TRUE(otro.Tomo());
-
-    InstanciaUnica propia(ejecutable, carpeta.path());
-    EXPECT_FALSE(propia.Toma());
-    EXPECT_TRUE(InstanciaUnica(ejecutable, u"/no/existe"_s).Toma()) << "a missing folder keeps nobody out";
-    EXPECT_TRUE(InstanciaUnica(carpeta.filePath(u"consola"_s), carpeta.path()).Toma()) << "another executable";
-
-    otro.Mata();
-    EXPECT_TRUE(propia.Toma());
-}
-
-TEST(SingleInstanceTest, KnowsTheExecutableBehindALink) {
+TEST(SingleInstanceTest, HoldsForItsExecutableWhileTheHolderLivesAndNotAfterItsCrash) {
     const QTemporaryDir carpeta;
     const QString ejecutable = carpeta.filePath(u"xa518"_s);
     const QString enlace = carpeta.filePath(u"enlace"_s);
-    QFile archivo(ejecutable);
-    ASSERT_TRUE(archivo.open(QIODevice::WriteOnly) && QFile::link(ejecutable, enlace));
+    prueba::EscribeEn(ejecutable, {});
+    ASSERT_TRUE(QFile::link(ejecutable, enlace));
+    const pid_t otro = fork();
+    if (otro == 0) {
+        InstanciaUnica suya(ejecutable, carpeta.path());
+        raise(suya.Toma() ? SIGKILL : SIGTERM);
+    }
+    int fin = 0;
+    waitpid(otro, &fin, 0);
+    ASSERT_EQ(WTERMSIG(fin), SIGKILL) << "it had taken the mark";
 
-    InstanciaUnica primera(ejecutable, carpeta.path());
-    ASSERT_TRUE(primera.Toma());
-    EXPECT_FALSE(InstanciaUnica(enlace, carpeta.path()).Toma());
+    InstanciaUnica propia(ejecutable, carpeta.path());
+    EXPECT_TRUE(propia.Toma());
+    EXPECT_FALSE(InstanciaUnica(enlace, carpeta.path()).Toma()) << "the same executable behind a link";
+    EXPECT_TRUE(InstanciaUnica(ejecutable, u"/no/existe"_s).Toma()) << "a missing folder keeps nobody out";
+    EXPECT_TRUE(InstanciaUnica(carpeta.filePath(u"consola"_s), carpeta.path()).Toma()) << "another executable";
 }
 
 } // namespace

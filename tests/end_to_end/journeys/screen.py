@@ -115,11 +115,13 @@ class Screen:
     def launch(self, program):
         self._start(self._programs / program)
 
-    def ends(self):
-        """Waits until the program that was launched last has ended by itself, well."""
+    def ends(self, code=0):
+        """Waits until the program that was launched last, whose window is in front, has ended with that code."""
         self.until(lambda: self._running[-1].poll() is not None, "the program's end")
-        if self._running.pop().returncode != 0:
-            raise Lost("the program ended with a fault")
+        self._stack.pop()
+        found = self._running.pop().returncode
+        if found != code:
+            raise Lost(f"the program ended with {found}")
 
     def opens(self, title):
         """Waits until a window with that title has come in front of those that were there."""

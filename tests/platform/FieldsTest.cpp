@@ -1,4 +1,6 @@
+#include "platform/FieldFocus.h"
 #include "platform/FieldKeys.h"
+#include "platform/MaskedField.h"
 
 #include "Printers.h"
 #include "support/FormDriver.h"
@@ -8,6 +10,8 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
+#include <QMessageBox>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace xa518 {
@@ -24,7 +28,7 @@ void Escribe(QLineEdit& campo, const QString& teclas) {
 }
 
 /// Two fields in a window, the first one with the focus.
-class FieldKeysTest : public testing::Test {
+class FieldsTest : public testing::Test {
   protected:
     void SetUp() override {
         auto* orden = new QVBoxLayout(&m_ventana);
@@ -45,7 +49,7 @@ class FieldKeysTest : public testing::Test {
     QLineEdit m_otro;
 };
 
-TEST_F(FieldKeysTest, FiltersByName) {
+TEST_F(FieldsTest, FiltersByName) {
     const struct {
         const char* nombre;
         void (*pone)(QLineEdit&);
@@ -66,7 +70,7 @@ TEST_F(FieldKeysTest, FiltersByName) {
     }
 }
 
-TEST_F(FieldKeysTest, ALimitStopsTypingAndNeverATextOfTheProgram) {
+TEST_F(FieldsTest, ALimitStopsTypingAndNeverATextOfTheProgram) {
     m_campo.setMaxLength(12);
     SoloMonto(m_campo);
     EXPECT_EQ(Teclea(u"999,999,999,999.00"_s, u"1"_s), u"999,999,999,999.00"_s);
@@ -82,7 +86,7 @@ TEST_F(FieldKeysTest, ALimitStopsTypingAndNeverATextOfTheProgram) {
     EXPECT_EQ(m_otro.text(), u"ña"_s);
 }
 
-TEST_F(FieldKeysTest, TellsEveryTypedKeyEvenARejectedOne) {
+TEST_F(FieldsTest, TellsEveryTypedKeyEvenARejectedOne) {
     int avisos = 0;
     SoloDigitos(m_campo);
     EntrarComoTab(m_campo);
@@ -100,7 +104,7 @@ TEST_F(FieldKeysTest, TellsEveryTypedKeyEvenARejectedOne) {
     EXPECT_EQ(avisos, 1) << "neither the program's text nor a shortcut";
 }
 
-TEST_F(FieldKeysTest, FiltersWhatDeadKeysCompose) {
+TEST_F(FieldsTest, FiltersWhatDeadKeysCompose) {
     SoloNombre(m_campo);
     QInputMethodEvent compuesta;
     compuesta.setCommitString(u"éa"_s);
@@ -108,7 +112,7 @@ TEST_F(FieldKeysTest, FiltersWhatDeadKeysCompose) {
     EXPECT_EQ(m_campo.text(), u"A"_s);
 }
 
-TEST_F(FieldKeysTest, ASeriesTakesLettersByPosition) {
+TEST_F(FieldsTest, ASeriesTakesLettersByPosition) {
     SoloSerie(m_campo, [this] { return m_otro.text().isEmpty(); });
     const struct {
         QString antes;
@@ -133,7 +137,7 @@ TEST_F(FieldKeysTest, ASeriesTakesLettersByPosition) {
     EXPECT_EQ(m_campo.text(), QString());
 }
 
-TEST_F(FieldKeysTest, EnterGoesToTheNextField) {
+TEST_F(FieldsTest, EnterGoesToTheNextField) {
     EntrarComoTab(m_campo);
     QTest::keyClick(&m_campo, Qt::Key_Return);
     EXPECT_TRUE(m_otro.hasFocus());
@@ -145,29 +149,99 @@ TEST_F(FieldKeysTest, EnterGoesToTheNextField) {
     EXPECT_TRUE(m_campo.hasFocus());
 }
 
-TEST_F(FieldKeysTest, PasteGuardBlocksAllAndEmptiesByItsGestures) {
-    using Accion = std::function<void()>;
-    const auto tecla = [this](Qt::Key cual, Qt::KeyboardModifier con) -> Accion {
-        return [this, cual, con] { QTest::keyClick(&m_campo, cual, con); };
-    };
-    const std::pair<Accion, bool> gestos[] = {{[this] { QTest::mouseClick(&m_campo, Qt::RightButton); }, true},
-                                              {tecla(Qt::Key_Insert, Qt::ShiftModifier), true},
-                                              {tecla(Qt::Key_Menu, Qt::NoModifier), true},
-                                              {tecla(Qt::Key_V, Qt::ControlModifier), false}};
+TEST_F(FieldsTest, PasteGuardBlocksAllAndEmptiesByItsGestures) {
+    const std::pair<Gestos, std::function<void()>> gestos[] = {
+        {Gesto::BotonDerecho, [this] { QTest::mouseClick(&m_campo, Qt::RightButton); }},
+        {Gesto::ShiftInsert, [this] { QTest::keyClick(&m_campo, Qt::Key_Insert, Qt::ShiftModifier); }},
+        {Gesto::TeclaMenu, [this] { QTest::keyClick(&m_campo, Qt::Key_Menu); }},
+        {{}, [this] { QTest::keyClick(&m_campo, Qt::Key_V, Qt::ControlModifier); }}};
     QClipboard* portapapeles = QGuiApplication::clipboard();
     for (const Gestos guardados : {kTodosLosGestos, Gestos(Gesto::BotonDerecho)}) {
         SinPegar(m_campo, guardados);
-        for (const auto& [gesto, vacia] : gestos) {
-            const bool esElBoton = &gesto == &gestos[0].first;
+        for (const auto& [cual, gesto] : gestos) {
             portapapeles->setText(u"123"_s);
             gesto();
-            const bool vaciado = vacia && (guardados == kTodosLosGestos || esElBoton);
-            EXPECT_EQ(portapapeles->text(), vaciado ? QString() : u"123"_s) << esElBoton;
+            EXPECT_EQ(portapapeles->text(), guardados & cual ? QString() : u"123"_s) << cual.toInt();
             EXPECT_EQ(m_campo.text(), QString());
             EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
         }
     }
     EXPECT_FALSE(m_campo.acceptDrops());
+}
+
+/// A message shown on leaving takes and returns the window's focus: nothing may run twice, and a field that was never
+/// entered isn't left.
+TEST_F(FieldsTest, AFieldThatRefusesKeepsTheFocusAndIsAskedOnce) {
+    m_otro.setFocus();
+    QStringList pasos;
+    AlEntrar(m_campo, [&] { pasos += u"entra"_s; });
+    AlSalir(m_campo, [&] {
+        pasos += u"sale"_s;
+        QMessageBox caja(QMessageBox::Critical, u"t"_s, u"x"_s, QMessageBox::Ok, &m_ventana);
+        QTimer::singleShot(50, &caja, &QMessageBox::accept);
+        caja.exec();
+        prueba::Muestra(m_ventana); // a window manager gives the window its focus back
+        return Salida::Retenida;
+    });
+    AlSalir(m_campo, [&] {
+        pasos += u"sobra"_s;
+        return Salida::Libre;
+    });
+    AlEntrar(m_otro, [&] { pasos += u"entra otro"_s; });
+    AlSalir(m_otro, [&] {
+        pasos += u"sale otro"_s;
+        return Salida::Libre;
+    });
+    m_campo.setFocus();
+    QTest::keyClick(&m_campo, Qt::Key_Tab);
+    EXPECT_TRUE(m_campo.hasFocus());
+    EXPECT_EQ(pasos, (QStringList{u"entra"_s, u"sale"_s, u"entra"_s}));
+}
+
+TEST_F(FieldsTest, OnlyAnotherFieldTakesTheFocus) {
+    m_otro.setFocus();
+    int salidas = 0;
+    AlSalir(m_campo, [&] {
+        ++salidas;
+        return Salida::Libre;
+    });
+    m_campo.setFocus();
+    QWidget otra;
+    prueba::Muestra(otra);
+    prueba::Muestra(m_ventana);
+    EXPECT_EQ(salidas, 0) << "another window";
+    EXPECT_EQ(SueltaFoco(), Salida::Libre);
+    EXPECT_EQ(salidas, 1);
+    m_campo.setFocus();
+    m_ventana.hide();
+    EXPECT_EQ(salidas, 1) << "the window closes";
+}
+
+TEST_F(FieldsTest, AMaskIsTypedFromItsBeginningAndTypedOver) {
+    CampoPeriodo periodo;
+    m_ventana.layout()->addWidget(&periodo);
+    periodo.show();
+    QTest::mouseClick(&periodo, Qt::LeftButton, {}, periodo.rect().center());
+    QTest::keyClicks(&periodo, u"0x3/20"_s);
+    EXPECT_EQ(periodo.text(), u"03/20__"_s);
+    EXPECT_FALSE(periodo.EstaCompleto());
+    QTest::keyClick(&periodo, Qt::Key_Home);
+    m_otro.setFocus();
+    periodo.setFocus(); // back at what is missing
+    QTest::keyClicks(&periodo, u"10"_s);
+    EXPECT_EQ(periodo.text(), u"03/2010"_s);
+    QTest::keyClick(&periodo, Qt::Key_Backspace);
+    EXPECT_EQ(periodo.text(), u"03/201_"_s);
+    QTest::keyClicks(&periodo, u"15"_s);
+    EXPECT_EQ(periodo.text(), u"03/2011"_s);
+    m_otro.setFocus();
+    periodo.setFocus(); // as after a refusal
+    QTest::keyClicks(&periodo, u"042012"_s);
+    EXPECT_EQ(periodo.text(), u"04/2012"_s);
+    for (const QString& texto : {u"__/____"_s, u"1_/2___"_s}) {
+        periodo.setText(texto);
+        EXPECT_EQ(periodo.text(), texto) << "as it shows, so it is set";
+    }
 }
 
 } // namespace
