@@ -93,7 +93,7 @@ Muestra::Muestra(Tamano tamano) {
             prueba::Taller taller;
             taller.clave = kClave;
             Llena(taller, tamano);
-            if (!QFile::copy(taller.Ruta(), Base()))
+            if (!QFile::copy(taller.base.Ruta(), Base()))
                 throw std::runtime_error("copy");
         };
     });

@@ -5,26 +5,24 @@
 
 #include <QDir>
 
-#include <algorithm>
-
 namespace xa518::prueba {
 
 using namespace Qt::StringLiterals;
 
-Taller::Taller() : m_reloj(QDateTime(QDate(2026, 2, 9), QTime(18, 4, 5))), proceso(m_reloj) {
+Taller::Taller() {
     for (const QString& documento : {u"6 RUC 1"_s, u"1 DNI 1"_s, u"7 PASAPORTE 0"_s}) {
         const QStringList campos = documento.split(u' ');
-        m_base.Param(u"044"_s, campos[0], Funcion({{1, u"DOCUMENTO"_s}, {32, campos[1]}, {75, campos[2]}}));
+        base.Param(u"044"_s, campos[0], Funcion({{1, u"DOCUMENTO"_s}, {32, campos[1]}, {75, campos[2]}}));
     }
-    m_base.Param(u"233"_s, u"01"_s, Funcion({{1, u"FACTURA"_s}, {64, u"1"_s}}));
-    m_base.Param(u"233"_s, u"02"_s, Funcion({{1, u"RECIBO POR HONORARIOS"_s}, {64, u"0"_s}}));
-    m_base.Param(u"233"_s, u"12"_s, Funcion({{1, u"TICKET DE MÁQUINA"_s}, {64, u"1"_s}}));
-    m_base->Ejecuta(u"INSERT INTO CONT VALUES (6,?,?,'ANA',0)"_s,
-                    {clave.ruc, u"COMERCIALIZADORA Y DISTRIBUIDORA ÑAUPARI HERMANOS S.A.C."_s});
+    base.Param(u"233"_s, u"01"_s, Funcion({{1, u"FACTURA"_s}, {64, u"1"_s}}));
+    base.Param(u"233"_s, u"02"_s, Funcion({{1, u"RECIBO POR HONORARIOS"_s}, {64, u"0"_s}}));
+    base.Param(u"233"_s, u"12"_s, Funcion({{1, u"TICKET DE MÁQUINA"_s}, {64, u"1"_s}}));
+    base->Ejecuta(u"INSERT INTO CONT VALUES (6,?,?,'ANA',0)"_s,
+                  {clave.ruc, u"COMERCIALIZADORA Y DISTRIBUIDORA ÑAUPARI HERMANOS S.A.C."_s});
     proceso.sysUser = u"ANA"_s;
-    proceso.rutaRPT = m_base.Carpeta() + u"/RPT"_s;
+    proceso.rutaRPT = base.Carpeta() + u"/RPT"_s;
     QDir().mkpath(proceso.rutaRPT);
-    proceso.baseDatos = Base::Abre(m_base.Ruta());
+    proceso.baseDatos = Base::Abre(base.Ruta());
 }
 
 void Taller::Pon(const QString& tabla, const QString& columnas, const QVariantList& valores) {
@@ -34,7 +32,7 @@ void Taller::Pon(const QString& tabla, const QString& columnas, const QVariantLi
     const QStringList nombres = columnas.split(u' ');
     for (qsizetype i = 0; i < nombres.size(); ++i)
         fila.insert(nombres[i], valores[i]);
-    m_base.Agrega(clave.Tabla(tabla), fila);
+    base.Agrega(clave.Tabla(tabla), fila);
 }
 
 void Taller::Cabecera(const QList<std::pair<QString, QString>>& casillas, const QString& cheque,
@@ -52,15 +50,10 @@ static int TipoDe(const QString& numero) {
     return numero.size() == 8 ? 1 : 6;
 }
 
-static QVariant ONulo(const QString& texto) {
-    return texto.isEmpty() ? QVariant() : QVariant(texto);
-}
-
 void Taller::Agrega(const Cliente& c) {
     Pon(u"F518PCAB"_s,
         u"tip_doc_per num_doc_per des_razon des_apellido_p des_apellido_m des_nombres mto_base_p mto_imp_p"_s,
-        {c.tipoDoc, c.numero, ONulo(c.razon), ONulo(c.paterno), ONulo(c.materno), ONulo(c.nombres), c.base,
-         c.percepcion});
+        {c.tipoDoc, c.numero, c.razon, c.paterno, c.materno, c.nombres, c.base, c.percepcion});
 }
 
 void Taller::Agrega(const Comprobante& c) {
@@ -89,13 +82,13 @@ void Taller::Imprime(bool anexo, Libreta& libreta) {
 
 void Taller::Vacia() {
     for (const QString& tabla : kTablas) {
-        m_base->Ejecuta(u"DELETE * FROM "_s + tabla);
-        m_base->Ejecuta(u"DELETE * FROM H"_s + tabla);
+        base->Ejecuta(u"DELETE * FROM "_s + tabla);
+        base->Ejecuta(u"DELETE * FROM H"_s + tabla);
     }
 }
 
 void Taller::DeUnaVez(const std::function<void()>& trabajo) {
-    Transaccion transaccion = m_base->Comienza();
+    Transaccion transaccion = base->Comienza();
     trabajo();
     transaccion.Confirma();
 }
@@ -116,41 +109,23 @@ void Taller::Clientes(int cuantos) {
     });
 }
 
-QList<TextoEnPagina> Libreta::Puestos(int pagina) const {
-    QList<TextoEnPagina> puestos;
+QStringList Libreta::Textos(int pagina) const {
+    QStringList textos;
     for (const Comando& comando : comandos) {
         const auto* texto = std::get_if<TextoEnPagina>(&comando);
         if (texto != nullptr && texto->pagina == pagina)
-            puestos.append(*texto);
+            textos.append(texto->texto);
     }
-    return puestos;
-}
-
-QStringList Libreta::Textos(int pagina) const {
-    QStringList textos;
-    for (const TextoEnPagina& puesto : Puestos(pagina))
-        textos.append(puesto.texto);
     return textos;
 }
 
 QString Libreta::TextoEn(int x, int y, int pagina) const {
-    for (const TextoEnPagina& puesto : Puestos(pagina)) {
-        if (puesto.x == x && puesto.y == y)
-            return puesto.texto;
+    for (const Comando& comando : comandos) {
+        const auto* texto = std::get_if<TextoEnPagina>(&comando);
+        if (texto != nullptr && texto->x == x && texto->y == y && texto->pagina == pagina)
+            return texto->texto;
     }
     return {};
-}
-
-int Libreta::AlturaDe(const QString& texto, int pagina) const {
-    for (const TextoEnPagina& puesto : Puestos(pagina)) {
-        if (puesto.texto == texto)
-            return puesto.y;
-    }
-    return -1;
-}
-
-int Libreta::Hojas() const {
-    return 1 + static_cast<int>(std::count(comandos.begin(), comandos.end(), Comando(NuevaHoja())));
 }
 
 } // namespace xa518::prueba
