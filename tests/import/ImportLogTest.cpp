@@ -23,7 +23,7 @@ TEST(ImportLog, LinesAsTheyStoodAndTheirReasons) {
     const QByteArray larga =
         LineaDe({{Campo::ApellidoPaterno, QString(21, u'a')}, {Campo::SeriePercepcion, QString(20, u'1')}}).toLatin1();
     const QByteArray sinTexto = LineaDe({{Campo::TipoDoc, u"7"_s}, {Campo::NumDoc, u"00000000000"_s}}).toLatin1();
-    const QByteArray buena = LineaDe().toLatin1();
+    const QByteArray buena = LineaDe({{Campo::Nombres, u"Ángel Peña"_s}}).toLatin1();
     const ResultadoImportacion resultado =
         escenario.Importa(antigua + "  \r\n" + buena + "\r\n" + larga + "\r\n" + sinTexto);
 
@@ -34,6 +34,7 @@ TEST(ImportLog, LinesAsTheyStoodAndTheirReasons) {
               QByteArray("1 45678901 1 12A             Número de Comprobante no es válido\n"
                          "1 45678901 11111111111111111 Los apellidos deben ser de 20 posiciones\n"
                          "7 00000000              Otro Error : Verifique Estructura de Tablas y datos a transferir\n"));
+    EXPECT_EQ(escenario.base.Filas(u"SELECT des_nombres FROM TMPF518PCAB"_s), QStringList{u"ÁNGEL PENA"_s});
     EXPECT_FALSE(QFile::permissions(resultado.rutaLog) & prueba::kDeOtros);
     EXPECT_EQ(resultado.rechazados, 3);
     EXPECT_EQ(resultado.mensaje, (Mensaje{Icono::Pregunta,
@@ -66,19 +67,6 @@ TEST(ImportLog, AFullDiskForOneLogLeavesTheOtherAndTheRun) {
     EXPECT_EQ(llena.fin, FinImportacion::Completa);
     EXPECT_TRUE(llena.noConservado.join(u' ').contains(u"No space left"_s));
     EXPECT_EQ(BytesDe(ruta + u".Err"_s).count('\n'), 1);
-}
-
-/// What was refused can be corrected and imported again: the log is a file of the same kind.
-TEST(ImportLog, TheCorrectedLogIsAFileToImport) {
-    Escenario escenario(u"202610"_s, FormatoVentas());
-    const QByteArray mala = prueba::VentaDe({{Campo::Nombres, u"Peña"_s}, {Campo::TipoDoc, u"9"_s}}).toLatin1();
-    const ResultadoImportacion resultado = escenario.Importa(mala + "\r\n" + prueba::VentaDe().toLatin1() + "\r\n");
-    EXPECT_EQ(resultado.rutaLog, escenario.base.Carpeta() + u"/RPT051820990518018202610.Log"_s);
-    QByteArray log = BytesDe(resultado.rutaLog);
-    EXPECT_EQ(log, mala + '\n');
-    EXPECT_EQ(escenario.Importa(log.replace("9|45678901|", "1|45678902|")).rechazados, 0);
-    EXPECT_EQ(escenario.Filas(u"SELECT des_nombres FROM TMPF518PCAB WHERE num_doc_per='45678902'"_s),
-              QStringList{u"PENA"_s});
 }
 
 TEST(ImportLog, AFullDiskLeavesNoHalfLine) {

@@ -46,7 +46,7 @@ TEST(ImportRun, ACancelAtAnyLineKeepsWhatIsWrittenAndTotalsIt) {
         EXPECT_EQ(resultado.mensaje, std::nullopt);
         EXPECT_EQ(resultado.transferidos, hasta);
         EXPECT_THAT(escenario.Cuenta(), ElementsAre(hasta > 0, hasta, hasta));
-        EXPECT_EQ(escenario.Filas(u"SELECT mto_base_p * 10 FROM TMPF518PCAB"_s).join(QString()),
+        EXPECT_EQ(escenario.base.Filas(u"SELECT mto_base_p * 10 FROM TMPF518PCAB"_s).join(QString()),
                   hasta > 0 ? QString::number(1005 * hasta) : QString());
     }
 }
@@ -83,14 +83,14 @@ TEST(ImportRun, ATrialChecksEverythingAndKeepsNothing) {
     Escenario escenario;
     (void)escenario.Importa({LineaDe({{TipoDoc, u"9"_s}}), LineaDe()});
     escenario.opciones.prueba = true;
-    const QStringList antes = escenario.Filas(u"SELECT * FROM TMPF518PCAB"_s);
+    const QStringList antes = escenario.base.Filas(u"SELECT * FROM TMPF518PCAB"_s);
     escenario.Escribe((LineaDe({{TipoDoc, u"8"_s}}) + u'\n' + LineaDe() + u'\n' + LineaDe({{NumeroCp, u"9"_s}}) +
                        u'\n' + LineaDe({{NumDoc, u"45678902"_s}, {MontoCobrado, u"7"_s}}))
                           .toUtf8());
     const ResultadoImportacion resultado = escenario.Corre();
     EXPECT_EQ(resultado.transferidos, 2); // a duplicate among what is there already is found as well
     EXPECT_EQ(resultado.rechazados, 2);
-    EXPECT_EQ(escenario.Filas(u"SELECT * FROM TMPF518PCAB"_s), antes);
+    EXPECT_EQ(escenario.base.Filas(u"SELECT * FROM TMPF518PCAB"_s), antes);
     EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 1));
     EXPECT_TRUE(prueba::BytesDe(escenario.base.Carpeta() + u"/RPT051820990518018202610.Log"_s).startsWith("9|"));
 }
@@ -104,7 +104,7 @@ TEST(ImportRun, AFileThatChangesWhileItIsReadIsTold) {
         EXPECT_EQ(resultado.fin, FinImportacion::Fallida) << tamanio;
         EXPECT_TRUE(Texto(resultado).startsWith(u"El archivo ha cambiado mientras se importaba."_s)) << tamanio;
         EXPECT_GE(escenario.Cuenta().at(1), 10);
-        EXPECT_THAT(escenario.Filas(u"SELECT mto_base_p > 1000 FROM TMPF518PCAB"_s), ElementsAre(u"1"_s));
+        EXPECT_THAT(escenario.base.Filas(u"SELECT mto_base_p > 1000 FROM TMPF518PCAB"_s), ElementsAre(u"1"_s));
     }
 }
 
