@@ -68,9 +68,9 @@ TEST_F(PrintOut, TheDeclarationTurnsThePageAfterTheTwentiethClient) {
 TEST_F(PrintOut, TheDeclarationListsCompaniesAndPersonsByNumber) {
     taller.Cabecera({{u"501"_s, u"4"_s}});
     const QString razon = u"CORPORACIÓN AGROINDUSTRIAL DE LA SELVA CENTRAL S.A.A."_s;
-    taller.Agrega(Cliente{6, u"20512345671"_s, razon, {}, {}, {}, u"-1234.5"_s, u"2469135.79"_s});
-    taller.Agrega(Cliente{1, u"40512345"_s, u"  "_s, u"NÚÑEZ"_s, {}, u"ANA|LUZ"_s});
-    taller.Agrega(Cliente{7, u"X40512345678901"_s, u"VIAJERO"_s}); // a type that reports don't show
+    taller.Cliente(kRuc, razon, {{u"mto_base_p"_s, u"-1234.5"_s}, {u"mto_imp_p"_s, u"2469135.79"_s}});
+    taller.Cliente(u"40512345"_s, u"  "_s, {{u"des_apellido_p"_s, u"NÚÑEZ"_s}, {u"des_nombres"_s, u"ANA|LUZ"_s}});
+    taller.Cliente(u"X40512345678901"_s, u"VIAJERO"_s, {{u"tip_doc_per"_s, 7}}); // a type that reports don't show
     Imprime();
     const int fila = 1970 + 80 + 2 * 270;
     EXPECT_EQ(libreta.TextoEn(300, fila), u"RUC 20512345671"_s);
@@ -110,14 +110,19 @@ TEST_F(PrintOut, TheDeclarationMarksRectificationAndPayment) {
 
 TEST_F(PrintOut, TheAnnexGivesEveryVoucherItsLineAndEveryFurtherPaymentVoucherItsOwn) {
     taller.Cabecera({{u"501"_s, u"1"_s}});
-    taller.Agrega(Cliente{6, kRuc, u"CORPORACIÓN ÑANDÚ S.A."_s});
-    taller.Agrega(Comprobante{kRuc, u"00000002"_s, {}, u"1234.5"_s, QVariant(), QVariant(), u"9"_s, u"0"_s});
-    taller.Agrega(Comprobante{kRuc, u"00000001"_s, {}, u"-100"_s, u"2"_s});
-    taller.Agrega(Comprobante{kRuc, u"123456789012345"_s, u"12"_s});
+    taller.Cliente(kRuc, u"CORPORACIÓN ÑANDÚ S.A."_s);
+    taller.Comprobante(kRuc, u"00000002"_s,
+                       {{u"mto_base_p"_s, u"1234.5"_s},
+                        {u"mto_imp_p"_s, {}},
+                        {u"cp_fact"_s, {}},
+                        {u"lista_clie"_s, u"9"_s},
+                        {u"med_pago"_s, u"0"_s}});
+    taller.Comprobante(kRuc, u"00000001"_s, {{u"mto_base_p"_s, u"-100"_s}});
+    taller.Comprobante(kRuc, u"123456789012345"_s, {{u"tip_cp"_s, u"12"_s}});
     for (const QString& comprobante : {u"00000002"_s, u"00000001"_s}) {
-        taller.Agrega(Pago{kRuc, comprobante, u"00004513"_s});
-        taller.Agrega(Pago{kRuc, comprobante, u"00004511"_s, u"07"_s, u"-50.25"_s});
-        taller.Agrega(Pago{kRuc, comprobante, u"00004512"_s});
+        taller.Pago(kRuc, comprobante, u"00004513"_s);
+        taller.Pago(kRuc, comprobante, u"00004511"_s, {{u"tip_doc_detcp"_s, u"07"_s}, {u"mto_detcp"_s, u"-50.25"_s}});
+        taller.Pago(kRuc, comprobante, u"00004512"_s);
     }
     ImprimeAnexo();
     const QString sangria(91, u' ');
@@ -149,7 +154,7 @@ TEST_F(PrintOut, TheAnnexGivesEveryVoucherItsLineAndEveryFurtherPaymentVoucherIt
     // Too many to keep in memory: looked up one voucher at a time they give the same lines.
     taller.DeUnaVez([this] {
         for (int i = 0; i < 20'000; ++i)
-            taller.Agrega(Pago{kRuc, u"de otro"_s, QString::number(i)});
+            taller.Pago(kRuc, u"de otro"_s, QString::number(i));
     });
     ImprimeAnexo();
     EXPECT_EQ(Cuerpo(), cuerpo);
@@ -177,13 +182,13 @@ TEST_F(PrintOut, TheAnnexPassesOverVouchersWithoutClientAndCopiesOfOthers) {
         taller.clave.correl = correl;
         taller.Cabecera({{u"501"_s, u"3"_s}});
         for (const QString& numero : {u"20000000005"_s, u"20000000009"_s, u"40000000"_s})
-            taller.Agrega(Cliente{numero.size() == 8 ? 1 : 6, numero, u"COPIA "_s + correl});
+            taller.Cliente(numero, u"COPIA "_s + correl);
         for (const QString& numero :
              {u"20000000001"_s, u"20000000005"_s, u"20000000006"_s, u"20000000009"_s, u"90000000"_s}) {
-            taller.Agrega(Comprobante{numero, u"0000000"_s + correl});
-            taller.Agrega(Comprobante{numero, u"0000000"_s + correl, u"12"_s});
-            taller.Agrega(Pago{numero, u"0000000"_s + correl});
-            taller.Agrega(Pago{numero, u"00000077"_s}); // of a voucher that isn't there
+            taller.Comprobante(numero, correl);
+            taller.Comprobante(numero, correl, {{u"tip_cp"_s, u"12"_s}});
+            taller.Pago(numero, correl, u"1"_s);
+            taller.Pago(numero, u"77"_s, u"1"_s); // of a voucher that isn't there
         }
     }
     taller.clave.correl = u"2"_s;
@@ -203,9 +208,9 @@ TEST_F(PrintOut, TheAnnexTurnsItsPagesAndClosesOnANewOneWhenTheLastIsNearlyFull)
     for (const auto& [comprobantes, hojas] : casos) {
         taller.Vacia();
         taller.Cabecera({{u"501"_s, u"1"_s}});
-        taller.Agrega(Cliente{6, kRuc, u"UNO"_s});
+        taller.Cliente(kRuc, u"UNO"_s);
         for (int i = 0; i < comprobantes; ++i)
-            taller.Agrega(Comprobante{kRuc, QString::number(i)});
+            taller.Comprobante(kRuc, QString::number(i));
         ImprimeAnexo();
         EXPECT_EQ(libreta.Hojas(), hojas) << comprobantes;
         for (int pagina = 0; pagina < hojas; ++pagina)

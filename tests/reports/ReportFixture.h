@@ -10,35 +10,8 @@
 
 namespace xa518::prueba {
 
-struct Cliente {
-    int tipoDoc = 6;
-    QString numero = {};
-    QVariant razon = {}; ///< or the three names of a person
-    QVariant paterno = {};
-    QVariant materno = {};
-    QVariant nombres = {};
-    QString base = QStringLiteral("100.00");
-    QString percepcion = QStringLiteral("2.00");
-};
-
-struct Comprobante {
-    QString numeroCliente;
-    QString numero = QStringLiteral("00000001");
-    QString tipo = {}; ///< of a cash sale; a perception voucher has none
-    QVariant base = QStringLiteral("100.00");
-    QVariant percepcion = QStringLiteral("2.00");
-    QVariant cpFact = QStringLiteral("1");
-    QVariant listaClie = QStringLiteral("0");
-    QVariant medPago = QStringLiteral("1");
-};
-
-struct Pago {
-    QString numeroCliente;
-    QString comprobante = QStringLiteral("00000001");
-    QString numero = QStringLiteral("00004511");
-    QString tipo = QStringLiteral("01");
-    QString monto = QStringLiteral("100.00");
-};
+/// Columns in which a row differs from an ordinary one.
+using Columnas = QMap<QString, QVariant>;
 
 class Libreta;
 
@@ -55,9 +28,10 @@ class Taller {
     /// The head, paid in cash unless a number of cheque is given, and the boxes.
     void Cabecera(const QList<std::pair<QString, QString>>& casillas, const QString& cheque = {},
                   const QString& rectifica = QStringLiteral("0"));
-    void Agrega(const Cliente& cliente);
-    void Agrega(const Comprobante& comprobante);
-    void Agrega(const Pago& pago);
+    void Cliente(const QString& numero, const QVariant& razon, const Columnas& otras = {});
+    /// A perception voucher; with a type, a cash sale.
+    void Comprobante(const QString& cliente, const QString& numero, const Columnas& otras = {});
+    void Pago(const QString& cliente, const QString& comprobante, const QString& numero, const Columnas& otras = {});
     /// The commands of the declaration's report, or of its annex.
     void Imprime(bool anexo, Libreta& libreta);
     /// Takes every declaration out again.
@@ -69,8 +43,7 @@ class Taller {
     void Clientes(int cuantos);
 
   private:
-    /// Columns parted by a blank, and their values; those that are left over are nobody's.
-    void Pon(const QString& tabla, const QString& columnas, const QVariantList& valores);
+    void Pon(const QString& tabla, Columnas fila, const Columnas& otras = {});
 };
 
 /// Keeps the commands of a report.
