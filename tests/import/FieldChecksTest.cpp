@@ -6,18 +6,19 @@
 #include "import/LineFields.h"
 
 using namespace xa518;
+using namespace xa518::prueba;
 using namespace Qt::StringLiterals;
-using prueba::Cambios;
-using prueba::Empresa;
 
 namespace {
+
+using enum Campo;
 
 /// What these say stands in table `ERROR`; the words of the others are the import's own.
 const QString kConTextoDeTabla = u"0001 0003 0009 0010 0221 0239 0853 0855 0857 0859 0868"_s;
 
 QString CodigoDe(const QString& linea, const QString& periodo = u"202610"_s,
                  const FormatoImportacion& formato = FormatoPercepciones()) {
-    static const prueba::Escenario escenario;
+    static const Escenario escenario;
     QStringList campos;
     SeparaCampos(linea, formato.Campos(), campos);
     LineaComprobada comprobada;
@@ -41,7 +42,7 @@ void Prueba(const QList<Caso>& casos, const FormatoImportacion& formato = Format
         for (const QString& valor : caso.valores.split(u'|')) {
             Cambios cambios = caso.demas;
             cambios[caso.campo] = valor;
-            const QString linea = formato.tipos ? prueba::VentaDe(cambios) : prueba::LineaDe(cambios);
+            const QString linea = formato.tipos ? VentaDe(cambios) : LineaDe(cambios);
             EXPECT_EQ(CodigoDe(linea, caso.periodo, formato), caso.codigo) << linea.toStdString();
         }
         EXPECT_EQ(TextoFijo(QLatin1StringView(caso.codigo.toLatin1())).isEmpty(),
@@ -51,24 +52,23 @@ void Prueba(const QList<Caso>& casos, const FormatoImportacion& formato = Format
 
 /// Moves a line to another month and day, of which the series needn't have letters.
 Cambios Del(const QString& fecha, const Cambios& mas = {}) {
-    Cambios cambios{{Campo::FechaEmision, fecha}, {Campo::FechaCp, u"01/01/2005"_s}, {Campo::SerieCp, u"1"_s}};
+    Cambios cambios{{FechaEmision, fecha}, {FechaCp, u"01/01/2005"_s}, {SerieCp, u"1"_s}};
     cambios.insert(mas);
     return cambios;
 }
 
 Cambios SinCredito(const Cambios& mas = {}) {
-    Cambios cambios{{Campo::CreditoFiscal, u"0"_s}, {Campo::TipoCp, u"03"_s}};
+    Cambios cambios{{CreditoFiscal, u"0"_s}, {TipoCp, u"03"_s}};
     cambios.insert(mas);
     return cambios;
 }
 
 const QString kCifras = QString(60, u'9');
-const Cambios kPasaporte{{Campo::TipoDoc, u"7"_s}};
-const Cambios kNotaDeCredito{{Campo::TipoCp, u"07"_s}};
-const Cambios kTipo99 = SinCredito({{Campo::TipoCp, u"99"_s}, {Campo::SerieCp, u"1"_s}});
+const Cambios kPasaporte{{TipoDoc, u"7"_s}};
+const Cambios kNotaDeCredito{{TipoCp, u"07"_s}};
+const Cambios kTipo99 = SinCredito({{TipoCp, u"99"_s}, {SerieCp, u"1"_s}});
 
 TEST(FieldChecks, Client) {
-    using enum Campo;
     Prueba({
         {u"0888"_s, TipoDoc, u"001"_s},
         {u"0009"_s, TipoDoc, u"05"_s},
@@ -103,7 +103,6 @@ TEST(FieldChecks, Client) {
 }
 
 TEST(FieldChecks, PerceptionVoucher) {
-    using enum Campo;
     const Cambios conLetra{{SeriePercepcion, u"E001"_s}, {RespuestaVenta, u"0"_s}};
     Prueba({
         {{}, SeriePercepcion, u"E001"_s},
@@ -130,7 +129,6 @@ TEST(FieldChecks, PerceptionVoucher) {
 }
 
 TEST(FieldChecks, PaymentVoucher) {
-    using enum Campo;
     Prueba({
         {u"0883"_s, TipoCp, u"|02|1-|"_s + kCifras},
         {{}, TipoCp, u"1"_s},
@@ -165,7 +163,6 @@ TEST(FieldChecks, PaymentVoucher) {
 
 /// What the catalogue decides, and a series behind the type. The rest is the same function in both formats.
 TEST(FieldChecks, CashSale) {
-    using enum Campo;
     Prueba(
         {
             {u"0888"_s, TipoDoc, u"001"_s},

@@ -2,16 +2,15 @@
 #include "import/ImportRate.h"
 
 using namespace xa518;
+using namespace xa518::prueba;
 using namespace Qt::StringLiterals;
-using prueba::Empresa;
-using prueba::Escenario;
-using prueba::LineaDe;
 using testing::ElementsAre;
 
 namespace {
 
+using enum Campo;
+
 TEST(ImportStore, RowsOfAPersonAndACompany) {
-    using enum Campo;
     Escenario escenario;
     const QString nota = LineaDe(Empresa({{RazonSocial, u"Compañía "_s + QString(33, u'X')},
                                           {TipoCp, u"7"_s},
@@ -36,7 +35,6 @@ TEST(ImportStore, RowsOfAPersonAndACompany) {
 }
 
 TEST(ImportStore, TheDocumentTypeIsStoredByItsValueAndQuotesChangeNoStatement) {
-    using enum Campo;
     Escenario escenario;
     (void)escenario.Importa({LineaDe({{TipoDoc, u"07"_s}, {NumDoc, u"O'\""_s}, {ApellidoPaterno, u"D'\"A"_s}}),
                              LineaDe({{TipoDoc, u"1-"_s}}), LineaDe({{TipoDoc, {}}, {NumDoc, {}}})});
@@ -47,7 +45,6 @@ TEST(ImportStore, TheDocumentTypeIsStoredByItsValueAndQuotesChangeNoStatement) {
 
 /// It may have been entered by hand, with its amount written in another way.
 TEST(ImportStore, LinesOfOneVoucherShareItsRowUnlessTheirDateOrAmountDiffers) {
-    using enum Campo;
     Escenario escenario;
     escenario.base->Ejecuta(u"INSERT INTO TMPF518PDET VALUES "
                             "(1,'45678901','0001','00000123','','1','1','0','15/10/2026','100.500','1.01','1.00')"_s);
@@ -58,8 +55,7 @@ TEST(ImportStore, LinesOfOneVoucherShareItsRowUnlessTheirDateOrAmountDiffers) {
     EXPECT_EQ(resultado.transferidos, 4); // wanted: counted before they are refused
     EXPECT_EQ(resultado.rechazados, 2);
     EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 2));
-    EXPECT_EQ(
-        prueba::BytesDe(resultado.rutaErr).count("La fecha y/o el monto del comprobante de percepción no coincide"), 2);
+    EXPECT_EQ(BytesDe(resultado.rutaErr).count("La fecha y/o el monto del comprobante de percepción no coincide"), 2);
 }
 
 /// A trigger stands in for another program that adds the same row between the look-up and the insert.
@@ -97,7 +93,6 @@ TEST(ImportStore, RateOfEachBandAndAnswer) {
 /// Date, answer of the sale, credit and type, and what is stored of them: cp_fact, lista_clie, med_pago, mto_imp_p,
 /// por_tasa_p.
 TEST(ImportStore, AnswersThatThePeriodKeeps) {
-    using enum Campo;
     for (const QString& caso : {u"15/03/2005  1 01 1|1|9|90.45|1.00"_s, u"15/02/2008  0 03 0|1|9|2.01|2.00"_s,
                                 u"15/12/2010 1 0 03 0|1|1|6.03|6.00"_s, u"15/01/2011 1 1 01 1|1|9|4.02|4.00"_s,
                                 u"15/01/2011 1 0 03 0|9|9|5.03|5.00"_s}) {
@@ -119,22 +114,20 @@ TEST(ImportStore, AnswersThatThePeriodKeeps) {
 TEST(ImportStore, ThePerceptionIsRoundedTwice) {
     Escenario escenario;
     escenario.base->Ejecuta(u"DELETE * FROM PARAM"_s);
-    escenario.base.Param(u"953"_s, u"1010909200501"_s, prueba::Funcion({{21, u"0.00405"_s}, {31, u"0.41"_s}}));
-    (void)escenario.Importa({LineaDe({{Campo::MontoCobrado, u"1.23"_s}})});
+    escenario.base.Param(u"953"_s, u"1010909200501"_s, Funcion({{21, u"0.00405"_s}, {31, u"0.41"_s}}));
+    (void)escenario.Importa({LineaDe({{MontoCobrado, u"1.23"_s}})});
     EXPECT_THAT(escenario.base.Filas(u"SELECT mto_imp_p FROM TMPF518PDET"_s), ElementsAre(u"0.01"_s));
 }
 
 /// A cash sale is known by its type too, and what is known isn't looked at again.
 TEST(ImportStore, CashSales) {
-    using enum Campo;
-    using prueba::VentaDe;
     Escenario escenario(u"202610"_s, FormatoVentas());
     const ResultadoImportacion resultado = escenario.Importa(
         {VentaDe(), VentaDe({{TipoCp, u"8"_s}}), VentaDe({{MontoCobrado, u"7"_s}, {NumDoc, u"45678902"_s}}),
          VentaDe({{MontoCobrado, u"7"_s}}),
          VentaDe(Empresa({{CreditoFiscal, u"0"_s}, {TipoCp, u"3"_s}, {SeriePercepcion, u"b001"_s}}))});
     EXPECT_EQ(resultado.transferidos, 5);
-    EXPECT_TRUE(prueba::BytesDe(resultado.rutaErr).endsWith(" Registro Duplicado\n"));
+    EXPECT_TRUE(BytesDe(resultado.rutaErr).endsWith(" Registro Duplicado\n"));
     EXPECT_EQ(resultado.rechazados, 1);
     EXPECT_THAT(escenario.Cuenta(), ElementsAre(3, 4, 0));
     EXPECT_THAT(escenario.base.Filas(u"SELECT * FROM TMPF518PDET ORDER BY rowid"_s),
