@@ -50,6 +50,7 @@ TEST_F(BaseTest, NumbersTheErrorsAsTheMessagesKnowThem) {
     EXPECT_EQ(NumeroDe([&] { (void)m_base->Lee(u"SELECT numero FROM CLIENTE"_s).Columna(u"nohay"); }), 3061);
     EXPECT_EQ(NumeroDe([&] { (void)m_base->Describe(u"NOHAY"_s); }), 3011);
     EXPECT_EQ(NumeroDe([&] { Registro(m_base->Describe(u"CLIENTE"_s)).Pon(u"nohay", 1); }), 3061);
+    EXPECT_EQ(NumeroDe([&] { Registro(m_base->Describe(u"CLIENTE"_s)).Pon(u"Numero", 1); }), 0);
 }
 
 TEST_F(BaseTest, StoresNullOnlyForAValueThatIsMissing) {

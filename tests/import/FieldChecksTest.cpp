@@ -28,7 +28,7 @@ QString CodigoDe(const QString& linea, const QString& periodo = u"202610"_s,
     return CompruebaLinea(formato.comprobaciones, campos, contexto, comprobada).codigo;
 }
 
-/// What becomes of values of one field: codes, nothing for an accepted one, each with its values and a bar between two.
+/// What becomes of one field's values, as "0888:001~:1|6": "001" is refused with that code, "1" and "6" are accepted.
 struct Caso {
     Campo campo;
     QString finales;
@@ -133,8 +133,8 @@ TEST(FieldChecks, CashSale) {
             {NumDoc, u"0010:4567890|456789012|00000000"_s},
             {NumDoc, u":AB12~0010:AB12345678901|AB-12|"_s, kPasaporte},
             {NumDoc, u"0010:12A"_s, {{TipoDoc, u"4"_s}}}, // a type of digits
-            {TipoCp, u"0883:|99|02|07|03~:1|12"_s},       // a credit note isn't taken, though it is offered
-            {TipoCp, u"0883:01~:03"_s, SinCredito()},
+            {TipoCp, u"0883:|99|02|03~:1|12"_s},
+            {TipoCp, u"0883:01|07~:03"_s, SinCredito()}, // a credit note isn't taken, though it is offered
             {SeriePercepcion, u":B001"_s},
             {SeriePercepcion, u"0857:B001"_s, {{TipoCp, u"12"_s}}},
         },

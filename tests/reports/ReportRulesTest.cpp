@@ -7,8 +7,6 @@
 
 #include <gmock/gmock.h>
 
-#include <future>
-
 #include "Printers.h"
 
 using namespace xa518;
@@ -107,27 +105,28 @@ TEST(Registry, NumbersFilesAcrossTheTableAndReportsWithinTheirCode) {
                             u"PER006|000002|00000099.PRN|2026-02-09 18:04:05|ANA|6|20990518018"_s));
 }
 
+namespace {
+
+/// A report is asked its time between the choice of its numbers and its row: another program tries to number one then.
+class RelojConOtroPrograma final : public Reloj {
+  public:
+    explicit RelojConOtroPrograma(Proceso& otro) : m_otro(otro) {}
+    QDateTime Ahora() const override {
+        EXPECT_THROW(static_cast<void>(NuevoReporte(m_otro, u"PER006"_s, 6, {})), ErrorBase);
+        return m_otro.reloj.Ahora();
+    }
+
+  private:
+    Proceso& m_otro;
+};
+
+} // namespace
+
 TEST(Registry, GivesTwoProgramsAtOnceDifferentNames) {
-    constexpr int kPorPrograma = 40;
-    const BaseTemporal base;
-    const auto numera = [&base] {
-        const RelojSistema reloj;
-        Proceso proceso(reloj);
-        for (int hechos = 0; hechos < kPorPrograma;) {
-            try {
-                if (!proceso.baseDatos)
-                    proceso.baseDatos = Base::Abre(base.Ruta());
-                static_cast<void>(NuevoReporte(proceso, u"PER006"_s, 6, {}));
-                ++hechos;
-            } catch (const ErrorBase& error) {
-                if (!error.Es(NumeroError::BaseBloqueada)) // the other one may hold the base too long; then once more
-                    throw;
-            }
-        }
-    };
-    std::future<void> otro = std::async(std::launch::async, numera);
-    numera();
-    otro.get();
-    EXPECT_THAT(base.Filas(u"SELECT count(*), count(DISTINCT Archivo), count(DISTINCT Secuencia) FROM SPOOL"_s),
-                ElementsAre(u"80|80|80"_s));
+    Taller taller;
+    const RelojConOtroPrograma reloj(taller.proceso);
+    Proceso proceso(reloj);
+    proceso.baseDatos = Base::Abre(taller.base.Ruta());
+    EXPECT_EQ(NuevoReporte(proceso, u"PER006"_s, 6, {}), u"00000001.PRN"_s);
+    EXPECT_EQ(NuevoReporte(taller.proceso, u"PER006"_s, 6, {}), u"00000002.PRN"_s);
 }
