@@ -76,13 +76,14 @@ void Llena(prueba::Taller& taller, Tamano tamano) {
     taller.Cabecera({{u"501"_s, QString::number(tamano.Clientes())}});
     taller.DeUnaVez([&] {
         for (int i = 0; i < tamano.Clientes(); ++i)
-            taller.Agrega(prueba::Cliente{6, NumeroCliente(i), u"DISTRIBUIDORA EL PUENTE N° %1 S.A.C."_s.arg(i)});
+            taller.Cliente(NumeroCliente(i), u"DISTRIBUIDORA EL PUENTE N° %1 S.A.C."_s.arg(i));
         for (int i = 0; i < tamano.Comprobantes(); ++i)
-            taller.Agrega(prueba::Comprobante{cliente(i), NumeroComprobante(i), {}, u"12345.67"_s, u"246.91"_s});
+            taller.Comprobante(cliente(i), NumeroComprobante(i),
+                               {{u"mto_base_p"_s, u"12345.67"_s}, {u"mto_imp_p"_s, u"246.91"_s}});
         for (int i = 0; i < tamano.Pagos(); ++i) {
             const int comprobante = i % tamano.Comprobantes();
-            taller.Agrega(prueba::Pago{cliente(comprobante), NumeroComprobante(comprobante), NumeroComprobante(i),
-                                       u"01"_s, u"6172.83"_s});
+            taller.Pago(cliente(comprobante), NumeroComprobante(comprobante), NumeroComprobante(i),
+                        {{u"mto_detcp"_s, u"6172.83"_s}});
         }
     });
 }
@@ -93,7 +94,7 @@ Muestra::Muestra(Tamano tamano) {
             prueba::Taller taller;
             taller.clave = kClave;
             Llena(taller, tamano);
-            if (!QFile::copy(taller.Ruta(), Base()))
+            if (!QFile::copy(taller.base.Ruta(), Base()))
                 throw std::runtime_error("copy");
         };
     });

@@ -1,6 +1,6 @@
 #include "batch/Batch.h"
-
 #include "app/Configuration.h"
+#include "batch/Arguments.h"
 #include "data/Base.h"
 #include "data/WorkLock.h"
 #include "launcher/Installation.h"
@@ -144,30 +144,24 @@ TEST_F(Batch, RefusesWithoutWritingAnything) {
     ASSERT_EQ(Corre(u"declarar"_s + kClave + u" --efectivo --percepciones "_s + Ejemplo()), 0);
     const QString declarar = u"declarar"_s + kClave + u" --percepciones "_s + Ejemplo();
     const struct {
-        const char* nombre;
-        QString linea;
+        QString orden;
         QByteArray archivo;
         QString mensaje;
     } casos[] = {
-        {"unknown declarant", u"declarar --ruc 20100000009 --periodo 202609"_s, {}, u"no está registrado"_s},
-        {"period to come",
-         u"declarar --ruc 20990518018 --periodo 202612 --hoy 21/11/2026"_s,
-         {},
-         u"El período no es válido."_s},
-        {"unknown bank", u"declarar"_s + kClave + u" --cheque 0017 --banco ZZ"_s, {}, u"no está en el catálogo"_s},
-        {"nothing to validate", u"validar --ruc 20990518018 --periodo 202608"_s, {}, u"No hay una declaración"_s},
-        {"too few fields", declarar, "06|20100000009|\n", u"no tiene el número de campos correctos"_s},
-        {"no final separator", declarar, QByteArray(18, '|') + "x\n", u"debe terminar con el separador |"_s},
-        {"binary rubbish", declarar, QByteArray("\x7f\x45\x4c\x46\0\0\n\xff\xfe", 9),
-         u"no tiene el número de campos correctos"_s},
-        {"an endless line", declarar, QByteArray(100'000'000, 'x'), u"tiene una línea de más de"_s},
+        {u"declarar --ruc 20100000009 --periodo 202609"_s, {}, u"no está registrado"_s},
+        {u"declarar --ruc 20990518018 --periodo 202612 --hoy 21/11/2026"_s, {}, u"El período no es válido."_s},
+        {u"declarar"_s + kClave + u" --cheque 0017 --banco ZZ"_s, {}, u"no está en el catálogo"_s},
+        {u"validar --ruc 20990518018 --periodo 202608"_s, {}, u"No hay una declaración"_s},
+        {declarar, QByteArray(18, '|') + "x\n", u"debe terminar con el separador |"_s},
+        {declarar, "\x7f\x45\x4c\x46\n\xff", u"no tiene el número de campos correctos"_s},
+        {declarar, QByteArray(100'000'000, 'x'), u"tiene una línea de más de"_s},
     };
-    for (const auto& [nombre, orden, archivo, mensaje] : casos) {
+    for (const auto& [orden, archivo, mensaje] : casos) {
         if (!archivo.isEmpty())
             EscribeArchivo(archivo);
-        EXPECT_EQ(Corre(orden), 2) << nombre;
-        EXPECT_TRUE(m_errores.contains(mensaje)) << nombre << ": " << qPrintable(m_errores);
-        EXPECT_EQ(Cuenta(u"F518PDET"_s) + Cuenta(u"TMPF518PDET"_s), 300) << nombre;
+        EXPECT_EQ(Corre(orden), 2) << mensaje.toStdString();
+        EXPECT_TRUE(m_errores.contains(mensaje)) << mensaje.toStdString() << ": " << qPrintable(m_errores);
+        EXPECT_EQ(Cuenta(u"F518PDET"_s) + Cuenta(u"TMPF518PDET"_s), 300) << mensaje.toStdString();
     }
 }
 
@@ -235,6 +229,25 @@ TEST_F(Batch, TellsWhatFailed) {
     ASSERT_TRUE(QFile::remove(m_perfil.Ruta()));
     espera(u"consola --instalar"_s);
     EXPECT_FALSE(QFile::exists(m_perfil.Ruta()));
+}
+
+TEST_F(Batch, RefusesArgumentsThatDoNotFitTogether) {
+    for (const QString& mala :
+         {u""_s, u"importar --ruc 20100000009"_s, u"listar --ruc 20100000009"_s,
+          u"validar"_s + kClave + u" --importe 5"_s, u"importar"_s + kClave + u" --efectivo"_s,
+          u"declarar"_s + kClave + u" --efectivo --cheque 5 --banco 02"_s, u"declarar"_s + kClave + u" --cheque 5"_s,
+          u"declarar"_s + kClave + u" --importe -5"_s, u"declarar"_s + kClave + u" --interes 1234567890123"_s,
+          u"declarar --ruc 20990518018 --periodo 202609 --hoy 31/02/2026"_s}) {
+        EXPECT_EQ(Corre(mala), 2) << mala.toStdString();
+        EXPECT_TRUE(m_errores.contains(u"Uso:"_s)) << mala.toStdString();
+    }
+}
+
+TEST(Arguments, FoldersAreMadeAbsoluteBeforeTheInstallationBecomesCurrent) {
+    const Lectura lectura =
+        LeeArgumentos((u"xa518-lote importar"_s + kClave + u" --percepciones mes/uno"_s).split(u' '));
+    ASSERT_TRUE(lectura.argumentos);
+    EXPECT_EQ(lectura.argumentos->percepciones, QDir::current().absoluteFilePath(u"mes/uno"_s));
 }
 
 } // namespace

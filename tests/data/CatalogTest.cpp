@@ -100,15 +100,6 @@ TEST_F(CatalogTest, DeclarantsAreAllOrOnesOwnAndOfAnyLengthByDefault) {
     EXPECT_EQ(elegibles(u"0275"_s, u"JEFA"_s), u"20444123450"_s);
 }
 
-TEST_F(CatalogTest, BandsFollowTheDeclaredPeriod) {
-    for (const QString& caso : u"200412 209912 C|200501 209912 A|200802 209912 A|200803 209912 B|201001 201001 B|"
-                               "201002 201001 C|200803  C|200802  A"_s.split(u'|')) {
-        const QStringList campos = caso.split(u' ');
-        const Banda banda = campos[2] == u"A" ? Banda::A : campos[2] == u"B" ? Banda::B : Banda::C;
-        EXPECT_EQ(BandaDe(campos[0], campos[1]), banda) << qPrintable(caso);
-    }
-}
-
 TEST_F(CatalogTest, RatesAreThoseOfTheRowInForceInTheMonth) {
     Tasa(u"1"_s, u"200501"_s, u" 0.03"_s, u"0.0050"_s, u"0.50"_s);
     Tasa(u"1"_s, u"201103"_s, u"0.04"_s, u"0.00505"_s, u"0.51"_s);

@@ -9,11 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// All but "0010", which shows what becomes of a code that table `ERROR` lacks.
-const QStringList kConTexto = u"0001 0003 0009 0201 0221 0228 0239 0853 0854 0855 0857 0858 0859 0868 0869 0870 0871 "
-                              "0872 0873 0875 0877 0878 0883 0884 0885 0886 0887 0888 0889 0890 0891 0892 0984 0985 "
-                              "0986 0987 0988 0989 0990 0991 0992 0993 0996"_s.split(u' ');
-
 class Observador final : public ObservadorImportacion {
   public:
     explicit Observador(const std::function<bool(int)>& antesDeLinea) : m_antesDeLinea(antesDeLinea) {}
@@ -26,15 +21,10 @@ class Observador final : public ObservadorImportacion {
 
 /// Of the client's document and of the voucher; one of each isn't offered here.
 void LlenaTipos(const BaseTemporal& base) {
-    const auto documento = [&](const QString& tipo, const QString& ofrecido, const QString& largo,
-                               const QString& dato) {
-        base.Param(u"044"_s, tipo, Funcion({{46, largo}, {82, ofrecido}, {128, dato}, {130, u"0"_s}}));
-    };
-    documento(u"1"_s, u"1"_s, u"08"_s, u"0"_s);
-    documento(u"3"_s, u"0"_s, u"12"_s, u"0"_s);
-    documento(u"4"_s, u"1"_s, u"12"_s, u"0"_s);
-    documento(u"6"_s, u"1"_s, u"11"_s, u"0"_s);
-    documento(u"7"_s, u"1"_s, u"12"_s, u"5"_s);
+    for (const QString& fila : {u"1 1 08 0"_s, u"3 0 12 0"_s, u"4 1 12 0"_s, u"6 1 11 0"_s, u"7 1 12 5"_s}) {
+        const QStringList p = fila.split(u' '); // type, whether it is offered, length, kind of characters
+        base.Param(u"044"_s, p[0], Funcion({{46, p[2]}, {82, p[1]}, {128, p[3]}, {130, u"0"_s}}));
+    }
     for (const QString& tipo : {u"01"_s, u"03"_s, u"07"_s, u"08"_s, u"12"_s})
         base.Param(u"233"_s, tipo, Funcion({{64, u"1"_s}}));
     base.Param(u"233"_s, u"02"_s, Funcion({{64, u"0"_s}}));
@@ -83,7 +73,7 @@ Escenario::Escenario(const QString& periodo, const FormatoImportacion& formato) 
     for (const QString& clase : {u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s, u"6"_s})
         base.Param(u"953"_s, clase + u"010909200501"_s,
                    Funcion({{2, u"0.9"_s}, {21, u"0.0"_s + clase}, {31, clase + u".00"_s}}));
-    for (const QString& codigo : kConTexto)
+    for (const QString& codigo : {u"0228"_s, u"0858"_s, u"0871"_s, u"0872"_s, u"0889"_s})
         base->Ejecuta(u"INSERT INTO ERROR VALUES (?,?)"_s, {codigo, u"De la tabla %1"_s.arg(codigo)});
     LlenaTipos(base);
     transaccion.Confirma();
@@ -111,12 +101,8 @@ ResultadoImportacion Escenario::Corre(const std::function<bool(int)>& antesDeLin
     return Transferencia(proceso, m_formato, base.Carpeta(), opciones).Corre(observador);
 }
 
-QStringList Escenario::Filas(const QString& sql) const {
-    return base.Filas(sql);
-}
-
 QList<int> Escenario::Cuenta() const {
-    const auto filas = [&](const QString& tabla) { return Filas(u"SELECT * FROM "_s + tabla).size(); };
+    const auto filas = [&](const QString& tabla) { return base.Filas(u"SELECT * FROM "_s + tabla).size(); };
     return {static_cast<int>(filas(u"TMPF518PCAB"_s)), static_cast<int>(filas(u"TMPF518PDET"_s)),
             static_cast<int>(filas(u"TMPF518PDETCP"_s))};
 }

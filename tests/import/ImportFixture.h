@@ -41,7 +41,6 @@ class Escenario {
     ResultadoImportacion Corre(const std::function<bool(int)>& antesDeLinea = [](int) { return true; });
 
     [[nodiscard]] QString RutaArchivo() const;
-    [[nodiscard]] QStringList Filas(const QString& sql) const;
     /// Rows of the three work tables: clients, vouchers, payment vouchers.
     [[nodiscard]] QList<int> Cuenta() const;
 

@@ -1,15 +1,17 @@
-#include "import/ImportFixture.h"
-
 #include "data/Transaction.h"
+#include "import/ErrorSheet.h"
+#include "import/ImportFixture.h"
+#include "import/ImportLog.h"
 
+#include <csignal>
+#include <sys/resource.h>
+
+#include <QBuffer>
 #include <QDir>
-#include <QFile>
 
 using namespace xa518;
+using namespace xa518::prueba;
 using namespace Qt::StringLiterals;
-using prueba::Escenario;
-using prueba::LineaDe;
-using prueba::Muchas;
 using testing::ElementsAre;
 
 namespace {
@@ -46,7 +48,7 @@ TEST(ImportRun, ACancelAtAnyLineKeepsWhatIsWrittenAndTotalsIt) {
         EXPECT_EQ(resultado.mensaje, std::nullopt);
         EXPECT_EQ(resultado.transferidos, hasta);
         EXPECT_THAT(escenario.Cuenta(), ElementsAre(hasta > 0, hasta, hasta));
-        EXPECT_EQ(escenario.Filas(u"SELECT mto_base_p * 10 FROM TMPF518PCAB"_s).join(QString()),
+        EXPECT_EQ(escenario.base.Filas(u"SELECT mto_base_p * 10 FROM TMPF518PCAB"_s).join(QString()),
                   hasta > 0 ? QString::number(1005 * hasta) : QString());
     }
 }
@@ -83,16 +85,16 @@ TEST(ImportRun, ATrialChecksEverythingAndKeepsNothing) {
     Escenario escenario;
     (void)escenario.Importa({LineaDe({{TipoDoc, u"9"_s}}), LineaDe()});
     escenario.opciones.prueba = true;
-    const QStringList antes = escenario.Filas(u"SELECT * FROM TMPF518PCAB"_s);
+    const QStringList antes = escenario.base.Filas(u"SELECT * FROM TMPF518PCAB"_s);
     escenario.Escribe((LineaDe({{TipoDoc, u"8"_s}}) + u'\n' + LineaDe() + u'\n' + LineaDe({{NumeroCp, u"9"_s}}) +
                        u'\n' + LineaDe({{NumDoc, u"45678902"_s}, {MontoCobrado, u"7"_s}}))
                           .toUtf8());
     const ResultadoImportacion resultado = escenario.Corre();
     EXPECT_EQ(resultado.transferidos, 2); // a duplicate among what is there already is found as well
     EXPECT_EQ(resultado.rechazados, 2);
-    EXPECT_EQ(escenario.Filas(u"SELECT * FROM TMPF518PCAB"_s), antes);
+    EXPECT_EQ(escenario.base.Filas(u"SELECT * FROM TMPF518PCAB"_s), antes);
     EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 1));
-    EXPECT_TRUE(prueba::BytesDe(escenario.base.Carpeta() + u"/RPT051820990518018202610.Log"_s).startsWith("9|"));
+    EXPECT_TRUE(BytesDe(escenario.base.Carpeta() + u"/RPT051820990518018202610.Log"_s).startsWith("9|"));
 }
 
 TEST(ImportRun, AFileThatChangesWhileItIsReadIsTold) {
@@ -104,26 +106,97 @@ TEST(ImportRun, AFileThatChangesWhileItIsReadIsTold) {
         EXPECT_EQ(resultado.fin, FinImportacion::Fallida) << tamanio;
         EXPECT_TRUE(Texto(resultado).startsWith(u"El archivo ha cambiado mientras se importaba."_s)) << tamanio;
         EXPECT_GE(escenario.Cuenta().at(1), 10);
-        EXPECT_THAT(escenario.Filas(u"SELECT mto_base_p > 1000 FROM TMPF518PCAB"_s), ElementsAre(u"1"_s));
+        EXPECT_THAT(escenario.base.Filas(u"SELECT mto_base_p > 1000 FROM TMPF518PCAB"_s), ElementsAre(u"1"_s));
     }
 }
 
-/// The file is open: it goes on being read. Only the logs have no place any more.
-TEST(ImportRun, AFolderThatVanishesLeavesTheRunItsFile) {
+/// The keys are cut to their column, to a shorter one for a code without a text.
+TEST(ImportLog, LinesAsTheyStoodAndTheirReasons) {
     Escenario escenario;
-    const QString carpeta = escenario.base.Carpeta() + u"/otra"_s;
-    ASSERT_TRUE(QDir().mkdir(carpeta));
-    escenario.proceso.rutaRPT = carpeta + u"/RPT"_s;
-    escenario.Escribe(Muchas(3) + '\n' + LineaDe({{Campo::TipoDoc, u"9"_s}}).toUtf8());
-    const ResultadoImportacion resultado = escenario.Corre([&](int) {
-        QDir(carpeta).removeRecursively();
-        QFile::remove(escenario.RutaArchivo());
-        return true;
-    });
-    EXPECT_EQ(resultado.fin, FinImportacion::Completa);
-    EXPECT_EQ(resultado.transferidos, 3);
-    EXPECT_EQ(resultado.rechazados, 1);
-    EXPECT_TRUE(resultado.noConservado.join(u' ').contains(carpeta));
+    const QByteArray antigua = LineaDe({{Campo::Nombres, u"Peña"_s}, {Campo::NumeroPercepcion, u" 12a "_s}}).toLatin1();
+    const QByteArray larga =
+        LineaDe({{Campo::ApellidoPaterno, QString(21, u'a')}, {Campo::SeriePercepcion, QString(20, u'1')}}).toLatin1();
+    const QByteArray sinTexto = LineaDe({{Campo::TipoDoc, u"7"_s}, {Campo::NumDoc, u"00000000000"_s}}).toLatin1();
+    const QByteArray buena = LineaDe({{Campo::Nombres, u"Ángel Peña"_s}}).toLatin1();
+    const ResultadoImportacion resultado =
+        escenario.Importa(antigua + "  \r\n" + buena + "\r\n" + larga + "\r\n" + sinTexto);
+
+    EXPECT_EQ(resultado.rutaLog, escenario.base.Carpeta() + u"/RPT051820990518018202610.Log"_s);
+    EXPECT_EQ(resultado.rutaErr, escenario.base.Carpeta() + u"/RPT051820990518018202610.Err"_s);
+    EXPECT_EQ(BytesDe(resultado.rutaLog), antigua + "  \n" + larga + '\n' + sinTexto + '\n');
+    EXPECT_EQ(BytesDe(resultado.rutaErr),
+              QByteArray("1 45678901 1 12A             Número de Comprobante no es válido\n"
+                         "1 45678901 11111111111111111 Los apellidos deben ser de 20 posiciones\n"
+                         "7 00000000              Otro Error : Verifique Estructura de Tablas y datos a transferir\n"));
+    EXPECT_EQ(escenario.base.Filas(u"SELECT des_nombres FROM TMPF518PCAB"_s), QStringList{u"ÁNGEL PENA"_s});
+    EXPECT_FALSE(QFile::permissions(resultado.rutaLog) & kDeOtros);
+    EXPECT_EQ(resultado.rechazados, 3);
+    EXPECT_EQ(resultado.mensaje, (Mensaje{Icono::Pregunta,
+                                          u"Algunos registros han sido rechazados!!\nVerifique Archivo Log: "_s +
+                                              resultado.rutaLog + u"\n¿Desea Visualizar Reporte de errores?"_s,
+                                          u"Confirmar"_s}));
+}
+
+TEST(ImportLog, OnlyTheFirstRefusalOfARunReplacesOldLogs) {
+    Escenario escenario;
+    const auto mala = [](const QString& tipo) { return LineaDe({{Campo::TipoDoc, tipo}}); };
+    const QString rutaLog = escenario.Importa({mala(u"8"_s), mala(u"9"_s)}).rutaLog;
+    const QByteArray primero = (mala(u"8"_s) + u'\n' + mala(u"9"_s) + u'\n').toUtf8();
+    EXPECT_EQ(BytesDe(rutaLog), primero);
+
+    const ResultadoImportacion limpia = escenario.Importa({LineaDe()});
+    EXPECT_EQ(limpia.rutaLog + limpia.rutaErr, QString());
+    EXPECT_EQ(BytesDe(rutaLog), primero);
+
+    (void)escenario.Importa({mala(u"5"_s)});
+    EXPECT_EQ(BytesDe(rutaLog), (mala(u"5"_s) + u'\n').toUtf8());
+}
+
+TEST(ImportLog, AFullDiskForOneLogLeavesTheOtherAndTheRun) {
+    Escenario escenario;
+    const QString ruta = escenario.base.Carpeta() + u"/RPT051820990518018202610"_s;
+    const QByteArray mala = LineaDe({{Campo::TipoDoc, u"9"_s}}).toUtf8() + '\n';
+    ASSERT_TRUE(QFile::link(u"/dev/full"_s, ruta + u".Log"_s));
+    const ResultadoImportacion llena = escenario.Importa(mala);
+    EXPECT_EQ(llena.fin, FinImportacion::Completa);
+    EXPECT_TRUE(llena.noConservado.join(u' ').contains(u"No space left"_s));
+    EXPECT_EQ(BytesDe(ruta + u".Err"_s).count('\n'), 1);
+}
+
+TEST(ImportLog, AFullDiskLeavesNoHalfLine) {
+    const QTemporaryDir carpeta;
+    const QString ruta = carpeta.filePath(u"a.Log"_s);
+    ArchivoLog log(ruta);
+    log.Agrega("0123456789");
+    rlimit antes{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &antes), 0);
+    const auto senal = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit lleno{15, antes.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &lleno), 0);
+    EXPECT_THROW(log.Agrega("abcdefghij"), Error);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &antes), 0);
+    (void)std::signal(SIGXFSZ, senal);
+    log.Agrega("otra");
+    EXPECT_EQ(BytesDe(ruta), "0123456789\notra\n");
+}
+
+TEST(ErrorSheet, LineFieldValueCodeAndReason) {
+    Escenario escenario;
+    QBuffer hoja;
+    ASSERT_TRUE(hoja.open(QIODevice::WriteOnly));
+    PlanillaErrores planilla(hoja);
+    escenario.opciones.planilla = &planilla;
+    (void)escenario.Importa({LineaDe(), LineaDe({{Campo::RazonSocial, u" dos, \"tres\" "_s}}),
+                             LineaDe({{Campo::MontoCobrado, u"-5"_s}}), LineaDe({{Campo::NumeroPercepcion, u"=1+1"_s}}),
+                             LineaDe()});
+    EXPECT_EQ(hoja.data(),
+              u"\uFEFFLínea,Campo,Valor,Código,Motivo,Archivo\r\n"
+              "2,Razón social,\"dos, \"\"tres\"\"\",0992,"
+              "\"El RUC no es de una Empresa, no debe ingresar la razón social\",051820990518018202610.TXT\r\n"
+              "3,Monto cobrado,-5,0884,El monto cobrado no es válido,051820990518018202610.TXT\r\n"
+              "4,Número del comprobante de percepción,'=1+1,0858,Número de Comprobante no es válido,"
+              "051820990518018202610.TXT\r\n"
+              "5,,,0228,De la tabla 0228,051820990518018202610.TXT\r\n"_s.toUtf8());
 }
 
 } // namespace

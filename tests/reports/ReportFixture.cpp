@@ -5,80 +5,71 @@
 
 #include <QDir>
 
-#include <algorithm>
-
 namespace xa518::prueba {
 
 using namespace Qt::StringLiterals;
 
-Taller::Taller() : m_reloj(QDateTime(QDate(2026, 2, 9), QTime(18, 4, 5))), proceso(m_reloj) {
+Taller::Taller() {
     for (const QString& documento : {u"6 RUC 1"_s, u"1 DNI 1"_s, u"7 PASAPORTE 0"_s}) {
         const QStringList campos = documento.split(u' ');
-        m_base.Param(u"044"_s, campos[0], Funcion({{1, u"DOCUMENTO"_s}, {32, campos[1]}, {75, campos[2]}}));
+        base.Param(u"044"_s, campos[0], Funcion({{1, u"DOCUMENTO"_s}, {32, campos[1]}, {75, campos[2]}}));
     }
-    m_base.Param(u"233"_s, u"01"_s, Funcion({{1, u"FACTURA"_s}, {64, u"1"_s}}));
-    m_base.Param(u"233"_s, u"02"_s, Funcion({{1, u"RECIBO POR HONORARIOS"_s}, {64, u"0"_s}}));
-    m_base.Param(u"233"_s, u"12"_s, Funcion({{1, u"TICKET DE MÁQUINA"_s}, {64, u"1"_s}}));
-    m_base->Ejecuta(u"INSERT INTO CONT VALUES (6,?,?,'ANA',0)"_s,
-                    {clave.ruc, u"COMERCIALIZADORA Y DISTRIBUIDORA ÑAUPARI HERMANOS S.A.C."_s});
+    base.Param(u"233"_s, u"01"_s, Funcion({{1, u"FACTURA"_s}, {64, u"1"_s}}));
+    base.Param(u"233"_s, u"02"_s, Funcion({{1, u"RECIBO POR HONORARIOS"_s}, {64, u"0"_s}}));
+    base.Param(u"233"_s, u"12"_s, Funcion({{1, u"TICKET DE MÁQUINA"_s}, {64, u"1"_s}}));
+    base->Ejecuta(u"INSERT INTO CONT VALUES (6,?,?,'ANA',0)"_s,
+                  {clave.ruc, u"COMERCIALIZADORA Y DISTRIBUIDORA ÑAUPARI HERMANOS S.A.C."_s});
     proceso.sysUser = u"ANA"_s;
-    proceso.rutaRPT = m_base.Carpeta() + u"/RPT"_s;
+    proceso.rutaRPT = base.Carpeta() + u"/RPT"_s;
     QDir().mkpath(proceso.rutaRPT);
-    proceso.baseDatos = Base::Abre(m_base.Ruta());
+    proceso.baseDatos = Base::Abre(base.Ruta());
 }
 
-void Taller::Pon(const QString& tabla, const QString& columnas, const QVariantList& valores) {
-    QMap<QString, QVariant> fila{{u"Doc_id_d"_s, clave.ruc}, {u"periodo"_s, clave.periodo}};
+void Taller::Pon(const QString& tabla, Columnas fila, const Columnas& otras) {
+    fila.insert(otras);
+    fila.insert({{u"Doc_id_d"_s, clave.ruc}, {u"periodo"_s, clave.periodo}});
     if (clave.enviada)
         fila.insert(u"correl"_s, clave.correl);
-    const QStringList nombres = columnas.split(u' ');
-    for (qsizetype i = 0; i < nombres.size(); ++i)
-        fila.insert(nombres[i], valores[i]);
-    m_base.Agrega(clave.Tabla(tabla), fila);
+    base.Agrega(clave.Tabla(tabla), fila);
 }
 
 void Taller::Cabecera(const QList<std::pair<QString, QString>>& casillas, const QString& cheque,
                       const QString& rectifica) {
-    const QStringList pago =
-        cheque.isEmpty() ? QStringList{u" "_s, u" "_s, u""_s, u"150"_s} : QStringList{u"02"_s, cheque, u"150"_s, u""_s};
-    Pon(u"CAB"_s,
-        u"estado rectifica bcolibrad nrocheque cheque efectivo"_s + (clave.enviada ? u" control norden"_s : QString()),
-        {clave.enviada ? 1 : 0, rectifica, pago[0], pago[1], pago[2], pago[3], u"10000001"_s, u"4000123456"_s});
+    const Columnas efectivo{{u"bcolibrad"_s, u" "_s}, {u"nrocheque"_s, u" "_s}, {u"efectivo"_s, u"150"_s}};
+    const Columnas conCheque{{u"bcolibrad"_s, u"02"_s}, {u"nrocheque"_s, cheque}, {u"cheque"_s, u"150"_s}};
+    Columnas cabecera{{u"estado"_s, clave.enviada ? 1 : 0}, {u"rectifica"_s, rectifica}};
+    if (clave.enviada)
+        cabecera.insert({{u"control"_s, u"10000001"_s}, {u"norden"_s, u"4000123456"_s}});
+    Pon(u"CAB"_s, cabecera, cheque.isEmpty() ? efectivo : conCheque);
     for (const auto& [casilla, valor] : casillas)
-        Pon(u"DET"_s, u"Casilla i_valor"_s, {casilla, valor});
+        Pon(u"DET"_s, {{u"Casilla"_s, casilla}, {u"i_valor"_s, valor}});
 }
 
-static int TipoDe(const QString& numero) {
-    return numero.size() == 8 ? 1 : 6;
+/// The columns in which rows name their client.
+static Columnas De(const QString& cliente) {
+    return {{u"tip_doc_per"_s, cliente.size() == 8 ? 1 : 6}, {u"num_doc_per"_s, cliente}};
 }
 
-static QVariant ONulo(const QString& texto) {
-    return texto.isEmpty() ? QVariant() : QVariant(texto);
+void Taller::Cliente(const QString& numero, const QVariant& razon, const Columnas& otras) {
+    Columnas fila{{u"des_razon"_s, razon}, {u"mto_base_p"_s, u"100.00"_s}, {u"mto_imp_p"_s, u"2.00"_s}};
+    fila.insert(De(numero));
+    Pon(u"F518PCAB"_s, fila, otras);
 }
 
-void Taller::Agrega(const Cliente& c) {
-    Pon(u"F518PCAB"_s,
-        u"tip_doc_per num_doc_per des_razon des_apellido_p des_apellido_m des_nombres mto_base_p mto_imp_p"_s,
-        {c.tipoDoc, c.numero, ONulo(c.razon), ONulo(c.paterno), ONulo(c.materno), ONulo(c.nombres), c.base,
-         c.percepcion});
+void Taller::Comprobante(const QString& cliente, const QString& numero, const Columnas& otras) {
+    Columnas fila{{u"num_serie_cp"_s, u"P001"_s}, {u"num_cp"_s, numero},       {u"fec_emision_cp"_s, u"12/01/2026"_s},
+                  {u"mto_base_p"_s, u"100.00"_s}, {u"mto_imp_p"_s, u"2.00"_s}, {u"por_tasa_p"_s, u"2.00"_s},
+                  {u"cp_fact"_s, u"1"_s},         {u"lista_clie"_s, u"0"_s},   {u"med_pago"_s, u"1"_s}};
+    fila.insert(De(cliente));
+    Pon(otras.contains(u"tip_cp"_s) ? u"F518PDETVC"_s : u"F518PDET"_s, fila, otras);
 }
 
-void Taller::Agrega(const Comprobante& c) {
-    const bool contado = !c.tipo.isEmpty(); // only such a one has a type
-    Pon(contado ? u"F518PDETVC"_s : u"F518PDET"_s,
-        u"tip_doc_per num_doc_per num_serie_cp num_cp fec_emision_cp mto_base_p mto_imp_p por_tasa_p cp_fact "
-        "lista_clie med_pago"_s +
-            (contado ? u" tip_cp"_s : QString()),
-        {TipoDe(c.numeroCliente), c.numeroCliente, u"P001"_s, c.numero, u"12/01/2026"_s, c.base, c.percepcion,
-         u"2.00"_s, c.cpFact, c.listaClie, c.medPago, c.tipo});
-}
-
-void Taller::Agrega(const Pago& p) {
-    Pon(u"F518PDETCP"_s,
-        u"tip_doc_per num_doc_per num_serie_cp num_cp tip_doc_detcp num_serie_detcp num_detcp fec_emis_detcp "
-        "mto_detcp"_s,
-        {TipoDe(p.numeroCliente), p.numeroCliente, u"P001"_s, p.comprobante, p.tipo, u"F001"_s, p.numero,
-         u"10/01/2026"_s, p.monto});
+void Taller::Pago(const QString& cliente, const QString& comprobante, const QString& numero, const Columnas& otras) {
+    Columnas fila{{u"num_serie_cp"_s, u"P001"_s},    {u"num_cp"_s, comprobante}, {u"tip_doc_detcp"_s, u"01"_s},
+                  {u"num_serie_detcp"_s, u"F001"_s}, {u"num_detcp"_s, numero},   {u"fec_emis_detcp"_s, u"10/01/2026"_s},
+                  {u"mto_detcp"_s, u"100.00"_s}};
+    fila.insert(De(cliente));
+    Pon(u"F518PDETCP"_s, fila, otras);
 }
 
 void Taller::Imprime(bool anexo, Libreta& libreta) {
@@ -89,13 +80,13 @@ void Taller::Imprime(bool anexo, Libreta& libreta) {
 
 void Taller::Vacia() {
     for (const QString& tabla : kTablas) {
-        m_base->Ejecuta(u"DELETE * FROM "_s + tabla);
-        m_base->Ejecuta(u"DELETE * FROM H"_s + tabla);
+        base->Ejecuta(u"DELETE * FROM "_s + tabla);
+        base->Ejecuta(u"DELETE * FROM H"_s + tabla);
     }
 }
 
 void Taller::DeUnaVez(const std::function<void()>& trabajo) {
-    Transaccion transaccion = m_base->Comienza();
+    Transaccion transaccion = base->Comienza();
     trabajo();
     transaccion.Confirma();
 }
@@ -107,50 +98,35 @@ void Taller::Clientes(int cuantos) {
             const QString numero =
                 (empresa ? u"20"_s : QString()) + QString::number(i).rightJustified(empresa ? 9 : 8, u'0');
             if (empresa)
-                Agrega(Cliente{6, numero, u"BODEGA DEL VALLE N° %1 E.I.R.L."_s.arg(i)});
+                Cliente(numero, u"BODEGA DEL VALLE N° %1 E.I.R.L."_s.arg(i));
             else
-                Agrega(Cliente{1, numero, {}, u"NÚÑEZ"_s, u"PEÑA"_s, u"JOSÉ MARÍA %1"_s.arg(i)});
-            Agrega(Comprobante{numero});
-            Agrega(Pago{numero});
+                Cliente(numero, {},
+                        {{u"des_apellido_p"_s, u"NÚÑEZ"_s},
+                         {u"des_apellido_m"_s, u"PEÑA"_s},
+                         {u"des_nombres"_s, u"JOSÉ MARÍA %1"_s.arg(i)}});
+            Comprobante(numero, u"00000001"_s);
+            Pago(numero, u"00000001"_s, u"00004511"_s);
         }
     });
 }
 
-QList<TextoEnPagina> Libreta::Puestos(int pagina) const {
-    QList<TextoEnPagina> puestos;
+QStringList Libreta::Textos(int pagina) const {
+    QStringList textos;
     for (const Comando& comando : comandos) {
         const auto* texto = std::get_if<TextoEnPagina>(&comando);
         if (texto != nullptr && texto->pagina == pagina)
-            puestos.append(*texto);
+            textos.append(texto->texto);
     }
-    return puestos;
-}
-
-QStringList Libreta::Textos(int pagina) const {
-    QStringList textos;
-    for (const TextoEnPagina& puesto : Puestos(pagina))
-        textos.append(puesto.texto);
     return textos;
 }
 
 QString Libreta::TextoEn(int x, int y, int pagina) const {
-    for (const TextoEnPagina& puesto : Puestos(pagina)) {
-        if (puesto.x == x && puesto.y == y)
-            return puesto.texto;
+    for (const Comando& comando : comandos) {
+        const auto* texto = std::get_if<TextoEnPagina>(&comando);
+        if (texto != nullptr && texto->x == x && texto->y == y && texto->pagina == pagina)
+            return texto->texto;
     }
     return {};
-}
-
-int Libreta::AlturaDe(const QString& texto, int pagina) const {
-    for (const TextoEnPagina& puesto : Puestos(pagina)) {
-        if (puesto.texto == texto)
-            return puesto.y;
-    }
-    return -1;
-}
-
-int Libreta::Hojas() const {
-    return 1 + static_cast<int>(std::count(comandos.begin(), comandos.end(), Comando(NuevaHoja())));
 }
 
 } // namespace xa518::prueba

@@ -6,62 +6,32 @@
 #include "reports/PageCommands.h"
 #include "support/TemporaryBase.h"
 
-#include <QList>
-#include <QStringList>
-
 #include <functional>
 
 namespace xa518::prueba {
 
-struct Cliente {
-    int tipoDoc = 6;
-    QString numero = {};
-    QString razon = {}; ///< or the three names of a person
-    QString paterno = {};
-    QString materno = {};
-    QString nombres = {};
-    QString base = QStringLiteral("100.00");
-    QString percepcion = QStringLiteral("2.00");
-};
-
-struct Comprobante {
-    QString numeroCliente;
-    QString numero = QStringLiteral("00000001");
-    QString tipo = {}; ///< of a cash sale; a perception voucher has none
-    QVariant base = QStringLiteral("100.00");
-    QVariant percepcion = QStringLiteral("2.00");
-    QVariant cpFact = QStringLiteral("1");
-    QVariant listaClie = QStringLiteral("0");
-    QVariant medPago = QStringLiteral("1");
-};
-
-struct Pago {
-    QString numeroCliente;
-    QString comprobante = QStringLiteral("00000001");
-    QString numero = QStringLiteral("00004511");
-    QString tipo = QStringLiteral("01");
-    QString monto = QStringLiteral("100.00");
-};
+/// Columns in which a row differs from an ordinary one.
+using Columnas = QMap<QString, QVariant>;
 
 class Libreta;
 
 /// A process with a base, a folder of reports and a catalogue, and the means to put a declaration into it.
 class Taller {
-    BaseTemporal m_base;
-    RelojFijo m_reloj;
-
   public:
     Taller();
 
+    BaseTemporal base;
+    RelojFijo reloj{QDateTime(QDate(2026, 2, 9), QTime(18, 4, 5))};
     ClaveDeclaracion clave{QStringLiteral("20990518018"), QStringLiteral("202601"), kNumFormulario, false, {}};
-    Proceso proceso;
+    Proceso proceso{reloj};
 
     /// The head, paid in cash unless a number of cheque is given, and the boxes.
     void Cabecera(const QList<std::pair<QString, QString>>& casillas, const QString& cheque = {},
                   const QString& rectifica = QStringLiteral("0"));
-    void Agrega(const Cliente& cliente);
-    void Agrega(const Comprobante& comprobante);
-    void Agrega(const Pago& pago);
+    void Cliente(const QString& numero, const QVariant& razon, const Columnas& otras = {});
+    /// A perception voucher; with a type, a cash sale.
+    void Comprobante(const QString& cliente, const QString& numero, const Columnas& otras = {});
+    void Pago(const QString& cliente, const QString& comprobante, const QString& numero, const Columnas& otras = {});
     /// The commands of the declaration's report, or of its annex.
     void Imprime(bool anexo, Libreta& libreta);
     /// Takes every declaration out again.
@@ -72,13 +42,8 @@ class Taller {
     /// Companies and persons in turn, each with a voucher and a payment voucher.
     void Clientes(int cuantos);
 
-    [[nodiscard]] QStringList Filas(const QString& sql) const { return m_base.Filas(sql); }
-    [[nodiscard]] QString Ruta() const { return m_base.Ruta(); }
-    [[nodiscard]] QString Carpeta() const { return m_base.Carpeta(); }
-
   private:
-    /// Columns parted by a blank, and their values; those that are left over are nobody's.
-    void Pon(const QString& tabla, const QString& columnas, const QVariantList& valores);
+    void Pon(const QString& tabla, Columnas fila, const Columnas& otras = {});
 };
 
 /// Keeps the commands of a report.
@@ -91,14 +56,9 @@ class Libreta final : public DestinoInforme {
     [[nodiscard]] QStringList Textos(int pagina) const;
     /// The text at a place; null when there is none.
     [[nodiscard]] QString TextoEn(int x, int y, int pagina = 0) const;
-    /// The y at which a text stands; -1 when the page lacks it.
-    [[nodiscard]] int AlturaDe(const QString& texto, int pagina = 0) const;
-    [[nodiscard]] int Hojas() const;
+    [[nodiscard]] qsizetype Hojas() const { return 1 + comandos.count(Comando(NuevaHoja())); }
 
     QList<Comando> comandos;
-
-  private:
-    [[nodiscard]] QList<TextoEnPagina> Puestos(int pagina) const;
 };
 
 } // namespace xa518::prueba

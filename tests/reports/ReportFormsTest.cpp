@@ -15,8 +15,6 @@
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTableView>
-#include <QTest>
-#include <QToolButton>
 
 #include <gtest/gtest.h>
 
@@ -41,7 +39,7 @@ class ReportFormsTest : public testing::Test {
         };
     }
 
-    QString Ruta(const QString& nombre) const { return m_taller.Carpeta() + u'/' + nombre; }
+    QString Ruta(const QString& nombre) const { return m_taller.base.Carpeta() + u'/' + nombre; }
 
     /// The words of each sheet of a PDF, read back; the file is gone then.
     QStringList Impreso(const QString& nombre = u"impreso.pdf"_s) const {
@@ -84,7 +82,7 @@ class ReportFormsTest : public testing::Test {
 TEST_F(ReportFormsTest, ThePreviewMovesThroughItsPagesByKeysAndButtons) {
     frmPreview vista(m_entorno, Reporte(5));
     Muestra(vista);
-    auto& fondo = De<QWidget>(vista, u"picFondo"_s);
+    auto& fondo = De(vista, u"picFondo"_s);
     QCoreApplication::processEvents(); // the last of its layout
     const QImage primera = fondo.grab().toImage();
 
@@ -133,14 +131,15 @@ TEST_F(ReportFormsTest, SurvivesAMissingFileAndTenMegabytesOfRubbish) {
     m_avisos.Espera(falta);
     frmPreview sinArchivo(m_entorno, {u"b.PRN"_s, {}, {}});
     Muestra(sinArchivo);
-    EXPECT_FALSE(De<QToolButton>(sinArchivo, u"tlbPrevia_4"_s).isEnabled());
+    EXPECT_FALSE(De(sinArchivo, u"tlbPrevia_4"_s).isEnabled());
     sinArchivo.close();
 
     frmPreview perdido(m_entorno, Reporte(2));
     Muestra(perdido);
     EscribeEn(m_taller.proceso.rutaRPT + u"/a.PRN"_s,
-              QByteArray("pPos|99999999|-5|x|True|32000|3|\npPos|a|b|c|d|e|-7|\n<!nHojas!>-1\npCuadro|1|\xff\n")
-                  .repeated(150'000));
+              QByteArray("pPos|99999999|-5|x|True|32000|3|\npPos|a|b|c|d|e|-7|\n<!nHojas!>-1\npCuadro|1|\xff\n"
+                         "pPos|1|1|nada|False|0|3|\npPos|1|1|menos|False|-8|3|\npCuadro|-999999|1|999999|2|3|\n")
+                  .repeated(70'000));
     AlAbrir(u"frmPreview"_s, [this](QWidget& basura) {
         QTest::keyClick(&basura, Qt::Key_End);
         EXPECT_EQ(Pagina(basura), 4);
@@ -225,7 +224,7 @@ TEST_F(ReportFormsTest, ThePrintDialogShowsAndPrintsTheChosenDeclaration) {
     Clic(forma, u"OptImp_1"_s);
     m_avisos.Espera({Icono::Informacion, u"No existe información de anexos para esta declaración"_s, u"Anexos"_s});
     Clic(forma, u"CmdImprimir_1"_s);
-    EXPECT_EQ(m_taller.Filas(u"SELECT CodRep FROM SPOOL"_s), QStringList{u"PER006"_s});
+    EXPECT_EQ(m_taller.base.Filas(u"SELECT CodRep FROM SPOOL"_s), QStringList{u"PER006"_s});
 
     grilla.setFocus();
     QTest::keyClick(&grilla, Qt::Key_Up);
@@ -265,8 +264,8 @@ TEST_F(ReportFormsTest, ThePrintDialogKeepsCopiesApartAndIsSilentWithoutDeclarat
     const QString hoja = Impreso().value(0);
     EXPECT_TRUE(hoja.contains(u"NRO. CONTROL: 10000001"_s)) << qPrintable(hoja);
     EXPECT_TRUE(hoja.contains(correl + u",000"_s)) << qPrintable(hoja);
-    m_taller.proceso.rutaRPT = m_taller.Ruta(); // a file is no folder to write into
-    const QString ruta = m_taller.Ruta() + u"/00000002.PRN"_s;
+    m_taller.proceso.rutaRPT = m_taller.base.Ruta(); // a file is no folder to write into
+    const QString ruta = m_taller.base.Ruta() + u"/00000002.PRN"_s;
     AvisosDelPrograma().Espera(u"No se puede crear el archivo '%1': %2"_s.arg(ruta, Motivo(ruta)));
     Clic(forma, u"CmdImprimir_0"_s);
     m_taller.Vacia(); // as another program might

@@ -5,9 +5,6 @@
 #include "reports/SpoolRegistry.h"
 #include "values/Error.h"
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <gmock/gmock.h>
 
 #include "Printers.h"
@@ -45,20 +42,17 @@ TEST(PrintList, OffersTheUsersDeclarationsOfTheKindAskedFor) {
         taller.clave.correl = correl;
         taller.Cabecera({});
     }
-    Base& base = *taller.proceso.baseDatos;
+    Base& base = *taller.base;
     const auto resumen = [&](bool enviadas) {
         const ConsultaSql consulta = SqlParaImprimir(taller.proceso, enviadas);
-        Registros fila = base.Lee(consulta.texto, {consulta.valores.begin(), consulta.valores.end()});
-        QStringList filas;
-        while (fila.Siguiente())
-            filas.append(fila.Texto(ColumnaImprimir::PeriodoMostrado) + u' ' +
-                         fila.Texto(enviadas ? int(ColumnaImprimirEnviada::Correl) : int(ColumnaImprimir::Rectifica)));
-        return filas;
+        return taller.base.Filas(
+            u"SELECT PERIODOf, %1 FROM (%2)"_s.arg(enviadas ? u"correl"_s : u"rectifica"_s, consulta.texto),
+            {consulta.valores.begin(), consulta.valores.end()});
     };
-    EXPECT_THAT(resumen(false), ElementsAre(u"022026 0"_s, u"012026 1"_s));
-    EXPECT_THAT(resumen(true), testing::UnorderedElementsAre(u"022026 1"_s, u"022026 2"_s));
+    EXPECT_THAT(resumen(false), ElementsAre(u"022026|0"_s, u"012026|1"_s));
+    EXPECT_THAT(resumen(true), testing::UnorderedElementsAre(u"022026|1"_s, u"022026|2"_s));
     base.Ejecuta(u"UPDATE HCAB SET estado = 0 WHERE correl = '1'"_s);
-    EXPECT_THAT(resumen(true), ElementsAre(u"022026 2"_s));
+    EXPECT_THAT(resumen(true), ElementsAre(u"022026|2"_s));
 
     taller.proceso.sysUser = u"OTRO"_s;
     EXPECT_THAT(resumen(false), ElementsAre());
@@ -68,7 +62,7 @@ TEST(PrintList, OffersTheUsersDeclarationsOfTheKindAskedFor) {
 
 TEST(ErrorReport, CountsSixtyNineErrorsToAPage) {
     Taller taller;
-    const QString lista = taller.Carpeta() + u"/x.Err"_s;
+    const QString lista = taller.base.Carpeta() + u"/x.Err"_s;
     for (const auto& [errores, hojas] : {std::pair{0, 1}, {1, 1}, {68, 1}, {69, 2}, {70, 2}, {138, 3}}) {
         EscribeEn(lista, QByteArray("01 001 20512345671 F001       Número inválido\r\n").repeated(errores));
         Libreta libreta;
@@ -87,12 +81,12 @@ TEST(ErrorReport, CountsSixtyNineErrorsToAPage) {
 
 TEST(ErrorReport, IsRegisteredUnderItsOwnCodeAndNeedsItsList) {
     Taller taller;
-    const QString lista = taller.Carpeta() + u"/viejo.Err"_s;
+    const QString lista = taller.base.Carpeta() + u"/viejo.Err"_s;
     EscribeEn(lista, "a\xf1o de otra \xe9poca\n"); // as an older program wrote it
     const DatosErrores datos{lista, taller.clave.ruc, u"ÑAUPARI"_s, u"202601"_s};
     const QByteArray spool = BytesDe(RutaDeInforme(taller.proceso.rutaRPT, EscribeInforme(taller.proceso, datos)));
     EXPECT_TRUE(spool.contains("\npPos|10|1400|                    año de otra época|False|8|0|\n"));
-    EXPECT_THAT(taller.Filas(u"SELECT CodRep, Doc_id_d FROM SPOOL"_s), ElementsAre(u"PER005|20990518018"_s));
+    EXPECT_THAT(taller.base.Filas(u"SELECT CodRep, Doc_id_d FROM SPOOL"_s), ElementsAre(u"PER005|20990518018"_s));
     EXPECT_THROW(static_cast<void>(EscribeInforme(taller.proceso, DatosErrores{lista + u"x"_s, {}, {}, {}})), Error);
 }
 
@@ -106,51 +100,33 @@ TEST(Registry, NumbersFilesAcrossTheTableAndReportsWithinTheirCode) {
     taller.proceso.baseDatos->Ejecuta(
         u"INSERT INTO SPOOL (CodRep, Secuencia, Archivo) VALUES ('A','1','MANUAL.PRN'),('A','2','00000003.PRN')"_s);
     EXPECT_EQ(NuevoReporte(taller.proceso, u"OTRO"_s, 6, {}), u"00000004.PRN"_s) << "whatever stands in the table";
-    EXPECT_THAT(taller.Filas(u"SELECT * FROM SPOOL WHERE CodRep='PER006' ORDER BY Secuencia"_s),
+    EXPECT_THAT(taller.base.Filas(u"SELECT * FROM SPOOL WHERE CodRep='PER006' ORDER BY Secuencia"_s),
                 ElementsAre(u"PER006|000001|00000001.PRN|2026-02-09 18:04:05|ANA|6|20990518018"_s,
                             u"PER006|000002|00000099.PRN|2026-02-09 18:04:05|ANA|6|20990518018"_s));
 }
 
 namespace {
 
-constexpr int kPorPrograma = 40;
-
-/// One of several programs on the same base, as a process of its own: it allocates names as fast as it can.
-pid_t Lanza(const QString& ruta) {
-    const pid_t hijo = fork();
-    if (hijo != 0)
-        return hijo;
-    const RelojSistema reloj;
-    Proceso proceso(reloj);
-    for (int hechos = 0; hechos < kPorPrograma;) {
-        try {
-            if (!proceso.baseDatos)
-                proceso.baseDatos = Base::Abre(ruta);
-            static_cast<void>(NuevoReporte(proceso, u"PER006"_s, 6, {}));
-            ++hechos;
-        } catch (const ErrorBase& error) {
-            if (!error.Es(NumeroError::BaseBloqueada)) // the other program may hold the base too long; then once more
-                _exit(1);
-        }
+/// A report is asked its time between the choice of its numbers and its row: another program tries to number one then.
+class RelojConOtroPrograma final : public Reloj {
+  public:
+    explicit RelojConOtroPrograma(Proceso& otro) : m_otro(otro) {}
+    QDateTime Ahora() const override {
+        EXPECT_THROW(static_cast<void>(NuevoReporte(m_otro, u"PER006"_s, 6, {})), ErrorBase);
+        return m_otro.reloj.Ahora();
     }
-    _exit(0);
-}
+
+  private:
+    Proceso& m_otro;
+};
 
 } // namespace
 
 TEST(Registry, GivesTwoProgramsAtOnceDifferentNames) {
-    QTemporaryDir carpeta;
-    const QString ruta = carpeta.filePath(u"XA.DB"_s);
-    CreaBase(ruta).reset(); // closed before the fork: a connection doesn't survive one
-    const pid_t hijos[] = {Lanza(ruta), Lanza(ruta)};
-    for (const pid_t hijo : hijos) {
-        int estado = 1;
-        ASSERT_EQ(waitpid(hijo, &estado, 0), hijo);
-        EXPECT_EQ(estado, 0);
-    }
-    const auto base = Base::Abre(ruta);
-    Registros fila = base->Lee(u"SELECT count(*), count(DISTINCT Archivo), count(DISTINCT Secuencia) FROM SPOOL"_s);
-    ASSERT_TRUE(fila.Siguiente());
-    for (int i = 0; i < 3; ++i)
-        EXPECT_EQ(fila.Entero(i), 2 * kPorPrograma) << i;
+    Taller taller;
+    const RelojConOtroPrograma reloj(taller.proceso);
+    Proceso proceso(reloj);
+    proceso.baseDatos = Base::Abre(taller.base.Ruta());
+    EXPECT_EQ(NuevoReporte(proceso, u"PER006"_s, 6, {}), u"00000001.PRN"_s);
+    EXPECT_EQ(NuevoReporte(taller.proceso, u"PER006"_s, 6, {}), u"00000002.PRN"_s);
 }

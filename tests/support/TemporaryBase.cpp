@@ -4,6 +4,7 @@
 #include "data/Transaction.h"
 
 #include <QDir>
+#include <QRegularExpression>
 
 #include <stdexcept>
 
@@ -11,29 +12,17 @@ namespace xa518::prueba {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QString SinComentarios(const QString& sql) {
-    QStringList lineas;
-    for (const QString& linea : sql.split(u'\n')) {
-        if (!linea.startsWith("--"_L1))
-            lineas.append(linea);
-    }
-    return lineas.join(u'\n');
-}
-
-} // namespace
-
 std::unique_ptr<Base> CreaBase(const QString& ruta) {
     std::unique_ptr<Base> base = Base::Crea(ruta);
     const QDir esquema(QStringLiteral(XA518_SCHEMA_DIR));
     const QStringList pasos = esquema.entryList({u"*.sql"_s}, QDir::Files, QDir::Name);
     if (pasos.isEmpty())
         throw std::runtime_error("no schema in " XA518_SCHEMA_DIR);
+    const QRegularExpression comentario(u"^--.*$"_s, QRegularExpression::MultilineOption);
     Transaccion transaccion = base->Comienza(); // one wait for the disk instead of one a table
     for (const QString& paso : pasos) {
-        for (const QString& sentencia :
-             SinComentarios(QString::fromUtf8(BytesDe(esquema.filePath(paso)))).split(u";\n"_s)) {
+        const QString sql = QString::fromUtf8(BytesDe(esquema.filePath(paso))).remove(comentario);
+        for (const QString& sentencia : sql.split(u";\n"_s)) {
             if (!sentencia.trimmed().isEmpty())
                 base->Ejecuta(sentencia);
         }
