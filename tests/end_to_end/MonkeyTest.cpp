@@ -18,6 +18,7 @@
 #include <QFileDialog>
 #include <QPointer>
 #include <QRandomGenerator>
+#include <QTabBar>
 #include <QTest>
 #include <QTextStream>
 #include <QTimer>
@@ -105,7 +106,8 @@ class Mono {
             return conFoco;
         QList<QWidget*> campos;
         for (QWidget* campo : forma.findChildren<QWidget*>()) {
-            if (campo->isVisible() && campo->isEnabled() && campo->window() == forma.window())
+            const bool responde = campo->focusPolicy() != Qt::NoFocus || Azar(8) == 0; // labels and frames seldom
+            if (responde && campo->isVisible() && campo->isEnabled() && campo->window() == forma.window())
                 campos.append(campo);
         }
         return campos.isEmpty() ? &forma : campos[Azar(campos.size())];
@@ -116,7 +118,7 @@ class Mono {
         switch (Azar(20)) {
         case 0: return Rueda(campo);
         case 1: return Pega(campo);
-        case 2: return Ordena();
+        case 2: return QApplication::activeModalWidget() ? Hojea(forma) : Ordena();
         case 3: Anota(u"cierra"_s, forma); return Azar(8) == 0 ? static_cast<void>(forma.close()) : Raton(campo);
         case 4:
         case 5:
@@ -173,8 +175,18 @@ class Mono {
         QTest::keyClick(&campo, Qt::Key_V, Qt::ControlModifier);
     }
 
+    /// Turns to another page: one field among many, whose pages lead to forms of their own.
+    void Hojea(QWidget& forma) {
+        auto* paginas = forma.window()->findChild<QTabBar*>();
+        if (!paginas || !paginas->isVisible())
+            return;
+        const QPoint donde = paginas->tabRect(static_cast<int>(Azar(paginas->count()))).center();
+        Anota(u"clic 1 en %1,%2"_s.arg(donde.x()).arg(donde.y()), *paginas);
+        QTest::mouseClick(paginas, Qt::LeftButton, {}, donde);
+    }
+
     void Ordena() {
-        if (m_ordenes.isEmpty() || QApplication::activeModalWidget())
+        if (m_ordenes.isEmpty())
             return;
         QAction* orden = m_ordenes[Azar(m_ordenes.size())];
         Anota(u"ordena "_s + orden->objectName(), *m_ventana);

@@ -110,6 +110,24 @@ TEST(ImportRun, AFileThatChangesWhileItIsReadIsTold) {
     }
 }
 
+/// The file is open: it goes on being read. Only the logs have no place any more.
+TEST(ImportRun, AFolderThatVanishesLeavesTheRunItsFile) {
+    Escenario escenario;
+    const QString carpeta = escenario.base.Carpeta() + u"/otra"_s;
+    ASSERT_TRUE(QDir().mkdir(carpeta));
+    escenario.proceso.rutaRPT = carpeta + u"/RPT"_s;
+    escenario.Escribe(Muchas(3) + '\n' + LineaDe({{Campo::TipoDoc, u"9"_s}}).toUtf8());
+    const ResultadoImportacion resultado = escenario.Corre([&](int) {
+        QDir(carpeta).removeRecursively();
+        QFile::remove(escenario.RutaArchivo());
+        return true;
+    });
+    EXPECT_EQ(resultado.fin, FinImportacion::Completa);
+    EXPECT_EQ(resultado.transferidos, 3);
+    EXPECT_EQ(resultado.rechazados, 1);
+    EXPECT_TRUE(resultado.noConservado.join(u' ').contains(carpeta));
+}
+
 /// The keys are cut to their column, to a shorter one for a code without a text.
 TEST(ImportLog, LinesAsTheyStoodAndTheirReasons) {
     Escenario escenario;
