@@ -84,22 +84,15 @@ Medida MideVentana(const Trabajo& trabajo) {
 
 constexpr int kVeces = 7;
 
-Medida MenosMolestada(const Medida& una, const Medida& otra) {
-    return otra.procesador < una.procesador ? otra : una;
-}
-
 struct Comparada {
     double razon = 0; ///< of the window to the batch tool
     double lote = 0;  ///< seconds
 };
 
 Comparada Informa(const char* nombre, const Trabajo& trabajo) {
-    Medida lote = MideLote(trabajo);
-    Medida ventana = MideVentana(trabajo);
-    for (int i = 1; i < kVeces; ++i) { // in turns, so that other programs on the machine disturb both alike
-        lote = MenosMolestada(lote, MideLote(trabajo));
-        ventana = MenosMolestada(ventana, MideVentana(trabajo));
-    }
+    const auto medidas =
+        MideDeATurnos(kVeces, {[&] { return MideLote(trabajo); }, [&] { return MideVentana(trabajo); }});
+    const Medida &lote = medidas[0], &ventana = medidas[1];
     std::printf("%-16s %9d %9.2f %9.2f %8.2fx %9.2f %9.2f %8.2fx %9.1f %9.1f\n", nombre, trabajo.lineas, lote.segundos,
                 ventana.segundos, ventana.segundos / lote.segundos, lote.procesador, ventana.procesador,
                 ventana.procesador / lote.procesador, static_cast<double>(lote.memoriaKb) / 1024,

@@ -77,4 +77,18 @@ Medida Mide(const std::function<std::function<void()>()>& trabajo) {
     return medida;
 }
 
+std::vector<Medida> MideDeATurnos(int veces, const std::vector<Medicion>& mediciones) {
+    std::vector<Medida> mejores;
+    for (const Medicion& medicion : mediciones)
+        mejores.push_back(medicion());
+    for (int vez = 1; vez < veces; ++vez) {
+        for (size_t i = 0; i < mediciones.size(); ++i) {
+            const Medida otra = mediciones[i]();
+            if (otra.procesador < mejores[i].procesador)
+                mejores[i] = otra;
+        }
+    }
+    return mejores;
+}
+
 } // namespace xa518::medida

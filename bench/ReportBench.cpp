@@ -51,15 +51,8 @@ class Muestra {
 
 const ClaveDeclaracion kClave{u"20990518018"_s, u"202601"_s, kNumFormulario, false, {}};
 
-/// Several runs, the quickest of them: the machine is shared.
 Medida MejorDe(int veces, const std::function<std::function<void()>()>& trabajo) {
-    Medida mejor = Mide(trabajo);
-    for (int i = 1; i < veces; ++i) {
-        const Medida otra = Mide(trabajo);
-        if (otra.procesador < mejor.procesador)
-            mejor = otra;
-    }
-    return mejor;
+    return MideDeATurnos(veces, {[&] { return Mide(trabajo); }}).front();
 }
 
 QString NumeroCliente(int i) {
@@ -161,9 +154,11 @@ void MideAnexo(const Muestra& muestra, Tamano tamano) {
     const QLocale ingles(QLocale::English);
     const QByteArray filas = ingles.toString(tamano.Clientes()).toLatin1() + " clients and " +
                              ingles.toString(tamano.Comprobantes() + tamano.Pagos()).toLatin1() + " vouchers";
-    const Medida suelo = MejorDe(5, [&] { return [&] { LeeDesnudo(muestra.Base().toUtf8()); }; });
+    const auto lee = [&] { return Mide([&] { return [&] { LeeDesnudo(muestra.Base().toUtf8()); }; }); };
+    const auto escribe = [&] { return Mide([&] { return [&] { EscribeAnexo(muestra); }; }); };
+    const auto medidas = MideDeATurnos(7, {lee, escribe});
+    const Medida &suelo = medidas[0], &anexo = medidas[1];
     Linea(filas + ", bare read", suelo, 1, "");
-    const Medida anexo = MejorDe(5, [&] { return [&] { EscribeAnexo(muestra); }; });
     Linea("the annex of them to spool", anexo, anexo.procesador / suelo.procesador, "x the read");
     Resume(("Annex of " + filas + " to spool").constData(), anexo.procesador / suelo.procesador,
            " x the bare read of the rows", "3");
