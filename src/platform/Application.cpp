@@ -31,10 +31,11 @@ QString TextoDeLaFalla() {
 
 bool EstaTapada(const QWidget& control) {
     const QWidget* modal = QApplication::activeModalWidget();
-    const QWidget* forma = modal ? &control : nullptr;
-    while (forma && forma != modal)
-        forma = forma->parentWidget();
-    return modal && !forma;
+    for (const QWidget* forma = &control; forma; forma = forma->parentWidget()) {
+        if (forma == modal)
+            return false;
+    }
+    return modal != nullptr;
 }
 
 /// The toolkit clicks a button a moment after its access key, even if it has been disabled since or another form has
