@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kTabla = u"TMPF518PCAB"_s;
+const QString kClientes = u"TMPF518PCAB"_s;
 const QString kDelCliente = u" WHERE TIP_DOC_PER = ? AND NUM_DOC_PER=?"_s;
 
 QVariantList Valores(const ClaveCliente& cliente) {
@@ -43,7 +43,7 @@ bool ClientesTrabajo::Existe(const ClaveCliente& cliente) const {
 
 void ClientesTrabajo::Agrega(const ClaveCliente& cliente, const NombresCliente& nombres,
                              const TotalesCliente& totales) {
-    Registro fila(m_base->Describe(kTabla));
+    Registro fila(m_base->Describe(kClientes));
     fila.Pon(u"tip_doc_per", cliente.tipoDoc).Pon(u"num_doc_per", cliente.numero);
     PonNombres(fila, nombres);
     PonTotales(fila, totales);
@@ -52,7 +52,7 @@ void ClientesTrabajo::Agrega(const ClaveCliente& cliente, const NombresCliente& 
 
 void ClientesTrabajo::Modifica(const ClaveCliente& cliente, const NombresCliente& nombres,
                                const TotalesCliente& totales) {
-    std::optional<Registro> fila = m_base->Busca(kTabla, kDelCliente, Valores(cliente));
+    std::optional<Registro> fila = m_base->Busca(kClientes, kDelCliente, Valores(cliente));
     if (!fila)
         return;
     PonNombres(*fila, nombres);
@@ -61,7 +61,7 @@ void ClientesTrabajo::Modifica(const ClaveCliente& cliente, const NombresCliente
 }
 
 void ClientesTrabajo::EscribeTotales(const ClaveCliente& cliente, const TotalesCliente& totales) {
-    std::optional<Registro> fila = m_base->Busca(kTabla, kDelCliente, Valores(cliente));
+    std::optional<Registro> fila = m_base->Busca(kClientes, kDelCliente, Valores(cliente));
     if (!fila)
         return;
     PonTotales(*fila, totales);

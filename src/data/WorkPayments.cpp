@@ -8,16 +8,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kTabla = u"TMPF518PDETCP"_s;
-const QString kDelComprobante = u" WHERE TIP_DOC_PER = ? AND NUM_DOC_PER = ? AND NUM_SERIE_CP = ? AND NUM_CP = ?"_s;
-const QString kDelPago = kDelComprobante + u" AND TIP_DOC_DETCP = ? AND NUM_SERIE_DETCP = ? AND NUM_DETCP = ?"_s;
+const QString kPagos = u"TMPF518PDETCP"_s;
+const QString kDeSuComprobante = u" WHERE TIP_DOC_PER = ? AND NUM_DOC_PER = ? AND NUM_SERIE_CP = ? AND NUM_CP = ?"_s;
+const QString kDelPago = kDeSuComprobante + u" AND TIP_DOC_DETCP = ? AND NUM_SERIE_DETCP = ? AND NUM_DETCP = ?"_s;
 
-QVariantList Valores(const ClaveComprobante& clave) {
+QVariantList ValoresDelComprobante(const ClaveComprobante& clave) {
     return {clave.cliente.tipoDoc, clave.cliente.numero, clave.serie, clave.numero};
 }
 
 QVariantList Valores(const ClavePago& clave) {
-    return Valores(clave.comprobante) << clave.tipo << clave.serie << clave.numero;
+    return ValoresDelComprobante(clave.comprobante) << clave.tipo << clave.serie << clave.numero;
 }
 
 } // namespace
@@ -38,7 +38,7 @@ bool PagosTrabajo::Existe(const ClavePago& clave) const {
 }
 
 void PagosTrabajo::Agrega(const ClavePago& clave, const QString& fecha, const QString& monto) {
-    Registro fila(m_base->Describe(kTabla));
+    Registro fila(m_base->Describe(kPagos));
     fila.Pon(u"tip_doc_per", clave.comprobante.cliente.tipoDoc)
         .Pon(u"num_doc_per", clave.comprobante.cliente.numero)
         .Pon(u"num_serie_cp", clave.comprobante.serie)
@@ -52,7 +52,7 @@ void PagosTrabajo::Agrega(const ClavePago& clave, const QString& fecha, const QS
 }
 
 void PagosTrabajo::Modifica(const ClavePago& clave, const QString& fecha, const QString& monto) {
-    std::optional<Registro> fila = m_base->Busca(kTabla, kDelPago, Valores(clave));
+    std::optional<Registro> fila = m_base->Busca(kPagos, kDelPago, Valores(clave));
     if (!fila)
         return;
     fila->Pon(u"fec_emis_detcp", fecha).Pon(u"mto_detcp", monto);
@@ -64,11 +64,12 @@ void PagosTrabajo::Borra(const ClavePago& clave) {
 }
 
 void PagosTrabajo::BorraDe(const ClaveComprobante& comprobante) {
-    m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP "_s + kDelComprobante, Valores(comprobante));
+    m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP "_s + kDeSuComprobante, ValoresDelComprobante(comprobante));
 }
 
 bool PagosTrabajo::SoloNotasDeCredito(const ClaveComprobante& comprobante) const {
-    Registros filas = m_base->Lee(u"SELECT * FROM TMPF518PDETCP"_s + kDelComprobante, Valores(comprobante));
+    Registros filas =
+        m_base->Lee(u"SELECT * FROM TMPF518PDETCP"_s + kDeSuComprobante, ValoresDelComprobante(comprobante));
     const int tipo = filas.Columna(u"tip_doc_detcp");
     while (filas.Siguiente()) {
         if (filas.Texto(tipo) != u"07")

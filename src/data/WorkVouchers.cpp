@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kTabla = u"TMPF518PDET"_s;
+const QString kComprobantes = u"TMPF518PDET"_s;
 const QString kDelComprobante =
     u" WHERE TIP_DOC_PER=? AND NUM_DOC_PER=? AND NUM_SERIE_CP=? AND NUM_CP=? AND TIP_CP=?"_s;
 
@@ -47,7 +47,7 @@ bool ComprobantesTrabajo::Existe(const ClaveComprobante& clave) const {
 }
 
 void ComprobantesTrabajo::Agrega(const ClaveComprobante& clave, const CamposComprobante& campos) {
-    Registro fila(m_base->Describe(kTabla));
+    Registro fila(m_base->Describe(kComprobantes));
     fila.Pon(u"tip_doc_per", clave.cliente.tipoDoc)
         .Pon(u"num_doc_per", clave.cliente.numero)
         .Pon(u"num_serie_cp", clave.serie)
@@ -58,7 +58,7 @@ void ComprobantesTrabajo::Agrega(const ClaveComprobante& clave, const CamposComp
 }
 
 void ComprobantesTrabajo::Modifica(const ClaveComprobante& clave, const CamposComprobante& campos) {
-    std::optional<Registro> fila = m_base->Busca(kTabla, kDelComprobante, Valores(clave));
+    std::optional<Registro> fila = m_base->Busca(kComprobantes, kDelComprobante, Valores(clave));
     if (!fila)
         return;
     PonCampos(*fila, campos);

@@ -17,7 +17,7 @@ const QString kCampoNumero = u"TxtNumOrdenE_0"_s;
 
 Veredicto Alto(MomentoOrden momento, const QString& enBoton, const QString& alCerrar) {
     const QString texto = momento == MomentoOrden::Boton ? enBoton : alCerrar;
-    return Veredicto::Rechaza({Icono::Critico, texto, {}}, kCampoNumero);
+    return Veredicto::Critico(texto, kCampoNumero);
 }
 
 } // namespace

@@ -14,12 +14,8 @@ namespace {
 const QString kPeriodoVacio = u"__/____"_s;
 const QString kPrimerPeriodo = u"200501"_s;
 
-Veredicto Alto(const QString& texto, const QString& campo) {
-    return Veredicto::Rechaza({Icono::Critico, texto, {}}, campo);
-}
-
 Veredicto PeriodoNoValido() {
-    return Alto(u"El período no es válido."_s, kCampoPeriodo);
+    return Veredicto::Critico(u"El período no es válido."_s, kCampoPeriodo);
 }
 
 bool MesExiste(QStringView mostrado) {
@@ -46,17 +42,18 @@ bool ExisteDeclaracion(Base& base, const ClaveDeclaracion& clave) {
 }
 
 Veredicto RechazaDuplicada(Base& base, const ClaveDeclaracion& clave) {
-    return ExisteDeclaracion(base, clave) ? Alto(u"La declaración ya ha sido registrada."_s, kCampoPeriodo)
-                                          : Veredicto::Bien();
+    return ExisteDeclaracion(base, clave)
+               ? Veredicto::Critico(u"La declaración ya ha sido registrada."_s, kCampoPeriodo)
+               : Veredicto::Bien();
 }
 
 Veredicto ValidaContForm1(Base& base, const Identificacion& identificacion, const QDate& hoy) {
     const QString& mostrado = identificacion.mostrado;
     if (identificacion.nueva) {
         if (identificacion.ruc.isEmpty())
-            return Alto(u"Debe seleccionar un Contribuyente."_s, kCampoRuc);
+            return Veredicto::Critico(u"Debe seleccionar un Contribuyente."_s, kCampoRuc);
         if (mostrado == kPeriodoVacio)
-            return Alto(u"Debe ingresar Período."_s, kCampoPeriodo);
+            return Veredicto::Critico(u"Debe ingresar Período."_s, kCampoPeriodo);
         // A disabled period field is the sign that the form itself saved the row, so later saves pass.
         const ClaveDeclaracion clave{identificacion.ruc, PeriodoDePantalla(mostrado), kNumFormulario, false, {}};
         if (identificacion.periodoHabilitado) {
@@ -73,7 +70,7 @@ Veredicto ValidaClaveElegida(const Identificacion& identificacion) {
     if (!identificacion.nueva)
         return Veredicto::Bien();
     if (identificacion.ruc.isEmpty())
-        return Alto(u"Ingrese el RUC."_s, kCampoRuc);
+        return Veredicto::Critico(u"Ingrese el RUC."_s, kCampoRuc);
     return identificacion.mostrado.contains(u'_') ? PeriodoNoValido() : Veredicto::Bien();
 }
 

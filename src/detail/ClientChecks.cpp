@@ -15,33 +15,29 @@ const QString kNumero = u"TxtNumDoc"_s;
 constexpr int kLargoRuc = 11;
 constexpr int kLargoDni = 8;
 
-Veredicto Si(bool falta, const QString& texto, const QString& campo) {
-    return falta ? Veredicto::Rechaza({Icono::Critico, texto, {}}, campo) : Veredicto::Bien();
-}
-
 /// Only code "01" is held to eight digits: wanted.
 Veredicto ValidaDni(const DatosCliente& datos) {
-    return Si(datos.codigo == u"01" && datos.numero.size() != kLargoDni, u"El DNI o LE debe ser de 8 digitos."_s,
-              kNumero);
+    return CriticoSi(datos.codigo == u"01" && datos.numero.size() != kLargoDni, u"El DNI o LE debe ser de 8 digitos."_s,
+                     kNumero);
 }
 
 Veredicto ValidaExistencia(const DatosCliente& datos) {
-    if (Veredicto v = Si(datos.codigo.isEmpty(), u"Ingrese el tipo de documento."_s, u"CmbTipDoc"_s); !v)
+    if (Veredicto v = CriticoSi(datos.codigo.isEmpty(), u"Ingrese el tipo de documento."_s, u"CmbTipDoc"_s); !v)
         return v;
-    return Si(datos.numero.isEmpty(), u"Ingrese el número de documento."_s, kNumero);
+    return CriticoSi(datos.numero.isEmpty(), u"Ingrese el número de documento."_s, kNumero);
 }
 
 Veredicto ValidaCero(const DatosCliente& datos) {
-    return Si(EsNumericoCero(datos.numero), u"El número de documento no puede ser cero"_s, kNumero);
+    return CriticoSi(EsNumericoCero(datos.numero), u"El número de documento no puede ser cero"_s, kNumero);
 }
 
 Veredicto ValidaNombres(const DatosCliente& datos) {
     const QString nombres = u"TxtNombres"_s;
     if (datos.EsDeEmpresa())
-        return Si(datos.nombres.isEmpty(), u"Ingrese la Razón Social."_s, nombres);
-    if (Veredicto v = Si(datos.apellidoP.isEmpty(), u"Ingrese el apellido paterno."_s, u"TxtApePat"_s); !v)
+        return CriticoSi(datos.nombres.isEmpty(), u"Ingrese la Razón Social."_s, nombres);
+    if (Veredicto v = CriticoSi(datos.apellidoP.isEmpty(), u"Ingrese el apellido paterno."_s, u"TxtApePat"_s); !v)
         return v;
-    return Si(datos.nombres.isEmpty(), u"Ingrese los nombres."_s, nombres);
+    return CriticoSi(datos.nombres.isEmpty(), u"Ingrese los nombres."_s, nombres);
 }
 
 } // namespace
@@ -62,9 +58,9 @@ NombresCliente DatosCliente::Nombres() const {
 
 Veredicto ValidaRucDeCliente(const QString& numero, const QString& docDeclarante) {
     const bool valido = numero.size() == kLargoRuc && ObjetoUtil::ValidaRUC(Recorta(numero));
-    if (Veredicto v = Si(!valido, u"El RUC no es Válido."_s, kNumero); !v)
+    if (Veredicto v = CriticoSi(!valido, u"El RUC no es Válido."_s, kNumero); !v)
         return v;
-    return Si(numero == docDeclarante, u"El RUC no puede ser igual al del declarante."_s, kNumero);
+    return CriticoSi(numero == docDeclarante, u"El RUC no puede ser igual al del declarante."_s, kNumero);
 }
 
 Veredicto ValidaParaAceptar(const DatosCliente& datos, const QString& docDeclarante) {
@@ -108,10 +104,9 @@ Veredicto ValidaAlTeclear(const DatosCliente& datos, const QString& docDeclarant
 }
 
 Veredicto ClienteRegistrado(const DatosCliente& datos) {
-    return Si(true,
-              datos.EsRuc() ? u"El RUC del agente de percepción ya se registró."_s
-                            : u"El documento del agente de percepción ya se registró."_s,
-              kNumero);
+    return Veredicto::Critico(datos.EsRuc() ? u"El RUC del agente de percepción ya se registró."_s
+                                            : u"El documento del agente de percepción ya se registró."_s,
+                              kNumero);
 }
 
 } // namespace xa518

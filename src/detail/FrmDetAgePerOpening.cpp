@@ -28,7 +28,7 @@ class CeldaDeMonto final : public QStyledItemDelegate {
 };
 
 /// The code of the type is in the rows, for the rules, but isn't shown.
-QList<ColumnaDeGrilla> Columnas() {
+QList<ColumnaDeGrilla> ColumnasDePagos() {
     const auto columna = [](const QString& titulo, ColumnaPago campo, bool derecha = false) {
         return ColumnaDeGrilla{titulo, static_cast<int>(campo), derecha, {}};
     };
@@ -47,7 +47,7 @@ FrmDetAgePer::FrmDetAgePer(Proceso& proceso, Avisos& avisos, const Comprobante& 
     , m_cliente(comprobante.clave.cliente)
     , m_banda(BandaDe(proceso.periodoDeclarado, proceso.fechaPrimerIgv))
     , m_tasa(*proceso.baseDatos, proceso.periodoDeclarado, proceso.fechaPrimerIgv)
-    , m_pagos(Columnas()) {
+    , m_pagos(ColumnasDePagos()) {
     const RelojDeArena reloj;
     m_ui->setupUi(this);
     Prepara({m_ui->CmdOpciones_1});

@@ -14,8 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kSerie = u"TxtSerie"_s;
-const QString kNumero = u"TxtNumero"_s;
+const QString kCampoSerie = u"TxtSerie"_s;
+const QString kCampoNumero = u"TxtNumero"_s;
 const QString kDesdeLetras = u"20100719"_s;
 const QString kSoloPrimera = u"No se permite letras desde la segunda a la cuarta posición en el número de serie."_s;
 constexpr int kLargoSerie = 4;
@@ -28,17 +28,9 @@ Veredicto Primero(const Chequeos&... chequeos) {
     return veredicto;
 }
 
-Veredicto Critico(const QString& texto, const QString& campo) {
-    return Veredicto::Rechaza({Icono::Critico, texto, {}}, campo);
-}
-
 /// As the utility object's message shows.
 Veredicto Advierte(const QString& texto) {
-    return Veredicto::Rechaza({Icono::Exclamacion, texto, {}}, kSerie);
-}
-
-Veredicto Si(bool falta, const QString& texto, const QString& campo) {
-    return falta ? Critico(texto, campo) : Veredicto::Bien();
+    return Veredicto::Rechaza({Icono::Exclamacion, texto, {}}, kCampoSerie);
 }
 
 bool EstaVacio(const QString& texto) {
@@ -75,20 +67,20 @@ Veredicto ValidaSerieConLetra(const QString& serie) {
 Veredicto ValidaSerie(const DatosComprobante& datos) {
     if (DesdeElCambio(datos.fecha))
         return ValidaSerieConLetra(datos.serie);
-    return Si(!EsDigito(datos.serie.front()), u"El número de serie debe ser numérico"_s, kSerie);
+    return CriticoSi(!EsDigito(datos.serie.front()), u"El número de serie debe ser numérico"_s, kCampoSerie);
 }
 
 Veredicto ValidaIdentidad(const DatosComprobante& datos) {
     return Primero(
         [&] {
-            return Si(datos.contado && datos.tipoCp.isEmpty(), u"Ingrese el tipo de comprobante de pago"_s,
-                      u"CmbTipoCP"_s);
+            return CriticoSi(datos.contado && datos.tipoCp.isEmpty(), u"Ingrese el tipo de comprobante de pago"_s,
+                             u"CmbTipoCP"_s);
         },
-        [&] { return Si(EstaVacio(datos.serie), u"Ingrese la serie"_s, kSerie); },
-        [&] { return Si(EstaVacio(datos.numero), u"Ingrese el número del documento"_s, kNumero); },
+        [&] { return CriticoSi(EstaVacio(datos.serie), u"Ingrese la serie"_s, kCampoSerie); },
+        [&] { return CriticoSi(EstaVacio(datos.numero), u"Ingrese el número del documento"_s, kCampoNumero); },
         [&] {
-            return Si(SignoDelValor(datos.numero) == 0, u"El número de comprobante de percepción no puede ser cero"_s,
-                      kNumero);
+            return CriticoSi(SignoDelValor(datos.numero) == 0,
+                             u"El número de comprobante de percepción no puede ser cero"_s, kCampoNumero);
         },
         [&] { return ValidaSerie(datos); });
 }
@@ -99,10 +91,10 @@ Veredicto ValidaSerieDePago(const DatosPago& datos) {
     const bool nueva = DesdeElCambio(datos.fecha);
     const QStringView recortada = Recorta(datos.serie);
     return Primero(
-        [&] { return Si(AdmiteLetras(datos.tipo) && !soloLetrasYDigitos, texto, kSerie); },
+        [&] { return CriticoSi(AdmiteLetras(datos.tipo) && !soloLetrasYDigitos, texto, kCampoSerie); },
         // Padding leaves a series with letters alone, so that "A12" ends here. Wanted.
-        [&] { return Si(recortada.size() != kLargoSerie, texto, kSerie); },
-        [&] { return Si(!nueva && !soloLetrasYDigitos, texto, kSerie); },
+        [&] { return CriticoSi(recortada.size() != kLargoSerie, texto, kCampoSerie); },
+        [&] { return CriticoSi(!nueva && !soloLetrasYDigitos, texto, kCampoSerie); },
         [&] { return nueva && !EmpiezaBien(datos.serie) ? Advierte(SoloLetrasODigitos(u" "_s)) : Veredicto::Bien(); },
         [&] {
             const bool otraLetra = std::any_of(recortada.begin() + 1, recortada.end(), EsLetra);
@@ -111,14 +103,17 @@ Veredicto ValidaSerieDePago(const DatosPago& datos) {
 }
 
 Veredicto ValidaIdentidad(const DatosPago& datos) {
-    return Primero([&] { return Si(datos.tipo.isEmpty(), u"Ingrese el tipo de documento"_s, u"CmbTipoDoc"_s); },
-                   [&] { return Si(EstaVacio(datos.serie), u"Ingrese la serie"_s, kSerie); },
-                   [&] { return Si(EstaVacio(datos.numero), u"Ingrese el número del documento"_s, kNumero); },
-                   [&] {
-                       return Si(SignoDelValor(datos.numero) == 0,
-                                 u"El número de comprobante de pago no puede ser cero."_s, kNumero);
-                   },
-                   [&] { return Si(EsNumericoCero(datos.serie), u"El número de serie no puede ser cero."_s, kSerie); });
+    return Primero(
+        [&] { return CriticoSi(datos.tipo.isEmpty(), u"Ingrese el tipo de documento"_s, u"CmbTipoDoc"_s); },
+        [&] { return CriticoSi(EstaVacio(datos.serie), u"Ingrese la serie"_s, kCampoSerie); },
+        [&] { return CriticoSi(EstaVacio(datos.numero), u"Ingrese el número del documento"_s, kCampoNumero); },
+        [&] {
+            return CriticoSi(SignoDelValor(datos.numero) == 0, u"El número de comprobante de pago no puede ser cero."_s,
+                             kCampoNumero);
+        },
+        [&] {
+            return CriticoSi(EsNumericoCero(datos.serie), u"El número de serie no puede ser cero."_s, kCampoSerie);
+        });
 }
 
 /// A lone point has the value 0, so that the last test is never reached. Wanted: the order is the system's.
@@ -126,11 +121,11 @@ Veredicto ValidaMonto(const QString& monto) {
     const QString campo = u"TxtMtoDet"_s;
     const QString falta = u"Ingrese el valor total del comprobante de pago"_s;
     if (monto.isEmpty())
-        return Critico(falta, campo);
+        return Veredicto::Critico(falta, campo);
     const QString sinGrupos = Format(monto, u"###########0.###0");
     if (Decimal::Valor(sinGrupos) < Decimal::Valor(u"0.01"))
-        return Critico(u"Ingrese valor total del comprobante de pago mayor a cero."_s, campo);
-    return Si(monto == u".", falta, campo);
+        return Veredicto::Critico(u"Ingrese valor total del comprobante de pago mayor a cero."_s, campo);
+    return CriticoSi(monto == u".", falta, campo);
 }
 
 /// "1" and "0" for the answers, `abierta` for none.
@@ -147,23 +142,24 @@ bool AdmiteLetras(QStringView tipo) {
 }
 
 Veredicto ValidaGrabar(const DatosComprobante& datos, const QString& periodoDeclarado, const QDate& hoy) {
-    return Primero(
-        [&] { return ValidaIdentidad(datos); }, [&] { return ValidaFechaEscrita(datos.fecha); },
-        [&] { return ValidaFecha(datos.fecha, periodoDeclarado, hoy); },
-        [&] {
-            return Si(datos.monto.isEmpty() || datos.monto == u".", u"Ingrese el Monto cobrado"_s, u"TxtMtoBase"_s);
-        },
-        [&] {
-            return Si(datos.exigeListado && !datos.respuestas.listado,
-                      u"Conteste si su cliente figura en el listado publicado por ZOLMA"_s, u"OptListado_0"_s);
-        });
+    return Primero([&] { return ValidaIdentidad(datos); }, [&] { return ValidaFechaEscrita(datos.fecha); },
+                   [&] { return ValidaFecha(datos.fecha, periodoDeclarado, hoy); },
+                   [&] {
+                       return CriticoSi(datos.monto.isEmpty() || datos.monto == u".", u"Ingrese el Monto cobrado"_s,
+                                        u"TxtMtoBase"_s);
+                   },
+                   [&] {
+                       return CriticoSi(datos.exigeListado && !datos.respuestas.listado,
+                                        u"Conteste si su cliente figura en el listado publicado por ZOLMA"_s,
+                                        u"OptListado_0"_s);
+                   });
 }
 
 Veredicto ValidaGrabar(const DatosPago& datos, const std::function<Veredicto()>& fechaOrigen) {
     return Primero([&] { return ValidaIdentidad(datos); }, [&] { return ValidaFechaEscrita(datos.fecha); },
                    [&] {
-                       return Si(!ObjetoUtil::FechaEnRango(datos.fecha, u"01/01/1900", u"01/01/2500"),
-                                 u"Debe ingresar una fecha válida."_s, u"MkeFecEmis"_s);
+                       return CriticoSi(!ObjetoUtil::FechaEnRango(datos.fecha, u"01/01/1900", u"01/01/2500"),
+                                        u"Debe ingresar una fecha válida."_s, u"MkeFecEmis"_s);
                    },
                    fechaOrigen, [&] { return ValidaSerieDePago(datos); }, [&] { return ValidaMonto(datos.monto); });
 }

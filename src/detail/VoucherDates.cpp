@@ -12,7 +12,7 @@ namespace {
 const QString kCampo = u"MkeFecEmis"_s;
 
 Veredicto Rechaza(const QString& texto) {
-    return Veredicto::Rechaza({Icono::Critico, texto, {}}, kCampo);
+    return Veredicto::Critico(texto, kCampo);
 }
 
 QString MesYAnio(QStringView periodo) {
@@ -28,7 +28,7 @@ bool EsMes(QStringView fecha) {
 Veredicto ValidaReloj(const QString& fecha, const QDate& hoy, const QString& texto) {
     if (Fechadesistema(fecha, hoy))
         return Veredicto::Bien();
-    return Veredicto::Rechaza({Icono::Critico, texto, {}}, {});
+    return Veredicto::Critico(texto);
 }
 
 } // namespace

@@ -28,10 +28,6 @@ const QString kExtensionDanada = u".DANADA"_s; ///< no copy to restore, but what
 const QString kDiario = u"-journal"_s;
 constexpr qint64 kRafaga = 3600; ///< seconds that a row of quick copies may run ahead of the clock
 
-Veredicto Rechaza(const QString& texto) {
-    return Veredicto::Rechaza({Icono::Critico, texto, {}}, {});
-}
-
 /// Why the file, a copy of a copy, can't take the base's place; empty when it can. Its tables are brought up to date.
 QString MotivoDeRechazo(const QString& ruta) {
     try {
@@ -135,13 +131,13 @@ void Respaldos::QuitaSobrantes(const QString& reciente) const {
 
 Veredicto Respaldos::Restaura(const QString& archivo) const {
     if (!QFileInfo(archivo).isFile())
-        return Rechaza(u"No se encuentra el archivo '%1'."_s.arg(archivo));
+        return Veredicto::Critico(u"No se encuentra el archivo '%1'."_s.arg(archivo));
     CreaCarpetaPrivada(m_carpeta);
     const LugarDePaso lugar(QFileInfo(m_rutaBase).absolutePath());
     CopiaPrivada(archivo, lugar.Archivo());
     const QString motivo = MotivoDeRechazo(lugar.Archivo());
     if (!motivo.isEmpty())
-        return Rechaza(u"El archivo '%1' no se puede restaurar: %2"_s.arg(archivo, motivo));
+        return Veredicto::Critico(u"El archivo '%1' no se puede restaurar: %2"_s.arg(archivo, motivo));
     if (Veredicto veredicto = ExigeLibre(); !veredicto)
         return veredicto;
     GuardaLoQueHay();
@@ -154,7 +150,7 @@ Veredicto Respaldos::Restaura(const QString& archivo) const {
 Veredicto Respaldos::ExigeLibre() const {
     const QStringList programas = ProgramasQueUsan(m_rutaBase);
     if (!programas.isEmpty())
-        return Rechaza(
+        return Veredicto::Critico(
             u"La base está en uso por otro programa: %1. Ciérrelo antes de restaurar."_s.arg(programas.join(u", "_s)));
     try {
         const std::unique_ptr<Base> base = Base::Abre(m_rutaBase);
@@ -162,8 +158,9 @@ Veredicto Respaldos::ExigeLibre() const {
         base->Ejecuta(u"ROLLBACK"_s);
     } catch (const ErrorBase& error) {
         if (error.Es(NumeroError::BaseBloqueada))
-            return Rechaza(u"La base está en uso por otro programa o es de sólo lectura. Inténtelo de nuevo cuando esté"
-                           " libre."_s);
+            return Veredicto::Critico(
+                u"La base está en uso por otro programa o es de sólo lectura. Inténtelo de nuevo cuando esté"
+                " libre."_s);
         // A base that is missing or can't be read is what a copy is restored for.
     }
     return Veredicto::Bien();

@@ -17,10 +17,6 @@ constexpr qsizetype kLargoRucAntiguo = 8;
 constexpr qsizetype kLargoNombre = 50; ///< what the lists of the modules show
 constexpr int kIngresoGeneral = 1;     ///< of `Tipo_Ingreso`; only a sibling form looks for another
 
-Veredicto Rechaza(const QString& texto, const QString& campo) {
-    return Veredicto::Rechaza({Icono::Critico, texto, {}}, campo);
-}
-
 bool EsRucAdmitido(const QString& ruc) {
     return ObjetoUtil::ValidaRUC(ruc) || (ruc.size() == kLargoRucAntiguo && ObjetoUtil::ValidaNumeroDoc(ruc));
 }
@@ -32,13 +28,14 @@ bool EsTextoDeUnaLinea(const QString& texto) {
 
 Veredicto ValidaDeclarante(const Declarante& declarante) {
     if (!EsRucAdmitido(declarante.ruc))
-        return Rechaza(u"El RUC '%1' no es válido."_s.arg(declarante.ruc), u"ruc"_s);
+        return Veredicto::Critico(u"El RUC '%1' no es válido."_s.arg(declarante.ruc), u"ruc"_s);
     if (declarante.nombre.isEmpty())
-        return Rechaza(u"Ingrese el nombre o razón social del declarante."_s, u"nombre"_s);
+        return Veredicto::Critico(u"Ingrese el nombre o razón social del declarante."_s, u"nombre"_s);
     if (declarante.nombre.size() > kLargoNombre)
-        return Rechaza(u"El nombre del declarante no puede pasar de %1 caracteres."_s.arg(kLargoNombre), u"nombre"_s);
+        return Veredicto::Critico(u"El nombre del declarante no puede pasar de %1 caracteres."_s.arg(kLargoNombre),
+                                  u"nombre"_s);
     if (!EsTextoDeUnaLinea(declarante.nombre))
-        return Rechaza(u"El nombre del declarante tiene caracteres no permitidos."_s, u"nombre"_s);
+        return Veredicto::Critico(u"El nombre del declarante tiene caracteres no permitidos."_s, u"nombre"_s);
     return Veredicto::Bien();
 }
 
@@ -100,15 +97,15 @@ Veredicto Declarantes::Escribe(Declarante declarante, Modo modo) {
     if (Veredicto veredicto = ValidaDeclarante(declarante); !veredicto)
         return veredicto;
     if (modo != Modo::Cualquiera && declarante.usuario.isEmpty())
-        return Rechaza(u"Ingrese el usuario a quien pertenece el declarante."_s, u"usuario"_s);
+        return Veredicto::Critico(u"Ingrese el usuario a quien pertenece el declarante."_s, u"usuario"_s);
     Transaccion transaccion = m_base->Comienza();
     const std::optional<Declarante> anterior = Busca(declarante.ruc);
     if (anterior && modo == Modo::Nuevo)
-        return Rechaza(
+        return Veredicto::Critico(
             u"El declarante %1 ya está registrado, con el nombre '%2'."_s.arg(anterior->ruc, anterior->nombre),
             u"ruc"_s);
     if (!anterior && modo == Modo::Existente)
-        return Rechaza(u"El declarante %1 ya no está registrado."_s.arg(declarante.ruc), u"ruc"_s);
+        return Veredicto::Critico(u"El declarante %1 ya no está registrado."_s.arg(declarante.ruc), u"ruc"_s);
     if (anterior)
         Cambia(*m_base, declarante, *anterior);
     else
@@ -120,9 +117,9 @@ Veredicto Declarantes::Escribe(Declarante declarante, Modo modo) {
 Veredicto Declarantes::Elimina(const QString& ruc) {
     Transaccion transaccion = m_base->Comienza();
     if (TieneDeclaraciones(ruc))
-        return Rechaza(u"El declarante %1 tiene declaraciones: elimínelas primero."_s.arg(ruc), u"ruc"_s);
+        return Veredicto::Critico(u"El declarante %1 tiene declaraciones: elimínelas primero."_s.arg(ruc), u"ruc"_s);
     if (m_base->Ejecuta(u"DELETE * FROM CONT WHERE Tip_doc_d = 6 AND Doc_id_d = ?"_s, {ruc}) == 0)
-        return Rechaza(u"El declarante %1 no está registrado."_s.arg(ruc), u"ruc"_s);
+        return Veredicto::Critico(u"El declarante %1 no está registrado."_s.arg(ruc), u"ruc"_s);
     transaccion.Confirma();
     return Veredicto::Bien();
 }

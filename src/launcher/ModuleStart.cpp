@@ -12,10 +12,6 @@ namespace {
 
 const QString kModulo = u"xa518"_s;
 
-Veredicto Rechaza(const QString& texto) {
-    return Veredicto::Rechaza({Icono::Critico, texto, {}}, {});
-}
-
 } // namespace
 
 Veredicto IniciaModulo(const QString& carpeta) {
@@ -23,11 +19,13 @@ Veredicto IniciaModulo(const QString& carpeta) {
     if (programa.isEmpty())
         programa = QStandardPaths::findExecutable(kModulo);
     if (programa.isEmpty())
-        return Rechaza(u"No se encuentra el programa %1, ni en '%2' ni en las carpetas de PATH. Instale el módulo y"
-                       " vuelva a intentarlo."_s.arg(kModulo, QDir::toNativeSeparators(carpeta)));
+        return Veredicto::Critico(
+            u"No se encuentra el programa %1, ni en '%2' ni en las carpetas de PATH. Instale el módulo y"
+            " vuelva a intentarlo."_s.arg(kModulo, QDir::toNativeSeparators(carpeta)));
     if (!QProcess::startDetached(programa, {}))
-        return Rechaza(u"No se pudo iniciar '%1'. Revise que el programa esté completo y que se pueda ejecutar."_s.arg(
-            QDir::toNativeSeparators(programa)));
+        return Veredicto::Critico(
+            u"No se pudo iniciar '%1'. Revise que el programa esté completo y que se pueda ejecutar."_s.arg(
+                QDir::toNativeSeparators(programa)));
     return Veredicto::Bien();
 }
 

@@ -53,7 +53,7 @@ void PagDeclarantes::Abre(const Declarante& inicial, Veredicto (Declarantes::*es
             Declarantes declarantes(*base);
             return (declarantes.*escribe)(declarante);
         } catch (const Error& error) {
-            return Veredicto::Rechaza({Icono::Critico, TextoDeFalla(error), {}}, {});
+            return Veredicto::Critico(TextoDeFalla(error));
         }
     };
     FrmDeclarante forma(LosAvisos(), inicial, m_usuarios, guarda, window());

@@ -29,7 +29,7 @@ constexpr qint64 kUltimoControl = 99'999'999;
 using Sello = QHash<QString, QVariant>;
 
 Veredicto Rechaza(const QString& motivo, const ClaveDeclaracion& clave) {
-    return Veredicto::Rechaza({Icono::Critico, motivo.arg(clave.ruc, clave.periodo), {}}, {});
+    return Veredicto::Critico(motivo.arg(clave.ruc, clave.periodo));
 }
 
 /// For each column of the target the position of the source's column of that name; -1 for one that the seal fills.

@@ -11,7 +11,6 @@ namespace xa518 {
 
 namespace {
 
-constexpr int kRetroceso = 8;
 constexpr int kPunto = '.';
 
 QChar Letra(int tecla) {

@@ -16,7 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kRetroceso = 8;
 constexpr int kSinLimite = 32767;
 
 bool EsEntrar(const QKeyEvent& tecla) {

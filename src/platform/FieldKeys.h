@@ -14,7 +14,9 @@ namespace xa518 {
 // Tab, shortcuts) pass untouched. A field with any of them takes text only from keys: pasting by keys, menu, middle
 // button or drop is blocked.
 
-/// A key's character code (8 Backspace) in, the code to type out: the same, another one, or 0 to swallow the key.
+inline constexpr int kRetroceso = 8; ///< the character code of Backspace
+
+/// A key's character code in, the code to type out: the same, another one, or 0 to swallow the key.
 using FiltroTecla = std::function<int(int tecla)>;
 
 void FiltraTeclas(QLineEdit& campo, FiltroTecla filtro);

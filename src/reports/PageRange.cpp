@@ -17,7 +17,7 @@ const QString kDesde = u"txtPagDesde"_s;
 const QString kHasta = u"txtPagHasta"_s;
 
 /// The leading digits: a blank or a point, which the fields let through, ends them, and none count as 0. Wanted.
-int Pagina(const QString& texto) {
+int NumeroDePagina(const QString& texto) {
     constexpr int kTope = 1'000'000'000;
     qint64 pagina = 0;
     for (const QChar c : Recorta(texto)) {
@@ -28,10 +28,6 @@ int Pagina(const QString& texto) {
     return static_cast<int>(pagina);
 }
 
-Veredicto Rechaza(const QString& texto, const QString& campo) {
-    return Veredicto::Rechaza({Icono::Critico, texto, {}}, campo);
-}
-
 } // namespace
 
 ViaInforme ViaPara(int hojas) {
@@ -40,20 +36,20 @@ ViaInforme ViaPara(int hojas) {
 
 Veredicto ValidaRango(const QString& desde, const QString& hasta, int total) {
     if (desde.isEmpty())
-        return Rechaza(u"Ingrese página de inicio."_s, kDesde);
-    if (Pagina(desde) < 1)
-        return Rechaza(u"Página inicial debe ser a partir de 1."_s, kDesde);
-    if (Pagina(desde) > total)
-        return Rechaza(u"Página inicial no debe ser mayor a total de páginas del reporte."_s, kDesde);
+        return Veredicto::Critico(u"Ingrese página de inicio."_s, kDesde);
+    if (NumeroDePagina(desde) < 1)
+        return Veredicto::Critico(u"Página inicial debe ser a partir de 1."_s, kDesde);
+    if (NumeroDePagina(desde) > total)
+        return Veredicto::Critico(u"Página inicial no debe ser mayor a total de páginas del reporte."_s, kDesde);
     if (hasta.isEmpty())
-        return Rechaza(u"Ingrese página de Fin."_s, kHasta);
-    if (Pagina(hasta) < Pagina(desde)) // said the wrong way around, wanted so
-        return Rechaza(u"Página de Inicio debe ser mayor a página de Fin."_s, kHasta);
+        return Veredicto::Critico(u"Ingrese página de Fin."_s, kHasta);
+    if (NumeroDePagina(hasta) < NumeroDePagina(desde)) // said the wrong way around, wanted so
+        return Veredicto::Critico(u"Página de Inicio debe ser mayor a página de Fin."_s, kHasta);
     return Veredicto::Bien();
 }
 
 RangoPaginas TomaRango(const QString& desde, const QString& hasta) {
-    return {true, Pagina(desde), Pagina(hasta)};
+    return {true, NumeroDePagina(desde), NumeroDePagina(hasta)};
 }
 
 bool EsTeclaDePagina(int tecla) {

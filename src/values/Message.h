@@ -30,7 +30,16 @@ struct Veredicto {
     [[nodiscard]] static Veredicto Rechaza(Mensaje mensaje, QString campo) {
         return {false, std::move(mensaje), std::move(campo)};
     }
+    /// Refused with the stop sign, which is what nearly every rule shows.
+    [[nodiscard]] static Veredicto Critico(const QString& texto, const QString& campo = {}) {
+        return Rechaza({Icono::Critico, texto, {}}, campo);
+    }
     explicit operator bool() const { return pasa; }
 };
+
+/// The verdict of one check: refused when the fault is there.
+[[nodiscard]] inline Veredicto CriticoSi(bool falta, const QString& texto, const QString& campo) {
+    return falta ? Veredicto::Critico(texto, campo) : Veredicto::Bien();
+}
 
 } // namespace xa518

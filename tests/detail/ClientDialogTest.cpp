@@ -10,8 +10,6 @@ namespace {
 using namespace Qt::StringLiterals;
 
 const QString kFaltaComprobante = u"Ingrese al menos un comprobante de pago"_s;
-const QString kGuardar = u"La información ha sido modificada. ¿Desea guardar los cambios?"_s;
-const QString kSinComprobantes = u"No hay comprobantes. Si sale se borrará este registro. ¿Esta Seguro?"_s;
 
 class ClientDialogTest : public prueba::DetailTest {
   protected:

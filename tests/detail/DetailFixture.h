@@ -11,7 +11,10 @@
 
 namespace xa518::prueba {
 
-const QString kEmpresa = QStringLiteral("20500000008");
+inline const QString kEmpresa = QStringLiteral("20500000008");
+inline const QString kGuardar = QStringLiteral("La información ha sido modificada. ¿Desea guardar los cambios?");
+inline const QString kSinComprobantes =
+    QStringLiteral("No hay comprobantes. Si sale se borrará este registro. ¿Esta Seguro?");
 
 /// An open declaration in which clients are entered by hand.
 class DetailTest : public testing::Test {
@@ -47,5 +50,7 @@ using prueba::AlAbrir;
 using prueba::Clic;
 using prueba::De;
 using prueba::kEmpresa;
+using prueba::kGuardar;
+using prueba::kSinComprobantes;
 using prueba::Muestra;
 } // namespace xa518

@@ -12,8 +12,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-const QString kGuardar = u"La información ha sido modificada. ¿Desea guardar los cambios?"_s;
-const QString kSinComprobantes = u"No hay comprobantes. Si sale se borrará este registro. ¿Esta Seguro?"_s;
 const QString kFaltaPago = u"Ingrese al menos un comprobante de pago"_s;
 
 class VoucherDialogTest : public prueba::DetailTest {

@@ -18,10 +18,9 @@
 
 using namespace xa518;
 using namespace Qt::StringLiterals;
+using prueba::kRucMuestra;
 
 namespace {
-
-const QString kRuc = u"20990518018"_s;
 
 class Console : public testing::Test {
   protected:
@@ -52,7 +51,7 @@ class Console : public testing::Test {
 TEST_F(Console, InstallsPrivatelyWithTheRowsThatTheModulesRelyOn) {
     ASSERT_EQ(Corre({u"--instalar"_s, u"--ejemplo"_s}), 0) << qPrintable(errores);
     for (const QString& nombre : {u""_s, u"RPT"_s, u"TMP"_s, u"BMP"_s, u"0518"_s, u"EJEMPLO"_s, u"XA000.DB"_s,
-                                  u"XA000.MDW"_s, u"0518/Xa518.hlp"_s, u"EJEMPLO/0518"_s + kRuc + u"202609.TXT"_s}) {
+                                  u"XA000.MDW"_s, u"0518/Xa518.hlp"_s, u"EJEMPLO/0518"_s + kRucMuestra + u"202609.TXT"_s}) {
         EXPECT_TRUE(QFile::exists(carpeta + u'/' + nombre)) << qPrintable(nombre);
         EXPECT_EQ(QFile::permissions(carpeta + u'/' + nombre) & prueba::kDeOtros, QFile::Permissions());
     }
@@ -61,7 +60,7 @@ TEST_F(Console, InstallsPrivatelyWithTheRowsThatTheModulesRelyOn) {
     EXPECT_EQ(perfil.Lee(u"Options", u"DBPath") + perfil.Lee(u"Options", u"DBName"), RutaBase());
     EXPECT_EQ(perfil.Lee(u"Options", u"SysUser"), u"CONTADOR"_s);
     const auto base = Abre();
-    EXPECT_EQ(Declarantes(*base).Busca(kRuc).value().usuario, u"CONTADOR"_s);
+    EXPECT_EQ(Declarantes(*base).Busca(kRucMuestra).value().usuario, u"CONTADOR"_s);
     const Catalogo catalogo(*base);
     // The row that the modules use when this one is missing: any piece out of its column would show.
     EXPECT_EQ(catalogo.Funcion(u"044"_s, u"6"_s),
@@ -77,9 +76,9 @@ TEST_F(Console, InstallsPrivatelyWithTheRowsThatTheModulesRelyOn) {
 
 TEST_F(Console, ReinstallingRenewsTheCatalogueAndKeepsWhatTheUserMade) {
     ASSERT_EQ(Corre({u"--instalar"_s, u"--ejemplo"_s}), 0);
-    const QString archivo = carpeta + u"/EJEMPLO/0518"_s + kRuc + u"202610.TXT"_s;
+    const QString archivo = carpeta + u"/EJEMPLO/0518"_s + kRucMuestra + u"202610.TXT"_s;
     prueba::EscribeEn(archivo, "corregido|");
-    prueba::AgregaCabecera(*Abre(), kRuc, u"202609"_s, 0);
+    prueba::AgregaCabecera(*Abre(), kRucMuestra, u"202609"_s, 0);
     for (const QString& sql :
          {u"UPDATE CONT SET Nombre = 'OTRO NOMBRE'"_s, u"INSERT INTO CLAVES VALUES ('CONTADOR', '0')"_s,
           u"UPDATE CLAVES SET Tipo = '0' WHERE Usuario = 'USUARIO'"_s,
@@ -99,7 +98,7 @@ TEST_F(Console, ReinstallingRenewsTheCatalogueAndKeepsWhatTheUserMade) {
               u"209912de otro módulo"_s);
     EXPECT_FALSE(catalogo.DescError(u"0151"_s).isEmpty());
     EXPECT_EQ(catalogo.TipoUsuario(u"USUARIO"_s) + catalogo.TipoUsuario(u"CONTADOR"_s), u"00"_s);
-    EXPECT_EQ(Declarantes(*base).Busca(kRuc).value().nombre, u"OTRO NOMBRE"_s);
+    EXPECT_EQ(Declarantes(*base).Busca(kRucMuestra).value().nombre, u"OTRO NOMBRE"_s);
     EXPECT_TRUE(base->Lee(u"SELECT 1 FROM CAB"_s).Siguiente());
 }
 
@@ -111,14 +110,14 @@ TEST_F(Console, RegistersDeclarantsByTheRulesOfTheirNumber) {
         QStringList resto; ///< the name, and what follows it
         int codigo;
     } casos[] = {
-        {"a company", kRuc, {u"O'HIGGINS & HIJOS"_s}, 0},
-        {"its new name, the same owner", kRuc, {u"  LOS MOLLES  "_s}, 0},
+        {"a company", kRucMuestra, {u"O'HIGGINS & HIJOS"_s}, 0},
+        {"its new name, the same owner", kRucMuestra, {u"  LOS MOLLES  "_s}, 0},
         {"a number of the old form", u"12345678"_s, {u"ANTIGUO"_s, u"--usuario"_s, u"JEFE"_s}, 0},
         {"a wrong check digit", u"20990518019"_s, {u"X"_s}, 2},
         {"letters in the old form", u"1234567A"_s, {u"X"_s}, 2},
-        {"a blank name", kRuc, {u" "_s}, 2},
-        {"a name past the lists' width", kRuc, {QString(51, u'A')}, 2},
-        {"a line break", kRuc, {u"A\nB"_s}, 2},
+        {"a blank name", kRucMuestra, {u" "_s}, 2},
+        {"a name past the lists' width", kRucMuestra, {QString(51, u'A')}, 2},
+        {"a line break", kRucMuestra, {u"A\nB"_s}, 2},
     };
     for (const auto& [que, numero, resto, codigo] : casos) {
         EXPECT_EQ(Corre(QStringList{u"--declarante"_s, numero, u"--nombre"_s} + resto), codigo) << que;
@@ -128,18 +127,18 @@ TEST_F(Console, RegistersDeclarantsByTheRulesOfTheirNumber) {
     QStringList lista;
     for (const Declarante& declarante : Declarantes(*base).Lista())
         lista.append(declarante.ruc + u' ' + declarante.nombre + u' ' + declarante.usuario);
-    EXPECT_EQ(lista, QStringList({u"12345678 ANTIGUO JEFE"_s, kRuc + u" LOS MOLLES CONTADOR"_s}));
+    EXPECT_EQ(lista, QStringList({u"12345678 ANTIGUO JEFE"_s, kRucMuestra + u" LOS MOLLES CONTADOR"_s}));
 }
 
 TEST_F(Console, MakesACopyBeforeASendAndPutsItBack) {
     ASSERT_EQ(Corre({u"--instalar"_s}), 0);
-    prueba::AgregaCabecera(*Abre(), kRuc, u"202609"_s, 0);
-    prueba::AgregaCabecera(*Abre(), kRuc, u"202610"_s, 9);
-    const QStringList envio{u"--enviar"_s, kRuc, u"202609"_s};
+    prueba::AgregaCabecera(*Abre(), kRucMuestra, u"202609"_s, 0);
+    prueba::AgregaCabecera(*Abre(), kRucMuestra, u"202610"_s, 9);
+    const QStringList envio{u"--enviar"_s, kRucMuestra, u"202609"_s};
     ASSERT_EQ(Corre(envio), 0) << qPrintable(errores);
     EXPECT_EQ(salida, u"Copia enviada: 1\nNúmero de control: 10000001\n"_s);
     EXPECT_EQ(Corre(envio), 2);
-    EXPECT_EQ(Corre({u"--enviar"_s, kRuc, u"202610"_s}), 2);
+    EXPECT_EQ(Corre({u"--enviar"_s, kRucMuestra, u"202610"_s}), 2);
     EXPECT_TRUE(salida.isEmpty());
     const QString copia = carpeta + u"/RESPALDOS/XA000-20261121-100000.DB"_s;
     ASSERT_TRUE(QFile::exists(copia));
@@ -160,7 +159,7 @@ TEST_F(Console, RefusesWhatItDoesNotUnderstand) {
         EXPECT_EQ(Corre(linea.split(u' ', Qt::SkipEmptyParts)), 2) << qPrintable(linea);
         EXPECT_TRUE(errores.startsWith(u"consola: "_s)) << qPrintable(linea);
     }
-    EXPECT_EQ(Corre({u"--enviar"_s, kRuc, u"202609"_s}), 3); // no installation yet
+    EXPECT_EQ(Corre({u"--enviar"_s, kRucMuestra, u"202609"_s}), 3); // no installation yet
     EXPECT_FALSE(QFile::exists(rutaIni));
     EXPECT_FALSE(QFile::exists(carpeta));
     EXPECT_EQ(Corre({u"--help"_s}), 0);
@@ -169,8 +168,8 @@ TEST_F(Console, RefusesWhatItDoesNotUnderstand) {
 
 TEST_F(Console, DatabaseAndFileFailuresHaveTheirOwnCode) {
     ASSERT_EQ(Corre({u"--instalar"_s}), 0);
-    prueba::AgregaCabecera(*Abre(), kRuc, u"202609"_s, 0);
-    const QStringList envio{u"--enviar"_s, kRuc, u"202609"_s};
+    prueba::AgregaCabecera(*Abre(), kRucMuestra, u"202609"_s, 0);
+    const QStringList envio{u"--enviar"_s, kRucMuestra, u"202609"_s};
     {
         const auto otro = Abre();
         const Transaccion ocupada = otro->Comienza();

@@ -23,8 +23,8 @@ namespace xa518 {
 namespace {
 
 using namespace Qt::StringLiterals;
+using prueba::kRucMuestra;
 
-const QString kRuc = u"20990518018"_s;
 const QString kOcupada = u"La base de datos está en uso por otro programa, o es de sólo lectura. Espere a que el otro"
                          " programa termine y vuelva a intentarlo."_s;
 
@@ -74,10 +74,10 @@ class FrmConsolaTest : public testing::Test {
     }
     [[nodiscard]] std::unique_ptr<Base> LaBase() const { return Base::Abre(RutaBase()); }
     [[nodiscard]] QString RutaBase() const { return carpeta + u"/XA000.DB"_s; }
-    void Graba(const QString& periodo, int estado) const { prueba::AgregaCabecera(*LaBase(), kRuc, periodo, estado); }
+    void Graba(const QString& periodo, int estado) const { prueba::AgregaCabecera(*LaBase(), kRucMuestra, periodo, estado); }
     void Registra(const QString& secuencia, const QString& archivo) const {
         LaBase()->Ejecuta(u"INSERT INTO SPOOL VALUES ('PER006', ?, ?, '2026-11-21 09:05:00', 'CONTADOR', 6, ?)"_s,
-                          {secuencia, archivo, kRuc});
+                          {secuencia, archivo, kRucMuestra});
     }
     [[nodiscard]] QString Aviso() const {
         return Control<QFrame>("FraAviso").isVisible() ? Control<QLabel>("LblAviso").text() : QString();
@@ -94,9 +94,9 @@ class FrmConsolaTest : public testing::Test {
 
 TEST_F(FrmConsolaTest, ADeclarantIsAddedAndChangedByKeyboardAndAFaultKeepsWhatWasTyped) {
     Abre();
-    const QString anterior = Declarantes(*LaBase()).Busca(kRuc)->nombre;
+    const QString anterior = Declarantes(*LaBase()).Busca(kRucMuestra)->nombre;
     avisos.Espera({Icono::Critico, u"El RUC '20990518019' no es válido."_s, u"Agregar declarante"_s});
-    avisos.Espera(u"El declarante %1 ya está registrado, con el nombre '%2'."_s.arg(kRuc, anterior));
+    avisos.Espera(u"El declarante %1 ya está registrado, con el nombre '%2'."_s.arg(kRucMuestra, anterior));
     prueba::AlAbrir(u"FrmDeclarante", [](QWidget& forma) {
         auto& ruc = prueba::De<QLineEdit>(forma, "TxtRuc");
         Escribe(forma, u"20-990518019"_s);
@@ -105,7 +105,7 @@ TEST_F(FrmConsolaTest, ADeclarantIsAddedAndChangedByKeyboardAndAFaultKeepsWhatWa
         QTest::keyClick(&forma, Qt::Key_A, Qt::AltModifier);
         QTest::qWait(120);
         EXPECT_TRUE(ruc.hasFocus());
-        for (const QString& otro : {kRuc, u"10412345679"_s}) {
+        for (const QString& otro : {kRucMuestra, u"10412345679"_s}) {
             ruc.clear();
             Escribe(forma, otro);
             prueba::Clic(forma, "CmdAceptar");
@@ -115,7 +115,7 @@ TEST_F(FrmConsolaTest, ADeclarantIsAddedAndChangedByKeyboardAndAFaultKeepsWhatWa
     TablaFilas& tabla = Tabla("GrdDeclarantes");
     EXPECT_EQ(Fila(tabla, tabla.Fila()), u"10412345679|LOS MOLLES|CONTADOR"_s);
     EXPECT_EQ(Declarantes(*LaBase()).Lista().size(), 2);
-    EXPECT_EQ(Declarantes(*LaBase()).Busca(kRuc)->nombre, anterior);
+    EXPECT_EQ(Declarantes(*LaBase()).Busca(kRucMuestra)->nombre, anterior);
 
     prueba::AlAbrir(u"FrmDeclarante", [](QWidget& forma) {
         EXPECT_FALSE(prueba::De<QLineEdit>(forma, "TxtRuc").isEnabled());
@@ -132,18 +132,18 @@ TEST_F(FrmConsolaTest, ADeclarantGoesAfterAQuestionAndOnlyWithoutDeclarations) {
     Graba(u"202609"_s, 0);
     Abre();
     const QString pregunta =
-        u"¿Confirma que va a eliminar al declarante %1, %2?"_s.arg(kRuc, Declarantes(*LaBase()).Busca(kRuc)->nombre);
+        u"¿Confirma que va a eliminar al declarante %1, %2?"_s.arg(kRucMuestra, Declarantes(*LaBase()).Busca(kRucMuestra)->nombre);
     avisos.EsperaPregunta(pregunta, Respuesta::Si);
-    avisos.Espera(u"El declarante %1 tiene declaraciones: elimínelas primero."_s.arg(kRuc));
+    avisos.Espera(u"El declarante %1 tiene declaraciones: elimínelas primero."_s.arg(kRucMuestra));
     Pulsa("CmdEliminarDeclarante");
     LaBase()->Ejecuta(u"DELETE * FROM CAB"_s);
     avisos.EsperaPregunta(pregunta, Respuesta::No);
     Pulsa("CmdEliminarDeclarante");
     EXPECT_EQ(avisos.Mostrados().last().preseleccionada, Respuesta::No);
-    EXPECT_TRUE(Declarantes(*LaBase()).Busca(kRuc));
+    EXPECT_TRUE(Declarantes(*LaBase()).Busca(kRucMuestra));
     avisos.EsperaPregunta(pregunta, Respuesta::Si);
     Pulsa("CmdEliminarDeclarante");
-    EXPECT_FALSE(Declarantes(*LaBase()).Busca(kRuc));
+    EXPECT_FALSE(Declarantes(*LaBase()).Busca(kRucMuestra));
     EXPECT_FALSE(Control<QPushButton>("CmdEliminarDeclarante").isEnabled());
 }
 
@@ -155,13 +155,13 @@ TEST_F(FrmConsolaTest, SendsOnlyWhatIsCleanAfterAQuestion) {
     TablaFilas& tabla = Tabla("GrdRegistradas");
     ASSERT_TRUE(Fila(tabla, 0).endsWith(u"|10/2026|No|20/11/2026|Con inconsistencias"_s)) << qPrintable(Fila(tabla, 0));
     avisos.Espera(u"La declaración del RUC %1 y el período 202610 fue grabada con inconsistencias: no puede ser"
-                  " enviada."_s.arg(kRuc));
+                  " enviada."_s.arg(kRucMuestra));
     Alt(Qt::Key_E);
 
     QTest::keyClick(&tabla, Qt::Key_Down);
     const QString pregunta =
         u"¿Confirma el envío de la declaración?\n\nRUC: %1\nNombre: %2\nPeríodo: 09/2026\n\nUna"
-        " declaración enviada ya no se puede modificar."_s.arg(kRuc, Declarantes(*LaBase()).Busca(kRuc)->nombre);
+        " declaración enviada ya no se puede modificar."_s.arg(kRucMuestra, Declarantes(*LaBase()).Busca(kRucMuestra)->nombre);
     avisos.EsperaPregunta(pregunta, Respuesta::No);
     Alt(Qt::Key_E);
     EXPECT_EQ(tabla.model()->rowCount(), 2);
@@ -220,7 +220,7 @@ TEST_F(FirstStartTest, OffersToInstall) {
         " EJEMPLO."_s.arg(carpeta));
     Pulsa("CmdInstalar");
     EXPECT_EQ(Aviso(), QString());
-    EXPECT_TRUE(Fila(Tabla("GrdDeclarantes"), 0).startsWith(kRuc));
+    EXPECT_TRUE(Fila(Tabla("GrdDeclarantes"), 0).startsWith(kRucMuestra));
 }
 
 /// Its file is never looked for outside the folder of reports.
@@ -236,7 +236,7 @@ TEST_F(FrmConsolaTest, AReportOpensInThePreviewAndGoesWithItsFile) {
     });
     Alt(Qt::Key_I);
     TablaFilas& tabla = Tabla("GrdInformes");
-    const QString fila = u"Declaración|"_s + kRuc + u"|21/11/2026 09:05|CONTADOR|"_s;
+    const QString fila = u"Declaración|"_s + kRucMuestra + u"|21/11/2026 09:05|CONTADOR|"_s;
     EXPECT_EQ(Fila(tabla, 0), fila + u"Falta el archivo|00000002.PRN"_s);
     EXPECT_EQ(Fila(tabla, 1), fila + u"12|00000001.PRN"_s);
     const auto elimina = [&](const QString& archivo) {

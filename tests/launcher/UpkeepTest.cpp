@@ -18,6 +18,7 @@
 
 using namespace xa518;
 using namespace Qt::StringLiterals;
+using prueba::kRucMuestra;
 using prueba::kTablas;
 
 namespace {
@@ -59,8 +60,6 @@ class Backups : public testing::Test {
     RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
 };
 
-const QString kRuc = u"20990518018"_s;
-
 class Sending : public testing::Test {
   protected:
     /// One row in every table; its texts are the columns' own names, so that a swap would show.
@@ -70,7 +69,7 @@ class Sending : public testing::Test {
             Registro fila(forma);
             for (int i = 0; i < forma.columnas.size(); ++i)
                 fila.Pon(i, forma.columnas[i].entera ? QVariant(6) : QVariant(forma.columnas[i].nombre));
-            fila.Pon(u"Doc_id_d", kRuc).Pon(u"periodo", periodo).Pon(u"Formulario", kNumFormulario);
+            fila.Pon(u"Doc_id_d", kRucMuestra).Pon(u"periodo", periodo).Pon(u"Formulario", kNumFormulario);
             if (tabla == u"CAB")
                 fila.Pon(u"estado", 0).Pon(u"bcolibrad", QVariant());
             if (tabla == u"F518PDETCP")
@@ -80,7 +79,7 @@ class Sending : public testing::Test {
     }
 
     ResultadoEnvio Envia(const QString& periodo) {
-        return Envio(*base, reloj).Envia({kRuc, periodo, kNumFormulario, false, {}});
+        return Envio(*base, reloj).Envia({kRucMuestra, periodo, kNumFormulario, false, {}});
     }
 
     QString Valor(const QString& sql) const { return base.Filas(sql).value(0); }

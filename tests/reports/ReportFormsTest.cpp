@@ -228,7 +228,7 @@ TEST_F(ReportFormsTest, ThePrintDialogShowsAndPrintsTheChosenDeclaration) {
 
     grilla.setFocus();
     QTest::keyClick(&grilla, Qt::Key_Up);
-    AlAbrir({}, [this](QWidget& rango) {
+    AlAbrir({}, [](QWidget& rango) {
         EXPECT_EQ(rango.windowTitle(), u"Impresión de 2 páginas"_s) << "one more than the head of the annex tells";
         AlAbrir({}, [](QWidget& vista) { Clic(vista, u"tlbPrevia_4"_s); });
         Clic(rango, u"cmdAccion_0"_s);

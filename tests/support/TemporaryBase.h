@@ -42,6 +42,9 @@ struct Pieza {
 };
 [[nodiscard]] QString Funcion(const QList<Pieza>& piezas);
 
+/// The sample company.
+inline const QString kRucMuestra = QStringLiteral("20990518018");
+
 /// The tables of a registered declaration; those of its sent copies begin with an "H".
 inline const QStringList kTablas{QStringLiteral("CAB"),        QStringLiteral("DET"),
                                  QStringLiteral("F518PCAB"),   QStringLiteral("F518PDET"),
