@@ -37,8 +37,8 @@ packages_package=(
   appstream
 )
 
-packages_fuzz=(
-  clang
+packages_clang=(
+  clang # the sanitizers, and the fuzzers
 )
 
 packages_tidy=(
