@@ -50,8 +50,9 @@ class Console : public testing::Test {
 
 TEST_F(Console, InstallsPrivatelyWithTheRowsThatTheModulesRelyOn) {
     ASSERT_EQ(Corre({u"--instalar"_s, u"--ejemplo"_s}), 0) << qPrintable(errores);
-    for (const QString& nombre : {u""_s, u"RPT"_s, u"TMP"_s, u"BMP"_s, u"0518"_s, u"EJEMPLO"_s, u"XA000.DB"_s,
-                                  u"XA000.MDW"_s, u"0518/Xa518.hlp"_s, u"EJEMPLO/0518"_s + kRucMuestra + u"202609.TXT"_s}) {
+    for (const QString& nombre :
+         {u""_s, u"RPT"_s, u"TMP"_s, u"BMP"_s, u"0518"_s, u"EJEMPLO"_s, u"XA000.DB"_s, u"XA000.MDW"_s,
+          u"0518/Xa518.hlp"_s, u"EJEMPLO/0518"_s + kRucMuestra + u"202609.TXT"_s}) {
         EXPECT_TRUE(QFile::exists(carpeta + u'/' + nombre)) << qPrintable(nombre);
         EXPECT_EQ(QFile::permissions(carpeta + u'/' + nombre) & prueba::kDeOtros, QFile::Permissions());
     }

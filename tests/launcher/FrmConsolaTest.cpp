@@ -74,7 +74,9 @@ class FrmConsolaTest : public testing::Test {
     }
     [[nodiscard]] std::unique_ptr<Base> LaBase() const { return Base::Abre(RutaBase()); }
     [[nodiscard]] QString RutaBase() const { return carpeta + u"/XA000.DB"_s; }
-    void Graba(const QString& periodo, int estado) const { prueba::AgregaCabecera(*LaBase(), kRucMuestra, periodo, estado); }
+    void Graba(const QString& periodo, int estado) const {
+        prueba::AgregaCabecera(*LaBase(), kRucMuestra, periodo, estado);
+    }
     void Registra(const QString& secuencia, const QString& archivo) const {
         LaBase()->Ejecuta(u"INSERT INTO SPOOL VALUES ('PER006', ?, ?, '2026-11-21 09:05:00', 'CONTADOR', 6, ?)"_s,
                           {secuencia, archivo, kRucMuestra});
@@ -131,8 +133,8 @@ TEST_F(FrmConsolaTest, ADeclarantIsAddedAndChangedByKeyboardAndAFaultKeepsWhatWa
 TEST_F(FrmConsolaTest, ADeclarantGoesAfterAQuestionAndOnlyWithoutDeclarations) {
     Graba(u"202609"_s, 0);
     Abre();
-    const QString pregunta =
-        u"¿Confirma que va a eliminar al declarante %1, %2?"_s.arg(kRucMuestra, Declarantes(*LaBase()).Busca(kRucMuestra)->nombre);
+    const QString pregunta = u"¿Confirma que va a eliminar al declarante %1, %2?"_s.arg(
+        kRucMuestra, Declarantes(*LaBase()).Busca(kRucMuestra)->nombre);
     avisos.EsperaPregunta(pregunta, Respuesta::Si);
     avisos.Espera(u"El declarante %1 tiene declaraciones: elimínelas primero."_s.arg(kRucMuestra));
     Pulsa("CmdEliminarDeclarante");
@@ -159,9 +161,9 @@ TEST_F(FrmConsolaTest, SendsOnlyWhatIsCleanAfterAQuestion) {
     Alt(Qt::Key_E);
 
     QTest::keyClick(&tabla, Qt::Key_Down);
-    const QString pregunta =
-        u"¿Confirma el envío de la declaración?\n\nRUC: %1\nNombre: %2\nPeríodo: 09/2026\n\nUna"
-        " declaración enviada ya no se puede modificar."_s.arg(kRucMuestra, Declarantes(*LaBase()).Busca(kRucMuestra)->nombre);
+    const QString pregunta = u"¿Confirma el envío de la declaración?\n\nRUC: %1\nNombre: %2\nPeríodo: 09/2026\n\nUna"
+                             " declaración enviada ya no se puede modificar."_s.arg(
+                                 kRucMuestra, Declarantes(*LaBase()).Busca(kRucMuestra)->nombre);
     avisos.EsperaPregunta(pregunta, Respuesta::No);
     Alt(Qt::Key_E);
     EXPECT_EQ(tabla.model()->rowCount(), 2);
