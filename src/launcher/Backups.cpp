@@ -81,7 +81,7 @@ QStringList Respaldos::Defectos(Base& base) {
     return defectos;
 }
 
-QString Respaldos::Haz() const {
+QString Respaldos::HazUna() const {
     CreaCarpetaPrivada(m_carpeta);
     const LugarDePaso lugar(m_carpeta);
     Base::Abre(m_rutaBase)->Ejecuta(u"VACUUM INTO ?"_s, {lugar.Archivo()});
@@ -90,8 +90,13 @@ QString Respaldos::Haz() const {
         throw Error(NumeroError::AccesoAlDisco, u"La copia de respaldo salió dañada: %1"_s.arg(defectos.constFirst()));
     QString destino = NombreLibre(kExtension);
     CopiaPrivada(lugar.Archivo(), destino); // the engine doesn't wait for the disk in a copy of its own
-    QuitaSobrantes(destino);
     return destino;
+}
+
+QString Respaldos::Haz() const {
+    QString copia = HazUna();
+    QuitaSobrantes(copia);
+    return copia;
 }
 
 /// Copies made within a second get the marks of the seconds that follow, so that their order stays. A mark further
@@ -140,8 +145,12 @@ Veredicto Respaldos::Restaura(const QString& archivo) const {
         return Veredicto::Critico(u"El archivo '%1' no se puede restaurar: %2"_s.arg(archivo, motivo));
     if (Veredicto veredicto = ExigeLibre(); !veredicto)
         return veredicto;
-    GuardaLoQueHay();
+    const QString guardado = GuardaLoQueHay();
+    // What a broken base left behind must not be played back over the sound one.
+    if (QFileInfo::exists(m_rutaBase + kDiario))
+        Mueve(m_rutaBase + kDiario, guardado + kDiario);
     Mueve(lugar.Archivo(), m_rutaBase);
+    QuitaSobrantes(guardado); // only now: the oldest may be the one that was asked for
     return Veredicto::Bien();
 }
 
@@ -166,20 +175,17 @@ Veredicto Respaldos::ExigeLibre() const {
     return Veredicto::Bien();
 }
 
-void Respaldos::GuardaLoQueHay() const {
+QString Respaldos::GuardaLoQueHay() const {
+    QString destino = NombreLibre(kExtensionDanada);
     if (!QFileInfo::exists(m_rutaBase))
-        return;
+        return destino;
     try {
-        (void)Haz();
-        return;
-    } catch (const ErrorBase&) { // NOLINT(bugprone-empty-catch)
-        // It can't be read: its bytes are kept below, in case that somebody can mend them.
+        return HazUna();
+    } catch (const Error&) { // NOLINT(bugprone-empty-catch)
+        // It can't be read, or its faults go into the copy: the bytes are kept, in case that somebody can mend them.
     }
-    const QString destino = NombreLibre(kExtensionDanada);
     CopiaPrivada(m_rutaBase, destino);
-    // The journal of a broken base must not be played back over the sound one.
-    if (QFileInfo::exists(m_rutaBase + kDiario))
-        Mueve(m_rutaBase + kDiario, destino + kDiario);
+    return destino;
 }
 
 } // namespace xa518

@@ -47,7 +47,10 @@ class Respaldos {
   private:
     [[nodiscard]] QString NombreLibre(const QString& extension) const;
     [[nodiscard]] Veredicto ExigeLibre() const;
-    void GuardaLoQueHay() const;
+    /// A copy, without taking an older one's place.
+    [[nodiscard]] QString HazUna() const;
+    /// Keeps the base as it is, if need be byte by byte; returns the name that its remains have now.
+    [[nodiscard]] QString GuardaLoQueHay() const;
     void QuitaSobrantes(const QString& reciente) const;
 
     QString m_rutaBase;

@@ -291,15 +291,7 @@ TEST_F(FrmConsolaTest, ABrokenBaseIsToldAtTheStartAndACopyTakesItsPlaceAfterAQue
 
 // The base opens and its lists read well: only the check sees that an index has lost its rows.
 TEST_F(FrmConsolaTest, AHiddenFaultOfTheBaseIsToldAtTheStart) {
-    {
-        const auto base = LaBase();
-        base->Ejecuta(u"INSERT INTO CLAVES VALUES ('JEFE', '0')"_s);
-        Registros fila = base->Lee(u"SELECT rootpage FROM sqlite_master WHERE name = 'sqlite_autoindex_CLAVES_1'"_s);
-        ASSERT_TRUE(fila.Siguiente());
-        QFile archivo(RutaBase());
-        ASSERT_TRUE(archivo.open(QIODevice::ReadWrite) && archivo.seek((fila.Entero(0) - 1) * 4096 + 3));
-        archivo.write(QByteArray(2, '\0')); // the page's count of cells
-    }
+    prueba::RompeIndice(RutaBase());
     const QStringList defectos = Respaldos::Defectos(*LaBase());
     ASSERT_FALSE(defectos.isEmpty());
     avisos.Espera(u"La revisión de la base encontró daños:\n\n%1\n\nRestaure una de sus copias de respaldo."_s.arg(

@@ -104,7 +104,7 @@ TEST_F(SchemaTest, MissingStepsAreMadeOverTheDataThatIsThereAndAFailingOneIsUndo
     Escribe(u"0001_uno.sql"_s, "-- it's one\nCREATE TABLE UNO (a TEXT);\n");
     EXPECT_EQ(AplicaPasos().resultado, ResultadoEsquema::Creado);
     base->Ejecuta(u"INSERT INTO UNO VALUES ('queda')"_s);
-    Escribe(u"0002_dos.sql"_s, "CREATE TABLE DOS (b TEXT);\nALTER TABLE UNO ADD COLUMN c TEXT;\n");
+    Escribe(u"0002_dos.sql"_s, "CREATE TABLE DOS (b TEXT);\r\nALTER TABLE UNO ADD COLUMN c TEXT\r\n");
     EXPECT_EQ(AplicaPasos().resultado, ResultadoEsquema::Actualizado);
     Escribe(u"0003_mal.sql"_s, "CREATE TABLE TRES (b TEXT);\nCREATE TABLE UNO (a TEXT);\n");
     const EstadoEsquema estado = AplicaPasos();
@@ -199,9 +199,16 @@ TEST_F(Backups, TakesThePlaceOfABrokenOrMissingBase) {
     EXPECT_EQ(prueba::BytesDe(carpeta.filePath(restos.first())), "restos de una base");
 
     QFile::remove(base.Ruta());
+    Archivo(u"XA.DB-journal"_s, "diario de la base perdida");
     EXPECT_THROW((void)Copias().Haz(), ErrorBase);
     ASSERT_TRUE(Copias().Restaura(copia));
     EXPECT_EQ(Periodos(), u"202609"_s);
+    EXPECT_FALSE(QFile::exists(base.Ruta() + u"-journal"_s));
+
+    prueba::RompeIndice(base.Ruta()); // it reads well, and its fault goes into every copy
+    ASSERT_FALSE(Respaldos::Defectos(*Base::Abre(base.Ruta())).isEmpty());
+    ASSERT_TRUE(Copias().Restaura(copia));
+    EXPECT_TRUE(Respaldos::Defectos(*Base::Abre(base.Ruta())).isEmpty());
 }
 
 TEST_F(Backups, ACopyOfAnEarlierVersionGetsTheTablesOfThisOne) {

@@ -4,6 +4,7 @@
 #include "data/Transaction.h"
 
 #include <QDir>
+#include <QFile>
 #include <QRegularExpression>
 
 #include <stdexcept>
@@ -90,6 +91,16 @@ QString Retrato(Base& base) {
         }
     }
     return retrato;
+}
+
+void RompeIndice(const QString& ruta) {
+    const auto base = Base::Abre(ruta);
+    base->Ejecuta(u"INSERT INTO CLAVES VALUES ('JEFE', '0')"_s);
+    Registros fila = base->Lee(u"SELECT rootpage FROM sqlite_master WHERE name = 'sqlite_autoindex_CLAVES_1'"_s);
+    QFile archivo(ruta);
+    if (!fila.Siguiente() || !archivo.open(QIODevice::ReadWrite) || !archivo.seek((fila.Entero(0) - 1) * 4096 + 3))
+        throw std::runtime_error("no index to break");
+    archivo.write(QByteArray(2, '\0')); // the page's count of cells
 }
 
 } // namespace xa518::prueba

@@ -53,6 +53,9 @@ inline const QStringList kTablas{QStringLiteral("CAB"),        QStringLiteral("D
 /// Registers the head of a declaration of a company, in the state 0 (clean) or 9.
 void AgregaCabecera(Base& base, const QString& ruc, const QString& periodo, int estado);
 
+/// Takes the rows out of an index of a base with its tables: only a check of the whole sees that.
+void RompeIndice(const QString& ruta);
+
 /// Everything that is stored of a declaration, registered tables only, in one text.
 [[nodiscard]] QString Retrato(Base& base);
 
