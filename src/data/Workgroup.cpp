@@ -42,6 +42,17 @@ bool Coincide(const QByteArray& hash, const QString& clave) {
                                     static_cast<unsigned long long>(bytes.size())) == 0;
 }
 
+/// The accounts by user; none when the file is missing or damaged. One that can't be read raises: written anew it would
+/// lose the other accounts.
+QJsonObject Cuentas(const QString& ruta) {
+    QFile archivo(ruta);
+    if (!archivo.exists())
+        return {};
+    if (!archivo.open(QIODevice::ReadOnly))
+        throw ErrorBase(NumeroError::AccesoAlDisco, u"No se puede leer el archivo '%1'."_s.arg(ruta));
+    return QJsonDocument::fromJson(archivo.readAll()).object();
+}
+
 } // namespace
 
 QString TextoDeCodigos(const QString& codigos) {
@@ -53,20 +64,16 @@ QString TextoDeCodigos(const QString& codigos) {
 }
 
 void GrupoTrabajo::Verifica(const Cuenta& cuenta) const {
-    QFile archivo(m_ruta);
-    if (!archivo.open(QIODevice::ReadOnly))
+    if (!QFile::exists(m_ruta))
         throw ErrorBase(NumeroError::GrupoNoExiste,
                         u"No se encuentra el archivo de grupo de trabajo '%1'."_s.arg(m_ruta));
-    const QJsonObject cuentas = QJsonDocument::fromJson(archivo.readAll()).object();
-    const QByteArray hash = cuentas.value(cuenta.usuario).toString().toLatin1();
+    const QByteArray hash = Cuentas(m_ruta).value(cuenta.usuario).toString().toLatin1();
     if (hash.isEmpty() || !Coincide(hash, cuenta.clave))
         throw ErrorBase(NumeroError::CuentaRechazada, u"El archivo de grupo de trabajo no admite la cuenta."_s);
 }
 
 void GrupoTrabajo::Admite(const Cuenta& cuenta) const {
-    QJsonObject cuentas;
-    if (QFile anterior(m_ruta); anterior.open(QIODevice::ReadOnly))
-        cuentas = QJsonDocument::fromJson(anterior.readAll()).object();
+    QJsonObject cuentas = Cuentas(m_ruta);
     cuentas.insert(cuenta.usuario, QString::fromLatin1(HashDe(cuenta.clave)));
     const QByteArray bytes = QJsonDocument(cuentas).toJson();
     QSaveFile archivo(m_ruta);

@@ -13,13 +13,15 @@ namespace xa518 {
 
 namespace {
 
+/// Empty when there is no such file. One that is there and can't be read raises: written anew it would lose the rest.
 QByteArray LeeBytes(const QString& ruta) {
+    if (!QFileInfo::exists(ruta))
+        return {};
     QFile archivo(ruta);
-    return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
-}
-
-QString Decodifica(const QByteArray& linea) {
-    return EsUtf8Valido(linea) ? QString::fromUtf8(linea) : DecodificaWindows1252(linea);
+    QByteArray bytes = archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
+    if (archivo.error() != QFileDevice::NoError)
+        throw Error(NumeroError::AccesoAlDisco, QStringLiteral("No se puede leer el archivo ") + ruta);
+    return bytes;
 }
 
 bool EsMismoNombre(QStringView uno, QStringView otro) {
@@ -38,7 +40,7 @@ QList<Linea> SeparaLineas(const QByteArray& bytes) {
     for (qsizetype inicio = 0; inicio < bytes.size();) {
         const qsizetype salto = bytes.indexOf('\n', inicio);
         const qsizetype fin = salto < 0 ? bytes.size() : salto + 1;
-        lineas.append({inicio, fin, Decodifica(bytes.sliced(inicio, fin - inicio)).trimmed()});
+        lineas.append({inicio, fin, DecodificaCualquiera(bytes.sliced(inicio, fin - inicio)).trimmed()});
         inicio = fin;
     }
     return lineas;
@@ -132,7 +134,10 @@ QString ArchivoPerfil::Lee(QStringView seccion, QStringView clave) const {
 }
 
 void ArchivoPerfil::Escribe(QStringView seccion, QStringView clave, QStringView valor) const {
-    const QByteArray nuevo = ConValor(LeeBytes(m_ruta), seccion, clave, valor);
+    const QByteArray viejo = LeeBytes(m_ruta);
+    const QByteArray nuevo = ConValor(viejo, seccion, clave, valor);
+    if (nuevo == viejo)
+        return; // a start that changes nothing goes well on a full or a read-only disk
     QDir().mkpath(QFileInfo(m_ruta).path());
     QSaveFile archivo(m_ruta);
     const bool escrito = archivo.open(QIODevice::WriteOnly) &&

@@ -265,6 +265,8 @@ TEST_F(OpeningTest, TheWorkgroupAdmitsItsAccountAndNoOther) {
     EXPECT_EQ(numero(u"usuario2"_s, u"clave001"_s), 3029);
     EXPECT_EQ(QFile::permissions(ruta) & prueba::kDeOtros, QFile::Permissions());
     EXPECT_FALSE(prueba::BytesDe(ruta).contains("clave001"));
+    grupo.Admite({u"usuario2"_s, u"clave002"_s});
+    EXPECT_EQ(numero(u"usuario1"_s, u"clave001"_s) + numero(u"usuario2"_s, u"clave002"_s), 0);
     prueba::EscribeEn(ruta, "{\"usuario1\": \"clave001\"} \x01 rubbish");
     EXPECT_EQ(numero(u"usuario1"_s, u"clave001"_s), 3029);
 }
