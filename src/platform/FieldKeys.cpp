@@ -22,14 +22,17 @@ bool EsEntrar(const QKeyEvent& tecla) {
     return tecla.key() == Qt::Key_Return || tecla.key() == Qt::Key_Enter;
 }
 
-/// The code of a key that types: Backspace or a printable character; 0 for all others.
+/// The code of a key that types: Backspace, or whatever a field would take, which goes beyond what can be seen; 0 for
+/// all others.
 int CodigoDe(const QKeyEvent& tecla) {
     if (tecla.key() == Qt::Key_Backspace)
         return kRetroceso;
     const bool esAtajo =
         tecla.modifiers() == Qt::ControlModifier || tecla.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
     const QString texto = tecla.text();
-    return esAtajo || texto.isEmpty() || !texto.front().isPrint() ? 0 : texto.front().unicode();
+    if (texto.isEmpty() || texto.front().category() == QChar::Other_Control)
+        return 0;
+    return esAtajo && texto.front().category() != QChar::Other_Format ? 0 : texto.front().unicode();
 }
 
 /// All that one field does with its keys: one object per field, so that the order of attaching doesn't matter.

@@ -55,7 +55,7 @@ TEST_F(FieldsTest, FiltersByName) {
         void (*pone)(QLineEdit&);
         QString teclas, queda;
     } casos[] = {
-        {"digits", SoloDigitos, u"a1 2.3ñ٣-"_s, u"123"_s},
+        {"digits", SoloDigitos, u"a1 2.3ñ٣-\u00AD\U0001F4A3"_s, u"123"_s},
         {"number", SoloNumero, u"a1 2.3-"_s, u"123"_s},
         {"name", SoloNombre, u"ab Ññáé'c.9-"_s, u"AB C9"_s},
         {"amount", [](QLineEdit& campo) { SoloMonto(campo); }, u"1,2.3.4x"_s, u"12.34"_s},
