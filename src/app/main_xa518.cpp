@@ -6,10 +6,12 @@
 #include "data/Process.h"
 #include "platform/Application.h"
 #include "platform/Clock.h"
+#include "platform/Display.h"
 #include "platform/NoticeBoxes.h"
 #include "platform/SingleInstance.h"
 #include "platform/SystemWindows.h"
 
+#include <cstdio>
 #include <cstdlib>
 
 using namespace xa518;
@@ -29,6 +31,10 @@ int Corre(Proceso& proceso, Avisos& avisos) {
 
 int main(int argc, char* argv[]) {
     PrefiereX11(); // the launcher's window can't be found otherwise
+    if (!HayPantalla()) {
+        std::fputs("No hay una pantalla en la que abrir el módulo. Sin pantalla, use xa518-lote.\n", stderr);
+        return EXIT_FAILURE;
+    }
     AvisosEnPantalla avisos;
     const Aplicacion aplicacion(argc, argv, avisos);
     QGuiApplication::setWindowIcon(IconoDelModulo());

@@ -1,4 +1,4 @@
-#include "launcher/Display.h"
+#include "platform/Display.h"
 
 #include <QString>
 
