@@ -6,6 +6,9 @@ function(add_room_test name)
   add_executable(${name} ${TEST_SOURCES})
   target_link_libraries(${name} PRIVATE house_options ${TEST_LINKS} GTest::gmock GTest::gtest_main)
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
+  if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(${name} PRIVATE -Wno-subobject-linkage) # each test takes the fixtures beside it for a header's
+  endif()
   gtest_discover_tests(
     ${name}
     TEST_PREFIX "${name}."

@@ -9,15 +9,15 @@ namespace xa518 {
 
 namespace {
 
-constexpr qreal kLado = 96;
+constexpr qreal kLadoLogo = 96;
 
 void PintaFondo(QPainter& pintor) {
-    QLinearGradient cielo(0, 0, kLado, kLado);
+    QLinearGradient cielo(0, 0, kLadoLogo, kLadoLogo);
     cielo.setColorAt(0, QColor(0x1f, 0x7a, 0x8c));
     cielo.setColorAt(1, QColor(0x14, 0x3d, 0x63));
     pintor.setPen(Qt::NoPen);
     pintor.setBrush(cielo);
-    pintor.drawRoundedRect(QRectF(0, 0, kLado, kLado), 20, 20);
+    pintor.drawRoundedRect(QRectF(0, 0, kLadoLogo, kLadoLogo), 20, 20);
 }
 
 /// A sheet with a folded corner and lines of unlike length.
@@ -60,7 +60,7 @@ void Logo::Pinta(QPainter& pintor, const QRectF& sitio) {
     pintor.save();
     pintor.setRenderHint(QPainter::Antialiasing);
     pintor.translate(sitio.center() - QPointF(lado, lado) / 2);
-    pintor.scale(lado / kLado, lado / kLado);
+    pintor.scale(lado / kLadoLogo, lado / kLadoLogo);
     PintaFondo(pintor);
     PintaDeclaracion(pintor);
     PintaMoneda(pintor);

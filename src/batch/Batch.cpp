@@ -26,7 +26,7 @@ Informe Ejecuta(const Argumentos& argumentos, const EntornoLote& entorno) {
     Informe informe;
     try {
         const std::unique_ptr<Proceso> proceso = AbreSesion(entorno.perfil, *reloj);
-        return EjecutaOrden(*proceso, argumentos, avance);
+        EjecutaOrden(*proceso, argumentos, avance, informe);
     } catch (const Rechazo& rechazo) {
         informe.codigo = kSalidaRechazado;
         informe.mensajes.append(rechazo.mensaje);

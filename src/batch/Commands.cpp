@@ -111,22 +111,19 @@ void AnotaInconsistencias(Proceso& proceso, const Declaracion& declaracion, Info
     }
 }
 
-Informe Importar(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance) {
-    Informe informe;
+void Importar(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance, Informe& informe) {
     const ClaveDeclaracion clave = ClaveDe(proceso, argumentos);
     const TrabajoUnico trabajo(*proceso.baseDatos);
     CargaTrabajo(proceso, argumentos, clave, avance, informe);
-    return informe;
 }
 
-Informe Declarar(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance) {
+void Declarar(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance, Informe& informe) {
     Base& base = *proceso.baseDatos;
     Declaracion declaracion;
     declaracion.clave = ClaveDe(proceso, argumentos);
     Exige(RechazaRucDeOcho(declaracion.clave.ruc), {});
     ExigeBanco(base, argumentos.banco);
     const TrabajoUnico trabajo(base);
-    Informe informe;
     CargaTrabajo(proceso, argumentos, declaracion.clave, avance, informe);
     if (argumentos.pdf)
         PreparaCarpeta(*argumentos.pdf);
@@ -144,34 +141,29 @@ Informe Declarar(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& 
         avance.Dice(kImprimiendo);
         DejaPdf(proceso, declaracion.clave, *argumentos.pdf, informe);
     }
-    return informe;
 }
 
-Informe Imprimir(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance) {
+void Imprimir(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance, Informe& informe) {
     ClaveDeclaracion clave = ClaveDe(proceso, argumentos);
     clave.enviada = argumentos.enviada.has_value();
     clave.correl = argumentos.enviada.value_or(QString());
-    Informe informe;
     avance.Dice(kImprimiendo);
     ImprimeEnPdf(proceso, clave, argumentos.anexos, *argumentos.pdf, informe);
-    return informe;
 }
 
-Informe Validar(Proceso& proceso, const Argumentos& argumentos) {
+void Validar(Proceso& proceso, const Argumentos& argumentos, Informe& informe) {
     Base& base = *proceso.baseDatos;
     Declaracion declaracion;
     declaracion.clave = ClaveDe(proceso, argumentos);
     if (!ExisteDeclaracion(base, declaracion.clave))
         throw RechazaCon(u"No hay una declaración registrada de %1 para %2."_s.arg(argumentos.ruc, argumentos.periodo));
     CargaCasillas(base, declaracion);
-    Informe informe;
     if (const std::optional<Mensaje> aviso = AvisoDeImporte(declaracion))
         informe.mensajes.append(*aviso);
     AnotaInconsistencias(proceso, declaracion, informe);
     if (informe.inconsistencias->isEmpty())
         informe.mensajes.append(SinInconsistencias());
     informe.casillas = CasillasGrabadas(base, declaracion.clave);
-    return informe;
 }
 
 /// The same declarations as the module's pickers: all of them for a user of kind "0", otherwise the user's own.
@@ -203,17 +195,14 @@ QList<FilaLista> LeeLista(Proceso& proceso, bool enviadas) {
 
 } // namespace
 
-Informe EjecutaOrden(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance) {
+void EjecutaOrden(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance, Informe& informe) {
     switch (argumentos.orden) {
-    case Orden::Importar: return Importar(proceso, argumentos, avance);
-    case Orden::Declarar: return Declarar(proceso, argumentos, avance);
-    case Orden::Validar: return Validar(proceso, argumentos);
-    case Orden::Imprimir: return Imprimir(proceso, argumentos, avance);
-    case Orden::Listar: break;
+    case Orden::Importar: return Importar(proceso, argumentos, avance, informe);
+    case Orden::Declarar: return Declarar(proceso, argumentos, avance, informe);
+    case Orden::Validar: return Validar(proceso, argumentos, informe);
+    case Orden::Imprimir: return Imprimir(proceso, argumentos, avance, informe);
+    case Orden::Listar: informe.declaraciones = LeeLista(proceso, argumentos.enviadas);
     }
-    Informe informe;
-    informe.declaraciones = LeeLista(proceso, argumentos.enviadas);
-    return informe;
 }
 
 } // namespace xa518

@@ -8,7 +8,8 @@ namespace xa518 {
 struct Proceso;
 class LineaDeAvance;
 
-/// Runs one command over the open base. A refusal is raised as `Rechazo`, a failure as `Error`.
-[[nodiscard]] Informe EjecutaOrden(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance);
+/// Runs one command over the open base. A refusal is raised as `Rechazo`, a failure as `Error`; the report then has
+/// what was done until there.
+void EjecutaOrden(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance, Informe& informe);
 
 } // namespace xa518

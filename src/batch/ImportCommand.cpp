@@ -31,11 +31,11 @@ QList<Archivo> ArchivosDe(const Argumentos& argumentos) {
     return archivos;
 }
 
-void Exige(ResultadoImportacion resultado) {
+void Exige(const ResultadoImportacion& resultado) {
     if (resultado.fin == FinImportacion::Rechazada)
         throw Rechazo{*resultado.mensaje};
     if (resultado.fin == FinImportacion::Fallida)
-        throw Error(resultado.numeroError, (resultado.noConservado << resultado.mensaje->texto).join(u'\n'));
+        throw Error(resultado.numeroError, resultado.mensaje->texto);
 }
 
 void AnotaArchivo(Informe& informe, const QString& ruta) {
@@ -116,8 +116,9 @@ void CargaTrabajo(Proceso& proceso, const Argumentos& argumentos, const ClaveDec
     for (const Archivo& archivo : archivos) {
         const ResultadoImportacion resultado =
             Transferencia(proceso, *archivo.formato, archivo.carpeta, opciones).Corre(avance, alEmpezar);
+        if (resultado.fin != FinImportacion::Rechazada)
+            AnotaImportacion(informe, resultado);
         Exige(resultado);
-        AnotaImportacion(informe, resultado);
         if (argumentos.probar)
             informe.mensajes.append(*resultado.mensaje);
     }

@@ -38,7 +38,7 @@ Banda BandaDe(const QString& periodoDeclarado, const QString& fechaPrimerIgv) {
 CatalogoTasas::CatalogoTasas(Base& base, QString periodoDeclarado)
     : m_base(&base), m_periodoDeclarado(std::move(periodoDeclarado)) {}
 
-const FilaTasa& CatalogoTasas::Busca(const QString& clase, const QString& mes) {
+FilaTasa CatalogoTasas::Busca(const QString& clase, const QString& mes) {
     const QString clave = clase + mes;
     const auto leida = m_leidas.constFind(clave);
     if (leida != m_leidas.cend())

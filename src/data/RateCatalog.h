@@ -4,8 +4,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <optional>
-
 namespace xa518 {
 
 class Base;
@@ -35,7 +33,7 @@ class CatalogoTasas {
 
     /// The row of `clase` in force in `mes` (`yyyymm`); "0" and "0" when none is: no class, a month before the first
     /// row, or a text that is no month. Raises `Desbordamiento` when a class has more than 19 rows.
-    [[nodiscard]] const FilaTasa& Busca(const QString& clase, const QString& mes);
+    [[nodiscard]] FilaTasa Busca(const QString& clase, const QString& mes);
 
   private:
     [[nodiscard]] QStringList Vigencias(const QString& clase) const;

@@ -24,16 +24,10 @@ Registro& Registro::Pon(int columna, QVariant valor) {
     return *this;
 }
 
-void Registro::Vacia() {
-    m_valores.fill(QVariant());
-}
-
 QString Registro::TextoDe(int columna) const {
     const QVariant& valor = m_valores[columna];
     if (valor.isNull())
         return {};
-    if (valor.metaType() == QMetaType::fromType<QDate>())
-        return valor.toDate().toString(u"yyyyMMdd"_s);
     return Recorta(valor.toString()).toString();
 }
 

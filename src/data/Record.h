@@ -34,13 +34,12 @@ class Registro {
 
     Registro& Pon(QStringView columna, QVariant valor) { return Pon(m_tabla->Indice(columna), std::move(valor)); }
     Registro& Pon(int columna, QVariant valor);
-    void Vacia();
 
     [[nodiscard]] const Tabla& DeTabla() const { return *m_tabla; }
     [[nodiscard]] const QVariantList& Valores() const { return m_valores; }
     [[nodiscard]] const QVariant& Valor(QStringView columna) const { return m_valores[m_tabla->Indice(columna)]; }
 
-    /// A text column's value trimmed, a number as text, a date as `yyyymmdd`, null as the empty text.
+    /// A text column's value trimmed, a number as text, null as the empty text.
     [[nodiscard]] QString TextoDe(int columna) const;
 
   private:

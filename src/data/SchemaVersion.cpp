@@ -16,11 +16,10 @@ void ExigeVersion(Base& base) {
     if (version == kVersionEsquema)
         return;
     throw ErrorBase(NumeroError::VersionAjena,
-                    u"La base '%1' es de la versión %2 y este programa usa la %3. %4"_s.arg(base.Ruta())
-                        .arg(version)
-                        .arg(kVersionEsquema)
-                        .arg(version > kVersionEsquema ? u"Instale la versión actual del programa."_s
-                                                       : u"Ejecute consola --instalar."_s));
+                    u"La base '%1' es de la versión %2 y este programa usa la %3. %4"_s.arg(
+                        base.Ruta(), QString::number(version), QString::number(kVersionEsquema),
+                        version > kVersionEsquema ? u"Instale la versión actual del programa."_s
+                                                  : u"Ejecute consola --instalar."_s));
 }
 
 } // namespace xa518

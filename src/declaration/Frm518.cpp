@@ -16,11 +16,9 @@
 #include "platform/HourGlass.h"
 #include "platform/Notices.h"
 #include "platform/StatusBar.h"
-#include "platform/WidgetHelpers.h"
 #include "values/Text.h"
 
 #include <QScopeGuard>
-#include <QTabBar>
 
 #include <utility>
 
@@ -95,6 +93,7 @@ void Frm518::ConectaPaginas() {
     connect(&identificacion, &PagIdentificacion::RazonCambiada, this, &Frm518::AlCambiarRazon);
     connect(&identificacion, &PagIdentificacion::DeclaranteElegido, this, &Frm518::AlElegirDeclarante);
     connect(&identificacion, &PagIdentificacion::RectificaElegida, this, &Frm518::AlRectificar);
+    // A base that fails is told and holds nobody in the field: the way to another page asks it again.
     identificacion.AlDejarPeriodo([this] {
         Salida salida = Salida::Libre;
         Protegido([&] { salida = AlDejarPeriodo(); })();

@@ -68,6 +68,7 @@ bool Frm518::EliminaCliente() {
     if (m_avisos.Pregunta(pregunta, Respuesta::No) == Respuesta::No)
         return false;
     TablasTrabajo(BaseDatos()).EliminaCliente(cliente->tipDocPer.toInt(), cliente->numDocPer);
+    m_modificado = true; // whatever becomes of what follows
     RefrescaGrilla();
     m_ui->PaginaPercepcion->PonPrimeraFila();
     return true;

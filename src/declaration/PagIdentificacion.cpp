@@ -57,7 +57,6 @@ void PagIdentificacion::PonAnchos() {
 
 void PagIdentificacion::ConectaCampos() {
     EntrarComoTab(*m_ui->MkePeriodo);
-    SoloDigitos(*m_ui->MkePeriodo);
     SinPegar(*m_ui->MkePeriodo, Gesto::ShiftInsert | Gesto::TeclaMenu);
     AlTeclear(*m_ui->MkePeriodo, [this] { Q_EMIT Tocado(); });
     connect(m_ui->MkePeriodo, &QLineEdit::textEdited, this, &PagIdentificacion::Tocado);

@@ -9,8 +9,6 @@
 #include "values/Format.h"
 #include "values/Text.h"
 
-#include <array>
-
 namespace xa518 {
 
 using namespace Qt::StringLiterals;

@@ -43,10 +43,10 @@ void CargaPago(Base& base, Declaracion& declaracion) {
 
 } // namespace
 
-bool GrabaCasilla(Base& base, const ClaveDeclaracion& clave, const QString& casilla, const QString& valor) {
+void GrabaCasilla(Base& base, const ClaveDeclaracion& clave, const QString& casilla, const QString& valor) {
     const QString recortado = Recorta(valor).toString();
     if (recortado.isEmpty() || clave.ruc.isEmpty())
-        return false;
+        return;
     const QString condicion = clave.CondicionSinTipo() + u" AND CASILLA=?"_s;
     const QVariantList valores = clave.Valores() << casilla;
     const std::optional<Registro> guardado = base.Busca(u"DET"_s, condicion, valores);
@@ -63,7 +63,6 @@ bool GrabaCasilla(Base& base, const ClaveDeclaracion& clave, const QString& casi
         base.Actualiza(registro, condicion, valores);
     else
         base.Agrega(registro);
-    return true;
 }
 
 void GrabaCasillaParam(Base& base, const ClaveDeclaracion& clave) {

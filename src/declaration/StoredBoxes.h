@@ -10,8 +10,8 @@ namespace xa518 {
 class Base;
 
 /// Writes one box of a declaration, adding its row or editing it. An empty value, or a declaration without declarant,
-/// writes nothing and gives false.
-bool GrabaCasilla(Base& base, const ClaveDeclaracion& clave, const QString& casilla, const QString& valor);
+/// writes nothing.
+void GrabaCasilla(Base& base, const ClaveDeclaracion& clave, const QString& casilla, const QString& valor);
 
 /// Writes the box that catalogue "856" names for the form, when it names one.
 void GrabaCasillaParam(Base& base, const ClaveDeclaracion& clave);

@@ -3,17 +3,12 @@
 #include "data/Process.h"
 #include "detail/OptionPair.h"
 #include "detail/ShowVerdict.h"
-#include "detail/VoucherDates.h"
-#include "detail/VoucherTypes.h"
 #include "detail/frmPerDet.h"
 #include "detail/ui_FrmDetAgePer.h"
 #include "platform/Application.h"
 #include "platform/Clock.h"
 #include "platform/HourGlass.h"
 #include "platform/Notices.h"
-#include "platform/WidgetHelpers.h"
-
-#include <utility>
 
 namespace xa518 {
 
@@ -139,7 +134,7 @@ bool FrmDetAgePer::Acepta() {
     }
     ComprobantesTrabajo comprobantes(*m_proceso->baseDatos);
     const DatosComprobante datos = Datos();
-    const FilaTasa& fila = m_tasa.Calcular(datos.respuestas, m_periodoEmision);
+    const FilaTasa fila = m_tasa.Calcular(datos.respuestas, m_periodoEmision);
     const CamposComprobante campos = CamposDe(datos, m_ui->TxtPercepcion->text(), fila.tasa);
     if (!EsNuevo()) {
         comprobantes.Modifica(Clave(), campos);

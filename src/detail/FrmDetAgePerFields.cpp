@@ -1,7 +1,6 @@
 #include "data/Process.h"
 #include "detail/FrmDetAgePer.h"
 #include "detail/OptionPair.h"
-#include "detail/ShowVerdict.h"
 #include "detail/VoucherDates.h"
 #include "detail/VoucherTypes.h"
 #include "detail/ui_FrmDetAgePer.h"
@@ -158,7 +157,7 @@ void FrmDetAgePer::IniciaIgv() {
 }
 
 void FrmDetAgePer::CalculaMontos() {
-    const FilaTasa& fila = m_tasa.Calcular(LasRespuestas(), m_periodoEmision);
+    const FilaTasa fila = m_tasa.Calcular(LasRespuestas(), m_periodoEmision);
     m_ui->TxtFactor->setText(TextoFactor(fila.factor));
     m_ui->TxtTasa->setText(fila.tasa);
     const QString escrito = m_ui->TxtMtoBase->text();

@@ -1,7 +1,6 @@
 #include "data/Process.h"
 #include "detail/FrmDetAgePer.h"
 #include "detail/OptionPair.h"
-#include "detail/VoucherDates.h"
 #include "detail/VoucherTypes.h"
 #include "detail/ui_FrmDetAgePer.h"
 #include "platform/HourGlass.h"

@@ -2,9 +2,6 @@
 
 #include "data/Base.h"
 #include "values/Format.h"
-#include "values/Text.h"
-
-#include <array>
 
 namespace xa518 {
 
@@ -66,7 +63,7 @@ QString LblTipo(const QString& periodoDeclarado, const QString& fechaPrimerIgv, 
 TasaPercepcion::TasaPercepcion(Base& base, const QString& periodoDeclarado, const QString& fechaPrimerIgv)
     : m_banda(BandaDe(periodoDeclarado, fechaPrimerIgv)), m_catalogo(base, periodoDeclarado) {}
 
-const FilaTasa& TasaPercepcion::Calcular(const Respuestas& respuestas, const QString& periodoEmision) {
+FilaTasa TasaPercepcion::Calcular(const Respuestas& respuestas, const QString& periodoEmision) {
     return m_catalogo.Busca(ClaseTasa(m_banda, respuestas), periodoEmision);
 }
 

@@ -36,7 +36,7 @@ class TasaPercepcion {
 
     /// The catalogue row for the answers; the class comes from the declared period, the row within it from the month
     /// of issue (`yyyymm`, or text with the mask's underscores, which finds none). "0" and "0" when none applies.
-    [[nodiscard]] const FilaTasa& Calcular(const Respuestas& respuestas, const QString& periodoEmision);
+    [[nodiscard]] FilaTasa Calcular(const Respuestas& respuestas, const QString& periodoEmision);
 
   private:
     Banda m_banda;

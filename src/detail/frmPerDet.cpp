@@ -1,6 +1,5 @@
 #include "detail/frmPerDet.h"
 
-#include "data/ObjetoUtil.h"
 #include "data/Process.h"
 #include "detail/ShowVerdict.h"
 #include "detail/VoucherDates.h"

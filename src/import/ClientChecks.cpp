@@ -11,7 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kLargoRazon = 40;
 constexpr int kLargoNombre = 20;
 constexpr int kLargoOtroDoc = 12;
 

@@ -18,8 +18,11 @@ namespace xa518 {
 /// text, so the empty field and pieces that cross the dashes, such as "1-", are found too.
 [[nodiscard]] bool EstaEnLista(QStringView campo, QStringView lista);
 
-/// The length of a person's document.
+/// The length of a person's document, and how wide the columns of names, numbers and types are.
 inline constexpr int kLargoDni = 8;
+inline constexpr int kLargoRazon = 40;
+inline constexpr int kAnchoNumero = 8;
+inline constexpr int kAnchoTipo = 2;
 
 template <size_t N>
 [[nodiscard]] bool EsUnoDe(QStringView tipo, const std::array<Codigo, N>& tipos) {

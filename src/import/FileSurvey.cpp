@@ -11,11 +11,11 @@ namespace {
 
 constexpr char kSeparador = '|';
 
-/// Blanks behind the last separator are no fault, and neither is a line of blanks alone.
+/// Blanks behind the last separator are no fault.
 bool TerminaEnSeparador(QByteArrayView linea) {
     while (linea.endsWith(' '))
         linea.chop(1);
-    return linea.isEmpty() || linea.endsWith(kSeparador);
+    return linea.endsWith(kSeparador);
 }
 
 } // namespace

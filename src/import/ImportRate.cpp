@@ -43,8 +43,8 @@ TasaImportacion::TasaImportacion(Base& base, const QString& periodoDeclarado, co
 
 /// Wanted: the fourth answer is the amount itself, so it is a yes only for an amount of exactly "1". The file carries
 /// no answer about means of payment, and none may be put in its place.
-const FilaTasa& TasaImportacion::NuevaTasa(const QString& credito, const QString& venta, const QString& lista,
-                                           const QString& monto) {
+FilaTasa TasaImportacion::NuevaTasa(const QString& credito, const QString& venta, const QString& lista,
+                                    const QString& monto) {
     return m_catalogo.Busca(Clase(m_banda, {credito == u'1', venta == u'1', lista == u'1', monto == u'1'}), m_periodo);
 }
 

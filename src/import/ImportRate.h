@@ -12,8 +12,8 @@ class TasaImportacion {
     TasaImportacion(Base& base, const QString& periodoDeclarado, const QString& fechaPrimerIgv);
 
     /// Factor and rate for the answers as they stand in the line, each a "1" for yes.
-    [[nodiscard]] const FilaTasa& NuevaTasa(const QString& credito, const QString& venta, const QString& lista,
-                                            const QString& monto);
+    [[nodiscard]] FilaTasa NuevaTasa(const QString& credito, const QString& venta, const QString& lista,
+                                     const QString& monto);
 
     [[nodiscard]] Banda BandaDeclarada() const { return m_banda; }
 

@@ -168,12 +168,13 @@ const QString& Transferencia::Motivo(Codigo codigo) {
     return motivo;
 }
 
-/// Wanted: over the whole work tables, and also after a cancel or a failure.
+/// Wanted: over the whole work tables, and also after a cancel or a failure. Why a file was refused goes before a
+/// failure of the totals, which it can't have changed.
 void Transferencia::CalcularTot() {
     try {
         TablasTrabajo(*m_proceso.baseDatos).CalculaTotales();
     } catch (const Error& error) {
-        if (m_resultado.fin != FinImportacion::Fallida)
+        if (m_resultado.fin == FinImportacion::Completa || m_resultado.fin == FinImportacion::Cancelada)
             Falla(error);
     }
 }

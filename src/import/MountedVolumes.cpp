@@ -20,7 +20,8 @@ bool EsDeDatos(const QStorageInfo& volumen) {
         return true;
 #ifndef Q_OS_WIN
     static const QStringList delSistema{u"/boot"_s, u"/etc"_s, u"/snap"_s, u"/usr"_s, u"/var"_s};
-    if (std::any_of(delSistema.begin(), delSistema.end(), [&](const QString& otra) { return raiz.startsWith(otra); }) ||
+    if (std::any_of(delSistema.begin(), delSistema.end(),
+                    [&](const QString& otra) { return raiz == otra || raiz.startsWith(otra + u'/'); }) ||
         !volumen.device().startsWith("/"))
         return false;
 #endif

@@ -11,9 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kAnchoNumero = 8;
 constexpr int kAnchoNumeroOtros = 15;
-constexpr int kAnchoTipo = 2;
 
 /// Which types give a right to tax credit, and which can't be named where there is none.
 Codigo CompruebaCredito(QStringView tipo, bool creditoFiscal) {

@@ -11,8 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kAnchoTipo = 2;
-
 /// How a type of document stands in the catalogue.
 QString CodigoDe(const QString& tipo) {
     return Format(tipo, u"00");

@@ -7,8 +7,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kAnchoNumero = 8;
-
 /// The first period whose declaration answers where the sale's goods went.
 const QString kPrimerPeriodoVenta = u"200803"_s;
 

@@ -1,5 +1,6 @@
 #include "import/WorkRows.h"
 
+#include "import/FieldRules.h"
 #include "values/Decimal.h"
 #include "values/Format.h"
 
@@ -12,7 +13,6 @@ namespace {
 /// What stands in a text column that a client of the other kind uses.
 const QString kSinTexto = u" "_s;
 const QString kSinRespuesta = u"9"_s;
-constexpr int kLargoRazon = 40;
 
 /// First names, mother's surname, father's: wanted so, though elsewhere a person's name begins with the father's.
 QString NombreCompleto(const LineaComprobada& linea) {
@@ -110,7 +110,7 @@ void AltaComprobante::PonRespuestas(const LineaComprobada& linea) {
 
 void AltaComprobante::PonMontos(const LineaComprobada& linea) {
     const QString& monto = linea[Campo::MontoCobrado];
-    const FilaTasa& tasa =
+    const FilaTasa tasa =
         m_tasa.NuevaTasa(linea[Campo::CreditoFiscal], linea[Campo::RespuestaVenta], linea[Campo::ListaClientes], monto);
     // The amount enters the product as it was given, not rounded to cents first.
     const Importe percepcion = Importe::De(Decimal::Valor(monto) * Decimal::Valor(tasa.factor));

@@ -26,8 +26,9 @@ PagDeclarantes::~PagDeclarantes() = default;
 
 void PagDeclarantes::Carga(Base& base) {
     const Declarantes declarantes(base);
-    m_lista = declarantes.Lista();
+    QList<Declarante> lista = declarantes.Lista();
     m_usuarios = declarantes.Usuarios();
+    m_lista = std::move(lista); // with nothing left to fail between it and its rows
     QList<FilaDeLista> filas;
     for (const Declarante& declarante : m_lista)
         filas.append({declarante.ruc, {declarante.ruc, declarante.nombre, declarante.usuario}});

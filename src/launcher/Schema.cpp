@@ -37,13 +37,16 @@ QString LeeSql(const QString& ruta) {
 QStringList SentenciasDe(const QString& sql) {
     QStringList sentencias;
     QString sentencia;
-    for (const QString& linea : sql.split(u'\n')) {
-        if (linea.startsWith("--"_L1) || linea.trimmed().isEmpty())
+    for (const QString& cruda : sql.split(u'\n')) {
+        const QString linea = cruda.trimmed();
+        if (linea.startsWith("--"_L1) || linea.isEmpty())
             continue;
         sentencia += linea + u'\n';
         if (linea.endsWith(u';'))
             sentencias.append(std::exchange(sentencia, QString()));
     }
+    if (!sentencia.isEmpty())
+        sentencias.append(sentencia);
     return sentencias;
 }
 

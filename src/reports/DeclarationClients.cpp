@@ -11,7 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kFilasPorPagina = 20;
 constexpr int kAnchoMonto = 18;
 constexpr int kLargoDocumento = 26; ///< characters up to the next box
 constexpr int kLargoNombre = 40;
@@ -62,7 +61,7 @@ void InformeDeclaracion::ListaClientes() {
             EncabezaLista();
         FilaCliente(cliente, nombres.value(cliente.tipoDoc));
         totales.Suma(cliente);
-        if (++impresas % kFilasPorPagina == 0) {
+        if (++impresas % kClientesPorPagina == 0) {
             m_escritor->NuevaPagina();
             IniciaPagina();
             EncabezaLista();

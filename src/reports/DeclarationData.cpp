@@ -33,7 +33,6 @@ bool CargaCabecera(Base& base, DatosDeclaracion& datos) {
     if (!fila.Siguiente())
         return false;
     datos.bcolibrad = fila.Texto(u"bcolibrad");
-    datos.cheque = fila.Texto(u"cheque");
     datos.nroCheque = fila.Texto(u"nrocheque");
     datos.efectivo = fila.Texto(u"efectivo");
     // By name: the two kinds of head keep it at different places.

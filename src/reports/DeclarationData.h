@@ -19,7 +19,6 @@ struct DatosDeclaracion {
 
     // Columns of the head, empty when null.
     QString bcolibrad;
-    QString cheque;
     QString nroCheque;
     QString efectivo;
     bool rectifica = false;

@@ -8,7 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kClientesPorPagina = 20;
 constexpr int kInicioFilas = 1700;
 constexpr int kFinDeLista = 11000;
 constexpr int kTrasLista = 600;

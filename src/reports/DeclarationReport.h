@@ -44,6 +44,7 @@ class InformeDeclaracion {
     void TituloEnFila(int x, const QString& texto) { m_escritor->ImprimePos(x, m_posY + kAltoTexto, texto, 9, true); }
     void CuadroEnFila(int x1, int x2) { m_escritor->ImprimeCuadro(x1, m_posY, x2, m_posY + kAltoFila); }
 
+    static constexpr int kClientesPorPagina = 20;
     static constexpr int kAltoFila = 270;
     static constexpr int kAltoTexto = 80; ///< from the top of a row down to its text
 

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kAncho = 104;
+constexpr int kAnchoErrores = 104;
 constexpr int kAnchoContribuyente = 110;
 constexpr int kColumnaCodigo = 101; ///< its six characters end past the width, wanted so
 constexpr int kErroresPorPagina = 69;
@@ -28,7 +28,7 @@ constexpr int kRayaTotal = 89;
 const QString kSangriaRaya = QString(15, u' ');
 const QString kSangria = QString(20, u' ');
 
-QString Raya(int ancho) {
+QString RayaSangrada(int ancho) {
     return kSangriaRaya + QString(ancho, u'_');
 }
 
@@ -48,10 +48,6 @@ int CuentaLineas(const QString& ruta) {
     while (lineas.Siguiente())
         ++cuenta;
     return cuenta;
-}
-
-QString Decodifica(QByteArrayView linea) {
-    return EsUtf8Valido(linea) ? QString::fromUtf8(linea) : DecodificaWindows1252(linea);
 }
 
 } // namespace
@@ -78,20 +74,20 @@ void ReporteErrores::Cabecera() {
     const QString pagina = u"Pag:"_s + Format(qint64{m_escritor->PaginaActual()}, u"##").rightJustified(5, u' ');
     const LineaCompuesta lineas[] = {
         LineaCompuesta()
-            .PonCentrado(u"QMD AGENTES DE PERCEPCION VENTAS INTERNAS"_s, kAncho)
+            .PonCentrado(u"QMD AGENTES DE PERCEPCION VENTAS INTERNAS"_s, kAnchoErrores)
             .Pon(1, u"ZOLMA"_s)
-            .PonHasta(kAncho, FormatFecha(ahora.date(), u"dd/mm/yyyy")),
+            .PonHasta(kAnchoErrores, FormatFecha(ahora.date(), u"dd/mm/yyyy")),
         LineaCompuesta()
             .Pon(1, FormatHora(ahora.time()))
             .PonHasta(kColumnaCodigo - 3, pagina)
             .Pon(kColumnaCodigo, u"PER005"_s),
         LineaCompuesta().PonCentrado(
-            u"REPORTE DE ERRORES DE TRANSFERENCIA - PERIODO "_s + PeriodoImpreso(m_datos.periodo), kAncho),
+            u"REPORTE DE ERRORES DE TRANSFERENCIA - PERIODO "_s + PeriodoImpreso(m_datos.periodo), kAnchoErrores),
         LineaCompuesta().Pon(1, (u"CONTRIBUYENTE:  "_s + m_datos.docDeclarante + u"  "_s + m_datos.nombreDeclarante)
                                     .leftJustified(kAnchoContribuyente, u' ')),
-        LineaCompuesta().Pon(1, Raya(kRaya)),
+        LineaCompuesta().Pon(1, RayaSangrada(kRaya)),
         LineaCompuesta().Pon(1, kSangria + u"DOC SUJETO SERIE NUMERO     DESCRIPCION DEL ERROR  "_s),
-        LineaCompuesta().Pon(1, Raya(kRaya)),
+        LineaCompuesta().Pon(1, RayaSangrada(kRaya)),
     };
     for (const LineaCompuesta& linea : lineas)
         m_escritor->ImprimeLinea(linea.Texto());
@@ -102,16 +98,16 @@ void ReporteErrores::Cuerpo() {
     AbreLista(lista);
     LineasTolerantes lineas(lista);
     while (lineas.Siguiente()) {
-        m_escritor->ImprimeLinea(kSangria + Decodifica(lineas.Linea()));
+        m_escritor->ImprimeLinea(kSangria + DecodificaCualquiera(lineas.Linea()));
         if (++m_errores % kErroresPorPagina == 0)
             Cuadra(u"Sub-Total de Errores:  "_s, kRaya);
     }
 }
 
 void ReporteErrores::Cuadra(const QString& rotulo, int anchoRaya) {
-    m_escritor->ImprimeLinea(Raya(anchoRaya));
+    m_escritor->ImprimeLinea(RayaSangrada(anchoRaya));
     m_escritor->ImprimeLinea(kSangria + rotulo + QString::number(m_errores));
-    m_escritor->ImprimeLinea(Raya(anchoRaya));
+    m_escritor->ImprimeLinea(RayaSangrada(anchoRaya));
 }
 
 } // namespace xa518

@@ -32,7 +32,6 @@ class EscritorInforme {
 
     /// From 1.
     [[nodiscard]] int PaginaActual() const { return m_paginaActual; }
-    [[nodiscard]] int AnchoReporte() const { return m_ancho; }
 
   private:
     static constexpr int kTamanoLinea = 8;

@@ -58,10 +58,6 @@ bool Verdadero(QByteArrayView campo) {
     return campo.trimmed().compare("True", Qt::CaseInsensitive) == 0 || Entero(campo) != 0;
 }
 
-QString Decodifica(QByteArrayView bytes) {
-    return EsUtf8Valido(bytes) ? QString::fromUtf8(bytes) : DecodificaWindows1252(bytes);
-}
-
 } // namespace
 
 LineaSpool::LineaSpool(QByteArrayView linea) : m_resto(linea) {
@@ -114,7 +110,7 @@ int LineaSpool::Pagina() const {
 
 TextoEnPagina LineaSpool::Texto() const {
     const auto& [x, y, texto, negrita, tamano, pagina] = m_campos;
-    return {Entero(x), Entero(y), Decodifica(texto), Verdadero(negrita), Entero(tamano), Entero(pagina)};
+    return {Entero(x), Entero(y), DecodificaCualquiera(texto), Verdadero(negrita), Entero(tamano), Entero(pagina)};
 }
 
 std::optional<Comando> LineaSpool::LeeEtiqueta() const {
@@ -122,7 +118,7 @@ std::optional<Comando> LineaSpool::LeeEtiqueta() const {
     const qsizetype fin = m_resto.indexOf(cierre);
     if (fin < 0)
         return std::nullopt;
-    return Etiqueta{m_etiqueta, Decodifica(m_resto.first(fin))};
+    return Etiqueta{m_etiqueta, DecodificaCualquiera(m_resto.first(fin))};
 }
 
 std::optional<Comando> LineaSpool::Lee() const {

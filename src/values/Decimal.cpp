@@ -207,19 +207,12 @@ Importe Importe::De(const Decimal& valor) {
     return Importe(static_cast<qint64>(fijo));
 }
 
-Importe Importe::Absoluto() const {
-    return Importe(m_diezmilesimos < 0 ? -m_diezmilesimos : m_diezmilesimos);
-}
-
 Importe operator+(Importe a, Importe b) {
     qint64 suma = 0;
-    if (__builtin_add_overflow(a.m_diezmilesimos, b.m_diezmilesimos, &suma))
+    if (__builtin_add_overflow(a.m_diezmilesimos, b.m_diezmilesimos, &suma) ||
+        suma == std::numeric_limits<qint64>::min())
         throw Desbordamiento();
     return Importe(suma);
-}
-
-Importe operator-(Importe a, Importe b) {
-    return a + Importe(-b.m_diezmilesimos);
 }
 
 } // namespace xa518

@@ -74,11 +74,9 @@ class Importe {
 
     [[nodiscard]] Decimal ADecimal() const { return {m_diezmilesimos, 4}; }
     [[nodiscard]] int Signo() const { return m_diezmilesimos < 0 ? -1 : m_diezmilesimos > 0 ? 1 : 0; }
-    [[nodiscard]] Importe Absoluto() const;
     [[nodiscard]] QString Texto() const { return ADecimal().Texto(); }
 
     friend Importe operator+(Importe a, Importe b);
-    friend Importe operator-(Importe a, Importe b);
     Importe& operator+=(Importe otro) { return *this = *this + otro; }
     auto operator<=>(const Importe&) const = default;
 

@@ -1,7 +1,5 @@
 #include "values/Text.h"
 
-#include <QStringDecoder>
-
 #include <algorithm>
 #include <array>
 
@@ -82,6 +80,10 @@ QString PeriodoDePantalla(QStringView mostrado) {
     const qsizetype largo = mostrado.size();
     return mostrado.last(std::min<qsizetype>(4, largo)).toString() +
            mostrado.first(std::min<qsizetype>(2, largo)).toString();
+}
+
+QString DecodificaCualquiera(QByteArrayView bytes) {
+    return EsUtf8Valido(bytes) ? QString::fromUtf8(bytes) : DecodificaWindows1252(bytes);
 }
 
 } // namespace xa518

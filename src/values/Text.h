@@ -22,6 +22,9 @@ namespace xa518 {
 
 [[nodiscard]] bool EsUtf8Valido(QByteArrayView bytes);
 
+/// UTF-8 where the bytes are that, otherwise Windows-1252: files of older programs.
+[[nodiscard]] QString DecodificaCualquiera(QByteArrayView bytes);
+
 [[nodiscard]] constexpr bool EsDigito(QChar c) {
     return c >= u'0' && c <= u'9';
 }

@@ -32,7 +32,7 @@ class CatalogTest : public BaseDePrueba {
     }
     [[nodiscard]] QString Busca(const QString& periodo, const QString& clase, const QString& mes) const {
         CatalogoTasas tasas(*m_base, periodo);
-        const FilaTasa& fila = tasas.Busca(clase, mes);
+        const FilaTasa fila = tasas.Busca(clase, mes);
         return fila.factor + u'/' + fila.tasa;
     }
 };

@@ -77,13 +77,13 @@ TEST(LineReader, LinesUpToTheLimitPassAtAnyPlaceOfTheBuffer) {
 TEST(FileSurvey, WhatBarsAFileAndHowItIsEncoded) {
     using enum Defecto;
     using enum Codificacion;
-    struct Caso {
+    struct Archivo {
         QByteArray bytes;
         Defecto defecto;
         Codificacion codificacion = Utf8;
     };
     const QByteArray larga = QByteArray(LectorLineas::kLargoMaximo, 'x') + "||\n";
-    const QList<Caso> casos = {
+    const QList<Archivo> casos = {
         {"", Ninguno},
         {"a|b|\nc|d|  \n", Ninguno},
         {"\xC3\xB1||\nb|c|", Ninguno},

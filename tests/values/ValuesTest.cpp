@@ -41,6 +41,7 @@ TEST(Currency, RaisesPastItsWidthInsteadOfWrapping) {
     EXPECT_THROW((void)Importe::Valor(u"922337203685477.5808"), Desbordamiento);
     EXPECT_THROW((void)Importe::Valor(u"-922337203685477.5808"), Desbordamiento);
     EXPECT_THROW((void)(mayor + minimo), Desbordamiento);
+    EXPECT_THROW((void)(Importe::Valor(u"-922337203685477.5807") + Importe::Valor(u"-0.0001")), Desbordamiento);
 }
 
 TEST(Decimal, RaisesPastThirtySixDigits) {
