@@ -13,15 +13,9 @@ namespace xa518 {
 
 namespace {
 
-/// Empty when there is no such file. One that is there and can't be read raises: written anew it would lose the rest.
 QByteArray LeeBytes(const QString& ruta) {
-    if (!QFileInfo::exists(ruta))
-        return {};
     QFile archivo(ruta);
-    QByteArray bytes = archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
-    if (archivo.error() != QFileDevice::NoError)
-        throw Error(NumeroError::AccesoAlDisco, QStringLiteral("No se puede leer el archivo ") + ruta);
-    return bytes;
+    return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
 }
 
 bool EsMismoNombre(QStringView uno, QStringView otro) {
@@ -135,6 +129,8 @@ QString ArchivoPerfil::Lee(QStringView seccion, QStringView clave) const {
 
 void ArchivoPerfil::Escribe(QStringView seccion, QStringView clave, QStringView valor) const {
     const QByteArray viejo = LeeBytes(m_ruta);
+    if (viejo.isEmpty() && QFileInfo(m_ruta).size() > 0) // written anew it would lose its other keys
+        throw Error(NumeroError::AccesoAlDisco, QStringLiteral("No se puede leer el archivo ") + m_ruta);
     const QByteArray nuevo = ConValor(viejo, seccion, clave, valor);
     if (nuevo == viejo)
         return; // a start that changes nothing goes well on a full or a read-only disk
