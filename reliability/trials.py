@@ -20,7 +20,6 @@ KEY = ("--ruc", RUC, "--hoy", "21/11/2026", "--periodo")
 SAVED = ("CAB", "DET", "F518PCAB", "F518PDET", "F518PDETVC", "F518PDETCP")
 WORK = ("TMPF518PCAB", "TMPF518PDET", "TMPF518PDETCP")
 BATCH, BIG_LINES = 10_000, 21_000
-MOMENTS = 200
 MODULE_FORMS = ("MDIFrm FrmContAbrir FrmContAbrirE Frm518 FrmConsist FrmAgePer FrmDetAgePer frmPerDet frmTransferencia "
                 "frmImprimir frmImpxPag frmPreview FrmConsultas frmAcercade FrmAyuda")
 LAUNCHER_FORMS = "FrmConsola FrmDeclarante frmPreview"
@@ -39,8 +38,9 @@ def demand(holds, what):
 class Installation:
     """The sample company in a folder of its own, its base put back as it was before each attempt."""
 
-    def __init__(self, build, folder):
+    def __init__(self, build, folder, moments):
         self.build, self.folder, self.base = build, folder / "xa518", folder / "xa518" / "XA000.DB"
+        self.moments = moments  # at how many of them it is killed or damaged
         self.environment = {**os.environ, "XDG_CONFIG_HOME": str(folder / "config"), "HOME": str(folder),
                             "QT_QPA_PLATFORM": "offscreen", "LC_ALL": "C.UTF-8", "TZ": "UTC"}
         (folder / "config").mkdir()
@@ -83,7 +83,7 @@ class Installation:
                         **options)
 
     def victim(self, work):
-        return lambda fault=None: self.run("tests/end_to_end/save_victim", self.base, work, RUC, PERIOD, fault=fault)
+        return lambda fault=None: self.run("reliability/save_victim", self.base, work, RUC, PERIOD, fault=fault)
 
     @staticmethod
     def must(run, codes=(0,)):
@@ -105,9 +105,9 @@ class Installation:
         return {table: self.rows(table) for table in SAVED}
 
 
-def spread(total):
-    """All moments when they are not too many, otherwise 200 evenly spread ones."""
-    count = total if total <= 2 * MOMENTS else MOMENTS
+def spread(total, moments):
+    """All moments when they are not too many, otherwise so many evenly spread ones."""
+    count = total if total <= 2 * moments else moments
     return [i * total // count for i in range(count)]
 
 
@@ -122,7 +122,7 @@ def killed(place, work):
     new = place.saved()
     demand(new != place.old, "the work changes nothing")
     seen = Counter()
-    for moment in spread(2 * total):
+    for moment in spread(2 * total, place.moments):
         place.restore()
         fault = (("mata", "rasga")[moment % 2], moment // 2 + 1)
         demand(work(fault).returncode == -9, f"not killed at {fault}")
@@ -146,7 +146,7 @@ def import_killed(place):
     microseconds = int((time.monotonic() - begin) * 1e6)
     whole = [place.rows(table) for table in WORK]
     demand(len(whole[2]) == BIG_LINES, "the whole file isn't there")
-    half = MOMENTS // 2
+    half = place.moments // 2
     faults = [("mata" if i % 2 else "rasga", 1 + i * total // half) for i in range(half)]
     faults += [("alarma", 1 + i * microseconds // half) for i in range(half)]
     seen = Counter()
@@ -202,7 +202,7 @@ def writers(place):
     return [lambda **o: place.batch("declarar", PERIOD, SAMPLE, "--rectifica", **o),
             lambda **o: place.batch("importar", PERIOD, SAMPLE, **o),
             lambda **o: place.console("--enviar", RUC, PERIOD, **o),
-            lambda **o: place.run("tests/end_to_end/save_victim", place.base, "elimina", RUC, PERIOD, **o)]
+            lambda **o: place.run("reliability/save_victim", place.base, "elimina", RUC, PERIOD, **o)]
 
 
 def refused_by_all(place, words, number, **options):
@@ -261,7 +261,7 @@ def corrupted(place, seed):
     chance = random.Random(seed)
     orders = [lambda: place.batch("validar", PERIOD), lambda: place.batch("declarar", PERIOD, SAMPLE, "--rectifica"),
               lambda: place.console("--enviar", RUC, PERIOD)]
-    seen, places = Counter(), MOMENTS // 2
+    seen, places = Counter(), place.moments // 2
     for i in range(places):
         content = bytearray(place.kept)
         where = i * len(content) // places
@@ -329,7 +329,7 @@ def monkey(place, window, seconds, seed, forms):
     return f"{steps} steps", f"no crash; {len(met & set(forms.split()))} of {len(forms.split())} forms met, base sound"
 
 
-def main(build, seconds, seed, wanted):
+def main(build, seconds, seed, moments, wanted):
     trials = [
         ("Killed in a save", lambda p: killed(p, p.victim("graba"))),
         ("Killed in a delete", lambda p: killed(p, p.victim("elimina"))),
@@ -348,7 +348,7 @@ def main(build, seconds, seed, wanted):
     print("| trial | how often | what was seen |\n|---|---|---|")
     with tempfile.TemporaryDirectory() as folder:
         os.chmod(folder, 0o755)
-        place = Installation(build, Path(folder))
+        place = Installation(build, Path(folder), moments)
         for name, trial in trials:
             if not any(part.lower() in name.lower() for part in wanted or [""]):
                 continue

@@ -1,5 +1,7 @@
 #include "app/DeclarationLists.h"
-#include "end_to_end/TwoDeclarations.h"
+#include "data/Base.h"
+#include "declaration/ClientGrid.h"
+#include "declaration/Save.h"
 
 #include <QCoreApplication>
 
@@ -11,33 +13,28 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Saves two contents of one declaration in turn until it is killed; writes a line before the first save and after
-/// each.
-[[noreturn]] void GrabaSinFin(Base& base) {
-    const auto avisa = [] {
-        std::puts("listo");
-        std::fflush(stdout);
-    };
-    avisa();
-    for (bool uno = false;; uno = !uno) {
-        prueba::GrabaContenido(base, uno ? prueba::Contenido::Uno : prueba::Contenido::Otro);
-        avisa();
-    }
+/// Saves what the work tables hold, paid in cash, as a rectification.
+void Graba(Base& base, const ClaveDeclaracion& clave) {
+    Declaracion declaracion;
+    declaracion.clave = clave;
+    RefrescaTotales(base, declaracion);
+    declaracion.montos.Cambia(410, declaracion.montos.Texto(405));
+    declaracion.pago = {u"E"_s, {}, {}, declaracion.montos.ImportePagar()};
+    declaracion.rectifica = u"1"_s;
+    (void)GrabaDeclaracion(base, declaracion, QDate(2026, 11, 21));
 }
 
 } // namespace
 
-/// With a base alone it saves without end; with "graba" or "elimina", a RUC and a period it does that once.
+/// Given a base, "graba" or "elimina", a RUC and a period, does that to that declaration and nothing else.
 int main(int argc, char* argv[]) {
     const QCoreApplication aplicacion(argc, argv);
     const QStringList argumentos = QCoreApplication::arguments();
     try {
         const std::unique_ptr<Base> base = Base::Abre(argumentos.at(1));
-        if (argumentos.size() == 2)
-            GrabaSinFin(*base);
         const ClaveDeclaracion clave{argumentos.at(3), argumentos.at(4), kNumFormulario, false, {}};
         if (argumentos.at(2) == u"graba")
-            prueba::GrabaTrabajo(*base, clave, u"E"_s, u"1"_s);
+            Graba(*base, clave);
         else
             EliminaDeclaracion(*base, clave);
     } catch (const Error& error) {
