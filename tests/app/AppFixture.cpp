@@ -3,11 +3,7 @@
 #include "app/Configuration.h"
 #include "data/SchemaVersion.h"
 
-#include <QDir>
-
 namespace xa518::prueba {
-
-using namespace Qt::StringLiterals;
 
 ModuloDePrueba::ModuloDePrueba() : carpetaAnterior(QDir::currentPath()), perfil(base.Carpeta() + u"/XA000.INI"_s) {
     base->Ejecuta(u"PRAGMA user_version=%1"_s.arg(kVersionEsquema));

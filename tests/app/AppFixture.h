@@ -1,15 +1,11 @@
 #pragma once
 
-#include "Printers.h"
 #include "app/Dialogs.h"
 #include "data/Process.h"
 #include "platform/Clock.h"
 #include "platform/ProfileFile.h"
 #include "support/FormDriver.h"
-#include "support/NoticeScript.h"
 #include "support/TemporaryBase.h"
-
-#include <gtest/gtest.h>
 
 namespace xa518::prueba {
 

@@ -2,15 +2,9 @@
 
 #include "app/AppFixture.h"
 
-#include <QDir>
-#include <QFile>
-
-namespace xa518 {
 namespace {
 
-using namespace Qt::StringLiterals;
-
-class ConfigurationTest : public prueba::ModuloDePrueba {
+class ConfigurationTest : public ModuloDePrueba {
   protected:
     void Pon(const QString& clave, const QString& valor) const { perfil.Escribe(kSeccionOpciones, clave, valor); }
     [[nodiscard]] int NumeroAlAbrir() {
@@ -70,4 +64,3 @@ TEST_F(ConfigurationTest, NumbersEachRefusalAndRewritesSystemDbEvenThen) {
 }
 
 } // namespace
-} // namespace xa518

@@ -8,19 +8,14 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDir>
-#include <QFile>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTest>
 #include <QToolBar>
 
-namespace xa518 {
 namespace {
 
-using namespace Qt::StringLiterals;
-
-class MainWindowTest : public prueba::ModuloDePrueba {
+class MainWindowTest : public ModuloDePrueba {
   protected:
     void SetUp() override {
         Dialogos dialogos;
@@ -42,7 +37,7 @@ class MainWindowTest : public prueba::ModuloDePrueba {
         return forma;
     }
     void Boton(int indice) const {
-        const auto& barra = prueba::De<QToolBar>(*ventana, "Toolbar1");
+        const auto& barra = De<QToolBar>(*ventana, "Toolbar1");
         QTest::mouseClick(barra.widgetForAction(barra.actions().at(indice - 1)), Qt::LeftButton);
     }
 
@@ -100,11 +95,11 @@ TEST_F(MainWindowTest, CommandsSayWhatTheyAreForAndOpenTheirForm) {
         proceso.enviadas = caso.enviadasAntes;
         QString abierta;
         if (!caso.forma.isEmpty())
-            prueba::AlAbrir({}, [&](QWidget& forma) { abierta = forma.objectName(); });
+            AlAbrir({}, [&](QWidget& forma) { abierta = forma.objectName(); });
         if (const int indice = caso.orden.toInt())
             Boton(indice);
         else
-            prueba::De<QAction>(*ventana, caso.orden).trigger();
+            De<QAction>(*ventana, caso.orden).trigger();
         EXPECT_EQ(abierta, caso.forma) << caso.orden.toStdString();
         EXPECT_EQ(proceso.opcion, caso.opcion) << caso.orden.toStdString();
         EXPECT_EQ(proceso.enviadas, caso.enviadas) << caso.orden.toStdString();
@@ -113,7 +108,7 @@ TEST_F(MainWindowTest, CommandsSayWhatTheyAreForAndOpenTheirForm) {
 }
 
 TEST_F(MainWindowTest, EveryWayOutClosesTheBase) {
-    const QList<std::function<void()>> salidas = {[this] { prueba::De<QAction>(*ventana, u"mnuSalir"_s).trigger(); },
+    const QList<std::function<void()>> salidas = {[this] { De<QAction>(*ventana, u"mnuSalir"_s).trigger(); },
                                                   [this] { Boton(5); }, [this] { ventana->close(); }};
     for (const auto& salida : salidas) {
         Carga();
@@ -151,7 +146,7 @@ TEST_F(HelpTest, OpensTheTopicOfTheFormInFrontAlsoOverAModalOne) {
     EXPECT_EQ(TituloDeAyuda(), u"Ayuda - Contenido"_s);
     QTest::keyClick(ventana.get(), Qt::Key_F1);
     EXPECT_EQ(TituloDeAyuda(), u"Ayuda - Ventana principal"_s);
-    prueba::AlAbrir({}, [](QWidget& forma) {
+    AlAbrir({}, [](QWidget& forma) {
         QTest::keyClick(&forma, Qt::Key_F1);
         EXPECT_EQ(TituloDeAyuda(), u"Ayuda - Identificación"_s) << "by its name";
         const std::pair<int, QString> temas[] = {{1014, u"Deuda tributaria"_s}, {9999, u"Contenido"_s}};
@@ -162,7 +157,7 @@ TEST_F(HelpTest, OpensTheTopicOfTheFormInFrontAlsoOverAModalOne) {
             EXPECT_EQ(TituloDeAyuda(), u"Ayuda - "_s + tema);
         }
     });
-    prueba::De<QAction>(*ventana, u"mnuNueva"_s).trigger();
+    De<QAction>(*ventana, u"mnuNueva"_s).trigger();
 }
 
 TEST_F(HelpTest, TellsAMissingFileAndOneThatIsNone) {
@@ -171,11 +166,11 @@ TEST_F(HelpTest, TellsAMissingFileAndOneThatIsNone) {
     const QString remedio = u" Ejecute consola --instalar para reponerlo."_s;
     avisos.Espera({Icono::Exclamacion, u"No se encuentra el archivo de ayuda '%1'."_s.arg(ruta) + remedio,
                    ventana->windowTitle()});
-    prueba::De<QAction>(*ventana, u"mnuContenido"_s).trigger();
+    De<QAction>(*ventana, u"mnuContenido"_s).trigger();
     QDir(base.Carpeta()).mkpath(u"0518"_s);
-    prueba::EscribeEn(ruta, "no es una ayuda");
+    EscribeEn(ruta, "no es una ayuda");
     avisos.Espera(u"El archivo de ayuda '%1' no se puede leer."_s.arg(ruta) + remedio);
-    prueba::De<QAction>(*ventana, u"mnuContenido"_s).trigger();
+    De<QAction>(*ventana, u"mnuContenido"_s).trigger();
     EXPECT_EQ(TituloDeAyuda(), u""_s);
 }
 
@@ -185,7 +180,7 @@ TEST_F(HelpTest, LinksLeadToEveryPage) {
     const QDir paginas(u":/xa518/ayuda"_s);
     QString textos;
     for (const QString& nombre : paginas.entryList(QDir::Files))
-        textos += QString::fromUtf8(prueba::BytesDe(paginas.filePath(nombre)));
+        textos += QString::fromUtf8(BytesDe(paginas.filePath(nombre)));
     QSet<QString> nombradas;
     static const QRegularExpression nombrada(u"(?:href=\"|^\\w+ )([^\"\\s]+\\.html)"_s,
                                              QRegularExpression::MultilineOption);
@@ -197,4 +192,3 @@ TEST_F(HelpTest, LinksLeadToEveryPage) {
 }
 
 } // namespace
-} // namespace xa518

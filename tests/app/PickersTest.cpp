@@ -9,16 +9,13 @@
 #include <QTest>
 #include <QTimer>
 
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 const QString kAna = u"20100000009"_s;
 const QString kBeto = u"20200000008"_s;
 const QString kPregunta = u"¿Confirma que va a eliminar la declaración seleccionada?"_s;
 
-class PickersTest : public prueba::ModuloDePrueba {
+class PickersTest : public ModuloDePrueba {
   protected:
     PickersTest() {
         Declarante(6, kAna, u"ANA  S.A."_s, u"JEFA"_s);
@@ -44,11 +41,11 @@ class PickersTest : public prueba::ModuloDePrueba {
         proceso.opcion = opcion;
         proceso.enviadas = std::is_same_v<Lista, FrmContAbrirE>;
         auto lista = std::make_unique<Lista>(Entorno{proceso, avisos, barra, dialogos});
-        prueba::Muestra(*lista);
+        Muestra(*lista);
         return lista;
     }
     static GrillaDeLectura& Grilla(QWidget& lista) { return *lista.findChild<GrillaDeLectura*>(); }
-    static void Boton(const QWidget& lista, int indice) { prueba::Clic(lista, u"CmdOpciones_%1"_s.arg(indice)); }
+    static void Boton(const QWidget& lista, int indice) { Clic(lista, u"CmdOpciones_%1"_s.arg(indice)); }
     /// The cells of one column, from the top.
     static QStringList Columna(QWidget& lista, int columna) {
         const auto& datos = *Grilla(lista).model();
@@ -99,7 +96,7 @@ TEST_F(PickersTest, OpensTheRowHiddenAndComesBackToIt) {
                                                  [&] { QTest::keyClick(&Grilla(*lista), Qt::Key_Return); },
                                                  [&] { Boton(*lista, 0); }};
     for (const auto& gesto : gestos) {
-        prueba::AlAbrir({}, [&](QWidget& /*forma*/) { barra.Limpia({}); });
+        AlAbrir({}, [&](QWidget& /*forma*/) { barra.Limpia({}); });
         gesto();
         EXPECT_TRUE(lista->isVisible());
         EXPECT_EQ(elegidas.takeLast(), kBeto + u"|ALMACEN BETO|092026||"_s);
@@ -109,7 +106,7 @@ TEST_F(PickersTest, OpensTheRowHiddenAndComesBackToIt) {
     }
     // The row that was open is the last one, and it is gone: back to the first.
     Grilla(*lista).PonFila(2);
-    prueba::AlAbrir({}, [&](QWidget& /*forma*/) { base->Ejecuta(u"DELETE FROM CAB WHERE periodo='202608'"_s); });
+    AlAbrir({}, [&](QWidget& /*forma*/) { base->Ejecuta(u"DELETE FROM CAB WHERE periodo='202608'"_s); });
     Boton(*lista, 0);
     EXPECT_EQ(Grilla(*lista).Fila(), 0);
     Boton(*lista, 1);
@@ -124,7 +121,7 @@ TEST_F(PickersTest, StaysOpenModallyWhenTheDeclarationCloses) {
     FrmContAbrir lista(Entorno{proceso, avisos, barra, dialogos});
     bool seguia = false;
     QTimer::singleShot(0, &lista, [&] {
-        prueba::AlAbrir({}, [](QWidget& forma) { EXPECT_NE(forma.objectName(), u"FrmContAbrir"); });
+        AlAbrir({}, [](QWidget& forma) { EXPECT_NE(forma.objectName(), u"FrmContAbrir"); });
         QTest::keyClick(&Grilla(lista), Qt::Key_Enter);
         QTimer::singleShot(50, &lista, [&] {
             seguia = lista.isVisible() && lista.isModal();
@@ -166,7 +163,7 @@ TEST_F(PickersTest, TheSentListTakesTheRowsNumbersAndIsAnotherOneOnReturn) {
     base->Ejecuta(u"UPDATE HCAB SET norden=' 123456789 ', control='10000042', fec_env='05/10/2026'"_s);
     const auto lista = Abre<FrmContAbrirE>(kModificar);
     EXPECT_EQ(Columna(*lista, 1).size(), 2) << "the declarant's kind isn't limited at load";
-    prueba::AlAbrir({}, [](QWidget& /*forma*/) {});
+    AlAbrir({}, [](QWidget& /*forma*/) {});
     Boton(*lista, 0);
     EXPECT_EQ(elegidas.last().section(u'|', 2), u"092026|123456789|10000042"_s);
     EXPECT_EQ(proceso.numOrden + u'/' + proceso.numControl + u'/' + proceso.correl, u"123456789/10000042/2"_s);
@@ -193,8 +190,8 @@ class DeletionTest : public PickersTest {
         return filas;
     }
 
-    const QStringList m_tablas = prueba::kTablas + QStringList{u"HCAB"_s,      u"HDET"_s,        u"HF518PCAB"_s,
-                                                               u"HF518PDET"_s, u"HF518PDETVC"_s, u"HF518PDETCP"_s};
+    const QStringList m_tablas =
+        kTablas + QStringList{u"HCAB"_s, u"HDET"_s, u"HF518PCAB"_s, u"HF518PDET"_s, u"HF518PDETVC"_s, u"HF518PDETCP"_s};
 };
 
 TEST_F(DeletionTest, AsksFirstAndThenDeletesThatDeclarationInOrder) {
@@ -248,4 +245,3 @@ TEST_F(DeletionTest, ThatFailsChangesNothing) {
 }
 
 } // namespace
-} // namespace xa518

@@ -4,21 +4,13 @@
 #include "data/Base.h"
 #include "data/WorkLock.h"
 #include "launcher/Installation.h"
-#include "support/Files.h"
+#include "support/Test.h"
 
-#include <QDir>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTextStream>
-
-#include <gtest/gtest.h>
-
-using namespace xa518;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -56,7 +48,7 @@ class Batch : public testing::Test {
         Registros fila = base->Lee(u"SELECT count(*) FROM "_s + tabla);
         return fila.Siguiente() ? fila.Entero(0) : -1;
     }
-    void EscribeArchivo(const QByteArray& bytes) const { prueba::EscribeEn(ArchivoDelMes(), bytes); }
+    void EscribeArchivo(const QByteArray& bytes) const { EscribeEn(ArchivoDelMes(), bytes); }
 
     QTemporaryDir m_carpeta;
     QString m_antes;
@@ -98,7 +90,7 @@ TEST_F(Batch, SavesAndTellsInconsistencies) {
     EXPECT_EQ(Json()[u"inconsistencias"_s].toArray().first().toString(), u"Indique la forma de pago."_s);
     ASSERT_EQ(Corre(u"validar"_s + kClave), 1);
     EXPECT_TRUE(m_salida.contains(u"Indique la forma de pago."_s));
-    EXPECT_EQ(QString::fromUtf8(prueba::BytesDe(Casa() + u"/0518/Mens.txt"_s)), u"Indique la forma de pago.\n"_s);
+    EXPECT_EQ(QString::fromUtf8(BytesDe(Casa() + u"/0518/Mens.txt"_s)), u"Indique la forma de pago.\n"_s);
     ASSERT_EQ(Corre(u"declarar"_s + kClave + u" --cheque 0017 --banco 02"_s), 0);
     ASSERT_EQ(Corre(u"validar"_s + kClave), 0);
     EXPECT_TRUE(m_salida.contains(u"La declaración no presenta inconsistencias."_s));
@@ -126,7 +118,7 @@ TEST_F(Batch, TriesAFileAndLogsAndListsItsFaults) {
     const int rechazados = Json()[u"rechazados"_s].toInt();
     EXPECT_EQ(Json()[u"archivos"_s].toArray(), QJsonArray{hoja});
     EXPECT_EQ(Cuenta(u"TMPF518PDET"_s), 0);
-    EXPECT_EQ(prueba::BytesDe(hoja).count('\n'), rechazados + 1);
+    EXPECT_EQ(BytesDe(hoja).count('\n'), rechazados + 1);
     const QString log = Casa() + u"/RPT0518"_s + kRuc + u"202610.Log"_s;
     EXPECT_FALSE(QFile::exists(log));
 
@@ -135,7 +127,7 @@ TEST_F(Batch, TriesAFileAndLogsAndListsItsFaults) {
 
     EXPECT_EQ(Corre(octubre), 1);
     EXPECT_GE(rechazados, 12);
-    EXPECT_EQ(prueba::BytesDe(log).count('\n'), rechazados);
+    EXPECT_EQ(BytesDe(log).count('\n'), rechazados);
     EXPECT_GT(Cuenta(u"TMPF518PDET"_s), 0);
     EXPECT_EQ(Cuenta(u"CAB"_s), 0); // importing declares nothing
 }
@@ -222,7 +214,7 @@ TEST_F(Batch, TellsWhatFailed) {
         otro->Ejecuta(u"BEGIN EXCLUSIVE"_s);
         espera(u"3051"_s);
     }
-    prueba::EscribeEn(Casa() + u"/XA000.DB"_s, QByteArray(4096, 'x'));
+    EscribeEn(Casa() + u"/XA000.DB"_s, QByteArray(4096, 'x'));
     espera(u"not a database"_s);
     m_perfil.Escribe(kSeccionOpciones, u"DBName", u"");
     espera(u"Falta la clave DBName"_s);

@@ -4,20 +4,12 @@
 #include "data/Transaction.h"
 #include "data/Workgroup.h"
 
-#include <QDir>
-#include <QFile>
-
 #include <sqlite3.h>
 
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <stdexcept>
-
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 class BaseTest : public BaseDePrueba {
   protected:
@@ -211,7 +203,7 @@ TEST_F(OpeningTest, TellsWhatIsWrongWithTheFile) {
     EXPECT_FALSE(QFile::exists(Ruta(u"nohay.db"_s))); // and didn't make one
     EXPECT_EQ(NumeroAlAbrir(m_base.Carpeta()), 3024);
     EXPECT_EQ(NumeroAlAbrir(u""_s), 3024);
-    prueba::EscribeEn(Ruta(u"texto.db"_s), QByteArray(5000, 'x'));
+    EscribeEn(Ruta(u"texto.db"_s), QByteArray(5000, 'x'));
     EXPECT_EQ(NumeroAlAbrir(Ruta(u"texto.db"_s)), SQLITE_NOTADB);
     EXPECT_EQ(NumeroAlAbrir(u"oracle://servidor/base"_s), 3170);
     EXPECT_EQ(NumeroDe([&] { (void)Base::Crea(m_base->Ruta()); }), 57); // never over an existing one
@@ -223,7 +215,7 @@ TEST_F(OpeningTest, MakesAPrivateFileUnderAnyName) {
     const QString ruta = carpeta + u"/base ñ.db"_s;
     Base::Crea(ruta)->Ejecuta(u"CREATE TABLE T (a TEXT)"_s);
     EXPECT_EQ(NumeroAlAbrir(ruta), 0);
-    EXPECT_EQ(QFile::permissions(ruta) & prueba::kDeOtros, QFile::Permissions());
+    EXPECT_EQ(QFile::permissions(ruta) & kDeOtros, QFile::Permissions());
 }
 
 /// The superuser may write anything, so the file is opened by a child that has become somebody else.
@@ -263,13 +255,12 @@ TEST_F(OpeningTest, TheWorkgroupAdmitsItsAccountAndNoOther) {
     EXPECT_EQ(numero(u"usuario1"_s, u"clave001"_s), 0);
     EXPECT_EQ(numero(u"usuario1"_s, u"clave002"_s), 3029);
     EXPECT_EQ(numero(u"usuario2"_s, u"clave001"_s), 3029);
-    EXPECT_EQ(QFile::permissions(ruta) & prueba::kDeOtros, QFile::Permissions());
-    EXPECT_FALSE(prueba::BytesDe(ruta).contains("clave001"));
+    EXPECT_EQ(QFile::permissions(ruta) & kDeOtros, QFile::Permissions());
+    EXPECT_FALSE(BytesDe(ruta).contains("clave001"));
     grupo.Admite({u"usuario2"_s, u"clave002"_s});
     EXPECT_EQ(numero(u"usuario1"_s, u"clave001"_s) + numero(u"usuario2"_s, u"clave002"_s), 0);
-    prueba::EscribeEn(ruta, "{\"usuario1\": \"clave001\"} \x01 rubbish");
+    EscribeEn(ruta, "{\"usuario1\": \"clave001\"} \x01 rubbish");
     EXPECT_EQ(numero(u"usuario1"_s, u"clave001"_s), 3029);
 }
 
 } // namespace
-} // namespace xa518

@@ -7,16 +7,13 @@
 #include "data/RateCatalog.h"
 #include "data/RecordChecksum.h"
 
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 class CatalogTest : public BaseDePrueba {
   protected:
     void Documento(const QString& tipo, const QString& corto, const QString& largo, const QString& orden,
                    const QString& datoYLongitud, const QString& ofrecidoEn = u"1"_s) const {
-        const QString fila = prueba::Funcion(
+        const QString fila = Funcion(
             {{1, u"DOCUMENTO"_s}, {32, corto}, {46, largo}, {49, ofrecidoEn}, {56, orden}, {128, datoYLongitud}});
         m_base->Ejecuta(u"INSERT OR REPLACE INTO PARAM VALUES ('044',?,?,0)"_s, {tipo, fila});
     }
@@ -28,7 +25,7 @@ class CatalogTest : public BaseDePrueba {
     void Tasa(const QString& clase, const QString& desde, const QString& antes, const QString& despues,
               const QString& tasa) const {
         m_base.Param(u"953"_s, clase + u"010909"_s + desde,
-                     prueba::Funcion({{2, antes}, {21, despues}, {31, tasa}, {37, u"9"_s}}));
+                     Funcion({{2, antes}, {21, despues}, {31, tasa}, {37, u"9"_s}}));
     }
     [[nodiscard]] QString Busca(const QString& periodo, const QString& clase, const QString& mes) const {
         CatalogoTasas tasas(*m_base, periodo);
@@ -214,4 +211,3 @@ TEST_F(RecordChecksumTest, RaisesWhereSixteenBitsEnd) {
 }
 
 } // namespace
-} // namespace xa518

@@ -1,9 +1,6 @@
 #pragma once
 
-#include "Printers.h"
 #include "support/TemporaryBase.h"
-
-#include <gtest/gtest.h>
 
 namespace xa518 {
 

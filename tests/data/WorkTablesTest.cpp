@@ -2,10 +2,7 @@
 
 #include "data/WorkTables.h"
 
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 class WorkTablesTest : public BaseDePrueba {
   protected:
@@ -116,4 +113,3 @@ TEST_F(WorkTablesTest, LoseAClientWithAllThatHangsOnIt) {
 }
 
 } // namespace
-} // namespace xa518

@@ -1,17 +1,10 @@
 #include "declaration/FormFixture.h"
 
 #include <QAbstractItemView>
-#include <QApplication>
-#include <QComboBox>
-#include <QDir>
 #include <QTabBar>
 #include <QTabWidget>
-#include <QTest>
-#include <QTimer>
 
 namespace xa518::prueba {
-
-using namespace Qt::StringLiterals;
 
 void ConFormulario::SetUp() {
     m_base.Param(u"044"_s, u"6"_s, Funcion({{1, u"REGISTRO"_s}, {32, u"RUC"_s}, {46, u"11"_s}}), 3);

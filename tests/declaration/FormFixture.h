@@ -5,12 +5,7 @@
 #include "platform/Clock.h"
 #include "platform/StatusBar.h"
 #include "support/FormDriver.h"
-#include "support/NoticeScript.h"
 #include "support/TemporaryBase.h"
-
-#include <gtest/gtest.h>
-
-#include <QLineEdit>
 
 #include <functional>
 #include <memory>

@@ -1,8 +1,8 @@
 #include "FormFixture.h"
 
-#include "Printers.h"
 #include "data/CheckDigits.h"
 #include "data/Transaction.h"
+#include "support/Test.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -11,12 +11,9 @@
 #include <QTableView>
 #include <QTest>
 
-namespace xa518 {
 namespace {
 
-using namespace Qt::StringLiterals;
-
-class Frm518Test : public prueba::ConFormulario {
+class Frm518Test : public ConFormulario {
   protected:
     [[nodiscard]] QString Identidad() {
         return Control<QComboBox>(u"CmbRuc"_s).currentText() + u' ' + Texto(u"MkePeriodo"_s);
@@ -37,7 +34,7 @@ TEST_F(Frm518Test, ANewDeclarationIsTypedInSavedAndComesBack) {
                      m_forma->windowTitle()});
     Pulsa(u"OptRectifica_1"_s);
     VaAPestania(1);
-    EXPECT_EQ(m_barra.Ruc() + m_barra.Periodo(), prueba::kRucDeclarante + u"10/2026"_s);
+    EXPECT_EQ(m_barra.Ruc() + m_barra.Periodo(), kRucDeclarante + u"10/2026"_s);
     EXPECT_FALSE(Control<>(u"MkePeriodo"_s).isEnabled()) << "entering the detail freezes the key";
     AgregaCliente(6, u"20500000007"_s, u"1001.50"_s);
     EXPECT_EQ(Texto(u"TxtPercepcion"_s), u"1,002"_s);
@@ -135,7 +132,7 @@ TEST_F(Frm518Test, EveryFaultOfTheIdentificationTakesBackToItsField) {
         EXPECT_TRUE(caso.texto.isEmpty() || Identidad() == escrito) << "what was typed is lost";
     }
     EXPECT_EQ(m_base.Filas(u"SELECT count(*) FROM CAB"_s), QStringList{u"1"_s});
-    m_base.Agrega(u"HCAB"_s, {{u"Doc_id_d"_s, prueba::kRucDeclarante}, {u"periodo"_s, u"202609"_s}});
+    m_base.Agrega(u"HCAB"_s, {{u"Doc_id_d"_s, kRucDeclarante}, {u"periodo"_s, u"202609"_s}});
     for (const QString& vale : {u"012005"_s, u"112026"_s, u"092026"_s}) { // the last one was only sent
         AbreNueva();
         periodo(vale);
@@ -149,10 +146,10 @@ TEST_F(Frm518Test, ValidationListsWhatIsWrongAndTheSaveMarksIt) {
     Identifica();
     VaAPestania(1);
     AgregaCliente(6, u"20500000007"_s, u"50.00"_s);
-    prueba::AlAbrir(u"FrmConsist", [](QWidget& ventana) {
-        EXPECT_EQ(prueba::De<QPlainTextEdit>(ventana, u"TxtPreliminar").toPlainText(),
+    AlAbrir(u"FrmConsist", [](QWidget& ventana) {
+        EXPECT_EQ(De<QPlainTextEdit>(ventana, u"TxtPreliminar").toPlainText(),
                   u"Debe consignar el importe a pagar en Percepciones.\nIndique la forma de pago.\n"_s);
-        prueba::Clic(ventana, u"CmdGrabar");
+        Clic(ventana, u"CmdGrabar");
     });
     Pulsa(u"CmdValidar"_s);
     EXPECT_EQ(m_proceso.hayInconsistencia, 1);
@@ -272,8 +269,7 @@ TEST_F(Frm518Test, ASentCopyTakesOnlyItsOrderNumber) {
             EXPECT_EQ(Orden(), caso.numero + u'-' + caso.digitos);
         }
     }
-    m_base.Agrega(u"HCAB"_s,
-                  {{u"Doc_id_d"_s, prueba::kRucDeclarante}, {u"periodo"_s, u"202610"_s}, {u"correl"_s, u"4"_s}});
+    m_base.Agrega(u"HCAB"_s, {{u"Doc_id_d"_s, kRucDeclarante}, {u"periodo"_s, u"202610"_s}, {u"correl"_s, u"4"_s}});
     const auto copias = [&] { return m_base.Filas(u"SELECT correl, norden, cNumero FROM HCAB ORDER BY correl"_s); };
     const QStringList antes = copias();
     m_base->Ejecuta(u"UPDATE HCAB SET correl='5' WHERE correl='3'"_s);
@@ -307,12 +303,12 @@ TEST_F(Frm518Test, ABaseThatFailsIsToldAndLeavesWhatWasTyped) {
                   u"La base de datos está ocupada por otro programa. (database is locked)"_s},
                  {"moved away", [&] { EXPECT_TRUE(QFile::rename(ruta, ruta + u'_')); },
                   u"El archivo de la base de datos ya no está en su lugar. (attempt to write a readonly database)"_s},
-                 {"overwritten", [&] { prueba::EscribeEn(ruta, QByteArray(100'000, 'x')); },
+                 {"overwritten", [&] { EscribeEn(ruta, QByteArray(100'000, 'x')); },
                   u"El archivo está dañado o no es una base de datos. (file is not a database)"_s},
-                 {"emptied", [&] { prueba::EscribeEn(ruta, {}); }, u"no such table: TMPF518PCAB"_s}};
+                 {"emptied", [&] { EscribeEn(ruta, {}); }, u"no such table: TMPF518PCAB"_s}};
     GrabaUna();
-    const QByteArray bytes = prueba::BytesDe(ruta);
-    const QString antes = prueba::Retrato(*m_base);
+    const QByteArray bytes = BytesDe(ruta);
+    const QString antes = Retrato(*m_base);
     for (const auto& [cual, hace, texto] : casos) {
         SCOPED_TRACE(cual);
         AbreRegistrada();
@@ -330,10 +326,10 @@ TEST_F(Frm518Test, ABaseThatFailsIsToldAndLeavesWhatWasTyped) {
         EXPECT_FALSE(m_forma->isVisible()) << "it doesn't hold the person either";
         ajena.reset();
         QFile::remove(ruta + u'_');
-        prueba::EscribeEn(ruta, bytes);
+        EscribeEn(ruta, bytes);
         m_forma.reset();
         m_proceso.baseDatos = Base::Abre(ruta);
-        EXPECT_EQ(prueba::Retrato(*m_proceso.baseDatos), antes);
+        EXPECT_EQ(Retrato(*m_proceso.baseDatos), antes);
     }
 }
 
@@ -351,4 +347,3 @@ TEST_F(Frm518Test, ACheckThatFailsLetsNobodyGoOn) {
 }
 
 } // namespace
-} // namespace xa518

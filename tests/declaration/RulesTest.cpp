@@ -1,10 +1,6 @@
 #include "declaration/Boxes.h"
 #include "declaration/Consistency.h"
-
-#include <gtest/gtest.h>
-
-using namespace xa518;
-using namespace Qt::StringLiterals;
+#include "support/Test.h"
 
 namespace {
 

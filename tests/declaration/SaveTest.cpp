@@ -4,13 +4,6 @@
 #include "declaration/ClientGrid.h"
 #include "support/TemporaryBase.h"
 
-#include <gtest/gtest.h>
-
-using namespace xa518;
-using namespace Qt::StringLiterals;
-using prueba::BaseTemporal;
-using prueba::Funcion;
-
 namespace {
 
 const QDate kHoy(2026, 11, 21);
@@ -94,7 +87,7 @@ TEST_F(Save, WritesHeadBoxesAndDetailWithTheirChecksums) {
     // Both of these checksums were worked out by hand from the fields.
     EXPECT_EQ(base.Filas(u"SELECT cNumero FROM CAB"_s), QStringList{u"143397"_s});
     EXPECT_EQ(base.Filas(u"SELECT cNumero FROM DET WHERE Casilla='401'"_s), QStringList{u"546146"_s});
-    for (const QString& tabla : prueba::kTablas)
+    for (const QString& tabla : kTablas)
         EXPECT_TRUE(
             base.Filas(u"SELECT 1 FROM %1 WHERE cNumero IS NULL OR length(cNumero) <> 6"_s.arg(tabla)).isEmpty())
             << tabla.toStdString();
@@ -103,13 +96,13 @@ TEST_F(Save, WritesHeadBoxesAndDetailWithTheirChecksums) {
 TEST_F(Save, SavingAgainReplacesEveryRowOrNone) {
     Detalle();
     ASSERT_EQ(GrabaDeclaracion(*base, Nueva(), kHoy).estado, 0);
-    const QString primero = prueba::Retrato(*base);
+    const QString primero = Retrato(*base);
     ASSERT_EQ(GrabaDeclaracion(*base, Nueva(), kHoy).estado, 0);
-    EXPECT_EQ(prueba::Retrato(*base), primero);
+    EXPECT_EQ(Retrato(*base), primero);
     // The last table to be written takes a text whose checksum overflows.
     base->Ejecuta(u"UPDATE TMPF518PDETCP SET mto_detcp=? WHERE num_detcp='00000012'"_s, {QString(400, u'Z')});
     EXPECT_THROW((void)GrabaDeclaracion(*base, Nueva(), kHoy.addDays(1)), Desbordamiento);
-    EXPECT_EQ(prueba::Retrato(*base), primero);
+    EXPECT_EQ(Retrato(*base), primero);
     TablasTrabajo(*base).EliminaCliente(6, u"20500000007"_s);
     ASSERT_EQ(GrabaDeclaracion(*base, Nueva(), kHoy).estado, 0);
     EXPECT_EQ(base.Filas(u"SELECT count(*) FROM F518PDETCP"_s), QStringList{u"0"_s});

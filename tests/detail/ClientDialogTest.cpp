@@ -2,16 +2,11 @@
 
 #include "detail/DetailFixture.h"
 
-#include <QLineEdit>
-
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 const QString kFaltaComprobante = u"Ingrese al menos un comprobante de pago"_s;
 
-class ClientDialogTest : public prueba::DetailTest {
+class ClientDialogTest : public DetailTest {
   protected:
     std::unique_ptr<FrmAgePer> Abre(const std::optional<FilaCliente>& fila = std::nullopt) {
         m_proceso.opcionDetalle = fila ? u"1"_s : u"0"_s;
@@ -195,4 +190,3 @@ TEST_F(ClientDialogTest, ASentClientIsOnlyLookedAt) {
 }
 
 } // namespace
-} // namespace xa518

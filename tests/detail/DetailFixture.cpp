@@ -2,15 +2,9 @@
 
 #include "data/Transaction.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QComboBox>
-#include <QLineEdit>
 #include <QRegularExpression>
 
 namespace xa518::prueba {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

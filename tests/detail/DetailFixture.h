@@ -1,13 +1,9 @@
 #pragma once
 
-#include "Printers.h"
 #include "data/Process.h"
 #include "platform/Clock.h"
 #include "support/FormDriver.h"
-#include "support/NoticeScript.h"
 #include "support/TemporaryBase.h"
-
-#include <gtest/gtest.h>
 
 namespace xa518::prueba {
 
@@ -44,13 +40,3 @@ class DetailTest : public testing::Test {
 };
 
 } // namespace xa518::prueba
-
-namespace xa518 {
-using prueba::AlAbrir;
-using prueba::Clic;
-using prueba::De;
-using prueba::kEmpresa;
-using prueba::kGuardar;
-using prueba::kSinComprobantes;
-using prueba::Muestra;
-} // namespace xa518

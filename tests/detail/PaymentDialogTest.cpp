@@ -2,22 +2,17 @@
 
 #include "detail/DetailFixture.h"
 
-#include <QLineEdit>
-
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 const QString kGrabada = u"La información se grabó satisfactoriamente"_s;
 
-class PaymentDialogTest : public prueba::DetailTest {
+class PaymentDialogTest : public DetailTest {
   protected:
     std::unique_ptr<frmPerDet> Abre(const QString& modo, const ClavePago& clave = {}, const QString& fecha = {},
                                     const QString& monto = {}) {
         m_proceso.modoPago = modo;
         ComprobanteDePago pago{clave, fecha, monto};
-        pago.clave.comprobante = {{6, prueba::kEmpresa}, u"P001"_s, u"00000001"_s, {}};
+        pago.clave.comprobante = {{6, kEmpresa}, u"P001"_s, u"00000001"_s, {}};
         auto forma = std::make_unique<frmPerDet>(m_proceso, m_avisos, pago, u"1"_s);
         Muestra(*forma);
         return forma;
@@ -128,4 +123,3 @@ TEST_F(PaymentDialogTest, ADateBefore2005IsAskedAboutEachTime) {
 }
 
 } // namespace
-} // namespace xa518

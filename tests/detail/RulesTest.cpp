@@ -2,14 +2,8 @@
 #include "detail/VoucherChecks.h"
 #include "detail/VoucherTypes.h"
 
-#include "Printers.h"
 #include "support/TemporaryBase.h"
 #include "values/Error.h"
-
-#include <gtest/gtest.h>
-
-using namespace xa518;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -60,9 +54,9 @@ TEST(VoucherChecks, AmountsOfPaymentVouchers) {
 }
 
 TEST(VoucherChecks, TypesOffered) {
-    const prueba::BaseTemporal base;
+    const BaseTemporal base;
     for (const QString& codigo : {u"01"_s, u"02"_s, u"03"_s, u"07"_s, u"08"_s, u"12"_s, u"99"_s})
-        base.Param(u"233"_s, codigo, prueba::Funcion({{1, u"TIPO"_s}, {64, codigo == u"02" ? u"0"_s : u"1"_s}}));
+        base.Param(u"233"_s, codigo, Funcion({{1, u"TIPO"_s}, {64, codigo == u"02" ? u"0"_s : u"1"_s}}));
     const auto codigos = [](const QStringList& items) {
         QStringList lista;
         for (const QString& item : items)
@@ -117,7 +111,7 @@ TEST(PerceptionRate, RoundsTwice) {
 }
 
 TEST(PerceptionRate, SalesTaxIsTheLatestStartNotAfterThePeriod) {
-    const prueba::BaseTemporal base;
+    const BaseTemporal base;
     base.Param(u"998"_s, u"0101010200501"_s, u" 19.00 "_s);
     base.Param(u"998"_s, u"0101010201103"_s, u" 18    "_s);
     const auto igv = [&](const QString& periodo) { return IniIgv(*base, u"010101"_s, u"998"_s, periodo); };

@@ -3,18 +3,13 @@
 #include "detail/DetailFixture.h"
 
 #include <QLabel>
-#include <QLineEdit>
 #include <QRadioButton>
-#include <QTimer>
 
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 const QString kFaltaPago = u"Ingrese al menos un comprobante de pago"_s;
 
-class VoucherDialogTest : public prueba::DetailTest {
+class VoucherDialogTest : public DetailTest {
   protected:
     std::unique_ptr<FrmDetAgePer> Nuevo() {
         m_proceso.modoDetalle = u"0"_s;
@@ -306,4 +301,3 @@ TEST_F(VoucherDialogTest, SweepsWhatItLeavesBehind) {
 }
 
 } // namespace
-} // namespace xa518

@@ -1,4 +1,3 @@
-#include "Printers.h"
 #include "app/Configuration.h"
 #include "app/FrmAyuda.h"
 #include "app/FrmConsultas.h"
@@ -20,33 +19,24 @@
 #include "reports/frmImprimir.h"
 #include "reports/frmImpxPag.h"
 #include "reports/frmPreview.h"
-#include "support/Files.h"
 #include "support/FormDriver.h"
-#include "support/NoticeScript.h"
 
 #include <QAbstractScrollArea>
-#include <QApplication>
 #include <QButtonGroup>
-#include <QComboBox>
-#include <QDir>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QTabBar>
 #include <QTabWidget>
 
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 /// What is looked at of a form; the text tells which form, in which state.
 using Mirada = std::function<void(QWidget& forma)>;
 
-class FormsLayoutTest : public prueba::ModuloDeMuestra, public testing::WithParamInterface<int> {
+class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterface<int> {
   protected:
     void SetUp() override {
         ModuloDeMuestra::SetUp();
@@ -105,7 +95,7 @@ class FormsLayoutTest : public prueba::ModuloDeMuestra, public testing::WithPara
         proceso.opcion = kNueva;
         Ve(Frm518(proceso, avisos, barra, {}, {}), u"new"_s, mira);
         proceso.rutaMens = raiz.filePath(u"Mens.txt"_s);
-        prueba::EscribeEn(proceso.rutaMens, "Indique la forma de pago.\n");
+        EscribeEn(proceso.rutaMens, "Indique la forma de pago.\n");
         Ve(FrmConsist(proceso), u"faults"_s, mira);
     }
     void EnLosInformes(const Mirada& mira) {
@@ -118,7 +108,7 @@ class FormsLayoutTest : public prueba::ModuloDeMuestra, public testing::WithPara
     }
     void Ve(QWidget&& forma, const QString& estado, const Mirada& mira) { Ve(forma, estado, mira); }
     void Ve(QWidget& forma, const QString& estado, const Mirada& mira) {
-        prueba::Muestra(forma);
+        Muestra(forma);
         auto* fichas = forma.findChild<QTabWidget*>();
         const int paginas = fichas && proceso.opcion != kNueva ? fichas->count() : 1;
         for (int i = 0; i < paginas; ++i) {
@@ -256,4 +246,3 @@ TEST_P(FormsLayoutTest, NothingIsCutOff) {
 INSTANTIATE_TEST_SUITE_P(AtScale, FormsLayoutTest, testing::Values(100, 150));
 
 } // namespace
-} // namespace xa518

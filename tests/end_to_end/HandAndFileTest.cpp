@@ -6,18 +6,13 @@
 #include "import/ImportFile.h"
 #include "import/ImportRun.h"
 
-#include <QPushButton>
-
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 class SinPausa final : public ObservadorImportacion {
     bool Sigue(const AvanceImportacion& /*avance*/) override { return true; }
 };
 
-class HandAndFileTest : public prueba::DetailTest {
+class HandAndFileTest : public DetailTest {
   protected:
     /// A client with one voucher, and that with its payment vouchers, each given by what is typed. A cash sale has
     /// none.
@@ -50,9 +45,8 @@ class HandAndFileTest : public prueba::DetailTest {
         declaracion.pago.forma = u"E"_s;
         declaracion.rectifica = u"0"_s;
         (void)GrabaDeclaracion(*m_base, declaracion, m_reloj.Hoy());
-        const QString retrato = prueba::Retrato(*m_base);
-        for (const QString& tabla :
-             prueba::kTablas + QStringList{u"TMPF518PCAB"_s, u"TMPF518PDET"_s, u"TMPF518PDETCP"_s})
+        const QString retrato = Retrato(*m_base);
+        for (const QString& tabla : kTablas + QStringList{u"TMPF518PCAB"_s, u"TMPF518PDET"_s, u"TMPF518PDETCP"_s})
             m_base->Ejecuta(u"DELETE * FROM "_s + tabla);
         return retrato;
     }
@@ -65,7 +59,7 @@ class HandAndFileTest : public prueba::DetailTest {
         const QStringList aMano = trabajo();
         EXPECT_EQ(aMano.size(), filas);
         const QString grabadoAMano = Graba();
-        prueba::EscribeEn(m_base.Carpeta() + u'/' + NombreDeArchivo(m_proceso, formato), lineas.join(u'\n').toUtf8());
+        EscribeEn(m_base.Carpeta() + u'/' + NombreDeArchivo(m_proceso, formato), lineas.join(u'\n').toUtf8());
         m_proceso.rutaRPT = m_base.Carpeta() + u"/RPT"_s;
         SinPausa observador;
         (void)Transferencia(m_proceso, formato, m_base.Carpeta()).Corre(observador);
@@ -94,4 +88,3 @@ TEST_F(HandAndFileTest, TheSameCashSalesAreStoredAlike) {
 }
 
 } // namespace
-} // namespace xa518

@@ -12,9 +12,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDialog>
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QFileDialog>
 #include <QPointer>
 #include <QRandomGenerator>
@@ -24,12 +22,7 @@
 #include <QTimer>
 #include <QWheelEvent>
 
-#include <gtest/gtest.h>
-
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 /// What gets further than noise does, and noise of the worse kind.
 const QStringList kTextos = {
@@ -241,7 +234,7 @@ void AnotaAviso(QtMsgType tipo, const QMessageLogContext& /*lugar*/, const QStri
     ADD_FAILURE() << "the toolkit complains: " << aviso.toStdString();
 }
 
-class MonkeyTest : public prueba::ModuloDeMuestra {
+class MonkeyTest : public ModuloDeMuestra {
   protected:
     void SetUp() override {
         ModuloDeMuestra::SetUp();
@@ -287,4 +280,3 @@ TEST_F(MonkeyTest, TheLauncherStandsAnything) {
 }
 
 } // namespace
-} // namespace xa518

@@ -5,8 +5,6 @@
 
 namespace xa518::prueba {
 
-using namespace Qt::StringLiterals;
-
 void ModuloDeMuestra::SetUp() {
     qputenv("XDG_CONFIG_HOME", raiz.path().toLocal8Bit());
     const QStringList importados{u"--percepciones"_s, carpeta + u"/EJEMPLO"_s, u"--hoy"_s, u"21/11/2026"_s};

@@ -2,11 +2,9 @@
 
 #include "launcher/CommandLine.h"
 #include "platform/Clock.h"
+#include "support/Test.h"
 
-#include <QTemporaryDir>
 #include <QTextStream>
-
-#include <gtest/gtest.h>
 
 namespace xa518::prueba {
 

@@ -5,10 +5,6 @@
 #include "import/ImportFixture.h"
 #include "import/LineFields.h"
 
-using namespace xa518;
-using namespace xa518::prueba;
-using namespace Qt::StringLiterals;
-
 namespace {
 
 using enum Campo;

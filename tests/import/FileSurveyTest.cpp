@@ -1,17 +1,12 @@
 #include "import/FileSurvey.h"
 
 #include "import/LineReader.h"
+#include "support/Test.h"
 #include "values/Error.h"
-
-#include "Printers.h"
-#include <gtest/gtest.h>
 
 #include <QBuffer>
 
 #include <algorithm>
-
-using namespace xa518;
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -5,8 +5,6 @@
 
 namespace xa518::prueba {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class Observador final : public ObservadorImportacion {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Printers.h"
 #include "data/Process.h"
 #include "import/Formats.h"
 #include "import/ImportRun.h"
@@ -8,8 +7,6 @@
 #include "support/TemporaryBase.h"
 
 #include <gmock/gmock.h>
-
-#include <QMap>
 
 #include <functional>
 

@@ -1,20 +1,13 @@
 #include "import/ImportFixture.h"
 #include "import/frmTransferencia.h"
 #include "support/FormDriver.h"
-#include "support/NoticeScript.h"
 
-#include <QDir>
 #include <QDropEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QMimeData>
 #include <QProgressBar>
-#include <QTimer>
 
-using namespace xa518;
-using namespace Qt::StringLiterals;
-using prueba::LineaDe;
 using testing::Each;
 using testing::ElementsAre;
 
@@ -39,13 +32,13 @@ class ImportForm : public testing::Test {
                                        return m_elegido;
                                    }};
         m_forma = std::make_unique<frmTransferencia>(m_escenario.proceso, m_avisos, entorno);
-        prueba::Muestra(*m_forma);
+        Muestra(*m_forma);
     }
     template <typename Control = QWidget>
     [[nodiscard]] Control& De(const char* nombre) const {
         return prueba::De<Control>(*m_forma, nombre);
     }
-    void Pulsa(const char* boton) const { prueba::Clic(*m_forma, boton); }
+    void Pulsa(const char* boton) const { Clic(*m_forma, boton); }
     /// Runs once more; this is how it ends.
     void TransfiereOtraVez(const Mensaje& fin) {
         m_avisos.EsperaPregunta(kOtraVez, Respuesta::Si);
@@ -78,7 +71,7 @@ class ImportForm : public testing::Test {
                u"/RPT051820990518018202610.Log\n¿Desea Visualizar Reporte de errores?"_s;
     }
 
-    prueba::Escenario m_escenario;
+    Escenario m_escenario;
     AvisosDePrueba m_avisos;
     QList<std::pair<QString, bool>> m_reportes;
     int m_refrescos = 0;
@@ -155,7 +148,7 @@ TEST_F(ImportForm, RefusedLinesAreSavedForASpreadsheet) {
     m_elegido = m_escenario.base.Carpeta() + u"/errores.csv"_s;
     Pulsa("cmdGuardarErrores");
     EXPECT_EQ(m_sugerido, m_escenario.base.Carpeta() + u"/051820990518018202610-errores.csv"_s);
-    EXPECT_EQ(prueba::BytesDe(m_elegido).count('\n'), 2);
+    EXPECT_EQ(BytesDe(m_elegido).count('\n'), 2);
     m_elegido = u"/no/hay/errores.csv"_s;
     QFile sinSitio(m_elegido);
     EXPECT_FALSE(sinSitio.open(QIODevice::WriteOnly));
@@ -216,7 +209,7 @@ TEST_F(ImportForm, AFileWithoutItsFinalSeparatorStaysOpenUntilTheNextRunOrTheWay
 }
 
 TEST_F(ImportForm, TheWayOutEndsARunWithinALine) {
-    m_escenario.Escribe(prueba::Muchas(20'000));
+    m_escenario.Escribe(Muchas(20'000));
     TecleaCarpeta(m_escenario.base.Carpeta());
     QTimer::singleShot(250, m_forma.get(), [&] {
         EXPECT_FALSE(De("cmdTransferir").isEnabled());

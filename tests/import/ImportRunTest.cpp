@@ -7,11 +7,7 @@
 #include <sys/resource.h>
 
 #include <QBuffer>
-#include <QDir>
 
-using namespace xa518;
-using namespace xa518::prueba;
-using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 
 namespace {

@@ -1,9 +1,6 @@
 #include "import/ImportFixture.h"
 #include "import/ImportRate.h"
 
-using namespace xa518;
-using namespace xa518::prueba;
-using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 
 namespace {

@@ -9,16 +9,7 @@
 #include "platform/ProfileFile.h"
 #include "support/TemporaryBase.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTextStream>
-
-#include <gtest/gtest.h>
-
-using namespace xa518;
-using namespace Qt::StringLiterals;
-using prueba::kRucMuestra;
 
 namespace {
 
@@ -54,7 +45,7 @@ TEST_F(Console, InstallsPrivatelyWithTheRowsThatTheModulesRelyOn) {
          {u""_s, u"RPT"_s, u"TMP"_s, u"BMP"_s, u"0518"_s, u"EJEMPLO"_s, u"XA000.DB"_s, u"XA000.MDW"_s,
           u"0518/Xa518.hlp"_s, u"EJEMPLO/0518"_s + kRucMuestra + u"202609.TXT"_s}) {
         EXPECT_TRUE(QFile::exists(carpeta + u'/' + nombre)) << qPrintable(nombre);
-        EXPECT_EQ(QFile::permissions(carpeta + u'/' + nombre) & prueba::kDeOtros, QFile::Permissions());
+        EXPECT_EQ(QFile::permissions(carpeta + u'/' + nombre) & kDeOtros, QFile::Permissions());
     }
     const ArchivoPerfil perfil(rutaIni);
     EXPECT_EQ(perfil.Lee(u"Options", u"SysPath"), carpeta + u'/');
@@ -78,8 +69,8 @@ TEST_F(Console, InstallsPrivatelyWithTheRowsThatTheModulesRelyOn) {
 TEST_F(Console, ReinstallingRenewsTheCatalogueAndKeepsWhatTheUserMade) {
     ASSERT_EQ(Corre({u"--instalar"_s, u"--ejemplo"_s}), 0);
     const QString archivo = carpeta + u"/EJEMPLO/0518"_s + kRucMuestra + u"202610.TXT"_s;
-    prueba::EscribeEn(archivo, "corregido|");
-    prueba::AgregaCabecera(*Abre(), kRucMuestra, u"202609"_s, 0);
+    EscribeEn(archivo, "corregido|");
+    AgregaCabecera(*Abre(), kRucMuestra, u"202609"_s, 0);
     for (const QString& sql :
          {u"UPDATE CONT SET Nombre = 'OTRO NOMBRE'"_s, u"INSERT INTO CLAVES VALUES ('CONTADOR', '0')"_s,
           u"UPDATE CLAVES SET Tipo = '0' WHERE Usuario = 'USUARIO'"_s,
@@ -91,7 +82,7 @@ TEST_F(Console, ReinstallingRenewsTheCatalogueAndKeepsWhatTheUserMade) {
     ArchivoPerfil(rutaIni).Escribe(u"Options", u"SysUser", u"JEFE");
     ASSERT_EQ(Corre({u"--instalar"_s, u"--ejemplo"_s}), 0) << qPrintable(errores);
     EXPECT_TRUE(salida.contains(u"0 filas nuevas, 3 cambiadas"_s)) << qPrintable(salida);
-    EXPECT_EQ(prueba::BytesDe(archivo), "corregido|");
+    EXPECT_EQ(BytesDe(archivo), "corregido|");
     EXPECT_EQ(ArchivoPerfil(rutaIni).Lee(u"Options", u"SysUser"), u"JEFE"_s);
     const auto base = Abre();
     const Catalogo catalogo(*base);
@@ -133,8 +124,8 @@ TEST_F(Console, RegistersDeclarantsByTheRulesOfTheirNumber) {
 
 TEST_F(Console, MakesACopyBeforeASendAndPutsItBack) {
     ASSERT_EQ(Corre({u"--instalar"_s}), 0);
-    prueba::AgregaCabecera(*Abre(), kRucMuestra, u"202609"_s, 0);
-    prueba::AgregaCabecera(*Abre(), kRucMuestra, u"202610"_s, 9);
+    AgregaCabecera(*Abre(), kRucMuestra, u"202609"_s, 0);
+    AgregaCabecera(*Abre(), kRucMuestra, u"202610"_s, 9);
     const QStringList envio{u"--enviar"_s, kRucMuestra, u"202609"_s};
     ASSERT_EQ(Corre(envio), 0) << qPrintable(errores);
     EXPECT_EQ(salida, u"Copia enviada: 1\nNúmero de control: 10000001\n"_s);
@@ -169,7 +160,7 @@ TEST_F(Console, RefusesWhatItDoesNotUnderstand) {
 
 TEST_F(Console, DatabaseAndFileFailuresHaveTheirOwnCode) {
     ASSERT_EQ(Corre({u"--instalar"_s}), 0);
-    prueba::AgregaCabecera(*Abre(), kRucMuestra, u"202609"_s, 0);
+    AgregaCabecera(*Abre(), kRucMuestra, u"202609"_s, 0);
     const QStringList envio{u"--enviar"_s, kRucMuestra, u"202609"_s};
     {
         const auto otro = Abre();
@@ -184,8 +175,8 @@ TEST_F(Console, DatabaseAndFileFailuresHaveTheirOwnCode) {
     }
     EXPECT_EQ(VersionDe(*Abre()), 99);
 
-    prueba::EscribeEn(RutaBase(), QByteArray(4096, 'x'));
+    EscribeEn(RutaBase(), QByteArray(4096, 'x'));
     EXPECT_EQ(Corre({u"--instalar"_s}), 3);
-    EXPECT_EQ(prueba::BytesDe(RutaBase()), QByteArray(4096, 'x'));
+    EXPECT_EQ(BytesDe(RutaBase()), QByteArray(4096, 'x'));
     EXPECT_EQ(Corre({u"--instalar"_s, u"--carpeta"_s, RutaBase()}), 3);
 }

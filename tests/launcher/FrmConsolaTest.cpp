@@ -1,29 +1,15 @@
 #include "launcher/FrmConsola.h"
 
-#include "Printers.h"
 #include "launcher/Declarants.h"
 #include "launcher/RowTable.h"
 #include "platform/Clock.h"
 #include "support/FormDriver.h"
-#include "support/NoticeScript.h"
 #include "support/TemporaryBase.h"
 
-#include <QComboBox>
-#include <QDir>
 #include <QFrame>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTest>
 
-#include <gtest/gtest.h>
-
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
-using prueba::kRucMuestra;
 
 const QString kOcupada = u"La base de datos está en uso por otro programa, o es de sólo lectura. Espere a que el otro"
                          " programa termine y vuelva a intentarlo."_s;
@@ -44,21 +30,21 @@ class FrmConsolaTest : public testing::Test {
     /// Opens the window and waits until its start is over.
     void Abre(VistaDeInforme vista = {}) {
         ventana = std::make_unique<FrmConsola>(entorno, avisos, programas, std::move(vista));
-        prueba::Muestra(*ventana);
+        Muestra(*ventana);
         QCoreApplication::processEvents();
     }
     /// Goes to another window and comes back.
     void VaYVuelve() {
         QWidget otra;
-        prueba::Muestra(otra);
-        prueba::Muestra(*ventana);
+        Muestra(otra);
+        Muestra(*ventana);
     }
 
     template <typename T>
     [[nodiscard]] T& Control(const char* nombre) const {
-        return prueba::De<T>(*ventana, nombre);
+        return De<T>(*ventana, nombre);
     }
-    void Pulsa(const char* boton) const { prueba::Clic(*ventana, boton); }
+    void Pulsa(const char* boton) const { Clic(*ventana, boton); }
     void Alt(Qt::Key letra) const {
         QTest::keyClick(ventana.get(), letra, Qt::AltModifier);
         QTest::qWait(120); // a mnemonic holds the button down for a tenth of a second
@@ -74,9 +60,7 @@ class FrmConsolaTest : public testing::Test {
     }
     [[nodiscard]] std::unique_ptr<Base> LaBase() const { return Base::Abre(RutaBase()); }
     [[nodiscard]] QString RutaBase() const { return carpeta + u"/XA000.DB"_s; }
-    void Graba(const QString& periodo, int estado) const {
-        prueba::AgregaCabecera(*LaBase(), kRucMuestra, periodo, estado);
-    }
+    void Graba(const QString& periodo, int estado) const { AgregaCabecera(*LaBase(), kRucMuestra, periodo, estado); }
     void Registra(const QString& secuencia, const QString& archivo) const {
         LaBase()->Ejecuta(u"INSERT INTO SPOOL VALUES ('PER006', ?, ?, '2026-11-21 09:05:00', 'CONTADOR', 6, ?)"_s,
                           {secuencia, archivo, kRucMuestra});
@@ -99,8 +83,8 @@ TEST_F(FrmConsolaTest, ADeclarantIsAddedAndChangedByKeyboardAndAFaultKeepsWhatWa
     const QString anterior = Declarantes(*LaBase()).Busca(kRucMuestra)->nombre;
     avisos.Espera({Icono::Critico, u"El RUC '20990518019' no es válido."_s, u"Agregar declarante"_s});
     avisos.Espera(u"El declarante %1 ya está registrado, con el nombre '%2'."_s.arg(kRucMuestra, anterior));
-    prueba::AlAbrir(u"FrmDeclarante", [](QWidget& forma) {
-        auto& ruc = prueba::De<QLineEdit>(forma, "TxtRuc");
+    AlAbrir(u"FrmDeclarante", [](QWidget& forma) {
+        auto& ruc = De<QLineEdit>(forma, "TxtRuc");
         Escribe(forma, u"20-990518019"_s);
         QTest::keyClick(forma.focusWidget(), Qt::Key_Return);
         Escribe(forma, u"LOS MOLLES"_s);
@@ -110,7 +94,7 @@ TEST_F(FrmConsolaTest, ADeclarantIsAddedAndChangedByKeyboardAndAFaultKeepsWhatWa
         for (const QString& otro : {kRucMuestra, u"10412345679"_s}) {
             ruc.clear();
             Escribe(forma, otro);
-            prueba::Clic(forma, "CmdAceptar");
+            Clic(forma, "CmdAceptar");
         }
     });
     Alt(Qt::Key_A);
@@ -119,12 +103,12 @@ TEST_F(FrmConsolaTest, ADeclarantIsAddedAndChangedByKeyboardAndAFaultKeepsWhatWa
     EXPECT_EQ(Declarantes(*LaBase()).Lista().size(), 2);
     EXPECT_EQ(Declarantes(*LaBase()).Busca(kRucMuestra)->nombre, anterior);
 
-    prueba::AlAbrir(u"FrmDeclarante", [](QWidget& forma) {
-        EXPECT_FALSE(prueba::De<QLineEdit>(forma, "TxtRuc").isEnabled());
-        prueba::De<QLineEdit>(forma, "TxtNombre").selectAll();
+    AlAbrir(u"FrmDeclarante", [](QWidget& forma) {
+        EXPECT_FALSE(De<QLineEdit>(forma, "TxtRuc").isEnabled());
+        De<QLineEdit>(forma, "TxtNombre").selectAll();
         Escribe(forma, u"QUINUALES"_s);
-        prueba::De<QComboBox>(forma, "CmbUsuario").setEditText(u"JEFE"_s);
-        prueba::Clic(forma, "CmdAceptar");
+        De<QComboBox>(forma, "CmbUsuario").setEditText(u"JEFE"_s);
+        Clic(forma, "CmdAceptar");
     });
     QTest::keyClick(&tabla, Qt::Key_Return);
     EXPECT_EQ(Fila(tabla, tabla.Fila()), u"10412345679|QUINUALES|JEFE"_s);
@@ -231,7 +215,7 @@ TEST_F(FrmConsolaTest, AReportOpensInThePreviewAndGoesWithItsFile) {
     Registra(u"000001"_s, u"00000001.PRN"_s);
     Registra(u"000002"_s, u"00000002.PRN"_s);
     Registra(u"000003"_s, u"../XA000.MDW"_s);
-    prueba::EscribeEn(rpt + u"00000001.PRN"_s, "<!font!>Courier New<!/font!>\n<!nHojas!> 12 <!/nHojas!>\n");
+    EscribeEn(rpt + u"00000001.PRN"_s, "<!font!>Courier New<!/font!>\n<!nHojas!> 12 <!/nHojas!>\n");
     QStringList vistos;
     Abre([&](QWidget&, const QString& en, const InformeRegistrado& informe) {
         vistos.append(en + u'/' + informe.archivo);
@@ -267,7 +251,7 @@ TEST_F(FrmConsolaTest, ABrokenBaseIsToldAtTheStartAndACopyTakesItsPlaceAfterAQue
     Alt(Qt::Key_C);
     avisos.Espera(u"La copia de respaldo quedó guardada en '%1/RESPALDOS/XA000-20261121-100000.DB'."_s.arg(carpeta));
     Alt(Qt::Key_H);
-    prueba::EscribeEn(RutaBase(), QByteArray(8192, 'x'));
+    EscribeEn(RutaBase(), QByteArray(8192, 'x'));
     const QString falta =
         u"El archivo está dañado o no es una base de datos. (file is not a database) Restaure una de sus copias de "
         "respaldo."_s;
@@ -291,7 +275,7 @@ TEST_F(FrmConsolaTest, ABrokenBaseIsToldAtTheStartAndACopyTakesItsPlaceAfterAQue
 
 // The base opens and its lists read well: only the check sees that an index has lost its rows.
 TEST_F(FrmConsolaTest, AHiddenFaultOfTheBaseIsToldAtTheStart) {
-    prueba::RompeIndice(RutaBase());
+    RompeIndice(RutaBase());
     const QStringList defectos = Respaldos::Defectos(*LaBase());
     ASSERT_FALSE(defectos.isEmpty());
     avisos.Espera(u"La revisión de la base encontró daños:\n\n%1\n\nRestaure una de sus copias de respaldo."_s.arg(
@@ -313,7 +297,7 @@ TEST_F(FrmConsolaTest, AModuleThatCannotStartIsTold) {
     const QString modulo = programas + u"/xa518"_s;
     ASSERT_TRUE(QDir().mkpath(programas));
     const auto ejecutable = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
-    prueba::EscribeEn(modulo, "#!/no/existe\n");
+    EscribeEn(modulo, "#!/no/existe\n");
     QFile::setPermissions(modulo, ejecutable);
     avisos.Espera(u"No se pudo iniciar '%1'. Revise que el programa esté completo y que se pueda ejecutar."_s.arg(
         QDir::toNativeSeparators(modulo)));
@@ -321,4 +305,3 @@ TEST_F(FrmConsolaTest, AModuleThatCannotStartIsTold) {
 }
 
 } // namespace
-} // namespace xa518

@@ -8,27 +8,14 @@
 #include "platform/Clock.h"
 #include "support/TemporaryBase.h"
 
-#include <QDateTime>
-#include <QDir>
-#include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
-using namespace xa518;
-using namespace Qt::StringLiterals;
-using prueba::kRucMuestra;
-using prueba::kTablas;
 
 namespace {
 
 /// A base without tables, and a folder of steps that a test writes itself.
 class SchemaTest : public testing::Test {
   protected:
-    void Escribe(const QString& nombre, const QByteArray& sql) const {
-        prueba::EscribeEn(m_pasos.filePath(nombre), sql);
-    }
+    void Escribe(const QString& nombre, const QByteArray& sql) const { EscribeEn(m_pasos.filePath(nombre), sql); }
     EstadoEsquema AplicaPasos() { return Esquema(m_pasos.path()).Aplica(*base); }
 
     QTemporaryDir m_carpeta;
@@ -52,11 +39,11 @@ class Backups : public testing::Test {
     }
     Respaldos Copias() const { return {base.Ruta(), base.Carpeta() + u"/RESPALDOS"_s, reloj}; }
     QString Archivo(const QString& nombre, const QByteArray& bytes) const {
-        prueba::EscribeEn(base.Carpeta() + u'/' + nombre, bytes);
+        EscribeEn(base.Carpeta() + u'/' + nombre, bytes);
         return base.Carpeta() + u'/' + nombre;
     }
 
-    prueba::BaseTemporal base;
+    BaseTemporal base;
     RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
 };
 
@@ -94,7 +81,7 @@ class Sending : public testing::Test {
         return ChecksumRegistro(fila, PrimerosDe(tabla));
     }
 
-    prueba::BaseTemporal base;
+    BaseTemporal base;
     RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
 };
 
@@ -125,14 +112,14 @@ TEST_F(Backups, KeepsTheLastTwentyEvenWhenTheClockIsSetBack) {
     const QString reciente = Respaldos(base.Ruta(), Copias().Carpeta(), ayer).Haz();
     EXPECT_EQ(Copias().Lista().size(), 20);
     EXPECT_EQ(Copias().Lista().last().ruta, reciente);
-    EXPECT_EQ(QFile::permissions(reciente) & prueba::kDeOtros, QFile::Permissions());
+    EXPECT_EQ(QFile::permissions(reciente) & kDeOtros, QFile::Permissions());
 }
 
 TEST_F(Backups, RestoresTheCopyToTheByteAndKeepsWhatWasThere) {
     const QString copia = Copias().Haz();
     Graba(u"202610"_s);
     ASSERT_TRUE(Copias().Restaura(copia));
-    EXPECT_EQ(prueba::BytesDe(base.Ruta()), prueba::BytesDe(copia));
+    EXPECT_EQ(BytesDe(base.Ruta()), BytesDe(copia));
     EXPECT_EQ(Periodos(), u"202609"_s);
     // Whoever still has the old file open must not write into the void.
     EXPECT_THROW(Graba(u"202611"_s), ErrorBase);
@@ -143,12 +130,12 @@ TEST_F(Backups, RestoresTheCopyToTheByteAndKeepsWhatWasThere) {
 
 TEST_F(Backups, RefusesWhatIsNoSoundBaseOfThesePrograms) {
     const QString copia = Copias().Haz();
-    const QByteArray buena = prueba::BytesDe(copia);
+    const QByteArray buena = BytesDe(copia);
     QByteArray rayada = buena;
     std::fill(rayada.begin() + 4096, rayada.begin() + 12288, 'x');
     const auto ajena = Base::Crea(base.Carpeta() + u"/ajena"_s);
     ajena->Ejecuta(u"CREATE TABLE T (A)"_s);
-    const auto futura = prueba::CreaBase(base.Carpeta() + u"/futura"_s);
+    const auto futura = CreaBase(base.Carpeta() + u"/futura"_s);
     futura->Ejecuta(u"PRAGMA user_version=99"_s);
     const QStringList malas = {base.Carpeta() + u"/ausente"_s,
                                base.Carpeta(),
@@ -157,13 +144,13 @@ TEST_F(Backups, RefusesWhatIsNoSoundBaseOfThesePrograms) {
                                Archivo(u"rayada"_s, rayada),
                                ajena->Ruta(),
                                futura->Ruta()};
-    const QByteArray antes = prueba::BytesDe(base.Ruta());
+    const QByteArray antes = BytesDe(base.Ruta());
     for (const QString& mala : malas) {
         const Veredicto veredicto = Copias().Restaura(mala);
         ASSERT_FALSE(veredicto) << qPrintable(mala);
         EXPECT_TRUE(veredicto.mensaje->texto.contains(mala)) << qPrintable(veredicto.mensaje->texto);
     }
-    EXPECT_EQ(prueba::BytesDe(base.Ruta()), antes);
+    EXPECT_EQ(BytesDe(base.Ruta()), antes);
     EXPECT_EQ(Copias().Lista().size(), 1);
 }
 
@@ -196,7 +183,7 @@ TEST_F(Backups, TakesThePlaceOfABrokenOrMissingBase) {
     const QDir carpeta(Copias().Carpeta());
     const QStringList restos = carpeta.entryList({u"*.DANADA"_s}, QDir::Files);
     ASSERT_EQ(restos.size(), 1);
-    EXPECT_EQ(prueba::BytesDe(carpeta.filePath(restos.first())), "restos de una base");
+    EXPECT_EQ(BytesDe(carpeta.filePath(restos.first())), "restos de una base");
 
     QFile::remove(base.Ruta());
     Archivo(u"XA.DB-journal"_s, "diario de la base perdida");
@@ -205,7 +192,7 @@ TEST_F(Backups, TakesThePlaceOfABrokenOrMissingBase) {
     EXPECT_EQ(Periodos(), u"202609"_s);
     EXPECT_FALSE(QFile::exists(base.Ruta() + u"-journal"_s));
 
-    prueba::RompeIndice(base.Ruta()); // it reads well, and its fault goes into every copy
+    RompeIndice(base.Ruta()); // it reads well, and its fault goes into every copy
     ASSERT_FALSE(Respaldos::Defectos(*Base::Abre(base.Ruta())).isEmpty());
     ASSERT_TRUE(Copias().Restaura(copia));
     EXPECT_TRUE(Respaldos::Defectos(*Base::Abre(base.Ruta())).isEmpty());

@@ -1,12 +1,9 @@
 #include "platform/Application.h"
 
-#include "Printers.h"
 #include "platform/HourGlass.h"
 #include "platform/NoticeBoxes.h"
 #include "support/NoticeScript.h"
 #include "values/Error.h"
-
-#include <gtest/gtest.h>
 
 #include <QDialog>
 #include <QMessageBox>
@@ -15,12 +12,8 @@
 #include <QTimer>
 
 #include <functional>
-#include <stdexcept>
 
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 void Falla(int vez) {
     const RelojDeArena reloj;
@@ -150,4 +143,3 @@ TEST(NoticeBoxesTest, AQuestionIsAnsweredByItsButtonsOnly) {
 }
 
 } // namespace
-} // namespace xa518

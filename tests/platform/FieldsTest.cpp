@@ -2,22 +2,13 @@
 #include "platform/FieldKeys.h"
 #include "platform/MaskedField.h"
 
-#include "Printers.h"
 #include "support/FormDriver.h"
 
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QClipboard>
-#include <QLineEdit>
 #include <QMessageBox>
-#include <QTimer>
 #include <QVBoxLayout>
 
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 /// Types any text, letters beyond ASCII included.
 void Escribe(QLineEdit& campo, const QString& teclas) {
@@ -34,7 +25,7 @@ class FieldsTest : public testing::Test {
         auto* orden = new QVBoxLayout(&m_ventana);
         orden->addWidget(&m_campo);
         orden->addWidget(&m_otro);
-        prueba::Muestra(m_ventana);
+        Muestra(m_ventana);
         m_campo.setFocus();
     }
     /// What the first field holds after typing into it, starting from a text set by the program.
@@ -180,7 +171,7 @@ TEST_F(FieldsTest, AFieldThatRefusesKeepsTheFocusAndIsAskedOnce) {
         QMessageBox caja(QMessageBox::Critical, u"t"_s, u"x"_s, QMessageBox::Ok, &m_ventana);
         QTimer::singleShot(50, &caja, &QMessageBox::accept);
         caja.exec();
-        prueba::Muestra(m_ventana); // a window manager gives the window its focus back
+        Muestra(m_ventana); // a window manager gives the window its focus back
         return Salida::Retenida;
     });
     AlSalir(m_campo, [&] {
@@ -207,8 +198,8 @@ TEST_F(FieldsTest, OnlyAnotherFieldTakesTheFocus) {
     });
     m_campo.setFocus();
     QWidget otra;
-    prueba::Muestra(otra);
-    prueba::Muestra(m_ventana);
+    Muestra(otra);
+    Muestra(m_ventana);
     EXPECT_EQ(salidas, 0) << "another window";
     EXPECT_EQ(SueltaFoco(), Salida::Libre);
     EXPECT_EQ(salidas, 1);
@@ -245,4 +236,3 @@ TEST_F(FieldsTest, AMaskIsTypedFromItsBeginningAndTypedOver) {
 }
 
 } // namespace
-} // namespace xa518

@@ -1,10 +1,7 @@
 #include "platform/Form.h"
 
-#include "Printers.h"
 #include "platform/FieldFocus.h"
 #include "support/NoticeScript.h"
-
-#include <gtest/gtest.h>
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -16,12 +13,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include <stdexcept>
-
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 /// A form with a field that can refuse to be left, and one of everything that may take its focus.
 class FormaDePrueba final : public Forma {
@@ -168,4 +160,3 @@ TEST(FormTest, EscDoesNothingAndTheCloseButtonIsTheWayOut) {
 }
 
 } // namespace
-} // namespace xa518

@@ -1,18 +1,10 @@
 #include "platform/PaymentControl.h"
 
-#include "Printers.h"
 #include "support/FormDriver.h"
 
-#include <gtest/gtest.h>
-
-#include <QComboBox>
-#include <QLineEdit>
 #include <QSignalSpy>
 
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 TEST(PaymentControlTest, TellsWhatAPersonChangesAndNotWhatTheProgramPuts) {
     FormaDePagoQMD pago;
@@ -34,19 +26,18 @@ TEST(PaymentControlTest, TellsWhatAPersonChangesAndNotWhatTheProgramPuts) {
     EXPECT_EQ(cambios.count(), 0);
 
     pago.show();
-    EXPECT_FALSE(prueba::De<QComboBox>(pago, u"CmbBanco").isEnabled());
-    prueba::Clic(pago, u"OptCheque");
+    EXPECT_FALSE(De<QComboBox>(pago, u"CmbBanco").isEnabled());
+    Clic(pago, u"OptCheque");
     EXPECT_EQ(pago.FormaPago(), u"C"_s);
-    QTest::keyClick(&prueba::De<QComboBox>(pago, u"CmbBanco"), Qt::Key_Down);
-    QTest::keyClicks(&prueba::De<QLineEdit>(pago, u"TxtNumeroCheque"), u"0-01'2"_s);
+    QTest::keyClick(&De<QComboBox>(pago, u"CmbBanco"), Qt::Key_Down);
+    QTest::keyClicks(&De<QLineEdit>(pago, u"TxtNumeroCheque"), u"0-01'2"_s);
     EXPECT_EQ(pago.Banco(), u"01"_s);
     EXPECT_EQ(pago.NumeroCheque(), u"0012"_s);
     EXPECT_EQ(cambios.count(), 6);
-    prueba::Clic(pago, u"OptEfectivo");
+    Clic(pago, u"OptEfectivo");
     EXPECT_EQ(pago.FormaPago() + pago.Banco() + pago.NumeroCheque(), u"EXX"_s);
-    EXPECT_FALSE(prueba::De<QLineEdit>(pago, u"TxtNumeroCheque").isEnabled());
+    EXPECT_FALSE(De<QLineEdit>(pago, u"TxtNumeroCheque").isEnabled());
     EXPECT_EQ(cambios.count(), 7);
 }
 
 } // namespace
-} // namespace xa518

@@ -1,23 +1,14 @@
 #include "platform/ProfileFile.h"
 
-#include "Printers.h"
-#include "support/Files.h"
+#include "support/Test.h"
 #include "values/Error.h"
 
-#include <gtest/gtest.h>
-
-#include <QFile>
-#include <QTemporaryDir>
-
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 class ProfileFileTest : public testing::Test {
   protected:
-    void Pon(const QByteArray& bytes) const { prueba::EscribeEn(m_perfil.Ruta(), bytes); }
-    [[nodiscard]] QByteArray Bytes() const { return prueba::BytesDe(m_perfil.Ruta()); }
+    void Pon(const QByteArray& bytes) const { EscribeEn(m_perfil.Ruta(), bytes); }
+    [[nodiscard]] QByteArray Bytes() const { return BytesDe(m_perfil.Ruta()); }
     QTemporaryDir m_carpeta;
     ArchivoPerfil m_perfil{m_carpeta.filePath(u"XA000.INI"_s)};
 };
@@ -79,4 +70,3 @@ TEST_F(ProfileFileTest, MakesThePrivateFileAndItsFolderOrSaysThatItCannot) {
 }
 
 } // namespace
-} // namespace xa518

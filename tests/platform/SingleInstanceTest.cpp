@@ -1,25 +1,17 @@
 #include "platform/SingleInstance.h"
-
-#include "support/Files.h"
-
-#include <gtest/gtest.h>
-
-#include <QTemporaryDir>
+#include "support/Test.h"
 
 #include <csignal>
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 TEST(SingleInstanceTest, HoldsForItsExecutableWhileTheHolderLivesAndNotAfterItsCrash) {
     const QTemporaryDir carpeta;
     const QString ejecutable = carpeta.filePath(u"xa518"_s);
     const QString enlace = carpeta.filePath(u"enlace"_s);
-    prueba::EscribeEn(ejecutable, {});
+    EscribeEn(ejecutable, {});
     ASSERT_TRUE(QFile::link(ejecutable, enlace));
     const pid_t otro = fork();
     if (otro == 0) {
@@ -38,4 +30,3 @@ TEST(SingleInstanceTest, HoldsForItsExecutableWhileTheHolderLivesAndNotAfterItsC
 }
 
 } // namespace
-} // namespace xa518

@@ -1,17 +1,11 @@
 #include "platform/WindowSearch.h"
-
-#include "Printers.h"
+#include "support/Test.h"
 
 #include <xcb/xcb.h>
 
-#include <gtest/gtest.h>
-
 #include <QProcess>
 
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 const QString kConsola = u"Consola Orvel de Presentaciones"_s;
 
@@ -140,4 +134,3 @@ TEST(SystemWindowsWithoutServerTest, FindNothing) {
 }
 
 } // namespace
-} // namespace xa518

@@ -3,11 +3,7 @@
 #include "data/Transaction.h"
 #include "reports/RunReport.h"
 
-#include <QDir>
-
 namespace xa518::prueba {
-
-using namespace Qt::StringLiterals;
 
 Taller::Taller() {
     for (const QString& documento : {u"6 RUC 1"_s, u"1 DNI 1"_s, u"7 PASAPORTE 0"_s}) {

@@ -2,26 +2,18 @@
 #include "reports/frmImpxPag.h"
 #include "reports/frmPreview.h"
 
-#include "Printers.h"
 #include "platform/StatusBar.h"
 #include "reports/ReportFixture.h"
 #include "support/FormDriver.h"
-#include "support/NoticeScript.h"
 
-#include <QComboBox>
-#include <QLineEdit>
 #include <QPrinter>
 #include <QProcess>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTableView>
 
-#include <gtest/gtest.h>
-
-namespace xa518 {
 namespace {
 
-using namespace Qt::StringLiterals;
 using namespace prueba;
 
 class ReportFormsTest : public testing::Test {
@@ -274,4 +266,3 @@ TEST_F(ReportFormsTest, ThePrintDialogKeepsCopiesApartAndIsSilentWithoutDeclarat
 }
 
 } // namespace
-} // namespace xa518

@@ -7,11 +7,6 @@
 
 #include <gmock/gmock.h>
 
-#include "Printers.h"
-
-using namespace xa518;
-using namespace xa518::prueba;
-using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 
 TEST(PageRange, ChecksItsFieldsInOrder) {

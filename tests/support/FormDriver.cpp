@@ -1,16 +1,10 @@
 #include "support/FormDriver.h"
 
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QPointer>
-#include <QTimer>
 
 #include <cstdlib>
 
 namespace xa518::prueba {
-
-using namespace Qt::StringLiterals;
 
 void Muestra(QWidget& forma) {
     forma.show();

@@ -1,10 +1,16 @@
 #pragma once
 
+#include "support/NoticeScript.h"
+#include "support/Test.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
-#include <QWidget>
+#include <QTimer>
 
 #include <functional>
-#include <stdexcept>
 
 namespace xa518::prueba {
 

@@ -2,8 +2,6 @@
 #include "support/FormDriver.h"
 #include "support/NoticeScript.h"
 
-#include <gtest/gtest.h>
-
 namespace xa518 {
 
 AvisosDePrueba& AvisosDelPrograma() {
@@ -16,7 +14,7 @@ namespace {
 class AlFinalDeCadaPrueba final : public testing::EmptyTestEventListener {
     void OnTestEnd(const testing::TestInfo& /*prueba*/) override {
         AvisosDelPrograma().Comprueba();
-        prueba::CompruebaAperturas();
+        CompruebaAperturas();
     }
 };
 

@@ -1,9 +1,6 @@
 #include "support/NoticeScript.h"
 
-#include "Printers.h"
 #include "platform/ActiveForm.h"
-
-#include <gtest/gtest.h>
 
 namespace xa518 {
 

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "platform/Notices.h"
-
-#include <QList>
+#include "support/Test.h"
 
 #include <functional>
 #include <optional>

@@ -3,15 +3,9 @@
 #include "data/RecordChecksum.h"
 #include "data/Transaction.h"
 
-#include <QDir>
-#include <QFile>
 #include <QRegularExpression>
 
-#include <stdexcept>
-
 namespace xa518::prueba {
-
-using namespace Qt::StringLiterals;
 
 std::unique_ptr<Base> CreaBase(const QString& ruta) {
     std::unique_ptr<Base> base = Base::Crea(ruta);

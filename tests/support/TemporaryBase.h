@@ -1,10 +1,7 @@
 #pragma once
 
 #include "data/Base.h"
-#include "support/Files.h"
-
-#include <QMap>
-#include <QTemporaryDir>
+#include "support/Test.h"
 
 #include <memory>
 

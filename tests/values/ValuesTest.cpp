@@ -1,19 +1,11 @@
-#include "Printers.h"
+#include "support/Test.h"
 #include "values/Dates.h"
 #include "values/Decimal.h"
 #include "values/Error.h"
 #include "values/Format.h"
 #include "values/Text.h"
 
-#include <QFile>
-#include <QStringList>
-
-#include <gtest/gtest.h>
-
-namespace xa518 {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 TEST(Numeric, IsDecidedByTheWholeText) {
     for (const QString& texto : u"000|-5|+5| 5 |1,234,567.8|(1,234)|.5|5."_s.split(u'|'))
@@ -158,4 +150,3 @@ TEST(Dates, AreRealDaysInTenCharacters) {
 }
 
 } // namespace
-} // namespace xa518

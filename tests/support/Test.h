@@ -1,8 +1,19 @@
 #pragma once
 
+#include <QDateTime>
+#include <QDir>
 #include <QFile>
+#include <QMap>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
 
 #include <stdexcept>
+
+/// Lets a failed comparison show a text as text; found by its argument's own (global) namespace.
+inline void PrintTo(const QString& texto, std::ostream* salida) {
+    *salida << (texto.isNull() ? "(null)" : '"' + texto.toStdString() + '"');
+}
 
 namespace xa518::prueba {
 
@@ -23,3 +34,8 @@ inline void EscribeEn(const QString& ruta, const QByteArray& bytes) {
 inline constexpr QFile::Permissions kDeOtros{0x0077};
 
 } // namespace xa518::prueba
+
+// Every test speaks of the system's own things.
+using namespace xa518;
+using namespace xa518::prueba;
+using namespace Qt::StringLiterals;
