@@ -6,9 +6,6 @@
 
 #include <sqlite3.h>
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 namespace {
 
 class BaseTest : public BaseDePrueba {
@@ -216,32 +213,6 @@ TEST_F(OpeningTest, MakesAPrivateFileUnderAnyName) {
     Base::Crea(ruta)->Ejecuta(u"CREATE TABLE T (a TEXT)"_s);
     EXPECT_EQ(NumeroAlAbrir(ruta), 0);
     EXPECT_EQ(QFile::permissions(ruta) & kDeOtros, QFile::Permissions());
-}
-
-/// The superuser may write anything, so the file is opened by a child that has become somebody else.
-int NumeroAlAbrirComoOtroUsuario(const QString& ruta) {
-    constexpr uid_t kNadie = 65534;
-    const pid_t hijo = fork();
-    if (hijo == 0) {
-        if (geteuid() == 0 && (setgid(kNadie) != 0 || setuid(kNadie) != 0))
-            _exit(1);
-        _exit(NumeroDe([&] { (void)Base::Abre(ruta); }) == 3051 ? 51 : 2);
-    }
-    int estado = 0;
-    waitpid(hijo, &estado, 0);
-    return WIFEXITED(estado) ? WEXITSTATUS(estado) : -1;
-}
-
-TEST_F(OpeningTest, RefusesAReadOnlyOrUnreadableFileAsLocked) {
-    const QString ruta = Ruta(u"otra.db"_s);
-    Base::Crea(ruta)->Ejecuta(u"CREATE TABLE T (a TEXT)"_s);
-    QFile::setPermissions(m_base.Carpeta(), QFile::Permissions(0x7755));
-    ASSERT_TRUE(QFile::setPermissions(ruta, QFile::Permissions(0x4444)));
-    EXPECT_EQ(NumeroAlAbrirComoOtroUsuario(ruta), 51);
-    ASSERT_TRUE(QFile::setPermissions(ruta, QFile::Permissions()));
-    EXPECT_EQ(NumeroAlAbrirComoOtroUsuario(ruta), 51);
-    ASSERT_TRUE(QFile::setPermissions(ruta, QFile::Permissions(0x6600)));
-    EXPECT_EQ(NumeroAlAbrir(ruta), 0);
 }
 
 TEST_F(OpeningTest, TheWorkgroupAdmitsItsAccountAndNoOther) {

@@ -1,15 +1,11 @@
-#include "FormFixture.h"
+#include "declaration/FormFixture.h"
 
 #include "data/CheckDigits.h"
 #include "data/Transaction.h"
-#include "support/Test.h"
 
-#include <QAbstractButton>
-#include <QComboBox>
 #include <QPlainTextEdit>
 #include <QTabWidget>
 #include <QTableView>
-#include <QTest>
 
 namespace {
 

@@ -36,7 +36,7 @@ constexpr Qt::Key kTeclas[] = {
     Qt::Key_PageUp, Qt::Key_F1,    Qt::Key_F4,   Qt::Key_F5,      Qt::Key_Menu,   Qt::Key_Insert,    Qt::Key_A};
 
 /// Keys, clicks, wheel and pastes at random on whatever form is in front. MONO_SEGUNDOS says for how long, MONO_SEMILLA
-/// which chance, and MONO_DIARIO names a file that keeps what was done.
+/// which chance.
 class Mono {
   public:
     /// Whether there is time left; it runs from the first call on.
@@ -112,7 +112,7 @@ class Mono {
         case 0: return Rueda(campo);
         case 1: return Pega(campo);
         case 2: return QApplication::activeModalWidget() ? Hojea(forma) : Ordena();
-        case 3: Anota(u"cierra"_s, forma); return Azar(8) == 0 ? static_cast<void>(forma.close()) : Raton(campo);
+        case 3: return Azar(8) == 0 ? static_cast<void>(forma.close()) : Raton(campo);
         case 4:
         case 5:
         case 6:
@@ -125,9 +125,7 @@ class Mono {
     void Teclea(QWidget& campo) {
         const QPointer<QWidget> vive = &campo;
         if (Azar(4) == 0) {
-            const QString texto = kTextos[Azar(kTextos.size())];
-            Anota(u"escribe "_s + texto, campo);
-            for (const QChar letra : texto) {
+            for (const QChar letra : kTextos[Azar(kTextos.size())]) {
                 if (vive)
                     QTest::sendKeyEvent(QTest::Click, vive, Qt::Key_unknown, QString(letra), Qt::NoModifier);
             }
@@ -139,14 +137,12 @@ class Mono {
         const auto modo = modos[Azar(std::size(modos))];
         const bool letra = modo == Qt::AltModifier || Azar(4) == 0;
         const auto tecla = letra ? static_cast<Qt::Key>(Qt::Key_A + Azar(26)) : kTeclas[Azar(std::size(kTeclas))];
-        Anota(u"pulsa %1+%2"_s.arg(modo).arg(tecla), campo);
         QTest::keyClick(&campo, tecla, modo);
     }
 
     void Raton(QWidget& campo) {
         const QPoint donde(static_cast<int>(Azar(campo.width() + 1)), static_cast<int>(Azar(campo.height() + 1)));
         const auto boton = Azar(8) == 0 ? Qt::RightButton : Qt::LeftButton;
-        Anota(u"clic %1 en %2,%3"_s.arg(boton).arg(donde.x()).arg(donde.y()), campo);
         const QPointer<QWidget> vive = &campo;
         QTest::mouseClick(&campo, boton, {}, donde);
         if (vive && Azar(4) == 0)
@@ -154,7 +150,6 @@ class Mono {
     }
 
     void Rueda(QWidget& campo) {
-        Anota(u"rueda"_s, campo);
         const QPointF centro = campo.rect().center();
         QWheelEvent evento(centro, campo.mapToGlobal(centro), {}, {0, Azar(2) ? 120 : -120}, Qt::NoButton,
                            Azar(2) ? Qt::NoModifier : Qt::ControlModifier, Qt::NoScrollPhase, false);
@@ -163,7 +158,6 @@ class Mono {
 
     void Pega(QWidget& campo) {
         const QString texto = Azar(3) ? kTextos[Azar(kTextos.size())] : QString(300, QChar(u'0' + Azar(80)));
-        Anota(u"pega "_s + texto, campo);
         QApplication::clipboard()->setText(texto);
         QTest::keyClick(&campo, Qt::Key_V, Qt::ControlModifier);
     }
@@ -173,33 +167,21 @@ class Mono {
         auto* paginas = forma.window()->findChild<QTabBar*>();
         if (!paginas || !paginas->isVisible())
             return;
-        const QPoint donde = paginas->tabRect(static_cast<int>(Azar(paginas->count()))).center();
-        Anota(u"clic 1 en %1,%2"_s.arg(donde.x()).arg(donde.y()), *paginas);
-        QTest::mouseClick(paginas, Qt::LeftButton, {}, donde);
+        const auto cual = static_cast<int>(Azar(paginas->count()));
+        QTest::mouseClick(paginas, Qt::LeftButton, {}, paginas->tabRect(cual).center());
     }
 
     void Ordena() {
         if (m_ordenes.isEmpty())
             return;
         QAction* orden = m_ordenes[Azar(m_ordenes.size())];
-        Anota(u"ordena "_s + orden->objectName(), *m_ventana);
         if (orden->isEnabled())
             orden->trigger();
-    }
-
-    void Anota(const QString& hecho, const QWidget& donde) const {
-        if (m_diario.isEmpty())
-            return;
-        QFile diario(m_diario);
-        if (diario.open(QIODevice::Append))
-            diario.write(
-                u"%1 %2 %3 %4\n"_s.arg(m_pasos).arg(donde.window()->objectName(), donde.objectName(), hecho).toUtf8());
     }
 
     QRandomGenerator m_azar{static_cast<quint32>(qEnvironmentVariable("MONO_SEMILLA", u"518"_s).toUInt())};
     QElapsedTimer m_reloj;
     qint64 m_plazo = qEnvironmentVariable("MONO_SEGUNDOS", u"5"_s).toLongLong() * 1000;
-    QString m_diario = qEnvironmentVariable("MONO_DIARIO");
     QPointer<QWidget> m_ventana;
     QList<QAction*> m_ordenes;
     QMap<QString, int> m_formas;

@@ -1,6 +1,5 @@
 #include "import/FieldChecks.h"
 
-#include "import/ErrorTexts.h"
 #include "import/Formats.h"
 #include "import/ImportFixture.h"
 #include "import/LineFields.h"
@@ -8,39 +7,6 @@
 namespace {
 
 using enum Campo;
-
-/// The wording that the import fixes itself for what its checks raise; any other code shows what table `ERROR` says.
-const QMap<QString, QString> kTextos = {
-    {u"0858"_s, u"Número de Comprobante no es válido"_s},
-    {u"0869"_s,
-     u"La pregunta ¿Venta Materiales destinados a zonas afectadas - Terremoto del 15/08/2007? debe quedar en blanco"_s},
-    {u"0870"_s, u"¿Venta comprende Materiales destinados a zonas afectadas - Terremoto del 15/08/2007?  0=No  1=Si"_s},
-    {u"0873"_s, u"Su cliente pertenece al listado publicado por ZOLMA?  0=No  1=Si"_s},
-    {u"0875"_s, u"Indique si los cp involucrados generan derecho a crédito fiscal  0=No  1=Si"_s},
-    {u"0877"_s, u"El monto del comprobante de pago es muy grande"_s},
-    {u"0878"_s, u"El monto cobrado es muy grande"_s},
-    {u"0883"_s, u"El tipo de comprobante no es válido"_s},
-    {u"0884"_s, u"El monto cobrado no es válido"_s},
-    {u"0885"_s, u"El monto cobrado no es numérico"_s},
-    {u"0886"_s, u"El monto cobrado debe tener un solo punto decimal"_s},
-    {u"0887"_s, u"El monto cobrado debe tener doce(12) números enteros"_s},
-    {u"0888"_s, u"El tipo de documento debe ser de 1 ó 2 posiciones"_s},
-    {u"0889"_s, u"Los apellidos deben ser de 20 posiciones"_s},
-    {u"0890"_s, u"El importe de la nota de credito debe tener once(11) números enteros"_s},
-    {u"0891"_s, u"El comprobante no genera derecho a crédito fiscal"_s},
-    {u"0892"_s, u"El número de serie del comprobante de pago no es válido"_s},
-    {u"0984"_s, u"Ingrese el Importe del comprobante de pago"_s},
-    {u"0985"_s, u"El importe del comprobante de pago debe tener doce(12) números enteros"_s},
-    {u"0986"_s, u"El importe del comprobante de pago debe tener un solo punto decimal"_s},
-    {u"0987"_s, u"El importe del comprobante de pago no es numérico"_s},
-    {u"0988"_s, u"El importe del comprobante de pago no es válido"_s},
-    {u"0989"_s, u"La fecha de emisión del comprobante emitido es mayor a la fecha del sistema"_s},
-    {u"0990"_s, u"La fecha de emisión del comprobante origen es mayor a la fecha del sistema"_s},
-    {u"0991"_s, u"La fecha de emisión del comprobante emitido no corresponde al período declarado"_s},
-    {u"0992"_s, u"El RUC no es de una Empresa, no debe ingresar la razón social"_s},
-    {u"0993"_s, u"El RUC es de una Empresa, no debe ingresar apellidos y nombres"_s},
-    {u"0996"_s, u"Ingrese el monto cobrado(S/.)"_s},
-};
 
 QString CodigoDe(const QString& linea, const QString& periodo = u"202610"_s,
                  const FormatoImportacion& formato = FormatoPercepciones()) {
@@ -72,7 +38,6 @@ void Prueba(const QList<Caso>& casos, const FormatoImportacion& formato = Format
                 const QString linea = formato.tipos ? VentaDe(cambios) : LineaDe(cambios);
                 EXPECT_EQ(CodigoDe(linea, periodo, formato), codigo) << linea.toStdString();
             }
-            EXPECT_EQ(TextoFijo(QLatin1StringView(codigo.toLatin1())), kTextos.value(codigo));
         }
     }
 }
@@ -170,7 +135,6 @@ TEST(FieldChecks, CashSale) {
 TEST(FieldChecks, AShortLineIsRefusedWhenWhatItHasPasses) {
     EXPECT_EQ(CodigoDe(u"1|45678901||Quispe|"_s), u"0201"_s);
     EXPECT_EQ(CodigoDe(u"1|4567890||Quispe|"_s), u"0010"_s);
-    EXPECT_EQ(TextoFijo("0201"_L1), u"Faltan campos en su archivo de transferencia"_s);
 }
 
 } // namespace

@@ -26,15 +26,6 @@ TEST(ImportRun, TheFileIsFoundWhateverTheCaseOfItsName) {
     EXPECT_EQ(escenario.Corre().transferidos, 1);
 }
 
-TEST(ImportRun, ABaseThatAnotherProgramHoldsStopsTheRun) {
-    Escenario escenario;
-    escenario.Escribe(LineaDe().toUtf8());
-    const Transaccion ajena = escenario.base->Comienza();
-    EXPECT_EQ(
-        escenario.Corre().mensaje,
-        (Mensaje{Icono::Critico, u"El archivo se encuentra abierto!!\nIntente nuevamente por favor."_s, u"Error"_s}));
-}
-
 TEST(ImportRun, ACancelAtAnyLineKeepsWhatIsWrittenAndTotalsIt) {
     for (int hasta = 0; hasta < 10; ++hasta) {
         Escenario escenario;
@@ -76,23 +67,6 @@ TEST(ImportRun, AFullDiskIsToldWithWhatIsKept) {
     EXPECT_TRUE(resultado.noConservado.first().endsWith(u"Se conservan: 10000."_s));
 }
 
-TEST(ImportRun, ATrialChecksEverythingAndKeepsNothing) {
-    using enum Campo;
-    Escenario escenario;
-    (void)escenario.Importa({LineaDe({{TipoDoc, u"9"_s}}), LineaDe()});
-    escenario.opciones.prueba = true;
-    const QStringList antes = escenario.base.Filas(u"SELECT * FROM TMPF518PCAB"_s);
-    escenario.Escribe((LineaDe({{TipoDoc, u"8"_s}}) + u'\n' + LineaDe() + u'\n' + LineaDe({{NumeroCp, u"9"_s}}) +
-                       u'\n' + LineaDe({{NumDoc, u"45678902"_s}, {MontoCobrado, u"7"_s}}))
-                          .toUtf8());
-    const ResultadoImportacion resultado = escenario.Corre();
-    EXPECT_EQ(resultado.transferidos, 2); // a duplicate among what is there already is found as well
-    EXPECT_EQ(resultado.rechazados, 2);
-    EXPECT_EQ(escenario.base.Filas(u"SELECT * FROM TMPF518PCAB"_s), antes);
-    EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 1));
-    EXPECT_TRUE(BytesDe(escenario.base.Carpeta() + u"/RPT051820990518018202610.Log"_s).startsWith("9|"));
-}
-
 TEST(ImportRun, AFileThatChangesWhileItIsReadIsTold) {
     for (const qint64 tamanio : {qint64(0), qint64(400'000), qint64(900'000)}) {
         Escenario escenario;
@@ -104,24 +78,6 @@ TEST(ImportRun, AFileThatChangesWhileItIsReadIsTold) {
         EXPECT_GE(escenario.Cuenta().at(1), 10);
         EXPECT_THAT(escenario.base.Filas(u"SELECT mto_base_p > 1000 FROM TMPF518PCAB"_s), ElementsAre(u"1"_s));
     }
-}
-
-/// The file is open: it goes on being read. Only the logs have no place any more.
-TEST(ImportRun, AFolderThatVanishesLeavesTheRunItsFile) {
-    Escenario escenario;
-    const QString carpeta = escenario.base.Carpeta() + u"/otra"_s;
-    ASSERT_TRUE(QDir().mkdir(carpeta));
-    escenario.proceso.rutaRPT = carpeta + u"/RPT"_s;
-    escenario.Escribe(Muchas(3) + '\n' + LineaDe({{Campo::TipoDoc, u"9"_s}}).toUtf8());
-    const ResultadoImportacion resultado = escenario.Corre([&](int) {
-        QDir(carpeta).removeRecursively();
-        QFile::remove(escenario.RutaArchivo());
-        return true;
-    });
-    EXPECT_EQ(resultado.fin, FinImportacion::Completa);
-    EXPECT_EQ(resultado.transferidos, 3);
-    EXPECT_EQ(resultado.rechazados, 1);
-    EXPECT_TRUE(resultado.noConservado.join(u' ').contains(carpeta));
 }
 
 /// The keys are cut to their column, to a shorter one for a code without a text.

@@ -32,7 +32,6 @@ class Screen:
         self._programs = pathlib.Path(programs)
         self._running = []
         self._stack = []  # the windows in front of one another, the active one last
-        self.pressed = 0  # keys so far
         self.folder = pathlib.Path(folder or tempfile.mkdtemp(prefix="journey"))
         self.folder.mkdir(exist_ok=folder is None)
         self._environment = dict(
@@ -154,11 +153,9 @@ class Screen:
     # Keys and mouse
 
     def keys(self, *names):
-        self.pressed += len(names)
         self._ask("xdotool", "key", "--delay", "2", *names)
 
     def types(self, text):
-        self.pressed += len(text)
         self._ask("xdotool", "type", "--delay", "2", text)
 
     def picks(self, opening, *names):
