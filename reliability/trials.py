@@ -198,6 +198,26 @@ def disk_full(place, kind):
     return total, ", ".join(f"{n} {state}" for state, n in sorted(seen.items()))
 
 
+def disk_fails_a_print_out(place):
+    """The disk fails once while a declaration and its annex become a PDF: the whole document, or none and a word."""
+    paper = place.folder / "paper.pdf"
+    work = lambda fault=None: place.batch("imprimir", PERIOD, None, "--anexos", "--pdf", paper, fault=fault)
+    place.restore()
+    total = changes_of(work)
+    whole = paper.stat().st_size
+    seen = Counter()
+    for change in range(1, total + 1):
+        place.restore()
+        paper.unlink(missing_ok=True)
+        run = work(("una", change))
+        if run.returncode == 3:
+            demand(TOLD.search(run.stderr) and not paper.exists(), f"half a document at change {change}: {run.stderr}")
+        else:
+            demand(run.returncode == 0 and paper.stat().st_size == whole, f"change {change}: {run.returncode} {run.stderr}")
+        seen["told, no document" if run.returncode else "whole document all the same"] += 1
+    return total, ", ".join(f"{n} {state}" for state, n in sorted(seen.items()))
+
+
 def writers(place):
     return [lambda **o: place.batch("declarar", PERIOD, SAMPLE, "--rectifica", **o),
             lambda **o: place.batch("importar", PERIOD, SAMPLE, **o),
@@ -336,6 +356,7 @@ def main(build, seconds, seed, moments, wanted):
         ("Killed in an import", import_killed),
         ("Disk fails at one change of a save", lambda p: disk_full(p, "una")),
         ("Disk full from a change of a save on", lambda p: disk_full(p, "lleno")),
+        ("Disk fails at one change of a print-out", disk_fails_a_print_out),
         ("Base locked by another program", locked),
         ("Base read-only", read_only),
         ("Base or workgroup file removed", removed),
