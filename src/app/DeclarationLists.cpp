@@ -1,6 +1,5 @@
 #include "app/DeclarationLists.h"
 
-#include "data/Catalog.h"
 #include "data/Process.h"
 #include "data/Transaction.h"
 
@@ -21,10 +20,7 @@ const QStringList kTablasEnviadas = {u"DET"_s, u"CAB"_s, u"F518PDETCP"_s, u"F518
 ConsultaSql Consulta(const Proceso& proceso, const QString& columnas, const QString& tipos, const QString& orden) {
     ConsultaSql consulta{columnas + u" WHERE A.DOC_ID_D=B.DOC_ID_D AND"_s + tipos + u" A.FORMULARIO=?"_s,
                          {proceso.numFormulario}};
-    if (Catalogo(*proceso.baseDatos).TipoUsuario(proceso.sysUser) != u"0") {
-        consulta.texto += u" AND B.USUARIO=?"_s;
-        consulta.valores.append(proceso.sysUser);
-    }
+    LimitaAlUsuario(consulta, *proceso.baseDatos, proceso.sysUser);
     consulta.texto += orden;
     return consulta;
 }

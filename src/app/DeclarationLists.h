@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/DocumentTypes.h"
+#include "data/OfferedDeclarants.h"
 
 namespace xa518 {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/Dialogs.h"
-#include "data/DocumentTypes.h"
+#include "data/OfferedDeclarants.h"
 #include "platform/Form.h"
 #include "platform/QueryModel.h"
 

@@ -6,7 +6,7 @@
 #include "batch/ProgressLine.h"
 #include "batch/Session.h"
 #include "data/Catalog.h"
-#include "data/DocumentTypes.h"
+#include "data/OfferedDeclarants.h"
 #include "data/WorkLock.h"
 #include "data/WorkTables.h"
 #include "declaration/ClientGrid.h"
@@ -169,16 +169,14 @@ void Validar(Proceso& proceso, const Argumentos& argumentos, Informe& informe) {
 /// The same declarations as the module's pickers: all of them for a user of kind "0", otherwise the user's own.
 QList<FilaLista> LeeLista(Proceso& proceso, bool enviadas) {
     Base& base = *proceso.baseDatos;
-    QString sql =
+    ConsultaSql consulta{
         u"SELECT A.DOC_ID_D, B.NOMBRE, A.PERIODO, A.ESTADO, A.RECTIFICA%1 FROM %2 AS A, CONT AS B "
         "WHERE A.DOC_ID_D=B.DOC_ID_D AND A.TIP_DOC_D=6 AND B.TIP_DOC_D=6 AND A.FORMULARIO=?"_s.arg(
-            enviadas ? u", A.CORREL, A.CONTROL, A.NORDEN, A.FEC_ENV"_s : QString(), enviadas ? u"HCAB"_s : u"CAB"_s);
-    QVariantList valores{proceso.numFormulario};
-    if (Catalogo(base).TipoUsuario(proceso.sysUser) != u"0") {
-        sql += u" AND B.USUARIO=?";
-        valores.append(proceso.sysUser);
-    }
-    Registros filas = base.Lee(sql + u" ORDER BY A.PERIODO DESC, A.DOC_ID_D"_s, valores);
+            enviadas ? u", A.CORREL, A.CONTROL, A.NORDEN, A.FEC_ENV"_s : QString(), enviadas ? u"HCAB"_s : u"CAB"_s),
+        {proceso.numFormulario}};
+    LimitaAlUsuario(consulta, base, proceso.sysUser);
+    Registros filas = base.Lee(consulta.texto + u" ORDER BY A.PERIODO DESC, A.DOC_ID_D"_s,
+                               {consulta.valores.begin(), consulta.valores.end()});
     QList<FilaLista> lista;
     while (filas.Siguiente()) {
         FilaLista fila{filas.Texto(0), filas.Texto(1), filas.Texto(2), filas.Texto(3), filas.Texto(4), {}, {}, {}, {}};

@@ -80,33 +80,9 @@ bool ValidaDocumento(Base& base, const QString& tipo, const QString& numero) {
     return fila && AdmiteNumero(*fila, numero);
 }
 
-ConsultaSql SqlDeclarantes(Base& base, const QString& formulario, const QString& usuario) {
-    const Catalogo catalogo(base);
-    const QString guardada = catalogo.Funcion(u"044"_s, u"6"_s);
-    const TipoDocumento ruc = Corta(u"06"_s, guardada.isEmpty() ? FilaRucPorDefecto() : guardada);
-    ConsultaSql consulta{u" SELECT * FROM CONT  WHERE Tip_doc_d=6 "_s, {}};
-    if (ruc.Largo() == 11 && ruc.tipoLongitud == u"1")
-        consulta.texto += u" AND len(trim(Doc_id_d))=11 ";
-    if (formulario == u"0275") // the sibling form; never taken by this one, but the family shares the rule
-        consulta.texto += u" AND Tipo_Ingreso=2 ";
-    if (catalogo.TipoUsuario(usuario) == u"0") {
-        consulta.texto += u" ORDER BY Tip_doc_d, doc_id_d ";
-    } else {
-        consulta.texto += u" AND Usuario =? Order by Tip_doc_d, doc_id_d ";
-        consulta.valores.append(usuario);
-    }
-    return consulta;
-}
-
-QList<DeclaranteOfrecido> DeclarantesOfrecidos(Base& base, const QString& formulario, const QString& usuario) {
-    const ConsultaSql consulta = SqlDeclarantes(base, formulario, usuario);
-    Registros filas = base.Lee(consulta.texto, QVariantList(consulta.valores.begin(), consulta.valores.end()));
-    const int ruc = filas.Columna(u"Doc_id_d");
-    const int nombre = filas.Columna(u"Nombre");
-    QList<DeclaranteOfrecido> ofrecidos;
-    while (filas.Siguiente())
-        ofrecidos.append({Recorta(filas.Texto(ruc)).toString(), filas.Texto(nombre)});
-    return ofrecidos;
+TipoDocumento TipoDelRuc(Base& base) {
+    const QString guardada = Catalogo(base).Funcion(u"044"_s, u"6"_s);
+    return Corta(u"06"_s, guardada.isEmpty() ? FilaRucPorDefecto() : guardada);
 }
 
 } // namespace xa518

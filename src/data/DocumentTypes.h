@@ -37,20 +37,7 @@ struct TipoDocumento {
 /// digits only ("0") or letters allowed.
 [[nodiscard]] bool ValidaDocumento(Base& base, const QString& tipo, const QString& numero);
 
-struct ConsultaSql {
-    QString texto;
-    QStringList valores;
-};
-
-/// The query for the declarants that a user may choose for a form.
-[[nodiscard]] ConsultaSql SqlDeclarantes(Base& base, const QString& formulario, const QString& usuario);
-
-struct DeclaranteOfrecido {
-    QString ruc; ///< trimmed
-    QString nombre;
-};
-/// The rows of that query.
-[[nodiscard]] QList<DeclaranteOfrecido> DeclarantesOfrecidos(Base& base, const QString& formulario,
-                                                             const QString& usuario);
+/// The type of a declarant's number: the catalogue's row of the RUC, or what stands in for it when it is missing.
+[[nodiscard]] TipoDocumento TipoDelRuc(Base& base);
 
 } // namespace xa518

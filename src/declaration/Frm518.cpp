@@ -5,7 +5,7 @@
 #include "data/Base.h"
 #include "data/Catalog.h"
 #include "data/CheckDigits.h"
-#include "data/DocumentTypes.h"
+#include "data/OfferedDeclarants.h"
 #include "data/Process.h"
 #include "data/WorkTables.h"
 #include "declaration/ClientGrid.h"

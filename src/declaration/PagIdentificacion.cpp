@@ -2,7 +2,7 @@
 
 #include "ui_PagIdentificacion.h"
 
-#include "data/DocumentTypes.h"
+#include "data/OfferedDeclarants.h"
 #include "declaration/Frm518.h"
 #include "platform/Application.h"
 #include "platform/FieldKeys.h"

@@ -1,6 +1,5 @@
 #include "reports/PrintList.h"
 
-#include "data/Catalog.h"
 #include "data/Process.h"
 
 namespace xa518 {
@@ -15,10 +14,7 @@ ConsultaSql SqlParaImprimir(const Proceso& proceso, bool enviadas) {
     ConsultaSql consulta{columnas + (enviadas ? copias : registradas) +
                              u" WHERE A.DOC_ID_D=B.DOC_ID_D AND A.TIP_DOC_D=6 AND B.TIP_DOC_D=6 AND A.FORMULARIO=?"_s,
                          {proceso.numFormulario}};
-    if (Catalogo(*proceso.baseDatos).TipoUsuario(proceso.sysUser) != u"0") {
-        consulta.texto += u" AND B.USUARIO=?"_s;
-        consulta.valores.append(proceso.sysUser);
-    }
+    LimitaAlUsuario(consulta, *proceso.baseDatos, proceso.sysUser);
     consulta.texto +=
         enviadas ? u" and a.estado=1 ORDER BY A.DOC_ID_D ASC"_s : u" ORDER BY A.DOC_ID_D ASC, a.periodo DESC"_s;
     return consulta;

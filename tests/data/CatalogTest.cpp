@@ -4,6 +4,7 @@
 #include "data/CheckDigits.h"
 #include "data/DocumentTypes.h"
 #include "data/ObjetoUtil.h"
+#include "data/OfferedDeclarants.h"
 #include "data/RateCatalog.h"
 #include "data/RecordChecksum.h"
 
