@@ -33,7 +33,7 @@ class Screen:
         self._running = []
         self._stack = []  # the windows in front of one another, the active one last
         self.folder = pathlib.Path(folder or tempfile.mkdtemp(prefix="journey"))
-        self.folder.mkdir(exist_ok=folder is None)
+        self.folder.mkdir(0o700, exist_ok=folder is None)
         self._environment = dict(
             os.environ,
             XDG_CONFIG_HOME=str(self.folder / "config"),
