@@ -22,7 +22,7 @@ WORK = ("TMPF518PCAB", "TMPF518PDET", "TMPF518PDETCP")
 BATCH, BIG_LINES = 10_000, 21_000
 MODULE_FORMS = ("MDIFrm FrmContAbrir FrmContAbrirE Frm518 FrmConsist FrmAgePer FrmDetAgePer frmPerDet frmTransferencia "
                 "frmImprimir frmImpxPag frmPreview FrmConsultas frmAcercade FrmAyuda")
-LAUNCHER_FORMS = "FrmConsola FrmDeclarante frmPreview"
+LAUNCHER_FORMS = "FrmConsola FrmDeclarante frmPreview FrmAyuda"
 TOLD = re.compile(r"\(error \d+\)")
 
 

@@ -1,5 +1,6 @@
 #include "launcher/FrmConsola.h"
 
+#include "app/HelpWindow.h"
 #include "app/Startup.h"
 #include "launcher/ModuleStart.h"
 #include "launcher/PagCopias.h"
@@ -32,7 +33,8 @@ FrmConsola::FrmConsola(const EntornoConsola& entorno, Avisos& avisos, QString ca
     : m_ui(std::make_unique<Ui::FrmConsola>())
     , m_avisos(&avisos)
     , m_carpetaPrograma(std::move(carpetaPrograma))
-    , m_sesion(entorno) {
+    , m_sesion(entorno)
+    , m_ayuda(new Ayuda(avisos, this)) {
     m_ui->setupUi(this);
     setWindowTitle(kTituloIntegrador);
     const int lado = style()->pixelMetric(QStyle::PM_LargeIconSize);
@@ -156,6 +158,7 @@ void FrmConsola::Recarga() {
                                ? u"Usuario: %1     Base: %2"_s.arg(m_sesion.Usuario(), m_sesion.RutaBase())
                                : QString());
     m_ui->LblBase->setToolTip(m_sesion.RutaBase());
+    m_ayuda->PonArchivo(RutaAyuda(QDir::cleanPath(m_sesion.Carpeta()) + u'/'));
 }
 
 void FrmConsola::MuestraContenido() {

@@ -14,6 +14,7 @@ class FrmConsola;
 
 namespace xa518 {
 
+class Ayuda;
 class PagCopias;
 
 /// The launcher's window. The modules find it by its title, to the letter, and don't start without it.
@@ -47,6 +48,7 @@ class FrmConsola final : public QMainWindow {
     Avisos* m_avisos;
     QString m_carpetaPrograma;
     Sesion m_sesion;
+    Ayuda* m_ayuda;
     QList<Pagina*> m_paginas; ///< those that need the base
     PagCopias* m_copias = nullptr;
     bool m_arrancada = false;

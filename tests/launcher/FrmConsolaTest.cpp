@@ -209,6 +209,12 @@ TEST_F(FirstStartTest, OffersToInstall) {
     EXPECT_TRUE(Fila(Tabla("GrdDeclarantes"), 0).startsWith(kRucMuestra));
 }
 
+TEST_F(FrmConsolaTest, F1OpensTheHelpThatIsInstalled) {
+    Abre();
+    QTest::keyClick(ventana.get(), Qt::Key_F1);
+    EXPECT_EQ(Control<QWidget>("FrmAyuda").windowTitle(), u"Ayuda - Consola"_s);
+}
+
 /// Its file is never looked for outside the folder of reports.
 TEST_F(FrmConsolaTest, AReportOpensInThePreviewAndGoesWithItsFile) {
     const QString rpt = carpeta + u"/RPT/"_s;
