@@ -40,6 +40,7 @@ FrmConsola::FrmConsola(const EntornoConsola& entorno, Avisos& avisos, QString ca
     const int lado = style()->pixelMetric(QStyle::PM_LargeIconSize);
     m_ui->LblIcono->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(lado));
     m_ui->FraAviso->hide();
+    EncuentraAyuda(); // its key may come before the first list is read
     PonFichas(std::move(vista));
     connect(m_ui->CmdModulo, &QPushButton::clicked, this, Protegido([this] { AbreModulo(); }));
     connect(m_ui->CmdActualizar, &QPushButton::clicked, this, Protegido([this] { Recarga(); }));
@@ -158,6 +159,10 @@ void FrmConsola::Recarga() {
                                ? u"Usuario: %1     Base: %2"_s.arg(m_sesion.Usuario(), m_sesion.RutaBase())
                                : QString());
     m_ui->LblBase->setToolTip(m_sesion.RutaBase());
+    EncuentraAyuda();
+}
+
+void FrmConsola::EncuentraAyuda() {
     m_ayuda->PonArchivo(RutaAyuda(QDir::cleanPath(m_sesion.Carpeta()) + u'/'));
 }
 

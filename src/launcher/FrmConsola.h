@@ -33,6 +33,7 @@ class FrmConsola final : public QMainWindow {
 
   private:
     void PonFichas(VistaDeInforme vista);
+    void EncuentraAyuda();
     void Arranca();
     void OfreceInstalar();
     void Instala();

@@ -210,7 +210,8 @@ TEST_F(FirstStartTest, OffersToInstall) {
 }
 
 TEST_F(FrmConsolaTest, F1OpensTheHelpThatIsInstalled) {
-    Abre();
+    ventana = std::make_unique<FrmConsola>(entorno, avisos, programas); // even before its lists are read
+    Muestra(*ventana);
     QTest::keyClick(ventana.get(), Qt::Key_F1);
     EXPECT_EQ(Control<QWidget>("FrmAyuda").windowTitle(), u"Ayuda - Consola"_s);
 }
