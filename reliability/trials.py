@@ -82,8 +82,11 @@ class Installation:
         return self.run("bin/xa518-lote", order, *KEY, period, *(("--percepciones", files) if files else ()), *more,
                         **options)
 
-    def victim(self, work):
-        return lambda fault=None: self.run("reliability/save_victim", self.base, work, RUC, PERIOD, fault=fault)
+    def save(self, **options):
+        return self.batch("declarar", PERIOD, None, "--rectifica", **options)
+
+    def delete(self, **options):
+        return self.run("reliability/delete_declaration", self.base, RUC, PERIOD, **options)
 
     @staticmethod
     def must(run, codes=(0,)):
@@ -112,7 +115,7 @@ def spread(total, moments):
 
 
 def changes_of(work):
-    return int(re.search(r"cambios (\d+)", work(("cuenta", 0)).stderr).group(1))
+    return int(re.search(r"cambios (\d+)", work(fault=("cuenta", 0)).stderr).group(1))
 
 
 def killed(place, work):
@@ -125,7 +128,7 @@ def killed(place, work):
     for moment in spread(2 * total, place.moments):
         place.restore()
         fault = (("mata", "rasga")[moment % 2], moment // 2 + 1)
-        demand(work(fault).returncode == -9, f"not killed at {fault}")
+        demand(work(fault=fault).returncode == -9, f"not killed at {fault}")
         found = place.saved()
         demand(found in (place.old, new), f"half a state, {fault}")
         seen["new" if found == new else "old"] += 1
@@ -179,14 +182,13 @@ def import_state(place, code, start, whole, fault):
 def disk_full(place, kind):
     """A save through the real program, the disk failing once or from a change on: the old declaration stays and the
     user is told, or the change didn't matter."""
-    work = lambda fault=None: place.batch("declarar", PERIOD, None, "--rectifica", fault=fault)
     place.restore()
-    total = changes_of(work)
+    total = changes_of(place.save)
     new = place.saved()
     seen = Counter()
     for change in range(1, total + 1):
         place.restore()
-        run = work((kind, change))
+        run = place.save(fault=(kind, change))
         found = place.saved()
         demand(found in (place.old, new), f"half a state at change {change}")
         if run.returncode == 3:
@@ -222,7 +224,7 @@ def writers(place):
     return [lambda **o: place.batch("declarar", PERIOD, SAMPLE, "--rectifica", **o),
             lambda **o: place.batch("importar", PERIOD, SAMPLE, **o),
             lambda **o: place.console("--enviar", RUC, PERIOD, **o),
-            lambda **o: place.run("reliability/save_victim", place.base, "elimina", RUC, PERIOD, **o)]
+            place.delete]
 
 
 def refused_by_all(place, words, number, **options):
@@ -351,8 +353,8 @@ def monkey(place, window, seconds, seed, forms):
 
 def main(build, seconds, seed, moments, wanted):
     trials = [
-        ("Killed in a save", lambda p: killed(p, p.victim("graba"))),
-        ("Killed in a delete", lambda p: killed(p, p.victim("elimina"))),
+        ("Killed in a save", lambda p: killed(p, p.save)),
+        ("Killed in a delete", lambda p: killed(p, p.delete)),
         ("Killed in an import", import_killed),
         ("Disk fails at one change of a save", lambda p: disk_full(p, "una")),
         ("Disk full from a change of a save on", lambda p: disk_full(p, "lleno")),

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QLockFile>
+#include "values/ProcessMark.h"
 
 namespace xa518 {
 
@@ -16,7 +16,7 @@ class TrabajoUnico {
     explicit TrabajoUnico(const Base& base);
 
   private:
-    QLockFile m_marca;
+    MarcaDeProceso m_marca;
 };
 
 } // namespace xa518

@@ -22,12 +22,10 @@ QString NombreDeMarca(const QString& ejecutable) {
 } // namespace
 
 InstanciaUnica::InstanciaUnica(const QString& ejecutable, const QString& carpeta)
-    : m_marca(QDir(carpeta).filePath(NombreDeMarca(ejecutable))) {
-    m_marca.setStaleLockTime(0); // however old it is, it stands while its holder lives
-}
+    : m_marca(QDir(carpeta).filePath(NombreDeMarca(ejecutable))) {}
 
 bool InstanciaUnica::Toma() {
-    return m_marca.isLocked() || m_marca.tryLock(0) || m_marca.error() != QLockFile::LockFailedError;
+    return m_marca.Toma();
 }
 
 QString InstanciaUnica::CarpetaDeMarcas() {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QLockFile>
+#include "values/ProcessMark.h"
+
 #include <QString>
 
 namespace xa518 {
@@ -19,7 +20,7 @@ class InstanciaUnica {
     [[nodiscard]] static QString CarpetaDeMarcas();
 
   private:
-    QLockFile m_marca;
+    MarcaDeProceso m_marca;
 };
 
 } // namespace xa518

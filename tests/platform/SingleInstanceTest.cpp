@@ -21,10 +21,14 @@ TEST(SingleInstanceTest, HoldsForItsExecutableWhileTheHolderLivesAndNotAfterItsC
     int fin = 0;
     waitpid(otro, &fin, 0);
     ASSERT_EQ(WTERMSIG(fin), SIGKILL) << "it had taken the mark";
+    const QString marca = carpeta.filePath(QDir(carpeta.path()).entryList({u"*.lock"_s}).value(0));
 
+    EXPECT_TRUE(InstanciaUnica(ejecutable, carpeta.path()).Toma());
+    EscribeEn(marca, {});
     InstanciaUnica propia(ejecutable, carpeta.path());
-    EXPECT_TRUE(propia.Toma());
-    EXPECT_FALSE(InstanciaUnica(enlace, carpeta.path()).Toma()) << "the same executable behind a link";
+    EXPECT_TRUE(propia.Toma()) << "it died before it had said its name";
+    EscribeEn(marca, {});
+    EXPECT_FALSE(InstanciaUnica(enlace, carpeta.path()).Toma()) << "the same executable behind a link, and no name";
     EXPECT_TRUE(InstanciaUnica(ejecutable, u"/no/existe"_s).Toma()) << "a missing folder keeps nobody out";
     EXPECT_TRUE(InstanciaUnica(carpeta.filePath(u"consola"_s), carpeta.path()).Toma()) << "another executable";
 }

@@ -1,0 +1,24 @@
+#include "app/DeclarationLists.h"
+#include "data/Base.h"
+#include "data/DeclarationKey.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+#include <cstdlib>
+
+using namespace xa518;
+
+/// Deletes the registered declaration of a base, a RUC and a period, as the module does: no command line does that.
+int main(int argc, char* argv[]) {
+    const QCoreApplication aplicacion(argc, argv);
+    const QStringList argumentos = QCoreApplication::arguments();
+    try {
+        const std::unique_ptr<Base> base = Base::Abre(argumentos.at(1));
+        EliminaDeclaracion(*base, {argumentos.at(2), argumentos.at(3), kNumFormulario, false, {}});
+    } catch (const Error& error) {
+        std::fprintf(stderr, "%s (error %d)\n", qUtf8Printable(error.Texto()), error.Numero());
+        return 3;
+    }
+    return EXIT_SUCCESS;
+}

@@ -1,0 +1,39 @@
+#include "values/ProcessMark.h"
+
+#include <QThread>
+
+namespace xa518 {
+
+namespace {
+
+constexpr unsigned long kParaNombrarse = 200; ///< milliseconds, more than a living holder takes
+
+bool NombraASuDuenio(const QLockFile& marca) {
+    qint64 proceso = 0;
+    QString equipo;
+    QString programa;
+    return marca.getLockInfo(&proceso, &equipo, &programa);
+}
+
+/// Whoever dies, or loses the power, while it sets its mark leaves a file that names nobody: no process ends by which
+/// the toolkit would know it for stale.
+bool EsDeNadie(const QLockFile& marca) {
+    if (NombraASuDuenio(marca))
+        return false;
+    QThread::msleep(kParaNombrarse);
+    return !NombraASuDuenio(marca);
+}
+
+} // namespace
+
+MarcaDeProceso::MarcaDeProceso(const QString& ruta) : m_marca(ruta) {
+    m_marca.setStaleLockTime(0); // however old it is, it stands while its holder lives
+}
+
+bool MarcaDeProceso::Toma() {
+    if (m_marca.isLocked() || m_marca.tryLock(0) || m_marca.error() != QLockFile::LockFailedError)
+        return true;
+    return EsDeNadie(m_marca) && m_marca.removeStaleLockFile() && m_marca.tryLock(0);
+}
+
+} // namespace xa518
