@@ -2,6 +2,7 @@
 
 #include "app/DeclarationLists.h"
 #include "data/Process.h"
+#include "declaration/TaxPeriod.h"
 #include "platform/Application.h"
 #include "platform/HourGlass.h"
 #include "platform/Notices.h"
@@ -102,6 +103,8 @@ void FormaSeleccion::Actua() {
     if (m_datos->rowCount() == 0)
         return;
     try {
+        if (!SigueAhi(Grilla().Fila()))
+            return;
         TomaFila(Grilla().Fila());
         if (m_entorno.proceso.opcion == kModificar)
             Abre(reloj);
@@ -110,6 +113,18 @@ void FormaSeleccion::Actua() {
     } catch (const ErrorBase& falla) {
         qWarning().noquote() << falla.Texto();
     }
+}
+
+/// An empty declaration would open in its place, and its save would stand beside the copy that was sent.
+bool FormaSeleccion::SigueAhi(int fila) {
+    if (ExisteDeclaracion(*m_entorno.proceso.baseDatos, Clave(fila)))
+        return true;
+    Refresca(fila);
+    m_entorno.avisos.Muestra({Icono::Exclamacion,
+                              u"La declaración seleccionada ya no está aquí: fue enviada o eliminada mientras se"
+                              " mostraba la lista. La lista se ha actualizado."_s,
+                              windowTitle()});
+    return false;
 }
 
 /// Hidden past the dialog's own hiding, which would end this form's wait for its end.
@@ -135,7 +150,10 @@ void FormaSeleccion::Elimina() {
                            windowTitle()};
     if (m_entorno.avisos.Pregunta(pregunta, Respuesta::No) == Respuesta::No)
         return;
-    EliminaDeclaracion(*m_entorno.proceso.baseDatos, Clave(Grilla().Fila()));
+    const int fila = Grilla().Fila();
+    if (!SigueAhi(fila)) // gone while the question stood
+        return;
+    EliminaDeclaracion(*m_entorno.proceso.baseDatos, Clave(fila));
     Refresca();
 }
 

@@ -56,6 +56,8 @@ class FormaSeleccion : public Forma {
     void Conecta();
     void MuestraFila(int fila);
     void Actua();
+    /// Tells the person when another program has sent or deleted that row's declaration, and lists what is left.
+    [[nodiscard]] bool SigueAhi(int fila);
     void Abre(RelojDeArena& reloj);
     void Elimina();
 

@@ -36,8 +36,7 @@ Veredicto ValidaPeriodo(const QString& mostrado, const QDate& hoy) {
 }
 
 bool ExisteDeclaracion(Base& base, const ClaveDeclaracion& clave) {
-    Registros filas = base.Lee(u"SELECT * FROM CAB WHERE DOC_ID_D=? AND TIP_DOC_D=6 AND PERIODO=? AND FORMULARIO=?"_s,
-                               {clave.ruc, clave.periodo, clave.formulario});
+    Registros filas = base.Lee(u"SELECT * FROM "_s + clave.Tabla(u"CAB"_s) + u' ' + clave.Condicion(), clave.Valores());
     return filas.Siguiente();
 }
 

@@ -25,7 +25,7 @@ struct Identificacion {
 /// The period is complete, from 01/2005 to the current month, and its month exists. An unfinished one fails silently.
 [[nodiscard]] Veredicto ValidaPeriodo(const QString& mostrado, const QDate& hoy);
 
-/// A registered declaration of that key exists; a sent copy doesn't count.
+/// The head of that declaration stands: among the registered ones, where no sent copy counts, or that very copy.
 [[nodiscard]] bool ExisteDeclaracion(Base& base, const ClaveDeclaracion& clave);
 
 /// Refuses the period of a declaration that exists already.

@@ -170,6 +170,35 @@ TEST_F(PickersTest, TheSentListTakesTheRowsNumbersAndIsAnotherOneOnReturn) {
     EXPECT_EQ(Columna(*lista, 1), QStringList{u"ANA  S.A."_s});
 }
 
+/// Sent by the launcher, or deleted by another program, since the list was read.
+TEST_F(PickersTest, ARowThatIsGoneIsToldAndListedNoMore) {
+    Registradas();
+    Declaracion(kAna, u"202609"_s, u"1"_s);
+    const QString seFue =
+        u"La declaración seleccionada ya no está aquí: fue enviada o eliminada mientras se mostraba la"
+        " lista. La lista se ha actualizado."_s;
+    const auto pide = [&](QWidget& lista, const QString& tabla, qsizetype quedan) {
+        const auto seVa = [&] { base->Ejecuta(u"DELETE FROM %1 WHERE periodo='202609'"_s.arg(tabla)); };
+        if (proceso.opcion == kEliminar) { // while the question stands
+            avisos.EsperaPregunta(kPregunta, Respuesta::Si);
+            avisos.AlMostrar(seVa);
+        } else {
+            seVa();
+        }
+        avisos.Espera({Icono::Exclamacion, seFue, lista.windowTitle()});
+        Boton(lista, 0);
+        avisos.AlMostrar({});
+        EXPECT_EQ(Columna(lista, 0).size(), quedan);
+    };
+    const auto registradas = Abre<FrmContAbrir>(kModificar);
+    Grilla(*registradas).PonFila(1);
+    pide(*registradas, u"CAB"_s, 2);
+    pide(*Abre<FrmContAbrirE>(kModificar), u"HCAB"_s, 0);
+    EXPECT_EQ(elegidas, QStringList()) << "an empty declaration would be saved beside the copy that was sent";
+    Declaracion(kBeto, u"202609"_s, u"1"_s);
+    pide(*Abre<FrmContAbrirE>(kEliminar), u"HCAB"_s, 0);
+}
+
 class DeletionTest : public PickersTest {
   protected:
     /// Every table tells when a row of it goes.
