@@ -105,10 +105,12 @@ void ListaCodigos::paintEvent(QPaintEvent* /*evento*/) {
     pincel.drawControl(QStyle::CE_ComboBoxLabel, opcion);
 }
 
-void LlenaTiposDeDocumento(ListaCodigos& lista, Base& base) {
+void LlenaTiposDeDocumento(ListaCodigos& lista, Base& base, const QString& enMano) {
     QStringList items;
     for (const TipoDocumento& tipo : DocumentosOfrecidos(base, kOfrecidosAlCliente))
         items.append(tipo.Item());
+    if (const std::optional<TipoDocumento> tipo = DocumentoDeTipo(base, enMano); tipo && !items.contains(tipo->Item()))
+        items.append(tipo->Item());
     lista.PonVisiblesCerrada(kLargoVisible);
     lista.Llena(items, kFinNombreCorto);
     FijaAnchoCombo(lista, lista, kLargoVisible);

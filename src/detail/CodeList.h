@@ -47,8 +47,9 @@ class ListaCodigos : public QComboBox {
     QString m_tecleado;
 };
 
-/// Fills a list with the document types that the detail dialogs offer.
-void LlenaTiposDeDocumento(ListaCodigos& lista, Base& base);
+/// Fills a list with the document types that the detail dialogs offer, and with that of the row in hand: the import
+/// takes types that the catalogue doesn't offer here, and their clients are opened as well.
+void LlenaTiposDeDocumento(ListaCodigos& lista, Base& base, const QString& enMano = {});
 /// Fills a list with types of payment voucher. While it is closed it shows the code; a label beside it tells the rest.
 void LlenaTiposDeComprobante(ListaCodigos& lista, const QStringList& items);
 

@@ -53,7 +53,7 @@ FrmAgePer::FrmAgePer(Proceso& proceso, Avisos& avisos, const QString& mkePeriodo
     m_ui->setupUi(this);
     Prepara({m_ui->CmdSalir});
     m_proceso->periodoDeclarado = PeriodoDePantalla(mkePeriodo);
-    LlenaTiposDeDocumento(*m_ui->CmbTipDoc, *m_proceso->baseDatos);
+    LlenaTiposDeDocumento(*m_ui->CmbTipDoc, *m_proceso->baseDatos, fila ? fila->tipDocPer : QString());
     Cabeceragrilla();
     PonDisposicion(Disposicion::Persona);
     PreparaCampos();

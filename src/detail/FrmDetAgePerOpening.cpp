@@ -75,8 +75,9 @@ void FrmDetAgePer::PreparaGrilla() {
 
 void FrmDetAgePer::Abre(const Comprobante& comprobante) {
     IniciaIgv(); // the date isn't there yet: wanted
-    LlenaTiposDeDocumento(*m_ui->CmbTipDoc, *m_proceso->baseDatos);
-    m_ui->CmbTipDoc->EligePorValor(QString::number(m_cliente.tipoDoc));
+    const QString tipo = QString::number(m_cliente.tipoDoc);
+    LlenaTiposDeDocumento(*m_ui->CmbTipDoc, *m_proceso->baseDatos, tipo);
+    m_ui->CmbTipDoc->EligePorValor(tipo);
     m_ui->TxtNumDoc->setText(m_cliente.numero);
     if (m_proceso->periodoDeclarado <= kSinZona)
         ApagaZona();

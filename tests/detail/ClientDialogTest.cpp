@@ -2,6 +2,8 @@
 
 #include "detail/DetailFixture.h"
 
+#include <QTableView>
+
 namespace {
 
 const QString kFaltaComprobante = u"Ingrese al menos un comprobante de pago"_s;
@@ -163,6 +165,18 @@ TEST_F(ClientDialogTest, TotalsAreStoredEvenWhenTheNamesAreNot) {
     forma = Abre(m_fila);
     Clic(*forma, "CmdAceptar");
     EXPECT_EQ(fila(), u"ACME S.A.|<null>|2|2000000000000|4.00"_s); // sixteen characters: no decimals
+}
+
+/// The import takes types that the catalogue doesn't offer here.
+TEST_F(ClientDialogTest, AClientOfATypeThatIsNotOfferedOpensOnHisVouchers) {
+    m_base.Param(u"044"_s, u"2"_s, Funcion({{32, u"CARNET F.P."_s}, {46, u"12"_s}, {128, u"0"_s}, {130, u"0"_s}}));
+    MeteComprobante(u"555"_s, u"1"_s);
+    m_base->Ejecuta(u"UPDATE TMPF518PDET SET tip_doc_per=2"_s);
+    const auto forma = Abre(FilaCliente{u"2"_s, u"555"_s, {}, u"ROJAS"_s, {}, u"ANA"_s});
+    EXPECT_EQ(De<QTableView>(*forma, "GrdPer").model()->rowCount(), 1);
+    AlAbrir(u"FrmDetAgePer"_s,
+            [](QWidget& detalle) { EXPECT_EQ(De<QComboBox>(detalle, "CmbTipDoc").currentText().left(2), u"02"_s); });
+    Clic(*forma, "CmdOpciones_1");
 }
 
 TEST_F(ClientDialogTest, ASentClientIsOnlyLookedAt) {

@@ -1,5 +1,6 @@
 #include "data/Base.h"
 #include "data/Catalog.h"
+#include "data/DocumentTypes.h"
 #include "data/SchemaVersion.h"
 #include "data/Transaction.h"
 #include "launcher/CommandLine.h"
@@ -58,6 +59,10 @@ TEST_F(Console, InstallsPrivatelyWithTheRowsThatTheModulesRelyOn) {
     EXPECT_EQ(catalogo.Funcion(u"044"_s, u"6"_s),
               u"REG. UNICO DE CONTRIBUYENTES   RUC           11 000110 01 000001000001100111011111"
               "                                           0 5 0"_s);
+    QStringList ofrecidos; // the types that the import takes are all there for a person, too
+    for (const TipoDocumento& tipo : DocumentosOfrecidos(*base, 82))
+        ofrecidos += tipo.codigo;
+    EXPECT_EQ(ofrecidos.join(u' '), u"06 01 04 07 03 02 11"_s);
     const QString codigos =
         u"1 3 9 10 151 201 221 228 239 532 853 854 855 857 858 859 868 869 870 871 872 873 874 875 876 "
         "877 878 879 880 881 882 883 884 885 886 887 888 889 890 891 892 901 982 983 984 985 986 987 "
