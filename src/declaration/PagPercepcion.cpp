@@ -2,6 +2,7 @@
 
 #include "ui_PagPercepcion.h"
 
+#include "data/ClientName.h"
 #include "declaration/ClientGrid.h"
 #include "declaration/Declaration.h"
 #include "platform/BoxLabel.h"
@@ -16,11 +17,18 @@ constexpr int Campo(ColumnaCliente columna) {
     return static_cast<int>(columna);
 }
 
+/// The row of a person who was typed in has one blank for a name, as it must; a row of blanks would show.
+QString NombreEnFila(const QStringList& fila) {
+    const auto texto = [&fila](ColumnaCliente columna) { return fila.value(Campo(columna)); };
+    using enum ColumnaCliente;
+    return NombreCliente(texto(DesRazon), texto(DesApellidoP), texto(DesApellidoM), texto(DesNombres));
+}
+
 QList<ColumnaDeGrilla> Columnas() {
     const QString monto = u"###,###,###,##0.#0"_s;
     return {{u"Tip. Doc."_s, Campo(ColumnaCliente::Doc), false, {}},
             {u"Número Doc."_s, Campo(ColumnaCliente::NumDocPer), false, {}},
-            {u"Nombre o Razón Social"_s, Campo(ColumnaCliente::DesRazon), false, {}},
+            {u"Nombre o Razón Social"_s, Campo(ColumnaCliente::DesRazon), false, {}, NombreEnFila},
             {u"Monto Cobrado"_s, Campo(ColumnaCliente::MtoBaseP), true, monto},
             {u"Percepción"_s, Campo(ColumnaCliente::MtoImpP), true, monto}};
 }
@@ -53,11 +61,9 @@ void PagPercepcion::MuestraEnviada() {
 
 void PagPercepcion::Refresca(Base& base) {
     const int fila = Fila();
-    const bool primera = m_clientes.rowCount() == 0;
     m_clientes.Consulta(base, SqlClientes());
     m_ui->GrdDatos->PonFila(fila);
-    if (primera)
-        m_ui->GrdDatos->AjustaColumnas(Campo(ColumnaCliente::DesRazon));
+    m_ui->GrdDatos->AjustaColumnas(Campo(ColumnaCliente::DesRazon));
 }
 
 void PagPercepcion::Suelta(Base& base) {

@@ -41,11 +41,15 @@ void ModeloDeConsulta::Consulta(Base& base, const QString& sql, const QVariantLi
 }
 
 QString ModeloDeConsulta::Texto(int fila, int campo) const {
+    return Fila(fila).value(campo);
+}
+
+QStringList ModeloDeConsulta::Fila(int fila) const {
     if (fila < 0 || fila >= m_filas)
         return {};
     const Pagina& pagina = PaginaDe(fila);
     const auto lugar = static_cast<size_t>(fila % kFilasPorPagina);
-    return lugar < pagina.size() ? pagina[lugar].value(campo) : QString();
+    return lugar < pagina.size() ? pagina[lugar] : QStringList();
 }
 
 const ModeloDeConsulta::Pagina& ModeloDeConsulta::PaginaDe(int fila) const {
@@ -73,11 +77,11 @@ ModeloDeConsulta::Pagina ModeloDeConsulta::LeePagina(int primera) const {
 
 // A view asks while it paints, where no exception may pass and no box may open: the cell stays empty, and the failure
 // is told once, after the painting.
-QString ModeloDeConsulta::TextoSinFalla(int fila, int campo) const {
+QStringList ModeloDeConsulta::FilaSinFalla(int fila) const {
     if (m_fallo)
         return {};
     try {
-        return Texto(fila, campo);
+        return Fila(fila);
     } catch (...) {
         m_fallo = true;
         QTimer::singleShot(0, this, Protegido([falla = std::current_exception()] { std::rethrow_exception(falla); }));
@@ -101,7 +105,8 @@ QVariant ModeloDeConsulta::data(const QModelIndex& indice, int papel) const {
         return QVariant::fromValue((columna.derecha ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     if (papel != Qt::DisplayRole)
         return {};
-    const QString texto = TextoSinFalla(indice.row(), columna.campo);
+    const QStringList fila = FilaSinFalla(indice.row());
+    const QString texto = columna.texto && !fila.isEmpty() ? columna.texto(fila) : fila.value(columna.campo);
     return columna.mascara.isEmpty() ? texto : Format(texto, columna.mascara);
 }
 

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QVariantList>
 
+#include <functional>
 #include <vector>
 
 namespace xa518 {
@@ -15,8 +16,9 @@ class Base;
 struct ColumnaDeGrilla {
     QString titulo;
     int campo = 0;
-    bool derecha = false; ///< amounts and counts
-    QString mascara;      ///< how a number shows; empty for the text as it stands
+    bool derecha = false;                                       ///< amounts and counts
+    QString mascara;                                            ///< how a number shows; empty for the text as it stands
+    std::function<QString(const QStringList& fila)> texto = {}; ///< made of several fields of the row, instead of one
 };
 
 /// The rows of a query, read-only. The count is exact at once, the rows are read by pages when they are looked at, and
@@ -44,7 +46,8 @@ class ModeloDeConsulta : public QAbstractTableModel {
 
     [[nodiscard]] const Pagina& PaginaDe(int fila) const;
     [[nodiscard]] Pagina LeePagina(int primera) const;
-    [[nodiscard]] QString TextoSinFalla(int fila, int campo) const;
+    [[nodiscard]] QStringList Fila(int fila) const;
+    [[nodiscard]] QStringList FilaSinFalla(int fila) const;
 
     QList<ColumnaDeGrilla> m_columnas;
     Base* m_base = nullptr;

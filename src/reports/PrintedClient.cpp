@@ -1,7 +1,7 @@
 #include "reports/PrintedClient.h"
 
 #include "data/Base.h"
-#include "values/Text.h"
+#include "data/ClientName.h"
 
 namespace xa518 {
 
@@ -22,10 +22,6 @@ ClienteImpreso ClienteImpreso::De(const Registros& fila, int primera) {
     return {static_cast<int>(fila.Entero(primera + TipoDoc)), texto(Numero),
             NombreCliente(texto(Razon), texto(Paterno), texto(Materno), texto(Nombres)), texto(MontoBase),
             texto(MontoImp)};
-}
-
-QString NombreCliente(const QString& razon, const QString& paterno, const QString& materno, const QString& nombres) {
-    return Recorta(razon).isEmpty() ? paterno + u' ' + materno + u", "_s + nombres : razon;
 }
 
 } // namespace xa518

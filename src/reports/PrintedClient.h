@@ -19,8 +19,4 @@ struct ClienteImpreso {
     [[nodiscard]] static ClienteImpreso De(const Registros& fila, int primera);
 };
 
-/// The company's name, or for a person, whose company name is null or blank, surnames and first names.
-[[nodiscard]] QString NombreCliente(const QString& razon, const QString& paterno, const QString& materno,
-                                    const QString& nombres);
-
 } // namespace xa518

@@ -228,6 +228,21 @@ TEST_F(Frm518Test, ADeletedClientTakesHisVouchersAndTheTotalsFollow) {
     EXPECT_EQ(m_base.Filas(u"SELECT count(*) FROM F518PDET"_s), QStringList{u"1"_s}) << "only a save makes it last";
 }
 
+TEST_F(Frm518Test, TheGridNamesAPersonAsOnPaperAndWidensForALaterRow) {
+    AbreNueva();
+    Identifica();
+    VaAPestania(1);
+    AgregaCliente(6, u"20500000007"_s, u"1.00"_s);
+    m_base->Ejecuta(u"UPDATE TMPF518PCAB SET des_razon=' ', des_apellido_p='ROJAS', des_apellido_m='LUNA', "
+                    "des_nombres='ANA'"_s);
+    AgregaCliente(1, u"45678901"_s, u"123456789012.00"_s);
+    const auto& grilla = Control<QTableView>(u"GrdDatos"_s);
+    const auto texto = [&](int fila, int columna) { return grilla.model()->index(fila, columna).data().toString(); };
+    EXPECT_EQ(texto(0, 2), u"ROJAS LUNA, ANA"_s);
+    EXPECT_EQ(m_base.Filas(u"SELECT des_razon FROM TMPF518PCAB"_s).first(), u" "_s);
+    EXPECT_GT(grilla.columnWidth(4), grilla.fontMetrics().horizontalAdvance(texto(1, 4)));
+}
+
 TEST_F(Frm518Test, ASentCopyTakesOnlyItsOrderNumber) {
     GrabaUna();
     AbreEnviada();
