@@ -15,6 +15,7 @@
 #include "platform/Clock.h"
 #include "platform/HourGlass.h"
 #include "platform/Notices.h"
+#include "platform/ReadablePalette.h"
 #include "platform/StatusBar.h"
 #include "values/Text.h"
 
@@ -149,6 +150,7 @@ void Frm518::CargaOrdenGuardado() {
 
 void Frm518::DesTodo() {
     constexpr int kLargoMinimo = 8;
+    ComoSoloLectura(*this);
     m_ui->PaginaPercepcion->MuestraEnviada();
     m_ui->PaginaDeuda->MuestraEnviada();
     m_ui->CmdValidar->hide();

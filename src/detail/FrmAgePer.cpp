@@ -9,6 +9,7 @@
 #include "platform/FieldFocus.h"
 #include "platform/FieldKeys.h"
 #include "platform/HourGlass.h"
+#include "platform/ReadablePalette.h"
 #include "values/Format.h"
 #include "values/Text.h"
 
@@ -120,6 +121,7 @@ void FrmAgePer::MuestraCliente(const FilaCliente& fila) {
 }
 
 void FrmAgePer::DesActiva() {
+    ComoSoloLectura(*this);
     for (QWidget* campo : QList<QWidget*>{m_ui->CmbTipDoc, m_ui->TxtNumDoc, m_ui->TxtApePat, m_ui->TxtApeMat,
                                           m_ui->TxtNombres, m_ui->CmdOpciones_0, m_ui->CmdOpciones_2, m_ui->CmdAceptar})
         campo->setEnabled(false);

@@ -4,6 +4,7 @@
 #include "detail/VoucherTypes.h"
 #include "detail/ui_FrmDetAgePer.h"
 #include "platform/HourGlass.h"
+#include "platform/ReadablePalette.h"
 
 #include <QStyledItemDelegate>
 
@@ -136,6 +137,7 @@ void FrmDetAgePer::MuestraCampos(const CamposComprobante& campos) {
 }
 
 void FrmDetAgePer::DesActiva() {
+    ComoSoloLectura(*this);
     for (QWidget* campo : QList<QWidget*>{m_ui->MkeFecEmis, m_ui->TxtMtoBase}) {
         QPalette colores = campo->palette();
         colores.setColor(QPalette::Disabled, QPalette::Base, QColor(0xC0, 0xC0, 0xC0));

@@ -10,6 +10,7 @@
 #include "platform/FieldKeys.h"
 #include "platform/HourGlass.h"
 #include "platform/Notices.h"
+#include "platform/ReadablePalette.h"
 #include "platform/WidgetHelpers.h"
 #include "values/Dates.h"
 #include "values/Format.h"
@@ -36,6 +37,8 @@ frmPerDet::frmPerDet(Proceso& proceso, Avisos& avisos, const ComprobanteDePago& 
     if (!EsNuevo())
         MuestraPago(pago);
     m_ui->CmdOpciones_0->setEnabled(!m_proceso->enviadas);
+    if (m_proceso->enviadas)
+        ComoSoloLectura(*this);
     m_cargando = false;
 }
 

@@ -6,7 +6,10 @@ namespace xa518 {
 
 /// Makes what is disabled in a form readable: a declaration that was sent is looked at through disabled fields, and a
 /// palette's own grey is meant for what needs no reading. Fields keep the colour of their text on the grey ground;
-/// everything else goes half the way.
+/// everything else goes half the way. A list is as grey as the fields.
 void AclaraDeshabilitados(QWidget& forma);
+
+/// For a form of which everything is only read: its labels and options are as dark as its fields, disabled or not.
+void ComoSoloLectura(QWidget& forma);
 
 } // namespace xa518

@@ -4,6 +4,7 @@
 #include "data/Transaction.h"
 
 #include <QPlainTextEdit>
+#include <QRadioButton>
 #include <QTabWidget>
 #include <QTableView>
 
@@ -246,6 +247,8 @@ TEST_F(Frm518Test, TheGridNamesAPersonAsOnPaperAndWidensForALaterRow) {
 TEST_F(Frm518Test, ASentCopyTakesOnlyItsOrderNumber) {
     GrabaUna();
     AbreEnviada();
+    const QPalette colores = Control<QRadioButton>(u"OptEfectivo"_s).palette();
+    EXPECT_EQ(colores.color(QPalette::Disabled, QPalette::WindowText), colores.color(QPalette::WindowText));
     const QString campo = u"TxtNumOrdenE_0"_s;
     EXPECT_EQ(ConFoco(), campo);
     EXPECT_EQ(Orden(), u"-"_s) << "\"0\" stands for none yet";

@@ -189,6 +189,8 @@ TEST_F(ClientDialogTest, ASentClientIsOnlyLookedAt) {
         if (esControl && control->isVisible() && control->isEnabled())
             activos += control->objectName();
     }
+    const QPalette colores = De(*forma, "Frame2").palette();
+    EXPECT_EQ(colores.color(QPalette::Disabled, QPalette::WindowText), colores.color(QPalette::WindowText));
     EXPECT_EQ(activos.join(u' '), u"CmdOpciones_1 TxtPercepcion CmdSalir"_s);
     AlAbrir(u"FrmDetAgePer"_s, [&](QWidget& detalle) {
         EXPECT_FALSE(De(detalle, "CmdOpciones_0").isEnabled());

@@ -149,6 +149,18 @@ TEST(FormTest, EnterMovesOnAndPressesOnlyTheFocusedButton) {
     EXPECT_EQ(forma.m_pasos, (QStringList{u"deja"_s, u"graba"_s}));
 }
 
+TEST(FormTest, ADisabledListIsAsGreyAsAField) {
+    FormaDePrueba forma;
+    forma.m_campo.setEnabled(false);
+    forma.m_lista.setEnabled(false);
+    const auto fondo = [](QWidget& control) {
+        const QImage imagen = control.grab().toImage();
+        return imagen.pixelColor(imagen.width() / 2, imagen.height() / 2);
+    };
+    EXPECT_EQ(fondo(forma.m_lista), fondo(forma.m_campo));
+    EXPECT_NE(fondo(forma.m_lista), forma.palette().color(QPalette::Active, QPalette::Base));
+}
+
 TEST(FormTest, EscDoesNothingAndTheCloseButtonIsTheWayOut) {
     FormaDePrueba forma;
     EXPECT_EQ(forma.Al([&] { QTest::keyClick(&forma, Qt::Key_Escape); }), QStringList());
