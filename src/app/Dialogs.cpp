@@ -1,5 +1,6 @@
 #include "app/Dialogs.h"
 
+#include "platform/ScreenFit.h"
 #include "platform/WidgetHelpers.h"
 
 #include <QLayout>
@@ -11,6 +12,7 @@ namespace xa518 {
 void CentraSobre(const QWidget& ventana, QWidget& forma) {
     if (forma.layout())
         forma.layout()->activate(); // a form of fixed size takes it now
+    CabeEnPantalla(forma);
     CentraControl(ventana, forma);
     forma.move(ventana.pos() + QPoint(std::max(forma.x(), 0), std::max(forma.y(), 0)));
 }

@@ -1,5 +1,7 @@
 #include "app/FrmAyuda.h"
 
+#include "platform/ScreenFit.h"
+
 #include "ui_FrmAyuda.h"
 
 #include <cstdlib>
@@ -52,6 +54,8 @@ void FrmAyuda::MuestraContenido() {
 
 void FrmAyuda::Presenta(const QUrl& pagina) {
     m_ui->visor->setSource(pagina);
+    if (!isVisible())
+        CabeEnPantalla(*this);
     show();
     raise();
     activateWindow();

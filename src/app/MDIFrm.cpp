@@ -12,12 +12,12 @@
 #include "platform/Application.h"
 #include "platform/HourGlass.h"
 #include "platform/Notices.h"
+#include "platform/ScreenFit.h"
 #include "platform/StatusBar.h"
 
 #include "ui_MDIFrm.h"
 
 #include <QScreen>
-#include <QStyle>
 
 namespace xa518 {
 
@@ -71,12 +71,10 @@ bool MDIFrm::Carga() {
 }
 
 void MDIFrm::Coloca() {
-    QRect pantalla = screen()->availableGeometry();
-    pantalla.setHeight(pantalla.height() - style()->pixelMetric(QStyle::PM_TitleBarHeight));
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowCloseButtonHint);
-    setFixedSize(kMedida.boundedTo(pantalla.size()));
-    move(pantalla.topLeft());
+    setFixedSize(kMedida.boundedTo(SitioEnPantalla(*this)));
+    move(screen()->availableGeometry().topLeft());
 }
 
 bool MDIFrm::AbreLaBase() {

@@ -10,6 +10,7 @@
 #include "platform/Application.h"
 #include "platform/HourGlass.h"
 #include "platform/Notices.h"
+#include "platform/ScreenFit.h"
 #include "ui_FrmConsola.h"
 
 #include <QDir>
@@ -47,7 +48,7 @@ FrmConsola::FrmConsola(const EntornoConsola& entorno, Avisos& avisos, QString ca
     connect(m_ui->CmdInstalar, &QPushButton::clicked, this, Protegido([this] { OfreceInstalar(); }));
     auto* actualizar = new QShortcut(QKeySequence::Refresh, this);
     connect(actualizar, &QShortcut::activated, m_ui->CmdActualizar, &QPushButton::click);
-    resize(kTamano.boundedTo(screen()->availableSize()));
+    resize(kTamano.boundedTo(SitioEnPantalla(*this)));
 }
 
 FrmConsola::~FrmConsola() = default;

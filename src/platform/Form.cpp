@@ -3,18 +3,16 @@
 #include "platform/Application.h"
 #include "platform/FieldFocus.h"
 #include "platform/ReadablePalette.h"
+#include "platform/ScreenFit.h"
 #include "platform/WidgetHelpers.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QKeyEvent>
-#include <QLayout>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScreen>
-#include <QStyle>
 
 #include <utility>
 
@@ -27,15 +25,6 @@ namespace {
 bool EsCampo(const QWidget* control) {
     return qobject_cast<const QLineEdit*>(control) || qobject_cast<const QComboBox*>(control) ||
            qobject_cast<const QRadioButton*>(control) || qobject_cast<const QCheckBox*>(control);
-}
-
-/// The buttons of a form larger than the screen, as at a large scale, couldn't be reached. Its layout gives way
-/// instead.
-void CabeEnPantalla(QWidget& forma) {
-    const int barra = forma.style()->pixelMetric(QStyle::PM_TitleBarHeight);
-    const QSize sitio = forma.screen()->availableSize() - QSize(barra, 2 * barra);
-    if (forma.testAttribute(Qt::WA_Resized)) // the others take the size of their contents when they show
-        forma.resize(forma.size().boundedTo(sitio));
 }
 
 /// Scrolling past a list chooses nothing.
@@ -65,7 +54,6 @@ void Forma::Prepara(const QList<QAbstractButton*>& salidas) {
         lista->installEventFilter(sinRueda);
     AclaraDeshabilitados(*this);
     CuidaElFoco(*this, salidas);
-    CabeEnPantalla(*this);
 }
 
 void Forma::reject() {
@@ -79,6 +67,12 @@ void Forma::reject() {
 void Forma::AbreModal(QDialog& otra) {
     otra.exec();
     Protegido([this] { AlActivar(); })();
+}
+
+void Forma::setVisible(bool visible) {
+    if (visible && !m_activada)
+        CabeEnPantalla(*this);
+    QDialog::setVisible(visible);
 }
 
 void Forma::keyPressEvent(QKeyEvent* evento) {
@@ -100,14 +94,7 @@ void Forma::showEvent(QShowEvent* evento) {
     setAttribute(Qt::WA_KeyboardFocusChange); // lists and buttons show the focus from the first moment, not after a Tab
     if (std::exchange(m_activada, true))
         return;
-    FijaMinimo();
     Protegido([this] { AlActivar(); })();
-}
-
-/// A text that wraps takes more height in a narrower form, of which the layout's own minimum knows nothing.
-void Forma::FijaMinimo() {
-    if (layout() && layout()->hasHeightForWidth())
-        setMinimumSize(layout()->totalSizeHint().boundedTo(screen()->availableSize()));
 }
 
 } // namespace xa518

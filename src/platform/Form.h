@@ -14,6 +14,9 @@ class Forma : public QDialog {
   public:
     explicit Forma(QWidget* padre = nullptr);
 
+    /// The first time, on the screen with its whole frame, and scrolled where the screen has no room for it.
+    void setVisible(bool visible) override;
+
     /// The window's close button: the leave handler of the field, then `Salir`, whatever the handler said.
     void reject() override;
 
@@ -41,8 +44,6 @@ class Forma : public QDialog {
     void showEvent(QShowEvent* evento) override;
 
   private:
-    void FijaMinimo();
-
     bool m_activada = false;
     int m_contextoAyuda = 0;
 };

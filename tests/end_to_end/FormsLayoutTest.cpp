@@ -27,6 +27,8 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QRadioButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QSpinBox>
 #include <QTabBar>
 #include <QTabWidget>
@@ -131,12 +133,19 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
     Entorno lugar{proceso, avisos, barra, dialogos};
 };
 
+/// The form's contents, within the area that scrolls where the screen has no room for them.
+const QWidget& Contenido(const QWidget& forma) {
+    const auto* area = forma.findChild<QScrollArea*>(u"AreaDeForma"_s);
+    return area ? *area->widget() : forma;
+}
+
 /// Controls that have a place of their own; not those within a list, a grid or the like.
 QList<QWidget*> Controles(const QWidget& forma) {
+    const QWidget& todo = Contenido(forma);
     QList<QWidget*> controles;
-    for (QWidget* control : forma.findChildren<QWidget*>()) {
+    for (QWidget* control : todo.findChildren<QWidget*>()) {
         bool interno = false;
-        for (const QWidget* padre = control->parentWidget(); padre && padre != &forma; padre = padre->parentWidget())
+        for (const QWidget* padre = control->parentWidget(); padre && padre != &todo; padre = padre->parentWidget())
             interno = interno || qobject_cast<const QAbstractScrollArea*>(padre) ||
                       qobject_cast<const QComboBox*>(padre) || qobject_cast<const QAbstractSpinBox*>(padre) ||
                       qobject_cast<const QTabBar*>(padre);
@@ -147,7 +156,7 @@ QList<QWidget*> Controles(const QWidget& forma) {
 }
 
 QRect Sitio(const QWidget& forma, const QWidget& control) {
-    return {control.mapTo(&forma, QPoint()), control.size()};
+    return {control.mapTo(&Contenido(forma), QPoint()), control.size()};
 }
 
 /// From left to right and from the top down; up again only into a column further right.
@@ -232,13 +241,21 @@ QString Cortados(const QWidget& forma) {
 
 TEST_P(FormsLayoutTest, NothingIsCutOff) {
     EnCadaForma([](QWidget& forma) {
-        EXPECT_LE(forma.width(), 1920 * GetParam() / 150);
-        EXPECT_LE(forma.height(), 1080 * GetParam() / 150);
+        EXPECT_TRUE(forma.screen()->availableGeometry().contains(forma.frameGeometry())) << "on the screen";
+        EXPECT_LE(Contenido(forma).width(), 1920 * GetParam() / 150);
+        EXPECT_LE(Contenido(forma).height(), 1080 * GetParam() / 150);
         EXPECT_EQ(Cortados(forma), QString()) << "as it opens";
         const QSize abierta = forma.size();
         forma.resize(forma.minimumSize().expandedTo(forma.minimumSizeHint()));
         QTest::qWait(0);
         EXPECT_EQ(Cortados(forma), QString()) << "as small as it goes";
+        for (QWidget* control : Controles(forma)) {
+            if (!control->isEnabled() || control->focusPolicy() == Qt::NoFocus)
+                continue;
+            control->setFocus();
+            const QWidget& enfocado = *forma.focusWidget(); // of a group of options the marked one
+            EXPECT_FALSE(enfocado.visibleRegion().isEmpty()) << "out of sight:" << enfocado.objectName().toStdString();
+        }
         forma.resize(abierta);
     });
 }
