@@ -14,6 +14,7 @@
 #include "platform/Notices.h"
 #include "platform/ScreenFit.h"
 #include "platform/StatusBar.h"
+#include "platform/WidgetHelpers.h"
 
 #include "ui_MDIFrm.h"
 
@@ -37,6 +38,7 @@ MDIFrm::MDIFrm(Proceso& proceso, Avisos& avisos, ArchivoPerfil perfil, Dialogos 
     , m_dialogos(std::move(dialogos))
     , m_ayuda(new Ayuda(avisos, this)) {
     m_ui->setupUi(this);
+    ComoTextoLlano(*this);
     PreparaBarra();
     ConectaMenu();
     setMouseTracking(true);

@@ -11,6 +11,7 @@
 #include "platform/HourGlass.h"
 #include "platform/Notices.h"
 #include "platform/ScreenFit.h"
+#include "platform/WidgetHelpers.h"
 #include "ui_FrmConsola.h"
 
 #include <QDir>
@@ -43,6 +44,7 @@ FrmConsola::FrmConsola(const EntornoConsola& entorno, Avisos& avisos, QString ca
     m_ui->FraAviso->hide();
     EncuentraAyuda(); // its key may come before the first list is read
     PonFichas(std::move(vista));
+    ComoTextoLlano(*this);
     connect(m_ui->CmdModulo, &QPushButton::clicked, this, Protegido([this] { AbreModulo(); }));
     connect(m_ui->CmdActualizar, &QPushButton::clicked, this, Protegido([this] { Recarga(); }));
     connect(m_ui->CmdInstalar, &QPushButton::clicked, this, Protegido([this] { OfreceInstalar(); }));
@@ -159,7 +161,7 @@ void FrmConsola::Recarga() {
     m_ui->LblBase->setText(m_sesion.HayInstalacion()
                                ? u"Usuario: %1     Base: %2"_s.arg(m_sesion.Usuario(), m_sesion.RutaBase())
                                : QString());
-    m_ui->LblBase->setToolTip(m_sesion.RutaBase());
+    PonSugerencia(*m_ui->LblBase, m_sesion.RutaBase());
     EncuentraAyuda();
 }
 

@@ -52,6 +52,7 @@ void Forma::Prepara(const QList<QAbstractButton*>& salidas) {
     auto* sinRueda = new SinRueda(this);
     for (QComboBox* lista : findChildren<QComboBox*>())
         lista->installEventFilter(sinRueda);
+    ComoTextoLlano(*this);
     AclaraDeshabilitados(*this);
     CuidaElFoco(*this, salidas);
 }

@@ -1,5 +1,7 @@
 #include "platform/StatusBar.h"
 
+#include "platform/WidgetHelpers.h"
+
 #include <QLabel>
 #include <QPainter>
 #include <QStyle>
@@ -30,7 +32,7 @@ class EtiquetaRecortada final : public QLabel {
     void PonTexto(const QString& texto) {
         m_texto = texto;
         setText(texto.isEmpty() ? texto : m_rotulo + texto);
-        setToolTip(text());
+        PonSugerencia(*this, text());
         updateGeometry();
     }
 

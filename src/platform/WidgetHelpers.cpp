@@ -5,6 +5,8 @@
 #include <QComboBox>
 #include <QFontMetrics>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QTextDocument>
 
 #include <algorithm>
 
@@ -50,6 +52,17 @@ void EnviaTecla(const QString& tecla) {
         return;
     QKeyEvent pulsada(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, u"\t"_s);
     QCoreApplication::sendEvent(campo, &pulsada);
+}
+
+/// A tip shows markup wherever it finds some; a screen reader takes the description instead.
+void PonSugerencia(QWidget& control, const QString& texto) {
+    control.setToolTip(texto.isEmpty() ? texto : Qt::convertFromPlainText(texto));
+    control.setAccessibleDescription(texto);
+}
+
+void ComoTextoLlano(const QWidget& forma) {
+    for (QLabel* rotulo : forma.findChildren<QLabel*>())
+        rotulo->setTextFormat(Qt::PlainText);
 }
 
 void Enfoca(QWidget& campo) {

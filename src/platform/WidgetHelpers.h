@@ -22,6 +22,12 @@ void FijaAnchoCombo(const QWidget& ventana, QComboBox& combo, int caracteres);
 /// With "TAB", sends a tab key to the control that has the focus. Other keys aren't sent.
 void EnviaTecla(const QString& tecla);
 
+/// The tip that a control shows under the mouse, as it stands: what looks like markup in a name is part of the name.
+void PonSugerencia(QWidget& control, const QString& texto);
+
+/// The same for the labels of a form, whatever they will come to show.
+void ComoTextoLlano(const QWidget& forma);
+
 /// Puts the focus on a field, if it is enabled.
 void Enfoca(QWidget& campo);
 

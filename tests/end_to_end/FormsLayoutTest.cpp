@@ -244,6 +244,9 @@ TEST_P(FormsLayoutTest, NothingIsCutOff) {
         EXPECT_TRUE(forma.screen()->availableGeometry().contains(forma.frameGeometry())) << "on the screen";
         EXPECT_LE(Contenido(forma).width(), 1920 * GetParam() / 150);
         EXPECT_LE(Contenido(forma).height(), 1080 * GetParam() / 150);
+        for (const QLabel* rotulo : forma.findChildren<QLabel*>())
+            EXPECT_EQ(rotulo->textFormat(), Qt::PlainText)
+                << "takes a name for markup:" << rotulo->objectName().toStdString();
         EXPECT_EQ(Cortados(forma), QString()) << "as it opens";
         const QSize abierta = forma.size();
         forma.resize(forma.minimumSize().expandedTo(forma.minimumSizeHint()));

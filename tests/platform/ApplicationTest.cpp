@@ -2,13 +2,16 @@
 
 #include "platform/HourGlass.h"
 #include "platform/NoticeBoxes.h"
+#include "platform/StatusBar.h"
 #include "support/NoticeScript.h"
 #include "values/Error.h"
 
 #include <QDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
+#include <QTextDocument>
 #include <QTimer>
 
 #include <functional>
@@ -122,6 +125,15 @@ TEST(NoticeBoxesTest, ShowsTheTextAsItStandsOverTheFormInFront) {
     });
     avisos.Muestra({Icono::Critico, u"     El <b>número</b>"_s, {}});
     EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor) << "again after it";
+}
+
+TEST(StatusBarTest, TheTipOfANameIsTheNameAsItStands) {
+    const QString nombre = u"<b>ANA</b> & HIJOS"_s;
+    BarradeEstadoQMD barra;
+    barra.PonNombre(nombre);
+    QTextDocument visto;
+    visto.setHtml(barra.findChild<QLabel*>(u"PanelNombre"_s)->toolTip());
+    EXPECT_EQ(visto.toPlainText(), nombre);
 }
 
 TEST(NoticeBoxesTest, AQuestionIsAnsweredByItsButtonsOnly) {
