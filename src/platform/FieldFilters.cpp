@@ -21,16 +21,23 @@ int SiEsDigito(int tecla) {
     return tecla == kRetroceso || EsDigito(Letra(tecla)) ? tecla : 0;
 }
 
-/// With a selection the key is tried behind the whole text, as if nothing were replaced. That is wanted: a serial
-/// that begins with a letter then takes no second one. Without a selection nothing is tried, and the check before
-/// storing finds the letter.
+/// What stays of the text when the next key replaces what is selected.
+QString LoQueQueda(const QLineEdit& campo) {
+    QString texto = campo.text();
+    if (campo.hasSelectedText())
+        texto.remove(campo.selectionStart(), campo.selectedText().size());
+    return texto;
+}
+
+/// With a selection the text is tried that comes of the key: behind its first place it takes no letter. Without one
+/// nothing is tried, which is wanted, and the check before storing finds the letter.
 bool CabeLetraPorPosicion(int tecla, const EstadoSerie& estado) {
     if (estado.haySeleccion) {
-        const QString conTecla = estado.texto + Letra(tecla);
+        const QString conTecla = QString(estado.queda).insert(estado.posicion, Letra(tecla));
         if (std::any_of(conTecla.begin() + 1, conTecla.end(), EsLetra))
             return false;
     }
-    return !EsLetra(estado.texto.front()) || estado.posicion != 0;
+    return estado.queda.isEmpty() || !EsLetra(estado.queda.front()) || estado.posicion != 0;
 }
 
 } // namespace
@@ -53,7 +60,7 @@ void SoloNombre(QLineEdit& campo) {
 void SoloMonto(QLineEdit& campo, std::function<LimitesDeMonto()> limites) {
     FiltraTeclas(campo, [&campo, limites = std::move(limites)](int tecla) {
         const int numero = ObjetoUtil::FiltraTeclaNumero(tecla, true);
-        const bool tienePunto = campo.text().contains(u'.');
+        const bool tienePunto = LoQueQueda(campo).contains(u'.');
         if (numero == kPunto && tienePunto)
             return 0;
         const LimitesDeMonto largos = limites ? limites() : LimitesDeMonto{};
@@ -68,7 +75,7 @@ int FiltraTeclaSerie(int tecla, const EstadoSerie& estado, bool conLetras) {
         return 0;
     if (!conLetras)
         return SiEsDigito(mayuscula);
-    if (mayuscula != kRetroceso && !estado.texto.isEmpty() && !CabeLetraPorPosicion(mayuscula, estado))
+    if (mayuscula != kRetroceso && !CabeLetraPorPosicion(mayuscula, estado))
         return 0;
     return ObjetoUtil::EsTeclaValida(mayuscula) ? mayuscula : 0;
 }
@@ -76,8 +83,9 @@ int FiltraTeclaSerie(int tecla, const EstadoSerie& estado, bool conLetras) {
 void SoloSerie(QLineEdit& campo, std::function<bool()> conLetras) {
     EntrarSiHayTexto(campo);
     FiltraTeclas(campo, [&campo, conLetras = std::move(conLetras)](int tecla) {
-        const EstadoSerie estado{campo.text(), campo.hasSelectedText(), campo.cursorPosition()};
-        return FiltraTeclaSerie(tecla, estado, conLetras());
+        const bool elegido = campo.hasSelectedText();
+        const int posicion = elegido ? campo.selectionStart() : campo.cursorPosition();
+        return FiltraTeclaSerie(tecla, {LoQueQueda(campo), elegido, posicion}, conLetras());
     });
 }
 

@@ -49,14 +49,14 @@ struct LimitesDeMonto {
 };
 
 /// `FiltraTeclaNumero` with the point, one point at most, and the limits, asked at each key; by default always the
-/// same.
+/// same. A point that is selected gives its place.
 void SoloMonto(QLineEdit& campo, std::function<LimitesDeMonto()> limites = {});
 
 /// What the series filter looks at.
 struct EstadoSerie {
-    QString texto;
+    QString queda; ///< the text without what is selected, which the key replaces
     bool haySeleccion = false;
-    int posicion = 0; ///< of the caret, from 0
+    int posicion = 0; ///< where the key goes, from 0
 };
 
 /// The series key filter as a rule: upper case, never a point; letters by position only where `conLetras`, otherwise

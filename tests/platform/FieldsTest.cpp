@@ -61,6 +61,14 @@ TEST_F(FieldsTest, FiltersByName) {
     }
 }
 
+TEST_F(FieldsTest, AnAmountTakesItsPointInPlaceOfASelectedOne) {
+    SoloMonto(m_campo);
+    m_campo.setText(u"125.50"_s);
+    m_campo.selectAll();
+    QTest::keyClicks(&m_campo, u".5"_s);
+    EXPECT_EQ(m_campo.text(), u".5"_s);
+}
+
 TEST_F(FieldsTest, ALimitStopsTypingAndNeverATextOfTheProgram) {
     m_campo.setMaxLength(12);
     SoloMonto(m_campo);
@@ -111,7 +119,11 @@ TEST_F(FieldsTest, ASeriesTakesLettersByPosition) {
         QString teclas, queda;
     } casos[] = {{u""_s, 0, 0, u"e.-ñ"_s, u"E"_s},
                  {u"E"_s, 1, 0, u"E"_s, u"EE"_s},      // without a selection the check before storing finds it
-                 {u"E001"_s, 0, 4, u"E"_s, u"E001"_s}, // tried behind the whole text, as if nothing were replaced
+                 {u"E001"_s, 0, 4, u"F2"_s, u"F2"_s},  // what is selected is replaced
+                 {u"E001"_s, 4, -4, u"F2"_s, u"F2"_s}, // from behind, too
+                 {u"E001"_s, 0, 1, u"F"_s, u"F001"_s},
+                 {u"E001"_s, 1, 3, u"F"_s, u"E001"_s}, // a second letter
+                 {u"EF01"_s, 0, 1, u"2"_s, u"EF01"_s}, // one would be left behind the first place
                  {u"E001"_s, 0, 4, u"2"_s, u"2"_s},
                  {u"E001"_s, 0, 0, u"2"_s, u"E001"_s}, // nothing comes before the letter
                  {u"0001"_s, 0, 0, u"2"_s, u"20001"_s}};
