@@ -1,5 +1,6 @@
 #include "platform/Application.h"
 
+#include "platform/KeyManners.h"
 #include "platform/Notices.h"
 #include "values/Error.h"
 
@@ -55,6 +56,10 @@ Aplicacion::Aplicacion(int& argc, char** argv, Avisos& avisos) : QApplication(ar
 }
 
 bool Aplicacion::notify(QObject* receptor, QEvent* evento) {
+    if (EsTeclaPerdida(*evento)) {
+        evento->accept();
+        return true;
+    }
     std::optional<QSignalBlocker> callado;
     if (EsPulsacionTardia(receptor, evento))
         callado.emplace(receptor);

@@ -14,7 +14,7 @@ class Avisos;
 /// front and the error's text, brings the pointer back, and the program goes on with what was typed. Every event is
 /// covered, also within a modal form's own event loop; but the toolkit doesn't tidy up behind an exception that
 /// crosses it, so a handler that works with the database or with files is connected through `Protegido`.
-/// What the toolkit says of itself is Spanish too, wherever the program runs.
+/// What the toolkit says of itself is Spanish too, wherever the program runs. No key held down decides twice.
 class Aplicacion : public QApplication {
     Q_OBJECT
   public:

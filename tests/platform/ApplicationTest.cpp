@@ -142,6 +142,9 @@ TEST(NoticeBoxesTest, AQuestionIsAnsweredByItsButtonsOnly) {
         CuandoSeVea([](QMessageBox& caja) {
             QTest::keyClick(&caja, Qt::Key_Escape);
             caja.close();
+            for (const Qt::Key tecla : {Qt::Key_Return, Qt::Key_Escape}) // held down since before it came
+                QTest::simulateEvent(caja.focusWidget(), true, tecla, Qt::NoModifier, u"\r"_s, true);
+            QTest::simulateEvent(caja.focusWidget(), true, Qt::Key_S, Qt::AltModifier, u"s"_s, true);
             EXPECT_TRUE(caja.isVisible());
             QTest::keyClick(&caja, Qt::Key_Return);
         });

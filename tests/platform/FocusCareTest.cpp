@@ -147,6 +147,11 @@ TEST(FormTest, EnterMovesOnAndPressesOnlyTheFocusedButton) {
     EXPECT_EQ(forma.m_pasos, QStringList{u"deja"_s});
     QTest::keyClick(&forma.m_grabar, Qt::Key_Return);
     EXPECT_EQ(forma.m_pasos, (QStringList{u"deja"_s, u"graba"_s}));
+    for (const auto& [tecla, con, texto] :
+         {std::tuple(Qt::Key_Return, Qt::NoModifier, u"\r"_s), std::tuple(Qt::Key_Space, Qt::NoModifier, u" "_s),
+          std::tuple(Qt::Key_G, Qt::AltModifier, u"g"_s)})
+        QTest::simulateEvent(&forma.m_grabar, true, tecla, con, texto, true);
+    EXPECT_EQ(forma.m_pasos.size(), 2) << "no key that is held down presses it again";
 }
 
 TEST(FormTest, ADisabledListIsAsGreyAsAField) {
