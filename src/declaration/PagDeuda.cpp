@@ -44,7 +44,7 @@ void PagDeuda::ConectaCasilla(int casilla) {
     QLineEdit& campo = Campo(casilla);
     campo.setMinimumWidth(fontMetrics().horizontalAdvance(QString(kCifrasMostradas, u'0')));
     EntrarComoTab(campo);
-    SoloDigitos(campo);
+    SoloDigitos(campo, u"Sólo números, sin decimales"_s);
     SinPegar(campo);
     LimitaTecleo(campo, kCifrasDeCasilla);
     AlTeclear(campo, [this] { Q_EMIT Tocado(); });

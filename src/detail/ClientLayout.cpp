@@ -47,6 +47,10 @@ int FiltraTeclaDocumento(int tecla, const ReglaDeNumero& regla) {
     return pasa ? mayuscula : 0;
 }
 
+QString TeclasDeDocumento(const ReglaDeNumero& regla) {
+    return regla.soloDigitos ? u"Sólo números"_s : u"Sólo letras y números"_s;
+}
+
 TotalesCliente TotalesDe(int comprobantes, const QString& base, const QString& percepcion) {
     const bool conDecimales = base.size() < kBaseConDecimales;
     return {QString::number(comprobantes),

@@ -36,6 +36,8 @@ struct ReglaDeNumero {
 /// The key filter of `TxtNumDoc`: upper case; digits only, or digits and letters. Wanted: the flag is read here the
 /// other way round than where whole numbers are checked.
 [[nodiscard]] int FiltraTeclaDocumento(int tecla, const ReglaDeNumero& regla);
+/// Which keys it lets pass, in words.
+[[nodiscard]] QString TeclasDeDocumento(const ReglaDeNumero& regla);
 
 /// A client's totals as its row keeps them. An amount of sixteen characters or more loses its decimals. Wanted.
 [[nodiscard]] TotalesCliente TotalesDe(int comprobantes, const QString& base, const QString& percepcion);

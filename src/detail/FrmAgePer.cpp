@@ -74,9 +74,12 @@ void FrmAgePer::Cabeceragrilla() {
 void FrmAgePer::PreparaCampos() {
     const auto marca = [this] { m_hayCambiosCliente = true; };
     QLineEdit& numero = *m_ui->TxtNumDoc;
-    FiltraTeclas(numero, [this](int tecla) { return FiltraTeclaDocumento(tecla, ReglaDe(m_ui->CmbTipDoc->Item())); });
-    AlEntrar(numero, [this, &numero] {
-        const int largo = ReglaDe(m_ui->CmbTipDoc->Item()).limite;
+    const auto regla = [this] { return ReglaDe(m_ui->CmbTipDoc->Item()); };
+    FiltraTeclas(
+        numero, [regla](int tecla) { return FiltraTeclaDocumento(tecla, regla()); },
+        [regla] { return TeclasDeDocumento(regla()); });
+    AlEntrar(numero, [regla, &numero] {
+        const int largo = regla().limite;
         LimitaTecleo(numero, largo == 0 ? kLargoSinTipo : largo);
     });
     for (QLineEdit* nombre : {m_ui->TxtApePat, m_ui->TxtApeMat, m_ui->TxtNombres})

@@ -9,6 +9,8 @@
 
 namespace xa518 {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kPunto = '.';
@@ -42,23 +44,29 @@ bool CabeLetraPorPosicion(int tecla, const EstadoSerie& estado) {
 
 } // namespace
 
-void SoloDigitos(QLineEdit& campo) {
-    FiltraTeclas(campo, SiEsDigito);
+QString PasanNumeros() {
+    return u"Sólo números"_s;
+}
+
+void SoloDigitos(QLineEdit& campo, const QString& pasan) {
+    FiltraTeclas(campo, SiEsDigito, pasan);
 }
 
 void SoloNumero(QLineEdit& campo) {
-    FiltraTeclas(campo, [](int tecla) { return ObjetoUtil::FiltraTeclaNumero(tecla); });
+    FiltraTeclas(
+        campo, [](int tecla) { return ObjetoUtil::FiltraTeclaNumero(tecla); }, PasanNumeros());
 }
 
 void SoloNombre(QLineEdit& campo) {
-    FiltraTeclas(campo, [](int tecla) {
+    const auto filtro = [](int tecla) {
         const int mayuscula = ObjetoUtil::FiltraTeclaMayuscula(tecla);
         return ObjetoUtil::EsTeclaValida(mayuscula) ? mayuscula : 0;
-    });
+    };
+    FiltraTeclas(campo, filtro, u"Sólo letras, sin tilde ni eñe, y números"_s);
 }
 
 void SoloMonto(QLineEdit& campo, std::function<LimitesDeMonto()> limites) {
-    FiltraTeclas(campo, [&campo, limites = std::move(limites)](int tecla) {
+    const auto filtro = [&campo, limites = std::move(limites)](int tecla) {
         const int numero = ObjetoUtil::FiltraTeclaNumero(tecla, true);
         const bool tienePunto = LoQueQueda(campo).contains(u'.');
         if (numero == kPunto && tienePunto)
@@ -66,7 +74,8 @@ void SoloMonto(QLineEdit& campo, std::function<LimitesDeMonto()> limites) {
         const LimitesDeMonto largos = limites ? limites() : LimitesDeMonto{};
         LimitaTecleo(campo, numero == kPunto || tienePunto ? largos.conPunto : largos.sinPunto);
         return numero;
-    });
+    };
+    FiltraTeclas(campo, filtro, u"Sólo números; los decimales van con punto"_s);
 }
 
 int FiltraTeclaSerie(int tecla, const EstadoSerie& estado, bool conLetras) {
@@ -82,11 +91,13 @@ int FiltraTeclaSerie(int tecla, const EstadoSerie& estado, bool conLetras) {
 
 void SoloSerie(QLineEdit& campo, std::function<bool()> conLetras) {
     EntrarSiHayTexto(campo);
-    FiltraTeclas(campo, [&campo, conLetras = std::move(conLetras)](int tecla) {
+    const auto filtro = [&campo, conLetras](int tecla) {
         const bool elegido = campo.hasSelectedText();
         const int posicion = elegido ? campo.selectionStart() : campo.cursorPosition();
         return FiltraTeclaSerie(tecla, {LoQueQueda(campo), elegido, posicion}, conLetras());
-    });
+    };
+    FiltraTeclas(campo, filtro,
+                 [conLetras] { return conLetras() ? u"Sólo números y, al comienzo, una letra"_s : PasanNumeros(); });
 }
 
 } // namespace xa518

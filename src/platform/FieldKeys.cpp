@@ -1,5 +1,6 @@
 #include "platform/FieldKeys.h"
 
+#include "platform/KeyHint.h"
 #include "platform/WidgetHelpers.h"
 
 #include <QClipboard>
@@ -17,6 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kSinLimite = 32767;
+constexpr int kPuntoDecimal = '.';
 
 bool EsEntrar(const QKeyEvent& tecla) {
     return tecla.key() == Qt::Key_Return || tecla.key() == Qt::Key_Enter;
@@ -35,6 +37,15 @@ int CodigoDe(const QKeyEvent& tecla) {
     return esAtajo && texto.front().category() != QChar::Other_Format ? 0 : texto.front().unicode();
 }
 
+bool EsDecimalDelTeclado(const QKeyEvent& tecla) {
+    return tecla.modifiers().testFlag(Qt::KeypadModifier) && tecla.text() == u",";
+}
+
+struct FiltroDeCampo {
+    FiltroTecla filtra;
+    TeclasQuePasan pasan;
+};
+
 /// All that one field does with its keys: one object per field, so that the order of attaching doesn't matter.
 class TeclasDeCampo final : public QObject {
     Q_OBJECT
@@ -45,7 +56,7 @@ class TeclasDeCampo final : public QObject {
     bool eventFilter(QObject* objeto, QEvent* evento) override;
 
     QList<std::function<void()>> avisos;
-    QList<FiltroTecla> filtros;
+    QList<FiltroDeCampo> filtros;
     std::function<void()> entrar;
     Gestos gestos;
     int limite = kSinLimite;
@@ -53,10 +64,10 @@ class TeclasDeCampo final : public QObject {
   private:
     [[nodiscard]] bool Pulsada(const QKeyEvent& tecla);
     [[nodiscard]] bool Pega(const QKeyEvent& tecla) const;
-    [[nodiscard]] bool Escribe(int tecla);
+    [[nodiscard]] bool Escribe(const QKeyEvent& tecla);
     [[nodiscard]] bool Compone(const QInputMethodEvent& evento);
     [[nodiscard]] bool Raton(const QMouseEvent& evento) const;
-    [[nodiscard]] int Filtra(int tecla) const;
+    [[nodiscard]] int Filtra(int tecla, qsizetype nuevos = 1) const;
     [[nodiscard]] bool Cabe(qsizetype nuevos) const;
     void Avisa() const;
     void VaciaPortapapeles(Gesto gesto) const;
@@ -103,7 +114,7 @@ bool TeclasDeCampo::Pulsada(const QKeyEvent& tecla) {
         entrar();
         return true;
     }
-    return escribe && !m_campo->isReadOnly() && Escribe(CodigoDe(tecla));
+    return escribe && !m_campo->isReadOnly() && Escribe(tecla);
 }
 
 bool TeclasDeCampo::Pega(const QKeyEvent& tecla) const {
@@ -119,15 +130,13 @@ bool TeclasDeCampo::Pega(const QKeyEvent& tecla) const {
 }
 
 /// True when the key was dealt with here; otherwise the field types it.
-bool TeclasDeCampo::Escribe(int tecla) {
-    const int salida = Filtra(tecla);
-    if (salida == kRetroceso)
+bool TeclasDeCampo::Escribe(const QKeyEvent& tecla) {
+    const int codigo = CodigoDe(tecla);
+    const int salida = Filtra(EsDecimalDelTeclado(tecla) && !filtros.isEmpty() ? kPuntoDecimal : codigo);
+    if (salida == codigo || salida == kRetroceso)
         return false;
-    if (salida == 0 || !Cabe(1))
-        return true;
-    if (salida == tecla)
-        return false;
-    m_campo->insert(QChar(static_cast<char16_t>(salida)));
+    if (salida != 0)
+        m_campo->insert(QChar(static_cast<char16_t>(salida)));
     return true;
 }
 
@@ -136,8 +145,8 @@ bool TeclasDeCampo::Compone(const QInputMethodEvent& evento) {
     QString pasan;
     for (const QChar c : evento.commitString()) {
         Avisa();
-        const int salida = Filtra(c.unicode());
-        if (salida != 0 && Cabe(pasan.size() + 1))
+        const int salida = Filtra(c.unicode(), pasan.size() + 1);
+        if (salida != 0)
             pasan.append(QChar(static_cast<char16_t>(salida)));
     }
     if (pasan == evento.commitString())
@@ -156,12 +165,21 @@ bool TeclasDeCampo::Raton(const QMouseEvent& evento) const {
     return evento.button() == Qt::RightButton || evento.button() == Qt::MiddleButton;
 }
 
-int TeclasDeCampo::Filtra(int tecla) const {
-    for (const auto& filtro : filtros) {
-        tecla = filtro(tecla);
-        if (tecla == 0)
-            break;
+/// What the filters make of a key, 0 when one of them or the limit stops it; a word at the field then says why. A key
+/// that vanished without one would leave 125,50 as 12550.
+int TeclasDeCampo::Filtra(int tecla, qsizetype nuevos) const {
+    for (const auto& [filtra, pasan] : filtros) {
+        tecla = filtra(tecla);
+        if (tecla == 0) {
+            MuestraPista(*m_campo, pasan());
+            return 0;
+        }
     }
+    if (tecla != kRetroceso && !Cabe(nuevos)) {
+        MuestraPista(*m_campo, u"Hasta %1 caracteres"_s.arg(limite));
+        return 0;
+    }
+    QuitaPista(*m_campo);
     return tecla;
 }
 
@@ -181,8 +199,12 @@ void TeclasDeCampo::VaciaPortapapeles(Gesto gesto) const {
 
 } // namespace
 
-void FiltraTeclas(QLineEdit& campo, FiltroTecla filtro) {
-    TeclasDeCampo::De(campo).filtros.append(std::move(filtro));
+void FiltraTeclas(QLineEdit& campo, FiltroTecla filtro, TeclasQuePasan pasan) {
+    TeclasDeCampo::De(campo).filtros.append({std::move(filtro), std::move(pasan)});
+}
+
+void FiltraTeclas(QLineEdit& campo, FiltroTecla filtro, const QString& pasan) {
+    FiltraTeclas(campo, std::move(filtro), [pasan] { return pasan; });
 }
 
 void AlTeclear(QLineEdit& campo, std::function<void()> aviso) {

@@ -10,16 +10,21 @@ class QLineEdit;
 namespace xa518 {
 
 // Behaviours of a text field's keys, attached by name. They may be attached in any order: every typed key first runs
-// the callbacks of `AlTeclear`, then the filters one after the other, then the limit. Keys that type nothing (arrows,
-// Tab, shortcuts) pass untouched. A field with any of them takes text only from keys: pasting by keys, menu, middle
-// button or drop is blocked.
+// the callbacks of `AlTeclear`, then the filters one after the other, then the limit; of a key that doesn't pass a few
+// words at the field tell which ones do. Keys that type nothing (arrows, Tab, shortcuts) pass untouched. A field with
+// any of them takes text only from keys: pasting by keys, menu, middle button or drop is blocked.
 
 inline constexpr int kRetroceso = 8; ///< the character code of Backspace
 
 /// A key's character code in, the code to type out: the same, another one, or 0 to swallow the key.
 using FiltroTecla = std::function<int(int tecla)>;
 
-void FiltraTeclas(QLineEdit& campo, FiltroTecla filtro);
+/// Which keys a filter lets pass, in words for the person whose key didn't; asked at that key.
+using TeclasQuePasan = std::function<QString()>;
+
+/// The keypad's decimal key arrives as the point, whatever the keyboard's language has on it.
+void FiltraTeclas(QLineEdit& campo, FiltroTecla filtro, TeclasQuePasan pasan);
+void FiltraTeclas(QLineEdit& campo, FiltroTecla filtro, const QString& pasan);
 
 /// Runs on every typed key, Enter and Delete included, also for a key that a filter rejects: that is wanted, a
 /// rejected key counts as a change.
@@ -33,8 +38,11 @@ void LimitaTecleo(QLineEdit& campo, int largo);
 /// Lifts the limit that the field brings from its form into a typing limit, so that the program's texts aren't cut.
 void TextoSinCorte(QLineEdit& campo);
 
+/// What a field of digits says of the others.
+[[nodiscard]] QString PasanNumeros();
+
 /// Digits and Backspace.
-void SoloDigitos(QLineEdit& campo);
+void SoloDigitos(QLineEdit& campo, const QString& pasan = PasanNumeros());
 
 /// `FiltraTeclaNumero` decides.
 void SoloNumero(QLineEdit& campo);

@@ -18,7 +18,7 @@ constexpr QChar kHueco = u'_';
 
 CampoMascara::CampoMascara(const QString& mascara, QWidget* padre) : QLineEdit(padre) {
     setInputMask(mascara + u';' + kHueco);
-    SoloDigitos(*this);
+    SoloDigitos(*this, u"Sólo números; las barras ya están"_s);
 }
 
 void CampoMascara::setText(const QString& texto) {

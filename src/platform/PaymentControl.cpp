@@ -93,7 +93,9 @@ void FormaDePagoQMD::Compone() {
 
 void FormaDePagoQMD::Conecta() {
     EntrarComoTab(*m_numero);
-    FiltraTeclas(*m_numero, [](int tecla) { return ObjetoUtil::EsTeclaValida(tecla) ? tecla : 0; });
+    FiltraTeclas(
+        *m_numero, [](int tecla) { return ObjetoUtil::EsTeclaValida(tecla) ? tecla : 0; },
+        u"Sólo letras, sin tilde ni eñe, y números"_s);
     connect(m_efectivo, &QRadioButton::clicked, this, &FormaDePagoQMD::EligeForma);
     connect(m_cheque, &QRadioButton::clicked, this, &FormaDePagoQMD::EligeForma);
     connect(m_banco, &QComboBox::activated, this, &FormaDePagoQMD::Cambiado);

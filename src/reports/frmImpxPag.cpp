@@ -25,7 +25,8 @@ frmImpxPag::frmImpxPag(EntornoInformes entorno, ReportePedido pedido, const Pagi
         conTotal->setText(QString::number(m_total));
     for (QLineEdit* campo : {m_ui->txtPagDesde, m_ui->txtPagHasta}) {
         EntrarComoTab(*campo);
-        FiltraTeclas(*campo, [](int tecla) { return EsTeclaDePagina(tecla) ? tecla : 0; });
+        FiltraTeclas(
+            *campo, [](int tecla) { return EsTeclaDePagina(tecla) ? tecla : 0; }, PasanNumeros());
     }
     connect(m_ui->cmdAccion_0, &QPushButton::clicked, this, Protegido([this] { Preliminar(); }));
     connect(m_ui->cmdAccion_1, &QPushButton::clicked, this, [this] { Salir(); });

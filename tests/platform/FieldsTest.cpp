@@ -5,6 +5,7 @@
 #include "support/FormDriver.h"
 
 #include <QClipboard>
+#include <QLabel>
 #include <QMessageBox>
 #include <QVBoxLayout>
 
@@ -18,11 +19,18 @@ void Escribe(QLineEdit& campo, const QString& teclas) {
     }
 }
 
+/// The words about a key that a field didn't take; empty when there are none.
+QString Pista(const QWidget& ventana) {
+    const auto* pista = ventana.findChild<QLabel*>(u"LblPista"_s);
+    return pista && !pista->isHidden() ? pista->text() : QString();
+}
+
 /// Two fields in a window, the first one with the focus.
 class FieldsTest : public testing::Test {
   protected:
     void SetUp() override {
         auto* orden = new QVBoxLayout(&m_ventana);
+        orden->addWidget(new QLabel(u"Campo :"_s));
         orden->addWidget(&m_campo);
         orden->addWidget(&m_otro);
         Muestra(m_ventana);
@@ -44,29 +52,38 @@ TEST_F(FieldsTest, FiltersByName) {
     const struct {
         const char* nombre;
         void (*pone)(QLineEdit&);
-        QString teclas, queda;
+        QString teclas, queda, pista;
     } casos[] = {
-        {"digits", SoloDigitos, u"a1 2.3ñ٣-\u00AD\U0001F4A3"_s, u"123"_s},
-        {"number", SoloNumero, u"a1 2.3-"_s, u"123"_s},
-        {"name", SoloNombre, u"ab Ññáé'c.9-"_s, u"AB C9"_s},
-        {"amount", [](QLineEdit& campo) { SoloMonto(campo); }, u"1,2.3.4x"_s, u"12.34"_s},
+        {"digits", [](QLineEdit& campo) { SoloDigitos(campo); }, u"a1 2.3ñ٣-\u00AD\U0001F4A3"_s, u"123"_s,
+         u"Sólo números"_s},
+        {"number", SoloNumero, u"a1 2.3-"_s, u"123"_s, u"Sólo números"_s},
+        {"name", SoloNombre, u"ab Ññáé'c.9-"_s, u"AB C9"_s, u"Sólo letras, sin tilde ni eñe, y números"_s},
+        {"amount", [](QLineEdit& campo) { SoloMonto(campo); }, u"1,2.3.4x"_s, u"12.34"_s,
+         u"Sólo números; los decimales van con punto"_s},
     };
     for (const auto& caso : casos) {
         QLineEdit campo;
         caso.pone(campo);
         Escribe(campo, caso.teclas);
         EXPECT_EQ(campo.text(), caso.queda) << caso.nombre;
+        EXPECT_EQ(Pista(campo), caso.pista) << "of the last key";
         QTest::keyClick(&campo, Qt::Key_Backspace);
         EXPECT_EQ(campo.text(), caso.queda.chopped(1)) << caso.nombre << ": Backspace";
+        EXPECT_EQ(Pista(campo), QString()) << "of a key that is taken";
     }
 }
 
-TEST_F(FieldsTest, AnAmountTakesItsPointInPlaceOfASelectedOne) {
+TEST_F(FieldsTest, AnAmountTakesItsPointFromAnyKeypadAndInPlaceOfASelectedOne) {
     SoloMonto(m_campo);
     m_campo.setText(u"125.50"_s);
     m_campo.selectAll();
-    QTest::keyClicks(&m_campo, u".5"_s);
-    EXPECT_EQ(m_campo.text(), u".5"_s);
+    QTest::keyClick(&m_campo, Qt::Key_Comma, Qt::KeypadModifier);
+    QTest::keyClicks(&m_campo, u"5"_s);
+    EXPECT_EQ(m_campo.text() + Pista(m_ventana), u".5"_s);
+    QTest::keyClicks(&m_campo, u","_s);
+    EXPECT_TRUE(m_campo.hasFocus() && Pista(m_ventana).endsWith(u"con punto"_s));
+    m_otro.setFocus();
+    EXPECT_EQ(Pista(m_ventana), QString());
 }
 
 TEST_F(FieldsTest, ALimitStopsTypingAndNeverATextOfTheProgram) {
@@ -76,6 +93,7 @@ TEST_F(FieldsTest, ALimitStopsTypingAndNeverATextOfTheProgram) {
     EXPECT_EQ(Teclea({}, u"1234567890123"_s), u"123456789012"_s);
     EXPECT_EQ(Teclea({}, u"1234567890123.4567"_s), u"123456789012.45"_s);
     EXPECT_EQ(Teclea(u"123456789012345"_s, u"."_s), u"123456789012345"_s);
+    EXPECT_EQ(Pista(m_ventana), u"Hasta 15 caracteres"_s);
     m_campo.selectAll();
     QTest::keyClicks(&m_campo, u"7"_s);
     EXPECT_EQ(m_campo.text(), u"7"_s) << "what is selected gives its room";

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace xa518 {
+
+/// A few words at a field, about a key that it didn't take. They take neither the focus nor room in the form, and go
+/// by themselves when the focus does.
+void MuestraPista(const QWidget& campo, const QString& texto);
+
+/// Takes them away: the field has taken a key.
+void QuitaPista(const QWidget& campo);
+
+} // namespace xa518
