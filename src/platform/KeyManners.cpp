@@ -1,6 +1,9 @@
 #include "platform/KeyManners.h"
 
+#include <QAbstractSpinBox>
+#include <QComboBox>
 #include <QKeyEvent>
+#include <QLineEdit>
 
 namespace xa518 {
 
@@ -15,14 +18,26 @@ bool Decide(const QKeyEvent& tecla) {
     return esLetra && tecla.modifiers().testAnyFlags(Qt::AltModifier | Qt::ControlModifier);
 }
 
+/// The toolkit would type it into a field, over what is selected there, or look it up in a list and choose. With Ctrl
+/// it is how some keyboards reach their third letters.
+bool EscribeConAlt(const QObject& receptor, const QKeyEvent& tecla) {
+    const bool esCampo = qobject_cast<const QLineEdit*>(&receptor) || qobject_cast<const QComboBox*>(&receptor) ||
+                         qobject_cast<const QAbstractSpinBox*>(&receptor);
+    return esCampo && !tecla.text().isEmpty() && tecla.text().front().isPrint() &&
+           tecla.modifiers().testAnyFlags(Qt::AltModifier | Qt::MetaModifier) &&
+           !tecla.modifiers().testFlag(Qt::ControlModifier);
+}
+
 } // namespace
 
 /// Before it becomes a key, what is pressed is offered as a shortcut.
-bool EsTeclaPerdida(const QEvent& evento) {
+bool EsTeclaPerdida(const QObject& receptor, const QEvent& evento) {
     if (evento.type() != QEvent::KeyPress && evento.type() != QEvent::ShortcutOverride)
         return false;
     const auto& tecla = static_cast<const QKeyEvent&>(evento);
-    return tecla.isAutoRepeat() && Decide(tecla);
+    if (tecla.isAutoRepeat() && Decide(tecla))
+        return true;
+    return evento.type() == QEvent::KeyPress && EscribeConAlt(receptor, tecla);
 }
 
 } // namespace xa518
