@@ -55,7 +55,7 @@ bool ParDeOpciones::eventFilter(QObject* objeto, QEvent* evento) {
         const bool sola = (tecla.modifiers() & ~Qt::ShiftModifier) == Qt::NoModifier;
         if (sola && (tecla.key() == Qt::Key_S || tecla.key() == Qt::Key_N)) {
             QRadioButton* elegida = tecla.key() == Qt::Key_S ? m_si : m_no;
-            elegida->setFocus(Qt::OtherFocusReason);
+            elegida->setFocus(Qt::ShortcutFocusReason);
             elegida->setChecked(true);
             return true;
         }

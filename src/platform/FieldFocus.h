@@ -41,7 +41,8 @@ void CompletaSerie(QLineEdit& campo);
 [[nodiscard]] Salida SueltaFoco(QWidget* destino = nullptr);
 
 /// Makes the leave handlers run before a click, a mnemonic or a change of tab in the whole form, and drops it when
-/// the field kept the focus. The buttons in `salidas` go on in any case. To be called once the form has its widgets.
+/// the field kept the focus. The buttons in `salidas` go on in any case. In a group of options the focus goes to the
+/// marked one. To be called once the form has its widgets.
 void CuidaElFoco(QWidget& forma, const QList<QAbstractButton*>& salidas);
 
 } // namespace xa518

@@ -3,11 +3,15 @@
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
+#include <QButtonGroup>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QRadioButton>
 #include <QTabBar>
 #include <QTabWidget>
+
+#include <algorithm>
 
 namespace xa518 {
 
@@ -24,6 +28,7 @@ class GuardiaDeFoco final : public QObject {
     [[nodiscard]] bool Pulsado(QWidget& control, const QMouseEvent& raton);
     [[nodiscard]] bool PulsadoBoton(QAbstractButton& boton);
     [[nodiscard]] bool Atajo(QWidget& control, const QShortcutEvent& atajo);
+    [[nodiscard]] static bool Entra(QWidget& control, QFocusEvent& foco);
 
     QList<QAbstractButton*> m_salidas;
 };
@@ -52,6 +57,17 @@ bool EsCambioDeFicha(const QKeyEvent& tecla) {
     return esTab && tecla.modifiers().testFlag(Qt::ControlModifier);
 }
 
+/// The option of its group that is marked, if any.
+QAbstractButton* MarcadaCon(const QRadioButton& opcion) {
+    if (opcion.group())
+        return opcion.group()->checkedButton();
+    const auto hermanas = opcion.parent()->findChildren<QRadioButton*>(QString(), Qt::FindDirectChildrenOnly);
+    const auto marcada = std::find_if(hermanas.begin(), hermanas.end(), [](const QRadioButton* hermana) {
+        return !hermana->group() && hermana->isChecked();
+    });
+    return marcada == hermanas.end() ? nullptr : *marcada;
+}
+
 GuardiaDeFoco::GuardiaDeFoco(QWidget& forma, const QList<QAbstractButton*>& salidas)
     : QObject(&forma), m_salidas(salidas) {
     for (QWidget* control : forma.findChildren<QWidget*>())
@@ -64,6 +80,7 @@ bool GuardiaDeFoco::eventFilter(QObject* objeto, QEvent* evento) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: return Pulsado(control, *static_cast<QMouseEvent*>(evento));
     case QEvent::Shortcut: return Atajo(control, *static_cast<QShortcutEvent*>(evento));
+    case QEvent::FocusIn: return Entra(control, *static_cast<QFocusEvent*>(evento));
     case QEvent::Wheel: return qobject_cast<QTabBar*>(objeto) && SueltaFoco(&control) == Salida::Retenida;
     case QEvent::KeyPress:
         return qobject_cast<QTabWidget*>(objeto) && EsCambioDeFicha(*static_cast<QKeyEvent*>(evento)) &&
@@ -109,6 +126,20 @@ bool GuardiaDeFoco::Atajo(QWidget& control, const QShortcutEvent& atajo) {
     if (boton->isCheckable() && TomaFocoAlPulsar(*boton))
         boton->setFocus(Qt::ShortcutFocusReason);
     boton->click();
+    return true;
+}
+
+/// Whoever comes into a group of options stands on the marked one: on another, the space bar would change the answer
+/// unseen. The option that is clicked, or called by its letter, is about to be marked itself.
+bool GuardiaDeFoco::Entra(QWidget& control, QFocusEvent& foco) {
+    const auto* opcion = qobject_cast<QRadioButton*>(&control);
+    if (!opcion || foco.reason() == Qt::MouseFocusReason || foco.reason() == Qt::ShortcutFocusReason)
+        return false;
+    QAbstractButton* marcada = MarcadaCon(*opcion);
+    if (!marcada || marcada == opcion || !marcada->isEnabled())
+        return false;
+    static_cast<QObject&>(control).event(&foco); // the option first takes what it then hands on
+    marcada->setFocus(foco.reason());
     return true;
 }
 

@@ -62,6 +62,7 @@ TEST_F(Frm518Test, ANewDeclarationIsTypedInSavedAndComesBack) {
 
     AbreRegistrada(); // only the person who chooses to rectify is reminded
     EXPECT_TRUE(Control<QAbstractButton>(u"OptRectifica_1"_s).isChecked());
+    EXPECT_EQ(ConFoco(), u"OptRectifica_1"_s) << "on the other, a space bar would change the answer";
     EXPECT_FALSE(Control<>(u"MkePeriodo"_s).isEnabled());
     EXPECT_EQ(Texto(u"MkePeriodo"_s), u"10/2026"_s);
     const QStringList casillas = {u"401"_s, u"402"_s, u"403"_s, u"404"_s, u"405"_s, u"410"_s};

@@ -3,6 +3,7 @@
 #include "platform/FieldFocus.h"
 #include "support/NoticeScript.h"
 
+#include <QButtonGroup>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -164,6 +165,38 @@ TEST(FormTest, ADisabledListIsAsGreyAsAField) {
     };
     EXPECT_EQ(fondo(forma.m_lista), fondo(forma.m_campo));
     EXPECT_NE(fondo(forma.m_lista), forma.palette().color(QPalette::Active, QPalette::Base));
+}
+
+TEST(FormTest, TheFocusOfAGroupIsTheMarkedOptions) {
+    for (const bool conGrupo : {false, true}) {
+        Forma forma;
+        QVBoxLayout orden(&forma);
+        QRadioButton no(u"No"_s);
+        QRadioButton si(u"Si"_s);
+        QLineEdit campo;
+        for (QWidget* control : QList<QWidget*>{&no, &si, &campo})
+            orden.addWidget(control);
+        QButtonGroup grupo;
+        if (conGrupo) {
+            grupo.addButton(&no);
+            grupo.addButton(&si);
+        }
+        si.setChecked(true);
+        CuidaElFoco(forma, {});
+        forma.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&forma));
+        EXPECT_TRUE(si.hasFocus()) << "as it opens";
+        QTest::keyClick(&si, Qt::Key_Tab);
+        EXPECT_TRUE(campo.hasFocus());
+        no.setFocus();
+        EXPECT_TRUE(si.hasFocus()) << "by the program";
+        QTest::keyClick(&si, Qt::Key_Backtab);
+        EXPECT_TRUE(campo.hasFocus());
+        QTest::mouseClick(&no, Qt::LeftButton, {}, {8, no.height() / 2});
+        EXPECT_TRUE(no.hasFocus() && no.isChecked());
+        QTest::keyClick(&no, Qt::Key_Down);
+        EXPECT_TRUE(si.hasFocus() && si.isChecked());
+    }
 }
 
 TEST(FormTest, EscDoesNothingAndTheCloseButtonIsTheWayOut) {
