@@ -189,7 +189,7 @@ bool PagIdentificacion::eventFilter(QObject* objeto, QEvent* evento) {
         return QWidget::eventFilter(objeto, evento);
     const auto* tecla = static_cast<QKeyEvent*>(evento);
     const bool escribe = !tecla->text().isEmpty() && tecla->text().front().isPrint();
-    const bool mueve = tecla->key() == Qt::Key_Up || tecla->key() == Qt::Key_Down;
+    const bool mueve = RecorreLista(tecla->key());
     if ((!escribe && !mueve) || tecla->modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier))
         return QWidget::eventFilter(objeto, evento);
     m_ui->CmbRuc->showPopup();

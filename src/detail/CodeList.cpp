@@ -23,11 +23,6 @@ constexpr int kLargoVisible = 15;
 constexpr int kFinNombreCorto = 67; ///< behind it stand the length and the flags of the number
 constexpr int kLargoItemTipo = 45;
 
-bool RecorreLista(int tecla) {
-    return tecla == Qt::Key_Up || tecla == Qt::Key_Down || tecla == Qt::Key_PageUp || tecla == Qt::Key_PageDown ||
-           tecla == Qt::Key_Home || tecla == Qt::Key_End;
-}
-
 } // namespace
 
 ListaCodigos::ListaCodigos(QWidget* padre) : QComboBox(padre), m_visiblesCerrada(kTodos) {

@@ -70,4 +70,9 @@ void Enfoca(QWidget& campo) {
         campo.setFocus(Qt::OtherFocusReason);
 }
 
+bool RecorreLista(int tecla) {
+    return tecla == Qt::Key_Up || tecla == Qt::Key_Down || tecla == Qt::Key_PageUp || tecla == Qt::Key_PageDown ||
+           tecla == Qt::Key_Home || tecla == Qt::Key_End;
+}
+
 } // namespace xa518

@@ -31,4 +31,7 @@ void ComoTextoLlano(const QWidget& forma);
 /// Puts the focus on a field, if it is enabled.
 void Enfoca(QWidget& campo);
 
+/// Whether a key moves through a list, one row or many.
+[[nodiscard]] bool RecorreLista(int tecla);
+
 } // namespace xa518

@@ -23,6 +23,13 @@ const QString kModificado = u"¿El formulario ha sido modificado, desea guardar 
 
 TEST_F(Frm518Test, ANewDeclarationIsTypedInSavedAndComesBack) {
     AbreNueva();
+    auto& lista = Control<QComboBox>(u"CmbRuc"_s);
+    for (const Qt::Key tecla :
+         {Qt::Key_Down, Qt::Key_Up, Qt::Key_End, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_PageUp}) {
+        QTest::keyClick(&lista, tecla);
+        EXPECT_EQ(lista.currentIndex(), -1) << tecla << " only opens the list";
+        lista.hidePopup();
+    }
     Identifica();
     EXPECT_EQ(Texto(u"TxtRazon"_s), u"COMERCIAL DEL VALLE S.A.C."_s);
     m_avisos.Espera({Icono::Exclamacion,
