@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMessageBox>
 
 namespace xa518 {
 
@@ -14,9 +15,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The topic of the form that holds a control: its number, or else its name.
+/// The topic of the form that holds a control, or that a message stands over: its number, or else its name.
 QString ContextoDe(const QWidget& control) {
     const QWidget* forma = control.window();
+    while (qobject_cast<const QMessageBox*>(forma) && forma->parentWidget())
+        forma = forma->parentWidget()->window();
     const int numero = forma->property("contextoAyuda").toInt();
     return numero != 0 ? QString::number(numero) : forma->objectName();
 }

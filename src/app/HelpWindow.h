@@ -9,8 +9,8 @@ namespace xa518 {
 class Avisos;
 class FrmAyuda;
 
-/// Opens the help window over the form in front, and the form's own topic with F1. A form tells its topic by a
-/// property `contextoAyuda`; without one its name is looked up.
+/// Opens the help window over the form in front, and the form's own topic with F1, also over a message of that form. A
+/// form tells its topic by a property `contextoAyuda`; without one its name is looked up.
 class Ayuda final : public QObject {
     Q_OBJECT
   public:

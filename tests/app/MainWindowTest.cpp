@@ -4,6 +4,7 @@
 #include "app/Configuration.h"
 #include "app/HelpBook.h"
 #include "app/Startup.h"
+#include "platform/NoticeBoxes.h"
 #include "platform/StatusBar.h"
 
 #include <QAction>
@@ -149,6 +150,11 @@ TEST_F(HelpTest, OpensTheTopicOfTheFormInFrontAlsoOverAModalOne) {
     AlAbrir({}, [](QWidget& forma) {
         QTest::keyClick(&forma, Qt::Key_F1);
         EXPECT_EQ(TituloDeAyuda(), u"Ayuda - Identificación"_s) << "by its name";
+        AlAbrir(u"CajaAviso"_s, [](QWidget& caja) {
+            QTest::keyClick(&caja, Qt::Key_F1);
+            EXPECT_EQ(TituloDeAyuda(), u"Ayuda - Identificación"_s) << "of the form under the message";
+        });
+        AvisosEnPantalla().Muestra({Icono::Critico, u"No vale."_s, {}});
         const std::pair<int, QString> temas[] = {{1014, u"Deuda tributaria"_s}, {9999, u"Contenido"_s}};
         for (const auto& [contexto, tema] : temas) {
             forma.setProperty("contextoAyuda", contexto);
