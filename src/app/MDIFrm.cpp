@@ -142,8 +142,7 @@ void MDIFrm::Abre(const std::function<std::unique_ptr<QDialog>()>& fabrica) {
     const std::unique_ptr<QDialog> forma = fabrica();
     CentraSobre(*this, *forma);
     reloj.Suelta();
-    forma->exec();
-    activateWindow(); // a form that goes together with its question leaves the focus to whichever program is behind
+    EjecutaSobre(*this, *forma);
 }
 
 void MDIFrm::Nueva() {

@@ -3,6 +3,7 @@
 #include "launcher/FrmDeclarante.h"
 #include "launcher/Session.h"
 #include "platform/Notices.h"
+#include "platform/WidgetHelpers.h"
 #include "ui_PagDeclarantes.h"
 
 namespace xa518 {
@@ -58,7 +59,7 @@ void PagDeclarantes::Abre(const Declarante& inicial, Veredicto (Declarantes::*es
         }
     };
     FrmDeclarante forma(LosAvisos(), inicial, m_usuarios, guarda, window());
-    forma.exec();
+    EjecutaSobre(*window(), forma);
     if (forma.Guardado())
         Carga(*LaSesion().Abre());
     m_ui->GrdDeclarantes->Elige(forma.Guardado().value_or(inicial.ruc));

@@ -66,7 +66,7 @@ void Forma::reject() {
 }
 
 void Forma::AbreModal(QDialog& otra) {
-    otra.exec();
+    EjecutaSobre(*this, otra);
     Protegido([this] { AlActivar(); })();
 }
 

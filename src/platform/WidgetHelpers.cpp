@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QLabel>
@@ -73,6 +74,11 @@ void Enfoca(QWidget& campo) {
 bool RecorreLista(int tecla) {
     return tecla == Qt::Key_Up || tecla == Qt::Key_Down || tecla == Qt::Key_PageUp || tecla == Qt::Key_PageDown ||
            tecla == Qt::Key_Home || tecla == Qt::Key_End;
+}
+
+void EjecutaSobre(QWidget& ventana, QDialog& dialogo) {
+    dialogo.exec();
+    ventana.activateWindow();
 }
 
 } // namespace xa518

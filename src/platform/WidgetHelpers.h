@@ -3,6 +3,7 @@
 #include <QString>
 
 class QComboBox;
+class QDialog;
 class QWidget;
 
 namespace xa518 {
@@ -33,5 +34,9 @@ void Enfoca(QWidget& campo);
 
 /// Whether a key moves through a list, one row or many.
 [[nodiscard]] bool RecorreLista(int tecla);
+
+/// Runs a dialog over a window and gives the keyboard back to that window. A dialog that goes together with its last
+/// question would leave it to whichever program is behind, and what is typed next would change things there.
+void EjecutaSobre(QWidget& ventana, QDialog& dialogo);
 
 } // namespace xa518

@@ -4,6 +4,7 @@
 #include "platform/Form.h"
 #include "platform/HourGlass.h"
 #include "platform/Notices.h"
+#include "platform/WidgetHelpers.h"
 #include "reports/PageRange.h"
 #include "reports/PagedPrinter.h"
 #include "reports/SpoolRegistry.h"
@@ -25,7 +26,7 @@ void Abre(QDialog& ventana, QWidget* padre) {
     if (auto* forma = qobject_cast<Forma*>(padre))
         forma->AbreModal(ventana);
     else
-        ventana.exec();
+        EjecutaSobre(*padre, ventana);
 }
 
 } // namespace
