@@ -26,7 +26,7 @@ constexpr int kFinBaseCliente = 40;
 constexpr int kFinPercepcionCliente = 63;
 
 constexpr int kAnchoRayaCorta = 50;
-constexpr int kAnchoNombre = 60;
+constexpr int kAnchoNombre = 63; ///< surnames and first names of 20 each, and what stands between them
 constexpr int kAnchoTipoDoc = 11;
 constexpr int kLargoFecha = 10;
 constexpr int kAnchoTotal = 15;
@@ -95,9 +95,10 @@ QString LineasAnexo::SegundoTitulo() const {
 }
 
 QString LineasAnexo::Cliente(const ClienteImpreso& cliente, const QString& tipoDoc) {
-    QString linea = cliente.nombre.left(kAnchoNombre);
-    Blancos(linea, kAnchoNombre + 1);
-    Completa(linea, tipoDoc, kAnchoNombre + 1 + kAnchoTipoDoc);
+    QString linea;
+    Completa(linea, cliente.nombre, kAnchoNombre);
+    linea += u' ';
+    Completa(linea, tipoDoc, linea.size() + kAnchoTipoDoc);
     return linea + u"  "_s + cliente.numero;
 }
 

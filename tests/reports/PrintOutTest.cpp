@@ -156,6 +156,15 @@ TEST_F(PrintOut, TheAnnexGivesEveryVoucherItsLineAndEveryFurtherPaymentVoucherIt
     EXPECT_EQ(Cuerpo(), cuerpo);
 }
 
+TEST_F(PrintOut, TheAnnexGivesNamesOfTheirFullLength) {
+    taller.Cabecera({{u"501"_s, u"1"_s}});
+    const QString veinte = u"MARÍA DE LOS ÁNGELES"_s;
+    taller.Cliente(u"40512345"_s, u" "_s,
+                   {{u"des_apellido_p"_s, veinte}, {u"des_apellido_m"_s, veinte}, {u"des_nombres"_s, veinte}});
+    ImprimeAnexo();
+    EXPECT_EQ(Cuerpo()[0], u"%1 %1, %1 DNI          40512345"_s.arg(veinte));
+}
+
 /// From period 200803 on the two last flags and their headings stand the other way around.
 TEST_F(PrintOut, TheAnnexShowsTheFlagsOfItsPeriod) {
     const ComprobanteImpreso comprobante{u"P001", u"1", u"01/02/2008", u"1", u"2", u"1", u"0", u"1", u"9", {}};
