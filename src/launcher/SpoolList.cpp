@@ -37,7 +37,7 @@ QList<InformeRegistrado> Informes::Lista() const {
         // The name comes out of a shared table: whatever path it brings along is dropped.
         const QString archivo = QFileInfo(filas.Texto(u"Archivo")).fileName();
         lista.append({filas.Texto(u"CodRep"), filas.Texto(u"Secuencia"), archivo, Mostrada(filas.Texto(u"Fecha")),
-                      filas.Texto(u"Usuario"), filas.Texto(u"Doc_id_d"), NumeroDeHojasDe(Ruta(archivo))});
+                      filas.Texto(u"Usuario"), filas.Texto(u"Doc_id_d"), PaginasDe(Ruta(archivo))});
     }
     return lista;
 }

@@ -17,7 +17,7 @@ struct InformeRegistrado {
     QString fecha;   ///< dd/mm/yyyy hh:mm
     QString usuario;
     QString ruc;
-    std::optional<int> hojas; ///< nothing when the file is missing
+    std::optional<int> hojas; ///< those that it has; nothing when the file is missing
 
     [[nodiscard]] QString Titulo() const; ///< the code for a report of another module
 };

@@ -36,6 +36,20 @@ int NumeroDeHojas(QStringView texto) {
     return cifras.size() <= kCifras ? cifras.toInt() : 0;
 }
 
+/// The highest page that lines from an offset on stand on, from 1; 0 when there is none.
+int PaginaMasAlta(QIODevice& archivo, qint64 desde) {
+    int ultima = 0;
+    LineasTolerantes lineas(archivo, desde);
+    if (desde > 0 && !lineas.Siguiente()) // what is left of a line that began before
+        return ultima;
+    while (lineas.Siguiente()) {
+        const int pagina = LineaSpool(lineas.Linea()).Pagina();
+        if (pagina < InformeSpool::kPaginasMaximas)
+            ultima = std::max(ultima, pagina + 1);
+    }
+    return ultima;
+}
+
 } // namespace
 
 ColorPagina ColorPagina::Lee(QStringView literal) {
@@ -149,6 +163,22 @@ int LeeNumeroHojas(const QString& ruta) {
 std::optional<int> NumeroDeHojasDe(const QString& ruta) {
     try {
         return LeeNumeroHojas(ruta);
+    } catch (const Error&) {
+        return std::nullopt;
+    }
+}
+
+std::optional<int> PaginasDe(const QString& ruta) {
+    constexpr qint64 kCola = 65'536;
+    try {
+        const std::unique_ptr<QIODevice> archivo = AbreArchivo(ruta);
+        qint64 desde = archivo->size();
+        int ultima = 0;
+        for (qint64 cola = kCola; ultima == 0 && desde > 0; cola *= 4) {
+            desde = std::max<qint64>(archivo->size() - cola, 0);
+            ultima = PaginaMasAlta(*archivo, desde);
+        }
+        return std::max(ultima, 1);
     } catch (const Error&) {
         return std::nullopt;
     }

@@ -93,6 +93,10 @@ class InformeSpool {
 /// The same, and nothing when the file can't be read.
 [[nodiscard]] std::optional<int> NumeroDeHojasDe(const QString& ruta);
 
+/// The pages that a spool file really has, from 1: reports are written page by page, so that the file's end tells.
+/// Nothing when the file can't be read.
+[[nodiscard]] std::optional<int> PaginasDe(const QString& ruta);
+
 /// Refused, with its message, when the spool file is missing.
 [[nodiscard]] Veredicto ValidaArchivoInforme(const QString& ruta);
 

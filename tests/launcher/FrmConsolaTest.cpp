@@ -222,7 +222,7 @@ TEST_F(FrmConsolaTest, AReportOpensInThePreviewAndGoesWithItsFile) {
     Registra(u"000001"_s, u"00000001.PRN"_s);
     Registra(u"000002"_s, u"00000002.PRN"_s);
     Registra(u"000003"_s, u"../XA000.MDW"_s);
-    EscribeEn(rpt + u"00000001.PRN"_s, "<!font!>Courier New<!/font!>\n<!nHojas!> 12 <!/nHojas!>\n");
+    EscribeEn(rpt + u"00000001.PRN"_s, "<!nHojas!>12<!/nHojas!>\npPos|1|1|x|False|8|12|\n");
     QStringList vistos;
     Abre([&](QWidget&, const QString& en, const InformeRegistrado& informe) {
         vistos.append(en + u'/' + informe.archivo);
@@ -231,7 +231,7 @@ TEST_F(FrmConsolaTest, AReportOpensInThePreviewAndGoesWithItsFile) {
     TablaFilas& tabla = Tabla("GrdInformes");
     const QString fila = u"Declaración|"_s + kRucMuestra + u"|21/11/2026 09:05|CONTADOR|"_s;
     EXPECT_EQ(Fila(tabla, 0), fila + u"Falta el archivo|00000002.PRN"_s);
-    EXPECT_EQ(Fila(tabla, 1), fila + u"12|00000001.PRN"_s);
+    EXPECT_EQ(Fila(tabla, 1), fila + u"13|00000001.PRN"_s) << "as many as there are, whatever the head tells";
     const auto elimina = [&](const QString& archivo) {
         avisos.EsperaPregunta(u"¿Confirma que va a eliminar el informe «Declaración» del 21/11/2026 09:05 y su archivo"
                               " %1?"_s.arg(archivo),

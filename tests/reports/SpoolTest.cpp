@@ -125,6 +125,12 @@ TEST(SpoolHead, TellsItsPagesAndColourAndPassesOverRubbish) {
         EXPECT_EQ(LeeNumeroHojas(ruta), hojas) << cabecera.constData();
     }
     EXPECT_EQ(NumeroDeHojasDe(ruta + u"x"_s), std::nullopt);
+    EXPECT_EQ(PaginasDe(ruta + u"x"_s), std::nullopt);
+    const QByteArray trece = "<!nHojas!>11<!/nHojas!>\npPos|1|1|a|False|8|0|\npPos|1|1|b|False|8|12|\npNuevaHoja\n";
+    for (const QByteArray& detras : {QByteArray(), QByteArray("basura\n").repeated(40'000), QByteArray(300'000, 'x')}) {
+        EscribeEn(ruta, trece + detras);
+        EXPECT_EQ(PaginasDe(ruta), 13) << detras.size();
+    }
     EXPECT_EQ(ColorPagina::Lee(u"&H00FFFFC0&"), (ColorPagina{false, 0, 0xC0, 0xFF, 0xFF}));
     EXPECT_EQ(ColorPagina::Lee(u"&H80000005&"), (ColorPagina{true, 5}));
     for (const QString& rubbish : u"|&H|&H&|&HZZ&|&HFFFFFFFFFF&|C0FFFF"_s.split(u'|'))
