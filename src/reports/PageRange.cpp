@@ -64,4 +64,14 @@ QString TituloImpresion(int hojas) {
     return u"Impresión de %1 páginas"_s.arg(hojas);
 }
 
+QString CuantasPaginas(int paginas) {
+    return paginas == 1 ? u"1 página"_s : u"%1 páginas"_s.arg(paginas);
+}
+
+QString TextoRango(const RangoPaginas& rango, int paginas) {
+    if (!rango.Alcanza(paginas))
+        return u"El reporte no llega a la página %1: tiene %2."_s.arg(rango.desde).arg(CuantasPaginas(paginas));
+    return u"Se imprimirá de la página %1 a la %2."_s.arg(rango.desde).arg(std::min(rango.hasta, paginas));
+}
+
 } // namespace xa518

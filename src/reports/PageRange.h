@@ -24,4 +24,11 @@ enum class ViaInforme { Directa, ConRango };
 [[nodiscard]] QString TituloPaginas(int hojas);
 [[nodiscard]] QString TituloImpresion(int hojas);
 
+/// "1 página", "13 páginas".
+[[nodiscard]] QString CuantasPaginas(int paginas);
+
+/// What will be printed of a report of so many pages, in a sentence; why nothing will, when the range lies behind its
+/// end.
+[[nodiscard]] QString TextoRango(const RangoPaginas& rango, int paginas);
+
 } // namespace xa518

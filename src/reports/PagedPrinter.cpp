@@ -68,6 +68,7 @@ void ImpresoraPaginas::PonOrientacion() {
 }
 
 void ImpresoraPaginas::EmpiezaHoja() {
+    ++m_hojas;
     m_pintor.resetTransform();
     m_pagina = std::make_unique<PintorPagina>(m_pintor, m_dispositivo->logicalDpiX() / kTwipsPorPulgada,
                                               TamanoHoja(m_apaisado).width());

@@ -22,6 +22,7 @@ class ImpresoraPaginas final : public DestinoInforme {
     void Termina() override;
     /// What follows is another report and begins a sheet of its own.
     void EmpiezaOtro();
+    [[nodiscard]] int Hojas() const { return m_hojas; }
 
   private:
     void PreparaHoja();
@@ -34,6 +35,7 @@ class ImpresoraPaginas final : public DestinoInforme {
     std::unique_ptr<PintorPagina> m_pagina;
     bool m_apaisado = false;
     bool m_hojaUsada = false;
+    int m_hojas = 0;
 };
 
 } // namespace xa518

@@ -32,7 +32,7 @@ void ExigeLetras() {
         throw Error(NumeroError::ArgumentoInvalido, u"No hay ninguna letra instalada: instale fonts-liberation."_s);
 }
 
-void ImprimeEn(QFile& pdf, const QStringList& spools, const RangoPaginas& rango) {
+int ImprimeEn(QFile& pdf, const QStringList& spools, const RangoPaginas& rango) {
     QPdfWriter escritor(&pdf);
     escritor.setResolution(kResolucion);
     escritor.setPageSize(QPageSize(QPageSize::A4));
@@ -43,6 +43,7 @@ void ImprimeEn(QFile& pdf, const QStringList& spools, const RangoPaginas& rango)
         InformeSpool::Abre(spool)->Imprime(rango, impresora);
     }
     impresora.Termina();
+    return impresora.Hojas();
 }
 
 /// Removes the half-done file unless it got its name.
@@ -75,13 +76,14 @@ class ArchivoParcial {
 
 } // namespace
 
-void EscribePdf(const QStringList& spools, const QString& rutaPdf, const MetadatosPdf& metadatos,
-                const RangoPaginas& rango) {
+int EscribePdf(const QStringList& spools, const QString& rutaPdf, const MetadatosPdf& metadatos,
+               const RangoPaginas& rango) {
     ExigeLetras();
     ArchivoParcial parcial(rutaPdf);
-    ImprimeEn(parcial.Archivo(), spools, rango);
+    const int hojas = ImprimeEn(parcial.Archivo(), spools, rango);
     PonMetadatos(parcial.Archivo(), metadatos);
     parcial.Confirma();
+    return hojas;
 }
 
 } // namespace xa518

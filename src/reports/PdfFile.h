@@ -16,8 +16,9 @@ struct MetadatosPdf {
 
 /// Prints spool files, one after the other, to a PDF with searchable text and its fonts inside. Needs a
 /// `QGuiApplication`, though no display ("offscreen" serves). The PDF takes its place only when it is whole.
+/// Returns its sheets.
 /// Raises `Error`: `ArchivoNoEncontrado` for a missing spool file, `AccesoAlDisco` when the PDF can't be written.
-void EscribePdf(const QStringList& spools, const QString& rutaPdf, const MetadatosPdf& metadatos,
-                const RangoPaginas& rango = {});
+int EscribePdf(const QStringList& spools, const QString& rutaPdf, const MetadatosPdf& metadatos,
+               const RangoPaginas& rango = {});
 
 } // namespace xa518

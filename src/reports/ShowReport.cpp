@@ -2,34 +2,18 @@
 
 #include "data/Process.h"
 #include "platform/Form.h"
-#include "platform/HourGlass.h"
-#include "platform/Notices.h"
 #include "platform/WidgetHelpers.h"
 #include "reports/PageRange.h"
-#include "reports/PagedPrinter.h"
+#include "reports/PrintReport.h"
 #include "reports/SpoolRegistry.h"
 #include "reports/frmImpxPag.h"
 #include "reports/frmPreview.h"
 
 #include <QFileInfo>
-#include <QPagedPaintDevice>
 
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-const QString kErrorAlImprimir = u"Error al Imprimir"_s;
-
-void Abre(QDialog& ventana, QWidget* padre) {
-    if (auto* forma = qobject_cast<Forma*>(padre))
-        forma->AbreModal(ventana);
-    else
-        EjecutaSobre(*padre, ventana);
-}
-
-} // namespace
 
 EntornoInformes EntornoDeInformes(const Proceso& proceso, Avisos& avisos) {
     return {proceso.rutaRPT, proceso.sysUser, proceso.reloj, avisos};
@@ -41,11 +25,11 @@ QString ReportePedido::Titulo() const {
 
 void VerReporte(const EntornoInformes& entorno, const ReportePedido& pedido, ModoReporte modo, QWidget* padre) {
     if (modo == ModoReporte::Impresora) {
-        ImprimeReporte(entorno, pedido);
+        ImprimeReporte(entorno, pedido, padre);
         return;
     }
     frmPreview vista(entorno, pedido, padre);
-    Abre(vista, padre);
+    AbreSobre(vista, padre);
 }
 
 /// A file that is missing or can't be read counts as a short one: the preview is who tells it.
@@ -57,27 +41,16 @@ void MuestraReporte(const EntornoInformes& entorno, const ReportePedido& pedido,
         return;
     }
     frmImpxPag dialogo(entorno, pedido, {hojas, TituloPaginas(hojas)}, padre);
-    Abre(dialogo, padre);
+    AbreSobre(dialogo, padre);
 }
 
-void ImprimeReporte(const EntornoInformes& entorno, const ReportePedido& pedido) {
-    const QString ruta = RutaDeInforme(entorno.rutaRPT, pedido.archivo);
-    if (const Veredicto veredicto = ValidaArchivoInforme(ruta); !veredicto) {
-        entorno.avisos.Muestra(*veredicto.mensaje);
-        return;
-    }
-    const RelojDeArena reloj;
-    const std::unique_ptr<InformeSpool> informe = InformeSpool::Abre(ruta);
-    if (!pedido.rango.Alcanza(informe->Paginas()))
-        return; // nothing to print: not even an empty sheet
-    const std::unique_ptr<QPagedPaintDevice> impresora = entorno.impresora(pedido.Titulo());
-    if (!impresora) {
-        entorno.avisos.Muestra({Icono::Critico, u"No hay ninguna impresora instalada."_s, kErrorAlImprimir});
-        return;
-    }
-    ImpresoraPaginas hojas(*impresora);
-    informe->Imprime(pedido.rango, hojas);
-    hojas.Termina();
+void AbreSobre(QDialog& forma, QWidget* ventana) {
+    if (auto* debajo = qobject_cast<Forma*>(ventana))
+        debajo->AbreModal(forma);
+    else if (ventana)
+        EjecutaSobre(*ventana, forma);
+    else
+        forma.exec();
 }
 
 } // namespace xa518

@@ -1,10 +1,11 @@
 #pragma once
 
-#include "reports/DefaultPrinter.h"
+#include "reports/Printing.h"
 #include "reports/SpoolReport.h"
 
 #include <QString>
 
+class QDialog;
 class QWidget;
 
 namespace xa518 {
@@ -19,7 +20,7 @@ struct EntornoInformes {
     QString autor;   ///< of the PDFs that are saved
     const Reloj& reloj;
     Avisos& avisos;
-    FabricaImpresora impresora = ImpresoraPredeterminada;
+    std::shared_ptr<ServicioDeImpresion> impresion = ServicioDelSistema();
 };
 
 [[nodiscard]] EntornoInformes EntornoDeInformes(const Proceso& proceso, Avisos& avisos);
@@ -42,7 +43,7 @@ void VerReporte(const EntornoInformes& entorno, const ReportePedido& pedido, Mod
 /// the dialog of the page range.
 void MuestraReporte(const EntornoInformes& entorno, const ReportePedido& pedido, QWidget* padre);
 
-/// Prints the report's range on the printer; tells when the file or the printer is missing.
-void ImprimeReporte(const EntornoInformes& entorno, const ReportePedido& pedido);
+/// Opens a form modally over a window, which may be none or no form.
+void AbreSobre(QDialog& forma, QWidget* ventana);
 
 } // namespace xa518

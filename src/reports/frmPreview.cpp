@@ -3,20 +3,17 @@
 #include "ui_frmPreview.h"
 
 #include "platform/Application.h"
-#include "platform/Clock.h"
 #include "platform/HourGlass.h"
 #include "platform/Notices.h"
-#include "reports/PdfFile.h"
+#include "reports/PageRange.h"
 #include "reports/PreviewIcons.h"
+#include "reports/PrintReport.h"
 #include "reports/SpoolRegistry.h"
 #include "values/Error.h"
 
-#include <QDir>
-#include <QFileDialog>
 #include <QKeyEvent>
 #include <QShortcut>
 #include <QSignalBlocker>
-#include <QStandardPaths>
 #include <QWheelEvent>
 #include <QtDebug>
 
@@ -74,8 +71,7 @@ void frmPreview::Lee() {
     m_ui->tlbPrevia_4->setEnabled(m_informe != nullptr);
     m_ui->CmdPdf->setEnabled(m_informe != nullptr);
     m_ui->lblRango->setVisible(m_pedido.rango.usar);
-    m_ui->lblRango->setText(
-        u"Se imprimirá de la página %1 a la %2."_s.arg(m_pedido.rango.desde).arg(m_pedido.rango.hasta));
+    m_ui->lblRango->setText(TextoRango(m_pedido.rango, Ultima() + 1));
 }
 
 void frmPreview::Conecta() {
@@ -199,21 +195,12 @@ void frmPreview::wheelEvent(QWheelEvent* evento) {
 }
 
 void frmPreview::Imprime() {
-    ImprimeReporte(m_entorno, m_pedido);
+    ImprimeReporte(m_entorno, m_pedido, this);
 }
 
 /// The whole report: the range limits what is printed.
 void frmPreview::GuardaPdf() {
-    const QDir documentos(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    QFileDialog dialogo(this, u"Guardar como PDF"_s, documentos.path(), u"Documentos PDF (*.pdf)"_s);
-    dialogo.setAcceptMode(QFileDialog::AcceptSave);
-    dialogo.setDefaultSuffix(u"pdf"_s);
-    dialogo.selectFile(m_pedido.Titulo().replace(u'/', u'-') + u".pdf"_s);
-    if (dialogo.exec() != QDialog::Accepted)
-        return;
-    const RelojDeArena reloj;
-    EscribePdf({RutaDeInforme(m_entorno.rutaRPT, m_pedido.archivo)}, dialogo.selectedFiles().constFirst(),
-               {m_pedido.Titulo(), m_entorno.autor, m_entorno.reloj.Ahora()});
+    GuardaReporteComoPdf(m_entorno, m_pedido, {}, this);
 }
 
 } // namespace xa518

@@ -16,6 +16,7 @@
 #include "launcher/FrmDeclarante.h"
 #include "platform/StatusBar.h"
 #include "reports/ShowReport.h"
+#include "reports/frmImpresora.h"
 #include "reports/frmImprimir.h"
 #include "reports/frmImpxPag.h"
 #include "reports/frmPreview.h"
@@ -107,6 +108,9 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
         Ve(frmImprimir(proceso, informes, barra), u"print"_s, mira);
         Ve(frmImpxPag(informes, {archivo, {}, {}}, {120, u"Páginas"_s}), u"pages"_s, mira);
         Ve(frmPreview(informes, {archivo, {}, {}}), u"preview"_s, mira);
+        Ve(frmImpresora({{u"sala"_s, u"Láser de la sala"_s, true, EstadoCola::Lista},
+                         {u"matricial"_s, {}, false, EstadoCola::NoRecibe}}),
+           u"printers"_s, mira);
     }
     void Ve(QWidget&& forma, const QString& estado, const Mirada& mira) { Ve(forma, estado, mira); }
     void Ve(QWidget& forma, const QString& estado, const Mirada& mira) {

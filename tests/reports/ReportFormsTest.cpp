@@ -3,6 +3,7 @@
 #include "reports/frmPreview.h"
 
 #include "platform/StatusBar.h"
+#include "reports/PageRange.h"
 #include "reports/ReportFixture.h"
 #include "support/FormDriver.h"
 
@@ -16,19 +17,44 @@ namespace {
 
 using namespace prueba;
 
+/// Printers that print into a file.
+class ServicioDePrueba final : public ServicioDeImpresion {
+  public:
+    explicit ServicioDePrueba(QString salida) : m_salida(std::move(salida)) {}
+
+    bool Responde() override { return responde; }
+    QList<ColaImpresion> Colas() override { return colas; }
+    std::unique_ptr<QPagedPaintDevice> Abre(const ColaImpresion& /*cola*/, const QString& titulo) override {
+        auto impresora = std::make_unique<QPrinter>(QPrinter::HighResolution); // without a queue: into a file
+        impresora->setOutputFormat(QPrinter::PdfFormat);
+        impresora->setOutputFileName(m_salida);
+        impresora->setFullPage(true);
+        impresora->setDocName(titulo);
+        return impresora;
+    }
+    QString Rechazo() override { return rechazo; }
+
+    bool responde = true;
+    QList<ColaImpresion> colas{{u"sala"_s, {}, false, EstadoCola::Lista}};
+    QString rechazo;
+
+  private:
+    QString m_salida;
+};
+
 class ReportFormsTest : public testing::Test {
   protected:
-    ReportFormsTest() {
-        m_entorno.impresora = [this](const QString& titulo) -> std::unique_ptr<QPagedPaintDevice> {
-            if (!m_hayImpresora)
-                return nullptr;
-            auto impresora = std::make_unique<QPrinter>(QPrinter::HighResolution); // without a queue: into a file
-            impresora->setOutputFormat(QPrinter::PdfFormat);
-            impresora->setOutputFileName(Ruta(u"impreso.pdf"_s));
-            impresora->setFullPage(true);
-            impresora->setDocName(titulo);
-            return impresora;
-        };
+    ReportFormsTest() { m_entorno.impresion = m_servicio; }
+
+    /// The word on a report that went to the only printer.
+    void EsperaEnvio(const QString& hojas) { m_avisos.Espera(u"Se envió a la impresora «sala»: %1."_s.arg(hojas)); }
+
+    /// Saves under that name, without ending, in the window that asks for it.
+    void AlGuardar(const QString& nombre) {
+        AlAbrir({}, [nombre](QWidget& dialogo) {
+            De<QLineEdit>(dialogo, u"fileNameEdit"_s).setText(nombre);
+            QTest::keyClick(&De<QLineEdit>(dialogo, u"fileNameEdit"_s), Qt::Key_Return);
+        });
     }
 
     QString Ruta(const QString& nombre) const { return m_taller.base.Carpeta() + u'/' + nombre; }
@@ -68,7 +94,7 @@ class ReportFormsTest : public testing::Test {
     AvisosDePrueba m_avisos;
     BarradeEstadoQMD m_barra;
     EntornoInformes m_entorno = EntornoDeInformes(m_taller.proceso, m_avisos);
-    bool m_hayImpresora = true;
+    std::shared_ptr<ServicioDePrueba> m_servicio = std::make_shared<ServicioDePrueba>(Ruta(u"impreso.pdf"_s));
 };
 
 TEST_F(ReportFormsTest, ThePreviewMovesThroughItsPagesByKeysAndButtons) {
@@ -106,16 +132,72 @@ TEST_F(ReportFormsTest, PrintsTheWholeReportOrItsRange) {
         frmPreview vista(m_entorno, Reporte(4, rango));
         Muestra(vista);
         EXPECT_EQ(De<QSpinBox>(vista, u"txtPagina"_s).maximum(), 4) << "all pages can be looked at";
+        EsperaEnvio(CuantasPaginas(static_cast<int>(hojas.size())));
         QTest::keyClick(&vista, Qt::Key_P, Qt::ControlModifier);
         EXPECT_EQ(Impreso(), hojas);
     }
+    EsperaEnvio(u"2 páginas"_s);
     VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, nullptr);
     EXPECT_EQ(Impreso().size(), 2);
+    m_avisos.Espera({Icono::Critico, u"El reporte no llega a la página 3: tiene 2 páginas."_s, u"Error al Imprimir"_s});
     VerReporte(m_entorno, Reporte(2, {true, 3, 9}), ModoReporte::Impresora, nullptr);
-    EXPECT_FALSE(QFile::exists(Ruta(u"impreso.pdf"_s))) << "no page of the range exists: no empty sheet";
-    m_hayImpresora = false;
-    m_avisos.Espera({Icono::Critico, u"No hay ninguna impresora instalada."_s, u"Error al Imprimir"_s});
+    EXPECT_FALSE(QFile::exists(Ruta(u"impreso.pdf"_s))) << "not even an empty sheet";
+}
+
+TEST_F(ReportFormsTest, SaysWhyNothingIsPrintedAndOffersThePdfOfTheRange) {
+    const ColaImpresion cerrada{u"sala"_s, u"Láser"_s, true, EstadoCola::NoRecibe};
+    const struct {
+        bool responde;
+        QList<ColaImpresion> colas;
+        QString rechazo, motivo;
+    } casos[] = {
+        {false, {}, {}, u"El servicio de impresión del sistema no responde: está detenido o no está instalado."_s},
+        {true, {}, {}, u"No hay ninguna impresora instalada."_s},
+        {true, {cerrada}, {}, u"La impresora «Láser (sala)» no recibe trabajos."_s},
+        {true, m_servicio->colas, u"Forbidden"_s, u"La impresora «sala» no recibió el reporte: Forbidden"_s}};
+    for (const auto& [responde, colas, rechazo, motivo] : casos) {
+        m_servicio->responde = responde;
+        m_servicio->colas = colas;
+        m_servicio->rechazo = rechazo;
+        for (const Respuesta respuesta : {Respuesta::No, Respuesta::Si}) {
+            m_avisos.EsperaPregunta(motivo + u"\n¿Desea guardar el reporte como PDF?"_s, respuesta);
+            if (respuesta == Respuesta::Si) {
+                AlGuardar(Ruta(u"guardado"_s));
+                m_avisos.Espera(u"Se guardó en «%1»: 1 página."_s.arg(Ruta(u"guardado.pdf"_s)));
+            }
+            VerReporte(m_entorno, Reporte(3, {true, 2, 2}), ModoReporte::Impresora, nullptr);
+        }
+        EXPECT_EQ(Impreso(u"guardado.pdf"_s), QStringList{u"hoja 2"_s}) << qPrintable(motivo);
+    }
+}
+
+TEST_F(ReportFormsTest, SeveralPrintersAreOfferedWithTheDefaultOneChosen) {
+    m_servicio->colas = {{u"sala"_s, {}, false, EstadoCola::Lista},
+                         {u"matricial"_s, {}, false, EstadoCola::Detenida},
+                         {u"laser"_s, {}, true, EstadoCola::Lista}};
+    const std::pair<QList<Qt::Key>, QString> casos[] = {
+        {{Qt::Key_Return}, u"Se envió a la impresora «laser»: 2 páginas."_s},
+        {{Qt::Key_Up, Qt::Key_Return},
+         u"La impresora «matricial» está detenida. El reporte (2 páginas) espera en su cola y saldrá cuando se reanude."_s}};
+    for (const auto& [teclas, dicho] : casos) {
+        AlAbrir(u"frmImpresora"_s, [teclas = teclas](QWidget& eleccion) {
+            for (const Qt::Key tecla : teclas)
+                QTest::keyClick(eleccion.focusWidget(), tecla);
+        });
+        m_avisos.Espera(dicho);
+        VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, nullptr);
+        EXPECT_EQ(Impreso().size(), 2);
+    }
+    AlAbrir(u"frmImpresora"_s, [](QWidget& eleccion) { Clic(eleccion, u"CmdImpresora_2"_s); });
     VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, nullptr);
+    EXPECT_FALSE(QFile::exists(Ruta(u"impreso.pdf"_s)));
+    AlAbrir(u"frmImpresora"_s, [this](QWidget& eleccion) {
+        AlGuardar(Ruta(u"guardado"_s));
+        m_avisos.Espera(u"Se guardó en «%1»: 2 páginas."_s.arg(Ruta(u"guardado.pdf"_s)));
+        Clic(eleccion, u"CmdImpresora_1"_s);
+    });
+    VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, nullptr);
+    EXPECT_EQ(Impreso(u"guardado.pdf"_s).size(), 2);
 }
 
 TEST_F(ReportFormsTest, SurvivesAMissingFileAndTenMegabytesOfRubbish) {
@@ -135,6 +217,7 @@ TEST_F(ReportFormsTest, SurvivesAMissingFileAndTenMegabytesOfRubbish) {
     AlAbrir(u"frmPreview"_s, [this](QWidget& basura) {
         QTest::keyClick(&basura, Qt::Key_End);
         EXPECT_EQ(Pagina(basura), 4);
+        EsperaEnvio(u"1 página"_s);
         Clic(basura, u"tlbPrevia_4"_s);
         EXPECT_EQ(Impreso().size(), 1);
     });
@@ -149,11 +232,9 @@ TEST_F(ReportFormsTest, KeepsTheWholeReportAsPdf) {
     frmPreview vista(m_entorno, Reporte(3, {true, 2, 2}));
     Muestra(vista);
     AvisosDelPrograma().Espera(u"No se puede escribir el archivo '/proc/x.pdf': "_s + Motivo(u"/proc/x.pdf"_s));
+    m_avisos.Espera(u"Se guardó en «%1»: 3 páginas."_s.arg(Ruta(u"guardado.pdf"_s)));
     for (const QString& nombre : {u"/proc/x"_s, Ruta(u"guardado"_s)}) {
-        AlAbrir({}, [&](QWidget& dialogo) {
-            De<QLineEdit>(dialogo, u"fileNameEdit"_s).setText(nombre);
-            QTest::keyClick(&De<QLineEdit>(dialogo, u"fileNameEdit"_s), Qt::Key_Return);
-        });
+        AlGuardar(nombre);
         Clic(vista, u"CmdPdf"_s);
         vista.activateWindow();
     }
@@ -180,8 +261,9 @@ TEST_F(ReportFormsTest, TheRangeIsAskedForFromSixteenPagesOn) {
         EXPECT_EQ(forma.focusWidget(), &hasta);
         hasta.selectAll();
         QTest::keyClicks(&hasta, u"10"_s);
-        AlAbrir({}, [](QWidget& vista) {
+        AlAbrir({}, [this](QWidget& vista) {
             EXPECT_EQ(De<QSpinBox>(vista, u"txtPagina"_s).maximum(), 16);
+            EsperaEnvio(u"2 páginas"_s);
             Clic(vista, u"tlbPrevia_4"_s);
         });
         Clic(forma, u"cmdAccion_0"_s);
@@ -206,6 +288,7 @@ TEST_F(ReportFormsTest, ThePrintDialogShowsAndPrintsTheChosenDeclaration) {
     EXPECT_EQ(m_taller.proceso.periodoDeclarado + m_barra.Periodo(), u"20260101/2026"_s);
 
     const QPoint celda = grilla.visualRect(grilla.model()->index(1, 0)).center();
+    EsperaEnvio(u"1 página"_s);
     AlAbrir({}, [](QWidget& vista) { Clic(vista, u"tlbPrevia_4"_s); });
     QTest::mouseClick(grilla.viewport(), Qt::LeftButton, {}, celda);
     QTest::mouseDClick(grilla.viewport(), Qt::LeftButton, {}, celda);
@@ -220,6 +303,7 @@ TEST_F(ReportFormsTest, ThePrintDialogShowsAndPrintsTheChosenDeclaration) {
 
     grilla.setFocus();
     QTest::keyClick(&grilla, Qt::Key_Up);
+    EsperaEnvio(u"1 página"_s);
     AlAbrir({}, [](QWidget& rango) {
         EXPECT_EQ(rango.windowTitle(), u"Impresión de 2 páginas"_s) << "one more than the head of the annex tells";
         AlAbrir({}, [](QWidget& vista) { Clic(vista, u"tlbPrevia_4"_s); });
@@ -251,6 +335,7 @@ TEST_F(ReportFormsTest, ThePrintDialogKeepsCopiesApartAndIsSilentWithoutDeclarat
     auto& grilla = De<QTableView>(forma, u"grdContrib"_s);
     grilla.setCurrentIndex(grilla.model()->index(1, 0));
     const QString correl = m_taller.proceso.correl;
+    EsperaEnvio(u"1 página"_s);
     AlAbrir({}, [](QWidget& vista) { Clic(vista, u"tlbPrevia_4"_s); });
     QTest::keyClick(&grilla, Qt::Key_Return);
     const QString hoja = Impreso().value(0);

@@ -24,6 +24,7 @@ def keeps_it_as_pdf(screen):
     paper = screen.folder / "month.pdf"
     screen.keys("ctrl+a")
     screen.fills(str(paper))
+    screen.answers(PREVIEW)  # where it lies, and its pages
     screen.closes()
     screen.until(lambda: paper.exists() and b"/Count 4" in paper.read_bytes(), "a document of four pages")
     screen.clicks(-45, 20)
