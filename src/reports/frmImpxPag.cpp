@@ -7,6 +7,9 @@
 #include "platform/Notices.h"
 #include "platform/WidgetHelpers.h"
 #include "reports/PageRange.h"
+#include "reports/SpoolRegistry.h"
+
+#include <algorithm>
 
 namespace xa518 {
 
@@ -36,10 +39,12 @@ frmImpxPag::frmImpxPag(EntornoInformes entorno, ReportePedido pedido, const Pagi
 
 frmImpxPag::~frmImpxPag() = default;
 
+/// What was told of the report may be an estimate: the end that it gave stands for the report's real one.
 void frmImpxPag::Preliminar() {
     const QString desde = m_ui->txtPagDesde->text();
-    const QString hasta = m_ui->txtPagHasta->text();
-    const Veredicto veredicto = ValidaRango(desde, hasta, m_total);
+    const int ultima = std::max(m_total, PaginasDe(RutaDeInforme(m_entorno.rutaRPT, m_pedido.archivo)).value_or(0));
+    const QString hasta = m_ui->txtPagHasta->isModified() ? m_ui->txtPagHasta->text() : QString::number(ultima);
+    const Veredicto veredicto = ValidaRango(desde, hasta, ultima);
     if (!veredicto) {
         m_entorno.avisos.Muestra(*veredicto.mensaje);
         Enfoca(*findChild<QLineEdit*>(veredicto.campo));

@@ -274,6 +274,27 @@ TEST_F(ReportFormsTest, TheRangeIsAskedForFromSixteenPagesOn) {
     MuestraReporte(m_entorno, Reporte(16), nullptr);
 }
 
+/// The pages that the head of an annex tells are an estimate.
+TEST_F(ReportFormsTest, TheOfferedRangeReachesTheReportsRealEnd) {
+    const std::tuple<QString, QString, QStringList> casos[] = {{u"2"_s, {}, {u"hoja 2"_s, u"hoja 3"_s, u"hoja 4"_s}},
+                                                               {u"2"_s, u"3"_s, {u"hoja 2"_s, u"hoja 3"_s}},
+                                                               {u"4"_s, {}, {u"hoja 4"_s}},
+                                                               {u"4"_s, u"4"_s, {u"hoja 4"_s}}};
+    for (const auto& [desde, hasta, hojas] : casos) {
+        frmImpxPag forma(m_entorno, Reporte(4), {3, TituloImpresion(3)});
+        Muestra(forma);
+        EXPECT_EQ(De<QLineEdit>(forma, u"txtPagHasta"_s).text(), u"3"_s);
+        for (const auto& [campo, texto] : {std::pair{u"txtPagDesde"_s, desde}, {u"txtPagHasta"_s, hasta}}) {
+            De<QLineEdit>(forma, campo).selectAll();
+            QTest::keyClicks(&De(forma, campo), texto);
+        }
+        EsperaEnvio(CuantasPaginas(static_cast<int>(hojas.size())));
+        AlAbrir({}, [](QWidget& vista) { Clic(vista, u"tlbPrevia_4"_s); });
+        Clic(forma, u"cmdAccion_0"_s);
+        EXPECT_EQ(Impreso(), hojas);
+    }
+}
+
 TEST_F(ReportFormsTest, ThePrintDialogShowsAndPrintsTheChosenDeclaration) {
     m_taller.Cabecera({{u"410"_s, u"1234"_s}});
     m_taller.clave.periodo = u"202602"_s;
