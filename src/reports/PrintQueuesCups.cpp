@@ -56,8 +56,8 @@ EstadoCola EstadoDeCola(const QString& nombre) {
     const QByteArray instancia = partes.value(1).toLocal8Bit();
     DestinoCups* destino =
         busca(nullptr, partes[0].toLocal8Bit().constData(), instancia.isEmpty() ? nullptr : instancia.constData());
-    if (!destino)
-        return EstadoCola::NoRecibe;
+    if (!destino) // the service answers for it when it gets the job
+        return EstadoCola::Lista;
     const QByteArray recibe = opcion("printer-is-accepting-jobs", destino->cuantas, destino->opciones);
     const QByteArray estado = opcion("printer-state", destino->cuantas, destino->opciones);
     suelta(1, destino);
