@@ -1,5 +1,6 @@
 #include "values/ProcessMark.h"
 
+#include <QFile>
 #include <QThread>
 
 namespace xa518 {
@@ -31,9 +32,14 @@ MarcaDeProceso::MarcaDeProceso(const QString& ruta) : m_marca(ruta) {
 }
 
 bool MarcaDeProceso::Toma() {
-    if (m_marca.isLocked() || m_marca.tryLock(0) || m_marca.error() != QLockFile::LockFailedError)
+    if (m_marca.isLocked())
         return true;
-    return EsDeNadie(m_marca) && m_marca.removeStaleLockFile() && m_marca.tryLock(0);
+    const bool ajena = !m_marca.tryLock(0) && m_marca.error() == QLockFile::LockFailedError;
+    if (ajena && !(EsDeNadie(m_marca) && m_marca.removeStaleLockFile() && m_marca.tryLock(0)))
+        return false;
+    if (m_marca.isLocked()) // it names the person's machine, and the toolkit makes it for everybody to read
+        QFile::setPermissions(m_marca.fileName(), QFile::ReadOwner | QFile::WriteOwner);
+    return true;
 }
 
 } // namespace xa518

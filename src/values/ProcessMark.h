@@ -4,7 +4,7 @@
 
 namespace xa518 {
 
-/// A lock file that one process holds while it lives; a crashed holder doesn't keep it.
+/// A lock file, private to the user, that one process holds while it lives; a crashed holder doesn't keep it.
 class MarcaDeProceso {
   public:
     explicit MarcaDeProceso(const QString& ruta);

@@ -27,6 +27,7 @@ TEST(SingleInstanceTest, HoldsForItsExecutableWhileTheHolderLivesAndNotAfterItsC
     EscribeEn(marca, {});
     InstanciaUnica propia(ejecutable, carpeta.path());
     EXPECT_TRUE(propia.Toma()) << "it died before it had said its name";
+    EXPECT_EQ(QFile::permissions(marca) & kDeOtros, QFile::Permissions());
     EscribeEn(marca, {});
     EXPECT_FALSE(InstanciaUnica(enlace, carpeta.path()).Toma()) << "the same executable behind a link, and no name";
     EXPECT_TRUE(InstanciaUnica(ejecutable, u"/no/existe"_s).Toma()) << "a missing folder keeps nobody out";
