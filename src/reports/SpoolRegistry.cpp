@@ -7,6 +7,7 @@
 #include "values/Format.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace xa518 {
 
@@ -24,13 +25,19 @@ bool ExisteNombre(Base& base, const QString& archivo) {
     return base.Lee(u"SELECT Archivo FROM SPOOL WHERE Archivo = ?"_s, {archivo}).Siguiente();
 }
 
+bool EstaTomado(Proceso& proceso, const QString& archivo) {
+    return ExisteNombre(*proceso.baseDatos, archivo) || QFileInfo::exists(RutaDeInforme(proceso.rutaRPT, archivo));
+}
+
 /// Numbered across all reports of all modules. The largest name is compared as text, so once a name of another shape
-/// stands in the table the numbers start anew: names already taken are passed over.
-QString SiguienteArchivo(Base& base) {
+/// stands in the table the numbers start anew: names already taken are passed over. A file of which the table knows
+/// nothing counts too: a base that was put back, or the copy of one, may still name it.
+QString SiguienteArchivo(Proceso& proceso) {
+    Base& base = *proceso.baseDatos;
     const Decimal uno = Decimal::DeEntero(1);
     Decimal numero = Ultimo(base, u"SELECT max(left(Archivo,8)) as SecRep FROM SPOOL"_s) + uno;
     QString archivo = Format(numero, u"00000000") + u".PRN"_s;
-    while (ExisteNombre(base, archivo)) {
+    while (EstaTomado(proceso, archivo)) {
         numero = numero + uno;
         archivo = Format(numero, u"00000000") + u".PRN"_s;
     }
@@ -43,7 +50,7 @@ QString NuevoReporte(Proceso& proceso, const QString& codigo, int tipoDoc, const
     Base& base = *proceso.baseDatos;
     Transaccion transaccion = base.Comienza();
     const Decimal ultimaSec = Ultimo(base, u"SELECT max(Secuencia) as SecTipo FROM SPOOL Where CodRep = ?"_s, {codigo});
-    QString archivo = SiguienteArchivo(base);
+    QString archivo = SiguienteArchivo(proceso);
     Registro fila(base.Describe(u"SPOOL"_s));
     fila.Pon(u"CodRep", codigo)
         .Pon(u"Secuencia", Format(ultimaSec + Decimal::DeEntero(1), u"000000"))

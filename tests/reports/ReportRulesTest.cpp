@@ -94,7 +94,9 @@ TEST(Registry, NumbersFilesAcrossTheTableAndReportsWithinTheirCode) {
     EXPECT_EQ(NuevoReporte(taller.proceso, u"PER006"_s, 6, taller.clave.ruc), u"00000099.PRN"_s);
     taller.proceso.baseDatos->Ejecuta(
         u"INSERT INTO SPOOL (CodRep, Secuencia, Archivo) VALUES ('A','1','MANUAL.PRN'),('A','2','00000003.PRN')"_s);
-    EXPECT_EQ(NuevoReporte(taller.proceso, u"OTRO"_s, 6, {}), u"00000004.PRN"_s) << "whatever stands in the table";
+    EscribeEn(RutaDeInforme(taller.proceso.rutaRPT, u"00000004.PRN"_s), "de antes de reponer una copia");
+    EXPECT_EQ(NuevoReporte(taller.proceso, u"OTRO"_s, 6, {}), u"00000005.PRN"_s)
+        << "whatever stands in the table or in the folder";
     EXPECT_THAT(taller.base.Filas(u"SELECT * FROM SPOOL WHERE CodRep='PER006' ORDER BY Secuencia"_s),
                 ElementsAre(u"PER006|000001|00000001.PRN|2026-02-09 18:04:05|ANA|6|20990518018"_s,
                             u"PER006|000002|00000099.PRN|2026-02-09 18:04:05|ANA|6|20990518018"_s));
