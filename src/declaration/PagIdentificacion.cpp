@@ -41,6 +41,7 @@ void AnchoDeTexto(QLineEdit& campo, int caracteres) {
 
 PagIdentificacion::PagIdentificacion(QWidget* padre) : QWidget(padre), m_ui(std::make_unique<Ui::PagIdentificacion>()) {
     m_ui->setupUi(this);
+    m_ui->LblSinDeclarantes->hide();
     PonAnchos();
     ConectaCampos();
 }
@@ -79,8 +80,10 @@ void PagIdentificacion::ConectaCampos() {
     });
 }
 
-void PagIdentificacion::MuestraNueva(const QList<DeclaranteOfrecido>& declarantes) {
+void PagIdentificacion::MuestraNueva(const QList<DeclaranteOfrecido>& declarantes, const QString& usuario) {
     m_nueva = true;
+    if (declarantes.isEmpty())
+        AvisaSinDeclarantes(usuario);
     m_ui->Frame10->hide();
     m_ui->Label1_14->hide();
     m_ui->TxtControl->hide();
@@ -90,6 +93,14 @@ void PagIdentificacion::MuestraNueva(const QList<DeclaranteOfrecido>& declarante
         m_ui->CmbRuc->addItem(Item(declarante));
     m_ui->CmbRuc->setCurrentIndex(-1);
     AjustaCombo(*this, *m_ui->CmbRuc);
+}
+
+void PagIdentificacion::AvisaSinDeclarantes(const QString& usuario) {
+    const QString aviso = u"El usuario %1 no tiene declarantes. Regístrelos en la Consola, ficha Declarantes."_s.arg(
+        usuario.isEmpty() ? u"sin nombre"_s : usuario);
+    m_ui->LblSinDeclarantes->setText(aviso);
+    m_ui->LblSinDeclarantes->show();
+    m_ui->CmbRuc->setAccessibleDescription(aviso);
 }
 
 void PagIdentificacion::MuestraElegida(const DeclaracionElegida& elegida) {

@@ -26,7 +26,8 @@ class PagIdentificacion : public QWidget {
     ~PagIdentificacion() override;
 
     /// Shows what belongs to a new declaration, to one that exists, or to a sent copy, which can't be changed.
-    void MuestraNueva(const QList<DeclaranteOfrecido>& declarantes);
+    /// `usuario` is whose declarants they are.
+    void MuestraNueva(const QList<DeclaranteOfrecido>& declarantes, const QString& usuario);
     void MuestraElegida(const DeclaracionElegida& elegida);
     void MuestraEnviada(const DeclaracionElegida& elegida);
 
@@ -68,6 +69,7 @@ class PagIdentificacion : public QWidget {
   private:
     void ConectaCampos();
     void PonAnchos();
+    void AvisaSinDeclarantes(const QString& usuario);
     void EligeDeclarante();
 
     std::unique_ptr<Ui::PagIdentificacion> m_ui;

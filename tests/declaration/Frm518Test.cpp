@@ -3,6 +3,7 @@
 #include "data/CheckDigits.h"
 #include "data/Transaction.h"
 
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QTabWidget>
@@ -81,6 +82,14 @@ TEST_F(Frm518Test, ANewDeclarationIsTypedInSavedAndComesBack) {
     EXPECT_EQ(Control<QTableView>(u"GrdDatos"_s).model()->rowCount(), 1);
     Pulsa(u"CmdCancelar"_s); // nothing was changed, nothing is asked
     EXPECT_FALSE(m_forma->isVisible());
+}
+
+TEST_F(Frm518Test, AnEmptyListOfDeclarantsSaysWhoseItIs) {
+    m_base->Ejecuta(u"UPDATE CONT SET Usuario = 'JEFE'"_s);
+    AbreNueva();
+    EXPECT_TRUE(Control<QLabel>(u"LblSinDeclarantes"_s).isVisible());
+    EXPECT_EQ(Control<QComboBox>(u"CmbRuc"_s).accessibleDescription(),
+              u"El usuario ANA no tiene declarantes. Regístrelos en la Consola, ficha Declarantes."_s);
 }
 
 TEST_F(Frm518Test, EveryFaultOfTheIdentificationTakesBackToItsField) {
