@@ -50,8 +50,11 @@ void Forma::Prepara(const QList<QAbstractButton*>& salidas) {
         boton->setDefault(false);
     }
     auto* sinRueda = new SinRueda(this);
-    for (QComboBox* lista : findChildren<QComboBox*>())
+    for (QComboBox* lista : findChildren<QComboBox*>()) {
         lista->installEventFilter(sinRueda);
+        if (lista->isEditable())
+            lista->setCompleter(nullptr); // Enter would put an item of its choice in the place of what stands there
+    }
     ComoTextoLlano(*this);
     AclaraDeshabilitados(*this);
     CuidaElFoco(*this, salidas);

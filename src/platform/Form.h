@@ -6,8 +6,9 @@
 
 namespace xa518 {
 
-/// What every form is. Esc does nothing; the window's close button is the form's own way out. Enter goes to the next
-/// field, presses the button that has the focus, and never presses another one.
+/// What every form is. Esc does nothing; the window's close button is the form's own way
+/// out. Enter goes to the next field, presses the button that has the focus, and never presses another one. A list that
+/// can be written in keeps what was written.
 class Forma : public QDialog {
     Q_OBJECT
     Q_PROPERTY(int contextoAyuda READ ContextoAyuda WRITE PonContextoAyuda)
