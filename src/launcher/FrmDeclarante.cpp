@@ -22,6 +22,7 @@ FrmDeclarante::FrmDeclarante(Avisos& avisos, const Declarante& inicial, const QS
     connect(m_ui->CmdAceptar, &QPushButton::clicked, this, Protegido([this] { Acepta(); }));
     connect(m_ui->CmdCancelar, &QPushButton::clicked, this, &FrmDeclarante::reject);
     Prepara({m_ui->CmdCancelar});
+    SaleConEsc();
 }
 
 FrmDeclarante::~FrmDeclarante() = default;

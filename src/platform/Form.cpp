@@ -80,8 +80,11 @@ void Forma::setVisible(bool visible) {
 }
 
 void Forma::keyPressEvent(QKeyEvent* evento) {
-    if (evento->key() == Qt::Key_Escape)
+    if (evento->key() == Qt::Key_Escape) {
+        if (m_saleConEsc)
+            reject();
         return;
+    }
     if (evento->key() != Qt::Key_Return && evento->key() != Qt::Key_Enter) {
         QDialog::keyPressEvent(evento);
         return;

@@ -6,7 +6,7 @@
 
 namespace xa518 {
 
-/// What every form is. Esc does nothing; the window's close button is the form's own way
+/// What every form is. Esc does nothing, but where a form asks for it; the window's close button is the form's own way
 /// out. Enter goes to the next field, presses the button that has the focus, and never presses another one. A list that
 /// can be written in keeps what was written.
 class Forma : public QDialog {
@@ -32,6 +32,9 @@ class Forma : public QDialog {
     /// To be called once the widgets are there. `salidas` are the buttons that leave the form.
     void Prepara(const QList<QAbstractButton*>& salidas);
 
+    /// Esc leaves the form as the window's close button does: for one whose work is typed anew in a breath.
+    void SaleConEsc() { m_saleConEsc = true; }
+
     /// The form's activation: when it first shows and each time that a form over it has closed.
     virtual void AlActivar() {}
 
@@ -46,6 +49,7 @@ class Forma : public QDialog {
 
   private:
     bool m_activada = false;
+    bool m_saleConEsc = false;
     int m_contextoAyuda = 0;
 };
 

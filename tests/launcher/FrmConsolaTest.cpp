@@ -116,6 +116,25 @@ TEST_F(FrmConsolaTest, ADeclarantIsAddedAndChangedByKeyboardAndAFaultKeepsWhatWa
     EXPECT_EQ(Fila(tabla, tabla.Fila()), u"10412345679|QUINUALES|CONTADOR"_s);
 }
 
+TEST_F(FrmConsolaTest, EscLeavesTheDialogOfADeclarantWithoutSaving) {
+    Abre();
+    const QString vista = Fila(Tabla("GrdDeclarantes"), 0);
+    for (const Qt::Key tecla : {Qt::Key_Escape, Qt::Key_Return}) {
+        AlAbrir(u"FrmDeclarante", [&](QWidget& forma) {
+            auto& usuario = De<QComboBox>(forma, "CmbUsuario");
+            usuario.setFocus();
+            usuario.lineEdit()->selectAll();
+            Escribe(forma, u"JEFE"_s);
+            QTest::keyClick(forma.focusWidget(), tecla);
+            EXPECT_EQ(forma.isVisible(), tecla == Qt::Key_Return);
+            if (forma.isVisible())
+                QTest::keyClick(forma.focusWidget(), Qt::Key_Return);
+        });
+        Pulsa("CmdModificar");
+        EXPECT_EQ(Fila(Tabla("GrdDeclarantes"), 0) == vista, tecla == Qt::Key_Escape);
+    }
+}
+
 TEST_F(FrmConsolaTest, ADeclarantGoesAfterAQuestionAndOnlyWithoutDeclarations) {
     Graba(u"202609"_s, 0);
     Abre();
