@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "data/ObjetoUtil.h"
+#include "data/OfferedDeclarants.h"
 #include "data/Transaction.h"
 #include "values/Text.h"
 
@@ -77,6 +78,16 @@ QStringList Declarantes::Usuarios() const {
             usuarios.append(filas.Texto(0));
     }
     return usuarios;
+}
+
+QStringList Declarantes::QueVe(const QString& usuario) const {
+    ConsultaSql consulta{u"SELECT B.Doc_id_d FROM CONT AS B WHERE B.Tip_doc_d = 6"_s, {}};
+    LimitaAlUsuario(consulta, *m_base, usuario);
+    Registros filas = m_base->Lee(consulta.texto, QVariantList(consulta.valores.begin(), consulta.valores.end()));
+    QStringList numeros;
+    while (filas.Siguiente())
+        numeros.append(filas.Texto(0));
+    return numeros;
 }
 
 Veredicto Declarantes::Registra(Declarante declarante) {

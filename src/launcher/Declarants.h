@@ -30,6 +30,9 @@ class Declarantes {
     /// The users that the base knows: those with a kind of their own, and the owners of declarants.
     [[nodiscard]] QStringList Usuarios() const;
 
+    /// The numbers of the declarants that the modules offer to a user.
+    [[nodiscard]] QStringList QueVe(const QString& usuario) const;
+
     /// Adds the declarant, or changes the name and the owner of one who is there; an empty `usuario` leaves the owner.
     /// A number of the old form, eight digits, may be registered: only its declarations can't be saved.
     [[nodiscard]] Veredicto Registra(Declarante declarante);

@@ -28,13 +28,25 @@ PagDeclarantes::~PagDeclarantes() = default;
 void PagDeclarantes::Carga(Base& base) {
     const Declarantes declarantes(base);
     QList<Declarante> lista = declarantes.Lista();
+    const QStringList propios = declarantes.QueVe(LaSesion().Usuario());
     m_usuarios = declarantes.Usuarios();
     m_lista = std::move(lista); // with nothing left to fail between it and its rows
+    Muestra(propios);
+}
+
+/// The module keeps silent about a declarant of somebody else, so his row says it here.
+void PagDeclarantes::Muestra(const QStringList& propios) {
     QList<FilaDeLista> filas;
-    for (const Declarante& declarante : m_lista)
-        filas.append({declarante.ruc, {declarante.ruc, declarante.nombre, declarante.usuario}});
+    for (const Declarante& declarante : m_lista) {
+        const bool propio = propios.contains(declarante.ruc);
+        const QString usuario = propio ? declarante.usuario : u"%1 (otro usuario)"_s.arg(declarante.usuario);
+        filas.append({declarante.ruc, {declarante.ruc, declarante.nombre, usuario}});
+    }
     m_ui->GrdDeclarantes->Llena(filas);
-    m_ui->LblDeclarantes->setText(u"Declarantes registrados: %1"_s.arg(m_lista.size()));
+    QString texto = u"Declarantes registrados: %1"_s.arg(m_lista.size());
+    if (const qsizetype ajenos = m_lista.size() - propios.size(); ajenos > 0)
+        texto += u". De otro usuario: %1, que el módulo no muestra a %2."_s.arg(ajenos).arg(LaSesion().Usuario());
+    m_ui->LblDeclarantes->setText(texto);
 }
 
 void PagDeclarantes::Agrega() {

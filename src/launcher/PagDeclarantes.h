@@ -21,6 +21,7 @@ class PagDeclarantes final : public Pagina {
     void Carga(Base& base) override;
 
   private:
+    void Muestra(const QStringList& propios);
     void Agrega();
     void Modifica();
     void Elimina();

@@ -116,7 +116,7 @@ TEST_F(FrmConsolaTest, ADeclarantIsAddedAndChangedByKeyboardAndAFaultKeepsWhatWa
     EXPECT_EQ(Fila(tabla, tabla.Fila()), u"10412345679|QUINUALES|CONTADOR"_s);
 }
 
-TEST_F(FrmConsolaTest, EscLeavesTheDialogOfADeclarantWithoutSaving) {
+TEST_F(FrmConsolaTest, ADeclarantGivenToSomebodyElseIsMarkedAndEscGivesNothing) {
     Abre();
     const QString vista = Fila(Tabla("GrdDeclarantes"), 0);
     for (const Qt::Key tecla : {Qt::Key_Escape, Qt::Key_Return}) {
@@ -133,6 +133,9 @@ TEST_F(FrmConsolaTest, EscLeavesTheDialogOfADeclarantWithoutSaving) {
         Pulsa("CmdModificar");
         EXPECT_EQ(Fila(Tabla("GrdDeclarantes"), 0) == vista, tecla == Qt::Key_Escape);
     }
+    EXPECT_TRUE(Fila(Tabla("GrdDeclarantes"), 0).endsWith(u"|JEFE (otro usuario)"_s));
+    EXPECT_EQ(Control<QLabel>("LblDeclarantes").text(),
+              u"Declarantes registrados: 1. De otro usuario: 1, que el módulo no muestra a CONTADOR."_s);
 }
 
 TEST_F(FrmConsolaTest, ADeclarantGoesAfterAQuestionAndOnlyWithoutDeclarations) {
