@@ -37,7 +37,7 @@ Sin ninguna orden abre su ventana, que hace lo mismo e inicia el módulo.
       --ejemplo              Agrega una empresa de ejemplo y archivos para importar.
   --declarante RUC           Registra un declarante o cambia sus datos.
       --nombre TEXTO         Su nombre o razón social, de 50 caracteres como máximo.
-      --usuario U            El usuario a quien pertenece. Por omisión, el de XA000.INI.
+      --usuario U            El usuario a quien pertenece, de 50 caracteres como máximo. Por omisión, el de XA000.INI.
   --enviar RUC AAAAMM        Envía la declaración registrada de ese período. Escribe el número de la copia enviada
                              y el número de control. Antes hace una copia de respaldo.
   --respaldar                Hace una copia de respaldo de la base y escribe su nombre. Se conservan las últimas 20,
@@ -79,6 +79,7 @@ void Instala(const Pedido& pedido) {
     if (carpeta.isEmpty())
         throw Rechazo(u"La carpeta de la instalación no puede quedar en blanco."_s);
     Instalacion instalacion(carpeta, pedido.perfil);
+    Exige(instalacion.Valida(pedido.entorno.usuario));
     QStringList hecho = instalacion.Instala(pedido.entorno.usuario);
     if (pedido.opciones.isSet(u"ejemplo"_s))
         hecho += instalacion.InstalaEjemplo();

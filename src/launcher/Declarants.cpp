@@ -4,9 +4,8 @@
 #include "data/ObjetoUtil.h"
 #include "data/OfferedDeclarants.h"
 #include "data/Transaction.h"
+#include "launcher/TextChecks.h"
 #include "values/Text.h"
-
-#include <algorithm>
 
 namespace xa518 {
 
@@ -15,16 +14,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype kLargoRucAntiguo = 8;
-constexpr qsizetype kLargoNombre = 50; ///< what the lists of the modules show
-constexpr int kIngresoGeneral = 1;     ///< of `Tipo_Ingreso`; only a sibling form looks for another
+constexpr int kIngresoGeneral = 1; ///< of `Tipo_Ingreso`; only a sibling form looks for another
 
 bool EsRucAdmitido(const QString& ruc) {
     return ObjetoUtil::ValidaRUC(ruc) || (ruc.size() == kLargoRucAntiguo && ObjetoUtil::ValidaNumeroDoc(ruc));
-}
-
-/// A line break or another control character would break lists and print-outs.
-bool EsTextoDeUnaLinea(const QString& texto) {
-    return std::all_of(texto.cbegin(), texto.cend(), [](QChar c) { return c.isPrint(); });
 }
 
 Veredicto ValidaDeclarante(const Declarante& declarante) {
@@ -32,12 +25,9 @@ Veredicto ValidaDeclarante(const Declarante& declarante) {
         return Veredicto::Critico(u"El RUC '%1' no es válido."_s.arg(declarante.ruc), u"ruc"_s);
     if (declarante.nombre.isEmpty())
         return Veredicto::Critico(u"Ingrese el nombre o razón social del declarante."_s, u"nombre"_s);
-    if (declarante.nombre.size() > kLargoNombre)
-        return Veredicto::Critico(u"El nombre del declarante no puede pasar de %1 caracteres."_s.arg(kLargoNombre),
-                                  u"nombre"_s);
-    if (!EsTextoDeUnaLinea(declarante.nombre))
-        return Veredicto::Critico(u"El nombre del declarante tiene caracteres no permitidos."_s, u"nombre"_s);
-    return Veredicto::Bien();
+    if (Veredicto veredicto = ValidaNombreDeDeclarante(declarante.nombre); !veredicto)
+        return veredicto;
+    return ValidaUsuario(declarante.usuario);
 }
 
 Declarante Lee(const Registros& fila) {

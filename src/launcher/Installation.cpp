@@ -10,6 +10,7 @@
 #include "launcher/PrivateFiles.h"
 #include "launcher/Sample.h"
 #include "launcher/Schema.h"
+#include "launcher/TextChecks.h"
 #include "values/Error.h"
 
 #include <QDir>
@@ -74,7 +75,15 @@ QString Instalacion::CarpetaVigente(const ArchivoPerfil& perfil, const QString& 
     return vigente.isEmpty() ? porOmision : vigente;
 }
 
+Veredicto Instalacion::Valida(const QString& usuario) const {
+    if (Veredicto veredicto = ValidaCarpeta(m_carpeta); !veredicto)
+        return veredicto;
+    return ValidaUsuario(usuario);
+}
+
 QStringList Instalacion::Instala(const QString& usuario) {
+    if (const Veredicto veredicto = Valida(usuario); !veredicto)
+        throw Error(NumeroError::ArgumentoInvalido, veredicto.mensaje->texto);
     CreaCarpetas();
     QStringList hecho{u"Carpeta: %1"_s.arg(m_carpeta)};
     const std::unique_ptr<Base> base = PreparaBase(hecho);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ProfileFile.h"
+#include "values/Message.h"
 
 #include <QString>
 #include <QStringList>
@@ -23,9 +24,12 @@ class Instalacion {
     /// The folder of the installation that the profile file names, or `porOmision` when it names none.
     [[nodiscard]] static QString CarpetaVigente(const ArchivoPerfil& perfil, const QString& porOmision);
 
+    /// Folder and user can be written down so that every module reads them.
+    [[nodiscard]] Veredicto Valida(const QString& usuario) const;
+
     /// Installs, and returns what it did, a line for each thing. `usuario` becomes `SysUser` where the profile file
     /// names nobody. The profile file is written last: it never points to half an installation.
-    /// Raises `ErrorBase`; `VersionAjena` for a base that a later build made, which stays untouched.
+    /// Raises `Error`; `VersionAjena` for a base that a later build made, which stays untouched.
     [[nodiscard]] QStringList Instala(const QString& usuario);
 
     /// Registers the sample company, if nobody has yet, and copies its files.

@@ -115,6 +115,8 @@ TEST_F(Console, RegistersDeclarantsByTheRulesOfTheirNumber) {
         {"a blank name", kRucMuestra, {u" "_s}, 2},
         {"a name past the lists' width", kRucMuestra, {QString(51, u'A')}, 2},
         {"a line break", kRucMuestra, {u"A\nB"_s}, 2},
+        {"an owner on two lines", kRucMuestra, {u"X"_s, u"--usuario"_s, u"JEFE\nDBPath=/"_s}, 2},
+        {"an owner without end", kRucMuestra, {u"X"_s, u"--usuario"_s, QString(51, u'A')}, 2},
     };
     for (const auto& [que, numero, resto, codigo] : casos) {
         EXPECT_EQ(Corre(QStringList{u"--declarante"_s, numero, u"--nombre"_s} + resto), codigo) << que;
@@ -156,6 +158,8 @@ TEST_F(Console, RefusesWhatItDoesNotUnderstand) {
         EXPECT_EQ(Corre(linea.split(u' ', Qt::SkipEmptyParts)), 2) << qPrintable(linea);
         EXPECT_TRUE(errores.startsWith(u"consola: "_s)) << qPrintable(linea);
     }
+    for (const QString& mala : {u"/uno\ndos"_s, u'/' + QString(240, u'a')})
+        EXPECT_EQ(Corre({u"--instalar"_s, u"--carpeta"_s, carpeta + mala}), 2) << "no reader would find it again";
     EXPECT_EQ(Corre({u"--enviar"_s, kRucMuestra, u"202609"_s}), 3); // no installation yet
     EXPECT_FALSE(QFile::exists(rutaIni));
     EXPECT_FALSE(QFile::exists(carpeta));

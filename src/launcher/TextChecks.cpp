@@ -1,0 +1,44 @@
+#include "launcher/TextChecks.h"
+
+#include <QList>
+
+#include <algorithm>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kLargoNombre = 50; ///< what the lists of the modules show
+constexpr qsizetype kLargoUsuario = 50;
+/// The modules read 255 characters of a value, and the names of files go behind this one.
+constexpr qsizetype kLargoCarpeta = 240;
+
+/// By whole characters: those outside the basic plane are two units in the text.
+bool SeImprime(const QString& texto) {
+    const QList<uint> caracteres = texto.toUcs4();
+    return std::all_of(caracteres.cbegin(), caracteres.cend(), [](uint c) { return QChar::isPrint(c); });
+}
+
+Veredicto ValidaLinea(const QString& texto, const QString& que, qsizetype largo, const QString& campo) {
+    if (texto.size() > largo)
+        return Veredicto::Critico(u"%1 no puede pasar de %2 caracteres."_s.arg(que).arg(largo), campo);
+    return CriticoSi(!SeImprime(texto), u"%1 tiene caracteres no permitidos."_s.arg(que), campo);
+}
+
+} // namespace
+
+Veredicto ValidaNombreDeDeclarante(const QString& nombre) {
+    return ValidaLinea(nombre, u"El nombre del declarante"_s, kLargoNombre, u"nombre"_s);
+}
+
+Veredicto ValidaUsuario(const QString& usuario) {
+    return ValidaLinea(usuario, u"El nombre del usuario"_s, kLargoUsuario, u"usuario"_s);
+}
+
+Veredicto ValidaCarpeta(const QString& carpeta) {
+    return ValidaLinea(carpeta, u"La carpeta de la instalación"_s, kLargoCarpeta, u"carpeta"_s);
+}
+
+} // namespace xa518

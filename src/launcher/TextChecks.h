@@ -1,0 +1,14 @@
+#pragma once
+
+#include "values/Message.h"
+
+namespace xa518 {
+
+// What windows and command line let into the register, the profile file and the lists: a line of text, of printable
+// characters. A line break would end a list's row, or the value in a profile file, for every reader.
+
+[[nodiscard]] Veredicto ValidaNombreDeDeclarante(const QString& nombre);
+[[nodiscard]] Veredicto ValidaUsuario(const QString& usuario);
+[[nodiscard]] Veredicto ValidaCarpeta(const QString& carpeta);
+
+} // namespace xa518
