@@ -6,10 +6,16 @@ namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
-TrabajoUnico::TrabajoUnico(const Base& base) : m_marca(base.Ruta() + u".trabajo"_s) {
+TrabajoAjeno::TrabajoAjeno()
+    : Error(NumeroError::BaseBloqueada,
+            u"Otro programa tiene abierta una declaración. Ciérrela, o espere a que termine,"
+            " y vuelva a intentarlo."_s) {}
+
+TrabajoUnico::TrabajoUnico(const Base& base) : TrabajoUnico(base.Ruta()) {}
+
+TrabajoUnico::TrabajoUnico(const QString& rutaBase) : m_marca(rutaBase + u".trabajo"_s) {
     if (!m_marca.Toma())
-        throw Error(NumeroError::BaseBloqueada, u"Otro programa tiene abierta una declaración. Ciérrela, o espere a que"
-                                                " termine, y vuelva a intentarlo."_s);
+        throw TrabajoAjeno();
 }
 
 } // namespace xa518

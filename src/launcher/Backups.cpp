@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "data/SchemaVersion.h"
+#include "data/WorkLock.h"
 #include "launcher/FileHolders.h"
 #include "launcher/PrivateFiles.h"
 #include "launcher/Schema.h"
@@ -145,6 +146,7 @@ Veredicto Respaldos::Restaura(const QString& archivo) const {
         return Veredicto::Critico(u"El archivo '%1' no se puede restaurar: %2"_s.arg(archivo, motivo));
     if (Veredicto veredicto = ExigeLibre(); !veredicto)
         return veredicto;
+    const TrabajoUnico trabajo(m_rutaBase);
     const QString guardado = GuardaLoQueHay();
     // What a broken base left behind must not be played back over the sound one.
     if (QFileInfo::exists(m_rutaBase + kDiario))

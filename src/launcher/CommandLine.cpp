@@ -1,6 +1,7 @@
 #include "launcher/CommandLine.h"
 
 #include "app/Configuration.h"
+#include "data/WorkLock.h"
 #include "launcher/Declarants.h"
 #include "launcher/Installation.h"
 #include "launcher/Session.h"
@@ -45,6 +46,9 @@ Sin ninguna orden abre su ventana, que hace lo mismo e inicia el módulo.
   --restaurar ARCHIVO        Pone una copia de respaldo en el lugar de la base, después de guardar la que había.
   --help                     Muestra esta ayuda.
   --version                  Muestra la versión.
+
+Mientras haya una declaración abierta en el módulo, o trabaje xa518-lote, se rechazan --instalar, --enviar y
+--restaurar.
 
 Código de salida: 0 hecho; 2 rechazado, sin cambiar nada; 3 falló la base de datos o un archivo.
 )"_s;
@@ -214,6 +218,9 @@ int EjecutaConsola(const QStringList& argumentos, QTextStream& salida, QTextStre
         return Hecho;
     } catch (const Rechazo& rechazo) {
         errores << u"consola: "_s << rechazo.Texto() << '\n';
+        return Rechazado;
+    } catch (const TrabajoAjeno& ocupado) {
+        errores << u"consola: "_s << ocupado.Texto() << '\n';
         return Rechazado;
     } catch (const Error& error) {
         errores << u"consola: "_s << error.Texto() << u" (error "_s << error.Numero() << u")\n"_s;

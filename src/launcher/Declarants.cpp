@@ -4,6 +4,7 @@
 #include "data/ObjetoUtil.h"
 #include "data/OfferedDeclarants.h"
 #include "data/Transaction.h"
+#include "data/WorkLock.h"
 #include "launcher/TextChecks.h"
 #include "values/Text.h"
 
@@ -116,6 +117,7 @@ Veredicto Declarantes::Escribe(Declarante declarante, Modo modo) {
 }
 
 Veredicto Declarantes::Elimina(const QString& ruc) {
+    const TrabajoUnico trabajo(*m_base);
     Transaccion transaccion = m_base->Comienza();
     if (TieneDeclaraciones(ruc))
         return Veredicto::Critico(u"El declarante %1 tiene declaraciones: elimínelas primero."_s.arg(ruc), u"ruc"_s);

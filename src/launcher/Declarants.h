@@ -43,6 +43,7 @@ class Declarantes {
     [[nodiscard]] Veredicto Modifica(Declarante declarante);
 
     /// Refused while he has declarations, registered or sent: without his row they could be neither seen nor printed.
+    /// Raises `TrabajoAjeno` while another program has a declaration open: it may be one of his, not saved yet.
     [[nodiscard]] Veredicto Elimina(const QString& ruc);
 
   private:

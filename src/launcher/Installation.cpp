@@ -4,6 +4,7 @@
 #include "app/Startup.h"
 #include "data/Base.h"
 #include "data/SchemaVersion.h"
+#include "data/WorkLock.h"
 #include "data/Workgroup.h"
 #include "launcher/CatalogInstaller.h"
 #include "launcher/Declarants.h"
@@ -84,6 +85,7 @@ Veredicto Instalacion::Valida(const QString& usuario) const {
 QStringList Instalacion::Instala(const QString& usuario) {
     if (const Veredicto veredicto = Valida(usuario); !veredicto)
         throw Error(NumeroError::ArgumentoInvalido, veredicto.mensaje->texto);
+    const TrabajoUnico trabajo(m_carpetaBase + m_nombreBase);
     CreaCarpetas();
     QStringList hecho{u"Carpeta: %1"_s.arg(m_carpeta)};
     const std::unique_ptr<Base> base = PreparaBase(hecho);

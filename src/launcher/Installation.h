@@ -29,7 +29,8 @@ class Instalacion {
 
     /// Installs, and returns what it did, a line for each thing. `usuario` becomes `SysUser` where the profile file
     /// names nobody. The profile file is written last: it never points to half an installation.
-    /// Raises `Error`; `VersionAjena` for a base that a later build made, which stays untouched.
+    /// Raises `Error`; `VersionAjena` for a base that a later build made, which stays untouched, and `TrabajoAjeno`
+    /// while another program has a declaration open, whose tables and catalogue would change under it.
     [[nodiscard]] QStringList Instala(const QString& usuario);
 
     /// Registers the sample company, if nobody has yet, and copies its files.

@@ -3,6 +3,7 @@
 #include "data/Base.h"
 #include "data/RecordChecksum.h"
 #include "data/Transaction.h"
+#include "data/WorkLock.h"
 #include "launcher/DeclarationList.h"
 #include "platform/Clock.h"
 #include "values/Dates.h"
@@ -67,9 +68,15 @@ qint64 MayorNumero(Registros filas) {
 
 } // namespace
 
+Veredicto Envio::Valida(const ClaveDeclaracion& clave) const {
+    const TrabajoUnico trabajo(*m_base);
+    return Revisa(clave);
+}
+
 ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave) {
+    const TrabajoUnico trabajo(*m_base);
     Transaccion transaccion = m_base->Comienza();
-    if (Veredicto veredicto = Valida(clave); !veredicto)
+    if (Veredicto veredicto = Revisa(clave); !veredicto)
         return {std::move(veredicto), {}, {}};
     const QString correl = SiguienteCorrel(clave);
     const QString control = SiguienteControl();
@@ -84,7 +91,7 @@ ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave) {
     return {Veredicto::Bien(), correl, control};
 }
 
-Veredicto Envio::Valida(const ClaveDeclaracion& clave) const {
+Veredicto Envio::Revisa(const ClaveDeclaracion& clave) const {
     Registros cabecera = m_base->Lee(u"SELECT estado FROM CAB "_s + clave.Condicion(), clave.Valores());
     if (!cabecera.Siguiente())
         return Rechaza(u"No existe una declaración registrada del RUC %1 y el período %2."_s, clave);

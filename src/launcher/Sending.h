@@ -17,7 +17,8 @@ struct ResultadoEnvio {
     QString control;
 };
 
-/// Sends a registered declaration: its rows move to the tables of the sent ones.
+/// Sends a registered declaration: its rows move to the tables of the sent ones. Both ways raise `TrabajoAjeno` while
+/// another program has a declaration open: it would be saved again as one more original.
 class Envio {
   public:
     Envio(Base& base, const Reloj& reloj) : m_base(&base), m_reloj(&reloj) {}
@@ -25,10 +26,11 @@ class Envio {
     /// Refused when there is no such declaration, or when it was saved with inconsistencies.
     [[nodiscard]] Veredicto Valida(const ClaveDeclaracion& clave) const;
 
-    /// One transaction, which asks `Valida` once more.
+    /// One transaction, which asks the same once more.
     [[nodiscard]] ResultadoEnvio Envia(const ClaveDeclaracion& clave);
 
   private:
+    [[nodiscard]] Veredicto Revisa(const ClaveDeclaracion& clave) const;
     [[nodiscard]] QString SiguienteCorrel(const ClaveDeclaracion& clave) const;
     [[nodiscard]] QString SiguienteControl();
 

@@ -2,6 +2,7 @@
 
 #include "app/Configuration.h"
 #include "data/SchemaVersion.h"
+#include "data/WorkLock.h"
 #include "launcher/Installation.h"
 #include "platform/Clock.h"
 
@@ -78,6 +79,8 @@ ResultadoEnvio Sesion::Envia(const ClaveDeclaracion& clave) {
 }
 
 QString TextoDeFalla(const Error& error) {
+    if (dynamic_cast<const TrabajoAjeno*>(&error) != nullptr)
+        return error.Texto();
     if (error.Es(NumeroError::BaseBloqueada))
         return u"La base de datos está en uso por otro programa, o es de sólo lectura. Espere a que el otro programa"
                " termine y vuelva a intentarlo."_s;

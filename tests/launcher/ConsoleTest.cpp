@@ -3,6 +3,7 @@
 #include "data/DocumentTypes.h"
 #include "data/SchemaVersion.h"
 #include "data/Transaction.h"
+#include "data/WorkLock.h"
 #include "launcher/CommandLine.h"
 #include "launcher/Declarants.h"
 #include "launcher/Schema.h"
@@ -149,6 +150,28 @@ TEST_F(Console, MakesACopyBeforeASendAndPutsItBack) {
     QFile::remove(RutaBase());
     EXPECT_EQ(Corre({u"--respaldar"_s}), 3);
     EXPECT_TRUE(salida.isEmpty());
+}
+
+TEST_F(Console, WhileADeclarationIsOpenNothingIsTakenFromUnderIt) {
+    ASSERT_EQ(Corre({u"--instalar"_s, u"--ejemplo"_s}), 0);
+    AgregaCabecera(*Abre(), kRucMuestra, u"202609"_s, 0);
+    ASSERT_EQ(Corre({u"--respaldar"_s}), 0);
+    const QStringList copias = QDir(carpeta + u"/RESPALDOS"_s).entryList(QDir::Files);
+    {
+        const TrabajoUnico forma(RutaBase());
+        const QList<QStringList> ordenes = {{u"--enviar"_s, kRucMuestra, u"202609"_s},
+                                            {u"--restaurar"_s, carpeta + u"/RESPALDOS/"_s + copias.value(0)},
+                                            {u"--instalar"_s}};
+        for (const QStringList& orden : ordenes) {
+            EXPECT_EQ(Corre(orden), 2) << qPrintable(orden.first());
+            EXPECT_TRUE(errores.contains(u"tiene abierta una declaración. Ciérrela"_s)) << qPrintable(errores);
+        }
+        const auto base = Abre();
+        base->Ejecuta(u"DELETE * FROM CAB"_s);
+        EXPECT_THROW((void)Declarantes(*base).Elimina(kRucMuestra), TrabajoAjeno);
+    }
+    EXPECT_EQ(QDir(carpeta + u"/RESPALDOS"_s).entryList(QDir::Files), copias);
+    EXPECT_TRUE(Declarantes(*Abre()).Elimina(kRucMuestra));
 }
 
 TEST_F(Console, RefusesWhatItDoesNotUnderstand) {
