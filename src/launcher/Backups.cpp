@@ -4,6 +4,7 @@
 #include "data/SchemaVersion.h"
 #include "data/WorkLock.h"
 #include "launcher/FileHolders.h"
+#include "launcher/KeptNumbers.h"
 #include "launcher/PrivateFiles.h"
 #include "launcher/Schema.h"
 #include "platform/Clock.h"
@@ -148,6 +149,7 @@ Veredicto Respaldos::Restaura(const QString& archivo) const {
         return veredicto;
     const TrabajoUnico trabajo(m_rutaBase);
     const QString guardado = GuardaLoQueHay();
+    ConservaLoNumerado(lugar.Archivo(), guardado);
     // What a broken base left behind must not be played back over the sound one.
     if (QFileInfo::exists(m_rutaBase + kDiario))
         Mueve(m_rutaBase + kDiario, guardado + kDiario);
@@ -175,6 +177,13 @@ Veredicto Respaldos::ExigeLibre() const {
         // A base that is missing or can't be read is what a copy is restored for.
     }
     return Veredicto::Bien();
+}
+
+void Respaldos::ConservaLoNumerado(const QString& nueva, const QString& guardado) const {
+    QStringList copias;
+    for (const Respaldo& copia : Lista())
+        copias.append(copia.ruta);
+    ConservaNumeros(nueva, copias.contains(guardado) ? guardado : QString(), copias);
 }
 
 QString Respaldos::GuardaLoQueHay() const {

@@ -36,8 +36,8 @@ class Respaldos {
 
     /// Puts a copy in the base's place, whole or not at all; one of an earlier version gets the tables of this one.
     /// What stood there is kept first: as one more copy, or byte by byte when it can't be read any more. Refused for a
-    /// file that is no sound base of these programs, and while another program uses the base. Raises `Error`,
-    /// `TrabajoAjeno` among them.
+    /// file that is no sound base of these programs, and while another program uses the base. Numbers of sendings and
+    /// the register of reports don't go back with it. Raises `Error`, `TrabajoAjeno` among them.
     [[nodiscard]] Veredicto Restaura(const QString& archivo) const;
 
     /// What the engine finds wrong in the base, a line for each thing; nothing in a sound one.
@@ -52,6 +52,7 @@ class Respaldos {
     [[nodiscard]] QString HazUna() const;
     /// Keeps the base as it is, if need be byte by byte; returns the name that its remains have now.
     [[nodiscard]] QString GuardaLoQueHay() const;
+    void ConservaLoNumerado(const QString& nueva, const QString& guardado) const;
     void QuitaSobrantes(const QString& reciente) const;
 
     QString m_rutaBase;

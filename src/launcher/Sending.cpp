@@ -5,12 +5,11 @@
 #include "data/Transaction.h"
 #include "data/WorkLock.h"
 #include "launcher/DeclarationList.h"
+#include "launcher/SentNumbers.h"
 #include "platform/Clock.h"
 #include "values/Dates.h"
 
 #include <QHash>
-
-#include <algorithm>
 
 namespace xa518 {
 
@@ -19,12 +18,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QStringList kTablas = {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u"F518PDETVC"_s, u"F518PDETCP"_s};
-
-/// The last control number that was given is the running number of this row, so that none comes twice, not even after
-/// its declaration is deleted.
-const QString kCatalogoEnvios = u"999"_s;
-constexpr qint64 kAntesDelPrimerControl = 10'000'000;
-constexpr qint64 kUltimoControl = 99'999'999;
 
 /// The values that the sent copy has of its own, by column name in lower case.
 using Sello = QHash<QString, QVariant>;
@@ -59,13 +52,6 @@ void Mueve(Base& base, const ClaveDeclaracion& clave, const QString& tabla, cons
     base.Ejecuta(u"DELETE * FROM "_s + tabla + u' ' + clave.Condicion(), clave.Valores());
 }
 
-qint64 MayorNumero(Registros filas) {
-    qint64 mayor = 0;
-    while (filas.Siguiente())
-        mayor = std::max(mayor, filas.Texto(0).toLongLong());
-    return mayor;
-}
-
 } // namespace
 
 Veredicto Envio::Valida(const ClaveDeclaracion& clave) const {
@@ -78,8 +64,9 @@ ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave) {
     Transaccion transaccion = m_base->Comienza();
     if (Veredicto veredicto = Revisa(clave); !veredicto)
         return {std::move(veredicto), {}, {}};
-    const QString correl = SiguienteCorrel(clave);
-    const QString control = SiguienteControl();
+    NumerosDeEnvio numeros(*m_base);
+    const QString correl = numeros.TomaCorrel(clave);
+    const QString control = numeros.TomaControl();
     const Sello sello{{u"correl"_s, correl},
                       {u"control"_s, control},
                       {u"norden"_s, u"0"_s},
@@ -100,32 +87,6 @@ Veredicto Envio::Revisa(const ClaveDeclaracion& clave) const {
                        " enviada."_s,
                        clave);
     return Veredicto::Bien();
-}
-
-/// Deleting a sent declaration leaves its cash-sale rows behind: their numbers count too, or the next copy would meet
-/// them.
-QString Envio::SiguienteCorrel(const ClaveDeclaracion& clave) const {
-    qint64 mayor = 0;
-    for (const QString& tabla : kTablas)
-        mayor = std::max(mayor,
-                         MayorNumero(m_base->Lee(u"SELECT DISTINCT correl FROM H"_s + tabla + u' ' + clave.Condicion(),
-                                                 clave.Valores())));
-    return QString::number(mayor + 1);
-}
-
-QString Envio::SiguienteControl() {
-    const QVariantList clave{kCatalogoEnvios, kNumFormulario};
-    const qint64 ultimo = std::max(
-        {kAntesDelPrimerControl, MayorNumero(m_base->Lee(u"SELECT max(control) FROM HCAB"_s)),
-         MayorNumero(m_base->Lee(u"SELECT correl_param FROM PARAM WHERE Numero = ? AND Argumento = ?"_s, clave))});
-    if (ultimo >= kUltimoControl)
-        throw Desbordamiento();
-    const qint64 control = ultimo + 1;
-    if (m_base->Ejecuta(u"UPDATE PARAM SET correl_param = ? WHERE Numero = ? AND Argumento = ?"_s,
-                        QVariantList{control} + clave) == 0)
-        m_base->Ejecuta(u"INSERT INTO PARAM (correl_param, Numero, Argumento, Funcion) VALUES (?, ?, ?, ?)"_s,
-                        QVariantList{control} + clave + QVariantList{u"NUMERO DE CONTROL"_s});
-    return QString::number(control);
 }
 
 } // namespace xa518

@@ -31,8 +31,6 @@ class Envio {
 
   private:
     [[nodiscard]] Veredicto Revisa(const ClaveDeclaracion& clave) const;
-    [[nodiscard]] QString SiguienteCorrel(const ClaveDeclaracion& clave) const;
-    [[nodiscard]] QString SiguienteControl();
 
     Base* m_base;
     const Reloj* m_reloj;

@@ -152,6 +152,23 @@ TEST_F(Console, MakesACopyBeforeASendAndPutsItBack) {
     EXPECT_TRUE(salida.isEmpty());
 }
 
+// The base that is lost had given one number more than its newest copy knows of.
+TEST_F(Console, ACopyTakesBackNeitherNumbersNorReportsEvenOfALostBase) {
+    ASSERT_EQ(Corre({u"--instalar"_s}), 0);
+    AgregaCabecera(*Abre(), kRucMuestra, u"202609"_s, 0);
+    const QStringList envio{u"--enviar"_s, kRucMuestra, u"202609"_s};
+    const QStringList restaura{u"--restaurar"_s, carpeta + u"/RESPALDOS/XA000-20261121-100000.DB"_s};
+    ASSERT_EQ(Corre(envio), 0) << qPrintable(errores);
+    Abre()->Ejecuta(u"INSERT INTO SPOOL (CodRep, Secuencia) VALUES ('PER006', '000001')"_s);
+    for (const QString& numero : {u"2"_s, u"3"_s}) {
+        ASSERT_EQ(Corre(restaura), 0) << qPrintable(errores);
+        EXPECT_TRUE(Abre()->Lee(u"SELECT 1 FROM SPOOL"_s).Siguiente()) << "its file is still there";
+        ASSERT_EQ(Corre(envio), 0) << qPrintable(errores);
+        EXPECT_TRUE(salida.startsWith(u"Copia enviada: %1\nNúmero de control: 1000000%1\n"_s.arg(numero)));
+        EscribeEn(RutaBase(), "restos de una base");
+    }
+}
+
 TEST_F(Console, WhileADeclarationIsOpenNothingIsTakenFromUnderIt) {
     ASSERT_EQ(Corre({u"--instalar"_s, u"--ejemplo"_s}), 0);
     AgregaCabecera(*Abre(), kRucMuestra, u"202609"_s, 0);

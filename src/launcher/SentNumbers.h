@@ -1,0 +1,42 @@
+#pragma once
+
+#include "data/DeclarationKey.h"
+
+#include <QMap>
+#include <QString>
+
+namespace xa518 {
+
+class Base;
+
+/// The last numbers that sendings got: of control, and of each declaration's copies. A catalogue of the base keeps them
+/// beside the copies themselves, so that none comes twice, not even after its copy is deleted.
+class NumerosDeEnvio {
+  public:
+    /// By argument of the catalogue: the form for the control number, form and declaration for the copy's.
+    using Cuenta = QMap<QString, qint64>;
+
+    explicit NumerosDeEnvio(Base& base) : m_base(&base) {}
+
+    /// Both take the next number for good once the transaction around them is confirmed.
+    [[nodiscard]] QString TomaCorrel(const ClaveDeclaracion& clave);
+    [[nodiscard]] QString TomaControl();
+
+    [[nodiscard]] Cuenta Dados() const;
+    /// What would be given if one more of its registered declarations, whichever, were sent.
+    [[nodiscard]] Cuenta DadosTrasOtroEnvio() const;
+    /// From here on no number up to these is given.
+    void Respeta(const Cuenta& dados);
+
+  private:
+    [[nodiscard]] qint64 UltimoControl() const;
+    [[nodiscard]] qint64 Anotado(const QString& argumento) const;
+    void Anota(const QString& argumento, qint64 numero);
+
+    Base* m_base;
+};
+
+/// The larger of the numbers that either counts.
+[[nodiscard]] NumerosDeEnvio::Cuenta Mayores(NumerosDeEnvio::Cuenta una, const NumerosDeEnvio::Cuenta& otra);
+
+} // namespace xa518
