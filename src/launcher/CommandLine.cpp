@@ -41,6 +41,8 @@ Sin ninguna orden abre su ventana, que hace lo mismo e inicia el módulo.
       --usuario U            El usuario a quien pertenece, de 50 caracteres como máximo. Por omisión, el de XA000.INI.
   --enviar RUC AAAAMM        Envía la declaración registrada de ese período. Escribe el número de la copia enviada
                              y el número de control. Antes hace una copia de respaldo.
+      --otro-original        Admite otro original de un mes ya enviado: sin esta opción se rechaza la declaración
+                             que no dice que rectifica o sustituye a la enviada.
   --respaldar                Hace una copia de respaldo de la base y escribe su nombre. Se conservan las últimas 20,
                              en la subcarpeta RESPALDOS de la instalación.
   --restaurar ARCHIVO        Pone una copia de respaldo en el lugar de la base, después de guardar la que había.
@@ -109,7 +111,12 @@ void Envia(const Pedido& pedido) {
     ClaveDeclaracion clave;
     clave.ruc = pedido.opciones.value(u"enviar"_s);
     clave.periodo = pedido.opciones.positionalArguments().constFirst();
-    const ResultadoEnvio resultado = Sesion(pedido.entorno).Envia(clave);
+    const bool admite = pedido.opciones.isSet(u"otro-original"_s);
+    const ResultadoEnvio resultado =
+        Sesion(pedido.entorno).Envia(clave, admite ? OtroOriginal::Admitido : OtroOriginal::Rechazado);
+    if (resultado.veredicto.campo == u"rectifica")
+        throw Rechazo(resultado.veredicto.mensaje->texto +
+                      u" Para enviarla como otro original agregue --otro-original."_s);
     Exige(resultado.veredicto);
     pedido.salida << u"Copia enviada: "_s << resultado.correl << u"\nNúmero de control: "_s << resultado.control
                   << '\n';
@@ -154,7 +161,7 @@ const QList<Orden>& Ordenes() {
         {u"modulo"_s, {}, 0, AbreModulo},
         {u"instalar"_s, {u"carpeta"_s, u"ejemplo"_s}, 0, Instala},
         {u"declarante"_s, {u"nombre"_s, u"usuario"_s}, 0, RegistraDeclarante},
-        {u"enviar"_s, {}, 1, Envia},
+        {u"enviar"_s, {u"otro-original"_s}, 1, Envia},
         {u"respaldar"_s, {}, 0, Respalda},
         {u"restaurar"_s, {}, 0, Restaura},
     };
@@ -172,6 +179,7 @@ void Define(QCommandLineParser& opciones) {
                          {u"nombre"_s, {}, u"TEXTO"_s},
                          {u"usuario"_s, {}, u"U"_s},
                          {u"enviar"_s, {}, u"RUC"_s},
+                         {u"otro-original"_s, {}},
                          {u"respaldar"_s, {}},
                          {u"restaurar"_s, {}, u"ARCHIVO"_s}});
 }

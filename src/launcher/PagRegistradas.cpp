@@ -37,28 +37,34 @@ void PagRegistradas::Carga(Base& base) {
 /// What can't be sent is told before the question, and once more by the sending itself.
 void PagRegistradas::Envia() {
     const DeclaracionListada declaracion = m_lista.at(m_ui->GrdRegistradas->Fila());
-    ResultadoEnvio resultado{Envio(*LaSesion().Abre(), LaSesion().ElReloj()).Valida(declaracion.clave), {}, {}};
+    const auto [veredicto, original] = LaSesion().RevisaEnvio(declaracion.clave);
+    ResultadoEnvio resultado{veredicto, {}, {}};
     if (resultado.veredicto) {
-        if (!Confirma(declaracion))
+        if (!Confirma(declaracion, original))
             return;
-        RelojDeArena reloj;
-        resultado = LaSesion().Envia(declaracion.clave);
+        const RelojDeArena reloj;
+        resultado =
+            LaSesion().Envia(declaracion.clave, original.isEmpty() ? OtroOriginal::Rechazado : OtroOriginal::Admitido);
     }
     if (!resultado.veredicto) {
         LosAvisos().Muestra(*resultado.veredicto.mensaje);
         return;
     }
     Q_EMIT Cambio();
-    LosAvisos().Muestra({Icono::Informacion,
-                         u"La declaración fue enviada.\n\nCopia enviada: %1\nNúmero de control: %2"_s.arg(
-                             resultado.correl, resultado.control),
-                         {}});
+    LosAvisos().Muestra(
+        {Icono::Informacion,
+         u"La declaración fue enviada.\n\nCopia enviada: %1\nNúmero de control: %2"_s.arg(resultado.correl,
+                                                                                         resultado.control),
+         {}});
 }
 
-bool PagRegistradas::Confirma(const DeclaracionListada& declaracion) const {
-    const QString texto =
+bool PagRegistradas::Confirma(const DeclaracionListada& declaracion, const QString& original) const {
+    QString texto =
         u"¿Confirma el envío de la declaración?\n\nRUC: %1\nNombre: %2\nPeríodo: %3\n\nUna declaración"
         " enviada ya no se puede modificar."_s.arg(declaracion.clave.ruc, declaracion.nombre, declaracion.Periodo());
+    if (!original.isEmpty())
+        texto += u"\n\nAtención: este mes ya fue enviado (copia %1), y esta declaración no dice que rectifique o"
+                 " sustituya a otra. Si la envía así, queda como otro original del mismo mes."_s.arg(original);
     return LosAvisos().Pregunta({Icono::Pregunta, texto, {}}, Respuesta::No) == Respuesta::Si;
 }
 

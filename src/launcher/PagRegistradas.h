@@ -22,7 +22,8 @@ class PagRegistradas final : public Pagina {
 
   private:
     void Envia();
-    [[nodiscard]] bool Confirma(const DeclaracionListada& declaracion) const;
+    /// `original` is the copy beside which it would be another original, if any.
+    [[nodiscard]] bool Confirma(const DeclaracionListada& declaracion, const QString& original) const;
 
     std::unique_ptr<Ui::PagRegistradas> m_ui;
     QList<DeclaracionListada> m_lista;

@@ -54,15 +54,15 @@ void Mueve(Base& base, const ClaveDeclaracion& clave, const QString& tabla, cons
 
 } // namespace
 
-Veredicto Envio::Valida(const ClaveDeclaracion& clave) const {
+Veredicto Envio::Valida(const ClaveDeclaracion& clave, OtroOriginal otro) const {
     const TrabajoUnico trabajo(*m_base);
-    return Revisa(clave);
+    return Revisa(clave, otro);
 }
 
-ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave) {
+ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave, OtroOriginal otro) {
     const TrabajoUnico trabajo(*m_base);
     Transaccion transaccion = m_base->Comienza();
-    if (Veredicto veredicto = Revisa(clave); !veredicto)
+    if (Veredicto veredicto = Revisa(clave, otro); !veredicto)
         return {std::move(veredicto), {}, {}};
     NumerosDeEnvio numeros(*m_base);
     const QString correl = numeros.TomaCorrel(clave);
@@ -78,7 +78,16 @@ ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave) {
     return {Veredicto::Bien(), correl, control};
 }
 
-Veredicto Envio::Revisa(const ClaveDeclaracion& clave) const {
+QString Envio::OriginalYaEnviado(const ClaveDeclaracion& clave) const {
+    Registros cabecera = m_base->Lee(u"SELECT rectifica FROM CAB "_s + clave.Condicion(), clave.Valores());
+    if (!cabecera.Siguiente() || cabecera.Texto(0) == u"1")
+        return {};
+    Registros enviada = m_base->Lee(u"SELECT correl FROM HCAB "_s + clave.Condicion() + u" ORDER BY val(correl) DESC"_s,
+                                    clave.Valores());
+    return enviada.Siguiente() ? enviada.Texto(0) : QString();
+}
+
+Veredicto Envio::Revisa(const ClaveDeclaracion& clave, OtroOriginal otro) const {
     Registros cabecera = m_base->Lee(u"SELECT estado FROM CAB "_s + clave.Condicion(), clave.Valores());
     if (!cabecera.Siguiente())
         return Rechaza(u"No existe una declaración registrada del RUC %1 y el período %2."_s, clave);
@@ -86,6 +95,13 @@ Veredicto Envio::Revisa(const ClaveDeclaracion& clave) const {
         return Rechaza(u"La declaración del RUC %1 y el período %2 fue grabada con inconsistencias: no puede ser"
                        " enviada."_s,
                        clave);
+    const QString enviada = otro == OtroOriginal::Rechazado ? OriginalYaEnviado(clave) : QString();
+    if (!enviada.isEmpty())
+        return Veredicto::Critico(
+            u"La declaración del RUC %1 y el período %2 ya fue enviada (copia %3), y la registrada no dice"
+            " que la rectifique o sustituya. Si lo hace, márquelo en el módulo y grábela de nuevo."_s.arg(
+                clave.ruc, clave.periodo, enviada),
+            u"rectifica"_s);
     return Veredicto::Bien();
 }
 

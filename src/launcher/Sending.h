@@ -17,20 +17,34 @@ struct ResultadoEnvio {
     QString control;
 };
 
-/// Sends a registered declaration: its rows move to the tables of the sent ones. Both ways raise `TrabajoAjeno` while
-/// another program has a declaration open: it would be saved again as one more original.
+/// Whether a declaration can be sent, and the copy beside which it would be another original, if any.
+struct RevisionEnvio {
+    Veredicto veredicto;
+    QString original;
+};
+
+/// Whether a month that was sent may be sent once more by a declaration that doesn't say that it rectifies another.
+enum class OtroOriginal { Rechazado, Admitido };
+
+/// Sends a registered declaration: its rows move to the tables of the sent ones. Both ways
+/// raise `TrabajoAjeno` while another program has a declaration open: it would be saved again as one more original.
 class Envio {
   public:
     Envio(Base& base, const Reloj& reloj) : m_base(&base), m_reloj(&reloj) {}
 
-    /// Refused when there is no such declaration, or when it was saved with inconsistencies.
-    [[nodiscard]] Veredicto Valida(const ClaveDeclaracion& clave) const;
+    /// Refused when there is no such declaration, or when it was saved with inconsistencies, or at the field
+    /// "rectifica" for another original that isn't admitted.
+    [[nodiscard]] Veredicto Valida(const ClaveDeclaracion& clave, OtroOriginal otro) const;
 
     /// One transaction, which asks the same once more.
-    [[nodiscard]] ResultadoEnvio Envia(const ClaveDeclaracion& clave);
+    [[nodiscard]] ResultadoEnvio Envia(const ClaveDeclaracion& clave, OtroOriginal otro);
+
+    /// The number of the copy by which the month was sent last, if the registered declaration doesn't say that it
+    /// rectifies another; otherwise empty.
+    [[nodiscard]] QString OriginalYaEnviado(const ClaveDeclaracion& clave) const;
 
   private:
-    [[nodiscard]] Veredicto Revisa(const ClaveDeclaracion& clave) const;
+    [[nodiscard]] Veredicto Revisa(const ClaveDeclaracion& clave, OtroOriginal otro) const;
 
     Base* m_base;
     const Reloj* m_reloj;

@@ -69,13 +69,19 @@ Respaldos Sesion::Copias() {
     return {m_proceso.rutaBase, m_proceso.sysPath + kCarpetaCopias, m_entorno.reloj};
 }
 
-ResultadoEnvio Sesion::Envia(const ClaveDeclaracion& clave) {
+RevisionEnvio Sesion::RevisaEnvio(const ClaveDeclaracion& clave) {
+    const std::unique_ptr<Base> base = Abre();
+    const Envio envio(*base, m_entorno.reloj);
+    return {envio.Valida(clave, OtroOriginal::Admitido), envio.OriginalYaEnviado(clave)};
+}
+
+ResultadoEnvio Sesion::Envia(const ClaveDeclaracion& clave, OtroOriginal otro) {
     const std::unique_ptr<Base> base = Abre();
     Envio envio(*base, m_entorno.reloj);
-    if (Veredicto veredicto = envio.Valida(clave); !veredicto)
+    if (Veredicto veredicto = envio.Valida(clave, otro); !veredicto)
         return {std::move(veredicto), {}, {}};
     (void)Copias().Haz();
-    return envio.Envia(clave);
+    return envio.Envia(clave, otro);
 }
 
 QString TextoDeFalla(const Error& error) {

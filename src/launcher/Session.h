@@ -27,8 +27,11 @@ class Sesion {
     /// The dated copies of the base; they need no base that opens. Raises `Error` when nothing is installed.
     [[nodiscard]] Respaldos Copias();
 
-    /// Sends a declaration, a copy of the base being made first. Refused or raised, nothing has been sent.
-    [[nodiscard]] ResultadoEnvio Envia(const ClaveDeclaracion& clave);
+    /// What to tell before the question whether to send. Raises `Error`.
+    [[nodiscard]] RevisionEnvio RevisaEnvio(const ClaveDeclaracion& clave);
+
+    /// Sends a declaration, see `Envio`, a copy of the base being made first. Refused or raised, nothing has been sent.
+    [[nodiscard]] ResultadoEnvio Envia(const ClaveDeclaracion& clave, OtroOriginal otro);
 
     [[nodiscard]] const Reloj& ElReloj() const { return m_entorno.reloj; }
     /// As they stood in the profile file at the last opening.

@@ -169,6 +169,20 @@ TEST_F(Console, ACopyTakesBackNeitherNumbersNorReportsEvenOfALostBase) {
     }
 }
 
+TEST_F(Console, AnotherOriginalOfASentMonthIsAskedFor) {
+    ASSERT_EQ(Corre({u"--instalar"_s}), 0);
+    const QStringList envio{u"--enviar"_s, kRucMuestra, u"202609"_s};
+    for (const int codigo : {0, 2}) {
+        AgregaCabecera(*Abre(), kRucMuestra, u"202609"_s, 0);
+        EXPECT_EQ(Corre(envio), codigo) << qPrintable(errores);
+    }
+    EXPECT_TRUE(errores.contains(u"(copia 1)"_s) && errores.contains(u"--otro-original"_s)) << qPrintable(errores);
+    EXPECT_EQ(Corre(envio + QStringList{u"--otro-original"_s}), 0) << qPrintable(errores);
+    AgregaCabecera(*Abre(), kRucMuestra, u"202609"_s, 0);
+    Abre()->Ejecuta(u"UPDATE CAB SET rectifica = '1'"_s);
+    EXPECT_EQ(Corre(envio), 0) << qPrintable(errores);
+}
+
 TEST_F(Console, WhileADeclarationIsOpenNothingIsTakenFromUnderIt) {
     ASSERT_EQ(Corre({u"--instalar"_s, u"--ejemplo"_s}), 0);
     AgregaCabecera(*Abre(), kRucMuestra, u"202609"_s, 0);

@@ -1,5 +1,6 @@
 #include "launcher/FrmConsola.h"
 
+#include "data/WorkLock.h"
 #include "launcher/Declarants.h"
 #include "launcher/RowTable.h"
 #include "platform/Clock.h"
@@ -177,10 +178,27 @@ TEST_F(FrmConsolaTest, SendsOnlyWhatIsCleanAfterAQuestion) {
     EXPECT_EQ(tabla.model()->rowCount(), 2);
 
     avisos.EsperaPregunta(pregunta, Respuesta::Si);
-    avisos.Espera(u"La declaración fue enviada.\n\nCopia enviada: 1\nNúmero de control: 10000001"_s);
+    const QString hecho = u"La declaración fue enviada.\n\nCopia enviada: %1\nNúmero de control: 1000000%1"_s;
+    avisos.Espera(hecho.arg(1));
     Alt(Qt::Key_E);
     EXPECT_EQ(tabla.model()->rowCount(), 1);
     EXPECT_TRUE(Fila(Tabla("GrdEnviadas"), 0).endsWith(u"|09/2026|1|No|10000001|21/11/2026|Enviada|Por registrar"_s));
+
+    LaBase()->Ejecuta(u"DELETE * FROM CAB"_s);
+    Graba(u"202609"_s, 0);
+    Pulsa("CmdActualizar");
+    {
+        const TrabajoUnico forma(RutaBase());
+        avisos.Espera(u"Otro programa tiene abierta una declaración. Ciérrela, o espere a que termine, y vuelva a"
+                      " intentarlo."_s);
+        Alt(Qt::Key_E);
+    }
+    avisos.EsperaPregunta(pregunta + u"\n\nAtención: este mes ya fue enviado (copia 1), y esta declaración no dice que"
+                                     " rectifique o sustituya a otra. Si la envía así, queda como otro original del"
+                                     " mismo mes."_s,
+                          Respuesta::Si);
+    avisos.Espera(hecho.arg(2));
+    Alt(Qt::Key_E);
 }
 
 TEST_F(FrmConsolaTest, ComingBackShowsWhatOthersDidAndABaseInUseLeavesTheWindowAsItWas) {

@@ -66,7 +66,7 @@ class Sending : public testing::Test {
     }
 
     ResultadoEnvio Envia(const QString& periodo) {
-        return Envio(*base, reloj).Envia({kRucMuestra, periodo, kNumFormulario, false, {}});
+        return Envio(*base, reloj).Envia({kRucMuestra, periodo, kNumFormulario, false, {}}, OtroOriginal::Rechazado);
     }
 
     QString Valor(const QString& sql) const { return base.Filas(sql).value(0); }
