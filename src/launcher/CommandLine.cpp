@@ -26,7 +26,8 @@ enum Codigo { Hecho = 0, Rechazado = 2, Fallo = 3 };
 
 const QString kAyuda = uR"(Uso: consola [ORDEN [OPCIONES]]
 
-Instala la base de datos que comparten los módulos, lleva el registro de declarantes y envía declaraciones.
+Instala la base de datos que comparten los módulos, lleva el registro de declarantes y pasa las declaraciones
+grabadas a las copias enviadas. No transmite nada: cada una se presenta a ZOLMA por su propio canal.
 Sin ninguna orden abre su ventana, que hace lo mismo e inicia el módulo.
 
 Órdenes:
@@ -39,8 +40,9 @@ Sin ninguna orden abre su ventana, que hace lo mismo e inicia el módulo.
   --declarante RUC           Registra un declarante o cambia sus datos.
       --nombre TEXTO         Su nombre o razón social, de 50 caracteres como máximo.
       --usuario U            El usuario a quien pertenece, de 50 caracteres como máximo. Por omisión, el de XA000.INI.
-  --enviar RUC AAAAMM        Envía la declaración registrada de ese período. Escribe el número de la copia enviada
-                             y el número de control. Antes hace una copia de respaldo.
+  --enviar RUC AAAAMM        Pasa la declaración registrada de ese período a las copias enviadas de este equipo.
+                             Escribe el número de la copia y el de control. Antes hace una copia de respaldo.
+                             No la transmite: hay que presentarla a ZOLMA por su propio canal.
       --otro-original        Admite otro original de un mes ya enviado: sin esta opción se rechaza la declaración
                              que no dice que rectifica o sustituye a la enviada.
   --respaldar                Hace una copia de respaldo de la base y escribe su nombre. Se conservan las últimas 20,
@@ -118,8 +120,8 @@ void Envia(const Pedido& pedido) {
         throw Rechazo(resultado.veredicto.mensaje->texto +
                       u" Para enviarla como otro original agregue --otro-original."_s);
     Exige(resultado.veredicto);
-    pedido.salida << u"Copia enviada: "_s << resultado.correl << u"\nNúmero de control: "_s << resultado.control
-                  << '\n';
+    pedido.salida << u"Copia enviada: "_s << resultado.correl << u"\nNúmero de control: "_s << resultado.control << '\n'
+                  << kNadaSeTransmite << '\n';
 }
 
 void Respalda(const Pedido& pedido) {

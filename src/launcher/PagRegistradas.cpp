@@ -53,15 +53,16 @@ void PagRegistradas::Envia() {
     Q_EMIT Cambio();
     LosAvisos().Muestra(
         {Icono::Informacion,
-         u"La declaración fue enviada.\n\nCopia enviada: %1\nNúmero de control: %2"_s.arg(resultado.correl,
-                                                                                         resultado.control),
+         u"La declaración pasó a las copias enviadas.\n\nCopia enviada: %1\nNúmero de control: %2\n\n%3"_s.arg(
+             resultado.correl, resultado.control, kNadaSeTransmite),
          {}});
 }
 
 bool PagRegistradas::Confirma(const DeclaracionListada& declaracion, const QString& original) const {
     QString texto =
-        u"¿Confirma el envío de la declaración?\n\nRUC: %1\nNombre: %2\nPeríodo: %3\n\nUna declaración"
-        " enviada ya no se puede modificar."_s.arg(declaracion.clave.ruc, declaracion.nombre, declaracion.Periodo());
+        u"¿Confirma el envío de la declaración?\n\nRUC: %1\nNombre: %2\nPeríodo: %3\n\nEnviarla es pasarla a"
+        " las copias enviadas de este equipo, donde ya no se puede modificar. %4"_s.arg(
+            declaracion.clave.ruc, declaracion.nombre, declaracion.Periodo(), kNadaSeTransmite);
     if (!original.isEmpty())
         texto += u"\n\nAtención: este mes ya fue enviado (copia %1), y esta declaración no dice que rectifique o"
                  " sustituya a otra. Si la envía así, queda como otro original del mismo mes."_s.arg(original);

@@ -10,6 +10,10 @@ namespace xa518 {
 class Base;
 class Reloj;
 
+/// What every answer to a sending says, lest the person takes the word at its face.
+inline const QString kNadaSeTransmite =
+    QStringLiteral("No se transmite nada: hay que presentarla a ZOLMA por su propio canal.");
+
 /// The number of a sent copy and the control number of its sending, or why it can't be sent.
 struct ResultadoEnvio {
     Veredicto veredicto;
@@ -26,7 +30,7 @@ struct RevisionEnvio {
 /// Whether a month that was sent may be sent once more by a declaration that doesn't say that it rectifies another.
 enum class OtroOriginal { Rechazado, Admitido };
 
-/// Sends a registered declaration: its rows move to the tables of the sent ones. Both ways
+/// Sends a registered declaration: its rows move to the tables of the sent ones, and nothing is transmitted. Both ways
 /// raise `TrabajoAjeno` while another program has a declaration open: it would be saved again as one more original.
 class Envio {
   public:

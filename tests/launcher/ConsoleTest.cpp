@@ -7,6 +7,7 @@
 #include "launcher/CommandLine.h"
 #include "launcher/Declarants.h"
 #include "launcher/Schema.h"
+#include "launcher/Sending.h"
 #include "platform/Clock.h"
 #include "platform/ProfileFile.h"
 #include "support/TemporaryBase.h"
@@ -136,7 +137,7 @@ TEST_F(Console, MakesACopyBeforeASendAndPutsItBack) {
     AgregaCabecera(*Abre(), kRucMuestra, u"202610"_s, 9);
     const QStringList envio{u"--enviar"_s, kRucMuestra, u"202609"_s};
     ASSERT_EQ(Corre(envio), 0) << qPrintable(errores);
-    EXPECT_EQ(salida, u"Copia enviada: 1\nNúmero de control: 10000001\n"_s);
+    EXPECT_EQ(salida, u"Copia enviada: 1\nNúmero de control: 10000001\n"_s + kNadaSeTransmite + u'\n');
     EXPECT_EQ(Corre(envio), 2);
     EXPECT_EQ(Corre({u"--enviar"_s, kRucMuestra, u"202610"_s}), 2);
     EXPECT_TRUE(salida.isEmpty());

@@ -170,16 +170,18 @@ TEST_F(FrmConsolaTest, SendsOnlyWhatIsCleanAfterAQuestion) {
     Alt(Qt::Key_E);
 
     QTest::keyClick(&tabla, Qt::Key_Down);
-    const QString pregunta = u"¿Confirma el envío de la declaración?\n\nRUC: %1\nNombre: %2\nPeríodo: 09/2026\n\nUna"
-                             " declaración enviada ya no se puede modificar."_s.arg(
-                                 kRucMuestra, Declarantes(*LaBase()).Busca(kRucMuestra)->nombre);
+    const QString pregunta =
+        u"¿Confirma el envío de la declaración?\n\nRUC: %1\nNombre: %2\nPeríodo: 09/2026\n\n"
+        "Enviarla es pasarla a las copias enviadas de este equipo, donde ya no se puede modificar. "
+        "%3"_s.arg(kRucMuestra, Declarantes(*LaBase()).Busca(kRucMuestra)->nombre, kNadaSeTransmite);
     avisos.EsperaPregunta(pregunta, Respuesta::No);
     Alt(Qt::Key_E);
     EXPECT_EQ(tabla.model()->rowCount(), 2);
 
     avisos.EsperaPregunta(pregunta, Respuesta::Si);
-    const QString hecho = u"La declaración fue enviada.\n\nCopia enviada: %1\nNúmero de control: 1000000%1"_s;
-    avisos.Espera(hecho.arg(1));
+    const QString hecho = u"La declaración pasó a las copias enviadas.\n\nCopia enviada: %1\nNúmero de control:"
+                          " 1000000%1\n\n%2"_s;
+    avisos.Espera(hecho.arg(1).arg(kNadaSeTransmite));
     Alt(Qt::Key_E);
     EXPECT_EQ(tabla.model()->rowCount(), 1);
     EXPECT_TRUE(Fila(Tabla("GrdEnviadas"), 0).endsWith(u"|09/2026|1|No|10000001|21/11/2026|Enviada|Por registrar"_s));
@@ -197,7 +199,7 @@ TEST_F(FrmConsolaTest, SendsOnlyWhatIsCleanAfterAQuestion) {
                                      " rectifique o sustituya a otra. Si la envía así, queda como otro original del"
                                      " mismo mes."_s,
                           Respuesta::Si);
-    avisos.Espera(hecho.arg(2));
+    avisos.Espera(hecho.arg(2).arg(kNadaSeTransmite));
     Alt(Qt::Key_E);
 }
 
