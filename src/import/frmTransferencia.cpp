@@ -128,17 +128,22 @@ ResultadoImportacion frmTransferencia::CorreTransferencia(bool prueba) {
     return resultado;
 }
 
-/// Nothing but the way out answers while a run is going.
+/// Nothing but the way out answers while a run is going, and it only to who means it: the focus stays off it, or the
+/// key that has begun the run, held a little too long, would end it.
 void frmTransferencia::PonCorriendo(bool corriendo) {
     m_corriendo = corriendo;
-    if (corriendo)
-        m_ui->cmCancelar->setFocus();
+    if (corriendo) {
+        m_conFoco = focusWidget();
+        m_ui->barraAvance->setFocus();
+    }
     for (QWidget* control :
          std::initializer_list<QWidget*>{m_ui->OptTipo_0, m_ui->OptTipo_1, m_ui->Drive1, m_ui->TxtCarpeta,
                                          m_ui->DirDirectorio, m_ui->flListaFiles, m_ui->cmdProbar, m_ui->cmdTransferir})
         control->setEnabled(!corriendo);
     m_ui->cmdGuardarErrores->setEnabled(false);
     setAcceptDrops(!corriendo);
+    if (!corriendo && m_conFoco && focusWidget() == m_ui->barraAvance)
+        m_conFoco->setFocus();
 }
 
 bool frmTransferencia::Sigue(const AvanceImportacion& avance) {

@@ -6,6 +6,7 @@
 #include "platform/ProfileFile.h"
 
 #include <QElapsedTimer>
+#include <QPointer>
 
 #include <functional>
 #include <memory>
@@ -84,8 +85,9 @@ class frmTransferencia final : public Forma, private ObservadorImportacion {
 
     QString m_rutaArchivos; ///< the folder chosen
     bool m_cancelarRun = false;
-    bool m_corriendo = false;   ///< lines are being read, so that the dialog can't go yet
-    bool m_yaProcesado = false; ///< a run was asked for in this opening of the dialog
+    bool m_corriendo = false;    ///< lines are being read, so that the dialog can't go yet
+    bool m_yaProcesado = false;  ///< a run was asked for in this opening of the dialog
+    QPointer<QWidget> m_conFoco; ///< what had the focus before the run
     QElapsedTimer m_ritmo;
     QString m_archivo; ///< bare name of the file that the last run was over
     std::unique_ptr<QTemporaryFile> m_errores;

@@ -214,6 +214,7 @@ TEST_F(ImportForm, TheWayOutEndsARunWithinALine) {
     QTimer::singleShot(250, m_forma.get(), [&] {
         EXPECT_FALSE(De("cmdTransferir").isEnabled());
         EXPECT_FALSE(De("OptTipo_1").isEnabled());
+        EXPECT_NE(m_forma->focusWidget(), &De("cmCancelar")) << "a key held down would end the run";
         Pulsa("cmCancelar");
         EXPECT_TRUE(m_forma->isVisible());
     });
