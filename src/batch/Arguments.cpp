@@ -1,6 +1,7 @@
 #include "batch/Arguments.h"
 
 #include "batch/ExitCode.h"
+#include "import/FormatGuide.h"
 #include "values/Dates.h"
 #include "values/Decimal.h"
 #include "values/Text.h"
@@ -57,7 +58,8 @@ const QString kAyuda = kUso +
                        "  --hoy DD/MM/AAAA     trabaja como si fuera ese día\n"
                        "  --help, --version\n"
                        "\nCódigos de salida: 0 hecho y sin observaciones; 1 hecho, con líneas rechazadas o\n"
-                       "inconsistencias; 2 rechazado, no se ha escrito nada; 3 falló la base o un archivo.\n"_s;
+                       "inconsistencias; 2 rechazado, no se ha escrito nada, salvo el motivo en --errores; 3 falló\n"
+                       "la base o un archivo.\n"_s;
 
 Lectura Mal(const QString& motivo) {
     return {std::nullopt, u"xa518-lote: "_s + motivo + u"\n"_s + kUso, kSalidaRechazado};

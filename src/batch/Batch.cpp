@@ -30,6 +30,8 @@ Informe Ejecuta(const Argumentos& argumentos, const EntornoLote& entorno) {
     } catch (const Rechazo& rechazo) {
         informe.codigo = kSalidaRechazado;
         informe.mensajes.append(rechazo.mensaje);
+        if (!rechazo.detalle.isEmpty())
+            informe.mensajes.append({Icono::Critico, rechazo.detalle, {}});
     } catch (const Error& error) {
         informe.codigo = kSalidaFallo;
         informe.mensajes.append({Icono::Critico, u"%1 (error %2)"_s.arg(error.Texto()).arg(error.Numero()), {}});

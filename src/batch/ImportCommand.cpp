@@ -31,13 +31,6 @@ QList<Archivo> ArchivosDe(const Argumentos& argumentos) {
     return archivos;
 }
 
-void Exige(const ResultadoImportacion& resultado) {
-    if (resultado.fin == FinImportacion::Rechazada)
-        throw Rechazo{*resultado.mensaje};
-    if (resultado.fin == FinImportacion::Fallida)
-        throw Error(resultado.numeroError, resultado.mensaje->texto);
-}
-
 void AnotaArchivo(Informe& informe, const QString& ruta) {
     if (ruta.isEmpty() || informe.archivos.contains(ruta))
         return;
@@ -85,6 +78,15 @@ class ArchivoErrores {
         AnotaArchivo(informe, m_archivo.fileName());
     }
 
+    /// Why an import was refused isn't lost over a file that can't be written.
+    void CierraTrasRechazo(Informe& informe) {
+        try {
+            Cierra(informe);
+        } catch (const Error& error) {
+            informe.mensajes.append({Icono::Exclamacion, error.Texto(), {}});
+        }
+    }
+
   private:
     [[nodiscard]] Error Falla() const {
         return {NumeroError::AccesoAlDisco, u"%1: %2"_s.arg(m_archivo.fileName(), m_archivo.errorString())};
@@ -93,6 +95,20 @@ class ArchivoErrores {
     QSaveFile m_archivo;
     std::optional<PlanillaErrores> m_planilla;
 };
+
+/// Goes on only after a run that has imported what it could.
+void Exige(const ResultadoImportacion& resultado, const FormatoImportacion& formato, ArchivoErrores& errores,
+           Informe& informe) {
+    if (resultado.fin == FinImportacion::Rechazada) {
+        const Revision& revision = resultado.revision;
+        informe.rechazado = {resultado.archivo, resultado.detalle, revision.linea,
+                             revision.campos,   formato.Campos(),  revision.lineas};
+        errores.CierraTrasRechazo(informe);
+        throw Rechazo{*resultado.mensaje, resultado.archivo + u": "_s + resultado.detalle};
+    }
+    if (resultado.fin == FinImportacion::Fallida)
+        throw Error(resultado.numeroError, resultado.mensaje->texto);
+}
 
 } // namespace
 
@@ -104,8 +120,10 @@ void CargaTrabajo(Proceso& proceso, const Argumentos& argumentos, const ClaveDec
         return trabajo.Reconstruye(clave);
     ArchivoErrores errores(argumentos.errores);
     const OpcionesImportacion opciones{argumentos.probar, errores.Planilla()};
-    for (qsizetype i = 1; i < archivos.size(); ++i) // the first one is looked through by its own run
-        Exige(Transferencia(proceso, *archivos[i].formato, archivos[i].carpeta).Revisa());
+    for (qsizetype i = 1; i < archivos.size(); ++i) { // the first one is looked through by its own run
+        const auto& [formato, ruta] = archivos[i];
+        Exige(Transferencia(proceso, *formato, ruta, opciones).Revisa(), *formato, errores, informe);
+    }
     bool empezado = false;
     const auto alEmpezar = [&] {
         if (argumentos.probar)
@@ -113,12 +131,12 @@ void CargaTrabajo(Proceso& proceso, const Argumentos& argumentos, const ClaveDec
         else if (!std::exchange(empezado, true))
             trabajo.Reconstruye(clave);
     };
-    for (const Archivo& archivo : archivos) {
+    for (const auto& [formato, ruta] : archivos) {
         const ResultadoImportacion resultado =
-            Transferencia(proceso, *archivo.formato, archivo.carpeta, opciones).Corre(avance, alEmpezar);
+            Transferencia(proceso, *formato, ruta, opciones).Corre(avance, alEmpezar);
         if (resultado.fin != FinImportacion::Rechazada)
             AnotaImportacion(informe, resultado);
-        Exige(resultado);
+        Exige(resultado, *formato, errores, informe);
         if (argumentos.probar)
             informe.mensajes.append(*resultado.mensaje);
     }

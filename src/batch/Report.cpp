@@ -50,6 +50,19 @@ QJsonArray Declaraciones(const QList<FilaLista>& filas) {
     return lista;
 }
 
+QJsonObject Rechazado(const ArchivoRechazado& rechazado) {
+    QJsonObject objeto{{u"archivo"_s, rechazado.archivo},
+                       {u"motivo"_s, rechazado.motivo},
+                       {u"campos_esperados"_s, rechazado.camposEsperados}};
+    if (rechazado.linea > 0) {
+        objeto.insert(u"linea"_s, rechazado.linea);
+        objeto.insert(u"lineas"_s, rechazado.lineas);
+    }
+    if (rechazado.linea > 0 && rechazado.campos >= 0)
+        objeto.insert(u"campos"_s, rechazado.campos);
+    return objeto;
+}
+
 void EscribeLista(const QList<FilaLista>& filas, QTextStream& salida) {
     if (filas.isEmpty())
         salida << u"No hay declaraciones.\n"_s;
@@ -104,6 +117,8 @@ void EscribeJson(const Informe& informe, QTextStream& salida) {
     };
     if (informe.declaraciones)
         objeto.insert(u"declaraciones"_s, Declaraciones(*informe.declaraciones));
+    if (informe.rechazado)
+        objeto.insert(u"rechazado"_s, Rechazado(*informe.rechazado));
     salida << QString::fromUtf8(QJsonDocument(objeto).toJson(QJsonDocument::Compact)) << u'\n';
 }
 

@@ -30,6 +30,17 @@ struct CasillaGrabada {
     QString valor;
 };
 
+/// An import file that was refused whole: its first line at fault, how many fields that has and should have, and how
+/// many lines are like it. The line is 0 when the fault is the file's, the fields below 0 when they weren't counted.
+struct ArchivoRechazado {
+    QString archivo;
+    QString motivo;
+    qint64 linea = 0;
+    qint64 campos = 0;
+    int camposEsperados = 0;
+    qint64 lineas = 0;
+};
+
 /// What a command did, for a person or for a program. What doesn't concern the command is missing.
 struct Informe {
     int codigo = 0;
@@ -41,6 +52,7 @@ struct Informe {
     QStringList archivos;
     QList<Mensaje> mensajes;
     std::optional<QList<FilaLista>> declaraciones;
+    std::optional<ArchivoRechazado> rechazado;
 };
 
 /// For a person: what was done, then what he is told. The messages of a refusal aren't among it.

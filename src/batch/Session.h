@@ -8,9 +8,11 @@
 
 namespace xa518 {
 
-/// Raised when something is refused before anything is written: the message for the user.
+/// Raised when something is refused before anything is written: the message for the user, and where the fault lies
+/// when that is known.
 struct Rechazo {
     Mensaje mensaje;
+    QString detalle{};
 };
 
 [[nodiscard]] Rechazo RechazaCon(const QString& texto);

@@ -32,7 +32,7 @@ PlanillaErrores::PlanillaErrores(QIODevice& destino) : m_destino(destino) {
 }
 
 void PlanillaErrores::Anota(const FilaPlanilla& fila) {
-    QByteArray bytes = QByteArray::number(fila.linea);
+    QByteArray bytes = fila.linea > 0 ? QByteArray::number(fila.linea) : QByteArray();
     AgregaCelda(bytes, fila.campo);
     AgregaCelda(bytes, fila.valor);
     AgregaCelda(bytes, QString(fila.codigo));

@@ -10,10 +10,10 @@ namespace xa518 {
 
 /// A refused line as a person with a spreadsheet looks for it.
 struct FilaPlanilla {
-    qint64 linea = 0; ///< its number in the file, from 1
+    qint64 linea = 0; ///< its number in the file, from 1; 0 for the file as a whole
     QString campo;    ///< what the field at fault is called; empty when the line as a whole is refused
     QString valor;    ///< of that field, as it stands in the file
-    Codigo codigo;
+    Codigo codigo;    ///< empty when the line bars the whole file
     QString motivo;
     QString archivo;
 };

@@ -77,10 +77,22 @@ bool Transferencia::EsApto() {
     m_revision = RevisaArchivo(m_archivo, m_formato.Campos());
     if (m_revision.defecto == Defecto::Ninguno)
         return true;
-    m_resultado.fin = FinImportacion::Rechazada;
-    m_resultado.defecto = m_revision.defecto;
-    m_resultado.mensaje = MensajeDe(m_revision.defecto);
+    RechazaEntero();
     return false;
+}
+
+void Transferencia::RechazaEntero() {
+    m_resultado.fin = FinImportacion::Rechazada;
+    m_resultado.revision = m_revision;
+    m_resultado.mensaje = MensajeDe(m_revision.defecto);
+    m_resultado.detalle = DetalleDe(m_revision, m_formato.Campos());
+    if (m_opciones.planilla)
+        m_opciones.planilla->Anota({.linea = m_revision.linea,
+                                    .campo = {},
+                                    .valor = {},
+                                    .codigo = {},
+                                    .motivo = m_resultado.mensaje->texto + u". "_s + m_resultado.detalle,
+                                    .archivo = m_resultado.archivo});
 }
 
 void Transferencia::ImportaLineas(ObservadorImportacion& observador, const AlEmpezar& alEmpezar) {

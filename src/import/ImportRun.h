@@ -54,9 +54,10 @@ struct ResultadoImportacion {
     /// What the user is told at the end, nothing after a cancel. With refused lines it is a question, whether to show
     /// the report of errors.
     std::optional<Mensaje> mensaje;
-    int numeroError = 0;                ///< of a failed run
-    Defecto defecto = Defecto::Ninguno; ///< of a file that was refused whole
-    QString archivo;                    ///< bare name of the import file
+    int numeroError = 0;      ///< of a failed run
+    Revision revision;        ///< of a file that was refused whole: what for, and where
+    QString detalle;          ///< the same as a sentence
+    QString archivo;          ///< bare name of the import file
     QString rutaLog;          ///< of the refused lines; empty when this run has written none, as a trial never does
     QString rutaErr;          ///< of the error list, likewise
     QStringList noConservado; ///< a sentence for each kind of lines that could not be kept: transferred, or refused
@@ -97,6 +98,7 @@ class Transferencia {
     void Pierde(qint64 lineas);
     void ImportaLinea(QByteArrayView bytes, Almacen& almacen);
     void Rechaza(QByteArrayView bytes, const Refutacion& refutacion);
+    void RechazaEntero();
     void AnotaEnPlanilla(QByteArrayView bytes, const Refutacion& refutacion);
     [[nodiscard]] const QString& Motivo(Codigo codigo);
     void CalcularTot();

@@ -14,6 +14,7 @@ namespace {
 
 constexpr qsizetype kBuffer = 4 * LectorLineas::kLargoMaximo;
 constexpr QByteArrayView kMarcaUtf8("\xEF\xBB\xBF", 3);
+constexpr char kFinDeArchivo = '\x1A'; ///< Ctrl-Z, which programs of the DOS days write behind the last line
 
 } // namespace
 
@@ -37,12 +38,22 @@ LectorLineas::Lectura LectorLineas::Siguiente() {
         if (salto >= 0)
             return Entrega(salto, salto + 1);
         if (m_agotado)
-            return resto.isEmpty() ? Lectura::Fin : Entrega(resto.size(), resto.size());
+            return EntregaResto(resto);
         if (resto.size() > kLargoMaximo + 1) // one more for the CR of a CRLF that is still to come
             return Lectura::DemasiadoLarga;
         vistos = resto.size();
         Rellena();
     }
+}
+
+LectorLineas::Lectura LectorLineas::EntregaResto(QByteArrayView resto) {
+    const qsizetype largo = resto.size();
+    while (resto.endsWith(kFinDeArchivo))
+        resto.chop(1);
+    if (!resto.isEmpty())
+        return Entrega(resto.size(), largo);
+    m_desde += largo;
+    return Lectura::Fin;
 }
 
 LectorLineas::Lectura LectorLineas::Entrega(qsizetype fin, qsizetype siguiente) {

@@ -8,7 +8,7 @@ class QIODevice;
 namespace xa518 {
 
 /// Reads a file line by line through one fixed buffer, so that memory doesn't grow with the file or its lines.
-/// LF and CRLF end a line, a last line needs no end, and a byte order mark is dropped.
+/// LF and CRLF end a line, a last line needs no end; a byte order mark and a final Ctrl-Z are dropped.
 class LectorLineas {
   public:
     enum class Lectura { Linea, Fin, DemasiadoLarga };
@@ -31,6 +31,7 @@ class LectorLineas {
   private:
     void Rellena();
     void SaltaMarca();
+    [[nodiscard]] Lectura EntregaResto(QByteArrayView resto);
     [[nodiscard]] Lectura Entrega(qsizetype fin, qsizetype siguiente);
 
     QIODevice& m_archivo;

@@ -41,9 +41,25 @@ Mensaje MensajeDe(Defecto defecto) {
                 u"El archivo de importación tiene una línea de más de %1 caracteres"_s.arg(LectorLineas::kLargoMaximo),
                 kTituloArchivo};
     case Defecto::Separadores:
+    case Defecto::Utf16:
     case Defecto::Ninguno: break;
     }
     return {Icono::Critico, u"El archivo de importación no tiene el número de campos correctos"_s, {}};
+}
+
+QString DetalleDe(const Revision& revision, int campos) {
+    const QString cual = u"Línea %1: "_s.arg(revision.linea);
+    const QString cuantas = revision.lineas == 1 ? u" Es la única así."_s : u" Hay %1 así."_s.arg(revision.lineas);
+    switch (revision.defecto) {
+    case Defecto::Separadores:
+        return cual + u"tiene %1 campos terminados en «|» y deben ser %2."_s.arg(revision.campos).arg(campos) + cuantas;
+    case Defecto::SinSeparadorFinal: return cual + u"tiene texto después de su último «|»."_s + cuantas;
+    case Defecto::LineaDemasiadoLarga: return cual + u"es demasiado larga; puede que no sea un archivo de texto."_s;
+    case Defecto::Utf16:
+        return u"El archivo está en UTF-16 («Unicode»). Guárdelo como UTF-8 o como Windows-1252 («ANSI»)."_s;
+    case Defecto::Ninguno: break;
+    }
+    return {};
 }
 
 Mensaje MensajeTransferido(const QString& archivo) {

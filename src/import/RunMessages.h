@@ -12,6 +12,9 @@ namespace xa518 {
 /// Why the whole file is refused.
 [[nodiscard]] Mensaje MensajeDe(Defecto defecto);
 
+/// Which line it is for, how many fields that has where `campos` are wanted, and how many lines are like it.
+[[nodiscard]] QString DetalleDe(const Revision& revision, int campos);
+
 /// The end of a run without a refused line.
 [[nodiscard]] Mensaje MensajeTransferido(const QString& archivo);
 

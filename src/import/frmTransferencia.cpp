@@ -46,6 +46,7 @@ frmTransferencia::frmTransferencia(Proceso& proceso, Avisos& avisos, EntornoImpo
     m_ui->setupUi(this);
     PreparaBarra();
     PonEtiquetasEnReposo();
+    PonDetalle({});
     PreparaCarpetas();
     Conecta();
     Prepara({m_ui->cmCancelar});
@@ -99,6 +100,7 @@ void frmTransferencia::Transferir() {
 
 void frmTransferencia::Procesa(bool prueba) {
     m_cancelarRun = false;
+    PonDetalle({});
     const ResultadoImportacion resultado = CorreTransferencia(prueba);
     RecuerdaCarpeta();
     if (m_cancelarRun) { // ends without a word, unless something could not be kept
@@ -166,8 +168,11 @@ void frmTransferencia::MuestraAvance(const AvanceImportacion& avance) {
 /// refused for its fields puts them back.
 void frmTransferencia::MuestraFin(const ResultadoImportacion& resultado) {
     if (resultado.fin == FinImportacion::Rechazada) {
-        if (resultado.defecto == Defecto::Separadores)
+        const Defecto defecto = resultado.revision.defecto;
+        if (defecto == Defecto::Separadores || defecto == Defecto::Utf16)
             PonEtiquetasEnReposo();
+        PonDetalle(resultado.detalle);
+        m_ui->cmdGuardarErrores->setEnabled(m_planilla != nullptr);
         return;
     }
     const bool nada = resultado.transferidos + resultado.rechazados == 0 && resultado.noConservado.isEmpty();
@@ -193,6 +198,12 @@ void frmTransferencia::CuentaElFin(const ResultadoImportacion& resultado, bool p
     // Wanted: the report is built in both answers.
     if (m_entorno.reporte && !resultado.rutaErr.isEmpty())
         m_entorno.reporte(*this, resultado.rutaErr, muestra);
+}
+
+/// Under the list of files: why one was refused whole, until another is looked for.
+void frmTransferencia::PonDetalle(const QString& detalle) {
+    m_ui->LblDefecto->setText(detalle);
+    m_ui->LblDefecto->setVisible(!detalle.isEmpty());
 }
 
 /// They go to a file, not to memory: a whole month may be refused. Without room for it the run goes on without.

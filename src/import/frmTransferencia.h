@@ -72,6 +72,7 @@ class frmTransferencia final : public Forma, private ObservadorImportacion {
     void MuestraFin(const ResultadoImportacion& resultado);
     void CuentaLoPerdido(const ResultadoImportacion& resultado);
     void CuentaElFin(const ResultadoImportacion& resultado, bool prueba);
+    void PonDetalle(const QString& detalle);
     void PonEtiquetasEnReposo();
 
     // The refused lines of the last run.

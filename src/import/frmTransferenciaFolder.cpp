@@ -51,7 +51,10 @@ void frmTransferencia::PreparaCarpetas() {
 }
 
 void frmTransferencia::ConectaCarpetas() {
-    connect(m_ui->OptTipo_0, &QRadioButton::toggled, this, Protegido([this] { ListaArchivos(); }));
+    connect(m_ui->OptTipo_0, &QRadioButton::toggled, this, Protegido([this] {
+                PonDetalle({});
+                ListaArchivos();
+            }));
     connect(m_ui->Drive1, &QComboBox::activated, this, Protegido([this] { CambiaUnidad(); }));
     connect(m_ui->DirDirectorio, &QListWidget::itemActivated, this, Protegido([this] { EntraEnCarpeta(); }));
     AlSalir(*m_ui->TxtCarpeta, [this] {
@@ -73,6 +76,7 @@ void frmTransferencia::PonCarpeta(const QString& carpeta) {
             unidad = i;
     }
     m_ui->Drive1->setCurrentIndex(unidad);
+    PonDetalle({});
     ListaCarpetas();
     ListaArchivos();
 }

@@ -155,6 +155,18 @@ TEST_F(Batch, RefusesWithoutWritingAnything) {
         EXPECT_TRUE(m_errores.contains(mensaje)) << mensaje.toStdString() << ": " << qPrintable(m_errores);
         EXPECT_EQ(Cuenta(u"F518PDET"_s) + Cuenta(u"TMPF518PDET"_s), 300) << mensaje.toStdString();
     }
+    EscribeArchivo("1|2|\n\n");
+    const QString hoja = m_carpeta.filePath(u"errores.csv"_s);
+    EXPECT_EQ(Corre(declarar + u" --json --errores "_s + hoja), 2);
+    const QString detalle = u"Línea 1: tiene 2 campos terminados en «|» y deben ser 18. Hay 2 así."_s;
+    EXPECT_EQ(Json()[u"rechazado"_s].toObject(), (QJsonObject{{u"archivo"_s, QFileInfo(ArchivoDelMes()).fileName()},
+                                                              {u"motivo"_s, detalle},
+                                                              {u"linea"_s, 1},
+                                                              {u"campos"_s, 2},
+                                                              {u"campos_esperados"_s, 18},
+                                                              {u"lineas"_s, 2}}));
+    EXPECT_TRUE(m_errores.contains(detalle));
+    EXPECT_TRUE(QString::fromUtf8(BytesDe(hoja)).contains(detalle));
 }
 
 /// The program itself, because it has to make do without a display.

@@ -51,6 +51,9 @@ TEST(LineReader, EndsOfLines) {
          {"a", "5"}},
         {"\xEF\xBB\xBF", {"3"}},
         {QByteArray("a\0b\n", 4), {QByteArray("a\0b", 3), "4"}},
+        {"a\r\n\x1A", {"a", "4"}},
+        {"a\nb\x1A\x1A", {"a", "b", "5"}},
+        {"a\x1A\nb", {"a\x1A", "b", "4"}},
     };
     for (const auto& [bytes, lineas] : casos) {
         EXPECT_EQ(Lineas(bytes, 4096), lineas) << bytes.toStdString();
@@ -76,6 +79,10 @@ TEST(FileSurvey, WhatBarsAFileAndHowItIsEncoded) {
         QByteArray bytes;
         Defecto defecto;
         Codificacion codificacion = Utf8;
+        QList<qint64> donde{0, 0, 0}; ///< first line, its fields, lines
+    };
+    const auto utf16 = [](const QString& texto) {
+        return QByteArray(reinterpret_cast<const char*>(texto.utf16()), texto.size() * 2);
     };
     const QByteArray larga = QByteArray(LectorLineas::kLargoMaximo, 'x') + "||\n";
     const QList<Archivo> casos = {
@@ -84,22 +91,27 @@ TEST(FileSurvey, WhatBarsAFileAndHowItIsEncoded) {
         {"\xC3\xB1||\nb|c|", Ninguno},
         {"\xC3\xB1||\n\xF1||\n", Ninguno, Windows1252}, // one encoding for the whole file
         {"\xC3||\n", Ninguno, Windows1252},
-        {"a|b|\na|\n", Separadores},
-        {"a|b|\na|b|c|\n", Separadores},
-        {"a|b|\n\n", Separadores},
-        {"a|b|\n   \n", Separadores},
-        {"a|b|c\na|b|\n", SinSeparadorFinal},
-        {"a|b|\t\n", SinSeparadorFinal},
-        {"a|b|c\na|\n", Separadores},
-        {"a|b|c\n" + larga, LineaDemasiadoLarga},
+        {"a|b|\na|\n", Separadores, Utf8, {2, 1, 1}},
+        {"a|b|\na|b|c|\n", Separadores, Utf8, {2, 3, 1}},
+        {"a|b|\n\na|b|\n   \n", Separadores, Utf8, {2, 0, 2}},
+        {"a|b|c\na|b|\na|b|c\n", SinSeparadorFinal, Utf8, {1, 2, 2}},
+        {"a|b|\t\n", SinSeparadorFinal, Utf8, {1, 2, 1}},
+        {"a|b|c\na|\na|b|c\n", Separadores, Utf8, {2, 1, 1}},
+        {"a|\n" + larga, Separadores, Utf8, {1, 1, 1}},
+        {"a|b|c\n" + larga, LineaDemasiadoLarga, Utf8, {2, kSinContar, 1}},
+        {utf16(u"1|ñ|\n"_s), Utf16},
+        {'\0' + utf16(u"1|45678901|\n"_s), Utf16},
+        {utf16(u"\uFEFFañ"_s), Utf16},
+        {"\xFE\xFF", Utf16},
     };
-    for (const auto& [bytes, defecto, codificacion] : casos) {
+    for (const auto& [bytes, defecto, codificacion, donde] : casos) {
         QBuffer archivo;
         archivo.setData(bytes);
         ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
         const Revision revision = RevisaArchivo(archivo, 2);
         EXPECT_EQ(revision.defecto, defecto) << bytes.left(40).toStdString();
         EXPECT_EQ(revision.codificacion, codificacion) << bytes.left(40).toStdString();
+        EXPECT_EQ(QList({revision.linea, revision.campos, revision.lineas}), donde) << bytes.left(40).toStdString();
     }
 }
 

@@ -170,6 +170,9 @@ TEST_F(ImportForm, AFailedRunLeavesTheCountersAtRest) {
     TransfiereOtraVez(
         {Icono::Critico, u"El archivo de importación no tiene el número de campos correctos"_s, u"Importar"_s});
     EXPECT_EQ(Cuentas(), kReposo);
+    EXPECT_EQ(De<QLabel>("LblDefecto").text(),
+              u"Línea 1: tiene 2 campos terminados en «|» y deben ser 18. Es la única así."_s);
+    EXPECT_TRUE(De("cmdGuardarErrores").isEnabled());
     TecleaCarpeta({});
     TransfiereOtraVez({Icono::Informacion, u"Seleccionar directorio donde se encuentran\n\nlos archivos a transferir"_s,
                        u"Mensaje"_s});

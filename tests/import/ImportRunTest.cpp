@@ -159,6 +159,8 @@ TEST(ErrorSheet, LineFieldValueCodeAndReason) {
     (void)escenario.Importa({LineaDe(), LineaDe({{Campo::RazonSocial, u" dos, \"tres\" "_s}}),
                              LineaDe({{Campo::MontoCobrado, u"-5"_s}}), LineaDe({{Campo::NumeroPercepcion, u"=1+1"_s}}),
                              LineaDe()});
+    (void)escenario.Importa(LineaDe().toUtf8() + "\n\n1|2|\n");
+    (void)escenario.Importa(QByteArray("\xFF\xFE", 2));
     EXPECT_EQ(hoja.data(),
               u"\uFEFFLínea,Campo,Valor,Código,Motivo,Archivo\r\n"
               "2,Razón social,\"dos, \"\"tres\"\"\",0992,"
@@ -166,7 +168,12 @@ TEST(ErrorSheet, LineFieldValueCodeAndReason) {
               "3,Monto cobrado,-5,0884,El monto cobrado no es válido,051820990518018202610.TXT\r\n"
               "4,Número del comprobante de percepción,'=1+1,0858,Número de Comprobante no es válido,"
               "051820990518018202610.TXT\r\n"
-              "5,,,0228,De la tabla 0228,051820990518018202610.TXT\r\n"_s.toUtf8());
+              "5,,,0228,De la tabla 0228,051820990518018202610.TXT\r\n"
+              "2,,,,El archivo de importación no tiene el número de campos correctos. "
+              "Línea 2: tiene 0 campos terminados en «|» y deben ser 18. Hay 2 así.,051820990518018202610.TXT\r\n"
+              ",,,,El archivo de importación no tiene el número de campos correctos. "
+              "El archivo está en UTF-16 («Unicode»). Guárdelo como UTF-8 o como Windows-1252 («ANSI»).,"
+              "051820990518018202610.TXT\r\n"_s.toUtf8());
 }
 
 } // namespace
