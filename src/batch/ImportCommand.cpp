@@ -108,6 +108,9 @@ void Exige(const ResultadoImportacion& resultado, const FormatoImportacion& form
     }
     if (resultado.fin == FinImportacion::Fallida)
         throw Error(resultado.numeroError, resultado.mensaje->texto);
+    if (resultado.sinTotales)
+        throw Error(resultado.sinTotales->Numero(),
+                    u"No se pudieron calcular los totales de los clientes. "_s + resultado.sinTotales->Texto());
 }
 
 } // namespace

@@ -180,14 +180,12 @@ const QString& Transferencia::Motivo(Codigo codigo) {
     return motivo;
 }
 
-/// Wanted: over the whole work tables, and also after a cancel or a failure. Why a file was refused goes before a
-/// failure of the totals, which it can't have changed.
+/// Wanted: over the whole work tables, and also after a refusal, a cancel or a failure, whose end it leaves as it is.
 void Transferencia::CalcularTot() {
     try {
         TablasTrabajo(*m_proceso.baseDatos).CalculaTotales();
     } catch (const Error& error) {
-        if (m_resultado.fin == FinImportacion::Completa || m_resultado.fin == FinImportacion::Cancelada)
-            Falla(error);
+        m_resultado.sinTotales = error;
     }
 }
 

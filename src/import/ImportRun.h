@@ -3,6 +3,7 @@
 #include "import/FileSurvey.h"
 #include "import/ImportFormat.h"
 #include "import/ImportLog.h"
+#include "values/Error.h"
 #include "values/Message.h"
 
 #include <QFile>
@@ -15,7 +16,6 @@
 
 namespace xa518 {
 
-class Error;
 class Lotes;
 class PlanillaErrores;
 
@@ -61,6 +61,10 @@ struct ResultadoImportacion {
     QString rutaLog;          ///< of the refused lines; empty when this run has written none, as a trial never does
     QString rutaErr;          ///< of the error list, likewise
     QStringList noConservado; ///< a sentence for each kind of lines that could not be kept: transferred, or refused
+    std::optional<Error> sinTotales; ///< why the clients' totals could not be brought up to date
+
+    /// Whether the run got as far as its lines, so that the work tables may have others than before.
+    [[nodiscard]] bool HuboLineas() const { return transferidos + rechazados > 0; }
 };
 
 /// How a run differs from the plain one.
@@ -70,8 +74,8 @@ struct OpcionesImportacion {
 };
 
 /// One run over one import file: every line is checked and what passes is added to the work tables, whose totals are
-/// brought up to date at the end. What was written before a cancel or an error stays; the last of it may be lost when
-/// it is the base's disk that fails. An object serves one run.
+/// brought up to date at the end; that they can't be is no failure of the run. What was written before a cancel or an
+/// error stays; the last of it may be lost when it is the base's disk that fails. An object serves one run.
 class Transferencia {
   public:
     Transferencia(Proceso& proceso, const FormatoImportacion& formato, QString carpeta,

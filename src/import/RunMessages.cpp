@@ -73,6 +73,13 @@ Mensaje PreguntaPorReporte(const QString& rutaLog) {
             u"Confirmar"_s};
 }
 
+Mensaje PreguntaPorTotales(const Error& error) {
+    return {Icono::Pregunta,
+            u"Las líneas transferidas están en la declaración, pero no en los totales de sus clientes.\n"_s +
+                error.Texto() + u"\n¿Desea calcular los totales otra vez?"_s,
+            u"Confirmar"_s};
+}
+
 QString NoSeConservaron(qint64 perdidas, qint64 conservadas) {
     return u"No se pudieron conservar las últimas líneas transferidas: %1. Se conservan: %2."_s.arg(perdidas).arg(
         conservadas);

@@ -3,6 +3,7 @@
 #include "ui_frmTransferencia.h"
 
 #include "data/Process.h"
+#include "data/WorkTables.h"
 #include "import/Formats.h"
 #include "import/RunMessages.h"
 #include "platform/Application.h"
@@ -86,6 +87,7 @@ void frmTransferencia::Salir() {
     if (m_corriendo)
         return;
     m_enProceso.reset();
+    InsisteEnTotales();
     Termina();
 }
 
@@ -103,17 +105,32 @@ void frmTransferencia::Procesa(bool prueba) {
     PonDetalle({});
     const ResultadoImportacion resultado = CorreTransferencia(prueba);
     RecuerdaCarpeta();
+    if (!prueba)
+        RecuerdaTotales(resultado);
     if (m_cancelarRun) { // ends without a word, unless something could not be kept
         CuentaLoPerdido(resultado);
         if (resultado.fin == FinImportacion::Fallida)
             m_avisos.Muestra(*resultado.mensaje);
+        InsisteEnTotales();
         return Termina();
     }
     m_archivo = resultado.archivo;
     MuestraFin(resultado);
-    if (m_entorno.refresca)
+    if (!prueba)
+        RefrescaLoDebajo(resultado);
+    Protegido([&] { CuentaElFin(resultado, prueba); })(); // a report that fails leaves the totals to be asked for
+    InsisteEnTotales();
+}
+
+/// What stands in its way, such as a lock, mustn't keep the end of the run from being told. The form shows its list
+/// anew when the dialog closes, and tells what it then meets.
+void frmTransferencia::RefrescaLoDebajo(const ResultadoImportacion& resultado) const {
+    if (!m_entorno.refresca || !resultado.HuboLineas())
+        return;
+    try {
         m_entorno.refresca();
-    CuentaElFin(resultado, prueba);
+    } catch (const Error&) { // NOLINT(bugprone-empty-catch)
+    }
 }
 
 ResultadoImportacion frmTransferencia::CorreTransferencia(bool prueba) {
@@ -175,8 +192,7 @@ void frmTransferencia::MuestraFin(const ResultadoImportacion& resultado) {
         m_ui->cmdGuardarErrores->setEnabled(m_planilla != nullptr);
         return;
     }
-    const bool nada = resultado.transferidos + resultado.rechazados == 0 && resultado.noConservado.isEmpty();
-    if (resultado.fin == FinImportacion::Fallida && nada)
+    if (resultado.fin == FinImportacion::Fallida && !resultado.HuboLineas() && resultado.noConservado.isEmpty())
         return;
     MuestraAvance({resultado.transferidos, resultado.rechazados, 0, 0});
     if (resultado.fin == FinImportacion::Completa)
@@ -204,6 +220,25 @@ void frmTransferencia::CuentaElFin(const ResultadoImportacion& resultado, bool p
 void frmTransferencia::PonDetalle(const QString& detalle) {
     m_ui->LblDefecto->setText(detalle);
     m_ui->LblDefecto->setVisible(!detalle.isEmpty());
+}
+
+/// A run that gets as far as the totals makes up for those before it; one without lines leaves them as they were.
+void frmTransferencia::RecuerdaTotales(const ResultadoImportacion& resultado) {
+    if (!resultado.sinTotales || resultado.HuboLineas())
+        m_sinTotales = resultado.sinTotales;
+}
+
+/// Box 401 comes from the totals: they aren't left behind without a word.
+void frmTransferencia::InsisteEnTotales() {
+    while (m_sinTotales && m_avisos.Pregunta(PreguntaPorTotales(*m_sinTotales)) == Respuesta::Si) {
+        const RelojDeArena reloj;
+        try {
+            TablasTrabajo(*m_proceso.baseDatos).CalculaTotales();
+            m_sinTotales.reset();
+        } catch (const Error& error) {
+            m_sinTotales = error;
+        }
+    }
 }
 
 /// They go to a file, not to memory: a whole month may be refused. Without room for it the run goes on without.

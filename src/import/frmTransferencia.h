@@ -68,11 +68,14 @@ class frmTransferencia final : public Forma, private ObservadorImportacion {
     void Procesa(bool prueba);
     [[nodiscard]] ResultadoImportacion CorreTransferencia(bool prueba);
     void PonCorriendo(bool corriendo);
+    void RefrescaLoDebajo(const ResultadoImportacion& resultado) const;
     void MuestraAvance(const AvanceImportacion& avance);
     void MuestraFin(const ResultadoImportacion& resultado);
     void CuentaLoPerdido(const ResultadoImportacion& resultado);
     void CuentaElFin(const ResultadoImportacion& resultado, bool prueba);
     void PonDetalle(const QString& detalle);
+    void RecuerdaTotales(const ResultadoImportacion& resultado);
+    void InsisteEnTotales();
     void PonEtiquetasEnReposo();
 
     // The refused lines of the last run.
@@ -90,7 +93,8 @@ class frmTransferencia final : public Forma, private ObservadorImportacion {
     bool m_yaProcesado = false;  ///< a run was asked for in this opening of the dialog
     QPointer<QWidget> m_conFoco; ///< what had the focus before the run
     QElapsedTimer m_ritmo;
-    QString m_archivo; ///< bare name of the file that the last run was over
+    std::optional<Error> m_sinTotales; ///< why the totals lack what the runs so far have imported
+    QString m_archivo;                 ///< bare name of the file that the last run was over
     std::unique_ptr<QTemporaryFile> m_errores;
     std::unique_ptr<PlanillaErrores> m_planilla;
     /// The run that is going. Wanted: one that has left its file open counts as going, and holds the file, until the

@@ -1,4 +1,5 @@
 #include "import/ImportFixture.h"
+#include "import/RunMessages.h"
 #include "import/frmTransferencia.h"
 #include "support/FormDriver.h"
 
@@ -25,8 +26,14 @@ class ImportForm : public testing::Test {
         EntornoImportacion entorno{ArchivoPerfil(m_escenario.base.Carpeta() + u"/XA000.INI"_s),
                                    [this](Forma&, const QString& rutaErr, bool muestra) {
                                        m_reportes.append({rutaErr, muestra});
+                                       if (m_bloqueada)
+                                           throw ErrorBase(NumeroError::BaseBloqueada, u"Sin reporte."_s);
                                    },
-                                   [this] { ++m_refrescos; },
+                                   [this] {
+                                       ++m_refrescos;
+                                       if (m_bloqueada)
+                                           throw ErrorBase(NumeroError::BaseBloqueada, u"Ocupada."_s);
+                                   },
                                    [this](QWidget&, const QString& sugerido) {
                                        m_sugerido = sugerido;
                                        return m_elegido;
@@ -75,6 +82,7 @@ class ImportForm : public testing::Test {
     AvisosDePrueba m_avisos;
     QList<std::pair<QString, bool>> m_reportes;
     int m_refrescos = 0;
+    bool m_bloqueada = false;
     QString m_sugerido;
     QString m_elegido;
     std::unique_ptr<frmTransferencia> m_forma;
@@ -145,6 +153,7 @@ TEST_F(ImportForm, RefusedLinesAreSavedForASpreadsheet) {
     Pulsa("cmdProbar");
     EXPECT_THAT(m_escenario.Cuenta(), Each(0));
     EXPECT_THAT(m_reportes, ElementsAre());
+    EXPECT_EQ(m_refrescos, 0);
     m_elegido = m_escenario.base.Carpeta() + u"/errores.csv"_s;
     Pulsa("cmdGuardarErrores");
     EXPECT_EQ(m_sugerido, m_escenario.base.Carpeta() + u"/051820990518018202610-errores.csv"_s);
@@ -177,6 +186,28 @@ TEST_F(ImportForm, AFailedRunLeavesTheCountersAtRest) {
     TransfiereOtraVez({Icono::Informacion, u"Seleccionar directorio donde se encuentran\n\nlos archivos a transferir"_s,
                        u"Mensaje"_s});
     EXPECT_EQ(Cuentas(), kReposo);
+}
+
+/// Whatever stands in the way of what comes after the lines, the run's end is told, and the totals aren't forgotten.
+TEST_F(ImportForm, FailuresBehindTheRunLeaveItsEnd) {
+    m_escenario.base->Ejecuta(u"DROP TABLE F518PDET"_s);
+    m_bloqueada = true;
+    const QString sinTotales =
+        PreguntaPorTotales(*m_escenario.Importa({LineaDe({{Campo::CreditoFiscal, u"2"_s}})}).sinTotales).texto;
+    EscribeConRechazos();
+    TecleaCarpeta(m_escenario.base.Carpeta());
+    m_avisos.EsperaPregunta(Pregunta(), Respuesta::Si);
+    AvisosDelPrograma().Espera(u"Sin reporte."_s);
+    m_avisos.EsperaPregunta(sinTotales, Respuesta::Si);
+    m_avisos.EsperaPregunta(sinTotales, Respuesta::No);
+    Pulsa("cmdTransferir");
+    EXPECT_EQ(Cuentas(), u"1 Transferidos, 1 Rechazados"_s);
+    EXPECT_THAT(m_reportes, testing::SizeIs(1));
+    EXPECT_EQ(m_refrescos, 1);
+    m_avisos.AlMostrar([this] { m_escenario.base->Ejecuta(u"CREATE TABLE F518PDET (doc_id_d TEXT)"_s); });
+    m_avisos.EsperaPregunta(sinTotales, Respuesta::Si);
+    Pulsa("cmCancelar");
+    EXPECT_EQ(m_escenario.base.Filas(u"SELECT mto_base_p * 10 FROM TMPF518PCAB"_s), QStringList{u"1005"_s});
 }
 
 TEST_F(ImportForm, AFileWithoutItsFinalSeparatorStaysOpenUntilTheNextRunOrTheWayOut) {

@@ -40,13 +40,14 @@ TEST(ImportRun, ACancelAtAnyLineKeepsWhatIsWrittenAndTotalsIt) {
     }
 }
 
-TEST(ImportRun, AFailureOfTheTotalsIsTold) {
+TEST(ImportRun, AFailureOfTheTotalsIsToldBesideTheEnd) {
     Escenario escenario;
     escenario.base->Ejecuta(u"DROP TABLE F518PDET"_s);
     const ResultadoImportacion resultado = escenario.Importa({LineaDe()});
-    EXPECT_EQ(resultado.fin, FinImportacion::Fallida);
-    EXPECT_EQ(resultado.numeroError, 3011);
-    EXPECT_EQ(resultado.transferidos, 1);
+    EXPECT_EQ(resultado.fin, FinImportacion::Completa);
+    EXPECT_EQ(Texto(resultado), u"Archivo : 051820990518018202610.TXT transferido"_s);
+    ASSERT_TRUE(resultado.sinTotales);
+    EXPECT_EQ(resultado.sinTotales->Numero(), 3011);
     EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 1));
 }
 
