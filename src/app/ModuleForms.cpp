@@ -50,7 +50,11 @@ void AbreImportacion(Proceso& proceso, Avisos& avisos, Forma& sobre, const Impor
         const QString ruta = QFileDialog::getSaveFileName(&dialogo, u"Guardar errores"_s, sugerido, u"CSV (*.csv)"_s);
         return ruta.isEmpty() || !QFileInfo(ruta).suffix().isEmpty() ? ruta : ruta + u".csv"_s;
     };
-    frmTransferencia dialogo(proceso, avisos, {PerfilCompartido(), reporte, pedida.refresca, pideArchivo}, &sobre);
+    const auto pideCarpeta = [](QWidget& dialogo, const QString& desde) {
+        return QFileDialog::getExistingDirectory(&dialogo, u"Examinar"_s, desde);
+    };
+    frmTransferencia dialogo(proceso, avisos, {PerfilCompartido(), reporte, pedida.refresca, pideArchivo, pideCarpeta},
+                             &sobre);
     sobre.AbreModal(dialogo);
 }
 

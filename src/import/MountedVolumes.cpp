@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <QStorageInfo>
 
 #include <algorithm>
@@ -40,6 +41,19 @@ QStringList VolumenesMontados() {
         raices.append(RaizDelPrograma());
     std::sort(raices.begin(), raices.end());
     return raices;
+}
+
+QList<Lugar> CarpetasPersonales() {
+    QList<Lugar> lugares;
+    for (const Lugar& lugar :
+         {Lugar{u"Carpeta personal"_s, QDir::homePath()},
+          Lugar{u"Documentos"_s, QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)}}) {
+        const bool repetida = std::any_of(lugares.begin(), lugares.end(),
+                                          [&](const Lugar& anterior) { return anterior.ruta == lugar.ruta; });
+        if (!repetida && QFileInfo(lugar.ruta).isDir())
+            lugares.append(lugar);
+    }
+    return lugares;
 }
 
 QString RaizDelPrograma() {

@@ -155,9 +155,9 @@ void frmTransferencia::PonCorriendo(bool corriendo) {
         m_conFoco = focusWidget();
         m_ui->barraAvance->setFocus();
     }
-    for (QWidget* control :
-         std::initializer_list<QWidget*>{m_ui->OptTipo_0, m_ui->OptTipo_1, m_ui->Drive1, m_ui->TxtCarpeta,
-                                         m_ui->DirDirectorio, m_ui->flListaFiles, m_ui->cmdProbar, m_ui->cmdTransferir})
+    for (QWidget* control : std::initializer_list<QWidget*>{m_ui->OptTipo_0, m_ui->OptTipo_1, m_ui->Drive1,
+                                                            m_ui->TxtCarpeta, m_ui->cmdExaminar, m_ui->DirDirectorio,
+                                                            m_ui->flListaFiles, m_ui->cmdProbar, m_ui->cmdTransferir})
         control->setEnabled(!corriendo);
     m_ui->cmdGuardarErrores->setEnabled(false);
     setAcceptDrops(!corriendo);

@@ -31,6 +31,8 @@ struct EntornoImportacion {
     std::function<void()> refresca;
     /// Where a person wants the refused lines, suggested a name; empty to leave it.
     std::function<QString(QWidget& sobre, const QString& sugerido)> pideArchivo;
+    /// The folder that a person picks in the system's own dialog, which begins at another; empty to leave it.
+    std::function<QString(QWidget& sobre, const QString& desde)> pideCarpeta;
 };
 
 /// The dialog in which a person picks a folder and imports the declaration's text file.
@@ -58,6 +60,7 @@ class frmTransferencia final : public Forma, private ObservadorImportacion {
     void ConectaCarpetas();
     void PonCarpeta(const QString& carpeta);
     void CambiaUnidad();
+    void Examinar();
     void EntraEnCarpeta();
     void ListaCarpetas();
     void ListaArchivos();

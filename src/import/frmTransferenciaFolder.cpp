@@ -35,6 +35,12 @@ QString RutaSoltada(const QMimeData& datos) {
     return {};
 }
 
+/// What a person types for a folder; `~` is the home folder, as in a terminal.
+QString CarpetaEscrita(const QString& escrita) {
+    const QString carpeta = QDir::fromNativeSeparators(escrita);
+    return carpeta == u"~" || carpeta.startsWith(u"~/"_s) ? QDir::homePath() + carpeta.sliced(1) : carpeta;
+}
+
 bool EstaDebajo(const QString& carpeta, const QString& raiz) {
     const QString conBarra = raiz.endsWith(u'/') ? raiz : raiz + u'/';
     return carpeta == raiz || carpeta.startsWith(conBarra);
@@ -46,6 +52,9 @@ void frmTransferencia::PreparaCarpetas() {
     const QIcon disco = style()->standardIcon(QStyle::SP_DriveHDIcon);
     for (const QString& raiz : VolumenesMontados())
         m_ui->Drive1->addItem(disco, QDir::toNativeSeparators(raiz), raiz);
+    for (const Lugar& lugar : CarpetasPersonales())
+        m_ui->Drive1->addItem(style()->standardIcon(QStyle::SP_DirHomeIcon),
+                              u"%1 (%2)"_s.arg(lugar.nombre, QDir::toNativeSeparators(lugar.ruta)), lugar.ruta);
     const QString recordada = m_entorno.perfil.Lee(kSeccion, kClave);
     PonCarpeta(QDir(recordada).exists() && !recordada.isEmpty() ? recordada : RaizDelPrograma());
 }
@@ -56,11 +65,12 @@ void frmTransferencia::ConectaCarpetas() {
                 ListaArchivos();
             }));
     connect(m_ui->Drive1, &QComboBox::activated, this, Protegido([this] { CambiaUnidad(); }));
+    connect(m_ui->cmdExaminar, &QPushButton::clicked, this, Protegido([this] { Examinar(); }));
     connect(m_ui->DirDirectorio, &QListWidget::itemActivated, this, Protegido([this] { EntraEnCarpeta(); }));
     AlSalir(*m_ui->TxtCarpeta, [this] {
         const QString escrita = m_ui->TxtCarpeta->text().trimmed();
         if (escrita != QDir::toNativeSeparators(m_rutaArchivos))
-            PonCarpeta(QDir::fromNativeSeparators(escrita));
+            PonCarpeta(CarpetaEscrita(escrita));
         return Salida::Libre;
     });
 }
@@ -87,6 +97,13 @@ void frmTransferencia::CambiaUnidad() {
         return PonCarpeta(raiz);
     PonCarpeta(m_rutaArchivos); // the list goes back to the unit that is shown
     m_avisos.Muestra(Errores_Transferencia(Error(kUnidadNoDisponible, u"La unidad no está disponible."_s)));
+}
+
+void frmTransferencia::Examinar() {
+    if (!m_entorno.pideCarpeta)
+        return;
+    if (const QString carpeta = m_entorno.pideCarpeta(*this, m_rutaArchivos); !carpeta.isEmpty())
+        PonCarpeta(carpeta);
 }
 
 void frmTransferencia::EntraEnCarpeta() {

@@ -94,7 +94,7 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
             Ve(frmPerDet(proceso, avisos, {{clave, u"01"_s, {}, {}}, {}, {}}, u"1"_s), u"payment"_s, mira);
         }
         Ve(FrmAgePer(proceso, avisos, u"10/2026"_s, {}), u"new"_s, mira);
-        Ve(frmTransferencia(proceso, avisos, {PerfilCompartido(), {}, {}, {}}), u"import"_s, mira);
+        Ve(frmTransferencia(proceso, avisos, {PerfilCompartido(), {}, {}, {}, {}}), u"import"_s, mira);
         proceso.opcion = kNueva;
         Ve(Frm518(proceso, avisos, barra, {}, {}), u"new"_s, mira);
         proceso.rutaMens = raiz.filePath(u"Mens.txt"_s);

@@ -37,7 +37,8 @@ class ImportForm : public testing::Test {
                                    [this](QWidget&, const QString& sugerido) {
                                        m_sugerido = sugerido;
                                        return m_elegido;
-                                   }};
+                                   },
+                                   [this](QWidget&, const QString&) { return m_elegido; }};
         m_forma = std::make_unique<frmTransferencia>(m_escenario.proceso, m_avisos, entorno);
         Muestra(*m_forma);
     }
@@ -110,6 +111,17 @@ TEST_F(ImportForm, TheListShowsTheExpectedFileAlone) {
     QTest::keyClick(&lista, Qt::Key_Return);
     EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), carpeta + u"/dentro"_s);
     EXPECT_THAT(Archivos(), ElementsAre());
+}
+
+TEST_F(ImportForm, ThePersonsOwnFoldersAreNear) {
+    TecleaCarpeta(u"~"_s);
+    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), QDir::homePath());
+    EXPECT_EQ(De<QComboBox>("Drive1").currentData().toString(), QDir::homePath());
+    Pulsa("cmdExaminar"); // and thinks better of it
+    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), QDir::homePath());
+    m_elegido = m_escenario.base.Carpeta();
+    Pulsa("cmdExaminar");
+    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), m_elegido);
 }
 
 TEST_F(ImportForm, ADroppedFileBringsItsFolderAndItsKind) {
