@@ -16,9 +16,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kUso = u"Uso: xa518-lote importar --ruc RUC --periodo AAAAMM [--percepciones DIR] [--ventas DIR]\n"
+const QString kUso = u"Uso: xa518-lote importar --ruc RUC --periodo AAAAMM [--percepciones RUTA] [--ventas RUTA]\n"
                      "                         [--errores ARCHIVO] [--probar]\n"
-                     "     xa518-lote declarar --ruc RUC --periodo AAAAMM [--percepciones DIR] [--ventas DIR]\n"
+                     "     xa518-lote declarar --ruc RUC --periodo AAAAMM [--percepciones RUTA] [--ventas RUTA]\n"
                      "                         [--errores ARCHIVO]\n"
                      "                         [--pagos-previos N] [--interes N] [--importe N]\n"
                      "                         [--efectivo | --cheque NUM --banco COD] [--rectifica]\n"
@@ -38,8 +38,8 @@ const QString kAyuda = kUso +
                        "\nOpciones:\n"
                        "  --ruc RUC            número del declarante\n"
                        "  --periodo AAAAMM     período tributario\n"
-                       "  --percepciones DIR   carpeta del archivo 0518<RUC><AAAAMM>.TXT\n"
-                       "  --ventas DIR         carpeta del archivo de ventas al contado, 0518<RUC><AAAAMM>VC.TXT\n"
+                       "  --percepciones RUTA  el archivo 0518<RUC><AAAAMM>.TXT, o la carpeta que lo tiene\n"
+                       "  --ventas RUTA        lo mismo con el de ventas al contado, 0518<RUC><AAAAMM>VC.TXT\n"
                        "  --errores ARCHIVO    deja ahí las líneas rechazadas, con su campo y su motivo, como CSV\n"
                        "  --probar             revisa los archivos sin guardar nada, tampoco .Log ni .Err\n"
                        "  --pagos-previos N    casilla 402\n"

@@ -15,8 +15,8 @@ struct Argumentos {
     Orden orden = Orden::Listar;
     QString ruc;
     QString periodo;                     ///< `yyyymm`
-    std::optional<QString> percepciones; ///< absolute folder of the file of perception vouchers
-    std::optional<QString> ventas;       ///< absolute folder of the file of cash sales
+    std::optional<QString> percepciones; ///< absolute: the file of perception vouchers, or its folder
+    std::optional<QString> ventas;       ///< absolute: the file of cash sales, or its folder
     std::optional<QString> errores;      ///< absolute: where the refused lines are left as CSV
     bool probar = false;                 ///< checks the files and keeps nothing
     std::optional<QString> pagosPrevios;

@@ -7,8 +7,10 @@
 #include "data/WorkTables.h"
 #include "import/ErrorSheet.h"
 #include "import/Formats.h"
+#include "import/ImportFile.h"
 #include "import/ImportRun.h"
 
+#include <QFileInfo>
 #include <QSaveFile>
 
 namespace xa518 {
@@ -19,15 +21,25 @@ namespace {
 
 struct Archivo {
     const FormatoImportacion* formato;
-    QString carpeta;
+    QString ruta; ///< of its folder, or its own
 };
 
-QList<Archivo> ArchivosDe(const Argumentos& argumentos) {
+/// A file with another name is that of another month or kind, which nothing in its lines may tell.
+void ExigeNombre(const Proceso& proceso, const Archivo& archivo) {
+    const QString nombre = NombreDeArchivo(proceso, *archivo.formato);
+    if (QFileInfo(archivo.ruta).isFile() && !SeLlama(archivo.ruta, nombre))
+        throw RechazaCon(u"«%1» no es el archivo de ese RUC y ese período, que se llama «%2»."_s.arg(
+            QFileInfo(archivo.ruta).fileName(), nombre));
+}
+
+QList<Archivo> ArchivosDe(const Proceso& proceso, const Argumentos& argumentos) {
     QList<Archivo> archivos;
     if (argumentos.percepciones)
         archivos.append({&FormatoPercepciones(), *argumentos.percepciones});
     if (argumentos.ventas)
         archivos.append({&FormatoVentas(), *argumentos.ventas});
+    for (const Archivo& archivo : archivos)
+        ExigeNombre(proceso, archivo);
     return archivos;
 }
 
@@ -118,7 +130,7 @@ void Exige(const ResultadoImportacion& resultado, const FormatoImportacion& form
 void CargaTrabajo(Proceso& proceso, const Argumentos& argumentos, const ClaveDeclaracion& clave,
                   ObservadorImportacion& avance, Informe& informe) {
     TablasTrabajo trabajo(*proceso.baseDatos);
-    const QList<Archivo> archivos = ArchivosDe(argumentos);
+    const QList<Archivo> archivos = ArchivosDe(proceso, argumentos);
     if (archivos.isEmpty())
         return trabajo.Reconstruye(clave);
     ArchivoErrores errores(argumentos.errores);

@@ -14,13 +14,18 @@ QString NombreDeArchivo(const Proceso& proceso, const FormatoImportacion& format
     return proceso.numFormulario + proceso.docDeclarante + proceso.periodoDeclarado + formato.finDeNombre + ".TXT"_L1;
 }
 
-QString BuscaArchivo(const QString& carpeta, const QString& nombre) {
-    if (carpeta.isEmpty())
+bool SeLlama(const QString& ruta, const QString& nombre) {
+    return QFileInfo(ruta).fileName().compare(nombre, Qt::CaseInsensitive) == 0;
+}
+
+QString BuscaArchivo(const QString& ruta, const QString& nombre) {
+    if (ruta.isEmpty())
         throw Error(NumeroError::ArgumentoInvalido, u"Falta la carpeta del archivo a importar."_s);
-    const QDir directorio(carpeta);
+    if (SeLlama(ruta, nombre) && ObjetoUtil::ExisteArchivo(ruta))
+        return ruta;
+    const QDir directorio(ruta);
     if (ObjetoUtil::ExisteArchivo(directorio.filePath(nombre)))
         return directorio.filePath(nombre);
-    // Files that come from other systems may bear the name in lower case.
     const QStringList iguales = directorio.entryList({nombre}, QDir::Files);
     if (iguales.isEmpty())
         throw Error(NumeroError::ArchivoNoEncontrado, u"No se encuentra el archivo '%1'."_s.arg(nombre));

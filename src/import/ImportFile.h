@@ -10,8 +10,11 @@ struct Proceso;
 /// The bare name of the import file of the open declaration.
 [[nodiscard]] QString NombreDeArchivo(const Proceso& proceso, const FormatoImportacion& formato);
 
-/// The file's full name in a folder, the case of its letters as the folder has it. Raises `Error`: `ArgumentoInvalido`
-/// for an empty folder, `ArchivoNoEncontrado` when the folder lacks the file.
-[[nodiscard]] QString BuscaArchivo(const QString& carpeta, const QString& nombre);
+/// Whether a file bears that name; files that come from other systems may have it in lower case.
+[[nodiscard]] bool SeLlama(const QString& ruta, const QString& nombre);
+
+/// The file's full name, the case of its letters as it lies there. `ruta` is its folder, or the file itself. Raises
+/// `Error`: `ArgumentoInvalido` for an empty one, `ArchivoNoEncontrado` when the file isn't there.
+[[nodiscard]] QString BuscaArchivo(const QString& ruta, const QString& nombre);
 
 } // namespace xa518

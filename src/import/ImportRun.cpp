@@ -39,11 +39,11 @@ bool LeeLinea(LectorLineas& lector) {
 
 } // namespace
 
-Transferencia::Transferencia(Proceso& proceso, const FormatoImportacion& formato, QString carpeta,
+Transferencia::Transferencia(Proceso& proceso, const FormatoImportacion& formato, QString ruta,
                              const OpcionesImportacion& opciones)
     : m_proceso(proceso)
     , m_formato(formato)
-    , m_carpeta(std::move(carpeta))
+    , m_ruta(std::move(ruta))
     , m_opciones(opciones)
     , m_contexto{proceso.docDeclarante, proceso.periodoDeclarado, proceso.reloj.Hoy(), {}}
     , m_log(proceso) {
@@ -73,7 +73,7 @@ ResultadoImportacion Transferencia::Corre(ObservadorImportacion& observador, con
 }
 
 bool Transferencia::EsApto() {
-    Abre(m_archivo, BuscaArchivo(m_carpeta, m_resultado.archivo));
+    Abre(m_archivo, BuscaArchivo(m_ruta, m_resultado.archivo));
     m_revision = RevisaArchivo(m_archivo, m_formato.Campos());
     if (m_revision.defecto == Defecto::Ninguno)
         return true;

@@ -78,7 +78,8 @@ struct OpcionesImportacion {
 /// error stays; the last of it may be lost when it is the base's disk that fails. An object serves one run.
 class Transferencia {
   public:
-    Transferencia(Proceso& proceso, const FormatoImportacion& formato, QString carpeta,
+    /// `ruta` is the folder of the file, or the file itself.
+    Transferencia(Proceso& proceso, const FormatoImportacion& formato, QString ruta,
                   const OpcionesImportacion& opciones = {});
 
     /// Looks the whole file through and imports nothing; the result says `Completa` when a run could start.
@@ -112,7 +113,7 @@ class Transferencia {
 
     Proceso& m_proceso;
     const FormatoImportacion& m_formato;
-    QString m_carpeta;
+    QString m_ruta;
     OpcionesImportacion m_opciones;
     ContextoImportacion m_contexto;
     QFile m_archivo;

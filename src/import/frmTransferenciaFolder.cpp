@@ -166,7 +166,7 @@ void frmTransferencia::dropEvent(QDropEvent* evento) {
     const QFileInfo soltado(RutaSoltada(*evento->mimeData()));
     evento->acceptProposedAction();
     const auto esDe = [&](const FormatoImportacion& formato) {
-        return soltado.fileName().compare(NombreDeArchivo(m_proceso, formato), Qt::CaseInsensitive) == 0;
+        return SeLlama(soltado.filePath(), NombreDeArchivo(m_proceso, formato));
     };
     if (esDe(FormatoVentas()))
         m_ui->OptTipo_1->setChecked(true);

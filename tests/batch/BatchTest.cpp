@@ -97,7 +97,7 @@ TEST_F(Batch, SavesAndTellsInconsistencies) {
 }
 
 TEST_F(Batch, DeclaresBothFilesOfAMonth) {
-    const QString archivos = u" --percepciones "_s + Ejemplo() + u" --ventas "_s + Ejemplo();
+    const QString archivos = u" --percepciones "_s + ArchivoDelMes() + u" --ventas "_s + Ejemplo();
     ASSERT_EQ(Corre(u"declarar"_s + kClave + archivos + u" --efectivo --json"_s), 0) << m_errores.toStdString();
     EXPECT_EQ(Json()[u"transferidos"_s].toInt(), 269);
     EXPECT_EQ(Cuenta(u"F518PDETVC"_s), 24);
@@ -144,6 +144,9 @@ TEST_F(Batch, RefusesWithoutWritingAnything) {
         {u"declarar --ruc 20990518018 --periodo 202612 --hoy 21/11/2026"_s, {}, u"El período no es válido."_s},
         {u"declarar"_s + kClave + u" --cheque 0017 --banco ZZ"_s, {}, u"no está en el catálogo"_s},
         {u"validar --ruc 20990518018 --periodo 202608"_s, {}, u"No hay una declaración"_s},
+        {u"declarar"_s + kClave + u" --ventas "_s + ArchivoDelMes(),
+         {},
+         u"se llama «0518"_s + kRuc + u"202609VC.TXT»"_s},
         {declarar, QByteArray(18, '|') + "x\n", u"debe terminar con el separador |"_s},
         {declarar, "\x7f\x45\x4c\x46\n\xff", u"no tiene el número de campos correctos"_s},
         {declarar, QByteArray(100'000'000, 'x'), u"tiene una línea de más de"_s},
