@@ -25,7 +25,8 @@ const QString kUso = u"Uso: xa518-lote importar --ruc RUC --periodo AAAAMM [--pe
                      "                         [--pdf DIR]\n"
                      "     xa518-lote validar  --ruc RUC --periodo AAAAMM\n"
                      "     xa518-lote imprimir --ruc RUC --periodo AAAAMM [--enviada CORREL] [--anexos] --pdf ARCHIVO\n"
-                     "     xa518-lote listar   [--enviadas]\n"_s;
+                     "     xa518-lote listar   [--enviadas]\n"
+                     "     xa518-lote --formato\n"_s;
 
 const QString kAyuda = kUso +
                        u"\nLas reglas de la declaración 0518, sin ventana.\n"
@@ -56,6 +57,7 @@ const QString kAyuda = kUso +
                        "  --enviadas           las declaraciones enviadas\n"
                        "  --json               imprime un objeto JSON\n"
                        "  --hoy DD/MM/AAAA     trabaja como si fuera ese día\n"
+                       "  --formato            dice cómo son esos archivos, campo por campo\n"
                        "  --help, --version\n"
                        "\nCódigos de salida: 0 hecho y sin observaciones; 1 hecho, con líneas rechazadas o\n"
                        "inconsistencias; 2 rechazado, no se ha escrito nada, salvo el motivo en --errores; 3 falló\n"
@@ -96,8 +98,8 @@ void DeclaraOpciones(QCommandLineParser& lector) {
          {u"ruc"_s, u"periodo"_s, u"percepciones"_s, u"ventas"_s, u"errores"_s, u"pagos-previos"_s, u"interes"_s,
           u"importe"_s, u"cheque"_s, u"banco"_s, u"enviada"_s, u"pdf"_s, u"hoy"_s})
         lector.addOption({conValor, {}, u"VALOR"_s});
-    for (const QString& sinValor :
-         {u"efectivo"_s, u"rectifica"_s, u"probar"_s, u"anexos"_s, u"enviadas"_s, u"json"_s, u"help"_s, u"version"_s})
+    for (const QString& sinValor : {u"efectivo"_s, u"rectifica"_s, u"probar"_s, u"anexos"_s, u"enviadas"_s, u"json"_s,
+                                    u"formato"_s, u"help"_s, u"version"_s})
         lector.addOption(QCommandLineOption(sinValor));
 }
 
@@ -192,6 +194,8 @@ Lectura LeeArgumentos(const QStringList& argumentos) {
         return Mal(DefectoDe(lector));
     if (lector.isSet(u"help"_s))
         return {std::nullopt, kAyuda, kSalidaBien};
+    if (lector.isSet(u"formato"_s))
+        return {std::nullopt, GuiaDeFormatos(), kSalidaBien};
     if (lector.isSet(u"version"_s))
         return {std::nullopt, u"xa518-lote %1\n"_s.arg(QStringLiteral(XA518_VERSION)), kSalidaBien};
     if (lector.positionalArguments().size() != 1)

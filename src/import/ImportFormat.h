@@ -28,12 +28,22 @@ class Almacen {
     [[nodiscard]] virtual Objeciones Guarda(const LineaComprobada& linea) = 0;
 };
 
+/// A field as whoever makes a file has to know it.
+struct DescripcionCampo {
+    QStringView nombre;
+    QStringView obligatorio; ///< whether, or for whom
+    QStringView forma;       ///< what it may hold
+};
+
 /// What tells one kind of import file from another: its name, its fields with their checks, and its tables.
 struct FormatoImportacion {
     QLatin1StringView finDeNombre;                ///< what the file's name has behind the period
     std::span<const Comprobacion> comprobaciones; ///< one for each field of a line, in file order
     std::unique_ptr<Almacen> (*almacen)(Proceso& proceso);
     TiposDeVenta (*tipos)(Base& base); ///< reads what the checks ask of the catalogue; missing when they ask nothing
+    QStringView titulo;                ///< what such files are called to a person
+    std::span<const DescripcionCampo> descripciones; ///< one for each field, in file order
+    QStringView ejemplo;                             ///< a line that passes in October 2026
 
     [[nodiscard]] int Campos() const { return static_cast<int>(comprobaciones.size()); }
 };
