@@ -2,11 +2,11 @@
 #include "Measure.h"
 #include "SavedSample.h"
 
-#include "data/Process.h"
 #include "declaration/Frm518.h"
+#include "family/Process.h"
 #include "platform/Clock.h"
-#include "platform/NoticeBoxes.h"
-#include "platform/StatusBar.h"
+#include "widgets/NoticeBoxes.h"
+#include "widgets/StatusBar.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

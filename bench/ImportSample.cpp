@@ -1,6 +1,6 @@
 #include "ImportSample.h"
 
-#include "data/CheckDigits.h"
+#include "values/CheckDigits.h"
 
 #include <algorithm>
 #include <cstdint>

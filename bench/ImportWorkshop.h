@@ -2,7 +2,7 @@
 
 #include "ImportSample.h"
 
-#include "data/Process.h"
+#include "family/Process.h"
 #include "platform/Clock.h"
 #include "support/TemporaryBase.h"
 

@@ -1,9 +1,9 @@
 #include "Measure.h"
 
+#include "printouts/RunReport.h"
 #include "reports/PagePainter.h"
 #include "reports/PdfFile.h"
 #include "reports/ReportFixture.h"
-#include "reports/RunReport.h"
 #include "reports/SpoolFile.h"
 
 #include <QGuiApplication>

@@ -2,9 +2,9 @@
 #include "Measure.h"
 #include "SavedSample.h"
 
-#include "data/WorkTables.h"
 #include "declaration/ClientGrid.h"
 #include "declaration/StoredBoxes.h"
+#include "form518/WorkTables.h"
 
 #include <cstdio>
 #include <memory>

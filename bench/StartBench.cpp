@@ -1,12 +1,12 @@
 #include "Measure.h"
-#include "app/Configuration.h"
 #include "app/MDIFrm.h"
-#include "data/Process.h"
 #include "data/SchemaVersion.h"
-#include "platform/Application.h"
+#include "family/Configuration.h"
+#include "family/Process.h"
 #include "platform/Clock.h"
-#include "platform/NoticeBoxes.h"
 #include "support/TemporaryBase.h"
+#include "widgets/Application.h"
+#include "widgets/NoticeBoxes.h"
 
 #include <QElapsedTimer>
 #include <QProcess>

@@ -1,6 +1,6 @@
 #include "app/DeclarationLists.h"
 #include "data/Base.h"
-#include "data/DeclarationKey.h"
+#include "family/DeclarationKey.h"
 
 #include <QCoreApplication>
 

@@ -1,7 +1,7 @@
 #include "app/DeclarationLists.h"
 
-#include "data/Process.h"
 #include "data/Transaction.h"
+#include "family/Process.h"
 
 namespace xa518 {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/OfferedDeclarants.h"
+#include "family/OfferedDeclarants.h"
 
 namespace xa518 {
 

@@ -1,7 +1,7 @@
 #include "app/Dialogs.h"
 
-#include "platform/ScreenFit.h"
-#include "platform/WidgetHelpers.h"
+#include "widgets/ScreenFit.h"
+#include "widgets/WidgetHelpers.h"
 
 #include <QLayout>
 

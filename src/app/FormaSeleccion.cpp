@@ -1,14 +1,14 @@
 #include "app/FormaSeleccion.h"
 
 #include "app/DeclarationLists.h"
-#include "data/Process.h"
 #include "declaration/TaxPeriod.h"
-#include "platform/Application.h"
-#include "platform/HourGlass.h"
+#include "family/Process.h"
 #include "platform/Notices.h"
-#include "platform/ReadGrid.h"
-#include "platform/StatusBar.h"
 #include "values/Text.h"
+#include "widgets/Application.h"
+#include "widgets/HourGlass.h"
+#include "widgets/ReadGrid.h"
+#include "widgets/StatusBar.h"
 
 #include "ui_FormaSeleccion.h"
 

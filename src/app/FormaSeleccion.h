@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/Dialogs.h"
-#include "data/OfferedDeclarants.h"
-#include "platform/Form.h"
-#include "platform/QueryModel.h"
+#include "family/OfferedDeclarants.h"
+#include "widgets/Form.h"
+#include "widgets/QueryModel.h"
 
 #include <memory>
 

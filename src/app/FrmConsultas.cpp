@@ -1,9 +1,9 @@
 #include "app/FrmConsultas.h"
 
 #include "data/Catalog.h"
-#include "data/Process.h"
-#include "platform/QueryModel.h"
-#include "platform/ReadGrid.h"
+#include "family/Process.h"
+#include "widgets/QueryModel.h"
+#include "widgets/ReadGrid.h"
 
 #include "ui_FrmConsultas.h"
 

@@ -1,9 +1,9 @@
 #include "app/FrmContAbrir.h"
 
 #include "app/DeclarationLists.h"
-#include "data/Process.h"
-#include "platform/Application.h"
-#include "platform/ReadGrid.h"
+#include "family/Process.h"
+#include "widgets/Application.h"
+#include "widgets/ReadGrid.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>

@@ -1,7 +1,7 @@
 #include "app/FrmContAbrirE.h"
 
 #include "app/DeclarationLists.h"
-#include "data/Process.h"
+#include "family/Process.h"
 
 #include <utility>
 

@@ -1,13 +1,13 @@
 #include "app/ModuleForms.h"
 
-#include "app/Configuration.h"
-#include "data/Process.h"
 #include "detail/FrmAgePer.h"
+#include "family/Configuration.h"
+#include "family/Process.h"
 #include "import/frmTransferencia.h"
-#include "platform/HourGlass.h"
-#include "reports/RunReport.h"
+#include "printouts/RunReport.h"
+#include "printouts/frmImprimir.h"
 #include "reports/ShowReport.h"
-#include "reports/frmImprimir.h"
+#include "widgets/HourGlass.h"
 
 #include <QFileDialog>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Form.h"
+#include "widgets/Form.h"
 
 #include <memory>
 

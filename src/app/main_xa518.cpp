@@ -1,15 +1,15 @@
 #include "app/CommandIcons.h"
-#include "app/Configuration.h"
 #include "app/MDIFrm.h"
 #include "app/ModuleForms.h"
-#include "app/Startup.h"
-#include "data/Process.h"
-#include "platform/Application.h"
+#include "family/Configuration.h"
+#include "family/Process.h"
+#include "family/Startup.h"
 #include "platform/Clock.h"
 #include "platform/Display.h"
-#include "platform/NoticeBoxes.h"
 #include "platform/SingleInstance.h"
 #include "platform/SystemWindows.h"
+#include "widgets/Application.h"
+#include "widgets/NoticeBoxes.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -4,7 +4,7 @@
 #include "batch/ExitCode.h"
 #include "batch/Report.h"
 #include "batch/Session.h"
-#include "data/WorkTables.h"
+#include "form518/WorkTables.h"
 #include "import/ErrorSheet.h"
 #include "import/Formats.h"
 #include "import/ImportFile.h"

@@ -4,8 +4,8 @@
 #include "batch/Report.h"
 #include "batch/Session.h"
 #include "platform/Clock.h"
+#include "printouts/RunReport.h"
 #include "reports/PdfFile.h"
-#include "reports/RunReport.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #include "batch/Session.h"
 
-#include "app/Configuration.h"
+#include "family/Configuration.h"
 
 namespace xa518 {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/Process.h"
+#include "family/Process.h"
 #include "platform/ProfileFile.h"
 #include "values/Message.h"
 

@@ -1,6 +1,6 @@
 #include "batch/Batch.h"
 
-#include "app/Configuration.h"
+#include "family/Configuration.h"
 
 #include <QGuiApplication>
 #include <QTextStream>

@@ -1,6 +1,6 @@
 #include "data/ObjetoUtil.h"
 
-#include "data/CheckDigits.h"
+#include "values/CheckDigits.h"
 #include "values/Dates.h"
 #include "values/Text.h"
 

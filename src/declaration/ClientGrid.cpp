@@ -1,7 +1,7 @@
 #include "declaration/ClientGrid.h"
 
 #include "data/Base.h"
-#include "data/WorkTables.h"
+#include "form518/WorkTables.h"
 #include "values/Format.h"
 
 namespace xa518 {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/DeclarationKey.h"
 #include "declaration/Boxes.h"
+#include "family/DeclarationKey.h"
 
 #include <QString>
 

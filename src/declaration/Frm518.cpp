@@ -4,20 +4,20 @@
 
 #include "data/Base.h"
 #include "data/Catalog.h"
-#include "data/CheckDigits.h"
-#include "data/OfferedDeclarants.h"
-#include "data/Process.h"
-#include "data/WorkTables.h"
 #include "declaration/ClientGrid.h"
 #include "declaration/StoredBoxes.h"
 #include "declaration/TaxPeriod.h"
-#include "platform/Application.h"
+#include "family/OfferedDeclarants.h"
+#include "family/Process.h"
+#include "form518/WorkTables.h"
 #include "platform/Clock.h"
-#include "platform/HourGlass.h"
 #include "platform/Notices.h"
-#include "platform/ReadablePalette.h"
-#include "platform/StatusBar.h"
+#include "values/CheckDigits.h"
 #include "values/Text.h"
+#include "widgets/Application.h"
+#include "widgets/HourGlass.h"
+#include "widgets/ReadablePalette.h"
+#include "widgets/StatusBar.h"
 
 #include <QScopeGuard>
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "data/WorkLock.h"
 #include "declaration/Declaration.h"
-#include "platform/FieldFocus.h"
-#include "platform/Form.h"
+#include "family/WorkLock.h"
 #include "values/Message.h"
+#include "widgets/FieldFocus.h"
+#include "widgets/Form.h"
 
 #include <functional>
 #include <memory>

@@ -3,17 +3,17 @@
 #include "ui_Frm518.h"
 
 #include "data/Base.h"
-#include "data/Process.h"
-#include "data/WorkTables.h"
 #include "declaration/Consistency.h"
 #include "declaration/FrmConsist.h"
 #include "declaration/OrderNumber.h"
 #include "declaration/Save.h"
 #include "declaration/TaxPeriod.h"
+#include "family/Process.h"
+#include "form518/WorkTables.h"
 #include "platform/Clock.h"
-#include "platform/HourGlass.h"
 #include "platform/Notices.h"
-#include "platform/StatusBar.h"
+#include "widgets/HourGlass.h"
+#include "widgets/StatusBar.h"
 
 namespace xa518 {
 

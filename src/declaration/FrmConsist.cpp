@@ -2,8 +2,8 @@
 
 #include "ui_FrmConsist.h"
 
-#include "data/Process.h"
 #include "declaration/Consistency.h"
+#include "family/Process.h"
 
 namespace xa518 {
 

@@ -2,9 +2,9 @@
 
 #include "data/Base.h"
 #include "data/Catalog.h"
-#include "data/CheckDigits.h"
 #include "data/RecordChecksum.h"
 #include "data/Transaction.h"
+#include "values/CheckDigits.h"
 
 namespace xa518 {
 

@@ -3,9 +3,9 @@
 #include "ui_PagDeuda.h"
 
 #include "data/Catalog.h"
-#include "platform/BoxLabel.h"
-#include "platform/FieldFocus.h"
-#include "platform/FieldKeys.h"
+#include "widgets/BoxLabel.h"
+#include "widgets/FieldFocus.h"
+#include "widgets/FieldKeys.h"
 
 #include <algorithm>
 

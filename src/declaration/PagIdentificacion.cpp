@@ -2,12 +2,12 @@
 
 #include "ui_PagIdentificacion.h"
 
-#include "data/OfferedDeclarants.h"
 #include "declaration/Frm518.h"
-#include "platform/Application.h"
-#include "platform/FieldKeys.h"
-#include "platform/WidgetHelpers.h"
+#include "family/OfferedDeclarants.h"
 #include "values/Text.h"
+#include "widgets/Application.h"
+#include "widgets/FieldKeys.h"
+#include "widgets/WidgetHelpers.h"
 
 #include <QAbstractItemView>
 #include <QKeyEvent>

@@ -2,7 +2,7 @@
 
 #include "declaration/OrderNumber.h"
 #include "declaration/TaxPeriod.h"
-#include "platform/FieldFocus.h"
+#include "widgets/FieldFocus.h"
 
 #include <QWidget>
 

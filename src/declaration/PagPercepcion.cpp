@@ -2,10 +2,10 @@
 
 #include "ui_PagPercepcion.h"
 
-#include "data/ClientName.h"
 #include "declaration/ClientGrid.h"
 #include "declaration/Declaration.h"
-#include "platform/BoxLabel.h"
+#include "form518/ClientName.h"
+#include "widgets/BoxLabel.h"
 
 namespace xa518 {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "declaration/Frm518.h"
-#include "platform/QueryModel.h"
+#include "widgets/QueryModel.h"
 
 #include <QWidget>
 

@@ -1,8 +1,8 @@
 #include "data/Base.h"
 #include "data/RecordChecksum.h"
-#include "data/WorkTables.h"
 #include "declaration/ClientGrid.h"
 #include "declaration/Save.h"
+#include "form518/WorkTables.h"
 
 namespace xa518 {
 

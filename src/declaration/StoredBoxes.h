@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/DeclarationKey.h"
 #include "declaration/Declaration.h"
+#include "family/DeclarationKey.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 #include "detail/ClientChecks.h"
 
 #include "data/ObjetoUtil.h"
-#include "data/WorkTables.h"
+#include "form518/WorkTables.h"
 #include "values/Decimal.h"
 #include "values/Text.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/WorkClients.h"
+#include "form518/WorkClients.h"
 #include "values/Message.h"
 
 #include <QString>

@@ -2,9 +2,9 @@
 
 #include "data/DocumentTypes.h"
 #include "detail/VoucherTypes.h"
-#include "platform/WidgetHelpers.h"
 #include "values/Decimal.h"
 #include "values/Text.h"
+#include "widgets/WidgetHelpers.h"
 
 #include <QKeyEvent>
 #include <QSignalBlocker>

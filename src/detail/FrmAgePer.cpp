@@ -1,17 +1,17 @@
 #include "detail/FrmAgePer.h"
 
-#include "data/Process.h"
-#include "data/WorkVouchers.h"
 #include "detail/FrmDetAgePer.h"
 #include "detail/ShowVerdict.h"
 #include "detail/ui_FrmAgePer.h"
-#include "platform/Application.h"
-#include "platform/FieldFocus.h"
-#include "platform/FieldKeys.h"
-#include "platform/HourGlass.h"
-#include "platform/ReadablePalette.h"
+#include "family/Process.h"
+#include "form518/WorkVouchers.h"
 #include "values/Format.h"
 #include "values/Text.h"
+#include "widgets/Application.h"
+#include "widgets/FieldFocus.h"
+#include "widgets/FieldKeys.h"
+#include "widgets/HourGlass.h"
+#include "widgets/ReadablePalette.h"
 
 namespace xa518 {
 

@@ -2,8 +2,8 @@
 
 #include "detail/ClientChecks.h"
 #include "detail/ClientLayout.h"
-#include "platform/Form.h"
-#include "platform/QueryModel.h"
+#include "widgets/Form.h"
+#include "widgets/QueryModel.h"
 
 #include <memory>
 #include <optional>

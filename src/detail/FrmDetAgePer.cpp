@@ -1,14 +1,14 @@
 #include "detail/FrmDetAgePer.h"
 
-#include "data/Process.h"
 #include "detail/OptionPair.h"
 #include "detail/ShowVerdict.h"
 #include "detail/frmPerDet.h"
 #include "detail/ui_FrmDetAgePer.h"
-#include "platform/Application.h"
+#include "family/Process.h"
 #include "platform/Clock.h"
-#include "platform/HourGlass.h"
 #include "platform/Notices.h"
+#include "widgets/Application.h"
+#include "widgets/HourGlass.h"
 
 namespace xa518 {
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "data/WorkPayments.h"
 #include "detail/PerceptionRate.h"
 #include "detail/QuestionEffects.h"
 #include "detail/VoucherChecks.h"
-#include "platform/FieldFocus.h"
-#include "platform/Form.h"
-#include "platform/QueryModel.h"
+#include "form518/WorkPayments.h"
+#include "widgets/FieldFocus.h"
+#include "widgets/Form.h"
+#include "widgets/QueryModel.h"
 
 #include <memory>
 

@@ -1,16 +1,16 @@
-#include "data/Process.h"
 #include "detail/FrmDetAgePer.h"
 #include "detail/OptionPair.h"
 #include "detail/VoucherDates.h"
 #include "detail/VoucherTypes.h"
 #include "detail/ui_FrmDetAgePer.h"
-#include "platform/Application.h"
+#include "family/Process.h"
 #include "platform/Clock.h"
-#include "platform/FieldKeys.h"
 #include "platform/Notices.h"
-#include "platform/WidgetHelpers.h"
 #include "values/Format.h"
 #include "values/Text.h"
+#include "widgets/Application.h"
+#include "widgets/FieldKeys.h"
+#include "widgets/WidgetHelpers.h"
 
 // The fields and questions of the voucher's dialog, and the amounts that follow them.
 

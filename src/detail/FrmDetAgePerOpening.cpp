@@ -1,10 +1,10 @@
-#include "data/Process.h"
 #include "detail/FrmDetAgePer.h"
 #include "detail/OptionPair.h"
 #include "detail/VoucherTypes.h"
 #include "detail/ui_FrmDetAgePer.h"
-#include "platform/HourGlass.h"
-#include "platform/ReadablePalette.h"
+#include "family/Process.h"
+#include "widgets/HourGlass.h"
+#include "widgets/ReadablePalette.h"
 
 #include <QStyledItemDelegate>
 

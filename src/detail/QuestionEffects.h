@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/RateCatalog.h"
+#include "form518/RateCatalog.h"
 
 namespace xa518 {
 

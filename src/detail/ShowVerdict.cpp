@@ -1,7 +1,7 @@
 #include "detail/ShowVerdict.h"
 
 #include "platform/Notices.h"
-#include "platform/WidgetHelpers.h"
+#include "widgets/WidgetHelpers.h"
 
 #include <QWidget>
 

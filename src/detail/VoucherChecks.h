@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/WorkVouchers.h"
 #include "detail/PerceptionRate.h"
+#include "form518/WorkVouchers.h"
 #include "values/Message.h"
 
 #include <QDate>

@@ -1,20 +1,20 @@
 #include "detail/frmPerDet.h"
 
-#include "data/Process.h"
 #include "detail/ShowVerdict.h"
 #include "detail/VoucherDates.h"
 #include "detail/VoucherTypes.h"
 #include "detail/ui_frmPerDet.h"
-#include "platform/Application.h"
+#include "family/Process.h"
 #include "platform/Clock.h"
-#include "platform/FieldKeys.h"
-#include "platform/HourGlass.h"
 #include "platform/Notices.h"
-#include "platform/ReadablePalette.h"
-#include "platform/WidgetHelpers.h"
 #include "values/Dates.h"
 #include "values/Format.h"
 #include "values/Text.h"
+#include "widgets/Application.h"
+#include "widgets/FieldKeys.h"
+#include "widgets/HourGlass.h"
+#include "widgets/ReadablePalette.h"
+#include "widgets/WidgetHelpers.h"
 
 namespace xa518 {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "data/WorkPayments.h"
 #include "detail/VoucherChecks.h"
-#include "platform/FieldFocus.h"
-#include "platform/Form.h"
+#include "form518/WorkPayments.h"
+#include "widgets/FieldFocus.h"
+#include "widgets/Form.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #include "import/Formats.h"
 
-#include "data/Process.h"
+#include "family/Process.h"
 #include "import/PerceptionStore.h"
 #include "import/SaleStore.h"
 

@@ -1,6 +1,6 @@
 #include "import/ImportFile.h"
 
-#include "data/Process.h"
+#include "family/Process.h"
 #include "import/ImportFormat.h"
 #include "values/Error.h"
 

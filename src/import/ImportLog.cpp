@@ -1,7 +1,7 @@
 #include "import/ImportLog.h"
 
 #include "data/Base.h"
-#include "data/Process.h"
+#include "family/Process.h"
 #include "import/ErrorTexts.h"
 
 #include <QFile>

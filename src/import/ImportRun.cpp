@@ -1,7 +1,7 @@
 #include "import/ImportRun.h"
 
-#include "data/Process.h"
-#include "data/WorkTables.h"
+#include "family/Process.h"
+#include "form518/WorkTables.h"
 #include "import/ErrorSheet.h"
 #include "import/ErrorTexts.h"
 #include "import/Formats.h"

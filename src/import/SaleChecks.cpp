@@ -1,5 +1,5 @@
 #include "data/ObjetoUtil.h"
-#include "data/WorkTables.h"
+#include "form518/WorkTables.h"
 #include "import/FieldChecks.h"
 #include "import/FieldRules.h"
 #include "values/Decimal.h"

@@ -2,13 +2,13 @@
 
 #include "ui_frmTransferencia.h"
 
-#include "data/Process.h"
-#include "data/WorkTables.h"
+#include "family/Process.h"
+#include "form518/WorkTables.h"
 #include "import/Formats.h"
 #include "import/RunMessages.h"
-#include "platform/Application.h"
-#include "platform/HourGlass.h"
 #include "platform/Notices.h"
+#include "widgets/Application.h"
+#include "widgets/HourGlass.h"
 
 #include <QDir>
 #include <QLabel>

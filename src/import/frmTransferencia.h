@@ -2,8 +2,8 @@
 
 #include "import/ErrorSheet.h"
 #include "import/ImportRun.h"
-#include "platform/Form.h"
 #include "platform/ProfileFile.h"
+#include "widgets/Form.h"
 
 #include <QElapsedTimer>
 #include <QPointer>

@@ -6,9 +6,9 @@
 #include "import/ImportFile.h"
 #include "import/MountedVolumes.h"
 #include "import/RunMessages.h"
-#include "platform/Application.h"
-#include "platform/FieldFocus.h"
 #include "platform/Notices.h"
+#include "widgets/Application.h"
+#include "widgets/FieldFocus.h"
 
 #include <QDir>
 #include <QDragEnterEvent>

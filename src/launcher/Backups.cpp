@@ -2,7 +2,7 @@
 
 #include "data/Base.h"
 #include "data/SchemaVersion.h"
-#include "data/WorkLock.h"
+#include "family/WorkLock.h"
 #include "launcher/FileHolders.h"
 #include "launcher/KeptNumbers.h"
 #include "launcher/PrivateFiles.h"

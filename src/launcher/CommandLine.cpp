@@ -1,7 +1,7 @@
 #include "launcher/CommandLine.h"
 
-#include "app/Configuration.h"
-#include "data/WorkLock.h"
+#include "family/Configuration.h"
+#include "family/WorkLock.h"
 #include "launcher/Declarants.h"
 #include "launcher/Installation.h"
 #include "launcher/Session.h"

@@ -2,9 +2,9 @@
 
 #include "data/Base.h"
 #include "data/ObjetoUtil.h"
-#include "data/OfferedDeclarants.h"
 #include "data/Transaction.h"
-#include "data/WorkLock.h"
+#include "family/OfferedDeclarants.h"
+#include "family/WorkLock.h"
 #include "launcher/TextChecks.h"
 #include "values/Text.h"
 

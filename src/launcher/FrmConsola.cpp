@@ -1,18 +1,18 @@
 #include "launcher/FrmConsola.h"
 
-#include "app/HelpWindow.h"
-#include "app/Startup.h"
+#include "family/HelpWindow.h"
+#include "family/Startup.h"
 #include "launcher/ModuleStart.h"
 #include "launcher/PagCopias.h"
 #include "launcher/PagDeclarantes.h"
 #include "launcher/PagEnviadas.h"
 #include "launcher/PagRegistradas.h"
-#include "platform/Application.h"
-#include "platform/HourGlass.h"
 #include "platform/Notices.h"
-#include "platform/ScreenFit.h"
-#include "platform/WidgetHelpers.h"
 #include "ui_FrmConsola.h"
+#include "widgets/Application.h"
+#include "widgets/HourGlass.h"
+#include "widgets/ScreenFit.h"
+#include "widgets/WidgetHelpers.h"
 
 #include <QDir>
 #include <QScreen>

@@ -1,11 +1,11 @@
 #include "launcher/FrmDeclarante.h"
 
-#include "platform/Application.h"
-#include "platform/FieldKeys.h"
 #include "platform/Notices.h"
-#include "platform/WidgetHelpers.h"
 #include "ui_FrmDeclarante.h"
 #include "values/Text.h"
+#include "widgets/Application.h"
+#include "widgets/FieldKeys.h"
+#include "widgets/WidgetHelpers.h"
 
 namespace xa518 {
 

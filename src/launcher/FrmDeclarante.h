@@ -1,7 +1,7 @@
 #pragma once
 
 #include "launcher/Declarants.h"
-#include "platform/Form.h"
+#include "widgets/Form.h"
 
 #include <functional>
 #include <memory>

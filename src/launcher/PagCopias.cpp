@@ -1,9 +1,9 @@
 #include "launcher/PagCopias.h"
 
 #include "launcher/Session.h"
-#include "platform/HourGlass.h"
 #include "platform/Notices.h"
 #include "ui_PagCopias.h"
+#include "widgets/HourGlass.h"
 
 #include <QFileInfo>
 #include <QLocale>

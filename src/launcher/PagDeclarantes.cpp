@@ -3,8 +3,8 @@
 #include "launcher/FrmDeclarante.h"
 #include "launcher/Session.h"
 #include "platform/Notices.h"
-#include "platform/WidgetHelpers.h"
 #include "ui_PagDeclarantes.h"
+#include "widgets/WidgetHelpers.h"
 
 namespace xa518 {
 

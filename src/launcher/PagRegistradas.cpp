@@ -1,9 +1,9 @@
 #include "launcher/PagRegistradas.h"
 
 #include "launcher/Session.h"
-#include "platform/HourGlass.h"
 #include "platform/Notices.h"
 #include "ui_PagRegistradas.h"
+#include "widgets/HourGlass.h"
 
 namespace xa518 {
 

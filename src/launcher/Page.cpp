@@ -1,8 +1,8 @@
 #include "launcher/Page.h"
 
 #include "launcher/Session.h"
-#include "platform/Application.h"
 #include "platform/Notices.h"
+#include "widgets/Application.h"
 
 namespace xa518 {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ReadGrid.h"
+#include "widgets/ReadGrid.h"
 
 #include <QList>
 #include <QStringList>

@@ -3,7 +3,7 @@
 #include "data/Base.h"
 #include "data/RecordChecksum.h"
 #include "data/Transaction.h"
-#include "data/WorkLock.h"
+#include "family/WorkLock.h"
 #include "launcher/DeclarationList.h"
 #include "launcher/SentNumbers.h"
 #include "platform/Clock.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/DeclarationKey.h"
+#include "family/DeclarationKey.h"
 #include "values/Message.h"
 
 #include <QString>

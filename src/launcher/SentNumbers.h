@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/DeclarationKey.h"
+#include "family/DeclarationKey.h"
 
 #include <QMap>
 #include <QString>

@@ -1,8 +1,8 @@
 #include "launcher/Session.h"
 
-#include "app/Configuration.h"
 #include "data/SchemaVersion.h"
-#include "data/WorkLock.h"
+#include "family/Configuration.h"
+#include "family/WorkLock.h"
 #include "launcher/Installation.h"
 #include "platform/Clock.h"
 

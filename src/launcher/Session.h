@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/Process.h"
+#include "family/Process.h"
 #include "launcher/Backups.h"
 #include "launcher/CommandLine.h"
 #include "launcher/Sending.h"

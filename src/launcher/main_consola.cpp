@@ -2,13 +2,13 @@
 #include "launcher/ConsoleIcon.h"
 #include "launcher/FrmConsola.h"
 #include "launcher/PagInformes.h"
-#include "platform/Application.h"
 #include "platform/Clock.h"
 #include "platform/Display.h"
-#include "platform/NoticeBoxes.h"
 #include "platform/SystemWindows.h"
 #include "platform/WindowSearch.h"
 #include "reports/ShowReport.h"
+#include "widgets/Application.h"
+#include "widgets/NoticeBoxes.h"
 
 #include <QTextStream>
 #include <QTimer>

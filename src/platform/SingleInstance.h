@@ -1,6 +1,6 @@
 #pragma once
 
-#include "values/ProcessMark.h"
+#include "platform/ProcessMark.h"
 
 #include <QString>
 

@@ -1,13 +1,13 @@
 #include "reports/PrintReport.h"
 
 #include "platform/Clock.h"
-#include "platform/HourGlass.h"
 #include "platform/Notices.h"
 #include "reports/PageRange.h"
 #include "reports/PagedPrinter.h"
 #include "reports/PdfFile.h"
 #include "reports/SpoolRegistry.h"
 #include "reports/frmImpresora.h"
+#include "widgets/HourGlass.h"
 
 #include <QDir>
 #include <QFileDialog>

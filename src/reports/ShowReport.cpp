@@ -1,13 +1,13 @@
 #include "reports/ShowReport.h"
 
-#include "data/Process.h"
-#include "platform/Form.h"
-#include "platform/WidgetHelpers.h"
+#include "family/Process.h"
 #include "reports/PageRange.h"
 #include "reports/PrintReport.h"
 #include "reports/SpoolRegistry.h"
 #include "reports/frmImpxPag.h"
 #include "reports/frmPreview.h"
+#include "widgets/Form.h"
+#include "widgets/WidgetHelpers.h"
 
 #include <QFileInfo>
 

@@ -1,7 +1,7 @@
 #include "reports/SpoolRegistry.h"
 
-#include "data/Process.h"
 #include "data/Transaction.h"
+#include "family/Process.h"
 #include "platform/Clock.h"
 #include "values/Decimal.h"
 #include "values/Format.h"

@@ -2,12 +2,12 @@
 
 #include "ui_frmImpxPag.h"
 
-#include "platform/Application.h"
-#include "platform/FieldKeys.h"
 #include "platform/Notices.h"
-#include "platform/WidgetHelpers.h"
 #include "reports/PageRange.h"
 #include "reports/SpoolRegistry.h"
+#include "widgets/Application.h"
+#include "widgets/FieldKeys.h"
+#include "widgets/WidgetHelpers.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Form.h"
 #include "reports/ShowReport.h"
+#include "widgets/Form.h"
 
 #include <memory>
 

@@ -2,14 +2,14 @@
 
 #include "ui_frmPreview.h"
 
-#include "platform/Application.h"
-#include "platform/HourGlass.h"
 #include "platform/Notices.h"
 #include "reports/PageRange.h"
 #include "reports/PreviewIcons.h"
 #include "reports/PrintReport.h"
 #include "reports/SpoolRegistry.h"
 #include "values/Error.h"
+#include "widgets/Application.h"
+#include "widgets/HourGlass.h"
 
 #include <QKeyEvent>
 #include <QShortcut>

@@ -1,7 +1,7 @@
 #include "app/AppFixture.h"
 
-#include "app/Configuration.h"
 #include "data/SchemaVersion.h"
+#include "family/Configuration.h"
 
 namespace xa518::prueba {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/Dialogs.h"
-#include "data/Process.h"
+#include "family/Process.h"
 #include "platform/Clock.h"
 #include "platform/ProfileFile.h"
 #include "support/FormDriver.h"

@@ -1,4 +1,4 @@
-#include "app/Configuration.h"
+#include "family/Configuration.h"
 
 #include "app/AppFixture.h"
 

@@ -1,11 +1,11 @@
 #include "app/MDIFrm.h"
 
 #include "app/AppFixture.h"
-#include "app/Configuration.h"
-#include "app/HelpBook.h"
-#include "app/Startup.h"
-#include "platform/NoticeBoxes.h"
-#include "platform/StatusBar.h"
+#include "family/Configuration.h"
+#include "family/HelpBook.h"
+#include "family/Startup.h"
+#include "widgets/NoticeBoxes.h"
+#include "widgets/StatusBar.h"
 
 #include <QAction>
 #include <QApplication>

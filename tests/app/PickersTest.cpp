@@ -2,8 +2,8 @@
 #include "app/FrmContAbrirE.h"
 
 #include "app/AppFixture.h"
-#include "platform/ReadGrid.h"
-#include "platform/StatusBar.h"
+#include "widgets/ReadGrid.h"
+#include "widgets/StatusBar.h"
 
 #include <QHeaderView>
 #include <QTest>

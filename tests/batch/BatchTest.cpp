@@ -1,8 +1,8 @@
 #include "batch/Batch.h"
-#include "app/Configuration.h"
 #include "batch/Arguments.h"
 #include "data/Base.h"
-#include "data/WorkLock.h"
+#include "family/Configuration.h"
+#include "family/WorkLock.h"
 #include "launcher/Installation.h"
 #include "support/Test.h"
 

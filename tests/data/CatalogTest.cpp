@@ -1,12 +1,12 @@
 #include "DataFixture.h"
 
 #include "data/Catalog.h"
-#include "data/CheckDigits.h"
 #include "data/DocumentTypes.h"
 #include "data/ObjetoUtil.h"
-#include "data/OfferedDeclarants.h"
-#include "data/RateCatalog.h"
 #include "data/RecordChecksum.h"
+#include "family/OfferedDeclarants.h"
+#include "form518/RateCatalog.h"
+#include "values/CheckDigits.h"
 
 namespace {
 

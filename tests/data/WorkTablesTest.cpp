@@ -1,6 +1,6 @@
 #include "DataFixture.h"
 
-#include "data/WorkTables.h"
+#include "form518/WorkTables.h"
 
 namespace {
 

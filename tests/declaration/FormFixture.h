@@ -1,11 +1,11 @@
 #pragma once
 
-#include "data/Process.h"
 #include "declaration/Frm518.h"
+#include "family/Process.h"
 #include "platform/Clock.h"
-#include "platform/StatusBar.h"
 #include "support/FormDriver.h"
 #include "support/TemporaryBase.h"
+#include "widgets/StatusBar.h"
 
 #include <functional>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "declaration/FormFixture.h"
 
-#include "data/CheckDigits.h"
 #include "data/Transaction.h"
+#include "values/CheckDigits.h"
 
 #include <QLabel>
 #include <QPlainTextEdit>

@@ -1,7 +1,7 @@
 #include "declaration/Save.h"
 
-#include "data/WorkTables.h"
 #include "declaration/ClientGrid.h"
+#include "form518/WorkTables.h"
 #include "support/TemporaryBase.h"
 
 namespace {

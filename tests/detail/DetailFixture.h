@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/Process.h"
+#include "family/Process.h"
 #include "platform/Clock.h"
 #include "support/FormDriver.h"
 #include "support/TemporaryBase.h"

@@ -1,5 +1,3 @@
-#include "app/Configuration.h"
-#include "app/FrmAyuda.h"
 #include "app/FrmConsultas.h"
 #include "app/FrmContAbrir.h"
 #include "app/FrmContAbrirE.h"
@@ -11,16 +9,18 @@
 #include "detail/FrmDetAgePer.h"
 #include "detail/frmPerDet.h"
 #include "end_to_end/SampleModule.h"
+#include "family/Configuration.h"
+#include "family/FrmAyuda.h"
 #include "import/frmTransferencia.h"
 #include "launcher/FrmConsola.h"
 #include "launcher/FrmDeclarante.h"
-#include "platform/StatusBar.h"
+#include "printouts/frmImprimir.h"
 #include "reports/ShowReport.h"
 #include "reports/frmImpresora.h"
-#include "reports/frmImprimir.h"
 #include "reports/frmImpxPag.h"
 #include "reports/frmPreview.h"
 #include "support/FormDriver.h"
+#include "widgets/StatusBar.h"
 
 #include <QAbstractScrollArea>
 #include <QButtonGroup>

@@ -1,7 +1,7 @@
 #include "end_to_end/SampleModule.h"
 
-#include "app/Configuration.h"
 #include "batch/Batch.h"
+#include "family/Configuration.h"
 
 namespace xa518::prueba {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/Process.h"
+#include "family/Process.h"
 #include "import/Formats.h"
 #include "import/ImportRun.h"
 #include "platform/Clock.h"

@@ -3,7 +3,7 @@
 #include "data/DocumentTypes.h"
 #include "data/SchemaVersion.h"
 #include "data/Transaction.h"
-#include "data/WorkLock.h"
+#include "family/WorkLock.h"
 #include "launcher/CommandLine.h"
 #include "launcher/Declarants.h"
 #include "launcher/Schema.h"

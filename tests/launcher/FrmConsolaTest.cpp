@@ -1,6 +1,6 @@
 #include "launcher/FrmConsola.h"
 
-#include "data/WorkLock.h"
+#include "family/WorkLock.h"
 #include "launcher/Declarants.h"
 #include "launcher/RowTable.h"
 #include "platform/Clock.h"

@@ -1,7 +1,7 @@
-#include "reports/AmountText.h"
-#include "reports/AnnexLines.h"
+#include "printouts/AmountText.h"
+#include "printouts/AnnexLines.h"
+#include "printouts/RunReport.h"
 #include "reports/ReportFixture.h"
-#include "reports/RunReport.h"
 #include "values/Format.h"
 
 #include <gmock/gmock.h>

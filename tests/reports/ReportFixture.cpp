@@ -1,7 +1,7 @@
 #include "reports/ReportFixture.h"
 
 #include "data/Transaction.h"
-#include "reports/RunReport.h"
+#include "printouts/RunReport.h"
 
 namespace xa518::prueba {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/DeclarationKey.h"
-#include "data/Process.h"
+#include "family/DeclarationKey.h"
+#include "family/Process.h"
 #include "platform/Clock.h"
 #include "reports/PageCommands.h"
 #include "support/TemporaryBase.h"

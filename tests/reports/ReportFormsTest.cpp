@@ -1,11 +1,11 @@
-#include "reports/frmImprimir.h"
+#include "printouts/frmImprimir.h"
 #include "reports/frmImpxPag.h"
 #include "reports/frmPreview.h"
 
-#include "platform/StatusBar.h"
 #include "reports/PageRange.h"
 #include "reports/ReportFixture.h"
 #include "support/FormDriver.h"
+#include "widgets/StatusBar.h"
 
 #include <QPrinter>
 #include <QProcess>

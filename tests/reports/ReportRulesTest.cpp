@@ -1,7 +1,7 @@
+#include "printouts/PrintList.h"
+#include "printouts/RunReport.h"
 #include "reports/PageRange.h"
-#include "reports/PrintList.h"
 #include "reports/ReportFixture.h"
-#include "reports/RunReport.h"
 #include "reports/SpoolRegistry.h"
 #include "values/Error.h"
 

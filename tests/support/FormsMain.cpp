@@ -1,6 +1,6 @@
-#include "platform/Application.h"
 #include "support/FormDriver.h"
 #include "support/NoticeScript.h"
+#include "widgets/Application.h"
 
 namespace xa518 {
 

@@ -1,6 +1,6 @@
 #include "support/NoticeScript.h"
 
-#include "platform/ActiveForm.h"
+#include "widgets/ActiveForm.h"
 
 namespace xa518 {
 

@@ -9,14 +9,12 @@ namespace xa518::prueba {
 
 std::unique_ptr<Base> CreaBase(const QString& ruta) {
     std::unique_ptr<Base> base = Base::Crea(ruta);
-    const QDir esquema(QStringLiteral(XA518_SCHEMA_DIR));
-    const QStringList pasos = esquema.entryList({u"*.sql"_s}, QDir::Files, QDir::Name);
-    if (pasos.isEmpty())
-        throw std::runtime_error("no schema in " XA518_SCHEMA_DIR);
+    const QDir fuentes(QStringLiteral(XA518_SOURCE_DIR));
+    const QStringList pasos{u"launcher/schema/0001_shared_tables.sql"_s, u"form518/schema/0002_form_0518.sql"_s};
     const QRegularExpression comentario(u"^--.*$"_s, QRegularExpression::MultilineOption);
     Transaccion transaccion = base->Comienza(); // one wait for the disk instead of one a table
     for (const QString& paso : pasos) {
-        const QString sql = QString::fromUtf8(BytesDe(esquema.filePath(paso))).remove(comentario);
+        const QString sql = QString::fromUtf8(BytesDe(fuentes.filePath(paso))).remove(comentario);
         for (const QString& sentencia : sql.split(u";\n"_s)) {
             if (!sentencia.trimmed().isEmpty())
                 base->Ejecuta(sentencia);

@@ -1,0 +1,50 @@
+#include "family/Startup.h"
+
+#include "family/DeclarationKey.h"
+#include "platform/Notices.h"
+#include "platform/SingleInstance.h"
+#include "platform/WindowSearch.h"
+#include "values/Error.h"
+
+#include <QDir>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A positive number has a leading blank: so the family's messages show it.
+QString NumeroComoTexto(int numero) {
+    return numero < 0 ? QString::number(numero) : u' ' + QString::number(numero);
+}
+
+} // namespace
+
+bool PuedeArrancar(VentanasDelSistema& ventanas, InstanciaUnica& instancia, Avisos& avisos) {
+    if (!cWindows(ventanas).CorreApp(kTituloIntegrador)) {
+        avisos.Muestra({Icono::Critico, u"Debe ejecutar este módulo desde el Integrador del QMD."_s,
+                        u"Error al ejecutar el módulo"_s});
+        return false;
+    }
+    if (!instancia.Toma()) {
+        // The title names another declaration. Wanted: it is the text that the family shows.
+        avisos.Muestra({Icono::Informacion, u"La Aplicación ya se encuentra en ejecución."_s,
+                        u"Declaración Pago Anual Impuesto a la Renta"_s});
+        return false;
+    }
+    return true;
+}
+
+Mensaje MensajeDeConexion(const Error& falla) {
+    const QString numero = NumeroComoTexto(falla.Numero());
+    const QString texto =
+        falla.Es(NumeroError::BaseBloqueada) ? numero + u"- Base esta bloqueda"_s : falla.Texto() + u'\n' + numero;
+    return {Icono::Ninguno, texto, u"Error de Conección"_s};
+}
+
+QString RutaAyuda(const QString& sysPath) {
+    return sysPath + kNumFormulario + QDir::separator() + u"Xa518.hlp"_s;
+}
+
+} // namespace xa518

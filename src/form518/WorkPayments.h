@@ -1,0 +1,51 @@
+#pragma once
+
+#include "form518/WorkVouchers.h"
+
+namespace xa518 {
+
+/// A payment voucher behind a perception voucher.
+struct ClavePago {
+    ClaveComprobante comprobante; ///< its `tipCp` doesn't count: a cash sale has no payment vouchers
+    QString tipo;                 ///< two digits; "07" is a credit note
+    QString serie;
+    QString numero;
+};
+
+struct ComprobanteDePago {
+    ClavePago clave;
+    QString fecha;
+    QString monto;
+};
+
+/// The columns of the query over a voucher's payment vouchers.
+enum class ColumnaPago { Descripcion, Serie, Numero, Fecha, Tipo, Monto };
+
+/// The payment vouchers of the open declaration, for the dialogs that edit them by hand.
+class PagosTrabajo {
+  public:
+    explicit PagosTrabajo(Base& base) : m_base(&base) {}
+
+    /// The payment vouchers of an ordinary voucher (type and number of the client, series, number), in the order in
+    /// which they were entered.
+    [[nodiscard]] static QString SqlDeComprobante();
+    /// What the grid of a cash sale runs instead: it finds nothing.
+    [[nodiscard]] static QString SqlDeNinguno();
+
+    [[nodiscard]] bool Existe(const ClavePago& clave) const;
+    void Agrega(const ClavePago& clave, const QString& fecha, const QString& monto);
+    /// Nothing is written when the row is gone.
+    void Modifica(const ClavePago& clave, const QString& fecha, const QString& monto);
+
+    void Borra(const ClavePago& clave);
+    /// Removes all that hang on a voucher.
+    void BorraDe(const ClaveComprobante& comprobante);
+
+    /// None of them is anything but a credit note; also true when there are none.
+    [[nodiscard]] bool SoloNotasDeCredito(const ClaveComprobante& comprobante) const;
+
+  private:
+    Base* m_base;
+};
+
+} // namespace xa518

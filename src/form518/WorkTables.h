@@ -1,0 +1,51 @@
+#pragma once
+
+#include "family/DeclarationKey.h"
+#include "values/Decimal.h"
+
+#include <QString>
+
+namespace xa518 {
+
+class Base;
+
+/// Tells a company by its document: type 6 and a number that begins with "20". Any other client is a person.
+[[nodiscard]] bool EsEmpresa(QStringView tipoDoc, QStringView numero);
+
+/// The three work tables, which hold the one open declaration: loaded, counted, totalled and swept here.
+class TablasTrabajo {
+  public:
+    explicit TablasTrabajo(Base& base) : m_base(&base) {}
+
+    /// Empties the tables and fills them with the declaration's rows, the sent copy's when the key says so. A key that
+    /// matches nothing, as a new declaration's does, leaves them empty. One transaction.
+    void Reconstruye(const ClaveDeclaracion& clave);
+    /// The same within a transaction of the caller.
+    void Llena(const ClaveDeclaracion& clave);
+
+    /// Number of voucher rows, cash sales included, of a client.
+    [[nodiscard]] int CuentaDocs(int tipoDoc, const QString& numero) const;
+
+    struct Totales {
+        Importe base;
+        Importe percepcion;
+    };
+    /// Sum over the clients, every amount first rounded to two decimals.
+    [[nodiscard]] Totales TotalesDeClientes() const;
+
+    /// Brings every client's amounts to the sums of its vouchers, negative ones to 0; one transaction.
+    void CalculaTotales();
+
+    /// Removes a client with its vouchers and payment vouchers; one transaction.
+    void EliminaCliente(int tipoDoc, const QString& numero);
+
+  private:
+    void CopiaClientes(const ClaveDeclaracion& clave);
+    void CopiaComprobantes(const ClaveDeclaracion& clave, const QString& tabla, const QString& tipoCp);
+    void CopiaPagos(const ClaveDeclaracion& clave);
+    void CalculaTotalesDe(const QVariant& tipoDoc, const QVariant& numero);
+
+    Base* m_base;
+};
+
+} // namespace xa518

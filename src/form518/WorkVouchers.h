@@ -1,0 +1,63 @@
+#pragma once
+
+#include "form518/WorkClients.h"
+
+#include <QString>
+
+namespace xa518 {
+
+/// A voucher of a client: an ordinary perception voucher, or a cash sale when `tipCp` isn't empty.
+struct ClaveComprobante {
+    ClaveCliente cliente;
+    QString serie;
+    QString numero;
+    QString tipCp;
+};
+
+/// What can be changed of a stored voucher.
+struct CamposComprobante {
+    QString cpFact;    ///< "1", "0", or empty for unanswered: then the column isn't written
+    QString listaClie; ///< "1", "0", "9"
+    QString medPago;   ///< "1", "0", "9"
+    QString fecha;
+    QString base; ///< empty stands for null, and so it does in the next
+    QString percepcion;
+    QString tasa;
+};
+
+struct Comprobante {
+    ClaveComprobante clave;
+    CamposComprobante campos;
+};
+
+/// The columns of the query over a client's vouchers.
+enum class ColumnaComprobante { Serie, Numero, Fecha, Base, Tasa, Percepcion, CpFact, ListaClie, MedPago, TipCp };
+
+/// The vouchers of the open declaration, for the dialogs that edit them by hand.
+class ComprobantesTrabajo {
+  public:
+    explicit ComprobantesTrabajo(Base& base) : m_base(&base) {}
+
+    /// A client's vouchers in the order in which they were entered, and the description of a cash sale's type.
+    [[nodiscard]] static QString SqlDeCliente();
+
+    [[nodiscard]] bool Existe(const ClaveComprobante& clave) const;
+    void Agrega(const ClaveComprobante& clave, const CamposComprobante& campos);
+    /// Nothing is written when the row is gone.
+    void Modifica(const ClaveComprobante& clave, const CamposComprobante& campos);
+
+    /// Removes the row alone.
+    void Borra(const ClaveComprobante& clave);
+    /// Removes an ordinary voucher with its payment vouchers, a cash sale without looking for any (wanted: it has
+    /// none); one transaction.
+    void Elimina(const ClaveComprobante& clave);
+
+    /// What the voucher's dialog leaves behind when it is left: payment vouchers of a voucher that was never stored,
+    /// and a stored one, opened to be modified, that has lost all its payment vouchers.
+    void BarreAlSalir(const ClaveComprobante& clave, bool esNuevo, bool sinPagos);
+
+  private:
+    Base* m_base;
+};
+
+} // namespace xa518

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "printouts/AnnexRows.h"
+#include "values/Decimal.h"
+
+#include <QString>
+
+namespace xa518 {
+
+/// The lines of the annex. Columns end at fixed places: a text too long for its column takes from the blanks in front
+/// of the next amount, so that right edges meet.
+class LineasAnexo {
+  public:
+    static constexpr int kAncho = 154;
+
+    /// The flags of the vouchers and their heading changed places in period 200803.
+    explicit LineasAnexo(const QString& periodo) : m_desde200803(periodo >= u"200803") {}
+
+    [[nodiscard]] QString PrimerTitulo() const;
+    [[nodiscard]] QString SegundoTitulo() const;
+
+    [[nodiscard]] static QString Cliente(const ClienteImpreso& cliente, const QString& tipoDoc);
+    /// The columns of a voucher, up to those of its payment vouchers.
+    [[nodiscard]] QString Comprobante(const ComprobanteImpreso& comprobante);
+    [[nodiscard]] QString Contado(const ComprobanteImpreso& contado);
+    /// Adds a payment voucher's columns to a voucher's; to nothing for the second and later ones, which stand under
+    /// the first.
+    [[nodiscard]] static QString Pago(const QString& comprobante, const PagoImpreso& pago);
+    [[nodiscard]] static QString FinDeCliente(int comprobantes, Importe base, Importe percepcion);
+    [[nodiscard]] static QString Totales(Importe base, Importe percepcion);
+
+    /// A blank and as many "_" as the report is wide, or those of the legend.
+    [[nodiscard]] static const QString& RayaLarga();
+    [[nodiscard]] static const QString& RayaCorta();
+
+  private:
+    const QString& Tasa(QStringView tasa);
+
+    bool m_desde200803;
+    QString m_tasa;
+    QString m_tasaMostrada;
+};
+
+/// An amount in a width, right-aligned; one too wide keeps its digits and loses its commas, wanted so.
+[[nodiscard]] QString MontoConComas(Importe monto, int ancho);
+
+} // namespace xa518

@@ -1,0 +1,100 @@
+#include "printouts/RunReport.h"
+
+#include "data/LongReading.h"
+#include "family/Process.h"
+#include "printouts/AnnexReport.h"
+#include "printouts/DeclarationReport.h"
+#include "reports/SpoolFile.h"
+#include "reports/SpoolRegistry.h"
+
+#include <algorithm>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kTipoRuc = 6;
+
+/// The width of every report when it begins; the annex widens it. Wanted so.
+constexpr int kAnchoInicial = 104;
+
+void EncabezaDeclaracion(const PedidoDeclaracion& pedido, int hojas, EscritorInforme& escritor) {
+    using enum Etiqueta::Clase;
+    escritor.Encabeza({Fuente, u"Courier New"_s});
+    escritor.Encabeza({Hojas, QString::number(std::max(hojas, 1))});
+    escritor.Encabeza({Orientacion, pedido.anexo ? u"H"_s : u"V"_s});
+    escritor.Encabeza({Color, u"&H00FFFFC0&"_s});
+}
+
+void GeneraDeclaracion(Proceso& proceso, const PedidoDeclaracion& pedido, EscritorInforme& escritor) {
+    Base& base = *proceso.baseDatos;
+    const LecturaLarga lectura(base);
+    if (pedido.anexo) {
+        EncabezaDeclaracion(pedido, InformeAnexo::TotalPaginas(base, pedido.datos.clave), escritor);
+        InformeAnexo(base, proceso.reloj, pedido.datos, escritor).Imprime();
+    } else {
+        EncabezaDeclaracion(pedido, InformeDeclaracion::TotalPaginas(pedido.datos), escritor);
+        InformeDeclaracion(base, pedido.datos, escritor).Imprime();
+    }
+}
+
+struct Registrado {
+    QString codigo;
+    QString doc;
+};
+
+Registrado RegistroDe(const PedidoInforme& pedido) {
+    if (const auto* errores = std::get_if<DatosErrores>(&pedido))
+        return {u"PER005"_s, errores->docDeclarante};
+    const auto& declaracion = std::get<PedidoDeclaracion>(pedido);
+    return {declaracion.anexo ? u"PER007"_s : u"PER006"_s, declaracion.datos.clave.ruc};
+}
+
+QString EscribeConRuta(Proceso& proceso, const PedidoInforme& pedido) {
+    return RutaDeInforme(proceso.rutaRPT, EscribeInforme(proceso, pedido));
+}
+
+} // namespace
+
+void EjecutaReporte(Proceso& proceso, const PedidoInforme& pedido, DestinoInforme& destino) {
+    EscritorInforme escritor(destino, kAnchoInicial);
+    if (const auto* errores = std::get_if<DatosErrores>(&pedido))
+        ReporteErrores(proceso.reloj, *errores, escritor).Imprime();
+    else
+        GeneraDeclaracion(proceso, std::get<PedidoDeclaracion>(pedido), escritor);
+    destino.Termina();
+}
+
+QString EscribeInforme(Proceso& proceso, const PedidoInforme& pedido) {
+    const auto [codigo, doc] = RegistroDe(pedido);
+    QString archivo = NuevoReporte(proceso, codigo, kTipoRuc, doc);
+    ArchivoSpool spool(RutaDeInforme(proceso.rutaRPT, archivo));
+    EjecutaReporte(proceso, pedido, spool);
+    return archivo;
+}
+
+InformesEmitidos ImprimeDeclaracion(Proceso& proceso, const ClaveDeclaracion& clave, bool anexos) {
+    const std::optional<DatosDeclaracion> datos = CargarCasillas(*proceso.baseDatos, clave);
+    if (!datos)
+        return {{}, Veredicto::Rechaza(NoExisteDeclaracion(clave), {})};
+    InformesEmitidos emitidos;
+    emitidos.rutas.append(EscribeConRuta(proceso, PedidoDeclaracion{*datos, false}));
+    if (anexos)
+        emitidos.veredicto = ValidaAnexos(*datos);
+    if (anexos && emitidos.veredicto)
+        emitidos.rutas.append(EscribeConRuta(proceso, PedidoDeclaracion{*datos, true}));
+    return emitidos;
+}
+
+QString TituloDe(const ClaveDeclaracion& clave, bool anexo) {
+    return u"%1 %2 - RUC %3 - %4"_s.arg(anexo ? u"Anexo de la declaración"_s : u"Declaración"_s, clave.formulario,
+                                        clave.ruc, PeriodoImpreso(clave.periodo));
+}
+
+int HojasDeImpresion(const PedidoDeclaracion& pedido, int hojas) {
+    return pedido.anexo && pedido.datos.Clientes() > 0 ? hojas + 1 : hojas;
+}
+
+} // namespace xa518

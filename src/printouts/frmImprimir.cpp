@@ -1,0 +1,148 @@
+#include "printouts/frmImprimir.h"
+
+#include "ui_frmImprimir.h"
+
+#include "family/Process.h"
+#include "platform/Notices.h"
+#include "printouts/PrintList.h"
+#include "reports/PageRange.h"
+#include "reports/SpoolRegistry.h"
+#include "reports/frmImpxPag.h"
+#include "values/Text.h"
+#include "widgets/Application.h"
+#include "widgets/HourGlass.h"
+#include "widgets/QueryModel.h"
+#include "widgets/StatusBar.h"
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QList<ColumnaDeGrilla> Columnas(bool enviadas) {
+    QList<ColumnaDeGrilla> columnas{{u"RUC"_s, ColumnaImprimir::Ruc, false, {}},
+                                    {u"Nombre o razón social"_s, ColumnaImprimir::Nombre, false, {}},
+                                    {u"Período"_s, ColumnaImprimir::PeriodoMostrado, false, {}}};
+    if (enviadas)
+        columnas.append({{u"Copia"_s, ColumnaImprimirEnviada::Correl, false, {}},
+                         {u"Enviada"_s, ColumnaImprimirEnviada::FecEnv, false, {}},
+                         {u"Nro. orden"_s, ColumnaImprimirEnviada::NOrden, false, {}},
+                         {u"Control"_s, ColumnaImprimirEnviada::Control, false, {}},
+                         {u"Rectifica"_s, ColumnaImprimirEnviada::Rectifica, false, {}}});
+    else
+        columnas.append({u"Rectifica"_s, ColumnaImprimir::Rectifica, false, {}});
+    return columnas;
+}
+
+constexpr int kColumnaNombre = 1; ///< as it shows
+
+} // namespace
+
+/// The caption says which declarations are meant; the frame says "registradas" of both. Wanted.
+frmImprimir::frmImprimir(Proceso& proceso, EntornoInformes entorno, BarradeEstadoQMD& barra, QWidget* padre)
+    : Forma(padre)
+    , m_proceso(proceso)
+    , m_entorno(std::move(entorno))
+    , m_barra(barra)
+    , m_enviadas(proceso.enviadas)
+    , m_ui(std::make_unique<Ui::frmImprimir>())
+    , m_dta1(new ModeloDeConsulta(Columnas(m_enviadas), this)) {
+    m_ui->setupUi(this);
+    if (m_enviadas)
+        setWindowTitle(u"Declaraciones Enviadas"_s);
+    m_dta1->setObjectName(u"Dta1"_s);
+    m_ui->grdContrib->setModel(m_dta1);
+    connect(m_ui->grdContrib, &GrillaDeLectura::FilaActivada, m_ui->CmdImprimir_0, &QPushButton::click);
+    connect(m_ui->grdContrib, &GrillaDeLectura::FilaCambiada, this, Protegido([this](int fila) { TomaFila(fila); }));
+    connect(m_ui->CmdImprimir_0, &QPushButton::clicked, this, Protegido([this] { Preliminar(); }));
+    connect(m_ui->CmdImprimir_1, &QPushButton::clicked, this, Protegido([this] { Imprimir(); }));
+    connect(m_ui->CmdImprimir_2, &QPushButton::clicked, this, [this] { Salir(); });
+    Prepara({m_ui->CmdImprimir_2});
+    CargaLista();
+}
+
+frmImprimir::~frmImprimir() = default;
+
+void frmImprimir::CargaLista() {
+    const ConsultaSql consulta = SqlParaImprimir(m_proceso, m_enviadas);
+    m_dta1->Consulta(*m_proceso.baseDatos, consulta.texto,
+                     QVariantList(consulta.valores.begin(), consulta.valores.end()));
+    m_ui->grdContrib->AjustaColumnas(kColumnaNombre);
+    m_ui->grdContrib->PonFila(0);
+    m_ui->grdContrib->setFocus();
+}
+
+QString frmImprimir::Celda(int fila, int columna) const {
+    return Recorta(m_dta1->Texto(fila, columna)).toString();
+}
+
+ClaveDeclaracion frmImprimir::Clave(int fila) const {
+    return {Celda(fila, ColumnaImprimir::Ruc), Celda(fila, ColumnaImprimir::Periodo), m_proceso.numFormulario,
+            m_enviadas, m_enviadas ? Celda(fila, ColumnaImprimirEnviada::Correl) : QString()};
+}
+
+void frmImprimir::TomaFila(int fila) {
+    if (fila < 0)
+        return;
+    const ClaveDeclaracion clave = Clave(fila);
+    m_proceso.docDeclarante = clave.ruc;
+    m_proceso.periodoDeclarado = clave.periodo;
+    m_proceso.correl = clave.correl;
+    m_barra.PonRuc(clave.ruc);
+    m_barra.PonNombre(Celda(fila, ColumnaImprimir::Nombre));
+    m_barra.PonPeriodo(PeriodoImpreso(clave.periodo));
+}
+
+std::optional<PedidoDeclaracion> frmImprimir::Pedido() {
+    const int fila = m_ui->grdContrib->Fila();
+    if (fila < 0)
+        return std::nullopt;
+    const ClaveDeclaracion clave = Clave(fila);
+    const std::optional<DatosDeclaracion> datos = CargarCasillas(*m_proceso.baseDatos, clave);
+    if (!datos) { // another program has deleted it meanwhile
+        m_entorno.avisos.Muestra(NoExisteDeclaracion(clave));
+        return std::nullopt;
+    }
+    const bool anexo = m_ui->OptImp_1->isChecked();
+    if (const Veredicto veredicto = ValidaAnexos(*datos); anexo && !veredicto) {
+        m_entorno.avisos.Muestra(*veredicto.mensaje);
+        return std::nullopt;
+    }
+    return PedidoDeclaracion{*datos, anexo};
+}
+
+void frmImprimir::Preliminar() {
+    RelojDeArena reloj;
+    const std::optional<PedidoDeclaracion> pedido = Pedido();
+    if (!pedido)
+        return;
+    const QString archivo = EscribeInforme(m_proceso, *pedido);
+    reloj.Suelta();
+    MuestraReporte(m_entorno, {archivo, TituloDe(pedido->datos.clave, pedido->anexo), {}}, this);
+}
+
+/// Always by way of the range, however short the report.
+void frmImprimir::Imprimir() {
+    RelojDeArena reloj;
+    const std::optional<PedidoDeclaracion> pedido = Pedido();
+    if (!pedido)
+        return;
+    const QString archivo = EscribeInforme(m_proceso, *pedido);
+    const int hojas = HojasDeImpresion(*pedido, LeeNumeroHojas(RutaDeInforme(m_entorno.rutaRPT, archivo)));
+    reloj.Suelta();
+    frmImpxPag dialogo(m_entorno, {archivo, TituloDe(pedido->datos.clave, pedido->anexo), {}},
+                       {hojas, TituloImpresion(hojas)}, this);
+    AbreModal(dialogo);
+}
+
+void frmImprimir::Salir() {
+    m_barra.Limpia(m_proceso.numFormulario);
+    Termina();
+}
+
+std::unique_ptr<QDialog> HazImprimir(Proceso& proceso, Avisos& avisos, BarradeEstadoQMD& barra, QWidget* padre) {
+    return std::make_unique<frmImprimir>(proceso, EntornoDeInformes(proceso, avisos), barra, padre);
+}
+
+} // namespace xa518

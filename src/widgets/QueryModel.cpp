@@ -1,0 +1,124 @@
+#include "widgets/QueryModel.h"
+
+#include "data/Base.h"
+#include "values/Format.h"
+#include "widgets/Application.h"
+
+#include <QTimer>
+
+#include <exception>
+#include <utility>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kFilasPorPagina = 500;
+constexpr int kPaginasGuardadas = 20;
+
+int CuentaFilas(Base& base, const QString& sql, const QVariantList& valores) {
+    Registros cuenta = base.Lee(u"SELECT count(*) FROM ("_s + sql + u")"_s, valores);
+    return cuenta.Siguiente() ? static_cast<int>(cuenta.Entero(0)) : 0;
+}
+
+} // namespace
+
+ModeloDeConsulta::ModeloDeConsulta(QList<ColumnaDeGrilla> columnas, QObject* padre)
+    : QAbstractTableModel(padre), m_columnas(std::move(columnas)), m_paginas(kPaginasGuardadas) {}
+
+void ModeloDeConsulta::Consulta(Base& base, const QString& sql, const QVariantList& valores) {
+    const int filas = CuentaFilas(base, sql, valores);
+    beginResetModel();
+    m_paginas.clear();
+    m_filas = filas;
+    m_fallo = false;
+    m_base = &base;
+    m_sql = sql;
+    m_valores = valores;
+    endResetModel();
+}
+
+QString ModeloDeConsulta::Texto(int fila, int campo) const {
+    return Fila(fila).value(campo);
+}
+
+QStringList ModeloDeConsulta::Fila(int fila) const {
+    if (fila < 0 || fila >= m_filas)
+        return {};
+    const Pagina& pagina = PaginaDe(fila);
+    const auto lugar = static_cast<size_t>(fila % kFilasPorPagina);
+    return lugar < pagina.size() ? pagina[lugar] : QStringList();
+}
+
+const ModeloDeConsulta::Pagina& ModeloDeConsulta::PaginaDe(int fila) const {
+    const int numero = fila / kFilasPorPagina;
+    if (const Pagina* guardada = m_paginas.object(numero))
+        return *guardada;
+    auto* leida = new Pagina(LeePagina(numero * kFilasPorPagina)); // the cache owns it
+    m_paginas.insert(numero, leida);
+    return *leida;
+}
+
+ModeloDeConsulta::Pagina ModeloDeConsulta::LeePagina(int primera) const {
+    QVariantList valores = m_valores;
+    valores << kFilasPorPagina << primera;
+    Registros filas = m_base->Lee(u"SELECT * FROM ("_s + m_sql + u") LIMIT ? OFFSET ?"_s, valores);
+    Pagina pagina;
+    while (filas.Siguiente()) {
+        QStringList fila;
+        for (int campo = 0; campo < filas.Columnas(); ++campo)
+            fila << filas.Texto(campo);
+        pagina.push_back(std::move(fila));
+    }
+    return pagina;
+}
+
+// A view asks while it paints, where no exception may pass and no box may open: the cell stays empty, and the failure
+// is told once, after the painting.
+QStringList ModeloDeConsulta::FilaSinFalla(int fila) const {
+    if (m_fallo)
+        return {};
+    try {
+        return Fila(fila);
+    } catch (...) {
+        m_fallo = true;
+        QTimer::singleShot(0, this, Protegido([falla = std::current_exception()] { std::rethrow_exception(falla); }));
+        return {};
+    }
+}
+
+int ModeloDeConsulta::rowCount(const QModelIndex& padre) const {
+    return padre.isValid() ? 0 : m_filas;
+}
+
+int ModeloDeConsulta::columnCount(const QModelIndex& padre) const {
+    return padre.isValid() ? 0 : static_cast<int>(m_columnas.size());
+}
+
+QVariant ModeloDeConsulta::data(const QModelIndex& indice, int papel) const {
+    if (!indice.isValid())
+        return {};
+    const ColumnaDeGrilla& columna = m_columnas.at(indice.column());
+    if (papel == Qt::TextAlignmentRole)
+        return QVariant::fromValue((columna.derecha ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    if (papel != Qt::DisplayRole)
+        return {};
+    const QStringList fila = FilaSinFalla(indice.row());
+    const QString texto = columna.texto && !fila.isEmpty() ? columna.texto(fila) : fila.value(columna.campo);
+    return columna.mascara.isEmpty() ? texto : Format(texto, columna.mascara);
+}
+
+QVariant ModeloDeConsulta::headerData(int seccion, Qt::Orientation sentido, int papel) const {
+    if (sentido != Qt::Horizontal)
+        return {};
+    const ColumnaDeGrilla& columna = m_columnas.at(seccion);
+    if (papel == Qt::DisplayRole)
+        return columna.titulo;
+    if (papel == Qt::TextAlignmentRole)
+        return QVariant::fromValue((columna.derecha ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    return {};
+}
+
+} // namespace xa518
