@@ -45,7 +45,7 @@ void AbreFormulario(const QString& ruta) {
     proceso.opcion = kModificar;
     AvisosEnPantalla avisos;
     BarradeEstadoQMD barra;
-    Frm518 forma(proceso, avisos, barra, {}, {kClave.ruc, u"COMERCIAL DEL VALLE S.A.C."_s, u"102026"_s, {}, {}});
+    Frm518 forma(proceso, avisos, barra, {}, {kClave.ruc, u"COMERCIAL DEL VALLE S.A.C."_s, kClave.periodo, {}, {}});
     forma.show();
     QApplication::processEvents();
 }

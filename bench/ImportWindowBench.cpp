@@ -73,7 +73,7 @@ Medida MideVentana(const Trabajo& trabajo) {
         return [aplicacion, taller, perfil, &trabajo] {
             const auto proceso = taller->Abre();
             Callado avisos;
-            frmTransferencia forma(*proceso, avisos, {perfil, {}, {}, {}});
+            frmTransferencia forma(*proceso, avisos, {perfil, {}, {}, {}, {}});
             forma.show();
             QApplication::processEvents();
             forma.findChild<QPushButton*>(u"cmdTransferir"_s)->click();

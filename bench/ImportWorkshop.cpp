@@ -24,9 +24,9 @@ Taller::Taller(const Tamanio& tamanio, bool vale) : m_reloj(QDateTime(QDate(2026
 std::unique_ptr<Proceso> Taller::Abre() const {
     auto proceso = std::make_unique<Proceso>(m_reloj);
     proceso->baseDatos = Base::Abre(m_base.Ruta());
-    proceso->docDeclarante = kRuc;
-    proceso->periodoDeclarado = kPeriodo;
-    proceso->fechaPrimerIgv = u"209912"_s;
+    proceso->docDeclarante = Ruc(kRuc);
+    proceso->periodoDeclarado = *Periodo::DeTabla(kPeriodo);
+    proceso->fechaPrimerIgv = Periodo(2099, 12);
     proceso->rutaRPT = Carpeta() + u"/RPT"_s;
     return proceso;
 }

@@ -49,7 +49,7 @@ class Muestra {
     QTemporaryDir m_carpeta;
 };
 
-const ClaveDeclaracion kClave{u"20990518018"_s, u"202601"_s, kNumFormulario, false, {}};
+const ClaveDeclaracion kClave{.ruc = Ruc(u"20990518018"), .periodo = Periodo(2026, 1)};
 
 Medida MejorDe(int veces, const std::function<std::function<void()>()>& trabajo) {
     return MideDeATurnos(veces, {[&] { return Mide(trabajo); }}).front();

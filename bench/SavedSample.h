@@ -5,8 +5,7 @@
 
 namespace xa518::medida {
 
-inline const ClaveDeclaracion kClave{
-    QStringLiteral("20990518018"), QStringLiteral("202610"), kNumFormulario, false, {}};
+inline const ClaveDeclaracion kClave{.ruc = Ruc(u"20990518018"), .periodo = Periodo(2026, 10)};
 
 /// Clients, each with that many vouchers, each with a payment voucher.
 struct Detalle {

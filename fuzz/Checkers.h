@@ -43,13 +43,13 @@ inline void ExigeAceptada(const LineaComprobada& linea) {
 /// Checks one line as the period and the encoding that its first byte picks have it.
 inline int Comprueba(const FormatoImportacion& formato, const uint8_t* bytes, size_t largo) {
     using namespace Qt::StringLiterals;
-    static const QStringList kPeriodos{u"200503"_s, u"200802"_s, u"201007"_s, u"202610"_s};
+    static constexpr Periodo kPeriodos[] = {Periodo(2005, 3), Periodo(2008, 2), Periodo(2010, 7), Periodo(2026, 10)};
     static const TiposDeVenta kTipos = Tipos();
     if (largo == 0)
         return 0;
     const QByteArrayView linea(bytes + 1, static_cast<qsizetype>(largo) - 1);
     const bool latino = (*bytes & 4) != 0 || !EsUtf8Valido(linea);
-    const ContextoImportacion contexto{u"20990518018"_s, kPeriodos[*bytes & 3], QDate(2026, 11, 21), kTipos};
+    const ContextoImportacion contexto{Ruc(u"20990518018"), kPeriodos[*bytes & 3], QDate(2026, 11, 21), kTipos};
     QStringList campos;
     SeparaCampos(Decodifica(linea, latino ? Codificacion::Windows1252 : Codificacion::Utf8), formato.Campos(), campos);
     Exige(campos.size() <= formato.Campos());

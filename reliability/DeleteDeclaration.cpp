@@ -15,7 +15,8 @@ int main(int argc, char* argv[]) {
     const QStringList argumentos = QCoreApplication::arguments();
     try {
         const std::unique_ptr<Base> base = Base::Abre(argumentos.at(1));
-        EliminaDeclaracion(*base, {argumentos.at(2), argumentos.at(3), kNumFormulario, false, {}});
+        EliminaDeclaracion(*base,
+                           {.ruc = Ruc(argumentos.at(2)), .periodo = Periodo::DeTabla(argumentos.at(3)).value()});
     } catch (const Error& error) {
         std::fprintf(stderr, "%s (error %d)\n", qUtf8Printable(error.Texto()), error.Numero());
         return 3;

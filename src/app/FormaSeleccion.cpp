@@ -78,23 +78,22 @@ void FormaSeleccion::Refresca(int fila) {
 
 void FormaSeleccion::MuestraFila(int fila) {
     const DeclaracionElegida elegida = Elegida(fila);
-    m_entorno.barra.PonRuc(elegida.ruc);
+    m_entorno.barra.PonRuc(elegida.ruc.Texto());
     m_entorno.barra.PonNombre(elegida.nombre);
-    m_entorno.barra.PonPeriodo(elegida.periodo.isEmpty() ? QString()
-                                                         : elegida.periodo.left(2) + u'/' + elegida.periodo.mid(2));
+    m_entorno.barra.PonPeriodo(elegida.periodo.EnPantalla());
 }
 
 DeclaracionElegida FormaSeleccion::Elegida(int fila) const {
-    return {Celda(fila, ColumnaDeLista::Ruc),
+    return {Ruc(Celda(fila, ColumnaDeLista::Ruc)),
             Celda(fila, ColumnaDeLista::Nombre),
-            Celda(fila, ColumnaDeLista::Periodo),
+            Periodo::DePantalla(Celda(fila, ColumnaDeLista::Periodo)).value_or(Periodo()),
             {},
             {}};
 }
 
 ClaveDeclaracion FormaSeleccion::Clave(int fila) const {
     const DeclaracionElegida elegida = Elegida(fila);
-    return {elegida.ruc, PeriodoDePantalla(elegida.periodo), m_entorno.proceso.numFormulario, false, {}};
+    return {.ruc = elegida.ruc, .periodo = elegida.periodo, .formulario = m_entorno.proceso.numFormulario};
 }
 
 /// An error of the engine ends the command without a word, with the list as it was: wanted.

@@ -26,7 +26,7 @@ void AbreCliente(Proceso& proceso, Avisos& avisos, Forma& sobre, const ClaveDecl
     if (cliente)
         fila = FilaCliente{cliente->tipDocPer, cliente->numDocPer, cliente->desRazon,
                            cliente->apellidoP, cliente->apellidoM, cliente->nombres};
-    FrmAgePer dialogo(proceso, avisos, clave.periodo.mid(4) + u'/' + clave.periodo.left(4), fila, &sobre);
+    FrmAgePer dialogo(proceso, avisos, clave.periodo.EnPantalla(), fila, &sobre);
     reloj.Suelta();
     sobre.AbreModal(dialogo);
 }

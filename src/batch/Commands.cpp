@@ -28,9 +28,9 @@ namespace {
 const QString kGrabando = u"Grabando la declaración"_s;
 const QString kImprimiendo = u"Imprimiendo"_s;
 
-void Exige(const Veredicto& veredicto, const QString& siCalla) {
+void Exige(const Veredicto& veredicto) {
     if (!veredicto)
-        throw Rechazo{veredicto.mensaje.value_or(Mensaje{Icono::Critico, siCalla, {}})};
+        throw Rechazo{veredicto.Motivo()};
 }
 
 /// The declarant must be one of those that the user may choose in the module.
@@ -52,15 +52,15 @@ void ExigeBanco(Base& base, const QString& banco) {
 }
 
 ClaveDeclaracion ClaveDe(Proceso& proceso, const Argumentos& argumentos) {
-    const QString& periodo = argumentos.periodo;
-    const QString noValido = u"El período no es válido."_s;
-    if (periodo.size() != 6 || !SonDigitos(periodo))
-        throw RechazaCon(noValido);
-    Exige(ValidaPeriodo(periodo.right(2) + u'/' + periodo.left(4), proceso.reloj.Hoy()), noValido);
+    const std::optional<Periodo> periodo = Periodo::DeTabla(argumentos.periodo);
+    const auto veredicto = periodo ? ValidaPeriodo(periodo->EnPantalla(), proceso.reloj.Hoy()) : std::nullopt;
+    if (!veredicto)
+        throw RechazaCon(u"El período no es válido."_s);
+    Exige(*veredicto);
     ExigeDeclarante(proceso, argumentos.ruc);
-    proceso.docDeclarante = argumentos.ruc;
-    proceso.periodoDeclarado = periodo;
-    return {argumentos.ruc, periodo, proceso.numFormulario, false, {}};
+    proceso.docDeclarante = Ruc(argumentos.ruc);
+    proceso.periodoDeclarado = *periodo;
+    return {.ruc = proceso.docDeclarante, .periodo = *periodo, .formulario = proceso.numFormulario};
 }
 
 /// What the command line gives goes over what is stored. Interest and prior payments keep their stored value when they
@@ -121,7 +121,7 @@ void Declarar(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& ava
     Base& base = *proceso.baseDatos;
     Declaracion declaracion;
     declaracion.clave = ClaveDe(proceso, argumentos);
-    Exige(RechazaRucDeOcho(declaracion.clave.ruc), {});
+    Exige(RechazaRucDeOcho(declaracion.clave.ruc));
     ExigeBanco(base, argumentos.banco);
     const TrabajoUnico trabajo(base);
     CargaTrabajo(proceso, argumentos, declaracion.clave, avance, informe);

@@ -20,7 +20,7 @@ namespace {
 InformesEmitidos Emite(Proceso& proceso, const ClaveDeclaracion& clave, bool anexos) {
     InformesEmitidos emitidos = ImprimeDeclaracion(proceso, clave, anexos);
     if (emitidos.rutas.isEmpty())
-        throw Rechazo{*emitidos.veredicto.mensaje};
+        throw Rechazo{emitidos.veredicto.Motivo()};
     return emitidos;
 }
 
@@ -48,14 +48,14 @@ void ImprimeEnPdf(Proceso& proceso, const ClaveDeclaracion& clave, bool anexos, 
     const InformesEmitidos emitidos = Emite(proceso, clave, anexos);
     if (!emitidos.veredicto) {
         informe.codigo = kSalidaObservaciones;
-        informe.mensajes.append(*emitidos.veredicto.mensaje);
+        informe.mensajes.append(emitidos.veredicto.Motivo());
     }
     Escribe(proceso, emitidos.rutas, TituloDe(clave, false), rutaPdf, informe);
 }
 
 void DejaPdf(Proceso& proceso, const ClaveDeclaracion& clave, const QString& carpeta, Informe& informe) {
     const InformesEmitidos emitidos = Emite(proceso, clave, true);
-    const QString nombre = QDir(carpeta).filePath(clave.formulario + clave.ruc + clave.periodo);
+    const QString nombre = QDir(carpeta).filePath(clave.formulario + clave.ruc.Texto() + clave.periodo.Texto());
     Escribe(proceso, {emitidos.rutas.first()}, TituloDe(clave, false), nombre + u".pdf"_s, informe);
     if (emitidos.veredicto)
         Escribe(proceso, {emitidos.rutas.last()}, TituloDe(clave, true), nombre + u"-anexo.pdf"_s, informe);

@@ -137,7 +137,7 @@ void Frm518::CargaIdent() {
 void Frm518::CargaCasillasDeLaClave() {
     LeePaginas();
     if (EsNueva())
-        m_declaracion.clave.periodo.clear(); // nothing is stored of a new declaration yet
+        m_declaracion.clave.periodo = Periodo(); // nothing is stored of a new declaration yet
     CargaCasillas(BaseDatos(), m_declaracion);
     m_ui->PaginaDeuda->Muestra(m_declaracion);
 }
@@ -163,8 +163,11 @@ void Frm518::DesTodo() {
 
 ClaveDeclaracion Frm518::Clave() const {
     const Identificacion identificacion = m_ui->PaginaIdentificacion->Lee();
-    return {identificacion.ruc, PeriodoDePantalla(identificacion.mostrado), m_proceso.numFormulario, m_proceso.enviadas,
-            m_proceso.correl};
+    return {.ruc = identificacion.ruc,
+            .periodo = Periodo::DePantalla(identificacion.mostrado).value_or(Periodo()),
+            .formulario = m_proceso.numFormulario,
+            .enviada = m_proceso.enviadas,
+            .correl = m_proceso.correl};
 }
 
 void Frm518::LeePaginas() {
@@ -195,13 +198,15 @@ void Frm518::VuelveAIdentificacion() {
     m_volviendo = false;
 }
 
-bool Frm518::Acata(const Veredicto& veredicto) {
-    if (veredicto)
+/// Without a verdict the period is still to be finished, and the person goes on there.
+bool Frm518::Acata(const std::optional<VeredictoDeclaracion>& veredicto) {
+    if (veredicto && *veredicto)
         return true;
     VuelveAIdentificacion();
-    if (veredicto.mensaje)
-        m_avisos.Muestra(*veredicto.mensaje);
-    m_ui->PaginaIdentificacion->Enfoca(veredicto.campo);
+    if (veredicto)
+        m_avisos.Muestra(veredicto->Motivo());
+    if (const auto campo = veredicto ? veredicto->ElCampo() : CampoDeclaracion::Periodo)
+        m_ui->PaginaIdentificacion->Enfoca(*campo);
     return false;
 }
 
@@ -218,17 +223,17 @@ void Frm518::AlCambiarRazon() {
 }
 
 void Frm518::AlElegirDeclarante(const QString& nombre) {
-    m_barra.PonRuc(m_ui->PaginaIdentificacion->Lee().ruc);
+    m_barra.PonRuc(m_ui->PaginaIdentificacion->Lee().ruc.Texto());
     m_barra.PonNombre(nombre);
 }
 
 /// Only the period of a new declaration can change.
-Veredicto Frm518::PeriodoDejado() {
+std::optional<VeredictoDeclaracion> Frm518::PeriodoDejado() {
     if (!EsNueva())
         return Veredicto::Bien();
     const QString mostrado = m_ui->PaginaIdentificacion->Lee().mostrado;
-    Veredicto veredicto = ValidaPeriodo(mostrado, m_proceso.reloj.Hoy());
-    if (!veredicto)
+    std::optional<VeredictoDeclaracion> veredicto = ValidaPeriodo(mostrado, m_proceso.reloj.Hoy());
+    if (!veredicto || !*veredicto)
         return veredicto;
     m_barra.PonPeriodo(mostrado);
     return RechazaDuplicada(BaseDatos(), Clave());
@@ -236,13 +241,13 @@ Veredicto Frm518::PeriodoDejado() {
 
 /// A period that is still to be finished lets the focus go, silently.
 Salida Frm518::AlDejarPeriodo() {
-    const Veredicto veredicto = PeriodoDejado();
-    if (veredicto)
+    const std::optional<VeredictoDeclaracion> veredicto = PeriodoDejado();
+    if (veredicto && *veredicto)
         return Salida::Libre;
     VuelveAIdentificacion();
-    if (!veredicto.mensaje)
+    if (!veredicto)
         return Salida::Libre;
-    m_avisos.Muestra(*veredicto.mensaje);
+    m_avisos.Muestra(veredicto->Motivo());
     return Salida::Retenida;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "declaration/Declaration.h"
+#include "declaration/TaxPeriod.h"
 #include "family/WorkLock.h"
 #include "values/Message.h"
 #include "widgets/FieldFocus.h"
@@ -23,10 +24,10 @@ struct Proceso;
 
 /// The row that a picker hands over. Of a registered declaration only the first three are filled.
 struct DeclaracionElegida {
-    QString ruc;
+    Ruc ruc;
     QString nombre;
-    QString periodo; ///< `mmyyyy`, as the lists show it
-    QString norden;  ///< of a sent copy: "0" before the administration gave one
+    Periodo periodo;
+    QString norden; ///< of a sent copy: "0" before the administration gave one
     QString control;
 };
 
@@ -89,13 +90,13 @@ class Frm518 : public Forma {
     void RefrescaGrilla();
     void VuelveAIdentificacion();
     /// Shows a refusal and puts the person on the field at fault.
-    [[nodiscard]] bool Acata(const Veredicto& veredicto);
+    [[nodiscard]] bool Acata(const std::optional<VeredictoDeclaracion>& veredicto);
     [[nodiscard]] bool IdentificacionVale();
 
     // Handlers.
     void AlCambiarRazon();
     void AlElegirDeclarante(const QString& nombre);
-    [[nodiscard]] Veredicto PeriodoDejado();
+    [[nodiscard]] std::optional<VeredictoDeclaracion> PeriodoDejado();
     [[nodiscard]] Salida AlDejarPeriodo();
     void AlRectificar(bool si);
     void AlCambiarPestania(int nueva);

@@ -101,7 +101,7 @@ void Frm518::Graba() {
         return;
     LeePaginas();
     if (const Veredicto largo = RechazaRucDeOcho(m_declaracion.clave.ruc); !largo) {
-        m_avisos.Muestra(*largo.mensaje);
+        m_avisos.Muestra(largo.Motivo());
         return;
     }
     if (m_proceso.enviadas)

@@ -13,16 +13,15 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kLargoMinimo = 8;
-const QString kCampoNumero = u"TxtNumOrdenE_0"_s;
 
-Veredicto Alto(MomentoOrden momento, const QString& enBoton, const QString& alCerrar) {
+VeredictoDeclaracion Alto(MomentoOrden momento, const QString& enBoton, const QString& alCerrar) {
     const QString texto = momento == MomentoOrden::Boton ? enBoton : alCerrar;
-    return Veredicto::Critico(texto, kCampoNumero);
+    return VeredictoDeclaracion::Critico(texto, CampoDeclaracion::NumeroDeOrden);
 }
 
 } // namespace
 
-Veredicto ValidaNumeroDeOrden(const NumeroDeOrden& orden, MomentoOrden momento) {
+VeredictoDeclaracion ValidaNumeroDeOrden(const NumeroDeOrden& orden, MomentoOrden momento) {
     if (orden.numero.size() < kLargoMinimo)
         return Alto(momento, u"     El número de orden no es válido"_s, u"El número de orden es incorrecto"_s);
     if (!ValidaDigitosOrden(orden.control, orden.numero, orden.digitos))

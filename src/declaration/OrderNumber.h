@@ -1,7 +1,7 @@
 #pragma once
 
+#include "declaration/TaxPeriod.h"
 #include "family/DeclarationKey.h"
-#include "values/Message.h"
 
 #include <QString>
 
@@ -19,7 +19,7 @@ struct NumeroDeOrden {
 /// The same two faults have two wordings: at the button they begin with five blanks, on closing they are plain.
 enum class MomentoOrden { Boton, Cierre };
 
-[[nodiscard]] Veredicto ValidaNumeroDeOrden(const NumeroDeOrden& orden, MomentoOrden momento);
+[[nodiscard]] VeredictoDeclaracion ValidaNumeroDeOrden(const NumeroDeOrden& orden, MomentoOrden momento);
 
 /// Stores the number, without its check digits, in the head of the sent copy, and returns what the user is told. A copy
 /// that no longer exists changes nothing, and the message is the same. Wanted.

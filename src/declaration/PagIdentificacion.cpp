@@ -28,8 +28,8 @@ QString NombreDeItem(const QString& item) {
     return Recorta(Mid(item, 16, 50)).toString();
 }
 
-QString RucDeItem(const QString& item) {
-    return Recorta(item.left(11)).toString();
+Ruc RucDeItem(const QString& item) {
+    return Ruc(item.left(Ruc::kLargo));
 }
 
 void AnchoDeTexto(QLineEdit& campo, int caracteres) {
@@ -112,8 +112,8 @@ void PagIdentificacion::MuestraElegida(const DeclaracionElegida& elegida) {
     m_ui->Label1_0->setBuddy(m_ui->TxtNumRuc);
     m_ui->TxtNumRuc->setEnabled(false);
     m_ui->MkePeriodo->setEnabled(false);
-    m_ui->TxtNumRuc->setText(elegida.ruc);
-    m_ui->MkePeriodo->setText(elegida.periodo.left(2) + u'/' + elegida.periodo.mid(2));
+    m_ui->TxtNumRuc->setText(elegida.ruc.Texto());
+    m_ui->MkePeriodo->setText(elegida.periodo.EnPantalla());
     m_ui->TxtRazon->setText(elegida.nombre);
 }
 
@@ -132,7 +132,7 @@ void PagIdentificacion::MuestraEnviada(const DeclaracionElegida& elegida) {
 }
 
 Identificacion PagIdentificacion::Lee() const {
-    const QString ruc = m_nueva ? RucDeItem(m_ui->CmbRuc->currentText()) : Recorta(m_ui->TxtNumRuc->text()).toString();
+    const Ruc ruc = m_nueva ? RucDeItem(m_ui->CmbRuc->currentText()) : Ruc(m_ui->TxtNumRuc->text());
     return {m_nueva, ruc, m_ui->MkePeriodo->text(), m_ui->MkePeriodo->isEnabled()};
 }
 
@@ -179,9 +179,12 @@ void PagIdentificacion::PonDigitos(const QString& digitos) {
     m_ui->TxtNumOrdenE_1->setText(digitos);
 }
 
-void PagIdentificacion::Enfoca(const QString& campo) {
-    if (auto* control = campo.isEmpty() ? nullptr : findChild<QWidget*>(campo))
-        xa518::Enfoca(*control);
+void PagIdentificacion::Enfoca(CampoDeclaracion campo) {
+    switch (campo) {
+    case CampoDeclaracion::Ruc: return xa518::Enfoca(*m_ui->CmbRuc);
+    case CampoDeclaracion::Periodo: return xa518::Enfoca(*m_ui->MkePeriodo);
+    case CampoDeclaracion::NumeroDeOrden: return xa518::Enfoca(*m_ui->TxtNumOrdenE_0);
+    }
 }
 
 void PagIdentificacion::EnfocaOrden() {

@@ -48,7 +48,7 @@ class PagIdentificacion : public QWidget {
     void PonDigitos(const QString& digitos);
 
     /// Puts the focus on a field that a rule names, if it is enabled.
-    void Enfoca(const QString& campo);
+    void Enfoca(CampoDeclaracion campo);
     /// Where a sent copy's number is typed, when that can be seen.
     void EnfocaOrden();
 

@@ -40,9 +40,9 @@ void GrabaCabecera(Base& base, const Declaracion& declaracion, int estado, const
     const std::optional<Registro> guardada = base.Busca(u"CAB"_s, clave.Condicion(), clave.Valores());
     Registro cabecera = guardada.value_or(Registro(base.Describe(u"CAB"_s)));
     if (!guardada)
-        cabecera.Pon(u"Doc_id_d", clave.ruc)
+        cabecera.Pon(u"Doc_id_d", clave.ruc.Texto())
             .Pon(u"tip_doc_d", 6)
-            .Pon(u"periodo", clave.periodo)
+            .Pon(u"periodo", clave.periodo.Texto())
             .Pon(u"Formulario", clave.formulario);
     cabecera.Pon(u"fec_pro", FormatFecha(hoy, u"dd/mm/yyyy"));
     PonPago(cabecera, declaracion.pago);
@@ -86,10 +86,10 @@ void GrabaCasillas(Base& base, const Declaracion& declaracion, const QString& su
         GrabaCasilla(base, clave, QString::number(casilla), declaracion.montos.Texto(casilla));
 
     const auto graba = [&](const QString& casilla, const QString& valor) { GrabaCasilla(base, clave, casilla, valor); };
-    graba(u"002"_s, clave.ruc);
+    graba(u"002"_s, clave.ruc.Texto());
     graba(u"012"_s, pago.numeroCheque);
     graba(u"015"_s, pago.ConBanco() ? pago.banco : QString());
-    graba(u"007"_s, clave.periodo);
+    graba(u"007"_s, clave.periodo.Texto());
     graba(u"721"_s, kVersionFormulario);
     graba(u"722"_s, sumaDeControl);
     graba(u"502"_s, Format(declaracion.base, kEntero));

@@ -16,8 +16,8 @@ const QStringList kNombresPersona = {u"des_apellido_p"_s, u"des_apellido_m"_s, u
 Registro ConClave(const Tabla& tabla, const ClaveDeclaracion& clave) {
     Registro registro(tabla);
     registro.Pon(u"tip_doc_d", 6)
-        .Pon(u"Doc_id_d", clave.ruc)
-        .Pon(u"periodo", clave.periodo)
+        .Pon(u"Doc_id_d", clave.ruc.Texto())
+        .Pon(u"periodo", clave.periodo.Texto())
         .Pon(u"Formulario", clave.formulario);
     return registro;
 }

@@ -45,15 +45,15 @@ void CargaPago(Base& base, Declaracion& declaracion) {
 
 void GrabaCasilla(Base& base, const ClaveDeclaracion& clave, const QString& casilla, const QString& valor) {
     const QString recortado = Recorta(valor).toString();
-    if (recortado.isEmpty() || clave.ruc.isEmpty())
+    if (recortado.isEmpty() || clave.ruc.EstaVacio())
         return;
     const QString condicion = clave.CondicionSinTipo() + u" AND CASILLA=?"_s;
     const QVariantList valores = clave.Valores() << casilla;
     const std::optional<Registro> guardado = base.Busca(u"DET"_s, condicion, valores);
     Registro registro = guardado.value_or(Registro(base.Describe(u"DET"_s)));
-    registro.Pon(u"Doc_id_d", clave.ruc)
+    registro.Pon(u"Doc_id_d", clave.ruc.Texto())
         .Pon(u"tip_doc_d", 6)
-        .Pon(u"periodo", clave.periodo)
+        .Pon(u"periodo", clave.periodo.Texto())
         .Pon(u"Formulario", clave.formulario)
         .Pon(u"Casilla", casilla)
         .Pon(u"i_valor", ValorGuardado(casilla, recortado))

@@ -1,8 +1,7 @@
 #include "declaration/TaxPeriod.h"
 
 #include "data/Base.h"
-#include "values/Dates.h"
-#include "values/Decimal.h"
+#include "form518/LawBands.h"
 #include "values/Text.h"
 
 namespace xa518 {
@@ -12,25 +11,18 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kPeriodoVacio = u"__/____"_s;
-const QString kPrimerPeriodo = u"200501"_s;
 
-Veredicto PeriodoNoValido() {
-    return Veredicto::Critico(u"El período no es válido."_s, kCampoPeriodo);
-}
-
-bool MesExiste(QStringView mostrado) {
-    const Decimal mes = Decimal::Valor(mostrado.left(2));
-    return mes >= Decimal::DeEntero(1) && mes <= Decimal::DeEntero(12);
+VeredictoDeclaracion PeriodoNoValido() {
+    return VeredictoDeclaracion::Critico(u"El período no es válido."_s, CampoDeclaracion::Periodo);
 }
 
 } // namespace
 
-Veredicto ValidaPeriodo(const QString& mostrado, const QDate& hoy) {
-    const QString periodo = PeriodoDePantalla(mostrado);
-    if (mostrado.contains(u'_') || SignoDelValor(periodo) < 0)
-        return Veredicto::Callado(kCampoPeriodo);
-    const QString actual = FormatFecha(hoy, u"yyyymmdd").left(6);
-    if (periodo < kPrimerPeriodo || periodo > actual || !MesExiste(mostrado))
+std::optional<VeredictoDeclaracion> ValidaPeriodo(const QString& mostrado, const QDate& hoy) {
+    if (mostrado.contains(u'_'))
+        return std::nullopt;
+    const std::optional<Periodo> periodo = Periodo::DePantalla(mostrado);
+    if (!periodo || *periodo < kPrimerPeriodo || *periodo > Periodo::DelDia(hoy))
         return PeriodoNoValido();
     return Veredicto::Bien();
 }
@@ -40,48 +32,50 @@ bool ExisteDeclaracion(Base& base, const ClaveDeclaracion& clave) {
     return filas.Siguiente();
 }
 
-Veredicto RechazaDuplicada(Base& base, const ClaveDeclaracion& clave) {
+VeredictoDeclaracion RechazaDuplicada(Base& base, const ClaveDeclaracion& clave) {
     return ExisteDeclaracion(base, clave)
-               ? Veredicto::Critico(u"La declaración ya ha sido registrada."_s, kCampoPeriodo)
-               : Veredicto::Bien();
+               ? VeredictoDeclaracion::Critico(u"La declaración ya ha sido registrada."_s, CampoDeclaracion::Periodo)
+               : VeredictoDeclaracion(Veredicto::Bien());
 }
 
-Veredicto ValidaContForm1(Base& base, const Identificacion& identificacion, const QDate& hoy) {
+std::optional<VeredictoDeclaracion> ValidaContForm1(Base& base, const Identificacion& identificacion,
+                                                    const QDate& hoy) {
     const QString& mostrado = identificacion.mostrado;
     if (identificacion.nueva) {
-        if (identificacion.ruc.isEmpty())
-            return Veredicto::Critico(u"Debe seleccionar un Contribuyente."_s, kCampoRuc);
+        if (identificacion.ruc.EstaVacio())
+            return VeredictoDeclaracion::Critico(u"Debe seleccionar un Contribuyente."_s, CampoDeclaracion::Ruc);
         if (mostrado == kPeriodoVacio)
-            return Veredicto::Critico(u"Debe ingresar Período."_s, kCampoPeriodo);
+            return VeredictoDeclaracion::Critico(u"Debe ingresar Período."_s, CampoDeclaracion::Periodo);
         // A disabled period field is the sign that the form itself saved the row, so later saves pass.
-        const ClaveDeclaracion clave{identificacion.ruc, PeriodoDePantalla(mostrado), kNumFormulario, false, {}};
+        const ClaveDeclaracion clave{.ruc = identificacion.ruc,
+                                     .periodo = Periodo::DePantalla(mostrado).value_or(Periodo())};
         if (identificacion.periodoHabilitado) {
-            if (Veredicto unica = RechazaDuplicada(base, clave); !unica)
+            if (VeredictoDeclaracion unica = RechazaDuplicada(base, clave); !unica)
                 return unica;
         }
     }
     if (Recorta(mostrado) == kPeriodoVacio)
-        return Veredicto::Callado(kCampoPeriodo);
+        return std::nullopt;
     return ValidaPeriodo(mostrado, hoy);
 }
 
-Veredicto ValidaClaveElegida(const Identificacion& identificacion) {
+VeredictoDeclaracion ValidaClaveElegida(const Identificacion& identificacion) {
     if (!identificacion.nueva)
         return Veredicto::Bien();
-    if (identificacion.ruc.isEmpty())
-        return Veredicto::Critico(u"Ingrese el RUC."_s, kCampoRuc);
-    return identificacion.mostrado.contains(u'_') ? PeriodoNoValido() : Veredicto::Bien();
+    if (identificacion.ruc.EstaVacio())
+        return VeredictoDeclaracion::Critico(u"Ingrese el RUC."_s, CampoDeclaracion::Ruc);
+    return identificacion.mostrado.contains(u'_') ? PeriodoNoValido() : VeredictoDeclaracion(Veredicto::Bien());
 }
 
-Veredicto RechazaRucDeOcho(const QString& ruc) {
-    if (Recorta(ruc).size() != 8)
+VeredictoDeclaracion RechazaRucDeOcho(const Ruc& ruc) {
+    if (!ruc.EsAntiguo())
         return Veredicto::Bien();
-    return Veredicto::Rechaza(
+    return VeredictoDeclaracion::Rechaza(
         {Icono::Informacion,
          u"No puede grabar declaraciones con RUC de 8, modifique el RUC de 8 a 11 en el Modulo de "
          "Registro de Declarantes."_s,
          {}},
-        kCampoRuc);
+        CampoDeclaracion::Ruc);
 }
 
 } // namespace xa518

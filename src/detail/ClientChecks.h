@@ -2,6 +2,7 @@
 
 #include "form518/WorkClients.h"
 #include "values/Message.h"
+#include "values/Ruc.h"
 
 #include <QString>
 
@@ -19,6 +20,10 @@ struct FilaCliente {
     QString nombres;
 };
 
+/// The fields of the client dialog that a rule may name.
+enum class CampoCliente { TipoDoc, NumDoc, ApellidoP, Nombres };
+using VeredictoCliente = VeredictoDe<CampoCliente>;
+
 /// A client as its dialog shows it.
 struct DatosCliente {
     QString codigo; ///< two digits of `CmbTipDoc`, empty until one is picked
@@ -34,22 +39,22 @@ struct DatosCliente {
 };
 
 /// A RUC must have eleven digits, be valid and not be the declarant's.
-[[nodiscard]] Veredicto ValidaRucDeCliente(const QString& numero, const QString& docDeclarante);
+[[nodiscard]] VeredictoCliente ValidaRucDeCliente(const QString& numero, const Ruc& docDeclarante);
 
 /// The checks before a client is stored, up to its names.
-[[nodiscard]] Veredicto ValidaParaAceptar(const DatosCliente& datos, const QString& docDeclarante);
+[[nodiscard]] VeredictoCliente ValidaParaAceptar(const DatosCliente& datos, const Ruc& docDeclarante);
 
 /// The checks before its first voucher. The eight digits of a DNI come last here: wanted. `yaRegistrado` is asked in
 /// its turn, after the number.
-[[nodiscard]] Veredicto ValidaParaComprobante(const DatosCliente& datos, const QString& docDeclarante,
-                                              const std::function<bool()>& yaRegistrado);
+[[nodiscard]] VeredictoCliente ValidaParaComprobante(const DatosCliente& datos, const Ruc& docDeclarante,
+                                                     const std::function<bool()>& yaRegistrado);
 
 /// What is said of a number while it is typed. A RUC is looked at the moment it has eleven characters, any other number
 /// with each key.
-[[nodiscard]] Veredicto ValidaAlTeclear(const DatosCliente& datos, const QString& docDeclarante,
-                                        const std::function<bool()>& yaRegistrado);
+[[nodiscard]] VeredictoCliente ValidaAlTeclear(const DatosCliente& datos, const Ruc& docDeclarante,
+                                               const std::function<bool()>& yaRegistrado);
 
 /// The refusal of a client that has its row already. The words speak of the agent: wanted.
-[[nodiscard]] Veredicto ClienteRegistrado(const DatosCliente& datos);
+[[nodiscard]] VeredictoCliente ClienteRegistrado(const DatosCliente& datos);
 
 } // namespace xa518

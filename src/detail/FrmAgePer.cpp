@@ -53,7 +53,7 @@ FrmAgePer::FrmAgePer(Proceso& proceso, Avisos& avisos, const QString& mkePeriodo
     const RelojDeArena reloj;
     m_ui->setupUi(this);
     Prepara({m_ui->CmdSalir});
-    m_proceso->periodoDeclarado = PeriodoDePantalla(mkePeriodo);
+    m_proceso->periodoDeclarado = Periodo::DePantalla(mkePeriodo).value_or(Periodo());
     LlenaTiposDeDocumento(*m_ui->CmbTipDoc, *m_proceso->baseDatos, fila ? fila->tipDocPer : QString());
     Cabeceragrilla();
     PonDisposicion(Disposicion::Persona);
@@ -152,7 +152,7 @@ void FrmAgePer::AlTeclearDocumento() {
     if (const std::optional<Disposicion> disposicion = AlTeclearNumero(datos))
         PonDisposicion(*disposicion);
     const auto yaRegistrado = [&] { return EsNuevo() && ClientesTrabajo(*m_proceso->baseDatos).Existe(datos.Clave()); };
-    (void)Atiende(*this, *m_avisos, ValidaAlTeclear(datos, m_proceso->docDeclarante, yaRegistrado));
+    (void)Pasa(ValidaAlTeclear(datos, m_proceso->docDeclarante, yaRegistrado));
 }
 
 void FrmAgePer::PonDisposicion(Disposicion disposicion) {
@@ -175,7 +175,7 @@ void FrmAgePer::Nuevo() {
     m_proceso->modoDetalle = u"0"_s;
     const DatosCliente datos = Datos();
     const auto yaRegistrado = [&] { return EsNuevo() && ClientesTrabajo(*m_proceso->baseDatos).Existe(datos.Clave()); };
-    if (!Atiende(*this, *m_avisos, ValidaParaComprobante(datos, m_proceso->docDeclarante, yaRegistrado)))
+    if (!Pasa(ValidaParaComprobante(datos, m_proceso->docDeclarante, yaRegistrado)))
         return;
     reloj.Suelta();
     AbreComprobante({{datos.Clave(), {}, {}, {}}, {}});
@@ -188,7 +188,7 @@ void FrmAgePer::Modificar() {
     if (m_ui->GrdPer->Fila() < 0)
         return;
     const DatosCliente datos = Datos();
-    if (datos.EsRuc() && !Atiende(*this, *m_avisos, ValidaRucDeCliente(datos.numero, m_proceso->docDeclarante)))
+    if (datos.EsRuc() && !Pasa(ValidaRucDeCliente(datos.numero, m_proceso->docDeclarante)))
         return;
     reloj.Suelta();
     AbreComprobante(Seleccionado());
@@ -210,7 +210,7 @@ void FrmAgePer::Eliminar() {
 
 bool FrmAgePer::Acepta() {
     const DatosCliente datos = Datos();
-    if (!Atiende(*this, *m_avisos, ValidaParaAceptar(datos, m_proceso->docDeclarante)))
+    if (!Pasa(ValidaParaAceptar(datos, m_proceso->docDeclarante)))
         return false;
     if (m_comprobantes.rowCount() == 0) {
         Rechaza(*m_avisos, u"Ingrese al menos un comprobante de pago"_s); // of perception; wanted so
@@ -222,7 +222,7 @@ bool FrmAgePer::Acepta() {
         return true;
     }
     if (clientes.Existe(datos.Clave()))
-        return Atiende(*this, *m_avisos, ClienteRegistrado(datos));
+        return Pasa(ClienteRegistrado(datos));
     clientes.Agrega(datos.Clave(), datos.Nombres(), Totales());
     return true;
 }
@@ -262,6 +262,20 @@ void FrmAgePer::ActualizaTotales() {
     const ClientesTrabajo::Sumas sumas = ClientesTrabajo(*m_proceso->baseDatos).SumaComprobantes(Datos().Clave());
     m_ui->TxtBase->setText(Format(sumas.base, u"##############0.#0"));
     m_ui->TxtPercepcion->setText(Format(sumas.percepcion, kMascara));
+}
+
+bool FrmAgePer::Pasa(const VeredictoCliente& veredicto) {
+    return Atiende(*m_avisos, veredicto, [this](CampoCliente campo) -> QWidget& { return Control(campo); });
+}
+
+QWidget& FrmAgePer::Control(CampoCliente campo) const {
+    switch (campo) {
+    case CampoCliente::TipoDoc: return *m_ui->CmbTipDoc;
+    case CampoCliente::NumDoc: return *m_ui->TxtNumDoc;
+    case CampoCliente::ApellidoP: return *m_ui->TxtApePat;
+    case CampoCliente::Nombres: break;
+    }
+    return *m_ui->TxtNombres;
 }
 
 bool FrmAgePer::EsNuevo() const {

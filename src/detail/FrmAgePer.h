@@ -54,6 +54,9 @@ class FrmAgePer : public Forma {
     void LigaGrilla();
     void ActualizaTotales();
 
+    /// Shows what a rule refuses; true when it passed.
+    [[nodiscard]] bool Pasa(const VeredictoCliente& veredicto);
+    [[nodiscard]] QWidget& Control(CampoCliente campo) const;
     [[nodiscard]] bool EsNuevo() const;
     [[nodiscard]] DatosCliente Datos() const;
     [[nodiscard]] TotalesCliente Totales() const;

@@ -67,7 +67,7 @@ void FrmDetAgePer::LigaGrilla() {
 void FrmDetAgePer::NuevoPago() {
     RelojDeArena reloj;
     m_proceso->modoPago = u"0"_s;
-    if (!Atiende(*this, *m_avisos, Valida()))
+    if (!Pasa(Valida()))
         return;
     if (EsNuevo() && ComprobantesTrabajo(*m_proceso->baseDatos).Existe(Clave())) {
         Rechaza(*m_avisos, kYaRegistrada);
@@ -81,7 +81,7 @@ void FrmDetAgePer::NuevoPago() {
 void FrmDetAgePer::ModificarPago() {
     RelojDeArena reloj;
     m_proceso->modoPago = u"1"_s;
-    if (m_ui->GrdDetPer->Fila() < 0 || !Atiende(*this, *m_avisos, Valida()))
+    if (m_ui->GrdDetPer->Fila() < 0 || !Pasa(Valida()))
         return;
     reloj.Suelta();
     AbrePago(Seleccionado());
@@ -126,7 +126,7 @@ void FrmDetAgePer::EliminarPago() {
 
 bool FrmDetAgePer::Acepta() {
     const RelojDeArena reloj;
-    if (!Atiende(*this, *m_avisos, Valida()))
+    if (!Pasa(Valida()))
         return false;
     if (m_contado->Respuesta() == false && SinPagos()) {
         Rechaza(*m_avisos, u"Ingrese al menos un comprobante de pago"_s);
@@ -192,7 +192,7 @@ bool FrmDetAgePer::EsNuevo() const {
 }
 
 bool FrmDetAgePer::EnRangoPrimerIgv() const {
-    return u"200501"_s <= m_proceso->periodoDeclarado && m_proceso->periodoDeclarado <= m_proceso->fechaPrimerIgv;
+    return HastaPrimerIgv(m_proceso->periodoDeclarado, m_proceso->fechaPrimerIgv);
 }
 
 ClaveComprobante FrmDetAgePer::Clave() const {
@@ -210,7 +210,23 @@ DatosComprobante FrmDetAgePer::Datos() const {
             m_ui->FraListado->isEnabled(),  LasRespuestas()};
 }
 
-Veredicto FrmDetAgePer::Valida() const {
+bool FrmDetAgePer::Pasa(const VeredictoComprobante& veredicto) {
+    return Atiende(*m_avisos, veredicto, [this](CampoComprobante campo) -> QWidget& { return Control(campo); });
+}
+
+QWidget& FrmDetAgePer::Control(CampoComprobante campo) const {
+    switch (campo) {
+    case CampoComprobante::Tipo: return *m_ui->CmbTipoCP;
+    case CampoComprobante::Serie: return *m_ui->TxtSerie;
+    case CampoComprobante::Numero: return *m_ui->TxtNumero;
+    case CampoComprobante::Fecha: return *m_ui->MkeFecEmis;
+    case CampoComprobante::Monto: return *m_ui->TxtMtoBase;
+    case CampoComprobante::Listado: break;
+    }
+    return *m_ui->OptListado_0;
+}
+
+VeredictoComprobante FrmDetAgePer::Valida() const {
     return ValidaGrabar(Datos(), m_proceso->periodoDeclarado, m_proceso->reloj.Hoy());
 }
 

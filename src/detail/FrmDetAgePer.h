@@ -80,7 +80,10 @@ class FrmDetAgePer : public Forma {
     [[nodiscard]] ClaveComprobante Clave() const;
     [[nodiscard]] DatosComprobante Datos() const;
     [[nodiscard]] Respuestas LasRespuestas() const;
-    [[nodiscard]] Veredicto Valida() const;
+    [[nodiscard]] VeredictoComprobante Valida() const;
+    /// Shows what a rule refuses; true when it passed.
+    [[nodiscard]] bool Pasa(const VeredictoComprobante& veredicto);
+    [[nodiscard]] QWidget& Control(CampoComprobante campo) const;
     [[nodiscard]] ComprobanteDePago Seleccionado() const;
 
     std::unique_ptr<Ui::FrmDetAgePer> m_ui;
@@ -96,7 +99,7 @@ class FrmDetAgePer : public Forma {
     ParDeOpciones* m_venta = nullptr;
     ParDeOpciones* m_medPago = nullptr;
     QString m_tipoCP;          ///< code of `CmbTipoCP`, empty until one is picked
-    QString m_periodoEmision;  ///< `yyyymm`, underscores until the date was left
+    Periodo m_periodoEmision;  ///< none until the date was left
     QString m_tasaIgv;         ///< wanted: computed and kept, read by nobody
     bool m_hayCambios = false; ///< wanted: set by keys, never cleared
     bool m_abriendo = true;

@@ -140,11 +140,10 @@ Salida FrmDetAgePer::AlDejarFecha() {
     const QString fecha = m_ui->MkeFecEmis->text();
     if (!m_ui->MkeFecEmis->EstaCompleto())
         return Salida::Libre;
-    const Veredicto veredicto = ValidaFecha(fecha, m_proceso->periodoDeclarado, m_proceso->reloj.Hoy());
+    const VeredictoComprobante veredicto = ValidaFecha(fecha, m_proceso->periodoDeclarado, m_proceso->reloj.Hoy());
     if (!veredicto) {
-        if (veredicto.mensaje)
-            m_avisos->Muestra(*veredicto.mensaje);
-        return veredicto.campo.isEmpty() ? Salida::Libre : Salida::Retenida;
+        m_avisos->Muestra(veredicto.Motivo());
+        return veredicto.ElCampo() ? Salida::Retenida : Salida::Libre;
     }
     IniciaIgv();
     CalculaMontos();
@@ -152,7 +151,7 @@ Salida FrmDetAgePer::AlDejarFecha() {
 }
 
 void FrmDetAgePer::IniciaIgv() {
-    m_periodoEmision = PeriodoDeFecha(m_ui->MkeFecEmis->text());
+    m_periodoEmision = Periodo::DeFecha(m_ui->MkeFecEmis->text()).value_or(Periodo());
     m_tasaIgv = IniIgv(*m_proceso->baseDatos, u"010101"_s, u"998"_s, m_periodoEmision);
 }
 

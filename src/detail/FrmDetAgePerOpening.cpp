@@ -16,8 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kSinZona = u"200802"_s; ///< up to this period nobody is asked about the earthquake zone
-
 /// Amounts of the grid of payment vouchers.
 class CeldaDeMonto final : public QStyledItemDelegate {
   public:
@@ -80,14 +78,14 @@ void FrmDetAgePer::Abre(const Comprobante& comprobante) {
     LlenaTiposDeDocumento(*m_ui->CmbTipDoc, *m_proceso->baseDatos, tipo);
     m_ui->CmbTipDoc->EligePorValor(tipo);
     m_ui->TxtNumDoc->setText(m_cliente.numero);
-    if (m_proceso->periodoDeclarado <= kSinZona)
+    if (!PreguntaPorZona(m_proceso->periodoDeclarado))
         ApagaZona();
     LlenaTiposDeComprobante(*m_ui->CmbTipoCP, TiposDeContado(*m_proceso->baseDatos));
     if (EsNuevo())
         m_contado->Contesta(false);
     else
         MuestraComprobante(comprobante);
-    if (m_proceso->periodoDeclarado <= kSinZona)
+    if (!PreguntaPorZona(m_proceso->periodoDeclarado))
         m_venta->Borra();
     if (m_proceso->enviadas)
         DesActiva(); // after the answers, which enable the buttons

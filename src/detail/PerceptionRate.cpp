@@ -53,18 +53,17 @@ QString ClaseTasa(Banda banda, const Respuestas& respuestas) {
     return {};
 }
 
-QString LblTipo(const QString& periodoDeclarado, const QString& fechaPrimerIgv, const Contestacion& cpFact) {
+QString LblTipo(Periodo declarado, Periodo primerIgv, const Contestacion& cpFact) {
     if (cpFact != true)
         return u"3"_s;
-    const bool enRango = u"200501"_s <= periodoDeclarado && periodoDeclarado <= fechaPrimerIgv;
-    return enRango ? u"1"_s : u"2"_s;
+    return HastaPrimerIgv(declarado, primerIgv) ? u"1"_s : u"2"_s;
 }
 
-TasaPercepcion::TasaPercepcion(Base& base, const QString& periodoDeclarado, const QString& fechaPrimerIgv)
-    : m_banda(BandaDe(periodoDeclarado, fechaPrimerIgv)), m_catalogo(base, periodoDeclarado) {}
+TasaPercepcion::TasaPercepcion(Base& base, Periodo declarado, Periodo primerIgv)
+    : m_banda(BandaDe(declarado, primerIgv)), m_catalogo(base, declarado) {}
 
-FilaTasa TasaPercepcion::Calcular(const Respuestas& respuestas, const QString& periodoEmision) {
-    return m_catalogo.Busca(ClaseTasa(m_banda, respuestas), periodoEmision);
+FilaTasa TasaPercepcion::Calcular(const Respuestas& respuestas, Periodo emision) {
+    return m_catalogo.Busca(ClaseTasa(m_banda, respuestas), emision);
 }
 
 QString TextoFactor(const QString& factor) {
@@ -83,11 +82,11 @@ QString Percepcion(const QString& monto, const QString& factor) {
     return Format(Importe::De(cobrado * Decimal::Valor(factor)), kDosDecimales);
 }
 
-QString IniIgv(Base& base, const QString& argumento, const QString& numeroIgv, const QString& periodo) {
+QString IniIgv(Base& base, const QString& argumento, const QString& numeroIgv, Periodo periodo) {
     Registros filas = base.Lee(u"SELECT MID(ARGUMENTO,8,6) AS PER, mid(FUNCION,2,6) AS IGV FROM PARAM "
                                "WHERE numero=? AND MID(ARGUMENTO,8,6)<= ? AND MID(ARGUMENTO,1,6)=? "
                                "order by MID(ARGUMENTO,8,6)"_s,
-                               {numeroIgv, periodo, argumento});
+                               {numeroIgv, periodo.Texto(), argumento});
     QString tasa;
     while (filas.Siguiente())
         tasa = Decimal::Valor(filas.Texto(u"IGV")).Texto();

@@ -26,17 +26,16 @@ struct Respuestas {
 [[nodiscard]] QString ClaseTasa(Banda banda, const Respuestas& respuestas);
 
 /// `lblTipo`: "3" without tax credit, otherwise "1" up to the period of catalogue "830" and "2" outside.
-[[nodiscard]] QString LblTipo(const QString& periodoDeclarado, const QString& fechaPrimerIgv,
-                              const Contestacion& cpFact);
+[[nodiscard]] QString LblTipo(Periodo declarado, Periodo primerIgv, const Contestacion& cpFact);
 
 /// Factor and rate of one voucher of the declared period.
 class TasaPercepcion {
   public:
-    TasaPercepcion(Base& base, const QString& periodoDeclarado, const QString& fechaPrimerIgv);
+    TasaPercepcion(Base& base, Periodo declarado, Periodo primerIgv);
 
     /// The catalogue row for the answers; the class comes from the declared period, the row within it from the month
-    /// of issue (`yyyymm`, or text with the mask's underscores, which finds none). "0" and "0" when none applies.
-    [[nodiscard]] FilaTasa Calcular(const Respuestas& respuestas, const QString& periodoEmision);
+    /// of issue. "0" and "0" when none applies, as without a month.
+    [[nodiscard]] FilaTasa Calcular(const Respuestas& respuestas, Periodo emision);
 
   private:
     Banda m_banda;
@@ -55,6 +54,6 @@ class TasaPercepcion {
 
 /// The general sales tax in force in a period, from catalogue `numeroIgv`: the row with the latest start not after it,
 /// as a number in its shortest form. Empty when there is none.
-[[nodiscard]] QString IniIgv(Base& base, const QString& argumento, const QString& numeroIgv, const QString& periodo);
+[[nodiscard]] QString IniIgv(Base& base, const QString& argumento, const QString& numeroIgv, Periodo periodo);
 
 } // namespace xa518

@@ -1,24 +1,8 @@
 #include "detail/ShowVerdict.h"
 
-#include "platform/Notices.h"
-#include "widgets/WidgetHelpers.h"
-
-#include <QWidget>
-
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
-
-bool Atiende(const QWidget& forma, Avisos& avisos, const Veredicto& veredicto) {
-    if (veredicto)
-        return true;
-    if (veredicto.mensaje)
-        avisos.Muestra(*veredicto.mensaje);
-    auto* campo = veredicto.campo.isEmpty() ? nullptr : forma.findChild<QWidget*>(veredicto.campo);
-    if (campo)
-        Enfoca(*campo);
-    return false;
-}
 
 void Rechaza(Avisos& avisos, const QString& texto) {
     avisos.Muestra({Icono::Critico, texto, {}});

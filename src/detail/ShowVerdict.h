@@ -1,15 +1,22 @@
 #pragma once
 
+#include "platform/Notices.h"
 #include "values/Message.h"
-
-class QWidget;
+#include "widgets/WidgetHelpers.h"
 
 namespace xa518 {
 
-class Avisos;
-
-/// Shows what a rule refuses and puts the focus on the field at fault, if it is enabled. True when the rule passed.
-[[nodiscard]] bool Atiende(const QWidget& forma, Avisos& avisos, const Veredicto& veredicto);
+/// Shows what a rule refuses and puts the focus on the field at fault, if it is enabled; `control` gives the form's
+/// widget for a field. True when the rule passed.
+template <typename Campo, typename Control>
+[[nodiscard]] bool Atiende(Avisos& avisos, const VeredictoDe<Campo>& veredicto, const Control& control) {
+    if (veredicto)
+        return true;
+    avisos.Muestra(veredicto.Motivo());
+    if (const std::optional<Campo> campo = veredicto.ElCampo())
+        Enfoca(control(*campo));
+    return false;
+}
 
 /// Shows a refusal that has no field.
 void Rechaza(Avisos& avisos, const QString& texto);

@@ -14,23 +14,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kCampoSerie = u"TxtSerie"_s;
-const QString kCampoNumero = u"TxtNumero"_s;
 const QString kDesdeLetras = u"20100719"_s;
 const QString kSoloPrimera = u"No se permite letras desde la segunda a la cuarta posición en el número de serie."_s;
 constexpr int kLargoSerie = 4;
 
 /// The verdicts of a list of checks that stops at the first fault.
 template <typename... Chequeos>
-Veredicto Primero(const Chequeos&... chequeos) {
-    Veredicto veredicto;
-    (void)((veredicto = chequeos(), veredicto.pasa) && ...);
+VeredictoComprobante Primero(const Chequeos&... chequeos) {
+    VeredictoComprobante veredicto = Veredicto::Bien();
+    (void)((veredicto = chequeos(), static_cast<bool>(veredicto)) && ...);
     return veredicto;
 }
 
+VeredictoComprobante CriticoSi(bool falta, const QString& texto, CampoComprobante campo) {
+    return VeredictoComprobante::CriticoSi(falta, texto, campo);
+}
+
 /// As the utility object's message shows.
-Veredicto Advierte(const QString& texto) {
-    return Veredicto::Rechaza({Icono::Exclamacion, texto, {}}, kCampoSerie);
+VeredictoComprobante Advierte(const QString& texto) {
+    return VeredictoComprobante::Rechaza({Icono::Exclamacion, texto, {}}, CampoComprobante::Serie);
 }
 
 bool EstaVacio(const QString& texto) {
@@ -52,7 +54,7 @@ QString SoloLetrasODigitos(const QString& separador) {
            u"sólo se permite letras o dígitos en la primera posición del número de serie"_s;
 }
 
-Veredicto ValidaSerieConLetra(const QString& serie) {
+VeredictoComprobante ValidaSerieConLetra(const QString& serie) {
     if (!EmpiezaBien(serie))
         return Advierte(SoloLetrasODigitos({}));
     for (int posicion = 1; posicion < kLargoSerie; ++posicion) {
@@ -64,68 +66,77 @@ Veredicto ValidaSerieConLetra(const QString& serie) {
     return Veredicto::Bien();
 }
 
-Veredicto ValidaSerie(const DatosComprobante& datos) {
+VeredictoComprobante ValidaSerie(const DatosComprobante& datos) {
     if (DesdeElCambio(datos.fecha))
         return ValidaSerieConLetra(datos.serie);
-    return CriticoSi(!EsDigito(datos.serie.front()), u"El número de serie debe ser numérico"_s, kCampoSerie);
+    return CriticoSi(!EsDigito(datos.serie.front()), u"El número de serie debe ser numérico"_s,
+                     CampoComprobante::Serie);
 }
 
-Veredicto ValidaIdentidad(const DatosComprobante& datos) {
+VeredictoComprobante ValidaIdentidad(const DatosComprobante& datos) {
     return Primero(
         [&] {
             return CriticoSi(datos.contado && datos.tipoCp.isEmpty(), u"Ingrese el tipo de comprobante de pago"_s,
-                             u"CmbTipoCP"_s);
+                             CampoComprobante::Tipo);
         },
-        [&] { return CriticoSi(EstaVacio(datos.serie), u"Ingrese la serie"_s, kCampoSerie); },
-        [&] { return CriticoSi(EstaVacio(datos.numero), u"Ingrese el número del documento"_s, kCampoNumero); },
+        [&] { return CriticoSi(EstaVacio(datos.serie), u"Ingrese la serie"_s, CampoComprobante::Serie); },
+        [&] {
+            return CriticoSi(EstaVacio(datos.numero), u"Ingrese el número del documento"_s, CampoComprobante::Numero);
+        },
         [&] {
             return CriticoSi(SignoDelValor(datos.numero) == 0,
-                             u"El número de comprobante de percepción no puede ser cero"_s, kCampoNumero);
+                             u"El número de comprobante de percepción no puede ser cero"_s, CampoComprobante::Numero);
         },
         [&] { return ValidaSerie(datos); });
 }
 
-Veredicto ValidaSerieDePago(const DatosPago& datos) {
+VeredictoComprobante ValidaSerieDePago(const DatosPago& datos) {
     const QString texto = u"El número de serie del comprobante de pago no es válido"_s;
     const bool soloLetrasYDigitos = ObjetoUtil::ValidaTextoDoc(datos.serie);
     const bool nueva = DesdeElCambio(datos.fecha);
     const QStringView recortada = Recorta(datos.serie);
     return Primero(
-        [&] { return CriticoSi(AdmiteLetras(datos.tipo) && !soloLetrasYDigitos, texto, kCampoSerie); },
+        [&] { return CriticoSi(AdmiteLetras(datos.tipo) && !soloLetrasYDigitos, texto, CampoComprobante::Serie); },
         // Padding leaves a series with letters alone, so that "A12" ends here. Wanted.
-        [&] { return CriticoSi(recortada.size() != kLargoSerie, texto, kCampoSerie); },
-        [&] { return CriticoSi(!nueva && !soloLetrasYDigitos, texto, kCampoSerie); },
-        [&] { return nueva && !EmpiezaBien(datos.serie) ? Advierte(SoloLetrasODigitos(u" "_s)) : Veredicto::Bien(); },
+        [&] { return CriticoSi(recortada.size() != kLargoSerie, texto, CampoComprobante::Serie); },
+        [&] { return CriticoSi(!nueva && !soloLetrasYDigitos, texto, CampoComprobante::Serie); },
+        [&] {
+            return nueva && !EmpiezaBien(datos.serie) ? Advierte(SoloLetrasODigitos(u" "_s))
+                                                      : VeredictoComprobante(Veredicto::Bien());
+        },
         [&] {
             const bool otraLetra = std::any_of(recortada.begin() + 1, recortada.end(), EsLetra);
-            return nueva && otraLetra ? Advierte(kSoloPrimera) : Veredicto::Bien();
+            return nueva && otraLetra ? Advierte(kSoloPrimera) : VeredictoComprobante(Veredicto::Bien());
         });
 }
 
-Veredicto ValidaIdentidad(const DatosPago& datos) {
+VeredictoComprobante ValidaIdentidad(const DatosPago& datos) {
     return Primero(
-        [&] { return CriticoSi(datos.tipo.isEmpty(), u"Ingrese el tipo de documento"_s, u"CmbTipoDoc"_s); },
-        [&] { return CriticoSi(EstaVacio(datos.serie), u"Ingrese la serie"_s, kCampoSerie); },
-        [&] { return CriticoSi(EstaVacio(datos.numero), u"Ingrese el número del documento"_s, kCampoNumero); },
+        [&] { return CriticoSi(datos.tipo.isEmpty(), u"Ingrese el tipo de documento"_s, CampoComprobante::Tipo); },
+        [&] { return CriticoSi(EstaVacio(datos.serie), u"Ingrese la serie"_s, CampoComprobante::Serie); },
         [&] {
-            return CriticoSi(SignoDelValor(datos.numero) == 0, u"El número de comprobante de pago no puede ser cero."_s,
-                             kCampoNumero);
+            return CriticoSi(EstaVacio(datos.numero), u"Ingrese el número del documento"_s, CampoComprobante::Numero);
         },
         [&] {
-            return CriticoSi(EsNumericoCero(datos.serie), u"El número de serie no puede ser cero."_s, kCampoSerie);
+            return CriticoSi(SignoDelValor(datos.numero) == 0, u"El número de comprobante de pago no puede ser cero."_s,
+                             CampoComprobante::Numero);
+        },
+        [&] {
+            return CriticoSi(EsNumericoCero(datos.serie), u"El número de serie no puede ser cero."_s,
+                             CampoComprobante::Serie);
         });
 }
 
 /// A lone point has the value 0, so that the last test is never reached. Wanted: the order is the system's.
-Veredicto ValidaMonto(const QString& monto) {
-    const QString campo = u"TxtMtoDet"_s;
+VeredictoComprobante ValidaMonto(const QString& monto) {
+    constexpr auto kMonto = CampoComprobante::Monto;
     const QString falta = u"Ingrese el valor total del comprobante de pago"_s;
     if (monto.isEmpty())
-        return Veredicto::Critico(falta, campo);
+        return VeredictoComprobante::Critico(falta, kMonto);
     const QString sinGrupos = Format(monto, u"###########0.###0");
     if (Decimal::Valor(sinGrupos) < Decimal::Valor(u"0.01"))
-        return Veredicto::Critico(u"Ingrese valor total del comprobante de pago mayor a cero."_s, campo);
-    return CriticoSi(monto == u".", falta, campo);
+        return VeredictoComprobante::Critico(u"Ingrese valor total del comprobante de pago mayor a cero."_s, kMonto);
+    return CriticoSi(monto == u".", falta, kMonto);
 }
 
 /// "1" and "0" for the answers, `abierta` for none.
@@ -141,27 +152,33 @@ bool AdmiteLetras(QStringView tipo) {
     return tipo == u"01" || tipo == u"03" || tipo == u"07" || tipo == u"08";
 }
 
-Veredicto ValidaGrabar(const DatosComprobante& datos, const QString& periodoDeclarado, const QDate& hoy) {
+VeredictoComprobante ValidaGrabar(const DatosComprobante& datos, Periodo declarado, const QDate& hoy) {
     return Primero([&] { return ValidaIdentidad(datos); }, [&] { return ValidaFechaEscrita(datos.fecha); },
-                   [&] { return ValidaFecha(datos.fecha, periodoDeclarado, hoy); },
+                   [&] { return ValidaFecha(datos.fecha, declarado, hoy); },
                    [&] {
                        return CriticoSi(datos.monto.isEmpty() || datos.monto == u".", u"Ingrese el Monto cobrado"_s,
-                                        u"TxtMtoBase"_s);
+                                        CampoComprobante::Monto);
                    },
                    [&] {
                        return CriticoSi(datos.exigeListado && !datos.respuestas.listado,
                                         u"Conteste si su cliente figura en el listado publicado por ZOLMA"_s,
-                                        u"OptListado_0"_s);
+                                        CampoComprobante::Listado);
                    });
 }
 
-Veredicto ValidaGrabar(const DatosPago& datos, const std::function<Veredicto()>& fechaOrigen) {
-    return Primero([&] { return ValidaIdentidad(datos); }, [&] { return ValidaFechaEscrita(datos.fecha); },
-                   [&] {
-                       return CriticoSi(!ObjetoUtil::FechaEnRango(datos.fecha, u"01/01/1900", u"01/01/2500"),
-                                        u"Debe ingresar una fecha válida."_s, u"MkeFecEmis"_s);
-                   },
-                   fechaOrigen, [&] { return ValidaSerieDePago(datos); }, [&] { return ValidaMonto(datos.monto); });
+std::optional<VeredictoComprobante> ValidaGrabar(const DatosPago& datos, const ChequeoDeFecha& fechaOrigen) {
+    const VeredictoComprobante antes =
+        Primero([&] { return ValidaIdentidad(datos); }, [&] { return ValidaFechaEscrita(datos.fecha); },
+                [&] {
+                    return CriticoSi(!ObjetoUtil::FechaEnRango(datos.fecha, u"01/01/1900", u"01/01/2500"),
+                                     u"Debe ingresar una fecha válida."_s, CampoComprobante::Fecha);
+                });
+    if (!antes)
+        return antes;
+    const std::optional<VeredictoComprobante> fecha = fechaOrigen();
+    if (!fecha || !*fecha)
+        return fecha;
+    return Primero([&] { return ValidaSerieDePago(datos); }, [&] { return ValidaMonto(datos.monto); });
 }
 
 CamposComprobante CamposDe(const DatosComprobante& datos, const QString& percepcion, const QString& tasa) {

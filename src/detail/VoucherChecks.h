@@ -1,8 +1,8 @@
 #pragma once
 
 #include "detail/PerceptionRate.h"
+#include "detail/VoucherDates.h"
 #include "form518/WorkVouchers.h"
-#include "values/Message.h"
 
 #include <QDate>
 #include <QString>
@@ -25,7 +25,7 @@ struct DatosComprobante {
 
 /// Tells whether the voucher may be stored; the first fault with the field at fault. The answers about tax credit and
 /// about the zone aren't required: wanted, such a voucher is stored with rate "0".
-[[nodiscard]] Veredicto ValidaGrabar(const DatosComprobante& datos, const QString& periodoDeclarado, const QDate& hoy);
+[[nodiscard]] VeredictoComprobante ValidaGrabar(const DatosComprobante& datos, Periodo declarado, const QDate& hoy);
 
 /// A payment voucher as its dialog shows it.
 struct DatosPago {
@@ -36,8 +36,11 @@ struct DatosPago {
     QString monto;
 };
 
-/// The same for a payment voucher. `fechaOrigen` is asked in its turn, since it may ask the person.
-[[nodiscard]] Veredicto ValidaGrabar(const DatosPago& datos, const std::function<Veredicto()>& fechaOrigen);
+/// The same for a payment voucher. `fechaOrigen` is asked in its turn, since it may ask the person, who may take the
+/// date back there: then there is no verdict either.
+using ChequeoDeFecha = std::function<std::optional<VeredictoComprobante>()>;
+[[nodiscard]] std::optional<VeredictoComprobante> ValidaGrabar(const DatosPago& datos,
+                                                               const ChequeoDeFecha& fechaOrigen);
 
 /// Types of payment voucher whose series may begin with a letter: "01", "03", "07", "08".
 [[nodiscard]] bool AdmiteLetras(QStringView tipo);

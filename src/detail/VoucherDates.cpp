@@ -9,14 +9,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kCampo = u"MkeFecEmis"_s;
+/// A payment voucher of an earlier month is asked about.
+constexpr Periodo kPrimerMes{2005, 1};
 
-Veredicto Rechaza(const QString& texto) {
-    return Veredicto::Critico(texto, kCampo);
-}
-
-QString MesYAnio(QStringView periodo) {
-    return Mid(periodo, 5, 2).toString() + u'/' + Mid(periodo, 1, 4).toString();
+VeredictoComprobante RechazaFecha(const QString& texto) {
+    return VeredictoComprobante::Critico(texto, CampoComprobante::Fecha);
 }
 
 /// The tests of the month by itself never fire once the date was read as one. They stay, for a mask that lets more in.
@@ -33,53 +30,46 @@ Veredicto ValidaReloj(const QString& fecha, const QDate& hoy, const QString& tex
 
 } // namespace
 
-QString PeriodoDeFecha(QStringView fecha) {
-    return Mid(fecha, 7, 4).toString() + Mid(fecha, 4, 2).toString();
-}
-
 bool Fechadesistema(QStringView fecha, const QDate& hoy) {
-    return PeriodoDeFecha(fecha) + Mid(fecha, 1, 2).toString() <= FormatFecha(hoy, u"yyyymmdd");
+    const QString dia = Mid(fecha, 7, 4).toString() + Mid(fecha, 4, 2).toString() + Mid(fecha, 1, 2).toString();
+    return dia <= FormatFecha(hoy, u"yyyymmdd");
 }
 
-Veredicto ValidaFechaEscrita(const QString& fecha) {
+VeredictoComprobante ValidaFechaEscrita(const QString& fecha) {
     if (fecha == u"__/__/____")
-        return Rechaza(u"Debe ingresar la fecha de emisión."_s);
+        return RechazaFecha(u"Debe ingresar la fecha de emisión."_s);
     if (!EsFecha(fecha))
-        return Rechaza(u"Debe ingresar una fecha válida."_s);
+        return RechazaFecha(u"Debe ingresar una fecha válida."_s);
     return Veredicto::Bien();
 }
 
-Veredicto ValidaFecha(const QString& fecha, const QString& periodoDeclarado, const QDate& hoy) {
-    if (fecha.contains(u'_'))
-        return Veredicto::Callado({});
-    const QString mes = PeriodoDeFecha(fecha);
-    if (mes > periodoDeclarado)
-        return Rechaza(u"La fecha del comprobante de percepción no es válida cuando es posterior al período "_s +
-                       MesYAnio(periodoDeclarado));
-    if (mes < periodoDeclarado)
-        return Rechaza(u"La fecha del comprobante de percepción no puede ser anterior al 01/"_s +
-                       MesYAnio(periodoDeclarado));
+VeredictoComprobante ValidaFecha(const QString& fecha, Periodo declarado, const QDate& hoy) {
+    const Periodo mes = Periodo::DeFecha(fecha).value_or(Periodo());
+    if (mes > declarado)
+        return RechazaFecha(u"La fecha del comprobante de percepción no es válida cuando es posterior al período "_s +
+                            declarado.EnPantalla());
+    if (mes < declarado)
+        return RechazaFecha(u"La fecha del comprobante de percepción no puede ser anterior al 01/"_s +
+                            declarado.EnPantalla());
     if (!EsMes(fecha))
-        return Rechaza(u"La fecha no es válida."_s);
+        return RechazaFecha(u"La fecha no es válida."_s);
     return ValidaReloj(fecha, hoy,
                        u"La fecha del comprobante de percepción no puede ser mayor a la fecha del sistema."_s);
 }
 
-Veredicto ValidaFechaOrigen(const QString& fecha, const QString& periodoDeclarado, const QDate& hoy,
-                            const Confirmacion& confirma) {
-    if (fecha.contains(u'_'))
-        return Veredicto::Callado({});
-    const QString mes = PeriodoDeFecha(fecha);
-    if (mes > periodoDeclarado)
-        return Rechaza(
+std::optional<VeredictoComprobante> ValidaFechaOrigen(const QString& fecha, Periodo declarado, const QDate& hoy,
+                                                      const Confirmacion& confirma) {
+    const Periodo mes = Periodo::DeFecha(fecha).value_or(Periodo());
+    if (mes > declarado)
+        return RechazaFecha(
             u"La fecha de emisión del comprobante de pago no es válido cuando es posterior al período "_s + // wanted so
-            MesYAnio(periodoDeclarado));
+            declarado.EnPantalla());
     const Mensaje pregunta{
         Icono::Pregunta, u"La fecha del comprobante de pago es anterior al 01/01/2005. ¿Desea continuar?"_s, {}};
-    if (mes < u"200501" && confirma && !confirma(pregunta))
-        return Veredicto::Callado(kCampo);
+    if (mes < kPrimerMes && confirma && !confirma(pregunta))
+        return std::nullopt;
     if (!EsMes(fecha))
-        return Rechaza(u"La fecha no es válida."_s);
+        return RechazaFecha(u"La fecha no es válida."_s);
     return ValidaReloj(fecha, hoy,
                        u"La fecha de emisión del comprobante de pago no puede ser mayor a la fecha del sistema."_s);
 }

@@ -127,15 +127,18 @@ void frmPerDet::AlElegirTipoDoc() {
 
 /// A date before 2005 that the person confirms lets the focus go on, as a TAB would.
 Salida frmPerDet::AlDejarFecha() {
-    const Veredicto veredicto = FechaOrigen();
-    if (veredicto)
+    if (!m_ui->MkeFecEmis->EstaCompleto())
         return Salida::Libre;
-    if (veredicto.mensaje)
-        m_avisos->Muestra(*veredicto.mensaje);
-    return veredicto.campo.isEmpty() ? Salida::Libre : Salida::Retenida;
+    const std::optional<VeredictoComprobante> veredicto = FechaOrigen();
+    if (!veredicto)
+        return Salida::Retenida;
+    if (*veredicto)
+        return Salida::Libre;
+    m_avisos->Muestra(veredicto->Motivo());
+    return veredicto->ElCampo() ? Salida::Retenida : Salida::Libre;
 }
 
-Veredicto frmPerDet::FechaOrigen() const {
+std::optional<VeredictoComprobante> frmPerDet::FechaOrigen() const {
     const auto confirma = [this](const Mensaje& pregunta) { return m_avisos->Pregunta(pregunta) == Respuesta::Si; };
     return ValidaFechaOrigen(m_ui->MkeFecEmis->text(), m_proceso->periodoDeclarado, m_proceso->reloj.Hoy(),
                              m_cargando ? Confirmacion() : Confirmacion(confirma));
@@ -143,7 +146,7 @@ Veredicto frmPerDet::FechaOrigen() const {
 
 bool frmPerDet::ValidaFecha() {
     const QString fecha = m_ui->MkeFecEmis->text();
-    const bool delPeriodo = EsFecha(fecha) && PeriodoDeFecha(fecha) == m_proceso->periodoDeclarado;
+    const bool delPeriodo = EsFecha(fecha) && Periodo::DeFecha(fecha) == m_proceso->periodoDeclarado;
     if (!delPeriodo)
         Rechaza(*m_avisos, u"La fecha no es válida."_s);
     return delPeriodo;
@@ -162,7 +165,7 @@ void frmPerDet::AlAceptar() {
 
 bool frmPerDet::Acepta() {
     const DatosPago datos = Datos();
-    if (!Atiende(*this, *m_avisos, ValidaGrabar(datos, [this] { return FechaOrigen(); })))
+    if (!Pasa(ValidaGrabar(datos, [this] { return FechaOrigen(); })))
         return false;
     PagosTrabajo pagos(*m_proceso->baseDatos);
     const QString monto = MontoGuardado(datos.tipo, datos.monto, EsNuevo());
@@ -177,6 +180,27 @@ bool frmPerDet::Acepta() {
     Q_EMIT Guardado();
     m_avisos->Muestra({Icono::Informacion, u"La información se grabó satisfactoriamente"_s, {}});
     return true;
+}
+
+/// Without a verdict the person took the date back, and goes on there.
+bool frmPerDet::Pasa(const std::optional<VeredictoComprobante>& veredicto) {
+    if (veredicto)
+        return Atiende(*m_avisos, *veredicto, [this](CampoComprobante campo) -> QWidget& { return Control(campo); });
+    Enfoca(*m_ui->MkeFecEmis);
+    return false;
+}
+
+/// No rule names the question about the list here: this dialog hasn't got it.
+QWidget& frmPerDet::Control(CampoComprobante campo) const {
+    switch (campo) {
+    case CampoComprobante::Tipo:
+    case CampoComprobante::Listado: break;
+    case CampoComprobante::Serie: return *m_ui->TxtSerie;
+    case CampoComprobante::Numero: return *m_ui->TxtNumero;
+    case CampoComprobante::Fecha: return *m_ui->MkeFecEmis;
+    case CampoComprobante::Monto: return *m_ui->TxtMtoDet;
+    }
+    return *m_ui->CmbTipoDoc;
 }
 
 void frmPerDet::Salir() {

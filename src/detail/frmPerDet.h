@@ -53,7 +53,10 @@ class frmPerDet : public Forma {
     [[nodiscard]] bool EsNuevo() const;
     [[nodiscard]] DatosPago Datos() const;
     [[nodiscard]] ClavePago Clave() const;
-    [[nodiscard]] Veredicto FechaOrigen() const;
+    [[nodiscard]] std::optional<VeredictoComprobante> FechaOrigen() const;
+    /// Shows what a rule refuses; true when it passed.
+    [[nodiscard]] bool Pasa(const std::optional<VeredictoComprobante>& veredicto);
+    [[nodiscard]] QWidget& Control(CampoComprobante campo) const;
 
     std::unique_ptr<Ui::frmPerDet> m_ui;
     Proceso* m_proceso;

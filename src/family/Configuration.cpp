@@ -73,7 +73,8 @@ void ExigeInstalacion(const ArchivoPerfil& perfil) {
 }
 
 void LeerCatalogoInicial(Proceso& proceso) {
-    proceso.fechaPrimerIgv = Catalogo(*proceso.baseDatos).FuncionParam(u"830"_s, u"01"_s, 6, 1);
+    const QString primero = Catalogo(*proceso.baseDatos).FuncionParam(u"830"_s, u"01"_s, 6, 1);
+    proceso.fechaPrimerIgv = Periodo::DeTabla(primero).value_or(Periodo());
 }
 
 } // namespace xa518

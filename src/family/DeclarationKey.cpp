@@ -18,7 +18,7 @@ QString ClaveDeclaracion::CondicionSinTipo() const {
 }
 
 QVariantList ClaveDeclaracion::Valores() const {
-    QVariantList valores{ruc, periodo, formulario};
+    QVariantList valores{ruc.Texto(), periodo.Texto(), formulario};
     if (enviada)
         valores.append(correl);
     return valores;

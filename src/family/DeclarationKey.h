@@ -1,5 +1,8 @@
 #pragma once
 
+#include "values/Period.h"
+#include "values/Ruc.h"
+
 #include <QString>
 #include <QVariantList>
 
@@ -10,11 +13,11 @@ inline const QString kNumFormulario = QStringLiteral("0518");
 /// What identifies a declaration: declarant, period and form, and for a sent one the number of the copy.
 /// It knows its own tables and its own condition.
 struct ClaveDeclaracion {
-    QString ruc;
-    QString periodo; ///< `yyyymm`
+    Ruc ruc;
+    Periodo periodo;
     QString formulario = kNumFormulario;
     bool enviada = false;
-    QString correl; ///< only of a sent copy
+    QString correl{}; ///< only of a sent copy
 
     /// The name of a table of the declaration: itself, or its "H" twin when the declaration is a sent copy.
     [[nodiscard]] QString Tabla(const QString& registrada) const;

@@ -37,7 +37,7 @@ struct Proceso {
     QString rutaBMP;
 
     std::unique_ptr<Base> baseDatos;
-    QString fechaPrimerIgv; ///< `yyyymm`, catalogue "830"; empty when the row is missing
+    Periodo fechaPrimerIgv; ///< of catalogue "830"; none when the row is missing
 
     // What the last command was for. Nothing resets it when its form closes: wanted, the next command sets it anew.
     int opcion = kNueva;
@@ -45,9 +45,9 @@ struct Proceso {
     QString tipoConsulta;  ///< what the list of `FrmConsultas` shows: "B" banks
 
     // The open declaration, and what the dialogs over it are for.
-    QString docDeclarante;    ///< RUC of the open declaration's declarant
-    QString periodoDeclarado; ///< `yyyymm`
-    QString correl;           ///< of the sent copy that was picked, and so the next two
+    Ruc docDeclarante; ///< of the open declaration
+    Periodo periodoDeclarado;
+    QString correl; ///< of the sent copy that was picked, and so the next two
     QString numOrden;
     QString numControl;
     QString opcionDetalle; ///< "0" new client, "1" modify, "3" import

@@ -27,23 +27,15 @@ QString VigenciaPara(const QStringList& vigencias, QStringView mes) {
 
 } // namespace
 
-Banda BandaDe(const QString& periodoDeclarado, const QString& fechaPrimerIgv) {
-    if (u"200501"_s <= periodoDeclarado && periodoDeclarado <= u"200802"_s)
-        return Banda::A;
-    if (u"200803"_s <= periodoDeclarado && periodoDeclarado <= fechaPrimerIgv)
-        return Banda::B;
-    return Banda::C;
-}
+CatalogoTasas::CatalogoTasas(Base& base, Periodo periodoDeclarado)
+    : m_base(&base), m_periodoDeclarado(periodoDeclarado) {}
 
-CatalogoTasas::CatalogoTasas(Base& base, QString periodoDeclarado)
-    : m_base(&base), m_periodoDeclarado(std::move(periodoDeclarado)) {}
-
-FilaTasa CatalogoTasas::Busca(const QString& clase, const QString& mes) {
-    const QString clave = clase + mes;
+FilaTasa CatalogoTasas::Busca(const QString& clase, Periodo mes) {
+    const QString clave = clase + mes.Texto();
     const auto leida = m_leidas.constFind(clave);
     if (leida != m_leidas.cend())
         return *leida;
-    return *m_leidas.insert(clave, LeeFila(clase, VigenciaPara(Vigencias(clase), mes)));
+    return *m_leidas.insert(clave, LeeFila(clase, VigenciaPara(Vigencias(clase), mes.Texto())));
 }
 
 QStringList CatalogoTasas::Vigencias(const QString& clase) const {
@@ -66,7 +58,7 @@ FilaTasa CatalogoTasas::LeeFila(const QString& clase, const QString& desde) cons
     if (!filas.Siguiente())
         return {u"0"_s, u"0"_s};
     const QString funcion = filas.Texto(u"Funcion");
-    const QStringView factor = m_periodoDeclarado < u"200504"_s ? Mid(funcion, 2, 6) : Mid(funcion, 21, 9);
+    const QStringView factor = ConFactorInicial(m_periodoDeclarado) ? Mid(funcion, 2, 6) : Mid(funcion, 21, 9);
     return {Recorta(factor).toString(), Recorta(Mid(funcion, 31, 6)).toString()};
 }
 

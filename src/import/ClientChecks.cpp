@@ -15,7 +15,7 @@ constexpr int kLargoNombre = 20;
 constexpr int kLargoOtroDoc = 12;
 
 Codigo CompruebaRuc(const QString& campo, const ContextoImportacion& contexto) {
-    if (campo == contexto.docDeclarante)
+    if (campo == contexto.docDeclarante.Texto())
         return "0221"_L1;
     return ObjetoUtil::ValidaRUC(campo) ? kAceptado : "0001"_L1;
 }

@@ -2,6 +2,8 @@
 
 #include "import/CheckedLine.h"
 #include "import/SaleTypes.h"
+#include "values/Period.h"
+#include "values/Ruc.h"
 
 #include <QDate>
 
@@ -11,8 +13,8 @@ namespace xa518 {
 
 /// What a run's checks compare with, the same for all its lines.
 struct ContextoImportacion {
-    QString docDeclarante;
-    QString periodoDeclarado; ///< `yyyymm`
+    Ruc docDeclarante;
+    Periodo periodoDeclarado;
     QDate hoy;
     TiposDeVenta ventas{}; ///< only filled for a file of cash sales
 };

@@ -71,10 +71,6 @@ bool Fechadesistema(const QDate& fecha, const QDate& hoy) {
     return fecha <= hoy;
 }
 
-int MesDe(const QDate& fecha) {
-    return fecha.year() * 100 + fecha.month();
-}
-
 bool AdmiteSerieConLetra(const QDate& fecha) {
     static const QDate kDesde(2010, 7, 19);
     return fecha >= kDesde;

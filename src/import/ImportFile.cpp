@@ -11,7 +11,8 @@ namespace xa518 {
 using namespace Qt::StringLiterals;
 
 QString NombreDeArchivo(const Proceso& proceso, const FormatoImportacion& formato) {
-    return proceso.numFormulario + proceso.docDeclarante + proceso.periodoDeclarado + formato.finDeNombre + ".TXT"_L1;
+    return proceso.numFormulario + proceso.docDeclarante.Texto() + proceso.periodoDeclarado.Texto() +
+           formato.finDeNombre + ".TXT"_L1;
 }
 
 bool SeLlama(const QString& ruta, const QString& nombre) {

@@ -24,7 +24,8 @@ constexpr QByteArrayView kFinDeLinea("\n", 1);
 
 /// Wanted: no separator behind `rutaRPT`, so the files lie beside the report folder and begin with its name.
 QString RutaDe(const Proceso& proceso, const QString& fin) {
-    return proceso.rutaRPT + proceso.numFormulario + proceso.docDeclarante + proceso.periodoDeclarado + fin;
+    return proceso.rutaRPT + proceso.numFormulario + proceso.docDeclarante.Texto() + proceso.periodoDeclarado.Texto() +
+           fin;
 }
 
 } // namespace

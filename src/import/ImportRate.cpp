@@ -36,7 +36,7 @@ QString Clase(Banda banda, const Respuestas& respuestas) {
 
 } // namespace
 
-TasaImportacion::TasaImportacion(Base& base, const QString& periodoDeclarado, const QString& fechaPrimerIgv)
+TasaImportacion::TasaImportacion(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv)
     : m_catalogo(base, periodoDeclarado)
     , m_periodo(periodoDeclarado)
     , m_banda(BandaDe(periodoDeclarado, fechaPrimerIgv)) {}

@@ -9,7 +9,7 @@ namespace xa518 {
 /// apart from that of the dialogs, and the row is the one in force in the declared period.
 class TasaImportacion {
   public:
-    TasaImportacion(Base& base, const QString& periodoDeclarado, const QString& fechaPrimerIgv);
+    TasaImportacion(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv);
 
     /// Factor and rate for the answers as they stand in the line, each a "1" for yes.
     [[nodiscard]] FilaTasa NuevaTasa(const QString& credito, const QString& venta, const QString& lista,
@@ -19,7 +19,7 @@ class TasaImportacion {
 
   private:
     CatalogoTasas m_catalogo;
-    QString m_periodo;
+    Periodo m_periodo;
     Banda m_banda;
 };
 

@@ -61,7 +61,7 @@ Codigo CompruebaFechaCp(QString& campo, LineaComprobada& linea, const ContextoIm
         return "0859"_L1;
     if (!Fechadesistema(*fecha, contexto.hoy))
         return "0990"_L1;
-    if (contexto.periodoDeclarado.toInt() < MesDe(*fecha))
+    if (contexto.periodoDeclarado < Periodo::DelDia(*fecha))
         return "0868"_L1;
     return SeriePermitidaEn(*fecha, linea) ? kAceptado : "0892"_L1;
 }

@@ -26,7 +26,7 @@ bool MismoComprobante(const QString& fecha, const QString& monto, const LineaCom
 
 } // namespace
 
-AlmacenPercepciones::AlmacenPercepciones(Base& base, const QString& periodoDeclarado, const QString& fechaPrimerIgv)
+AlmacenPercepciones::AlmacenPercepciones(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv)
     : m_base(&base), m_cliente(base), m_comprobante(base, periodoDeclarado, fechaPrimerIgv), m_pago(base) {}
 
 Objeciones AlmacenPercepciones::Guarda(const LineaComprobada& linea) {

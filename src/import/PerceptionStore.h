@@ -8,7 +8,7 @@ namespace xa518 {
 /// Client, perception voucher and payment voucher of a line, each in its own work table.
 class AlmacenPercepciones final : public Almacen {
   public:
-    AlmacenPercepciones(Base& base, const QString& periodoDeclarado, const QString& fechaPrimerIgv);
+    AlmacenPercepciones(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv);
 
     [[nodiscard]] Objeciones Guarda(const LineaComprobada& linea) override;
 

@@ -17,7 +17,7 @@ QString CodigoDe(const QString& tipo) {
 }
 
 Codigo CompruebaRuc(const QString& campo, bool cabe, const ContextoImportacion& contexto) {
-    if (campo == contexto.docDeclarante)
+    if (campo == contexto.docDeclarante.Texto())
         return "0221"_L1;
     return cabe && ObjetoUtil::ValidaRUC(campo) ? kAceptado : "0001"_L1;
 }

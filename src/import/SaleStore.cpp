@@ -12,7 +12,7 @@ constexpr Codigo kRegistroDuplicado{"0871"};
 
 } // namespace
 
-AlmacenVentas::AlmacenVentas(Base& base, const QString& periodoDeclarado, const QString& fechaPrimerIgv)
+AlmacenVentas::AlmacenVentas(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv)
     : m_base(&base), m_cliente(base), m_comprobante(base, periodoDeclarado, fechaPrimerIgv) {}
 
 /// Wanted: a voucher that is there is a duplicate even when date or amount differ, and its client has been added.

@@ -8,7 +8,7 @@ namespace xa518 {
 /// Client and voucher of a cash sale. There is no payment voucher: the voucher is both.
 class AlmacenVentas final : public Almacen {
   public:
-    AlmacenVentas(Base& base, const QString& periodoDeclarado, const QString& fechaPrimerIgv);
+    AlmacenVentas(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv);
 
     [[nodiscard]] Objeciones Guarda(const LineaComprobada& linea) override;
 

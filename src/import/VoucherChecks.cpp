@@ -1,3 +1,4 @@
+#include "form518/LawBands.h"
 #include "import/FieldChecks.h"
 #include "import/FieldRules.h"
 
@@ -8,14 +9,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The first period whose declaration answers where the sale's goods went.
-const QString kPrimerPeriodoVenta = u"200803"_s;
 
 bool EsSiNo(const QString& campo) {
     return campo == u'0' || campo == u'1';
 }
 
-Codigo CompruebaMes(const QDate& fecha, const QString& periodoDeclarado) {
-    if (periodoDeclarado.toInt() != MesDe(fecha))
+Codigo CompruebaMes(const QDate& fecha, Periodo periodoDeclarado) {
+    if (periodoDeclarado != Periodo::DelDia(fecha))
         return "0991"_L1;
     // Wanted: no real date has a month below 1; the code stays with its text.
     return fecha.month() < 1 && fecha.year() == 2005 ? "0876"_L1 : kAceptado;
@@ -52,7 +52,7 @@ Codigo CompruebaCreditoFiscal(QString& campo, LineaComprobada& /*linea*/, const 
 }
 
 Codigo CompruebaRespuestaVenta(QString& campo, LineaComprobada& /*linea*/, const ContextoImportacion& contexto) {
-    if (contexto.periodoDeclarado < kPrimerPeriodoVenta)
+    if (!PreguntaPorZona(contexto.periodoDeclarado))
         return campo.isEmpty() ? kAceptado : "0869"_L1;
     return EsSiNo(campo) ? kAceptado : "0870"_L1;
 }

@@ -69,7 +69,7 @@ void AltaCliente::PonPersona(const LineaComprobada& linea) {
         .Pon(m_columnas.nombres, linea[Campo::Nombres]);
 }
 
-AltaComprobante::AltaComprobante(Base& base, const QString& periodoDeclarado, const QString& fechaPrimerIgv)
+AltaComprobante::AltaComprobante(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv)
     : m_base(&base), m_tasa(base, periodoDeclarado, fechaPrimerIgv), m_fila(base.Describe(u"TMPF518PDET"_s)) {
     const Tabla& tabla = m_fila.DeTabla();
     m_columnas = {.tipo = tabla.Indice(u"tip_doc_per"),

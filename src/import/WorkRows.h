@@ -31,7 +31,7 @@ class AltaCliente {
 /// Adds perception vouchers to `TMPF518PDET`, with the perception that the rate in force gives.
 class AltaComprobante {
   public:
-    AltaComprobante(Base& base, const QString& periodoDeclarado, const QString& fechaPrimerIgv);
+    AltaComprobante(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv);
 
     /// `tipCp` is the type of a cash-sale voucher, the empty text for any other.
     void Agrega(const LineaComprobada& linea, const QString& tipCp);

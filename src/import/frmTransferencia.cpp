@@ -57,8 +57,8 @@ frmTransferencia::~frmTransferencia() = default;
 
 /// Only decoration, without a command: it tells which declaration the file is for.
 void frmTransferencia::PreparaBarra() {
-    auto* cual = new QLabel(u"RUC %1   ·   Período %2/%3"_s.arg(
-        m_proceso.docDeclarante, m_proceso.periodoDeclarado.mid(4), m_proceso.periodoDeclarado.left(4)));
+    auto* cual = new QLabel(
+        u"RUC %1   ·   Período %2"_s.arg(m_proceso.docDeclarante.Texto(), m_proceso.periodoDeclarado.EnPantalla()));
     cual->setObjectName(u"LblDeclaracion"_s);
     m_ui->Toolbar1->addWidget(cual);
 }

@@ -77,7 +77,7 @@ struct Pedido {
 
 void Exige(const Veredicto& veredicto) {
     if (!veredicto)
-        throw Rechazo(veredicto.mensaje->texto);
+        throw Rechazo(veredicto.Motivo().texto);
 }
 
 void Instala(const Pedido& pedido) {
@@ -111,13 +111,16 @@ void RegistraDeclarante(const Pedido& pedido) {
 
 void Envia(const Pedido& pedido) {
     ClaveDeclaracion clave;
-    clave.ruc = pedido.opciones.value(u"enviar"_s);
-    clave.periodo = pedido.opciones.positionalArguments().constFirst();
+    const QString periodo = pedido.opciones.positionalArguments().constFirst();
+    clave.ruc = Ruc(pedido.opciones.value(u"enviar"_s));
+    clave.periodo = Periodo::DeTabla(periodo).value_or(Periodo());
+    if (clave.periodo.EsNinguno())
+        throw Rechazo(u"El período «%1» no es válido: va como AAAAMM."_s.arg(periodo));
     const bool admite = pedido.opciones.isSet(u"otro-original"_s);
     const ResultadoEnvio resultado =
         Sesion(pedido.entorno).Envia(clave, admite ? OtroOriginal::Admitido : OtroOriginal::Rechazado);
-    if (resultado.veredicto.campo == u"rectifica")
-        throw Rechazo(resultado.veredicto.mensaje->texto +
+    if (resultado.veredicto.ElCampo() == CampoDeEnvio::Rectifica)
+        throw Rechazo(resultado.veredicto.Motivo().texto +
                       u" Para enviarla como otro original agregue --otro-original."_s);
     Exige(resultado.veredicto);
     pedido.salida << u"Copia enviada: "_s << resultado.correl << u"\nNúmero de control: "_s << resultado.control << '\n'

@@ -21,14 +21,17 @@ bool EsRucAdmitido(const QString& ruc) {
     return ObjetoUtil::ValidaRUC(ruc) || (ruc.size() == kLargoRucAntiguo && ObjetoUtil::ValidaNumeroDoc(ruc));
 }
 
-Veredicto ValidaDeclarante(const Declarante& declarante) {
+VeredictoDeclarante ValidaDeclarante(const Declarante& declarante) {
     if (!EsRucAdmitido(declarante.ruc))
-        return Veredicto::Critico(u"El RUC '%1' no es válido."_s.arg(declarante.ruc), u"ruc"_s);
+        return VeredictoDeclarante::Critico(u"El RUC '%1' no es válido."_s.arg(declarante.ruc), CampoDeclarante::Ruc);
     if (declarante.nombre.isEmpty())
-        return Veredicto::Critico(u"Ingrese el nombre o razón social del declarante."_s, u"nombre"_s);
-    if (Veredicto veredicto = ValidaNombreDeDeclarante(declarante.nombre); !veredicto)
-        return veredicto;
-    return ValidaUsuario(declarante.usuario);
+        return VeredictoDeclarante::Critico(u"Ingrese el nombre o razón social del declarante."_s,
+                                            CampoDeclarante::Nombre);
+    if (const Veredicto nombre = ValidaNombreDeDeclarante(declarante.nombre); !nombre)
+        return VeredictoDeclarante::Rechaza(nombre.Motivo(), CampoDeclarante::Nombre);
+    if (const Veredicto usuario = ValidaUsuario(declarante.usuario); !usuario)
+        return VeredictoDeclarante::Rechaza(usuario.Motivo(), CampoDeclarante::Usuario);
+    return Veredicto::Bien();
 }
 
 Declarante Lee(const Registros& fila) {
@@ -81,33 +84,35 @@ QStringList Declarantes::QueVe(const QString& usuario) const {
     return numeros;
 }
 
-Veredicto Declarantes::Registra(Declarante declarante) {
+VeredictoDeclarante Declarantes::Registra(Declarante declarante) {
     return Escribe(std::move(declarante), Modo::Cualquiera);
 }
 
-Veredicto Declarantes::Agrega(Declarante declarante) {
+VeredictoDeclarante Declarantes::Agrega(Declarante declarante) {
     return Escribe(std::move(declarante), Modo::Nuevo);
 }
 
-Veredicto Declarantes::Modifica(Declarante declarante) {
+VeredictoDeclarante Declarantes::Modifica(Declarante declarante) {
     return Escribe(std::move(declarante), Modo::Existente);
 }
 
-Veredicto Declarantes::Escribe(Declarante declarante, Modo modo) {
+VeredictoDeclarante Declarantes::Escribe(Declarante declarante, Modo modo) {
     declarante = {Recorta(declarante.ruc).toString(), Recorta(declarante.nombre).toString(),
                   Recorta(declarante.usuario).toString()};
-    if (Veredicto veredicto = ValidaDeclarante(declarante); !veredicto)
+    if (VeredictoDeclarante veredicto = ValidaDeclarante(declarante); !veredicto)
         return veredicto;
     if (modo != Modo::Cualquiera && declarante.usuario.isEmpty())
-        return Veredicto::Critico(u"Ingrese el usuario a quien pertenece el declarante."_s, u"usuario"_s);
+        return VeredictoDeclarante::Critico(u"Ingrese el usuario a quien pertenece el declarante."_s,
+                                            CampoDeclarante::Usuario);
     Transaccion transaccion = m_base->Comienza();
     const std::optional<Declarante> anterior = Busca(declarante.ruc);
     if (anterior && modo == Modo::Nuevo)
-        return Veredicto::Critico(
+        return VeredictoDeclarante::Critico(
             u"El declarante %1 ya está registrado, con el nombre '%2'."_s.arg(anterior->ruc, anterior->nombre),
-            u"ruc"_s);
+            CampoDeclarante::Ruc);
     if (!anterior && modo == Modo::Existente)
-        return Veredicto::Critico(u"El declarante %1 ya no está registrado."_s.arg(declarante.ruc), u"ruc"_s);
+        return VeredictoDeclarante::Critico(u"El declarante %1 ya no está registrado."_s.arg(declarante.ruc),
+                                            CampoDeclarante::Ruc);
     if (anterior)
         Cambia(*m_base, declarante, *anterior);
     else
@@ -116,13 +121,14 @@ Veredicto Declarantes::Escribe(Declarante declarante, Modo modo) {
     return Veredicto::Bien();
 }
 
-Veredicto Declarantes::Elimina(const QString& ruc) {
+VeredictoDeclarante Declarantes::Elimina(const QString& ruc) {
     const TrabajoUnico trabajo(*m_base);
     Transaccion transaccion = m_base->Comienza();
     if (TieneDeclaraciones(ruc))
-        return Veredicto::Critico(u"El declarante %1 tiene declaraciones: elimínelas primero."_s.arg(ruc), u"ruc"_s);
+        return VeredictoDeclarante::Critico(u"El declarante %1 tiene declaraciones: elimínelas primero."_s.arg(ruc),
+                                            CampoDeclarante::Ruc);
     if (m_base->Ejecuta(u"DELETE * FROM CONT WHERE Tip_doc_d = 6 AND Doc_id_d = ?"_s, {ruc}) == 0)
-        return Veredicto::Critico(u"El declarante %1 no está registrado."_s.arg(ruc), u"ruc"_s);
+        return VeredictoDeclarante::Critico(u"El declarante %1 no está registrado."_s.arg(ruc), CampoDeclarante::Ruc);
     transaccion.Confirma();
     return Veredicto::Bien();
 }

@@ -19,6 +19,10 @@ struct Declarante {
     QString usuario;
 };
 
+/// What a refusal of a declarant names.
+enum class CampoDeclarante { Ruc, Nombre, Usuario };
+using VeredictoDeclarante = VeredictoDe<CampoDeclarante>;
+
 /// The register of declarants, table `CONT`.
 class Declarantes {
   public:
@@ -35,21 +39,21 @@ class Declarantes {
 
     /// Adds the declarant, or changes the name and the owner of one who is there; an empty `usuario` leaves the owner.
     /// A number of the old form, eight digits, may be registered: only its declarations can't be saved.
-    [[nodiscard]] Veredicto Registra(Declarante declarante);
+    [[nodiscard]] VeredictoDeclarante Registra(Declarante declarante);
 
     /// Adds one who isn't there yet.
-    [[nodiscard]] Veredicto Agrega(Declarante declarante);
+    [[nodiscard]] VeredictoDeclarante Agrega(Declarante declarante);
     /// Changes the name and the owner of one who is there.
-    [[nodiscard]] Veredicto Modifica(Declarante declarante);
+    [[nodiscard]] VeredictoDeclarante Modifica(Declarante declarante);
 
     /// Refused while he has declarations, registered or sent: without his row they could be neither seen nor printed.
     /// Raises `TrabajoAjeno` while another program has a declaration open: it may be one of his, not saved yet.
-    [[nodiscard]] Veredicto Elimina(const QString& ruc);
+    [[nodiscard]] VeredictoDeclarante Elimina(const QString& ruc);
 
   private:
     /// Which of the two ways of writing a declarant is meant, and what the owner may be.
     enum class Modo { Cualquiera, Nuevo, Existente };
-    [[nodiscard]] Veredicto Escribe(Declarante declarante, Modo modo);
+    [[nodiscard]] VeredictoDeclarante Escribe(Declarante declarante, Modo modo);
     [[nodiscard]] bool TieneDeclaraciones(const QString& ruc) const;
 
     Base* m_base;

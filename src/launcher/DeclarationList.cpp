@@ -17,7 +17,10 @@ QString SqlLista(bool enviadas) {
 
 DeclaracionListada Lee(const Registros& fila, bool enviada) {
     DeclaracionListada declaracion;
-    declaracion.clave = {fila.Texto(u"Doc_id_d"), fila.Texto(u"periodo"), fila.Texto(u"Formulario"), enviada, {}};
+    declaracion.clave = {.ruc = Ruc(fila.Texto(u"Doc_id_d")),
+                         .periodo = Periodo::DeTabla(fila.Texto(u"periodo")).value_or(Periodo()),
+                         .formulario = fila.Texto(u"Formulario"),
+                         .enviada = enviada};
     declaracion.nombre = fila.Texto(u"Nombre");
     declaracion.estado = static_cast<int>(fila.Entero(fila.Columna(u"estado")));
     declaracion.rectifica = fila.Texto(u"rectifica") == u"1";
@@ -33,10 +36,6 @@ DeclaracionListada Lee(const Registros& fila, bool enviada) {
 }
 
 } // namespace
-
-QString DeclaracionListada::Periodo() const {
-    return clave.periodo.mid(4) + u'/' + clave.periodo.left(4);
-}
 
 QString DeclaracionListada::Estado() const {
     switch (estado) {

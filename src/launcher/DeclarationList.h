@@ -26,8 +26,7 @@ struct DeclaracionListada {
     QString control;
     QString orden; ///< empty until it is registered
 
-    [[nodiscard]] QString Periodo() const; ///< mm/yyyy
-    [[nodiscard]] QString Estado() const;  ///< in words
+    [[nodiscard]] QString Estado() const; ///< in words
     [[nodiscard]] QString Rectifica() const;
 };
 

@@ -148,7 +148,7 @@ void FrmConsola::RevisaBase() {
 
 void FrmConsola::AbreModulo() {
     if (const Veredicto veredicto = IniciaModulo(m_carpetaPrograma); !veredicto)
-        m_avisos->Muestra(*veredicto.mensaje);
+        m_avisos->Muestra(veredicto.Motivo());
 }
 
 /// The failure stands above the pages and not in a box: a box that closes brings the focus back, which reloads.

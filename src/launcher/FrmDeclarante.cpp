@@ -40,23 +40,24 @@ void FrmDeclarante::Muestra(const Declarante& inicial, const QStringList& usuari
 
 void FrmDeclarante::Acepta() {
     const Declarante declarante{m_ui->TxtRuc->text(), m_ui->TxtNombre->text(), m_ui->CmbUsuario->currentText()};
-    const Veredicto veredicto = m_escribe(declarante);
+    const VeredictoDeclarante veredicto = m_escribe(declarante);
     if (veredicto) {
         m_guardado = Recorta(declarante.ruc).toString();
         Termina();
         return;
     }
-    m_avisos->Muestra(*veredicto.mensaje);
-    if (QWidget* campo = Campo(veredicto.campo))
-        Enfoca(*campo);
+    m_avisos->Muestra(veredicto.Motivo());
+    if (const std::optional<CampoDeclarante> campo = veredicto.ElCampo())
+        Enfoca(Control(*campo));
 }
 
-QWidget* FrmDeclarante::Campo(const QString& nombre) const {
-    if (nombre == u"ruc")
-        return m_ui->TxtRuc;
-    if (nombre == u"nombre")
-        return m_ui->TxtNombre;
-    return nombre == u"usuario" ? m_ui->CmbUsuario : nullptr;
+QWidget& FrmDeclarante::Control(CampoDeclarante campo) const {
+    switch (campo) {
+    case CampoDeclarante::Ruc: return *m_ui->TxtRuc;
+    case CampoDeclarante::Nombre: return *m_ui->TxtNombre;
+    case CampoDeclarante::Usuario: break;
+    }
+    return *m_ui->CmbUsuario;
 }
 
 } // namespace xa518

@@ -18,7 +18,7 @@ class Avisos;
 class FrmDeclarante final : public Forma {
     Q_OBJECT
   public:
-    using Escritura = std::function<Veredicto(const Declarante&)>;
+    using Escritura = std::function<VeredictoDeclarante(const Declarante&)>;
 
     /// `inicial` without a number stands for a new declarant.
     FrmDeclarante(Avisos& avisos, const Declarante& inicial, const QStringList& usuarios, Escritura escribe,
@@ -31,7 +31,7 @@ class FrmDeclarante final : public Forma {
   private:
     void Muestra(const Declarante& inicial, const QStringList& usuarios);
     void Acepta();
-    [[nodiscard]] QWidget* Campo(const QString& nombre) const;
+    [[nodiscard]] QWidget& Control(CampoDeclarante campo) const;
 
     std::unique_ptr<Ui::FrmDeclarante> m_ui;
     Avisos* m_avisos;

@@ -84,7 +84,7 @@ Veredicto Instalacion::Valida(const QString& usuario) const {
 
 QStringList Instalacion::Instala(const QString& usuario) {
     if (const Veredicto veredicto = Valida(usuario); !veredicto)
-        throw Error(NumeroError::ArgumentoInvalido, veredicto.mensaje->texto);
+        throw Error(NumeroError::ArgumentoInvalido, veredicto.Motivo().texto);
     const TrabajoUnico trabajo(m_carpetaBase + m_nombreBase);
     CreaCarpetas();
     QStringList hecho{u"Carpeta: %1"_s.arg(m_carpeta)};
@@ -106,7 +106,7 @@ QStringList Instalacion::InstalaEjemplo() {
     empresa.usuario = m_perfil.Lee(kSeccionOpciones, u"SysUser");
     if (!declarantes.Busca(empresa.ruc)) {
         if (const Veredicto veredicto = declarantes.Registra(empresa); !veredicto)
-            throw Error(NumeroError::ArgumentoInvalido, veredicto.mensaje->texto);
+            throw Error(NumeroError::ArgumentoInvalido, veredicto.Motivo().texto);
     }
     return QStringList{u"Ejemplo: declarante %1 %2, archivos en %3"_s.arg(empresa.ruc, empresa.nombre, carpeta)} +
            Ejemplo(carpeta).CopiaArchivos();

@@ -69,7 +69,7 @@ void PagCopias::Restaura() {
     const Veredicto veredicto = LaSesion().Copias().Restaura(copia.ruta);
     reloj.Suelta();
     if (!veredicto) {
-        LosAvisos().Muestra(*veredicto.mensaje);
+        LosAvisos().Muestra(veredicto.Motivo());
         return;
     }
     Q_EMIT Restaurada();

@@ -60,8 +60,8 @@ void PagDeclarantes::Modifica() {
 }
 
 /// A failure while the dialog is open is a refusal like any other: what was typed stays.
-void PagDeclarantes::Abre(const Declarante& inicial, Veredicto (Declarantes::*escribe)(Declarante)) {
-    const auto guarda = [this, escribe](const Declarante& declarante) {
+void PagDeclarantes::Abre(const Declarante& inicial, VeredictoDeclarante (Declarantes::*escribe)(Declarante)) {
+    const auto guarda = [this, escribe](const Declarante& declarante) -> VeredictoDeclarante {
         try {
             const std::unique_ptr<Base> base = LaSesion().Abre();
             Declarantes declarantes(*base);
@@ -87,7 +87,7 @@ void PagDeclarantes::Elimina() {
         return;
     const std::unique_ptr<Base> base = LaSesion().Abre();
     if (const Veredicto veredicto = Declarantes(*base).Elimina(declarante.ruc); !veredicto)
-        LosAvisos().Muestra(*veredicto.mensaje);
+        LosAvisos().Muestra(veredicto.Motivo());
 }
 
 void PagDeclarantes::ActualizaBotones() {

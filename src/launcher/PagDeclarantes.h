@@ -25,7 +25,7 @@ class PagDeclarantes final : public Pagina {
     void Agrega();
     void Modifica();
     void Elimina();
-    void Abre(const Declarante& inicial, Veredicto (Declarantes::*escribe)(Declarante));
+    void Abre(const Declarante& inicial, VeredictoDeclarante (Declarantes::*escribe)(Declarante));
     void ActualizaBotones();
 
     std::unique_ptr<Ui::PagDeclarantes> m_ui;

@@ -22,9 +22,10 @@ void PagEnviadas::Carga(Base& base) {
     for (const DeclaracionListada& declaracion : ListaDeclaraciones(base, true)) {
         const ClaveDeclaracion& clave = declaracion.clave;
         const QString orden = declaracion.orden.isEmpty() ? u"Por registrar"_s : declaracion.orden;
-        filas.append({clave.ruc + u'|' + clave.periodo + u'|' + clave.correl,
-                      {clave.ruc, declaracion.nombre, declaracion.Periodo(), clave.correl, declaracion.Rectifica(),
-                       declaracion.control, declaracion.fechaEnvio, declaracion.Estado(), orden}});
+        filas.append(
+            {clave.ruc.Texto() + u'|' + clave.periodo.Texto() + u'|' + clave.correl,
+             {clave.ruc.Texto(), declaracion.nombre, clave.periodo.EnPantalla(), clave.correl, declaracion.Rectifica(),
+              declaracion.control, declaracion.fechaEnvio, declaracion.Estado(), orden}});
     }
     m_ui->GrdEnviadas->Llena(filas);
     m_ui->LblEnviadas->setText(u"Declaraciones enviadas: %1"_s.arg(filas.size()));

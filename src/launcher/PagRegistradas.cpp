@@ -27,9 +27,9 @@ void PagRegistradas::Carga(Base& base) {
     m_lista = ListaDeclaraciones(base, false);
     QList<FilaDeLista> filas;
     for (const DeclaracionListada& declaracion : m_lista)
-        filas.append({declaracion.clave.ruc + u'|' + declaracion.clave.periodo,
-                      {declaracion.clave.ruc, declaracion.nombre, declaracion.Periodo(), declaracion.Rectifica(),
-                       declaracion.fechaProceso, declaracion.Estado()}});
+        filas.append({declaracion.clave.ruc.Texto() + u'|' + declaracion.clave.periodo.Texto(),
+                      {declaracion.clave.ruc.Texto(), declaracion.nombre, declaracion.clave.periodo.EnPantalla(),
+                       declaracion.Rectifica(), declaracion.fechaProceso, declaracion.Estado()}});
     m_ui->GrdRegistradas->Llena(filas);
     m_ui->LblRegistradas->setText(u"Declaraciones grabadas y todavía no enviadas: %1"_s.arg(m_lista.size()));
 }
@@ -47,7 +47,7 @@ void PagRegistradas::Envia() {
             LaSesion().Envia(declaracion.clave, original.isEmpty() ? OtroOriginal::Rechazado : OtroOriginal::Admitido);
     }
     if (!resultado.veredicto) {
-        LosAvisos().Muestra(*resultado.veredicto.mensaje);
+        LosAvisos().Muestra(resultado.veredicto.Motivo());
         return;
     }
     Q_EMIT Cambio();
@@ -62,7 +62,8 @@ bool PagRegistradas::Confirma(const DeclaracionListada& declaracion, const QStri
     QString texto =
         u"¿Confirma el envío de la declaración?\n\nRUC: %1\nNombre: %2\nPeríodo: %3\n\nEnviarla es pasarla a"
         " las copias enviadas de este equipo, donde ya no se puede modificar. %4"_s.arg(
-            declaracion.clave.ruc, declaracion.nombre, declaracion.Periodo(), kNadaSeTransmite);
+            declaracion.clave.ruc.Texto(), declaracion.nombre, declaracion.clave.periodo.EnPantalla(),
+            kNadaSeTransmite);
     if (!original.isEmpty())
         texto += u"\n\nAtención: este mes ya fue enviado (copia %1), y esta declaración no dice que rectifique o"
                  " sustituya a otra. Si la envía así, queda como otro original del mismo mes."_s.arg(original);

@@ -23,7 +23,7 @@ const QStringList kTablas = {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u
 using Sello = QHash<QString, QVariant>;
 
 Veredicto Rechaza(const QString& motivo, const ClaveDeclaracion& clave) {
-    return Veredicto::Critico(motivo.arg(clave.ruc, clave.periodo));
+    return Veredicto::Critico(motivo.arg(clave.ruc.Texto(), clave.periodo.Texto()));
 }
 
 /// For each column of the target the position of the source's column of that name; -1 for one that the seal fills.
@@ -54,7 +54,7 @@ void Mueve(Base& base, const ClaveDeclaracion& clave, const QString& tabla, cons
 
 } // namespace
 
-Veredicto Envio::Valida(const ClaveDeclaracion& clave, OtroOriginal otro) const {
+VeredictoDeEnvio Envio::Valida(const ClaveDeclaracion& clave, OtroOriginal otro) const {
     const TrabajoUnico trabajo(*m_base);
     return Revisa(clave, otro);
 }
@@ -62,7 +62,7 @@ Veredicto Envio::Valida(const ClaveDeclaracion& clave, OtroOriginal otro) const 
 ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave, OtroOriginal otro) {
     const TrabajoUnico trabajo(*m_base);
     Transaccion transaccion = m_base->Comienza();
-    if (Veredicto veredicto = Revisa(clave, otro); !veredicto)
+    if (VeredictoDeEnvio veredicto = Revisa(clave, otro); !veredicto)
         return {std::move(veredicto), {}, {}};
     NumerosDeEnvio numeros(*m_base);
     const QString correl = numeros.TomaCorrel(clave);
@@ -87,7 +87,7 @@ QString Envio::OriginalYaEnviado(const ClaveDeclaracion& clave) const {
     return enviada.Siguiente() ? enviada.Texto(0) : QString();
 }
 
-Veredicto Envio::Revisa(const ClaveDeclaracion& clave, OtroOriginal otro) const {
+VeredictoDeEnvio Envio::Revisa(const ClaveDeclaracion& clave, OtroOriginal otro) const {
     Registros cabecera = m_base->Lee(u"SELECT estado FROM CAB "_s + clave.Condicion(), clave.Valores());
     if (!cabecera.Siguiente())
         return Rechaza(u"No existe una declaración registrada del RUC %1 y el período %2."_s, clave);
@@ -97,11 +97,11 @@ Veredicto Envio::Revisa(const ClaveDeclaracion& clave, OtroOriginal otro) const 
                        clave);
     const QString enviada = otro == OtroOriginal::Rechazado ? OriginalYaEnviado(clave) : QString();
     if (!enviada.isEmpty())
-        return Veredicto::Critico(
+        return VeredictoDeEnvio::Critico(
             u"La declaración del RUC %1 y el período %2 ya fue enviada (copia %3), y la registrada no dice"
             " que la rectifique o sustituya. Si lo hace, márquelo en el módulo y grábela de nuevo."_s.arg(
-                clave.ruc, clave.periodo, enviada),
-            u"rectifica"_s);
+                clave.ruc.Texto(), clave.periodo.Texto(), enviada),
+            CampoDeEnvio::Rectifica);
     return Veredicto::Bien();
 }
 

@@ -14,16 +14,20 @@ class Reloj;
 inline const QString kNadaSeTransmite =
     QStringLiteral("No se transmite nada: hay que presentarla a ZOLMA por su propio canal.");
 
+/// What a refusal of a sending names: the answer whether the declaration rectifies another.
+enum class CampoDeEnvio { Rectifica };
+using VeredictoDeEnvio = VeredictoDe<CampoDeEnvio>;
+
 /// The number of a sent copy and the control number of its sending, or why it can't be sent.
 struct ResultadoEnvio {
-    Veredicto veredicto;
+    VeredictoDeEnvio veredicto = Veredicto::Bien();
     QString correl;
     QString control;
 };
 
 /// Whether a declaration can be sent, and the copy beside which it would be another original, if any.
 struct RevisionEnvio {
-    Veredicto veredicto;
+    VeredictoDeEnvio veredicto;
     QString original;
 };
 
@@ -36,9 +40,9 @@ class Envio {
   public:
     Envio(Base& base, const Reloj& reloj) : m_base(&base), m_reloj(&reloj) {}
 
-    /// Refused when there is no such declaration, or when it was saved with inconsistencies, or at the field
-    /// "rectifica" for another original that isn't admitted.
-    [[nodiscard]] Veredicto Valida(const ClaveDeclaracion& clave, OtroOriginal otro) const;
+    /// Refused when there is no such declaration, or when it was saved with inconsistencies, or at its answer about
+    /// rectifying for another original that isn't admitted.
+    [[nodiscard]] VeredictoDeEnvio Valida(const ClaveDeclaracion& clave, OtroOriginal otro) const;
 
     /// One transaction, which asks the same once more.
     [[nodiscard]] ResultadoEnvio Envia(const ClaveDeclaracion& clave, OtroOriginal otro);
@@ -48,7 +52,7 @@ class Envio {
     [[nodiscard]] QString OriginalYaEnviado(const ClaveDeclaracion& clave) const;
 
   private:
-    [[nodiscard]] Veredicto Revisa(const ClaveDeclaracion& clave, OtroOriginal otro) const;
+    [[nodiscard]] VeredictoDeEnvio Revisa(const ClaveDeclaracion& clave, OtroOriginal otro) const;
 
     Base* m_base;
     const Reloj* m_reloj;

@@ -33,7 +33,7 @@ qint64 MayorNumero(Registros filas) {
 } // namespace
 
 QString NumerosDeEnvio::TomaCorrel(const ClaveDeclaracion& clave) {
-    const QString argumento = ArgumentoDe(clave.ruc, clave.periodo);
+    const QString argumento = ArgumentoDe(clave.ruc.Texto(), clave.periodo.Texto());
     qint64 ultimo = Anotado(argumento);
     for (const QString& tabla : kTablasConCorrel)
         ultimo = std::max(ultimo,

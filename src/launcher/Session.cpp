@@ -78,7 +78,7 @@ RevisionEnvio Sesion::RevisaEnvio(const ClaveDeclaracion& clave) {
 ResultadoEnvio Sesion::Envia(const ClaveDeclaracion& clave, OtroOriginal otro) {
     const std::unique_ptr<Base> base = Abre();
     Envio envio(*base, m_entorno.reloj);
-    if (Veredicto veredicto = envio.Valida(clave, otro); !veredicto)
+    if (VeredictoDeEnvio veredicto = envio.Valida(clave, otro); !veredicto)
         return {std::move(veredicto), {}, {}};
     (void)Copias().Haz();
     return envio.Envia(clave, otro);

@@ -21,24 +21,24 @@ bool SeImprime(const QString& texto) {
     return std::all_of(caracteres.cbegin(), caracteres.cend(), [](uint c) { return QChar::isPrint(c); });
 }
 
-Veredicto ValidaLinea(const QString& texto, const QString& que, qsizetype largo, const QString& campo) {
+Veredicto ValidaLinea(const QString& texto, const QString& que, qsizetype largo) {
     if (texto.size() > largo)
-        return Veredicto::Critico(u"%1 no puede pasar de %2 caracteres."_s.arg(que).arg(largo), campo);
-    return CriticoSi(!SeImprime(texto), u"%1 tiene caracteres no permitidos."_s.arg(que), campo);
+        return Veredicto::Critico(u"%1 no puede pasar de %2 caracteres."_s.arg(que).arg(largo));
+    return SeImprime(texto) ? Veredicto::Bien() : Veredicto::Critico(u"%1 tiene caracteres no permitidos."_s.arg(que));
 }
 
 } // namespace
 
 Veredicto ValidaNombreDeDeclarante(const QString& nombre) {
-    return ValidaLinea(nombre, u"El nombre del declarante"_s, kLargoNombre, u"nombre"_s);
+    return ValidaLinea(nombre, u"El nombre del declarante"_s, kLargoNombre);
 }
 
 Veredicto ValidaUsuario(const QString& usuario) {
-    return ValidaLinea(usuario, u"El nombre del usuario"_s, kLargoUsuario, u"usuario"_s);
+    return ValidaLinea(usuario, u"El nombre del usuario"_s, kLargoUsuario);
 }
 
 Veredicto ValidaCarpeta(const QString& carpeta) {
-    return ValidaLinea(carpeta, u"La carpeta de la instalación"_s, kLargoCarpeta, u"carpeta"_s);
+    return ValidaLinea(carpeta, u"La carpeta de la instalación"_s, kLargoCarpeta);
 }
 
 } // namespace xa518

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "form518/LawBands.h"
 #include "printouts/AnnexRows.h"
 #include "values/Decimal.h"
 
@@ -14,7 +15,7 @@ class LineasAnexo {
     static constexpr int kAncho = 154;
 
     /// The flags of the vouchers and their heading changed places in period 200803.
-    explicit LineasAnexo(const QString& periodo) : m_desde200803(periodo >= u"200803") {}
+    explicit LineasAnexo(Periodo periodo) : m_desde200803(PreguntaPorZona(periodo)) {}
 
     [[nodiscard]] QString PrimerTitulo() const;
     [[nodiscard]] QString SegundoTitulo() const;

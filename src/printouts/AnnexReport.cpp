@@ -76,25 +76,25 @@ void InformeAnexo::Imprime() {
 /// The code "F51801" is printed though the report is registered as PER007. Wanted.
 QStringList InformeAnexo::LineasFijas() const {
     const QString& raya = LineasAnexo::RayaLarga();
-    const QString declarante = u"DECLARANTE   : "_s + m_datos->clave.ruc + u"  "_s + m_datos->nombreDeclarante;
-    return {LineaCompuesta()
-                .PonCentrado(u"QMD 0518 - AGENTES DE PERCEPCION VENTAS INTERNAS"_s, kAncho)
-                .Pon(1, u"ZOLMA     "_s)
-                .PonHasta(kAncho, u"F51801"_s)
-                .Texto(),
-            LineaCompuesta()
-                .PonCentrado(u"REPORTE DE AGENTES DE PERCEPCION - PERIODO "_s + PeriodoImpreso(m_datos->clave.periodo),
-                             kAncho)
-                .Texto(),
-            declarante.leftJustified(kAnchoDeclarante, u' '),
-            raya,
-            u"  PERCEPCIONES "_s,
-            raya,
-            QString(25, u' ') + u"COMPROBANTE DE PERCEPCION EMITIDO"_s + QString(50, u' ') + u"COMPROBANTE DE PAGO"_s,
-            raya,
-            m_lineas.PrimerTitulo(),
-            m_lineas.SegundoTitulo(),
-            raya};
+    const QString declarante = u"DECLARANTE   : "_s + m_datos->clave.ruc.Texto() + u"  "_s + m_datos->nombreDeclarante;
+    return {
+        LineaCompuesta()
+            .PonCentrado(u"QMD 0518 - AGENTES DE PERCEPCION VENTAS INTERNAS"_s, kAncho)
+            .Pon(1, u"ZOLMA     "_s)
+            .PonHasta(kAncho, u"F51801"_s)
+            .Texto(),
+        LineaCompuesta()
+            .PonCentrado(u"REPORTE DE AGENTES DE PERCEPCION - PERIODO "_s + m_datos->clave.periodo.EnPantalla(), kAncho)
+            .Texto(),
+        declarante.leftJustified(kAnchoDeclarante, u' '),
+        raya,
+        u"  PERCEPCIONES "_s,
+        raya,
+        QString(25, u' ') + u"COMPROBANTE DE PERCEPCION EMITIDO"_s + QString(50, u' ') + u"COMPROBANTE DE PAGO"_s,
+        raya,
+        m_lineas.PrimerTitulo(),
+        m_lineas.SegundoTitulo(),
+        raya};
 }
 
 void InformeAnexo::ImprimeCabeceraAnexo() {

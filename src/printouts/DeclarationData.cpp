@@ -45,7 +45,8 @@ bool CargaCabecera(Base& base, DatosDeclaracion& datos) {
 }
 
 void CargaNombre(Base& base, DatosDeclaracion& datos) {
-    Registros fila = base.Lee(u"SELECT NOMBRE FROM CONT WHERE DOC_ID_D = ? AND TIP_DOC_D = 6"_s, {datos.clave.ruc});
+    Registros fila =
+        base.Lee(u"SELECT NOMBRE FROM CONT WHERE DOC_ID_D = ? AND TIP_DOC_D = 6"_s, {datos.clave.ruc.Texto()});
     if (fila.Siguiente())
         datos.nombreDeclarante = fila.Texto(0);
 }
@@ -77,7 +78,7 @@ std::optional<DatosDeclaracion> CargarCasillas(Base& base, const ClaveDeclaracio
 
 Mensaje NoExisteDeclaracion(const ClaveDeclaracion& clave) {
     const QString texto = u"No existe la declaración del RUC %1 por el período %2."_s;
-    return {Icono::Critico, texto.arg(clave.ruc, PeriodoImpreso(clave.periodo)), {}};
+    return {Icono::Critico, texto.arg(clave.ruc.Texto(), clave.periodo.EnPantalla()), {}};
 }
 
 NombresDocumento CargarGrilla(Base& base) {
@@ -96,11 +97,7 @@ Veredicto ValidaAnexos(const DatosDeclaracion& datos) {
     if (datos.Clientes() > 0)
         return Veredicto::Bien();
     return Veredicto::Rechaza(
-        {Icono::Informacion, u"No existe información de anexos para esta declaración"_s, u"Anexos"_s}, {});
-}
-
-QString PeriodoImpreso(const QString& periodo) {
-    return Mid(periodo, 5, 2).toString() + u'/' + Mid(periodo, 1, 4).toString();
+        {Icono::Informacion, u"No existe información de anexos para esta declaración"_s, u"Anexos"_s});
 }
 
 } // namespace xa518

@@ -50,7 +50,4 @@ using NombresDocumento = QHash<int, QString>;
 /// Refused, with its message, when a declaration has no clients to list.
 [[nodiscard]] Veredicto ValidaAnexos(const DatosDeclaracion& datos);
 
-/// "mm/yyyy" of a period `yyyymm`.
-[[nodiscard]] QString PeriodoImpreso(const QString& periodo);
-
 } // namespace xa518

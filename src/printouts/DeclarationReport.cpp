@@ -74,9 +74,9 @@ void InformeDeclaracion::IniciaPagina() {
         m_escritor->ImprimePos(rotulo.x, rotulo.y, rotulo.texto.toString(), rotulo.tamano, rotulo.negrita);
     for (const Marco& marco : kMarcos)
         m_escritor->ImprimeCuadro(marco.x1, marco.y1, marco.x2, marco.y2);
-    m_escritor->ImprimePos(3500, 1170, m_datos->clave.ruc, 8, true);
+    m_escritor->ImprimePos(3500, 1170, m_datos->clave.ruc.Texto(), 8, true);
     m_escritor->ImprimePos(3500, 1450, m_datos->nombreDeclarante.left(kLargoRazon));
-    m_escritor->ImprimePos(7740, 1450, PeriodoImpreso(m_datos->clave.periodo));
+    m_escritor->ImprimePos(7740, 1450, m_datos->clave.periodo.EnPantalla());
     m_escritor->ImprimePos(8750, 700,
                            u"Contribuyente (%1/%2)"_s.arg(m_escritor->PaginaActual()).arg(TotalPaginas(*m_datos)));
     if (m_datos->clave.enviada)

@@ -81,10 +81,11 @@ void ReporteErrores::Cabecera() {
             .Pon(1, FormatHora(ahora.time()))
             .PonHasta(kColumnaCodigo - 3, pagina)
             .Pon(kColumnaCodigo, u"PER005"_s),
-        LineaCompuesta().PonCentrado(
-            u"REPORTE DE ERRORES DE TRANSFERENCIA - PERIODO "_s + PeriodoImpreso(m_datos.periodo), kAnchoErrores),
-        LineaCompuesta().Pon(1, (u"CONTRIBUYENTE:  "_s + m_datos.docDeclarante + u"  "_s + m_datos.nombreDeclarante)
-                                    .leftJustified(kAnchoContribuyente, u' ')),
+        LineaCompuesta().PonCentrado(u"REPORTE DE ERRORES DE TRANSFERENCIA - PERIODO "_s + m_datos.periodo.EnPantalla(),
+                                     kAnchoErrores),
+        LineaCompuesta().Pon(
+            1, (u"CONTRIBUYENTE:  "_s + m_datos.docDeclarante.Texto() + u"  "_s + m_datos.nombreDeclarante)
+                   .leftJustified(kAnchoContribuyente, u' ')),
         LineaCompuesta().Pon(1, RayaSangrada(kRaya)),
         LineaCompuesta().Pon(1, kSangria + u"DOC SUJETO SERIE NUMERO     DESCRIPCION DEL ERROR  "_s),
         LineaCompuesta().Pon(1, RayaSangrada(kRaya)),

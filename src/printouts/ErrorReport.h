@@ -1,6 +1,8 @@
 #pragma once
 
 #include "reports/ReportWriter.h"
+#include "values/Period.h"
+#include "values/Ruc.h"
 
 #include <QString>
 
@@ -11,9 +13,9 @@ class Reloj;
 /// What the report of an import's refused lines tells.
 struct DatosErrores {
     QString rutaLista; ///< the error list, by the very name under which the import wrote it
-    QString docDeclarante;
+    Ruc docDeclarante;
     QString nombreDeclarante;
-    QString periodo; ///< `yyyymm`
+    Periodo periodo;
 };
 
 /// The report of refused lines, PER005: the error list under a head, with a sub-total after every 69 lines.

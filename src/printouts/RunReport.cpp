@@ -47,9 +47,9 @@ struct Registrado {
 
 Registrado RegistroDe(const PedidoInforme& pedido) {
     if (const auto* errores = std::get_if<DatosErrores>(&pedido))
-        return {u"PER005"_s, errores->docDeclarante};
+        return {u"PER005"_s, errores->docDeclarante.Texto()};
     const auto& declaracion = std::get<PedidoDeclaracion>(pedido);
-    return {declaracion.anexo ? u"PER007"_s : u"PER006"_s, declaracion.datos.clave.ruc};
+    return {declaracion.anexo ? u"PER007"_s : u"PER006"_s, declaracion.datos.clave.ruc.Texto()};
 }
 
 QString EscribeConRuta(Proceso& proceso, const PedidoInforme& pedido) {
@@ -78,7 +78,7 @@ QString EscribeInforme(Proceso& proceso, const PedidoInforme& pedido) {
 InformesEmitidos ImprimeDeclaracion(Proceso& proceso, const ClaveDeclaracion& clave, bool anexos) {
     const std::optional<DatosDeclaracion> datos = CargarCasillas(*proceso.baseDatos, clave);
     if (!datos)
-        return {{}, Veredicto::Rechaza(NoExisteDeclaracion(clave), {})};
+        return {{}, Veredicto::Rechaza(NoExisteDeclaracion(clave))};
     InformesEmitidos emitidos;
     emitidos.rutas.append(EscribeConRuta(proceso, PedidoDeclaracion{*datos, false}));
     if (anexos)
@@ -90,7 +90,7 @@ InformesEmitidos ImprimeDeclaracion(Proceso& proceso, const ClaveDeclaracion& cl
 
 QString TituloDe(const ClaveDeclaracion& clave, bool anexo) {
     return u"%1 %2 - RUC %3 - %4"_s.arg(anexo ? u"Anexo de la declaración"_s : u"Declaración"_s, clave.formulario,
-                                        clave.ruc, PeriodoImpreso(clave.periodo));
+                                        clave.ruc.Texto(), clave.periodo.EnPantalla());
 }
 
 int HojasDeImpresion(const PedidoDeclaracion& pedido, int hojas) {

@@ -31,7 +31,7 @@ void EjecutaReporte(Proceso& proceso, const PedidoInforme& pedido, DestinoInform
 /// The spool files that were written, by their full names, and why the rest wasn't.
 struct InformesEmitidos {
     QStringList rutas;
-    Veredicto veredicto;
+    Veredicto veredicto = Veredicto::Bien();
 };
 
 /// The print-out of a declaration and, when asked for, its annex. Refused when there is no such declaration; one

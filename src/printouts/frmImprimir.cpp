@@ -78,8 +78,11 @@ QString frmImprimir::Celda(int fila, int columna) const {
 }
 
 ClaveDeclaracion frmImprimir::Clave(int fila) const {
-    return {Celda(fila, ColumnaImprimir::Ruc), Celda(fila, ColumnaImprimir::Periodo), m_proceso.numFormulario,
-            m_enviadas, m_enviadas ? Celda(fila, ColumnaImprimirEnviada::Correl) : QString()};
+    return {.ruc = Ruc(Celda(fila, ColumnaImprimir::Ruc)),
+            .periodo = Periodo::DeTabla(Celda(fila, ColumnaImprimir::Periodo)).value_or(Periodo()),
+            .formulario = m_proceso.numFormulario,
+            .enviada = m_enviadas,
+            .correl = m_enviadas ? Celda(fila, ColumnaImprimirEnviada::Correl) : QString()};
 }
 
 void frmImprimir::TomaFila(int fila) {
@@ -89,9 +92,9 @@ void frmImprimir::TomaFila(int fila) {
     m_proceso.docDeclarante = clave.ruc;
     m_proceso.periodoDeclarado = clave.periodo;
     m_proceso.correl = clave.correl;
-    m_barra.PonRuc(clave.ruc);
+    m_barra.PonRuc(clave.ruc.Texto());
     m_barra.PonNombre(Celda(fila, ColumnaImprimir::Nombre));
-    m_barra.PonPeriodo(PeriodoImpreso(clave.periodo));
+    m_barra.PonPeriodo(clave.periodo.EnPantalla());
 }
 
 std::optional<PedidoDeclaracion> frmImprimir::Pedido() {
@@ -106,7 +109,7 @@ std::optional<PedidoDeclaracion> frmImprimir::Pedido() {
     }
     const bool anexo = m_ui->OptImp_1->isChecked();
     if (const Veredicto veredicto = ValidaAnexos(*datos); anexo && !veredicto) {
-        m_entorno.avisos.Muestra(*veredicto.mensaje);
+        m_entorno.avisos.Muestra(veredicto.Motivo());
         return std::nullopt;
     }
     return PedidoDeclaracion{*datos, anexo};

@@ -13,9 +13,6 @@ namespace {
 constexpr int kHojasConRango = 16;
 constexpr int kRetroceso = 8;
 
-const QString kDesde = u"txtPagDesde"_s;
-const QString kHasta = u"txtPagHasta"_s;
-
 /// The leading digits: a blank or a point, which the fields let through, ends them, and none count as 0. Wanted.
 int NumeroDePagina(const QString& texto) {
     constexpr int kTope = 1'000'000'000;
@@ -34,17 +31,18 @@ ViaInforme ViaPara(int hojas) {
     return hojas < kHojasConRango ? ViaInforme::Directa : ViaInforme::ConRango;
 }
 
-Veredicto ValidaRango(const QString& desde, const QString& hasta, int total) {
+VeredictoRango ValidaRango(const QString& desde, const QString& hasta, int total) {
     if (desde.isEmpty())
-        return Veredicto::Critico(u"Ingrese página de inicio."_s, kDesde);
+        return VeredictoRango::Critico(u"Ingrese página de inicio."_s, CampoRango::Desde);
     if (NumeroDePagina(desde) < 1)
-        return Veredicto::Critico(u"Página inicial debe ser a partir de 1."_s, kDesde);
+        return VeredictoRango::Critico(u"Página inicial debe ser a partir de 1."_s, CampoRango::Desde);
     if (NumeroDePagina(desde) > total)
-        return Veredicto::Critico(u"Página inicial no debe ser mayor a total de páginas del reporte."_s, kDesde);
+        return VeredictoRango::Critico(u"Página inicial no debe ser mayor a total de páginas del reporte."_s,
+                                       CampoRango::Desde);
     if (hasta.isEmpty())
-        return Veredicto::Critico(u"Ingrese página de Fin."_s, kHasta);
+        return VeredictoRango::Critico(u"Ingrese página de Fin."_s, CampoRango::Hasta);
     if (NumeroDePagina(hasta) < NumeroDePagina(desde)) // said the wrong way around, wanted so
-        return Veredicto::Critico(u"Página de Inicio debe ser mayor a página de Fin."_s, kHasta);
+        return VeredictoRango::Critico(u"Página de Inicio debe ser mayor a página de Fin."_s, CampoRango::Hasta);
     return Veredicto::Bien();
 }
 

@@ -10,9 +10,13 @@ enum class ViaInforme { Directa, ConRango };
 
 [[nodiscard]] ViaInforme ViaPara(int hojas);
 
+/// The fields of the dialog that a rule may name.
+enum class CampoRango { Desde, Hasta };
+using VeredictoRango = VeredictoDe<CampoRango>;
+
 /// The checks of the dialog, the first failure with its message and the field at fault. A last page past the total
 /// passes: the report simply ends.
-[[nodiscard]] Veredicto ValidaRango(const QString& desde, const QString& hasta, int total);
+[[nodiscard]] VeredictoRango ValidaRango(const QString& desde, const QString& hasta, int total);
 
 /// The range of two fields that passed.
 [[nodiscard]] RangoPaginas TomaRango(const QString& desde, const QString& hasta);

@@ -50,7 +50,7 @@ class Impresion {
 void Impresion::Imprime() {
     const QString ruta = RutaDeInforme(m_entorno->rutaRPT, m_pedido->archivo);
     if (const Veredicto veredicto = ValidaArchivoInforme(ruta); !veredicto) {
-        m_entorno->avisos.Muestra(*veredicto.mensaje);
+        m_entorno->avisos.Muestra(veredicto.Motivo());
         return;
     }
     RelojDeArena reloj;

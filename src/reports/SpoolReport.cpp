@@ -187,7 +187,7 @@ std::optional<int> PaginasDe(const QString& ruta) {
 Veredicto ValidaArchivoInforme(const QString& ruta) {
     if (ObjetoUtil::ExisteArchivo(ruta))
         return Veredicto::Bien();
-    return Veredicto::Rechaza({Icono::Critico, u"Archivo Físico del Reporte no Existe"_s, u"Error al Imprimir"_s}, {});
+    return Veredicto::Rechaza({Icono::Critico, u"Archivo Físico del Reporte no Existe"_s, u"Error al Imprimir"_s});
 }
 
 } // namespace xa518

@@ -44,10 +44,10 @@ void frmImpxPag::Preliminar() {
     const QString desde = m_ui->txtPagDesde->text();
     const int ultima = std::max(m_total, PaginasDe(RutaDeInforme(m_entorno.rutaRPT, m_pedido.archivo)).value_or(0));
     const QString hasta = m_ui->txtPagHasta->isModified() ? m_ui->txtPagHasta->text() : QString::number(ultima);
-    const Veredicto veredicto = ValidaRango(desde, hasta, ultima);
+    const VeredictoRango veredicto = ValidaRango(desde, hasta, ultima);
     if (!veredicto) {
-        m_entorno.avisos.Muestra(*veredicto.mensaje);
-        Enfoca(*findChild<QLineEdit*>(veredicto.campo));
+        m_entorno.avisos.Muestra(veredicto.Motivo());
+        Enfoca(veredicto.ElCampo() == CampoRango::Hasta ? *m_ui->txtPagHasta : *m_ui->txtPagDesde);
         return;
     }
     m_pedido.rango = TomaRango(desde, hasta);

@@ -56,7 +56,7 @@ frmPreview::~frmPreview() = default;
 void frmPreview::Lee() {
     const QString ruta = RutaDeInforme(m_entorno.rutaRPT, m_pedido.archivo);
     if (const Veredicto veredicto = ValidaArchivoInforme(ruta); !veredicto) {
-        m_entorno.avisos.Muestra(*veredicto.mensaje);
+        m_entorno.avisos.Muestra(veredicto.Motivo());
     } else {
         try {
             const RelojDeArena reloj;

@@ -76,12 +76,6 @@ bool SonDigitos(QStringView texto) {
     return std::all_of(texto.begin(), texto.end(), EsDigito);
 }
 
-QString PeriodoDePantalla(QStringView mostrado) {
-    const qsizetype largo = mostrado.size();
-    return mostrado.last(std::min<qsizetype>(4, largo)).toString() +
-           mostrado.first(std::min<qsizetype>(2, largo)).toString();
-}
-
 QString DecodificaCualquiera(QByteArrayView bytes) {
     return EsUtf8Valido(bytes) ? QString::fromUtf8(bytes) : DecodificaWindows1252(bytes);
 }

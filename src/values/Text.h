@@ -37,7 +37,4 @@ namespace xa518 {
     return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
 }
 
-/// Joins the shown period `mm/yyyy` or `mmyyyy` into `yyyymm`: its last four characters, then its first two.
-[[nodiscard]] QString PeriodoDePantalla(QStringView mostrado);
-
 } // namespace xa518

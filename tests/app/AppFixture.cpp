@@ -31,7 +31,8 @@ void ModuloDePrueba::Declarante(int tipoDoc, const QString& ruc, const QString& 
 }
 
 void ModuloDePrueba::Declaracion(const QString& ruc, const QString& periodo, const QString& correl) const {
-    const ClaveDeclaracion clave{ruc, periodo, kNumFormulario, !correl.isEmpty(), correl};
+    const ClaveDeclaracion clave{
+        .ruc = Ruc(ruc), .periodo = *Periodo::DeTabla(periodo), .enviada = !correl.isEmpty(), .correl = correl};
     QMap<QString, QVariant> valores{{u"Doc_id_d"_s, ruc}, {u"periodo"_s, periodo}};
     if (clave.enviada)
         valores.insert(u"correl"_s, correl);

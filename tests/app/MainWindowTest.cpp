@@ -113,7 +113,7 @@ TEST_F(MainWindowTest, EveryWayOutClosesTheBase) {
                                                   [this] { Boton(5); }, [this] { ventana->close(); }};
     for (const auto& salida : salidas) {
         Carga();
-        EXPECT_EQ(proceso.fechaPrimerIgv, u"209912"_s);
+        EXPECT_EQ(proceso.fechaPrimerIgv, Periodo(2099, 12));
         salida();
         EXPECT_FALSE(ventana->isVisible());
         EXPECT_EQ(proceso.baseDatos, nullptr);

@@ -25,8 +25,9 @@ class PickersTest : public ModuloDePrueba {
         dialogos.declaracion = [this](BarradeEstadoQMD&, const DeclaracionElegida& elegida, QWidget* padre) {
             if (alAbrir)
                 alAbrir();
-            elegidas.append(
-                QStringList{elegida.ruc, elegida.nombre, elegida.periodo, elegida.norden, elegida.control}.join(u'|'));
+            elegidas.append(QStringList{elegida.ruc.Texto(), elegida.nombre, elegida.periodo.EnLista(), elegida.norden,
+                                        elegida.control}
+                                .join(u'|'));
             return std::make_unique<QDialog>(padre);
         };
     }

@@ -29,8 +29,8 @@ class CatalogTest : public BaseDePrueba {
                      Funcion({{2, antes}, {21, despues}, {31, tasa}, {37, u"9"_s}}));
     }
     [[nodiscard]] QString Busca(const QString& periodo, const QString& clase, const QString& mes) const {
-        CatalogoTasas tasas(*m_base, periodo);
-        const FilaTasa fila = tasas.Busca(clase, mes);
+        CatalogoTasas tasas(*m_base, Periodo::DeTabla(periodo).value_or(Periodo()));
+        const FilaTasa fila = tasas.Busca(clase, Periodo::DeTabla(mes).value_or(Periodo()));
         return fila.factor + u'/' + fila.tasa;
     }
 };
@@ -109,10 +109,10 @@ TEST_F(CatalogTest, RatesAreThoseOfTheRowInForceInTheMonth) {
         const QStringList campos = caso.split(u'|');
         EXPECT_EQ(Busca(campos[0], campos[1], campos[2]), campos[3]) << qPrintable(caso);
     }
-    CatalogoTasas tasas(*m_base, u"202405"_s);
-    (void)tasas.Busca(u"2"_s, u"202405"_s);
+    CatalogoTasas tasas(*m_base, Periodo(2024, 5));
+    (void)tasas.Busca(u"2"_s, Periodo(2024, 5));
     m_base->Ejecuta(u"DELETE * FROM PARAM"_s);
-    EXPECT_EQ(tasas.Busca(u"2"_s, u"202405"_s).factor, u"0.02"_s) << "kept for the run";
+    EXPECT_EQ(tasas.Busca(u"2"_s, Periodo(2024, 5)).factor, u"0.02"_s) << "kept for the run";
 }
 
 TEST_F(CatalogTest, AClassHoldsNineteenRates) {

@@ -8,8 +8,8 @@ class WorkTablesTest : public BaseDePrueba {
   protected:
     /// A row of the declaration, unless the values say that it is another's.
     void Registra(const QString& tabla, const QString& numero, QMap<QString, QVariant> valores) {
-        valores.insert({{u"Doc_id_d"_s, valores.value(u"Doc_id_d"_s, m_clave.ruc)},
-                        {u"periodo"_s, valores.value(u"periodo"_s, m_clave.periodo)},
+        valores.insert({{u"Doc_id_d"_s, valores.value(u"Doc_id_d"_s, m_clave.ruc.Texto())},
+                        {u"periodo"_s, valores.value(u"periodo"_s, m_clave.periodo.Texto())},
                         {u"num_doc_per"_s, numero}});
         m_base.Agrega(tabla, valores);
     }
@@ -38,7 +38,7 @@ class WorkTablesTest : public BaseDePrueba {
                Lista(u"SELECT num_cp & ' ' & mto_detcp FROM TMPF518PDETCP"_s);
     }
     TablasTrabajo m_tablas{*m_base};
-    const ClaveDeclaracion m_clave{u"20555123451"_s, u"202405"_s, kNumFormulario, false, {}};
+    const ClaveDeclaracion m_clave{.ruc = Ruc(u"20555123451"), .periodo = Periodo(2024, 5)};
 };
 
 TEST_F(WorkTablesTest, AreRebuiltFromTheRegisteredDeclaration) {

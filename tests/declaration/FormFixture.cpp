@@ -41,7 +41,7 @@ void ConFormulario::AbreNueva() {
 void ConFormulario::AbreRegistrada() {
     m_proceso.opcion = kModificar;
     m_proceso.enviadas = false;
-    Abre({kRucDeclarante, u"COMERCIAL DEL VALLE S.A.C."_s, u"102026"_s, {}, {}});
+    Abre({Ruc(kRucDeclarante), u"COMERCIAL DEL VALLE S.A.C."_s, Periodo(2026, 10), {}, {}});
 }
 
 void ConFormulario::AbreEnviada(const QString& norden) {
@@ -59,7 +59,7 @@ void ConFormulario::AbreEnviada(const QString& norden) {
     m_proceso.correl = u"3"_s;
     m_proceso.numOrden = norden;
     m_proceso.numControl = u"00000017"_s;
-    Abre({kRucDeclarante, u"COMERCIAL DEL VALLE S.A.C."_s, u"102026"_s, norden, u"00000017"_s});
+    Abre({Ruc(kRucDeclarante), u"COMERCIAL DEL VALLE S.A.C."_s, Periodo(2026, 10), norden, u"00000017"_s});
 }
 
 QString ConFormulario::ConFoco() const {

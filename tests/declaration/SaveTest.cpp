@@ -7,7 +7,7 @@
 namespace {
 
 const QDate kHoy(2026, 11, 21);
-const ClaveDeclaracion kClave{u"20100000009"_s, u"202610"_s, kNumFormulario, false, {}};
+const ClaveDeclaracion kClave{.ruc = Ruc(u"20100000009"), .periodo = Periodo(2026, 10)};
 
 class Save : public testing::Test {
   protected:

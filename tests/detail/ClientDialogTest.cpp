@@ -71,12 +71,12 @@ TEST_F(ClientDialogTest, RefusesInItsOrder) {
           {{}, u"1"_s, dosVeces(noValido), numero},
           {{}, u"\b8"_s, otroRuc + u"\nIngrese la Razón Social."_s, u"TxtNombres"_s},
           {{}, u"acme"_s, kFaltaComprobante, u"CmdAceptar"_s}}},
-        {u"CmdAceptar"_s, {{{}, u"06\r"_s + m_proceso.docDeclarante, dosVeces(delDeclarante), numero}}},
+        {u"CmdAceptar"_s, {{{}, u"06\r"_s + m_proceso.docDeclarante.Texto(), dosVeces(delDeclarante), numero}}},
         {u"CmdOpciones_0"_s,
          {{{}, u"06\r1099200000"_s, noValido, numero},
           {{}, u"2"_s, u"Ingrese el apellido paterno."_s, u"TxtApePat"_s},
           {{}, u"rojas"_s, u"Ingrese los nombres."_s, u"TxtNombres"_s}}},
-        {u"CmdOpciones_0"_s, {{{}, u"06\r"_s + m_proceso.docDeclarante, dosVeces(delDeclarante), numero}}},
+        {u"CmdOpciones_0"_s, {{{}, u"06\r"_s + m_proceso.docDeclarante.Texto(), dosVeces(delDeclarante), numero}}},
         {u"CmdOpciones_0"_s, {{{}, u"06\r"_s + kEmpresa, dosVeces(otroRuc), numero}}},
         {u"CmdOpciones_0"_s, {{{}, u"07\ra-1 "_s, dosVeces(otroDocumento), numero}}}, // takes no other signs
     };

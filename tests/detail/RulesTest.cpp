@@ -10,10 +10,10 @@ namespace {
 const QDate kHoy(2026, 10, 20);
 
 /// What it says, with "! " before a mere warning.
-QString Texto(const Veredicto& veredicto) {
-    if (!veredicto.mensaje)
-        return veredicto.pasa ? u"bien"_s : u"callado"_s;
-    return (veredicto.mensaje->icono == Icono::Exclamacion ? u"! "_s : QString()) + veredicto.mensaje->texto;
+QString Texto(const std::optional<VeredictoComprobante>& veredicto) {
+    if (!veredicto || *veredicto)
+        return veredicto ? u"bien"_s : u"callado"_s;
+    return (veredicto->Motivo().icono == Icono::Exclamacion ? u"! "_s : QString()) + veredicto->Motivo().texto;
 }
 
 TEST(VoucherChecks, SeriesByDateOfIssue) {
@@ -22,6 +22,7 @@ TEST(VoucherChecks, SeriesByDateOfIssue) {
     const QString incompleta = u"! Debe registrar correctamente el número de serie."_s;
     const QString letras = u"! No se permite letras desde la segunda a la cuarta posición en el número de serie."_s;
     const QString noValido = u"El número de serie del comprobante de pago no es válido"_s;
+    const auto fechaBuena = [] { return VeredictoComprobante(Veredicto::Bien()); };
     const struct {
         QString fecha, serie;
         QString percepcion; // what is said of it as the series of a perception voucher
@@ -39,12 +40,12 @@ TEST(VoucherChecks, SeriesByDateOfIssue) {
     };
     for (const auto& [fecha, serie, percepcion, factura] : casos) {
         const DatosComprobante cp{false, {}, serie, u"1"_s, fecha, u"5"_s, false, {}};
-        EXPECT_EQ(Texto(ValidaGrabar(cp, u"201007"_s, kHoy)), percepcion) << qPrintable(serie);
+        EXPECT_EQ(Texto(ValidaGrabar(cp, Periodo(2010, 7), kHoy)), percepcion) << qPrintable(serie);
         const DatosPago pago{u"01"_s, serie, u"1"_s, fecha, u"5"_s};
-        EXPECT_EQ(Texto(ValidaGrabar(pago, Veredicto::Bien)), factura) << qPrintable(serie);
+        EXPECT_EQ(Texto(ValidaGrabar(pago, fechaBuena)), factura) << qPrintable(serie);
     }
     const DatosPago ticket{u"12"_s, u"-001"_s, u"1"_s, u"19/07/2010"_s, u"5"_s};
-    EXPECT_EQ(Texto(ValidaGrabar(ticket, Veredicto::Bien)), u"! Desde el 2010/07/19 "_s + primera);
+    EXPECT_EQ(Texto(ValidaGrabar(ticket, fechaBuena)), u"! Desde el 2010/07/19 "_s + primera);
 }
 
 TEST(VoucherChecks, AmountsOfPaymentVouchers) {
@@ -114,16 +115,16 @@ TEST(PerceptionRate, SalesTaxIsTheLatestStartNotAfterThePeriod) {
     const BaseTemporal base;
     base.Param(u"998"_s, u"0101010200501"_s, u" 19.00 "_s);
     base.Param(u"998"_s, u"0101010201103"_s, u" 18    "_s);
-    const auto igv = [&](const QString& periodo) { return IniIgv(*base, u"010101"_s, u"998"_s, periodo); };
-    EXPECT_EQ(igv(u"201102"_s), u"19"_s);
-    EXPECT_EQ(igv(u"201103"_s), u"18"_s);
-    EXPECT_EQ(igv(u"200412"_s), QString());
+    const auto igv = [&](Periodo periodo) { return IniIgv(*base, u"010101"_s, u"998"_s, periodo); };
+    EXPECT_EQ(igv(Periodo(2011, 2)), u"19"_s);
+    EXPECT_EQ(igv(Periodo(2011, 3)), u"18"_s);
+    EXPECT_EQ(igv(Periodo(2004, 12)), QString());
 }
 
 TEST(PerceptionRate, TypeLabelTellsCreditAndRange) {
-    EXPECT_EQ(LblTipo(u"202610"_s, u"209912"_s, kSi), u"1"_s);
-    EXPECT_EQ(LblTipo(u"202610"_s, u"201012"_s, kSi), u"2"_s);
-    EXPECT_EQ(LblTipo(u"202610"_s, u"209912"_s, kSinRespuesta), u"3"_s);
+    EXPECT_EQ(LblTipo(Periodo(2026, 10), Periodo(2099, 12), kSi), u"1"_s);
+    EXPECT_EQ(LblTipo(Periodo(2026, 10), Periodo(2010, 12), kSi), u"2"_s);
+    EXPECT_EQ(LblTipo(Periodo(2026, 10), Periodo(2099, 12), kSinRespuesta), u"3"_s);
 }
 
 } // namespace

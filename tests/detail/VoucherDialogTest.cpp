@@ -116,8 +116,8 @@ TEST_F(VoucherDialogTest, AnswersChangeTheOtherQuestionsByPeriod) {
         {u"202610"_s, {u"OptVenta_0"_s, u"OptCpFact_1"_s}, u"L Z0 M"_s},
     };
     for (const auto& caso : casos) {
-        m_proceso.periodoDeclarado = caso.periodo;
-        m_proceso.fechaPrimerIgv = u"201012"_s;
+        m_proceso.periodoDeclarado = *Periodo::DeTabla(caso.periodo);
+        m_proceso.fechaPrimerIgv = Periodo(2010, 12);
         const auto forma = Nuevo();
         for (const QString& opcion : caso.clics)
             Clic(*forma, opcion);

@@ -78,10 +78,12 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
         proceso.opcion = kModificar;
         proceso.enviadas = true;
         proceso.correl = u"1"_s;
-        Ve(Frm518(proceso, avisos, barra, {}, {kRuc, u"DEMO"_s, u"092026"_s, u"0"_s, u"00000017"_s}), u"sent"_s, mira);
+        Ve(Frm518(proceso, avisos, barra, {}, {Ruc(kRuc), u"DEMO"_s, Periodo(2026, 9), u"0"_s, u"00000017"_s}),
+           u"sent"_s, mira);
         proceso.enviadas = false;
-        Ve(Frm518(proceso, avisos, barra, {}, {kRuc, u"DEMO"_s, u"102026"_s, {}, {}}), u"registered"_s, mira);
-        proceso.docDeclarante = kRuc;
+        Ve(Frm518(proceso, avisos, barra, {}, {Ruc(kRuc), u"DEMO"_s, Periodo(2026, 10), {}, {}}), u"registered"_s,
+           mira);
+        proceso.docDeclarante = Ruc(kRuc);
         for (const FilaCliente& fila : {FilaCliente{u"6"_s, kEmpresa, u"EMPRESA"_s, {}, {}, {}},
                                         FilaCliente{u"1"_s, u"45678901"_s, {}, u"ROJAS"_s, u"LUNA"_s, u"ANA"_s}}) {
             proceso.opcionDetalle = u"1"_s;

@@ -40,7 +40,7 @@ class HandAndFileTest : public DetailTest {
     /// Saves what the work tables hold, gives all that is stored of it, and leaves nothing of it behind.
     QString Graba() {
         Declaracion declaracion;
-        declaracion.clave = {m_proceso.docDeclarante, u"202610"_s, kNumFormulario, false, {}};
+        declaracion.clave = {.ruc = m_proceso.docDeclarante, .periodo = Periodo(2026, 10)};
         RefrescaTotales(*m_base, declaracion);
         declaracion.pago.forma = u"E"_s;
         declaracion.rectifica = u"0"_s;

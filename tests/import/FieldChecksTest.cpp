@@ -14,7 +14,7 @@ QString CodigoDe(const QString& linea, const QString& periodo = u"202610"_s,
     QStringList campos;
     SeparaCampos(linea, formato.Campos(), campos);
     LineaComprobada comprobada;
-    ContextoImportacion contexto{u"20990518018"_s, periodo, QDate(2026, 11, 21), {}};
+    ContextoImportacion contexto{Ruc(u"20990518018"), *Periodo::DeTabla(periodo), QDate(2026, 11, 21), {}};
     if (formato.tipos)
         contexto.ventas = formato.tipos(*escenario.base);
     return CompruebaLinea(formato.comprobaciones, campos, contexto, comprobada).codigo;

@@ -63,9 +63,9 @@ Cambios Empresa(const Cambios& cambios) {
 
 Escenario::Escenario(const QString& periodo, const FormatoImportacion& formato) : m_formato(formato) {
     proceso.baseDatos = Base::Abre(base.Ruta());
-    proceso.docDeclarante = u"20990518018"_s;
-    proceso.periodoDeclarado = periodo;
-    proceso.fechaPrimerIgv = u"209912"_s;
+    proceso.docDeclarante = Ruc(u"20990518018");
+    proceso.periodoDeclarado = *Periodo::DeTabla(periodo);
+    proceso.fechaPrimerIgv = Periodo(2099, 12);
     proceso.rutaRPT = base.Carpeta() + u"/RPT"_s;
     Transaccion transaccion = base->Comienza();
     for (const QString& clase : {u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s, u"6"_s})

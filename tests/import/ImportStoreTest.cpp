@@ -80,7 +80,8 @@ TEST(ImportStore, RateOfEachBandAndAnswer) {
           u"201012 201012 0010 2"_s, u"201101 201012 1011 3"_s, u"201101 201012 1012 4"_s, u"201101 201012 1001 4"_s,
           u"201101 201012 0111 5"_s, u"200803  1100 4"_s, u"200412 201012 1010 0"_s}) {
         const QStringList p = caso.split(u' ');
-        TasaImportacion tasa(*escenario.proceso.baseDatos, p[0], p[1]);
+        TasaImportacion tasa(*escenario.proceso.baseDatos, *Periodo::DeTabla(p[0]),
+                             Periodo::DeTabla(p[1]).value_or(Periodo()));
         const auto respuesta = [&](qsizetype cual) { return p[2].mid(cual, 1); };
         EXPECT_EQ(tasa.NuevaTasa(respuesta(0), respuesta(1), respuesta(2), respuesta(3)).tasa.left(1), p[3])
             << caso.toStdString();
@@ -95,7 +96,7 @@ TEST(ImportStore, AnswersThatThePeriodKeeps) {
                                 u"15/01/2011 1 0 03 0|9|9|5.03|5.00"_s}) {
         const QStringList p = caso.split(u' ');
         Escenario escenario(p[0].mid(6) + p[0].mid(3, 2));
-        escenario.proceso.fechaPrimerIgv = u"201012"_s;
+        escenario.proceso.fechaPrimerIgv = Periodo(2010, 12);
         (void)escenario.Importa({LineaDe({{FechaEmision, p[0]},
                                           {FechaCp, u"01/01/2005"_s},
                                           {SerieCp, u"1"_s},

@@ -66,7 +66,8 @@ class Sending : public testing::Test {
     }
 
     ResultadoEnvio Envia(const QString& periodo) {
-        return Envio(*base, reloj).Envia({kRucMuestra, periodo, kNumFormulario, false, {}}, OtroOriginal::Rechazado);
+        return Envio(*base, reloj)
+            .Envia({.ruc = Ruc(kRucMuestra), .periodo = *Periodo::DeTabla(periodo)}, OtroOriginal::Rechazado);
     }
 
     QString Valor(const QString& sql) const { return base.Filas(sql).value(0); }
@@ -148,7 +149,7 @@ TEST_F(Backups, RefusesWhatIsNoSoundBaseOfThesePrograms) {
     for (const QString& mala : malas) {
         const Veredicto veredicto = Copias().Restaura(mala);
         ASSERT_FALSE(veredicto) << qPrintable(mala);
-        EXPECT_TRUE(veredicto.mensaje->texto.contains(mala)) << qPrintable(veredicto.mensaje->texto);
+        EXPECT_TRUE(veredicto.Motivo().texto.contains(mala)) << qPrintable(veredicto.Motivo().texto);
     }
     EXPECT_EQ(BytesDe(base.Ruta()), antes);
     EXPECT_EQ(Copias().Lista().size(), 1);
@@ -166,7 +167,7 @@ TEST_F(Backups, RefusesWhileAnotherProgramUsesTheBase) {
     ASSERT_TRUE(otro.waitForReadyRead());
     const Veredicto veredicto = Copias().Restaura(copia);
     ASSERT_FALSE(veredicto);
-    EXPECT_TRUE(veredicto.mensaje->texto.contains(u"sh (%1)"_s.arg(otro.processId())));
+    EXPECT_TRUE(veredicto.Motivo().texto.contains(u"sh (%1)"_s.arg(otro.processId())));
     otro.closeWriteChannel();
     ASSERT_TRUE(otro.waitForFinished());
     EXPECT_EQ(Periodos(), u"202609,202610"_s);

@@ -173,7 +173,7 @@ TEST_F(PrintOut, TheAnnexShowsTheFlagsOfItsPeriod) {
     } casos[] = {{u"200802"_s, u"     NO     SI      -"_s, u"CRED.  LISTA INSTRU"_s, u"FISCAL ZOLMA  PAGO"_s},
                  {u"200803"_s, u"     NO      -     SI"_s, u"CRED.  ZONA  LISTA "_s, u"FISCAL EMERG ZOLMA"_s}};
     for (const auto& [periodo, banderas, titulo, segundo] : casos) {
-        LineasAnexo lineas(periodo);
+        LineasAnexo lineas(*Periodo::DeTabla(periodo));
         EXPECT_EQ(lineas.Comprobante(comprobante).last(21), banderas) << qPrintable(periodo);
         EXPECT_TRUE(lineas.PrimerTitulo().contains(titulo));
         EXPECT_TRUE(lineas.SegundoTitulo().contains(segundo));

@@ -14,7 +14,7 @@ Taller::Taller() {
     base.Param(u"233"_s, u"02"_s, Funcion({{1, u"RECIBO POR HONORARIOS"_s}, {64, u"0"_s}}));
     base.Param(u"233"_s, u"12"_s, Funcion({{1, u"TICKET DE MÁQUINA"_s}, {64, u"1"_s}}));
     base->Ejecuta(u"INSERT INTO CONT VALUES (6,?,?,'ANA',0)"_s,
-                  {clave.ruc, u"COMERCIALIZADORA Y DISTRIBUIDORA ÑAUPARI HERMANOS S.A.C."_s});
+                  {clave.ruc.Texto(), u"COMERCIALIZADORA Y DISTRIBUIDORA ÑAUPARI HERMANOS S.A.C."_s});
     proceso.sysUser = u"ANA"_s;
     proceso.rutaRPT = base.Carpeta() + u"/RPT"_s;
     QDir().mkpath(proceso.rutaRPT);
@@ -23,7 +23,7 @@ Taller::Taller() {
 
 void Taller::Pon(const QString& tabla, Columnas fila, const Columnas& otras) {
     fila.insert(otras);
-    fila.insert({{u"Doc_id_d"_s, clave.ruc}, {u"periodo"_s, clave.periodo}});
+    fila.insert({{u"Doc_id_d"_s, clave.ruc.Texto()}, {u"periodo"_s, clave.periodo.Texto()}});
     if (clave.enviada)
         fila.insert(u"correl"_s, clave.correl);
     base.Agrega(clave.Tabla(tabla), fila);

@@ -22,7 +22,7 @@ class Taller {
 
     BaseTemporal base;
     RelojFijo reloj{QDateTime(QDate(2026, 2, 9), QTime(18, 4, 5))};
-    ClaveDeclaracion clave{QStringLiteral("20990518018"), QStringLiteral("202601"), kNumFormulario, false, {}};
+    ClaveDeclaracion clave{.ruc = Ruc(u"20990518018"), .periodo = Periodo(2026, 1)};
     Proceso proceso{reloj};
 
     /// The head, paid in cash unless a number of cheque is given, and the boxes.

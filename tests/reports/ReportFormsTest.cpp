@@ -297,16 +297,16 @@ TEST_F(ReportFormsTest, TheOfferedRangeReachesTheReportsRealEnd) {
 
 TEST_F(ReportFormsTest, ThePrintDialogShowsAndPrintsTheChosenDeclaration) {
     m_taller.Cabecera({{u"410"_s, u"1234"_s}});
-    m_taller.clave.periodo = u"202602"_s;
+    m_taller.clave.periodo = Periodo(2026, 2);
     m_taller.Cabecera({{u"501"_s, u"2"_s}, {u"410"_s, u"777"_s}});
     m_taller.Clientes(2);
     frmImprimir forma(m_taller.proceso, m_entorno, m_barra);
     Muestra(forma);
-    EXPECT_EQ(m_barra.Ruc() + m_barra.Periodo(), m_taller.clave.ruc + u"02/2026"_s);
+    EXPECT_EQ(m_barra.Ruc() + m_barra.Periodo(), m_taller.clave.ruc.Texto() + u"02/2026"_s);
     auto& grilla = De<QTableView>(forma, u"grdContrib"_s);
     ASSERT_EQ(grilla.model()->rowCount(), 2);
     QTest::keyClick(&grilla, Qt::Key_Down);
-    EXPECT_EQ(m_taller.proceso.periodoDeclarado + m_barra.Periodo(), u"20260101/2026"_s);
+    EXPECT_EQ(m_taller.proceso.periodoDeclarado.Texto() + m_barra.Periodo(), u"20260101/2026"_s);
 
     const QPoint celda = grilla.visualRect(grilla.model()->index(1, 0)).center();
     EsperaEnvio(u"1 página"_s);
@@ -334,7 +334,7 @@ TEST_F(ReportFormsTest, ThePrintDialogShowsAndPrintsTheChosenDeclaration) {
     const QStringList anexo = Impreso();
     ASSERT_EQ(anexo.size(), 1);
     EXPECT_TRUE(anexo[0].contains(u"NÚÑEZ PEÑA, JOSÉ MARÍA 2 DNI"_s)) << qPrintable(anexo[0]);
-    EXPECT_EQ(m_taller.proceso.periodoDeclarado, u"202602"_s) << "the row stays chosen";
+    EXPECT_EQ(m_taller.proceso.periodoDeclarado, Periodo(2026, 2)) << "the row stays chosen";
     Clic(forma, u"CmdImprimir_2"_s);
     EXPECT_EQ(m_barra.Ruc(), QString());
 }

@@ -11,18 +11,19 @@ using testing::ElementsAre;
 
 TEST(PageRange, ChecksItsFieldsInOrder) {
     const struct {
-        QString rangos, mensaje, campo;
+        QString rangos, mensaje;
+        std::optional<CampoRango> campo;
     } casos[] = {{u"1-20|1 2-1| 2-2.9"_s, {}, {}},
-                 {u"-"_s, u"Ingrese página de inicio."_s, u"txtPagDesde"_s},
-                 {u"0-| -5"_s, u"Página inicial debe ser a partir de 1."_s, u"txtPagDesde"_s},
-                 {u"21-"_s, u"Página inicial no debe ser mayor a total de páginas del reporte."_s, u"txtPagDesde"_s},
-                 {u"5-"_s, u"Ingrese página de Fin."_s, u"txtPagHasta"_s},
-                 {u"5-4|5- "_s, u"Página de Inicio debe ser mayor a página de Fin."_s, u"txtPagHasta"_s}};
+                 {u"-"_s, u"Ingrese página de inicio."_s, CampoRango::Desde},
+                 {u"0-| -5"_s, u"Página inicial debe ser a partir de 1."_s, CampoRango::Desde},
+                 {u"21-"_s, u"Página inicial no debe ser mayor a total de páginas del reporte."_s, CampoRango::Desde},
+                 {u"5-"_s, u"Ingrese página de Fin."_s, CampoRango::Hasta},
+                 {u"5-4|5- "_s, u"Página de Inicio debe ser mayor a página de Fin."_s, CampoRango::Hasta}};
     for (const auto& [rangos, mensaje, campo] : casos) {
         for (const QString& rango : rangos.split(u'|')) {
-            const Veredicto veredicto = ValidaRango(rango.section(u'-', 0, 0), rango.section(u'-', 1), 20);
-            EXPECT_EQ(veredicto.mensaje.value_or(Mensaje()).texto, mensaje) << qPrintable(rango);
-            EXPECT_EQ(veredicto.campo, campo);
+            const VeredictoRango veredicto = ValidaRango(rango.section(u'-', 0, 0), rango.section(u'-', 1), 20);
+            EXPECT_EQ(veredicto ? QString() : veredicto.Motivo().texto, mensaje) << qPrintable(rango);
+            EXPECT_EQ(veredicto.ElCampo(), campo);
         }
     }
 }
@@ -30,7 +31,7 @@ TEST(PageRange, ChecksItsFieldsInOrder) {
 TEST(PrintList, OffersTheUsersDeclarationsOfTheKindAskedFor) {
     Taller taller;
     taller.Cabecera({}, {}, u"1"_s);
-    taller.clave.periodo = u"202602"_s;
+    taller.clave.periodo = Periodo(2026, 2);
     taller.Cabecera({});
     taller.clave.enviada = true;
     for (const QString& correl : {u"1"_s, u"2"_s}) {
@@ -61,7 +62,7 @@ TEST(ErrorReport, CountsSixtyNineErrorsToAPage) {
     for (const auto& [errores, hojas] : {std::pair{0, 1}, {1, 1}, {68, 1}, {69, 2}, {70, 2}, {138, 3}}) {
         EscribeEn(lista, QByteArray("01 001 20512345671 F001       Número inválido\r\n").repeated(errores));
         Libreta libreta;
-        EjecutaReporte(taller.proceso, DatosErrores{lista, taller.clave.ruc, u"ÑAUPARI"_s, u"202601"_s}, libreta);
+        EjecutaReporte(taller.proceso, DatosErrores{lista, taller.clave.ruc, u"ÑAUPARI"_s, Periodo(2026, 1)}, libreta);
         EXPECT_EQ(libreta.Hojas(), hojas) << errores;
         QStringList textos;
         for (int pagina = 0; pagina < hojas; ++pagina)
@@ -78,7 +79,7 @@ TEST(ErrorReport, IsRegisteredUnderItsOwnCodeAndNeedsItsList) {
     Taller taller;
     const QString lista = taller.base.Carpeta() + u"/viejo.Err"_s;
     EscribeEn(lista, "a\xf1o de otra \xe9poca\n"); // as an older program wrote it
-    const DatosErrores datos{lista, taller.clave.ruc, u"ÑAUPARI"_s, u"202601"_s};
+    const DatosErrores datos{lista, taller.clave.ruc, u"ÑAUPARI"_s, Periodo(2026, 1)};
     const QByteArray spool = BytesDe(RutaDeInforme(taller.proceso.rutaRPT, EscribeInforme(taller.proceso, datos)));
     EXPECT_TRUE(spool.contains("\npPos|10|1400|                    año de otra época|False|8|0|\n"));
     EXPECT_THAT(taller.base.Filas(u"SELECT CodRep, Doc_id_d FROM SPOOL"_s), ElementsAre(u"PER005|20990518018"_s));
@@ -87,11 +88,11 @@ TEST(ErrorReport, IsRegisteredUnderItsOwnCodeAndNeedsItsList) {
 
 TEST(Registry, NumbersFilesAcrossTheTableAndReportsWithinTheirCode) {
     Taller taller;
-    EXPECT_EQ(NuevoReporte(taller.proceso, u"PER006"_s, 6, taller.clave.ruc), u"00000001.PRN"_s);
-    EXPECT_EQ(NuevoReporte(taller.proceso, u"PER007"_s, 6, taller.clave.ruc), u"00000002.PRN"_s);
+    EXPECT_EQ(NuevoReporte(taller.proceso, u"PER006"_s, 6, taller.clave.ruc.Texto()), u"00000001.PRN"_s);
+    EXPECT_EQ(NuevoReporte(taller.proceso, u"PER007"_s, 6, taller.clave.ruc.Texto()), u"00000002.PRN"_s);
     taller.proceso.baseDatos->Ejecuta(u"INSERT INTO SPOOL (CodRep, Secuencia, Archivo) VALUES ('OTRO','000041',"
                                       "'00000098.PRN')"_s);
-    EXPECT_EQ(NuevoReporte(taller.proceso, u"PER006"_s, 6, taller.clave.ruc), u"00000099.PRN"_s);
+    EXPECT_EQ(NuevoReporte(taller.proceso, u"PER006"_s, 6, taller.clave.ruc.Texto()), u"00000099.PRN"_s);
     taller.proceso.baseDatos->Ejecuta(
         u"INSERT INTO SPOOL (CodRep, Secuencia, Archivo) VALUES ('A','1','MANUAL.PRN'),('A','2','00000003.PRN')"_s);
     EscribeEn(RutaDeInforme(taller.proceso.rutaRPT, u"00000004.PRN"_s), "de antes de reponer una copia");
