@@ -48,6 +48,7 @@ Sin ninguna orden abre su ventana, que hace lo mismo e inicia el módulo.
   --respaldar                Hace una copia de respaldo de la base y escribe su nombre. Se conservan las últimas 20,
                              en la subcarpeta RESPALDOS de la instalación.
   --restaurar ARCHIVO        Pone una copia de respaldo en el lugar de la base, después de guardar la que había.
+                             Los números ya dados y los informes registrados no vuelven atrás.
   --help                     Muestra esta ayuda.
   --version                  Muestra la versión.
 

@@ -62,7 +62,8 @@ void PagCopias::Haz() {
 void PagCopias::Restaura() {
     const Respaldo copia = m_lista.at(m_ui->GrdCopias->Fila());
     const QString texto = u"¿Confirma que va a poner la base tal como estaba el %1?\n\nLo que se hizo después dejará de"
-                          " estar en la base. Antes se guarda una copia de lo que hay ahora."_s.arg(Momento(copia));
+                          " estar en la base, salvo los números ya dados y los informes registrados. Antes se guarda"
+                          " una copia de lo que hay ahora."_s.arg(Momento(copia));
     if (LosAvisos().Pregunta({Icono::Pregunta, texto, {}}, Respuesta::No) == Respuesta::No)
         return;
     RelojDeArena reloj;

@@ -312,7 +312,8 @@ TEST_F(FrmConsolaTest, ABrokenBaseIsToldAtTheStartAndACopyTakesItsPlaceAfterAQue
     Alt(Qt::Key_C);
     const QString pregunta =
         u"¿Confirma que va a poner la base tal como estaba el 21/11/2026 10:00:00?\n\nLo que se "
-        "hizo después dejará de estar en la base. Antes se guarda una copia de lo que hay ahora."_s;
+        "hizo después dejará de estar en la base, salvo los números ya dados y los informes registrados. "
+        "Antes se guarda una copia de lo que hay ahora."_s;
     avisos.EsperaPregunta(pregunta, Respuesta::No);
     Alt(Qt::Key_T);
     EXPECT_EQ(avisos.Mostrados().last().preseleccionada, Respuesta::No);
