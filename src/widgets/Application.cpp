@@ -56,7 +56,7 @@ Aplicacion::Aplicacion(int& argc, char** argv, Avisos& avisos) : QApplication(ar
 }
 
 bool Aplicacion::notify(QObject* receptor, QEvent* evento) {
-    if (EsTeclaPerdida(*receptor, *evento)) {
+    if (m_teclado.EsTeclaPerdida(*receptor, *evento)) {
         evento->accept();
         return true;
     }

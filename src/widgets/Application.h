@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/KeyManners.h"
+
 #include <QApplication>
 #include <QTranslator>
 
@@ -29,6 +31,7 @@ class Aplicacion : public QApplication {
   private:
     Avisos* m_avisos;
     QTranslator m_idioma; ///< the toolkit's own texts, as in the window that saves a file
+    ModalesDeTeclado m_teclado;
     bool m_mostrando = false;
 };
 

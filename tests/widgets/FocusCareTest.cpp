@@ -152,6 +152,11 @@ TEST(FormTest, EnterMovesOnAndPressesOnlyTheFocusedButton) {
          {std::tuple(Qt::Key_Return, Qt::NoModifier, u"\r"_s), std::tuple(Qt::Key_Space, Qt::NoModifier, u" "_s),
           std::tuple(Qt::Key_G, Qt::AltModifier, u"g"_s)})
         QTest::simulateEvent(&forma.m_grabar, true, tecla, con, texto, true);
+    for (const auto tipo : {QEvent::KeyRelease, QEvent::KeyPress}) { // at one moment, as only X's keyboard does
+        QKeyEvent repetida(tipo, Qt::Key_Return, Qt::NoModifier, u"\r"_s);
+        repetida.setTimestamp(1000);
+        QCoreApplication::sendEvent(&forma.m_grabar, &repetida);
+    }
     EXPECT_EQ(forma.m_pasos.size(), 2) << "no key that is held down presses it again";
 }
 

@@ -155,6 +155,12 @@ class Screen:
     def keys(self, *names):
         self._ask("xdotool", "key", "--delay", "2", *names)
 
+    def holds(self, name):
+        """One key, until it has come several times over."""
+        self._ask("xdotool", "keydown", name)
+        time.sleep(1.2)
+        self._ask("xdotool", "keyup", name)
+
     def types(self, text):
         self._ask("xdotool", "type", "--delay", "2", text)
 
