@@ -84,6 +84,7 @@ bool MDIFrm::AbreLaBase() {
         AbrirBase(*m_proceso, m_perfil);
         return true;
     } catch (const Error& falla) {
+        AnotaDetalle(falla);
         m_avisos->Muestra(MensajeDeConexion(falla));
         return false;
     }

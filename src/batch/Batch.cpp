@@ -35,6 +35,7 @@ Informe Ejecuta(const Argumentos& argumentos, const EntornoLote& entorno) {
     } catch (const Error& error) {
         informe.codigo = kSalidaFallo;
         informe.mensajes.append({Icono::Critico, u"%1 (error %2)"_s.arg(error.Texto()).arg(error.Numero()), {}});
+        informe.detalle = error.Detalle();
     }
     return informe;
 }
@@ -54,6 +55,8 @@ int EjecutaLote(const QStringList& argumentos, const EntornoLote& entorno) {
         EscribeTexto(informe, entorno.salida);
     if (informe.codigo >= kSalidaRechazado)
         EscribeMensajes(informe, entorno.errores);
+    if (!informe.detalle.isEmpty())
+        entorno.errores << informe.detalle << u'\n';
     return informe.codigo;
 }
 

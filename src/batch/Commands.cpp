@@ -108,6 +108,7 @@ void AnotaInconsistencias(Proceso& proceso, const Declaracion& declaracion, Info
     } catch (const Error& error) {
         informe.codigo = kSalidaObservaciones;
         informe.mensajes.append({Icono::Exclamacion, error.Texto(), {}});
+        informe.detalle = error.Detalle();
     }
 }
 

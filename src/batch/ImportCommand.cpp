@@ -9,6 +9,7 @@
 #include "import/Formats.h"
 #include "import/ImportFile.h"
 #include "import/ImportRun.h"
+#include "values/FileFailure.h"
 
 #include <QFileInfo>
 #include <QSaveFile>
@@ -85,7 +86,7 @@ class ArchivoErrores {
     void Cierra(Informe& informe) {
         if (!m_planilla)
             return;
-        if (!m_planilla->Falla().isEmpty() || !m_archivo.commit())
+        if (!m_planilla->EstaCompleta() || !m_archivo.commit())
             throw Falla();
         AnotaArchivo(informe, m_archivo.fileName());
     }
@@ -100,9 +101,7 @@ class ArchivoErrores {
     }
 
   private:
-    [[nodiscard]] Error Falla() const {
-        return {NumeroError::AccesoAlDisco, u"%1: %2"_s.arg(m_archivo.fileName(), m_archivo.errorString())};
-    }
+    [[nodiscard]] Error Falla() const { return FallaDeArchivo(Intento::Escribir, m_archivo); }
 
     QSaveFile m_archivo;
     std::optional<PlanillaErrores> m_planilla;
@@ -119,10 +118,11 @@ void Exige(const ResultadoImportacion& resultado, const FormatoImportacion& form
         throw Rechazo{*resultado.mensaje, resultado.archivo + u": "_s + resultado.detalle};
     }
     if (resultado.fin == FinImportacion::Fallida)
-        throw Error(resultado.numeroError, resultado.mensaje->texto);
+        throw Error(*resultado.falla); // a window words it for itself
     if (resultado.sinTotales)
         throw Error(resultado.sinTotales->Numero(),
-                    u"No se pudieron calcular los totales de los clientes. "_s + resultado.sinTotales->Texto());
+                    u"No se pudieron calcular los totales de los clientes. "_s + resultado.sinTotales->Texto(),
+                    resultado.sinTotales->Detalle());
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "platform/Clock.h"
 #include "printouts/RunReport.h"
 #include "reports/PdfFile.h"
+#include "values/FileFailure.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -32,7 +33,7 @@ void Escribe(const Proceso& proceso, const QStringList& spools, const QString& t
 
 void ExigeCarpeta(const QString& carpeta) {
     if (const QFileInfo datos(carpeta); !datos.isDir() || !datos.isWritable())
-        throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir en la carpeta '%1'."_s.arg(carpeta));
+        throw FallaDeCarpeta(carpeta);
 }
 
 } // namespace

@@ -51,6 +51,7 @@ struct Informe {
     QList<CasillaGrabada> casillas;
     QStringList archivos;
     QList<Mensaje> mensajes;
+    QString detalle; ///< of what failed, in the words of the engine or the system
     std::optional<QList<FilaLista>> declaraciones;
     std::optional<ArchivoRechazado> rechazado;
 };

@@ -17,7 +17,8 @@ namespace xa518 {
 class Motor;
 class Transaccion;
 
-/// A failure of the database engine: `Numero` as the messages know it (see `NumeroError`), `Texto` the engine's words.
+/// A failure of the database engine: `Numero` as the messages know it (see `NumeroError`), `Texto` what happened in
+/// plain words, `Detalle` the engine's.
 class ErrorBase : public Error {
   public:
     using Error::Error;

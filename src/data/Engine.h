@@ -26,8 +26,8 @@ class Motor {
     [[nodiscard]] virtual QSqlDatabase Conexion() const = 0;
     /// Turns the system's dialect into the engine's.
     [[nodiscard]] virtual QString Traduce(const QString& sql) const = 0;
-    /// The engine's error in the vocabulary of the messages: its number, what happened in plain words, and the engine's
-    /// own words for whoever is asked for help.
+    /// The engine's error in the vocabulary of the messages: its number, what happened in plain words, and as its
+    /// detail the engine's own.
     [[nodiscard]] virtual ErrorBase ErrorDe(const QSqlError& error) const = 0;
     [[nodiscard]] virtual QString SqlComienza() const = 0;
     /// How much memory the connection may take: for the rows that it keeps at hand, and as much for each order that it

@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "data/Dialect.h"
+#include "values/FileFailure.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -33,20 +34,32 @@ QString UriDe(const QString& ruta, ModoApertura modo) {
 
 void ExigeArchivo(const QString& ruta) {
     if (!QFileInfo(ruta).isFile())
-        throw ErrorBase(NumeroError::BaseNoExiste, u"No se encuentra el archivo '%1'."_s.arg(ruta));
+        throw ErrorBase(NumeroError::BaseNoExiste, FallaDeArchivo(Intento::Leer, ruta).Texto());
 }
 
 /// Makes the empty file first, so that it is never, not even for a moment, readable by others.
 void CreaArchivoPrivado(const QString& ruta) {
     QFile archivo(ruta);
-    if (!archivo.open(QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner))
-        throw ErrorBase(NumeroError::AccesoAlDisco, u"No se puede crear el archivo '%1'."_s.arg(ruta));
+    if (archivo.open(QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner))
+        return;
+    const Error falla = FallaDeArchivo(Intento::Escribir, archivo);
+    throw ErrorBase(falla.Numero(), falla.Texto(), falla.Detalle());
+}
+
+/// The engine has no code for these two: its words are all that tells them.
+bool FaltaTabla(const QString& motor) {
+    return motor.contains("no such table"_L1);
+}
+
+bool FaltaColumna(const QString& motor) {
+    return motor.contains("no such column"_L1) || motor.contains("has no column named"_L1);
 }
 
 int NumeroDe(int codigo, const QString& motor) {
     switch (codigo) {
     case SQLITE_CONSTRAINT_UNIQUE:
     case SQLITE_CONSTRAINT_PRIMARYKEY: return static_cast<int>(NumeroError::ClaveDuplicada);
+    case SQLITE_READONLY_DIRECTORY: return static_cast<int>(NumeroError::AccesoAlDisco);
     default: break;
     }
     switch (codigo & 0xff) {
@@ -56,17 +69,15 @@ int NumeroDe(int codigo, const QString& motor) {
     case SQLITE_READONLY: return static_cast<int>(NumeroError::BaseBloqueada);
     default: break;
     }
-    if (motor.contains("no such table"_L1))
+    if (FaltaTabla(motor))
         return static_cast<int>(NumeroError::TablaNoExiste);
-    if (motor.contains("no such column"_L1) || motor.contains("has no column named"_L1))
+    if (FaltaColumna(motor))
         return static_cast<int>(NumeroError::CampoNoExiste);
     return codigo;
 }
 
-/// Empty for the errors that only the engine's own words describe.
-QString ExplicacionDe(int codigo) {
-    if (codigo == SQLITE_READONLY_DBMOVED)
-        return u"El archivo de la base de datos ya no está en su lugar."_s;
+/// By the class of the code, its lowest byte.
+QString ExplicacionDeClase(int codigo, const QString& motor) {
     switch (codigo & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED: return u"La base de datos está ocupada por otro programa."_s;
@@ -76,9 +87,15 @@ QString ExplicacionDe(int codigo) {
     case SQLITE_IOERR: return u"El disco falló al leer o escribir la base de datos."_s;
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB: return u"El archivo está dañado o no es una base de datos."_s;
-    case SQLITE_CONSTRAINT: return u"Ya hay un registro con esa clave, o falta un dato obligatorio."_s;
-    default: return {};
+    case SQLITE_CONSTRAINT: return u"La base de datos no admite uno de los datos."_s;
+    case SQLITE_NOMEM: return u"No hay memoria suficiente."_s;
+    default: break;
     }
+    if (FaltaTabla(motor))
+        return u"A la base de datos le falta una tabla."_s;
+    if (FaltaColumna(motor))
+        return u"A una tabla de la base de datos le falta una columna."_s;
+    return u"La base de datos no pudo hacer lo que se le pidió."_s;
 }
 
 } // namespace
@@ -99,15 +116,16 @@ void MotorSqlite::Abre(const QString& ruta, ModoApertura modo) {
     if (modo == ModoApertura::Nueva)
         CreaArchivoPrivado(ruta);
     ExigeArchivo(ruta);
+    m_ruta = ruta;
     QSqlDatabase conexion = QSqlDatabase::addDatabase(u"QSQLITE"_s, m_nombre);
     conexion.setDatabaseName(UriDe(ruta, modo));
     conexion.setConnectOptions(u"QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1"_s.arg(kEsperaMs));
     if (!conexion.open())
         throw ErrorDe(conexion.lastError());
-    Prepara(ruta);
+    Prepara();
 }
 
-void MotorSqlite::Prepara(const QString& ruta) {
+void MotorSqlite::Prepara() {
     sqlite3* manija = Manija(Conexion());
     sqlite3_db_config(manija, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     RegistraFunciones(manija);
@@ -120,7 +138,7 @@ void MotorSqlite::Prepara(const QString& ruta) {
     Pide(u"PRAGMA synchronous=EXTRA"_s);
     Pide(SqlMemoria(Memoria::Amplia));
     if (sqlite3_db_readonly(manija, "main") == 1)
-        throw ErrorBase(NumeroError::BaseBloqueada, u"La base '%1' es de sólo lectura."_s.arg(ruta));
+        throw ErrorBase(NumeroError::BaseBloqueada, u"La base '%1' es de sólo lectura."_s.arg(m_ruta));
 }
 
 void MotorSqlite::Pide(const QString& sql) const {
@@ -140,8 +158,21 @@ QString MotorSqlite::Traduce(const QString& sql) const {
 ErrorBase MotorSqlite::ErrorDe(const QSqlError& error) const {
     const int codigo = error.nativeErrorCode().toInt();
     const QString motor = error.databaseText();
-    const QString explicacion = ExplicacionDe(codigo);
-    return {NumeroDe(codigo, motor), explicacion.isEmpty() ? motor : explicacion + u" ("_s + motor + u')'};
+    if (const std::optional<int> numero = NumeroDeFuncion(codigo))
+        return {*numero, motor}; // these words are our own
+    return {NumeroDe(codigo, motor), ExplicacionDe(codigo, motor), motor};
+}
+
+QString MotorSqlite::ExplicacionDe(int codigo, const QString& motor) const {
+    switch (codigo) {
+    case SQLITE_CANTOPEN: return FallaDeArchivo(Intento::Leer, m_ruta).Texto();
+    case SQLITE_READONLY_DBMOVED: return u"El archivo de la base de datos ya no está en su lugar."_s;
+    case SQLITE_READONLY_DIRECTORY: return FallaDeCarpeta(QFileInfo(m_ruta).path()).Texto();
+    case SQLITE_CONSTRAINT_UNIQUE:
+    case SQLITE_CONSTRAINT_PRIMARYKEY: return u"Ya hay un registro con esa clave."_s;
+    case SQLITE_CONSTRAINT_NOTNULL: return u"Falta un dato obligatorio."_s;
+    default: return ExplicacionDeClase(codigo, motor);
+    }
 }
 
 QString MotorSqlite::SqlComienza() const {

@@ -2,6 +2,8 @@
 
 #include "data/Engine.h"
 
+#include <optional>
+
 struct sqlite3;
 
 namespace xa518 {
@@ -21,13 +23,19 @@ class MotorSqlite final : public Motor {
     [[nodiscard]] QString SqlColumnas(const QString& tabla) const override;
 
   private:
-    void Prepara(const QString& ruta);
+    void Prepara();
+    [[nodiscard]] QString ExplicacionDe(int codigo, const QString& motor) const;
     void Pide(const QString& sql) const;
 
     QString m_nombre;
+    QString m_ruta;
 };
 
 /// Adds the dialect's functions to a connection: `val`, `format` with a mask, and a `sum` that adds decimals exactly.
 void RegistraFunciones(sqlite3* conexion);
+
+/// The number of the `Error` that one of these functions ended with, out of the engine's code; nothing for a code of
+/// the engine's own.
+[[nodiscard]] std::optional<int> NumeroDeFuncion(int codigo);
 
 } // namespace xa518

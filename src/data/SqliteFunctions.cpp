@@ -9,6 +9,7 @@
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <new>
 #include <optional>
 
 namespace xa518 {
@@ -25,13 +26,21 @@ void Responde(sqlite3_context* contexto, const QString& texto) {
     sqlite3_result_text(contexto, bytes.constData(), static_cast<int>(bytes.size()), SQLITE_TRANSIENT);
 }
 
-/// Errors can't cross the engine's frames: they become its own error and come back through the statement.
+/// The engine's codes have a class in their lowest byte and a kind of it above; its general class has three kinds.
+constexpr int kBitsDeClase = 8;
+constexpr int kPrimeraPropia = 4;
+
+/// Errors can't cross the engine's frames: they become its own error, the number as a kind of the general class, and
+/// come back through the statement.
 template <typename Funcion>
 void Protege(sqlite3_context* contexto, const Funcion& funcion) {
     try {
         funcion();
-    } catch (const std::exception& error) {
+    } catch (const Error& error) {
         sqlite3_result_error(contexto, error.what(), -1);
+        sqlite3_result_error_code(contexto, SQLITE_ERROR | (error.Numero() << kBitsDeClase));
+    } catch (const std::bad_alloc&) {
+        sqlite3_result_error_nomem(contexto);
     }
 }
 
@@ -90,6 +99,12 @@ void FinDeSuma(sqlite3_context* contexto) {
 }
 
 } // namespace
+
+std::optional<int> NumeroDeFuncion(int codigo) {
+    const int numero = codigo >> kBitsDeClase;
+    const bool propio = (codigo & 0xff) == SQLITE_ERROR && numero >= kPrimeraPropia;
+    return propio ? std::optional(numero) : std::nullopt;
+}
 
 void RegistraFunciones(sqlite3* conexion) {
     constexpr int kPura = SQLITE_UTF8 | SQLITE_DETERMINISTIC;

@@ -1,6 +1,7 @@
 #include "data/Workgroup.h"
 
 #include "data/Base.h"
+#include "values/FileFailure.h"
 
 #include <QFile>
 #include <QJsonDocument>
@@ -49,7 +50,7 @@ QJsonObject Cuentas(const QString& ruta) {
     if (!archivo.exists())
         return {};
     if (!archivo.open(QIODevice::ReadOnly))
-        throw ErrorBase(NumeroError::AccesoAlDisco, u"No se puede leer el archivo '%1'."_s.arg(ruta));
+        throw FallaDeArchivo(Intento::Leer, archivo);
     return QJsonDocument::fromJson(archivo.readAll()).object();
 }
 
@@ -81,7 +82,7 @@ void GrupoTrabajo::Admite(const Cuenta& cuenta) const {
                          archivo.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
                          archivo.write(bytes) == bytes.size() && archivo.commit();
     if (!escrito)
-        throw ErrorBase(NumeroError::AccesoAlDisco, u"No se puede escribir el archivo '%1'."_s.arg(m_ruta));
+        throw FallaDeArchivo(Intento::Escribir, archivo);
 }
 
 } // namespace xa518

@@ -19,7 +19,7 @@ class GrupoTrabajo {
     explicit GrupoTrabajo(QString ruta) : m_ruta(std::move(ruta)) {}
 
     /// Passes silently, or raises `ErrorBase`: `GrupoNoExiste` without the file, `CuentaRechazada` for an unknown
-    /// account or a wrong password.
+    /// account or a wrong password. Raises `Error` when the file can't be read, or in `Admite` written.
     void Verifica(const Cuenta& cuenta) const;
 
     /// Lets the account in, whatever its password was before. The file is made when it is missing, private to the user.

@@ -1,6 +1,6 @@
 #include "declaration/Consistency.h"
 
-#include "values/Error.h"
+#include "values/FileFailure.h"
 #include "values/Format.h"
 #include "values/Text.h"
 
@@ -98,13 +98,13 @@ void EscribeMens(const QString& ruta, const QStringList& lineas) {
         bytes += linea.toUtf8() + '\n';
     QSaveFile archivo(ruta);
     if (!archivo.open(QIODevice::WriteOnly) || archivo.write(bytes) != bytes.size() || !archivo.commit())
-        throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir el archivo %1"_s.arg(ruta));
+        throw FallaDeArchivo(Intento::Escribir, archivo);
 }
 
 QString LeeMens(const QString& ruta) {
     QFile archivo(ruta);
     if (!archivo.open(QIODevice::ReadOnly))
-        throw Error(NumeroError::AccesoAlDisco, u"No se puede leer el archivo %1"_s.arg(ruta));
+        throw FallaDeArchivo(Intento::Leer, archivo);
     return QString::fromUtf8(archivo.readAll());
 }
 

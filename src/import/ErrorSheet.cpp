@@ -42,8 +42,7 @@ void PlanillaErrores::Anota(const FilaPlanilla& fila) {
 }
 
 void PlanillaErrores::Escribe(const QByteArray& bytes) {
-    if (m_falla.isEmpty() && m_destino.write(bytes) != bytes.size())
-        m_falla = m_destino.errorString();
+    m_completa = m_completa && m_destino.write(bytes) == bytes.size();
 }
 
 } // namespace xa518

@@ -28,14 +28,14 @@ class PlanillaErrores {
 
     void Anota(const FilaPlanilla& fila);
 
-    /// Why rows may be missing; empty when all were written.
-    [[nodiscard]] const QString& Falla() const { return m_falla; }
+    /// False when the device failed: rows may be missing.
+    [[nodiscard]] bool EstaCompleta() const { return m_completa; }
 
   private:
     void Escribe(const QByteArray& bytes);
 
     QIODevice& m_destino;
-    QString m_falla;
+    bool m_completa = true;
 };
 
 } // namespace xa518

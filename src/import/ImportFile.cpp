@@ -2,7 +2,7 @@
 
 #include "family/Process.h"
 #include "import/ImportFormat.h"
-#include "values/Error.h"
+#include "values/FileFailure.h"
 
 #include <QDir>
 
@@ -29,7 +29,7 @@ QString BuscaArchivo(const QString& ruta, const QString& nombre) {
         return directorio.filePath(nombre);
     const QStringList iguales = directorio.entryList({nombre}, QDir::Files);
     if (iguales.isEmpty())
-        throw Error(NumeroError::ArchivoNoEncontrado, u"No se encuentra el archivo '%1'."_s.arg(nombre));
+        throw FallaDeArchivo(Intento::Leer, directorio.absoluteFilePath(nombre));
     return directorio.filePath(iguales.front());
 }
 

@@ -14,7 +14,8 @@ struct Proceso;
 [[nodiscard]] bool SeLlama(const QString& ruta, const QString& nombre);
 
 /// The file's full name, the case of its letters as it lies there. `ruta` is its folder, or the file itself. Raises
-/// `Error`: `ArgumentoInvalido` for an empty one, `ArchivoNoEncontrado` when the file isn't there.
+/// `Error`: `ArgumentoInvalido` for an empty one, `ArchivoNoEncontrado` when the file isn't there, `AccesoAlDisco` when
+/// the folder can't be entered.
 [[nodiscard]] QString BuscaArchivo(const QString& ruta, const QString& nombre);
 
 } // namespace xa518

@@ -3,6 +3,7 @@
 #include "data/Base.h"
 #include "family/Process.h"
 #include "import/ErrorTexts.h"
+#include "values/FileFailure.h"
 
 #include <QFile>
 
@@ -34,16 +35,16 @@ void ArchivoLog::Agrega(QByteArrayView linea) {
     QFile archivo(m_ruta);
     const auto modo = QIODevice::Unbuffered | (m_empezado ? QIODevice::Append : QIODevice::Truncate);
     if (!archivo.open(QIODevice::WriteOnly | modo, QFile::ReadOwner | QFile::WriteOwner))
-        throw Error(NumeroError::AccesoAlDisco, u"%1: %2"_s.arg(m_ruta, archivo.errorString()));
+        throw FallaDeArchivo(Intento::Escribir, archivo);
     m_empezado = true;
     const qint64 antes = archivo.pos();
     QByteArray bytes = linea.toByteArray();
     bytes.append(kFinDeLinea);
     if (archivo.write(bytes) == bytes.size())
         return;
-    const QString motivo = archivo.errorString();
+    const Error falla = FallaDeArchivo(Intento::Escribir, archivo);
     archivo.resize(antes); // no half line, on which the next one would be hung
-    throw Error(NumeroError::AccesoAlDisco, u"%1: %2"_s.arg(m_ruta, motivo));
+    throw falla;
 }
 
 LogImportacion::LogImportacion(const Proceso& proceso)
@@ -59,8 +60,10 @@ void LogImportacion::Anota(const Escritura& escritura) {
     try {
         escritura();
     } catch (const Error& error) {
-        if (m_falla.isEmpty())
-            m_falla = u"No se pudieron guardar todas las líneas rechazadas. "_s + error.Texto();
+        if (!m_falla.isEmpty())
+            return;
+        AnotaDetalle(error);
+        m_falla = u"No se pudieron guardar todas las líneas rechazadas. "_s + error.Texto();
     }
 }
 

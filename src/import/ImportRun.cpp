@@ -11,6 +11,7 @@
 #include "import/RunBatches.h"
 #include "import/RunMessages.h"
 #include "platform/Clock.h"
+#include "values/FileFailure.h"
 #include "values/Text.h"
 
 namespace xa518 {
@@ -22,7 +23,7 @@ namespace {
 void Abre(QFile& archivo, const QString& ruta) {
     archivo.setFileName(ruta);
     if (!archivo.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        throw Error(NumeroError::AccesoAlDisco, u"No se puede leer el archivo: %1"_s.arg(archivo.errorString()));
+        throw FallaDeArchivo(Intento::Leer, archivo);
 }
 
 Error ArchivoCambiado() {
@@ -191,7 +192,7 @@ void Transferencia::CalcularTot() {
 
 void Transferencia::Falla(const Error& error) {
     m_resultado.fin = FinImportacion::Fallida;
-    m_resultado.numeroError = error.Numero();
+    m_resultado.falla = error;
     m_resultado.mensaje = Errores_Transferencia(error);
 }
 

@@ -54,13 +54,13 @@ struct ResultadoImportacion {
     /// What the user is told at the end, nothing after a cancel. With refused lines it is a question, whether to show
     /// the report of errors.
     std::optional<Mensaje> mensaje;
-    int numeroError = 0;      ///< of a failed run
-    Revision revision;        ///< of a file that was refused whole: what for, and where
-    QString detalle;          ///< the same as a sentence
-    QString archivo;          ///< bare name of the import file
-    QString rutaLog;          ///< of the refused lines; empty when this run has written none, as a trial never does
-    QString rutaErr;          ///< of the error list, likewise
-    QStringList noConservado; ///< a sentence for each kind of lines that could not be kept: transferred, or refused
+    std::optional<Error> falla; ///< what ended a failed run
+    Revision revision;          ///< of a file that was refused whole: what for, and where
+    QString detalle;            ///< the same as a sentence
+    QString archivo;            ///< bare name of the import file
+    QString rutaLog;            ///< of the refused lines; empty when this run has written none, as a trial never does
+    QString rutaErr;            ///< of the error list, likewise
+    QStringList noConservado;   ///< a sentence for each kind of lines that could not be kept: transferred, or refused
     std::optional<Error> sinTotales; ///< why the clients' totals could not be brought up to date
 
     /// Whether the run got as far as its lines, so that the work tables may have others than before.

@@ -1,14 +1,12 @@
 #include "import/LineReader.h"
 
-#include "values/Error.h"
+#include "values/FileFailure.h"
 
 #include <QIODevice>
 
 #include <cstring>
 
 namespace xa518 {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -20,7 +18,7 @@ constexpr char kFinDeArchivo = '\x1A'; ///< Ctrl-Z, which programs of the DOS da
 
 LectorLineas::LectorLineas(QIODevice& archivo) : m_archivo(archivo), m_buffer(kBuffer, Qt::Uninitialized) {
     if (!m_archivo.seek(0))
-        throw Error(NumeroError::AccesoAlDisco, m_archivo.errorString());
+        throw FallaDeArchivo(Intento::Leer, m_archivo);
     Rellena();
     SaltaMarca();
 }
@@ -70,7 +68,7 @@ void LectorLineas::Rellena() {
     m_desde = 0;
     const qint64 leidos = m_archivo.read(m_buffer.data() + m_hasta, kBuffer - m_hasta);
     if (leidos < 0)
-        throw Error(NumeroError::AccesoAlDisco, u"No se puede leer el archivo: %1"_s.arg(m_archivo.errorString()));
+        throw FallaDeArchivo(Intento::Leer, m_archivo);
     m_agotado = leidos == 0;
     m_hasta += leidos;
     m_leidos += leidos;

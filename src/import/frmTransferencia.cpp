@@ -7,6 +7,7 @@
 #include "import/Formats.h"
 #include "import/RunMessages.h"
 #include "platform/Notices.h"
+#include "values/FileFailure.h"
 #include "widgets/Application.h"
 #include "widgets/HourGlass.h"
 
@@ -207,6 +208,8 @@ void frmTransferencia::CuentaLoPerdido(const ResultadoImportacion& resultado) {
 
 void frmTransferencia::CuentaElFin(const ResultadoImportacion& resultado, bool prueba) {
     CuentaLoPerdido(resultado);
+    if (resultado.falla)
+        AnotaDetalle(*resultado.falla);
     const bool conRechazos = resultado.fin == FinImportacion::Completa && resultado.rechazados > 0;
     if (prueba || !conRechazos)
         return m_avisos.Muestra(*resultado.mensaje);
@@ -258,11 +261,11 @@ void frmTransferencia::GuardarErrores() {
     const QString ruta = m_entorno.pideArchivo(*this, QDir(m_rutaArchivos).filePath(nombre));
     if (ruta.isEmpty())
         return;
-    if (!m_planilla->Falla().isEmpty())
-        throw Error(NumeroError::AccesoAlDisco, m_planilla->Falla());
+    if (!m_planilla->EstaCompleta())
+        throw FallaDeArchivo(Intento::Escribir, *m_errores);
     QSaveFile destino(ruta);
     if (!m_errores->seek(0) || !destino.open(QIODevice::WriteOnly) || !Copia(*m_errores, destino) || !destino.commit())
-        throw Error(NumeroError::AccesoAlDisco, u"%1: %2"_s.arg(ruta, destino.errorString()));
+        throw FallaDeArchivo(Intento::Escribir, destino);
 }
 
 } // namespace xa518

@@ -8,11 +8,13 @@
 #include "launcher/PrivateFiles.h"
 #include "launcher/Schema.h"
 #include "platform/Clock.h"
+#include "values/FileFailure.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <QtDebug>
 
 #include <algorithm>
 #include <filesystem>
@@ -36,7 +38,7 @@ QString MotivoDeRechazo(const QString& ruta) {
         const std::unique_ptr<Base> copia = Base::Abre(ruta);
         const QStringList defectos = Respaldos::Defectos(*copia);
         if (!defectos.isEmpty())
-            return u"está dañado: "_s + defectos.constFirst();
+            return u"está dañado, con %1."_s.arg(CuentaDefectos(defectos));
         if (VersionDe(*copia) == 0)
             return u"no es una base de estos programas."_s;
         const EstadoEsquema estado = Esquema().Aplica(*copia);
@@ -44,7 +46,8 @@ QString MotivoDeRechazo(const QString& ruta) {
             return u"es de una versión posterior de estos programas."_s;
         return estado.resultado == ResultadoEsquema::Fallido ? estado.motivo : QString();
     } catch (const ErrorBase& error) {
-        return u"no se puede leer como base de datos (%1)."_s.arg(error.Texto());
+        AnotaDetalle(error);
+        return u"no se puede leer como base de datos. "_s + error.Texto();
     }
 }
 
@@ -60,7 +63,7 @@ class LugarDePaso {
   public:
     explicit LugarDePaso(const QString& carpeta) : m_lugar(carpeta + u"/.respaldo-XXXXXX"_s) {
         if (!m_lugar.isValid())
-            throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir en la carpeta '%1'."_s.arg(carpeta));
+            throw FallaDeCarpeta(carpeta);
     }
     [[nodiscard]] QString Archivo() const { return m_lugar.filePath(u"copia"_s); }
 
@@ -69,6 +72,12 @@ class LugarDePaso {
 };
 
 } // namespace
+
+QString CuentaDefectos(const QStringList& defectos) {
+    for (const QString& defecto : defectos)
+        qInfo().noquote() << defecto;
+    return defectos.size() == 1 ? u"un defecto"_s : u"%1 defectos"_s.arg(defectos.size());
+}
 
 Respaldos::Respaldos(QString rutaBase, QString carpeta, const Reloj& reloj)
     : m_rutaBase(std::move(rutaBase)), m_carpeta(std::move(carpeta)), m_reloj(&reloj) {}
@@ -89,7 +98,8 @@ QString Respaldos::HazUna() const {
     Base::Abre(m_rutaBase)->Ejecuta(u"VACUUM INTO ?"_s, {lugar.Archivo()});
     const QStringList defectos = Defectos(*Base::Abre(lugar.Archivo()));
     if (!defectos.isEmpty())
-        throw Error(NumeroError::AccesoAlDisco, u"La copia de respaldo salió dañada: %1"_s.arg(defectos.constFirst()));
+        throw Error(NumeroError::AccesoAlDisco,
+                    u"La copia de respaldo salió dañada, con %1."_s.arg(CuentaDefectos(defectos)));
     QString destino = NombreLibre(kExtension);
     CopiaPrivada(lugar.Archivo(), destino); // the engine doesn't wait for the disk in a copy of its own
     return destino;

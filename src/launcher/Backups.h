@@ -60,4 +60,7 @@ class Respaldos {
     const Reloj* m_reloj;
 };
 
+/// How many there are, "3 defectos". What each is, in the engine's words, goes to the standard error.
+[[nodiscard]] QString CuentaDefectos(const QStringList& defectos);
+
 } // namespace xa518

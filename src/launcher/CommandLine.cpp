@@ -238,6 +238,8 @@ int EjecutaConsola(const QStringList& argumentos, QTextStream& salida, QTextStre
         return Rechazado;
     } catch (const Error& error) {
         errores << u"consola: "_s << error.Texto() << u" (error "_s << error.Numero() << u")\n"_s;
+        if (!error.Detalle().isEmpty())
+            errores << error.Detalle() << '\n';
         return Fallo;
     }
 }

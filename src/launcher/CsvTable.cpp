@@ -73,8 +73,8 @@ QList<QStringList> LeeCsv(const QString& nombre, const QByteArray& contenido, co
         ExigeColumnas(lector, columnas);
         return LeeFilas(lector, columnas.size());
     } catch (const io::error::base& error) {
-        throw Error(NumeroError::ArgumentoInvalido,
-                    u"El archivo '%1' no se puede leer: %2"_s.arg(nombre, QString::fromUtf8(error.what())));
+        throw Error(NumeroError::ArgumentoInvalido, u"El archivo '%1' no tiene la forma de una tabla."_s.arg(nombre),
+                    QString::fromUtf8(error.what()));
     }
 }
 

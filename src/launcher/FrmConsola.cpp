@@ -133,7 +133,8 @@ void FrmConsola::Instala() {
 void FrmConsola::RevisaBase() {
     try {
         const RelojDeArena reloj;
-        m_defectos = Respaldos::Defectos(*m_sesion.Abre()).join(u'\n');
+        const QStringList defectos = Respaldos::Defectos(*m_sesion.Abre());
+        m_defectos = defectos.isEmpty() ? QString() : u"La base tiene %1."_s.arg(CuentaDefectos(defectos));
     } catch (const Error& error) {
         m_defectos = TextoDeFalla(error);
     }

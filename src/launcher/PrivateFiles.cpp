@@ -1,6 +1,6 @@
 #include "launcher/PrivateFiles.h"
 
-#include "values/Error.h"
+#include "values/FileFailure.h"
 
 #include <QDir>
 #include <QFile>
@@ -33,13 +33,13 @@ void CreaCarpetaPrivada(const QString& ruta) {
 void CopiaPrivada(const QString& origen, const QString& destino) {
     QFile entrada(origen);
     if (!entrada.open(QIODevice::ReadOnly))
-        throw Error(NumeroError::AccesoAlDisco, u"No se puede leer el archivo '%1'."_s.arg(origen));
+        throw FallaDeArchivo(Intento::Leer, entrada);
     QSaveFile salida(destino);
     const bool copiado = salida.open(QIODevice::WriteOnly) &&
                          salida.setPermissions(QFile::ReadOwner | QFile::WriteOwner) && Vierte(entrada, salida) &&
                          salida.commit();
     if (!copiado)
-        throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir el archivo '%1'."_s.arg(destino));
+        throw FallaDeArchivo(Intento::Escribir, salida);
 }
 
 } // namespace xa518

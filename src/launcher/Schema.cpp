@@ -75,6 +75,7 @@ EstadoEsquema Esquema::Aplica(Base& base) const {
         for (const Paso& paso : pasos)
             DaPaso(base, paso);
     } catch (const ErrorBase& error) {
+        AnotaDetalle(error);
         return {ResultadoEsquema::Fallido, VersionDe(base), error.Numero(), error.Texto()};
     }
     return {inicial == 0 ? ResultadoEsquema::Creado : ResultadoEsquema::Actualizado, ultima, 0, {}};

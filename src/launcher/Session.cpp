@@ -85,6 +85,7 @@ ResultadoEnvio Sesion::Envia(const ClaveDeclaracion& clave, OtroOriginal otro) {
 }
 
 QString TextoDeFalla(const Error& error) {
+    AnotaDetalle(error);
     if (dynamic_cast<const TrabajoAjeno*>(&error) != nullptr)
         return error.Texto();
     if (error.Es(NumeroError::BaseBloqueada))

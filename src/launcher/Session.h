@@ -48,7 +48,7 @@ class Sesion {
     QString m_verificada; ///< the installation whose account has been checked
 };
 
-/// A failure in words for the person: the engine's own where there are none better.
+/// A failure in words for the person; its detail goes to the standard error.
 [[nodiscard]] QString TextoDeFalla(const Error& error);
 
 /// Something of the installation is missing or of an earlier version, and installing over it puts that right.

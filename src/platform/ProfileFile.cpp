@@ -1,6 +1,6 @@
 #include "platform/ProfileFile.h"
 
-#include "values/Error.h"
+#include "values/FileFailure.h"
 #include "values/Text.h"
 
 #include <QDir>
@@ -130,7 +130,7 @@ QString ArchivoPerfil::Lee(QStringView seccion, QStringView clave) const {
 void ArchivoPerfil::Escribe(QStringView seccion, QStringView clave, QStringView valor) const {
     const QByteArray viejo = LeeBytes(m_ruta);
     if (viejo.isEmpty() && QFileInfo(m_ruta).size() > 0) // written anew it would lose its other keys
-        throw Error(NumeroError::AccesoAlDisco, QStringLiteral("No se puede leer el archivo ") + m_ruta);
+        throw FallaDeArchivo(Intento::Leer, m_ruta);
     const QByteArray nuevo = ConValor(viejo, seccion, clave, valor);
     if (nuevo == viejo)
         return; // a start that changes nothing goes well on a full or a read-only disk
@@ -140,7 +140,7 @@ void ArchivoPerfil::Escribe(QStringView seccion, QStringView clave, QStringView 
                          archivo.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
                          archivo.write(nuevo) == nuevo.size() && archivo.commit();
     if (!escrito)
-        throw Error(NumeroError::AccesoAlDisco, QStringLiteral("No se puede escribir el archivo ") + m_ruta);
+        throw FallaDeArchivo(Intento::Escribir, archivo);
 }
 
 } // namespace xa518

@@ -1,6 +1,6 @@
 #include "platform/ProfileFile.h"
 
-#include "values/Error.h"
+#include "values/FileFailure.h"
 
 #include <qt_windows.h>
 
@@ -52,7 +52,7 @@ void ArchivoPerfil::Escribe(QStringView seccion, QStringView clave, QStringView 
     const QString conClave = clave.toString();
     const QString puesto = valor.toString();
     if (!WritePrivateProfileStringW(Ancho(enSeccion), Ancho(conClave), Ancho(puesto), Ancho(m_ruta)))
-        throw Error(NumeroError::AccesoAlDisco, QStringLiteral("No se puede escribir el archivo ") + m_ruta);
+        throw FallaDeArchivo(Intento::Escribir, m_ruta);
 }
 
 } // namespace xa518

@@ -4,7 +4,7 @@
 #include "printouts/DeclarationData.h"
 #include "reports/SpoolLines.h"
 #include "values/Dates.h"
-#include "values/Error.h"
+#include "values/FileFailure.h"
 #include "values/Format.h"
 #include "values/Text.h"
 
@@ -33,11 +33,8 @@ QString RayaSangrada(int ancho) {
 }
 
 void AbreLista(QFile& lista) {
-    if (!lista.exists())
-        throw Error(NumeroError::ArchivoNoEncontrado, u"No se encuentra el archivo '%1'."_s.arg(lista.fileName()));
     if (!lista.open(QIODevice::ReadOnly))
-        throw Error(NumeroError::AccesoAlDisco,
-                    u"No se puede leer el archivo '%1': %2"_s.arg(lista.fileName(), lista.errorString()));
+        throw FallaDeArchivo(Intento::Leer, lista);
 }
 
 int CuentaLineas(const QString& ruta) {

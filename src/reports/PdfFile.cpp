@@ -2,7 +2,7 @@
 
 #include "reports/PagedPrinter.h"
 #include "reports/PdfMetadata.h"
-#include "values/Error.h"
+#include "values/FileFailure.h"
 
 #include <QFile>
 #include <QFontDatabase>
@@ -19,10 +19,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kResolucion = 1440; ///< a dot of the device is a twip
-
-[[noreturn]] void Falla(const QString& ruta, const QString& motivo) {
-    throw Error(NumeroError::AccesoAlDisco, u"No se puede escribir el archivo '%1': %2"_s.arg(ruta, motivo));
-}
 
 /// Without either the pages would come out empty.
 void ExigeLetras() {
@@ -51,7 +47,7 @@ class ArchivoParcial {
   public:
     explicit ArchivoParcial(const QString& ruta) : m_ruta(ruta), m_archivo(ruta + u".parcial"_s) {
         if (!m_archivo.open(QIODevice::ReadWrite | QIODevice::Truncate))
-            Falla(ruta, m_archivo.errorString());
+            throw Falla();
     }
     ArchivoParcial(const ArchivoParcial&) = delete;
     ArchivoParcial& operator=(const ArchivoParcial&) = delete;
@@ -61,15 +57,17 @@ class ArchivoParcial {
 
     void Confirma() {
         if (!m_archivo.flush() || m_archivo.error() != QFileDevice::NoError)
-            Falla(m_ruta, m_archivo.errorString());
+            throw Falla();
         m_archivo.close();
         std::error_code error;
         std::filesystem::rename(m_archivo.filesystemFileName(), QFile(m_ruta).filesystemFileName(), error);
         if (error)
-            Falla(m_ruta, QString::fromStdString(error.message()));
+            throw FallaDeArchivo(Intento::Escribir, m_ruta);
     }
 
   private:
+    [[nodiscard]] Error Falla() const { return FallaDeArchivo(Intento::Escribir, m_ruta, m_archivo); }
+
     QString m_ruta;
     QFile m_archivo;
 };

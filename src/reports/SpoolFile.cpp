@@ -1,10 +1,8 @@
 #include "reports/SpoolFile.h"
 
-#include "values/Error.h"
+#include "values/FileFailure.h"
 
 namespace xa518 {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -16,8 +14,7 @@ ArchivoSpool::ArchivoSpool(const QString& ruta) : m_archivo(ruta) {
     constexpr auto kSoloDelUsuario = QFile::ReadOwner | QFile::WriteOwner;
     // Text: the line end is the platform's own.
     if (!m_archivo.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text, kSoloDelUsuario))
-        throw Error(NumeroError::AccesoAlDisco,
-                    u"No se puede crear el archivo '%1': %2"_s.arg(ruta, m_archivo.errorString()));
+        throw FallaDeArchivo(Intento::Escribir, m_archivo);
     m_bloque.reserve(kBloque + kBloque / 4);
 }
 
@@ -30,15 +27,13 @@ void ArchivoSpool::Recibe(const Comando& comando) {
 void ArchivoSpool::Termina() {
     Vierte();
     if (!m_archivo.flush())
-        throw Error(NumeroError::AccesoAlDisco,
-                    u"No se puede escribir el archivo '%1': %2"_s.arg(m_archivo.fileName(), m_archivo.errorString()));
+        throw FallaDeArchivo(Intento::Escribir, m_archivo);
     m_archivo.close();
 }
 
 void ArchivoSpool::Vierte() {
     if (m_archivo.write(m_bloque) != m_bloque.size())
-        throw Error(NumeroError::AccesoAlDisco,
-                    u"No se puede escribir el archivo '%1': %2"_s.arg(m_archivo.fileName(), m_archivo.errorString()));
+        throw FallaDeArchivo(Intento::Escribir, m_archivo);
     m_bloque.resize(0);
 }
 

@@ -4,7 +4,7 @@
 #include "reports/SpoolLines.h"
 #include "reports/SpoolReader.h"
 #include "values/Decimal.h"
-#include "values/Error.h"
+#include "values/FileFailure.h"
 #include "values/Text.h"
 
 #include <QFile>
@@ -18,12 +18,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 std::unique_ptr<QIODevice> AbreArchivo(const QString& ruta) {
-    if (!ObjetoUtil::ExisteArchivo(ruta))
-        throw Error(NumeroError::ArchivoNoEncontrado, u"No se encuentra el archivo '%1'."_s.arg(ruta));
     auto archivo = std::make_unique<QFile>(ruta);
     if (!archivo->open(QIODevice::ReadOnly))
-        throw Error(NumeroError::AccesoAlDisco,
-                    u"No se puede leer el archivo '%1': %2"_s.arg(ruta, archivo->errorString()));
+        throw FallaDeArchivo(Intento::Leer, *archivo);
     return archivo;
 }
 

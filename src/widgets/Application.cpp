@@ -10,6 +10,7 @@
 #include <QSignalBlocker>
 #include <QtDebug>
 
+#include <new>
 #include <optional>
 
 namespace xa518 {
@@ -22,9 +23,13 @@ QString TextoDeLaFalla() {
     try {
         throw;
     } catch (const Error& falla) {
+        AnotaDetalle(falla);
         return falla.Texto();
+    } catch (const std::bad_alloc&) {
+        return u"No hay memoria suficiente."_s;
     } catch (const std::exception& falla) {
-        return QString::fromUtf8(falla.what());
+        qWarning("%s", falla.what());
+        return u"Se produjo un error inesperado."_s;
     } catch (...) {
         return u"Se produjo un error desconocido."_s;
     }

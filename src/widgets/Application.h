@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/KeyManners.h"
+#include "widgets/KeyManners.h"
 
 #include <QApplication>
 #include <QTranslator>

@@ -216,7 +216,10 @@ TEST_F(Batch, TellsWhatFailed) {
         EXPECT_TRUE(m_errores.contains(mensaje)) << m_errores.toStdString();
     };
     EXPECT_EQ(Corre(u"importar"_s + kClave + u" --percepciones /no/hay"_s), 3);
-    EXPECT_TRUE(m_errores.contains(u"no se encuentra el archivo a transferir"_s));
+    EXPECT_EQ(m_errores, u"No se encuentra el archivo '/no/hay/051820990518018202609.TXT': no existe la carpeta "
+                         "'/no/hay'. (error 53)\n"_s);
+    EXPECT_EQ(Corre(u"imprimir"_s + kClave + u" --pdf /proc/version/x.pdf"_s), 3);
+    EXPECT_EQ(m_errores, u"'/proc/version' no es una carpeta. (error 57)\n"_s);
     EXPECT_EQ(Cuenta(u"TMPF518PCAB"_s), 0);
     {
         const auto otro = Base::Abre(Casa() + u"/XA000.DB"_s);
@@ -227,10 +230,10 @@ TEST_F(Batch, TellsWhatFailed) {
         }
         EXPECT_EQ(Cuenta(u"TMPF518PCAB"_s), 0);
         otro->Ejecuta(u"BEGIN EXCLUSIVE"_s);
-        espera(u"3051"_s);
+        espera(u"La base de datos está ocupada por otro programa. (error 3051)\n"_s);
     }
     EscribeEn(Casa() + u"/XA000.DB"_s, QByteArray(4096, 'x'));
-    espera(u"not a database"_s);
+    espera(u"El archivo está dañado o no es una base de datos. (error 26)\nfile is not a database\n"_s);
     m_perfil.Escribe(kSeccionOpciones, u"DBName", u"");
     espera(u"Falta la clave DBName"_s);
     ASSERT_TRUE(QFile::remove(m_perfil.Ruta()));

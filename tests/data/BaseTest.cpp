@@ -34,6 +34,12 @@ TEST_F(BaseTest, NumbersTheErrorsAsTheMessagesKnowThem) {
     };
     for (const auto& [sql, numero] : casos)
         EXPECT_EQ(NumeroDe([&, consulta = sql] { m_base->Ejecuta(consulta); }), numero) << qPrintable(sql);
+    try { // the person reads Spanish, the engine's own words are kept beside it
+        m_base->Ejecuta(u"SELECT * FROM NOHAY"_s);
+    } catch (const ErrorBase& error) {
+        EXPECT_EQ(error.Texto() + u'/' + error.Detalle(),
+                  u"A la base de datos le falta una tabla./no such table: NOHAY"_s);
+    }
     Agrega(u"2"_s); // a statement goes on after it failed
     EXPECT_EQ(Numeros(), u"1|2"_s);
     EXPECT_EQ(NumeroDe([&] { (void)m_base->Lee(u"SELECT numero FROM CLIENTE"_s).Columna(u"nohay"); }), 3061);

@@ -330,13 +330,13 @@ TEST_F(Frm518Test, ABaseThatFailsIsToldAndLeavesWhatWasTyped) {
         const char* cual;
         std::function<void()> hace;
         QString texto;
-    } casos[] = {{"locked", [&] { ajena.emplace(m_base->Comienza()); },
-                  u"La base de datos está ocupada por otro programa. (database is locked)"_s},
-                 {"moved away", [&] { EXPECT_TRUE(QFile::rename(ruta, ruta + u'_')); },
-                  u"El archivo de la base de datos ya no está en su lugar. (attempt to write a readonly database)"_s},
-                 {"overwritten", [&] { EscribeEn(ruta, QByteArray(100'000, 'x')); },
-                  u"El archivo está dañado o no es una base de datos. (file is not a database)"_s},
-                 {"emptied", [&] { EscribeEn(ruta, {}); }, u"no such table: TMPF518PCAB"_s}};
+    } casos[] = {
+        {"locked", [&] { ajena.emplace(m_base->Comienza()); }, u"La base de datos está ocupada por otro programa."_s},
+        {"moved away", [&] { EXPECT_TRUE(QFile::rename(ruta, ruta + u'_')); },
+         u"El archivo de la base de datos ya no está en su lugar."_s},
+        {"overwritten", [&] { EscribeEn(ruta, QByteArray(100'000, 'x')); },
+         u"El archivo está dañado o no es una base de datos."_s},
+        {"emptied", [&] { EscribeEn(ruta, {}); }, u"A la base de datos le falta una tabla."_s}};
     GrabaUna();
     const QByteArray bytes = BytesDe(ruta);
     const QString antes = Retrato(*m_base);
@@ -369,7 +369,7 @@ TEST_F(Frm518Test, ACheckThatFailsLetsNobodyGoOn) {
     Identifica();
     m_base->Ejecuta(u"ALTER TABLE CAB RENAME TO OTRA"_s);
     for (int i = 0; i < 2; ++i) // of the period that is left, and of the page that is entered
-        AvisosDelPrograma().Espera(u"no such table: CAB"_s);
+        AvisosDelPrograma().Espera(u"A la base de datos le falta una tabla."_s);
     VaAPestania(1);
     AvisosDelPrograma().Comprueba();
     EXPECT_EQ(Control<QTabWidget>(u"SSTab1"_s).currentIndex(), 0) << "nobody goes on unchecked";

@@ -97,10 +97,8 @@ void DetailTest::SinBase(QWidget& forma, const QString& boton) {
     const QStringList escrito = Escrito(forma);
     const QString ruta = m_base.Ruta();
     ASSERT_TRUE(QFile::rename(ruta, ruta + u'_'));
-    AvisosDelPrograma().Espera({Icono::Critico,
-                                u"El archivo de la base de datos ya no está en su lugar. "
-                                "(attempt to write a readonly database)"_s,
-                                forma.windowTitle()});
+    AvisosDelPrograma().Espera(
+        {Icono::Critico, u"El archivo de la base de datos ya no está en su lugar."_s, forma.windowTitle()});
     Clic(forma, boton);
     AvisosDelPrograma().Comprueba();
     EXPECT_TRUE(forma.isVisible());

@@ -2,6 +2,7 @@
 #include "import/RunMessages.h"
 #include "import/frmTransferencia.h"
 #include "support/FormDriver.h"
+#include "values/FileFailure.h"
 
 #include <QDropEvent>
 #include <QLabel>
@@ -171,9 +172,7 @@ TEST_F(ImportForm, RefusedLinesAreSavedForASpreadsheet) {
     EXPECT_EQ(m_sugerido, m_escenario.base.Carpeta() + u"/051820990518018202610-errores.csv"_s);
     EXPECT_EQ(BytesDe(m_elegido).count('\n'), 2);
     m_elegido = u"/no/hay/errores.csv"_s;
-    QFile sinSitio(m_elegido);
-    EXPECT_FALSE(sinSitio.open(QIODevice::WriteOnly));
-    AvisosDelPrograma().Espera(m_elegido + u": "_s + sinSitio.errorString());
+    AvisosDelPrograma().Espera(FallaDeArchivo(Intento::Escribir, m_elegido).Texto());
     Pulsa("cmdGuardarErrores");
 }
 

@@ -19,7 +19,7 @@ QString Texto(const ResultadoImportacion& resultado) {
 TEST(ImportRun, TheFileIsFoundWhateverTheCaseOfItsName) {
     Escenario escenario;
     ASSERT_TRUE(QDir().mkdir(escenario.RutaArchivo()));
-    EXPECT_EQ(escenario.Corre().numeroError, 53); // a folder is no file
+    EXPECT_EQ(escenario.Corre().falla->Numero(), 53); // a folder is no file
     ASSERT_TRUE(QDir().rmdir(escenario.RutaArchivo()));
     escenario.Escribe(LineaDe().toUtf8());
     ASSERT_TRUE(QFile::rename(escenario.RutaArchivo(), escenario.RutaArchivo().replace(u".TXT"_s, u".txt"_s)));
@@ -130,7 +130,7 @@ TEST(ImportLog, AFullDiskForOneLogLeavesTheOtherAndTheRun) {
     ASSERT_TRUE(QFile::link(u"/dev/full"_s, ruta + u".Log"_s));
     const ResultadoImportacion llena = escenario.Importa(mala);
     EXPECT_EQ(llena.fin, FinImportacion::Completa);
-    EXPECT_TRUE(llena.noConservado.join(u' ').contains(u"No space left"_s));
+    EXPECT_TRUE(llena.noConservado.join(u' ').contains(u"el disco está lleno"_s));
     EXPECT_EQ(BytesDe(ruta + u".Err"_s).count('\n'), 1);
 }
 

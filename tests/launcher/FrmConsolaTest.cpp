@@ -304,8 +304,7 @@ TEST_F(FrmConsolaTest, ABrokenBaseIsToldAtTheStartAndACopyTakesItsPlaceAfterAQue
     Alt(Qt::Key_H);
     EscribeEn(RutaBase(), QByteArray(8192, 'x'));
     const QString falta =
-        u"El archivo está dañado o no es una base de datos. (file is not a database) Restaure una de sus copias de "
-        "respaldo."_s;
+        u"El archivo está dañado o no es una base de datos. Restaure una de sus copias de respaldo."_s;
     avisos.Espera(falta);
     Abre();
     EXPECT_FALSE(Control<QPushButton>("CmdAgregar").isEnabled());
@@ -331,7 +330,7 @@ TEST_F(FrmConsolaTest, AHiddenFaultOfTheBaseIsToldAtTheStart) {
     const QStringList defectos = Respaldos::Defectos(*LaBase());
     ASSERT_FALSE(defectos.isEmpty());
     avisos.Espera(u"La revisión de la base encontró daños:\n\n%1\n\nRestaure una de sus copias de respaldo."_s.arg(
-        defectos.join(u'\n')));
+        u"La base tiene %1."_s.arg(CuentaDefectos(defectos))));
     Abre();
     EXPECT_EQ(Aviso(), u"La base está dañada: restaure una de sus copias de respaldo."_s);
 }

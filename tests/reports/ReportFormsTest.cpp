@@ -5,6 +5,7 @@
 #include "reports/PageRange.h"
 #include "reports/ReportFixture.h"
 #include "support/FormDriver.h"
+#include "values/FileFailure.h"
 #include "widgets/StatusBar.h"
 
 #include <QPrinter>
@@ -80,12 +81,6 @@ class ReportFormsTest : public testing::Test {
             spool += u"pPos|500|500|hoja %1|True|40|%2|\npNuevaHoja\n"_s.arg(i + 1).arg(i).toUtf8();
         EscribeEn(m_taller.proceso.rutaRPT + u"/a.PRN"_s, spool);
         return {u"a.PRN"_s, u"Reporte"_s, rango};
-    }
-
-    /// Why a file can't be written, as the system words it.
-    static QString Motivo(const QString& ruta) {
-        QFile archivo(ruta);
-        return archivo.open(QIODevice::WriteOnly) ? QString() : archivo.errorString();
     }
 
     static int Pagina(QWidget& vista) { return De<QSpinBox>(vista, u"txtPagina"_s).value(); }
@@ -231,7 +226,7 @@ TEST_F(ReportFormsTest, SurvivesAMissingFileAndTenMegabytesOfRubbish) {
 TEST_F(ReportFormsTest, KeepsTheWholeReportAsPdf) {
     frmPreview vista(m_entorno, Reporte(3, {true, 2, 2}));
     Muestra(vista);
-    AvisosDelPrograma().Espera(u"No se puede escribir el archivo '/proc/x.pdf': "_s + Motivo(u"/proc/x.pdf"_s));
+    AvisosDelPrograma().Espera(FallaDeArchivo(Intento::Escribir, u"/proc/x.pdf"_s).Texto());
     m_avisos.Espera(u"Se guardó en «%1»: 3 páginas."_s.arg(Ruta(u"guardado.pdf"_s)));
     for (const QString& nombre : {u"/proc/x"_s, Ruta(u"guardado"_s)}) {
         AlGuardar(nombre);
@@ -364,7 +359,7 @@ TEST_F(ReportFormsTest, ThePrintDialogKeepsCopiesApartAndIsSilentWithoutDeclarat
     EXPECT_TRUE(hoja.contains(correl + u",000"_s)) << qPrintable(hoja);
     m_taller.proceso.rutaRPT = m_taller.base.Ruta(); // a file is no folder to write into
     const QString ruta = m_taller.base.Ruta() + u"/00000002.PRN"_s;
-    AvisosDelPrograma().Espera(u"No se puede crear el archivo '%1': %2"_s.arg(ruta, Motivo(ruta)));
+    AvisosDelPrograma().Espera(FallaDeArchivo(Intento::Escribir, ruta).Texto());
     Clic(forma, u"CmdImprimir_0"_s);
     m_taller.Vacia(); // as another program might
     m_avisos.Espera(u"No existe la declaración del RUC 20990518018 por el período 01/2026."_s);

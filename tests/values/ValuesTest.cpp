@@ -1,9 +1,11 @@
 #include "support/Test.h"
 #include "values/Dates.h"
 #include "values/Decimal.h"
-#include "values/Error.h"
+#include "values/FileFailure.h"
 #include "values/Format.h"
 #include "values/Text.h"
+
+#include <unistd.h>
 
 namespace {
 
@@ -138,6 +140,45 @@ TEST(Text, TellsUtf8FromOtherBytes) {
     EXPECT_TRUE(EsUtf8Valido("A\xC3\xB1"));
     for (const char* otros : {"A\xF1o", "A\xC3", "\xC0\xAF"}) // the last one is a slash in two bytes
         EXPECT_FALSE(EsUtf8Valido(otros)) << otros;
+}
+
+/// What is missing or forbidden is named, whoever runs the tests: to the superuser nothing is forbidden.
+TEST(FileFailure, NamesWhatStandsInTheWay) {
+    const QTemporaryDir lugar(QDir::tempPath() + u"/falla"_s);
+    const QString carpeta = lugar.path();
+    EscribeEn(carpeta + u"/archivo"_s, "x");
+    ASSERT_TRUE(QFile::setPermissions(carpeta, QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther));
+    ASSERT_TRUE(QFile::setPermissions(carpeta + u"/archivo"_s, QFile::ReadOwner));
+    const bool todoPuede = geteuid() == 0;
+    ASSERT_TRUE(!todoPuede || setresuid(65534, 65534, 0) == 0);
+    using enum Intento;
+    const struct {
+        Intento intento;
+        QString nombre;
+        NumeroError numero;
+        QString texto;
+    } casos[] = {
+        {Leer, u"/nada"_s, NumeroError::ArchivoNoEncontrado, u"No se encuentra el archivo '%1/nada'."_s},
+        {Leer, u"/no/hay/nada"_s, NumeroError::ArchivoNoEncontrado,
+         u"No se encuentra el archivo '%1/no/hay/nada': no existe la carpeta '%1/no/hay'."_s},
+        {Leer, u"/archivo/x"_s, NumeroError::AccesoAlDisco,
+         u"No se puede leer el archivo '%1/archivo/x': '%1/archivo' no es una carpeta."_s},
+        {Escribir, u"/nuevo"_s, NumeroError::AccesoAlDisco,
+         u"No se puede escribir el archivo '%1/nuevo': no hay permiso para escribir en la carpeta '%1'."_s},
+    };
+    for (const auto& [intento, nombre, numero, texto] : casos) {
+        const Error falla = FallaDeArchivo(intento, carpeta + nombre);
+        EXPECT_EQ(falla.Texto(), texto.arg(carpeta));
+        EXPECT_TRUE(falla.Es(numero)) << qPrintable(nombre);
+    }
+    QFile cerrado(carpeta + u"/archivo"_s);
+    EXPECT_FALSE(cerrado.open(QIODevice::ReadWrite));
+    const Error falla = FallaDeArchivo(Escribir, cerrado);
+    EXPECT_FALSE(falla.Texto().contains(cerrado.errorString()));
+    EXPECT_EQ(falla.Detalle(), cerrado.errorString());
+    EXPECT_EQ(FallaDeCarpeta(carpeta).Texto(), u"No hay permiso para escribir en la carpeta '%1'."_s.arg(carpeta));
+    ASSERT_TRUE(!todoPuede || setresuid(0, 0, 0) == 0);
+    QFile::setPermissions(carpeta, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
 TEST(Dates, AreRealDaysInTenCharacters) {

@@ -23,7 +23,7 @@ void Falla(int vez) {
     if (vez == 1)
         throw Error(NumeroError::BaseBloqueada, u"La base está ocupada."_s);
     if (vez == 2)
-        throw std::runtime_error("período");
+        throw std::runtime_error("unexpected");
     throw vez;
 }
 
@@ -51,7 +51,8 @@ TEST(ApplicationTest, AFailureShowsUnderTheFormsCaptionAndTheFormGoesOn) {
                                             },
                                             [&] { QTest::mouseClick(&boton, Qt::LeftButton); }};
     for (const auto& gesto : gestos) {
-        for (const QString& texto : {u"La base está ocupada."_s, u"período"_s, u"Se produjo un error desconocido."_s})
+        for (const QString& texto :
+             {u"La base está ocupada."_s, u"Se produjo un error inesperado."_s, u"Se produjo un error desconocido."_s})
             AvisosDelPrograma().Espera({Icono::Critico, texto, u"Información"_s});
         QTimer::singleShot(50, &forma, [&] {
             const RelojDeArena ajeno; // of the work around, still alive when the handler brings the pointer back

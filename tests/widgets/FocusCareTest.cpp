@@ -1,6 +1,7 @@
 #include "widgets/Form.h"
 
 #include "support/NoticeScript.h"
+#include "values/Error.h"
 #include "widgets/FieldFocus.h"
 
 #include <QButtonGroup>
@@ -37,7 +38,7 @@ class FormaDePrueba final : public Forma {
     Salida AlDejarCampo() {
         m_pasos += u"deja"_s;
         if (m_falla)
-            throw std::runtime_error("sin base");
+            throw Error(NumeroError::BaseNoExiste, u"sin base"_s);
         if (m_conMensaje) {
             QMessageBox caja(QMessageBox::Critical, u"t"_s, u"x"_s, QMessageBox::Ok, this);
             QTimer::singleShot(50, &caja, &QMessageBox::accept);
