@@ -119,6 +119,23 @@ void TraduceUnion(QStringList& fichas) {
     }
 }
 
+/// Within a sum `x * 1` and `val(x)` only say that a text is meant as a number. The engine would make that number a
+/// binary one; its exact `sum` reads the text instead.
+void TraduceSumas(QStringList& fichas) {
+    for (qsizetype i = 0; i + 1 < fichas.size(); ++i) {
+        if (fichas[i].compare("sum"_L1, Qt::CaseInsensitive) != 0 || fichas[i + 1] != u"(")
+            continue;
+        const qsizetype fin = FinDeOperando(fichas, i, 1);
+        for (qsizetype j = i + 2; j < fin; ++j) {
+            const qsizetype siguiente = SiguienteFicha(fichas, j, 1);
+            if (fichas[j].compare("val"_L1, Qt::CaseInsensitive) == 0 && fichas[j + 1] == u"(")
+                fichas[j].clear();
+            else if (fichas[j] == u"*" && fichas.value(siguiente) == u"1")
+                fichas[j] = fichas[siguiente] = u" "_s;
+        }
+    }
+}
+
 /// "DELETE * FROM": the star means nothing here.
 void QuitaAsterisco(QStringList& fichas) {
     const qsizetype primera = SiguienteFicha(fichas, -1, 1);
@@ -142,6 +159,7 @@ QString TraduceASqlite(const QString& sql) {
     QStringList fichas = Fichas(sql);
     QuitaAsterisco(fichas);
     TraduceNombres(fichas);
+    TraduceSumas(fichas);
     TraduceFunciones(fichas);
     TraduceUnion(fichas);
     return fichas.join(QString());

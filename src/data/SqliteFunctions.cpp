@@ -5,14 +5,14 @@
 
 #include <sqlite3.h>
 
-#include <algorithm>
-#include <cmath>
 #include <limits>
 #include <memory>
 #include <new>
 #include <optional>
 
 namespace xa518 {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -61,14 +61,11 @@ void FormatDeSql(sqlite3_context* contexto, int, sqlite3_value** argumentos) {
     Protege(contexto, [&] { Responde(contexto, Format(TextoDe(argumentos[0]), TextoDe(argumentos[1]))); });
 }
 
-/// The engine adds reals in binary; amounts must come out to the cent, so each term goes through its decimal text:
-/// the fifteen digits that a real is sure to keep.
+/// The engine reckons in binary: a term that has been through that is no longer the amount that was written.
 Decimal DecimalDe(sqlite3_value* valor) {
-    if (sqlite3_value_type(valor) != SQLITE_FLOAT)
-        return Decimal::Valor(TextoDe(valor));
-    const double real = sqlite3_value_double(valor);
-    const auto enteros = QString::number(std::fabs(real), 'f', 0).size();
-    return Decimal::Valor(QString::number(real, 'f', std::clamp(15 - static_cast<int>(enteros), 0, 10)));
+    if (sqlite3_value_type(valor) == SQLITE_FLOAT)
+        throw Error(NumeroError::ArgumentoInvalido, u"Una suma de montos pasó por un número binario."_s);
+    return Decimal::Valor(TextoDe(valor));
 }
 
 void Izquierda(sqlite3_context* contexto, int, sqlite3_value** argumentos) {

@@ -23,7 +23,7 @@ int CuentaFilas(Base& base) {
 }
 
 QString Monto(const QString& suma, QStringView mascara) {
-    return Format(Importe::Valor(suma), mascara);
+    return Format(Decimal::Valor(suma), mascara);
 }
 
 } // namespace

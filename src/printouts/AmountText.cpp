@@ -70,14 +70,8 @@ QString MontoConSigno(QStringView monto) {
     return partes ? Compone(*partes, u'-') : Format(monto, u"###,###,###,##0.00");
 }
 
-QString MontoConSigno(Importe monto) {
-    constexpr int kDiezmilesimosPorCentimo = 100;
-    const auto diezmilesimos = static_cast<qint64>(monto.ADecimal().Mantisa());
-    if (diezmilesimos < 0 || diezmilesimos % kDiezmilesimosPorCentimo != 0)
-        return Format(monto, u"###,###,###,##0.00");
-    QString texto = QString::number(diezmilesimos / kDiezmilesimosPorCentimo).rightJustified(kDecimales + 1, u'0');
-    texto.insert(texto.size() - kDecimales, u'.');
-    return MontoConSigno(QStringView(texto));
+QString MontoConSigno(const Decimal& monto) {
+    return MontoConSigno(QStringView(monto.Texto()));
 }
 
 } // namespace xa518

@@ -15,6 +15,6 @@ namespace xa518 {
 
 /// "###,###,###,##0.00"
 [[nodiscard]] QString MontoConSigno(QStringView monto);
-[[nodiscard]] QString MontoConSigno(Importe monto);
+[[nodiscard]] QString MontoConSigno(const Decimal& monto);
 
 } // namespace xa518

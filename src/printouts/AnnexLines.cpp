@@ -151,7 +151,7 @@ QString LineasAnexo::Pago(const QString& comprobante, const PagoImpreso& pago) {
     return linea;
 }
 
-QString LineasAnexo::FinDeCliente(int comprobantes, Importe base, Importe percepcion) {
+QString LineasAnexo::FinDeCliente(int comprobantes, const Decimal& base, const Decimal& percepcion) {
     QString linea = u"     "_s + QString::number(comprobantes) + u" Registros      "_s;
     Alinea(linea, MontoConSigno(base), kFinBaseCliente);
     linea += u"     ";
@@ -159,12 +159,12 @@ QString LineasAnexo::FinDeCliente(int comprobantes, Importe base, Importe percep
     return linea;
 }
 
-QString LineasAnexo::Totales(Importe base, Importe percepcion) {
+QString LineasAnexo::Totales(const Decimal& base, const Decimal& percepcion) {
     const QString sangria = QString(20 + 29, u' ');
     return u" Sub-Totales:"_s + sangria + MontoConComas(base, kAnchoTotal) + MontoConComas(percepcion, kAnchoTotal);
 }
 
-QString MontoConComas(Importe monto, int ancho) {
+QString MontoConComas(const Decimal& monto, int ancho) {
     QString texto = MontoConSigno(monto);
     if (texto.size() > ancho)
         texto.remove(u',');

@@ -27,8 +27,8 @@ class LineasAnexo {
     /// Adds a payment voucher's columns to a voucher's; to nothing for the second and later ones, which stand under
     /// the first.
     [[nodiscard]] static QString Pago(const QString& comprobante, const PagoImpreso& pago);
-    [[nodiscard]] static QString FinDeCliente(int comprobantes, Importe base, Importe percepcion);
-    [[nodiscard]] static QString Totales(Importe base, Importe percepcion);
+    [[nodiscard]] static QString FinDeCliente(int comprobantes, const Decimal& base, const Decimal& percepcion);
+    [[nodiscard]] static QString Totales(const Decimal& base, const Decimal& percepcion);
 
     /// A blank and as many "_" as the report is wide, or those of the legend.
     [[nodiscard]] static const QString& RayaLarga();
@@ -43,6 +43,6 @@ class LineasAnexo {
 };
 
 /// An amount in a width, right-aligned; one too wide keeps its digits and loses its commas, wanted so.
-[[nodiscard]] QString MontoConComas(Importe monto, int ancho);
+[[nodiscard]] QString MontoConComas(const Decimal& monto, int ancho);
 
 } // namespace xa518

@@ -38,8 +38,8 @@ qint64 Cuenta(Base& base, const QString& sql, const QVariantList& valores = {}) 
 
 void InformeAnexo::Sumas::Agrega(const ComprobanteImpreso& comprobante) {
     ++comprobantes;
-    base += Importe::Valor(comprobante.base);
-    percepcion += Importe::Valor(comprobante.percepcion);
+    base = base + Decimal::Valor(comprobante.base);
+    percepcion = percepcion + Decimal::Valor(comprobante.percepcion);
 }
 
 InformeAnexo::InformeAnexo(Base& base, const Reloj& reloj, const DatosDeclaracion& datos, EscritorInforme& escritor)
@@ -140,8 +140,8 @@ void InformeAnexo::FinDeCliente(const Sumas& sumas) {
     Linea(LineasAnexo::RayaLarga());
     Linea(LineasAnexo::FinDeCliente(sumas.comprobantes, sumas.base, sumas.percepcion));
     Linea(LineasAnexo::RayaLarga());
-    m_total.base += sumas.base;
-    m_total.percepcion += sumas.percepcion;
+    m_total.base = m_total.base + sumas.base;
+    m_total.percepcion = m_total.percepcion + sumas.percepcion;
 }
 
 void InformeAnexo::Cierre() {

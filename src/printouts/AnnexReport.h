@@ -24,8 +24,8 @@ class InformeAnexo {
   private:
     struct Sumas {
         int comprobantes = 0;
-        Importe base;
-        Importe percepcion;
+        Decimal base;
+        Decimal percepcion;
 
         void Agrega(const ComprobanteImpreso& comprobante);
     };

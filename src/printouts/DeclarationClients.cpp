@@ -31,19 +31,19 @@ QString MontoDeFila(const QString& monto) {
 }
 
 /// Rows show decimals and the total row drops them. Wanted.
-QString MontoDeTotal(Importe monto) {
+QString MontoDeTotal(const Decimal& monto) {
     return ObjetoUtil::AlineaDerecha(Format(monto, u"##,###,###,###,##0"), kAnchoMonto);
 }
 
 } // namespace
 
 struct InformeDeclaracion::TotalesLista {
-    Importe base;
-    Importe percepcion;
+    Decimal base;
+    Decimal percepcion;
 
     void Suma(const ClienteImpreso& cliente) {
-        base += Importe::Valor(cliente.base);
-        percepcion += Importe::Valor(cliente.percepcion);
+        base = base + Decimal::Valor(cliente.base);
+        percepcion = percepcion + Decimal::Valor(cliente.percepcion);
     }
 };
 

@@ -89,12 +89,21 @@ void AgregaDigitos(Entero128& mantisa, QStringView digitos) {
     }
 }
 
-Entero128 Producto(Entero128 a, Entero128 b) {
+bool Cabe(Entero128 mantisa) {
     static const Entero128 tope = Potencia10(kDigitosMaximos);
+    return mantisa < tope && mantisa > -tope;
+}
+
+Entero128 Producto(Entero128 a, Entero128 b) {
     Entero128 resultado = 0;
-    if (__builtin_mul_overflow(a, b, &resultado) || resultado >= tope || resultado <= -tope)
+    if (__builtin_mul_overflow(a, b, &resultado) || !Cabe(resultado))
         throw Desbordamiento();
     return resultado;
+}
+
+/// Of a value that has no more decimals than that; most terms of a sum have as many.
+Entero128 MantisaCon(const Decimal& valor, int decimales) {
+    return valor.Decimales() == decimales ? valor.Mantisa() : valor.RedondeaFuera(decimales).Mantisa();
 }
 
 enum class Empate { Fuera, Par };
@@ -186,7 +195,7 @@ Decimal operator*(const Decimal& a, const Decimal& b) {
 Decimal operator+(const Decimal& a, const Decimal& b) {
     const int decimales = std::max(a.m_decimales, b.m_decimales);
     Entero128 suma = 0;
-    if (__builtin_add_overflow(a.RedondeaFuera(decimales).m_mantisa, b.RedondeaFuera(decimales).m_mantisa, &suma))
+    if (__builtin_add_overflow(MantisaCon(a, decimales), MantisaCon(b, decimales), &suma) || !Cabe(suma))
         throw Desbordamiento();
     return {suma, decimales};
 }
