@@ -1,9 +1,10 @@
 #include "batch/Arguments.h"
 
 #include "batch/ExitCode.h"
+#include "declaration/Boxes.h"
 #include "import/FormatGuide.h"
+#include "values/ChequeNumber.h"
 #include "values/Dates.h"
-#include "values/Decimal.h"
 #include "values/Text.h"
 
 #include <QCommandLineParser>
@@ -130,19 +131,36 @@ QString OpcionAjena(const QCommandLineParser& lector, Orden orden) {
     return {};
 }
 
-bool EsMontoEntero(const std::optional<QString>& monto) {
-    constexpr qsizetype kDigitosMaximos = 12;
-    if (!monto)
-        return true;
-    return !monto->isEmpty() && monto->size() <= kDigitosMaximos && SonDigitos(*monto);
+/// What the form's fields would not let in; empty when they would.
+QString NoCabe(const Argumentos& dados) {
+    const std::pair<QString, const std::optional<QString>*> montos[] = {
+        {u"pagos-previos"_s, &dados.pagosPrevios}, {u"interes"_s, &dados.interes}, {u"importe"_s, &dados.importe}};
+    for (const auto& [opcion, monto] : montos) {
+        if (*monto && !EsMontoDeCasilla(**monto))
+            return u"--%1 espera un entero, de %2 dígitos como máximo"_s.arg(opcion).arg(kCifrasDeCasilla);
+    }
+    const QString defecto = DefectoDeCheque(dados.cheque.value_or(QString()));
+    return defecto.isEmpty() ? QString() : u"el número de --cheque "_s + defecto;
+}
+
+/// What is wrong with the key of the declaration; empty when nothing is.
+QString FaltaEnClave(const Argumentos& dados) {
+    constexpr qsizetype kLargoRuc = 11;
+    if (dados.ruc.isEmpty() || dados.periodo.isEmpty())
+        return u"faltan --ruc y --periodo"_s;
+    if (dados.ruc.size() > kLargoRuc || !SonDigitos(dados.ruc))
+        return u"--ruc espera los dígitos de un RUC"_s;
+    if (dados.periodo.size() != 6 || !SonDigitos(dados.periodo))
+        return u"--periodo espera año y mes, AAAAMM"_s;
+    return {};
 }
 
 /// What is wrong with the values given; empty when nothing is.
 QString FaltaEn(const QCommandLineParser& lector, const Argumentos& dados) {
-    if (dados.orden != Orden::Listar && (dados.ruc.isEmpty() || dados.periodo.isEmpty()))
-        return u"faltan --ruc y --periodo"_s;
-    if (!EsMontoEntero(dados.pagosPrevios) || !EsMontoEntero(dados.interes) || !EsMontoEntero(dados.importe))
-        return u"los montos son enteros de hasta doce dígitos"_s;
+    if (const QString falta = FaltaEnClave(dados); dados.orden != Orden::Listar && !falta.isEmpty())
+        return falta;
+    if (const QString defecto = NoCabe(dados); !defecto.isEmpty())
+        return defecto;
     if (dados.efectivo && dados.cheque)
         return u"--efectivo y --cheque no van juntos"_s;
     if (dados.cheque.has_value() == dados.banco.isEmpty())

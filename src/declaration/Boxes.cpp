@@ -35,6 +35,10 @@ QString EntreParentesis(const QString& texto, QStringView mascara) {
 
 } // namespace
 
+bool EsMontoDeCasilla(QStringView texto) {
+    return !texto.isEmpty() && texto.size() <= kCifrasDeCasilla && SonDigitos(texto);
+}
+
 Decimal ValorCasilla(const QString& texto) {
     return Decimal::Valor(Format(texto, u"#########0"));
 }

@@ -12,6 +12,12 @@ namespace xa518 {
 /// 405 total debt, 410 amount to pay. In this order they are saved.
 inline constexpr std::array<int, 6> kCasillasMonto = {401, 402, 403, 404, 405, 410};
 
+/// As many digits as a box takes.
+inline constexpr int kCifrasDeCasilla = 12;
+
+/// What can be typed into a box: digits, and at least one.
+[[nodiscard]] bool EsMontoDeCasilla(QStringView texto);
+
 /// The whole number that a shown box stands for: separators accepted, parentheses negative, decimals rounded.
 [[nodiscard]] Decimal ValorCasilla(const QString& texto);
 

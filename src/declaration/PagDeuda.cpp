@@ -15,7 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kCifrasDeCasilla = 12;
 constexpr int kPagosPrevios = 402;
 
 } // namespace

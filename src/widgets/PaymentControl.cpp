@@ -1,6 +1,6 @@
 #include "widgets/PaymentControl.h"
 
-#include "data/ObjetoUtil.h"
+#include "values/ChequeNumber.h"
 #include "values/Text.h"
 #include "widgets/FieldKeys.h"
 #include "widgets/WidgetHelpers.h"
@@ -19,7 +19,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kLargoCheque = 20;
 constexpr int kLetrasDeBanco = 40;
 const QLatin1StringView kEfectivo("E");
 const QLatin1StringView kCheque("C");
@@ -94,7 +93,11 @@ void FormaDePagoQMD::Compone() {
 void FormaDePagoQMD::Conecta() {
     EntrarComoTab(*m_numero);
     FiltraTeclas(
-        *m_numero, [](int tecla) { return ObjetoUtil::EsTeclaValida(tecla) ? tecla : 0; },
+        *m_numero,
+        [](int tecla) {
+            const bool cabe = tecla == kRetroceso || EsDeCheque(QChar(static_cast<char16_t>(tecla)));
+            return cabe ? tecla : 0;
+        },
         u"Sólo letras, sin tilde ni eñe, y números"_s);
     connect(m_efectivo, &QRadioButton::clicked, this, &FormaDePagoQMD::EligeForma);
     connect(m_cheque, &QRadioButton::clicked, this, &FormaDePagoQMD::EligeForma);

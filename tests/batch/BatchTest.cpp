@@ -247,6 +247,10 @@ TEST_F(Batch, RefusesArgumentsThatDoNotFitTogether) {
           u"validar"_s + kClave + u" --importe 5"_s, u"importar"_s + kClave + u" --efectivo"_s,
           u"declarar"_s + kClave + u" --efectivo --cheque 5 --banco 02"_s, u"declarar"_s + kClave + u" --cheque 5"_s,
           u"declarar"_s + kClave + u" --importe -5"_s, u"declarar"_s + kClave + u" --interes 1234567890123"_s,
+          u"declarar"_s + kClave + u" --banco 02 --cheque 12\n3"_s,
+          u"declarar"_s + kClave + u" --banco 02 --cheque <b>"_s,
+          u"declarar"_s + kClave + u" --banco 02 --cheque "_s + QString(21, u'7'),
+          u"declarar --ruc 2099\n0518 --periodo 202609"_s, u"validar --ruc 20990518018 --periodo 09/2026"_s,
           u"declarar --ruc 20990518018 --periodo 202609 --hoy 31/02/2026"_s}) {
         EXPECT_EQ(Corre(mala), 2) << mala.toStdString();
         EXPECT_TRUE(m_errores.contains(u"Uso:"_s)) << mala.toStdString();

@@ -30,7 +30,7 @@ TEST(PaymentControlTest, TellsWhatAPersonChangesAndNotWhatTheProgramPuts) {
     Clic(pago, u"OptCheque");
     EXPECT_EQ(pago.FormaPago(), u"C"_s);
     QTest::keyClick(&De<QComboBox>(pago, u"CmbBanco"), Qt::Key_Down);
-    QTest::keyClicks(&De<QLineEdit>(pago, u"TxtNumeroCheque"), u"0-01'2"_s);
+    QTest::keyClicks(&De<QLineEdit>(pago, u"TxtNumeroCheque"), u"0-0<1'2"_s);
     EXPECT_EQ(pago.Banco(), u"01"_s);
     EXPECT_EQ(pago.NumeroCheque(), u"0012"_s);
     EXPECT_EQ(cambios.count(), 6);
