@@ -11,8 +11,10 @@
 #include "widgets/Application.h"
 #include "widgets/NoticeBoxes.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 
 using namespace xa518;
 
@@ -30,6 +32,13 @@ int Corre(Proceso& proceso, Avisos& avisos) {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    QStringList argumentos;
+    std::transform(argv + 1, argv + argc, std::back_inserter(argumentos),
+                   [](const char* argumento) { return QString::fromLocal8Bit(argumento); });
+    if (const auto respuesta = RespuestaSinVentana(argumentos)) {
+        std::fputs(qUtf8Printable(*respuesta), stdout);
+        return EXIT_SUCCESS;
+    }
     PrefiereX11(); // the launcher's window can't be found otherwise
     if (!HayPantalla()) {
         std::fputs("No hay una pantalla en la que abrir el módulo. Sin pantalla, use xa518-lote.\n", stderr);

@@ -58,11 +58,13 @@ const QString kAyuda = kUso +
                        "  --enviadas           las declaraciones enviadas\n"
                        "  --json               imprime un objeto JSON\n"
                        "  --hoy DD/MM/AAAA     trabaja como si fuera ese día\n"
-                       "  --formato            dice cómo son esos archivos, campo por campo\n"
-                       "  --help, --version\n"
+                       "  --formato            dice cómo son los archivos de importación, campo por campo\n"
+                       "  -h, --help           muestra esta ayuda\n"
+                       "  -v, --version        muestra la versión\n"
                        "\nCódigos de salida: 0 hecho y sin observaciones; 1 hecho, con líneas rechazadas o\n"
                        "inconsistencias; 2 rechazado, no se ha escrito nada, salvo el motivo en --errores; 3 falló\n"
-                       "la base o un archivo.\n"_s;
+                       "la base o un archivo; 4 hecho, menos una parte: el anexo de una declaración sin clientes,\n"
+                       "o Mens.txt.\n"_s;
 
 Lectura Mal(const QString& motivo) {
     return {std::nullopt, u"xa518-lote: "_s + motivo + u"\n"_s + kUso, kSalidaRechazado};
@@ -99,9 +101,10 @@ void DeclaraOpciones(QCommandLineParser& lector) {
          {u"ruc"_s, u"periodo"_s, u"percepciones"_s, u"ventas"_s, u"errores"_s, u"pagos-previos"_s, u"interes"_s,
           u"importe"_s, u"cheque"_s, u"banco"_s, u"enviada"_s, u"pdf"_s, u"hoy"_s})
         lector.addOption({conValor, {}, u"VALOR"_s});
-    for (const QString& sinValor : {u"efectivo"_s, u"rectifica"_s, u"probar"_s, u"anexos"_s, u"enviadas"_s, u"json"_s,
-                                    u"formato"_s, u"help"_s, u"version"_s})
+    for (const QString& sinValor :
+         {u"efectivo"_s, u"rectifica"_s, u"probar"_s, u"anexos"_s, u"enviadas"_s, u"json"_s, u"formato"_s})
         lector.addOption(QCommandLineOption(sinValor));
+    lector.addOptions({{{u"h"_s, u"help"_s}, {}}, {{u"v"_s, u"version"_s}, {}}});
 }
 
 /// Why the options couldn't be read; the parser's own words are English.
@@ -208,14 +211,15 @@ Argumentos Recoge(const QCommandLineParser& lector, Orden orden) {
 Lectura LeeArgumentos(const QStringList& argumentos) {
     QCommandLineParser lector;
     DeclaraOpciones(lector);
-    if (!lector.parse(argumentos))
-        return Mal(DefectoDe(lector));
+    const bool leidos = lector.parse(argumentos);
     if (lector.isSet(u"help"_s))
         return {std::nullopt, kAyuda, kSalidaBien};
     if (lector.isSet(u"formato"_s))
         return {std::nullopt, GuiaDeFormatos(), kSalidaBien};
     if (lector.isSet(u"version"_s))
         return {std::nullopt, u"xa518-lote %1\n"_s.arg(QStringLiteral(XA518_VERSION)), kSalidaBien};
+    if (!leidos)
+        return Mal(DefectoDe(lector));
     if (lector.positionalArguments().size() != 1)
         return Mal(u"se espera una orden"_s);
     const std::optional<Orden> orden = LeeOrden(lector.positionalArguments().first());

@@ -53,7 +53,7 @@ int EjecutaLote(const QStringList& argumentos, const EntornoLote& entorno) {
         EscribeJson(informe, entorno.salida);
     else
         EscribeTexto(informe, entorno.salida);
-    if (informe.codigo >= kSalidaRechazado)
+    if (informe.SeDetuvo())
         EscribeMensajes(informe, entorno.errores);
     if (!informe.detalle.isEmpty())
         entorno.errores << informe.detalle << u'\n';

@@ -106,7 +106,8 @@ void AnotaInconsistencias(Proceso& proceso, const Declaracion& declaracion, Info
         if (!informe.inconsistencias->isEmpty())
             informe.archivos.append(ruta);
     } catch (const Error& error) {
-        informe.codigo = kSalidaObservaciones;
+        if (informe.codigo == kSalidaBien)
+            informe.codigo = kSalidaIncompleta;
         informe.mensajes.append({Icono::Exclamacion, error.Texto(), {}});
         informe.detalle = error.Detalle();
     }

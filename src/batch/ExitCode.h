@@ -7,5 +7,6 @@ inline constexpr int kSalidaBien = 0;          ///< done and clean
 inline constexpr int kSalidaObservaciones = 1; ///< done, with refused lines or inconsistencies
 inline constexpr int kSalidaRechazado = 2;     ///< refused: nothing was written
 inline constexpr int kSalidaFallo = 3;         ///< the database or a file failed
+inline constexpr int kSalidaIncompleta = 4;    ///< done, but for a part that there was nothing or no place for
 
 } // namespace xa518

@@ -48,7 +48,7 @@ void ImprimeEnPdf(Proceso& proceso, const ClaveDeclaracion& clave, bool anexos, 
     ExigeCarpeta(QFileInfo(rutaPdf).path()); // before any report is registered
     const InformesEmitidos emitidos = Emite(proceso, clave, anexos);
     if (!emitidos.veredicto) {
-        informe.codigo = kSalidaObservaciones;
+        informe.codigo = kSalidaIncompleta;
         informe.mensajes.append(emitidos.veredicto.Motivo());
     }
     Escribe(proceso, emitidos.rutas, TituloDe(clave, false), rutaPdf, informe);

@@ -82,6 +82,10 @@ void EscribeImportacion(const Informe& informe, QTextStream& salida) {
 
 } // namespace
 
+bool Informe::SeDetuvo() const {
+    return codigo == kSalidaRechazado || codigo == kSalidaFallo;
+}
+
 void EscribeMensajes(const Informe& informe, QTextStream& salida) {
     for (const Mensaje& mensaje : informe.mensajes)
         salida << mensaje.texto << u'\n';
@@ -99,7 +103,7 @@ void EscribeTexto(const Informe& informe, QTextStream& salida) {
         salida << u"Inconsistencia: "_s << linea << u'\n';
     for (const QString& archivo : informe.archivos)
         salida << u"Archivo "_s << archivo << u'\n';
-    if (informe.codigo < kSalidaRechazado)
+    if (!informe.SeDetuvo())
         EscribeMensajes(informe, salida);
 }
 

@@ -54,6 +54,9 @@ struct Informe {
     QString detalle; ///< of what failed, in the words of the engine or the system
     std::optional<QList<FilaLista>> declaraciones;
     std::optional<ArchivoRechazado> rechazado;
+
+    /// Refused or failed: the messages say why.
+    [[nodiscard]] bool SeDetuvo() const;
 };
 
 /// For a person: what was done, then what he is told. The messages of a refusal aren't among it.

@@ -190,8 +190,13 @@ void Define(QCommandLineParser& opciones) {
                          {u"restaurar"_s, {}, u"ARCHIVO"_s}});
 }
 
+/// Answered whatever else the line says.
+bool PideAyuda(const QCommandLineParser& opciones) {
+    return opciones.isSet(u"help"_s) || opciones.isSet(u"version"_s);
+}
+
 void Lee(QCommandLineParser& opciones, const QStringList& argumentos) {
-    if (opciones.parse(argumentos))
+    if (opciones.parse(argumentos) || PideAyuda(opciones))
         return;
     const QStringList desconocidas = opciones.unknownOptionNames();
     throw Rechazo(desconocidas.isEmpty() ? u"Falta o sobra el valor de una opción. Vea consola --help."_s
@@ -204,6 +209,8 @@ const Orden& OrdenPedida(const QCommandLineParser& opciones, const QStringList& 
     const auto orden = std::find_if(ordenes.cbegin(), ordenes.cend(), pedida);
     if (orden == ordenes.cend())
         throw Rechazo(argumentos.size() > 1 ? u"Falta una orden. Vea consola --help."_s : kSinPantalla);
+    if (PideAyuda(opciones))
+        return *orden;
     for (const QString& opcion : opciones.optionNames()) {
         const bool propia = opcion == orden->nombre || orden->admite.contains(opcion) || opcion.size() == 1;
         if (!propia)

@@ -205,7 +205,7 @@ TEST_F(Batch, PrintsWithNoDisplay) {
     EXPECT_EQ(hojas(u"otro.pdf"_s), -1);
     EXPECT_EQ(Cuenta(u"SPOOL"_s), registrados);
     Base::Abre(Casa() + u"/XA000.DB"_s)->Ejecuta(u"UPDATE DET SET i_valor = '0' WHERE Casilla = '501'"_s);
-    EXPECT_EQ(imprime(u"imprimir"_s + kClave + u" --anexos --pdf solo.pdf"_s), 1);
+    EXPECT_EQ(imprime(u"imprimir"_s + kClave + u" --anexos --pdf solo.pdf"_s), 4);
     EXPECT_GE(hojas(u"solo.pdf"_s), 1);
 }
 
@@ -255,6 +255,8 @@ TEST_F(Batch, RefusesArgumentsThatDoNotFitTogether) {
         EXPECT_EQ(Corre(mala), 2) << mala.toStdString();
         EXPECT_TRUE(m_errores.contains(u"Uso:"_s)) << mala.toStdString();
     }
+    EXPECT_EQ(Corre(u"listar --nohay --help"_s), 0) << "asked for help, whatever else";
+    EXPECT_TRUE(m_salida.startsWith(u"Uso:"_s));
 }
 
 TEST(Arguments, FoldersAreMadeAbsoluteBeforeTheInstallationBecomesCurrent) {

@@ -218,7 +218,7 @@ TEST_F(Console, RefusesWhatItDoesNotUnderstand) {
     EXPECT_EQ(Corre({u"--enviar"_s, kRucMuestra, u"202609"_s}), 3); // no installation yet
     EXPECT_FALSE(QFile::exists(rutaIni));
     EXPECT_FALSE(QFile::exists(carpeta));
-    EXPECT_EQ(Corre({u"--help"_s}), 0);
+    EXPECT_EQ(Corre({u"--modulo"_s, u"--nohay"_s, u"--help"_s}), 0);
     EXPECT_TRUE(salida.startsWith(u"Uso: consola"_s));
 }
 
