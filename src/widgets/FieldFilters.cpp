@@ -96,8 +96,9 @@ void SoloSerie(QLineEdit& campo, std::function<bool()> conLetras) {
         const int posicion = elegido ? campo.selectionStart() : campo.cursorPosition();
         return FiltraTeclaSerie(tecla, {LoQueQueda(campo), elegido, posicion}, conLetras());
     };
-    FiltraTeclas(campo, filtro,
-                 [conLetras] { return conLetras() ? u"Sólo números y, al comienzo, una letra"_s : PasanNumeros(); });
+    FiltraTeclas(campo, filtro, [conLetras = std::move(conLetras)] {
+        return conLetras() ? u"Sólo números y, al comienzo, una letra"_s : PasanNumeros();
+    });
 }
 
 } // namespace xa518
