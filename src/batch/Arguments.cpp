@@ -160,9 +160,9 @@ QString FaltaEnClave(const Argumentos& dados) {
 
 /// What is wrong with the values given; empty when nothing is.
 QString FaltaEn(const QCommandLineParser& lector, const Argumentos& dados) {
-    if (const QString falta = FaltaEnClave(dados); dados.orden != Orden::Listar && !falta.isEmpty())
+    if (QString falta = FaltaEnClave(dados); dados.orden != Orden::Listar && !falta.isEmpty())
         return falta;
-    if (const QString defecto = NoCabe(dados); !defecto.isEmpty())
+    if (QString defecto = NoCabe(dados); !defecto.isEmpty())
         return defecto;
     if (dados.efectivo && dados.cheque)
         return u"--efectivo y --cheque no van juntos"_s;

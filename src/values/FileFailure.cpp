@@ -49,7 +49,7 @@ Causa DeLaCarpeta(const QString& carpeta) {
 
 Causa DelArchivo(Intento intento, const QFileInfo& archivo) {
     const bool lee = intento == Intento::Leer;
-    if (const Causa camino = lee ? DelCamino(archivo.path()) : DeLaCarpeta(archivo.path()); !camino.motivo.isEmpty())
+    if (Causa camino = lee ? DelCamino(archivo.path()) : DeLaCarpeta(archivo.path()); !camino.motivo.isEmpty())
         return camino;
     if (archivo.isDir())
         return {lee ? NumeroError::ArchivoNoEncontrado : NumeroError::AccesoAlDisco, u"es una carpeta"_s};
