@@ -122,9 +122,16 @@ class Screen:
         if found != code:
             raise Lost(f"the program ended with {found}")
 
+    def takes_keys(self):
+        """The window in front has the keyboard, which the window manager gives it a moment after it shows."""
+        return self._ask("xdotool", "getwindowfocus").strip() == self.active()
+
     def opens(self, title):
-        """Waits until a window with that title has come in front of those that were there."""
-        self.until(lambda: self.title() == title and self.active() not in self._stack, f"the window {title!r}")
+        """Waits until a window with that title has come in front of those that were there, with the keyboard."""
+        self.until(
+            lambda: self.title() == title and self.active() not in self._stack and self.takes_keys(),
+            f"the window {title!r}",
+        )
         self._stack.append(self.active())
 
     def closes(self, windows=1):
