@@ -4,6 +4,7 @@
 
 #include "declaration/Frm518.h"
 #include "family/Process.h"
+#include "form518/Form0518.h"
 #include "platform/Clock.h"
 #include "widgets/NoticeBoxes.h"
 #include "widgets/StatusBar.h"
@@ -40,7 +41,7 @@ void CopiaDesnuda(const QString& ruta) {
 /// Opens the form on the saved declaration, until its window has been painted.
 void AbreFormulario(const QString& ruta) {
     const RelojFijo reloj(QDateTime(QDate(2026, 11, 1), QTime(9, 0)));
-    Proceso proceso(reloj);
+    Proceso proceso(reloj, {Formulario0518()}, kNumFormulario);
     proceso.baseDatos = Base::Abre(ruta);
     proceso.opcion = kModificar;
     AvisosEnPantalla avisos;

@@ -1,4 +1,5 @@
 #include "ImportWorkshop.h"
+#include "form518/Form0518.h"
 
 #include <stdexcept>
 
@@ -22,7 +23,7 @@ Taller::Taller(const Tamanio& tamanio, bool vale) : m_reloj(QDateTime(QDate(2026
 }
 
 std::unique_ptr<Proceso> Taller::Abre() const {
-    auto proceso = std::make_unique<Proceso>(m_reloj);
+    auto proceso = std::make_unique<Proceso>(m_reloj, Formularios{Formulario0518()}, kNumFormulario);
     proceso->baseDatos = Base::Abre(m_base.Ruta());
     proceso->docDeclarante = Ruc(kRuc);
     proceso->periodoDeclarado = *Periodo::DeTabla(kPeriodo);

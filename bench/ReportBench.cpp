@@ -1,5 +1,6 @@
 #include "Measure.h"
 
+#include "form518/Form0518.h"
 #include "printouts/RunReport.h"
 #include "reports/PagePainter.h"
 #include "reports/PdfFile.h"
@@ -49,7 +50,7 @@ class Muestra {
     QTemporaryDir m_carpeta;
 };
 
-const ClaveDeclaracion kClave{.ruc = Ruc(u"20990518018"), .periodo = Periodo(2026, 1)};
+const ClaveDeclaracion kClave{.ruc = Ruc(u"20990518018"), .periodo = Periodo(2026, 1), .formulario = kNumFormulario};
 
 Medida MejorDe(int veces, const std::function<std::function<void()>()>& trabajo) {
     return MideDeATurnos(veces, {[&] { return Mide(trabajo); }}).front();
@@ -123,7 +124,7 @@ void LeeDesnudo(const QByteArray& ruta) {
 
 void EscribeAnexo(const Muestra& muestra) {
     const RelojSistema reloj;
-    Proceso proceso(reloj);
+    Proceso proceso(reloj, {Formulario0518()}, kNumFormulario);
     proceso.baseDatos = Base::Abre(muestra.Base());
     const auto datos = CargarCasillas(*proceso.baseDatos, kClave);
     ArchivoSpool spool(muestra.Spool());

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "family/DeclarationKey.h"
+#include "form518/Form0518.h"
 #include "support/TemporaryBase.h"
 
 namespace xa518::medida {
 
-inline const ClaveDeclaracion kClave{.ruc = Ruc(u"20990518018"), .periodo = Periodo(2026, 10)};
+inline const ClaveDeclaracion kClave{
+    .ruc = Ruc(u"20990518018"), .periodo = Periodo(2026, 10), .formulario = kNumFormulario};
 
 /// Clients, each with that many vouchers, each with a payment voucher.
 struct Detalle {

@@ -1,8 +1,9 @@
 #include "Measure.h"
 #include "app/MDIFrm.h"
-#include "data/SchemaVersion.h"
 #include "family/Configuration.h"
 #include "family/Process.h"
+#include "family/SchemaSteps.h"
+#include "form518/Form0518.h"
 #include "platform/Clock.h"
 #include "support/TemporaryBase.h"
 #include "widgets/Application.h"
@@ -38,7 +39,7 @@ int CorreVacia(Aplicacion& aplicacion) {
 
 int CorreModulo(Aplicacion& aplicacion, Avisos& avisos, const QString& rutaIni) {
     const RelojSistema reloj;
-    Proceso proceso(reloj);
+    Proceso proceso(reloj, {Formulario0518()}, kNumFormulario);
     MDIFrm ventana(proceso, avisos, ArchivoPerfil(rutaIni), {});
     return ventana.Carga() ? HastaQuedarLista(aplicacion) : EXIT_FAILURE;
 }
@@ -47,7 +48,7 @@ int CorreModulo(Aplicacion& aplicacion, Avisos& avisos, const QString& rutaIni) 
 QString Instala(const prueba::BaseTemporal& base) {
     const QString carpeta = base.Carpeta() + u'/';
     const ArchivoPerfil perfil(carpeta + kArchivoIni);
-    base->Ejecuta(u"PRAGMA user_version=%1"_s.arg(kVersionEsquema));
+    base->Ejecuta(u"PRAGMA user_version=%1"_s.arg(VersionDelEsquema({Formulario0518()})));
     perfil.Escribe(kSeccionOpciones, u"SysPath", carpeta);
     perfil.Escribe(kSeccionOpciones, u"DBPath", carpeta);
     perfil.Escribe(kSeccionOpciones, u"DBName", u"XA.DB");

@@ -1,6 +1,7 @@
-#include "app/DeclarationLists.h"
 #include "data/Base.h"
 #include "family/DeclarationKey.h"
+#include "family/StoredDeclaration.h"
+#include "form518/Form0518.h"
 
 #include <QCoreApplication>
 
@@ -15,8 +16,10 @@ int main(int argc, char* argv[]) {
     const QStringList argumentos = QCoreApplication::arguments();
     try {
         const std::unique_ptr<Base> base = Base::Abre(argumentos.at(1));
-        EliminaDeclaracion(*base,
-                           {.ruc = Ruc(argumentos.at(2)), .periodo = Periodo::DeTabla(argumentos.at(3)).value()});
+        const ClaveDeclaracion clave{.ruc = Ruc(argumentos.at(2)),
+                                     .periodo = Periodo::DeTabla(argumentos.at(3)).value(),
+                                     .formulario = kNumFormulario};
+        EliminaDeclaracion(*base, Formulario0518(), clave);
     } catch (const Error& error) {
         std::fprintf(stderr, "%s (error %d)\n", qUtf8Printable(error.Texto()), error.Numero());
         return 3;

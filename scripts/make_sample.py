@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the sample company and its import files into catalog/ejemplo. Every name and number is invented; the same
+"""Writes the sample company and its import files into catalog/0518/ejemplo. Every name and number is invented; the same
 seed gives the same files, so run it again only to change the sample."""
 
 import random
@@ -7,7 +7,7 @@ from dataclasses import dataclass, field
 from decimal import ROUND_HALF_UP, Decimal
 from pathlib import Path
 
-DESTINO = Path(__file__).resolve().parent.parent / "catalog" / "ejemplo"
+DESTINO = Path(__file__).resolve().parent.parent / "catalog" / "0518" / "ejemplo"
 AZAR = random.Random(518)
 FORMULARIO = "0518"
 PERIODO = "202609"

@@ -1,6 +1,5 @@
 #include "app/DeclarationLists.h"
 
-#include "data/Transaction.h"
 #include "family/Process.h"
 
 namespace xa518 {
@@ -8,13 +7,6 @@ namespace xa518 {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QStringList kTablasRegistradas = {u"DET"_s,      u"CAB"_s,        u"F518PDETCP"_s,
-                                        u"F518PDET"_s, u"F518PDETVC"_s, u"F518PCAB"_s};
-
-/// The twin of F518PDETVC is missing: wanted. The rows of the copy's cash sales stay, and the launcher reckons with
-/// them when it numbers the next copy.
-const QStringList kTablasEnviadas = {u"DET"_s, u"CAB"_s, u"F518PDETCP"_s, u"F518PDET"_s, u"F518PCAB"_s};
 
 /// What follows the columns and the tables: the join, the form, and whose declarants are meant.
 ConsultaSql Consulta(const Proceso& proceso, const QString& columnas, const QString& tipos, const QString& orden) {
@@ -53,13 +45,6 @@ ConsultaSql SqlEnviadas(const Proceso& proceso, MomentoEnviadas momento) {
                     // "A" twice at load is wanted: see the header.
                     esCarga ? u" A.TIP_DOC_D=6 AND A.TIP_DOC_D=6 AND"_s : u" A.TIP_DOC_D=6 AND B.TIP_DOC_D=6 AND"_s,
                     u" ORDER BY A.DOC_ID_D ASC, A.PERIODO"_s);
-}
-
-void EliminaDeclaracion(Base& base, const ClaveDeclaracion& clave) {
-    Transaccion transaccion = base.Comienza();
-    for (const QString& tabla : clave.enviada ? kTablasEnviadas : kTablasRegistradas)
-        base.Ejecuta(u"DELETE * FROM "_s + clave.Tabla(tabla) + u' ' + clave.Condicion(), clave.Valores());
-    transaccion.Confirma();
 }
 
 } // namespace xa518

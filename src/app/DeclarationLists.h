@@ -4,8 +4,6 @@
 
 namespace xa518 {
 
-class Base;
-struct ClaveDeclaracion;
 struct Proceso;
 
 /// The columns of both lists, and those that only the list of sent declarations has.
@@ -23,8 +21,5 @@ enum class MomentoEnviadas { Carga, Reactivacion };
 /// The sent declarations that the user may see. The two moments differ on purpose: at load the declarant's kind of
 /// document isn't limited, so a number that is registered under two kinds shows twice.
 [[nodiscard]] ConsultaSql SqlEnviadas(const Proceso& proceso, MomentoEnviadas momento);
-
-/// Deletes a registered declaration, or a sent copy when the key says so, in one transaction.
-void EliminaDeclaracion(Base& base, const ClaveDeclaracion& clave);
 
 } // namespace xa518

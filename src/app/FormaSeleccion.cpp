@@ -3,6 +3,7 @@
 #include "app/DeclarationLists.h"
 #include "declaration/TaxPeriod.h"
 #include "family/Process.h"
+#include "family/StoredDeclaration.h"
 #include "platform/Notices.h"
 #include "values/Text.h"
 #include "widgets/Application.h"
@@ -152,7 +153,9 @@ void FormaSeleccion::Elimina() {
     const int fila = Grilla().Fila();
     if (!SigueAhi(fila)) // gone while the question stood
         return;
-    EliminaDeclaracion(*m_entorno.proceso.baseDatos, Clave(fila));
+    const ClaveDeclaracion clave = Clave(fila);
+    const Proceso& proceso = m_entorno.proceso;
+    EliminaDeclaracion(*proceso.baseDatos, FormularioDe(proceso.formularios, clave.formulario), clave);
     Refresca();
 }
 

@@ -59,14 +59,13 @@ Entorno MDIFrm::ElEntorno() const {
 
 /// The window stands before the configuration is read: a base that can't be opened is told above an empty window.
 bool MDIFrm::Carga() {
-    m_proceso->numFormulario = kNumFormulario;
     Coloca();
     show();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     LeerIni(*m_proceso, m_perfil);
     if (!AbreLaBase())
         return false;
-    m_ayuda->PonArchivo(RutaAyuda(m_proceso->sysPath));
+    m_ayuda->PonArchivo(RutaAyuda(m_proceso->sysPath, FormularioDe(m_proceso->formularios, m_proceso->numFormulario)));
     Barra().Limpia(m_proceso->numFormulario);
     LeerCatalogoInicial(*m_proceso);
     return true;

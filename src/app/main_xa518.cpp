@@ -1,9 +1,11 @@
 #include "app/CommandIcons.h"
+#include "app/Forms.h"
 #include "app/MDIFrm.h"
 #include "app/ModuleForms.h"
 #include "family/Configuration.h"
 #include "family/Process.h"
 #include "family/Startup.h"
+#include "form518/Form0518.h"
 #include "platform/Clock.h"
 #include "platform/Display.h"
 #include "platform/SingleInstance.h"
@@ -48,7 +50,7 @@ int main(int argc, char* argv[]) {
     const Aplicacion aplicacion(argc, argv, avisos);
     QGuiApplication::setWindowIcon(IconoDelModulo());
     const RelojSistema reloj;
-    Proceso proceso(reloj);
+    Proceso proceso(reloj, FormulariosConocidos(), kNumFormulario);
     try {
         return Corre(proceso, avisos);
     } catch (...) {

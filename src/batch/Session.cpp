@@ -1,6 +1,8 @@
 #include "batch/Session.h"
 
+#include "app/Forms.h"
 #include "family/Configuration.h"
+#include "form518/Form0518.h"
 
 namespace xa518 {
 
@@ -10,7 +12,7 @@ Rechazo RechazaCon(const QString& texto) {
 
 std::unique_ptr<Proceso> AbreSesion(const ArchivoPerfil& perfil, const Reloj& reloj) {
     ExigeInstalacion(perfil);
-    auto proceso = std::make_unique<Proceso>(reloj);
+    auto proceso = std::make_unique<Proceso>(reloj, FormulariosConocidos(), kNumFormulario);
     LeerIni(*proceso, perfil);
     AbrirBase(*proceso, perfil);
     LeerCatalogoInicial(*proceso);

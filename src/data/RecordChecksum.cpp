@@ -5,8 +5,6 @@
 #include "values/Format.h"
 #include "values/Text.h"
 
-#include <QHash>
-
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
@@ -53,25 +51,12 @@ QString ChecksumRegistro(const Registro& registro, int primeros) {
            UltimosTres(Decimal::DeEntero(SumaDeTextos(registro, primeros)));
 }
 
-int PrimerosDe(const QString& tabla) {
-    static const QHash<QString, int> primeros = {
-        {u"CAB"_s, 5},       {u"DET"_s, 6},       {u"HCAB"_s, 6},        {u"HDET"_s, 6},
-        {u"F518PCAB"_s, 6},  {u"F518PDET"_s, 8},  {u"F518PDETVC"_s, 9},  {u"F518PDETCP"_s, 10},
-        {u"HF518PCAB"_s, 6}, {u"HF518PDET"_s, 8}, {u"HF518PDETVC"_s, 9}, {u"HF518PDETCP"_s, 10},
-    };
-    const auto entrada = primeros.constFind(tabla.toUpper());
-    if (entrada == primeros.cend())
-        throw ErrorBase(NumeroError::TablaNoExiste, u"La tabla %1 no lleva cNumero"_s.arg(tabla));
-    return *entrada;
+void PonChecksum(Registro& registro, int primeros) {
+    registro.Pon(static_cast<int>(registro.Valores().size()) - 1, ChecksumRegistro(registro, primeros));
 }
 
-void PonChecksum(Registro& registro) {
-    const Tabla& tabla = registro.DeTabla();
-    registro.Pon(static_cast<int>(tabla.columnas.size()) - 1, ChecksumRegistro(registro, PrimerosDe(tabla.nombre)));
-}
-
-void AgregaConChecksum(Base& base, Registro& registro) {
-    PonChecksum(registro);
+void AgregaConChecksum(Base& base, Registro& registro, int primeros) {
+    PonChecksum(registro, primeros);
     base.Agrega(registro);
 }
 

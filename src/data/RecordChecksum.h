@@ -12,13 +12,10 @@ class Registro;
 /// Raises `Desbordamiento` when a code times its position passes 32767 (from position 129 on it can).
 [[nodiscard]] QString ChecksumRegistro(const Registro& registro, int primeros);
 
-/// How many fields of a table `ChecksumRegistro` takes as numbers, the same for every writer of that table.
-[[nodiscard]] int PrimerosDe(const QString& tabla);
-
 /// Puts the checksum in the row's last column, `cNumero`, once all others are in place.
-void PonChecksum(Registro& registro);
+void PonChecksum(Registro& registro, int primeros);
 
 /// Puts the checksum and adds the row.
-void AgregaConChecksum(Base& base, Registro& registro);
+void AgregaConChecksum(Base& base, Registro& registro, int primeros);
 
 } // namespace xa518

@@ -11,15 +11,14 @@ int VersionDe(Base& base) {
     return fila.Siguiente() ? static_cast<int>(fila.Entero(0)) : 0;
 }
 
-void ExigeVersion(Base& base) {
+void ExigeVersion(Base& base, int esperada) {
     const int version = VersionDe(base);
-    if (version == kVersionEsquema)
+    if (version == esperada)
         return;
-    throw ErrorBase(NumeroError::VersionAjena,
-                    u"La base '%1' es de la versión %2 y este programa usa la %3. %4"_s.arg(
-                        base.Ruta(), QString::number(version), QString::number(kVersionEsquema),
-                        version > kVersionEsquema ? u"Instale la versión actual del programa."_s
-                                                  : u"Ejecute consola --instalar."_s));
+    throw ErrorBase(NumeroError::VersionAjena, u"La base '%1' es de la versión %2 y este programa usa la %3. %4"_s.arg(
+                                                   base.Ruta(), QString::number(version), QString::number(esperada),
+                                                   version > esperada ? u"Instale la versión actual del programa."_s
+                                                                      : u"Ejecute consola --instalar."_s));
 }
 
 } // namespace xa518

@@ -4,13 +4,11 @@ namespace xa518 {
 
 class Base;
 
-/// The version of the tables that this build reads and writes. It stands in the header of the base.
-inline constexpr int kVersionEsquema = 2;
-
-/// The version that a base carries; 0 for one without tables.
+/// The version of the tables that a base carries in its header; 0 for one without tables.
 [[nodiscard]] int VersionDe(Base& base);
 
-/// Raises `ErrorBase` (`VersionAjena`) for a base whose tables are not of `kVersionEsquema`.
-void ExigeVersion(Base& base);
+/// Raises `ErrorBase` (`VersionAjena`) for a base whose tables are not of the version that the program reads and
+/// writes.
+void ExigeVersion(Base& base, int esperada);
 
 } // namespace xa518

@@ -4,6 +4,7 @@
 #include "data/Catalog.h"
 #include "data/RecordChecksum.h"
 #include "data/Transaction.h"
+#include "family/StoredDeclaration.h"
 #include "values/CheckDigits.h"
 
 namespace xa518 {
@@ -34,7 +35,7 @@ Mensaje RegistraNumeroDeOrden(Base& base, const ClaveDeclaracion& clave, const Q
     std::optional<Registro> cabecera = base.Busca(u"HCAB"_s, clave.Condicion(), clave.Valores());
     if (cabecera) {
         cabecera->Pon(u"norden", numero);
-        PonChecksum(*cabecera);
+        PonChecksum(*cabecera, kTablaCabecera.numericasEnviada);
         base.Actualiza(*cabecera, clave.Condicion(), clave.Valores());
     }
     transaccion.Confirma();

@@ -1,10 +1,10 @@
 #include "declaration/Save.h"
 
 #include "data/Base.h"
-#include "data/RecordChecksum.h"
 #include "data/Transaction.h"
 #include "declaration/Consistency.h"
 #include "declaration/StoredBoxes.h"
+#include "family/StoredDeclaration.h"
 #include "values/Dates.h"
 #include "values/Format.h"
 #include "values/Text.h"
@@ -35,23 +35,12 @@ void PonPago(Registro& cabecera, const Pago& pago) {
             .Pon(u"efectivo", importe);
 }
 
-void GrabaCabecera(Base& base, const Declaracion& declaracion, int estado, const QDate& hoy) {
-    const ClaveDeclaracion& clave = declaracion.clave;
-    const std::optional<Registro> guardada = base.Busca(u"CAB"_s, clave.Condicion(), clave.Valores());
-    Registro cabecera = guardada.value_or(Registro(base.Describe(u"CAB"_s)));
-    if (!guardada)
-        cabecera.Pon(u"Doc_id_d", clave.ruc.Texto())
-            .Pon(u"tip_doc_d", 6)
-            .Pon(u"periodo", clave.periodo.Texto())
-            .Pon(u"Formulario", clave.formulario);
-    cabecera.Pon(u"fec_pro", FormatFecha(hoy, u"dd/mm/yyyy"));
-    PonPago(cabecera, declaracion.pago);
-    cabecera.Pon(u"estado", estado).Pon(u"rectifica", declaracion.rectifica);
-    PonChecksum(cabecera);
-    if (guardada)
-        base.Actualiza(cabecera, clave.Condicion(), clave.Valores());
-    else
-        base.Agrega(cabecera);
+void GrabaLaCabecera(Base& base, const Declaracion& declaracion, int estado, const QDate& hoy) {
+    GrabaCabecera(base, declaracion.clave, [&](Registro& cabecera) {
+        cabecera.Pon(u"fec_pro", FormatFecha(hoy, u"dd/mm/yyyy"));
+        PonPago(cabecera, declaracion.pago);
+        cabecera.Pon(u"estado", estado).Pon(u"rectifica", declaracion.rectifica);
+    });
 }
 
 /// `valor` of a catalogue's rows: their running numbers, a missing one counting 0.
@@ -142,7 +131,7 @@ QString SumaDeControl(Base& base, const QString& formulario) {
 ResultadoGrabacion GrabaDeclaracion(Base& base, const Declaracion& declaracion, const QDate& hoy) {
     const int estado = Inconsistencias(declaracion).isEmpty() ? 0 : 9;
     Transaccion transaccion = base.Comienza();
-    GrabaCabecera(base, declaracion, estado, hoy);
+    GrabaLaCabecera(base, declaracion, estado, hoy);
     GrabaCasillas(base, declaracion, SumaDeControl(base, declaracion.clave.formulario));
     GrabaDetalle(base, declaracion.clave);
     GrabaSumas(base, declaracion.clave);

@@ -2,6 +2,7 @@
 #include "data/RecordChecksum.h"
 #include "declaration/ClientGrid.h"
 #include "declaration/Save.h"
+#include "form518/Form0518.h"
 #include "form518/WorkTables.h"
 
 namespace xa518 {
@@ -33,6 +34,7 @@ void GrabaClientes(Base& base, const ClaveDeclaracion& clave) {
     base.Ejecuta(u"DELETE * FROM F518PCAB "_s + clave.Condicion(), clave.Valores());
     const Tabla& tabla = base.Describe(u"F518PCAB"_s);
     const Registro plantilla = ConClave(tabla, clave);
+    const int numericas = Formulario0518().NumericasDe(tabla.nombre);
     const TablasTrabajo trabajo(base);
     {
         Registros clientes = base.Lee(SqlClientes());
@@ -51,7 +53,7 @@ void GrabaClientes(Base& base, const ClaveDeclaracion& clave) {
             (esEmpresa ? empresa : persona).Copia(clientes, registro);
             registro.Pon(ctdDocs, trabajo.CuentaDocs(static_cast<int>(clientes.Entero(tipo)), clientes.Texto(numero)));
             registro.Pon(indRuc, 1);
-            AgregaConChecksum(base, registro);
+            AgregaConChecksum(base, registro, numericas);
         }
     }
     AbreVacia(base, u"F518PCAB"_s);
@@ -68,13 +70,14 @@ struct Copia {
 void GrabaCopia(Base& base, const ClaveDeclaracion& clave, const Copia& copia) {
     base.Ejecuta(u"DELETE * FROM %1 "_s.arg(copia.tabla) + copia.condicion, clave.Valores());
     const Tabla& tabla = base.Describe(copia.tabla);
+    const int numericas = Formulario0518().NumericasDe(copia.tabla);
     Registro registro = ConClave(tabla, clave);
     {
         Registros filas = base.Lee(copia.origen + u" ORDER BY rowid"_s);
         const CopiaColumnas columnas(filas, tabla, copia.columnas);
         while (filas.Siguiente()) {
             columnas.Copia(filas, registro);
-            AgregaConChecksum(base, registro);
+            AgregaConChecksum(base, registro, numericas);
         }
     }
     AbreVacia(base, copia.tabla);

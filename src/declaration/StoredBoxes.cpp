@@ -2,31 +2,15 @@
 
 #include "data/Base.h"
 #include "data/Catalog.h"
-#include "data/RecordChecksum.h"
-#include "values/Format.h"
+#include "family/StoredDeclaration.h"
+#include "form518/Form0518.h"
 #include "values/Text.h"
-
-#include <QSet>
 
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Boxes whose value is stored as given. 501 and 503 are among them and 502 isn't, so that 502 is formatted twice;
-/// the bank in 015 isn't either and loses its leading zero. Wanted: the receiver reads them so.
-const QSet<QString>& CasillasTalCual() {
-    static const QSet<QString> casillas = {u"012"_s, u"005"_s, u"721"_s, u"987"_s, u"986"_s, u"985"_s,
-                                           u"984"_s, u"983"_s, u"720"_s, u"722"_s, u"723"_s, u"724"_s,
-                                           u"725"_s, u"726"_s, u"727"_s, u"728"_s, u"729"_s, u"871"_s,
-                                           u"500"_s, u"501"_s, u"503"_s, u"506"_s, u"790"_s};
-    return casillas;
-}
-
-QString ValorGuardado(const QString& casilla, const QString& valor) {
-    return CasillasTalCual().contains(casilla) ? valor : Format(valor, u"###########0");
-}
 
 QString TextoDeSuma(const Registros& fila, int columna) {
     return fila.EsNulo(columna) ? u"0"_s : fila.Texto(columna);
@@ -44,25 +28,7 @@ void CargaPago(Base& base, Declaracion& declaracion) {
 } // namespace
 
 void GrabaCasilla(Base& base, const ClaveDeclaracion& clave, const QString& casilla, const QString& valor) {
-    const QString recortado = Recorta(valor).toString();
-    if (recortado.isEmpty() || clave.ruc.EstaVacio())
-        return;
-    const QString condicion = clave.CondicionSinTipo() + u" AND CASILLA=?"_s;
-    const QVariantList valores = clave.Valores() << casilla;
-    const std::optional<Registro> guardado = base.Busca(u"DET"_s, condicion, valores);
-    Registro registro = guardado.value_or(Registro(base.Describe(u"DET"_s)));
-    registro.Pon(u"Doc_id_d", clave.ruc.Texto())
-        .Pon(u"tip_doc_d", 6)
-        .Pon(u"periodo", clave.periodo.Texto())
-        .Pon(u"Formulario", clave.formulario)
-        .Pon(u"Casilla", casilla)
-        .Pon(u"i_valor", ValorGuardado(casilla, recortado))
-        .Pon(u"idcasilla", casilla == u"410" ? u"05"_s : u"01"_s);
-    PonChecksum(registro);
-    if (guardado)
-        base.Actualiza(registro, condicion, valores);
-    else
-        base.Agrega(registro);
+    GrabaCasilla(base, Formulario0518().casillas, clave, {.casilla = casilla, .valor = valor});
 }
 
 void GrabaCasillaParam(Base& base, const ClaveDeclaracion& clave) {

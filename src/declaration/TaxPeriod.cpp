@@ -1,6 +1,7 @@
 #include "declaration/TaxPeriod.h"
 
 #include "data/Base.h"
+#include "form518/Form0518.h"
 #include "form518/LawBands.h"
 #include "values/Text.h"
 
@@ -48,7 +49,8 @@ std::optional<VeredictoDeclaracion> ValidaContForm1(Base& base, const Identifica
             return VeredictoDeclaracion::Critico(u"Debe ingresar Período."_s, CampoDeclaracion::Periodo);
         // A disabled period field is the sign that the form itself saved the row, so later saves pass.
         const ClaveDeclaracion clave{.ruc = identificacion.ruc,
-                                     .periodo = Periodo::DePantalla(mostrado).value_or(Periodo())};
+                                     .periodo = Periodo::DePantalla(mostrado).value_or(Periodo()),
+                                     .formulario = kNumFormulario};
         if (identificacion.periodoHabilitado) {
             if (VeredictoDeclaracion unica = RechazaDuplicada(base, clave); !unica)
                 return unica;

@@ -3,6 +3,7 @@
 #include "data/Catalog.h"
 #include "data/SchemaVersion.h"
 #include "family/Process.h"
+#include "family/SchemaSteps.h"
 #include "values/Text.h"
 
 #include <QDir>
@@ -57,7 +58,7 @@ void AbrirBase(Proceso& proceso, const ArchivoPerfil& perfil) {
     perfil.Escribe(kSeccionOpciones, u"SystemDB", grupo);
     GrupoTrabajo(grupo).Verifica(CuentaConfigurada(perfil));
     std::unique_ptr<Base> base = Base::Abre(proceso.rutaBase);
-    ExigeVersion(*base);
+    ExigeVersion(*base, VersionDelEsquema(proceso.formularios));
     proceso.baseDatos = std::move(base);
 }
 

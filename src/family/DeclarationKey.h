@@ -8,14 +8,12 @@
 
 namespace xa518 {
 
-inline const QString kNumFormulario = QStringLiteral("0518");
-
 /// What identifies a declaration: declarant, period and form, and for a sent one the number of the copy.
 /// It knows its own tables and its own condition.
 struct ClaveDeclaracion {
     Ruc ruc;
     Periodo periodo;
-    QString formulario = kNumFormulario;
+    QString formulario;
     bool enviada = false;
     QString correl{}; ///< only of a sent copy
 

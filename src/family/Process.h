@@ -3,6 +3,7 @@
 #include "data/Base.h"
 #include "data/ObjetoUtil.h"
 #include "family/DeclarationKey.h"
+#include "family/FormDescription.h"
 
 #include <QString>
 
@@ -19,11 +20,14 @@ inline constexpr int kEliminar = 3;
 
 /// The values that live as long as the program: one record, made by the program's entry and passed by reference.
 struct Proceso {
-    explicit Proceso(const Reloj& unReloj) : reloj(unReloj) {}
+    /// `suFormulario` is the number of a module's own form; the launcher has none.
+    Proceso(const Reloj& unReloj, Formularios losConocidos, QString suFormulario)
+        : reloj(unReloj), formularios(std::move(losConocidos)), numFormulario(std::move(suFormulario)) {}
 
     const Reloj& reloj;
+    Formularios formularios; ///< all that the program knows
+    QString numFormulario;
     ObjetoUtil objetoUtil;
-    QString numFormulario = kNumFormulario;
 
     // From XA000.INI.
     QString sysPath;      ///< installation folder, its trailing separator as it stands in the file

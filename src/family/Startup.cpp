@@ -1,12 +1,13 @@
 #include "family/Startup.h"
 
-#include "family/DeclarationKey.h"
+#include "family/FormDescription.h"
 #include "platform/Notices.h"
 #include "platform/SingleInstance.h"
 #include "platform/WindowSearch.h"
 #include "values/Error.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace xa518 {
 
@@ -65,8 +66,8 @@ Mensaje MensajeDeConexion(const Error& falla) {
     return {Icono::Ninguno, texto, u"Error de Conección"_s};
 }
 
-QString RutaAyuda(const QString& sysPath) {
-    return sysPath + kNumFormulario + QDir::separator() + u"Xa518.hlp"_s;
+QString RutaAyuda(const QString& sysPath, const Formulario& formulario) {
+    return sysPath + formulario.numero + QDir::separator() + QFileInfo(formulario.ayuda).fileName();
 }
 
 } // namespace xa518

@@ -13,6 +13,7 @@ class Avisos;
 class Error;
 class InstanciaUnica;
 class VentanasDelSistema;
+struct Formulario;
 
 /// The title of the launcher's main window, by which the module finds it.
 inline const QString kTituloIntegrador = QStringLiteral("Consola Orvel de Presentaciones");
@@ -29,7 +30,7 @@ inline const QString kTituloIntegrador = QStringLiteral("Consola Orvel de Presen
 /// What is told when the database can't be opened.
 [[nodiscard]] Mensaje MensajeDeConexion(const Error& falla);
 
-/// The name of the help file below the installation folder.
-[[nodiscard]] QString RutaAyuda(const QString& sysPath);
+/// The name of a form's help file below the installation folder.
+[[nodiscard]] QString RutaAyuda(const QString& sysPath, const Formulario& formulario);
 
 } // namespace xa518

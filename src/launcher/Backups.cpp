@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "data/SchemaVersion.h"
+#include "family/SchemaSteps.h"
 #include "family/WorkLock.h"
 #include "launcher/FileHolders.h"
 #include "launcher/KeptNumbers.h"
@@ -33,7 +34,7 @@ const QString kDiario = u"-journal"_s;
 constexpr qint64 kRafaga = 3600; ///< seconds that a row of quick copies may run ahead of the clock
 
 /// Why the file, a copy of a copy, can't take the base's place; empty when it can. Its tables are brought up to date.
-QString MotivoDeRechazo(const QString& ruta) {
+QString MotivoDeRechazo(const QString& ruta, const Formularios& formularios) {
     try {
         const std::unique_ptr<Base> copia = Base::Abre(ruta);
         const QStringList defectos = Respaldos::Defectos(*copia);
@@ -41,7 +42,7 @@ QString MotivoDeRechazo(const QString& ruta) {
             return u"está dañado, con %1."_s.arg(CuentaDefectos(defectos));
         if (VersionDe(*copia) == 0)
             return u"no es una base de estos programas."_s;
-        const EstadoEsquema estado = Esquema().Aplica(*copia);
+        const EstadoEsquema estado = Esquema(CarpetasDelEsquema(formularios)).Aplica(*copia);
         if (estado.resultado == ResultadoEsquema::MasNuevo)
             return u"es de una versión posterior de estos programas."_s;
         return estado.resultado == ResultadoEsquema::Fallido ? estado.motivo : QString();
@@ -79,8 +80,11 @@ QString CuentaDefectos(const QStringList& defectos) {
     return defectos.size() == 1 ? u"un defecto"_s : u"%1 defectos"_s.arg(defectos.size());
 }
 
-Respaldos::Respaldos(QString rutaBase, QString carpeta, const Reloj& reloj)
-    : m_rutaBase(std::move(rutaBase)), m_carpeta(std::move(carpeta)), m_reloj(&reloj) {}
+Respaldos::Respaldos(QString rutaBase, QString carpeta, const Reloj& reloj, Formularios formularios)
+    : m_rutaBase(std::move(rutaBase))
+    , m_carpeta(std::move(carpeta))
+    , m_reloj(&reloj)
+    , m_formularios(std::move(formularios)) {}
 
 QStringList Respaldos::Defectos(Base& base) {
     QStringList defectos;
@@ -152,7 +156,7 @@ Veredicto Respaldos::Restaura(const QString& archivo) const {
     CreaCarpetaPrivada(m_carpeta);
     const LugarDePaso lugar(QFileInfo(m_rutaBase).absolutePath());
     CopiaPrivada(archivo, lugar.Archivo());
-    const QString motivo = MotivoDeRechazo(lugar.Archivo());
+    const QString motivo = MotivoDeRechazo(lugar.Archivo(), m_formularios);
     if (!motivo.isEmpty())
         return Veredicto::Critico(u"El archivo '%1' no se puede restaurar: %2"_s.arg(archivo, motivo));
     if (Veredicto veredicto = ExigeLibre(); !veredicto)
@@ -193,7 +197,7 @@ void Respaldos::ConservaLoNumerado(const QString& nueva, const QString& guardado
     QStringList copias;
     for (const Respaldo& copia : Lista())
         copias.append(copia.ruta);
-    ConservaNumeros(nueva, copias.contains(guardado) ? guardado : QString(), copias);
+    ConservaNumeros(nueva, copias.contains(guardado) ? guardado : QString(), copias, m_formularios);
 }
 
 QString Respaldos::GuardaLoQueHay() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "family/FormDescription.h"
 #include "values/Message.h"
 
 #include <QDateTime>
@@ -26,7 +27,8 @@ class Respaldos {
     /// As many as are kept; a further one takes the place of the oldest.
     static constexpr qsizetype kConservados = 20;
 
-    Respaldos(QString rutaBase, QString carpeta, const Reloj& reloj);
+    /// The forms are those whose tables and numbers a restored base gets.
+    Respaldos(QString rutaBase, QString carpeta, const Reloj& reloj, Formularios formularios);
 
     /// Makes a copy and returns its full name. Raises `Error`, and then the folder is as it was.
     [[nodiscard]] QString Haz() const;
@@ -58,6 +60,7 @@ class Respaldos {
     QString m_rutaBase;
     QString m_carpeta;
     const Reloj* m_reloj;
+    Formularios m_formularios;
 };
 
 /// How many there are, "3 defectos". What each is, in the engine's words, goes to the standard error.

@@ -2,7 +2,6 @@
 
 #include "data/Base.h"
 #include "data/Transaction.h"
-#include "launcher/CatalogLayout.h"
 #include "launcher/CsvTable.h"
 
 namespace xa518 {
@@ -12,6 +11,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kCorrel = u"correl"_s;
+const QString kCompartido = u":/catalogo"_s;
 
 QHash<QString, QString> PorColumna(const QStringList& columnas, const QStringList& fila) {
     QHash<QString, QString> valores;
@@ -36,25 +36,27 @@ bool Iguales(const Registros& fila, const QVariantList& valores) {
 
 } // namespace
 
-InstaladorCatalogo::Resumen InstaladorCatalogo::Instala() {
+InstaladorCatalogo::Resumen InstaladorCatalogo::Instala(const Formularios& formularios) {
     m_resumen = {};
     Transaccion transaccion = m_base->Comienza();
-    InstalaParam();
+    InstalaParam(CatalogosComunes(), kCompartido);
+    for (const Formulario& formulario : formularios)
+        InstalaParam(formulario.catalogos, formulario.catalogo);
     InstalaErrores();
     InstalaUsuarios();
     transaccion.Confirma();
     return m_resumen;
 }
 
-void InstaladorCatalogo::InstalaParam() {
+void InstaladorCatalogo::InstalaParam(const QList<Catalogado>& catalogos, const QString& carpeta) {
     const Sentencias sentencias{
         u"SELECT Funcion, correl_param FROM PARAM WHERE Numero = ? AND Argumento = ?"_s,
         u"INSERT INTO PARAM (Funcion, correl_param, Numero, Argumento) VALUES (?, ?, ?, ?)"_s,
         u"UPDATE PARAM SET Funcion = ?, correl_param = ? WHERE Numero = ? AND Argumento = ?"_s,
     };
-    for (const Catalogado& catalogo : CatalogosInstalados()) {
+    for (const Catalogado& catalogo : catalogos) {
         const QStringList columnas = catalogo.argumento.Columnas() + catalogo.funcion.Columnas() + QStringList{kCorrel};
-        for (const QStringList& fila : LeeArchivoCsv(Ruta(catalogo.archivo), columnas)) {
+        for (const QStringList& fila : LeeArchivoCsv(carpeta + u'/' + catalogo.archivo, columnas)) {
             const QHash<QString, QString> valores = PorColumna(columnas, fila);
             Pon(sentencias, {catalogo.numero, SinBlancosFinales(catalogo.argumento.Compone(valores))},
                 {catalogo.funcion.Compone(valores), valores.value(kCorrel).toInt()});
@@ -68,7 +70,7 @@ void InstaladorCatalogo::InstalaErrores() {
         u"INSERT INTO ERROR (DescError, CodError) VALUES (?, ?)"_s,
         u"UPDATE ERROR SET DescError = ? WHERE CodError = ?"_s,
     };
-    for (const QStringList& fila : LeeArchivoCsv(Ruta(u"errors.csv"_s), {u"codigo"_s, u"texto"_s}))
+    for (const QStringList& fila : LeeArchivoCsv(kCompartido + u"/errors.csv"_s, {u"codigo"_s, u"texto"_s}))
         Pon(sentencias, {fila[0]}, {fila[1]});
 }
 
@@ -78,7 +80,7 @@ void InstaladorCatalogo::InstalaUsuarios() {
         u"INSERT INTO CLAVES (Tipo, Usuario) VALUES (?, ?)"_s,
         {},
     };
-    for (const QStringList& fila : LeeArchivoCsv(Ruta(u"users.csv"_s), {u"usuario"_s, u"tipo"_s}))
+    for (const QStringList& fila : LeeArchivoCsv(kCompartido + u"/users.csv"_s, {u"usuario"_s, u"tipo"_s}))
         Pon(sentencias, {fila[0]}, {fila[1]});
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "family/FormDescription.h"
+
 #include <QString>
 #include <QVariantList>
 
@@ -7,7 +9,8 @@ namespace xa518 {
 
 class Base;
 
-/// Brings the rows of the readable catalogue into the base: `PARAM` in its fixed columns, the error texts, the users.
+/// Brings the rows of the readable catalogues into the base: `PARAM` in its fixed columns, those that all forms share
+/// and those of each form; the error texts, the users.
 class InstaladorCatalogo {
   public:
     struct Resumen {
@@ -16,12 +19,11 @@ class InstaladorCatalogo {
         int conservadas = 0;
     };
 
-    explicit InstaladorCatalogo(Base& base, QString carpeta = QStringLiteral(":/catalogo"))
-        : m_base(&base), m_carpeta(std::move(carpeta)) {}
+    explicit InstaladorCatalogo(Base& base) : m_base(&base) {}
 
     /// Adds what is missing and brings changed rows up to date, in one transaction. Nothing is deleted: the family's
     /// other modules keep rows in the same catalogues. A user who is there already keeps his kind.
-    Resumen Instala();
+    Resumen Instala(const Formularios& formularios);
 
   private:
     /// How a table's row is found, added and changed. Values come first in the last two, then the key.
@@ -31,14 +33,12 @@ class InstaladorCatalogo {
         QString cambia; ///< empty where a row that is there stays as it is
     };
 
-    void InstalaParam();
+    void InstalaParam(const QList<Catalogado>& catalogos, const QString& carpeta);
     void InstalaErrores();
     void InstalaUsuarios();
     void Pon(const Sentencias& sentencias, const QVariantList& clave, const QVariantList& valores);
-    [[nodiscard]] QString Ruta(const QString& archivo) const { return m_carpeta + u'/' + archivo; }
 
     Base* m_base;
-    QString m_carpeta;
     Resumen m_resumen;
 };
 

@@ -45,6 +45,7 @@ Sin ninguna orden abre su ventana, que hace lo mismo e inicia el módulo.
                              No la transmite: hay que presentarla a ZOLMA por su propio canal.
       --otro-original        Admite otro original de un mes ya enviado: sin esta opción se rechaza la declaración
                              que no dice que rectifica o sustituye a la enviada.
+      --formulario NNNN      El formulario de la declaración; hace falta sólo cuando el equipo lleva varios.
   --respaldar                Hace una copia de respaldo de la base y escribe su nombre. Se conservan las últimas 20,
                              en la subcarpeta RESPALDOS de la instalación.
   --restaurar ARCHIVO        Pone una copia de respaldo en el lugar de la base, después de guardar la que había.
@@ -87,7 +88,7 @@ void Instala(const Pedido& pedido) {
                                 : Instalacion::CarpetaVigente(pedido.perfil, pedido.entorno.carpeta);
     if (carpeta.isEmpty())
         throw Rechazo(u"La carpeta de la instalación no puede quedar en blanco."_s);
-    Instalacion instalacion(carpeta, pedido.perfil);
+    Instalacion instalacion(carpeta, pedido.perfil, pedido.entorno.formularios);
     Exige(instalacion.Valida(pedido.entorno.usuario));
     QStringList hecho = instalacion.Instala(pedido.entorno.usuario);
     if (pedido.opciones.isSet(u"ejemplo"_s))
@@ -101,8 +102,9 @@ void RegistraDeclarante(const Pedido& pedido) {
     Sesion sesion(pedido.entorno);
     const std::unique_ptr<Base> base = sesion.Abre();
     Declarantes declarantes(*base);
-    Declarante declarante{pedido.opciones.value(u"declarante"_s), pedido.opciones.value(u"nombre"_s),
-                          pedido.opciones.value(u"usuario"_s)};
+    Declarante declarante{.ruc = pedido.opciones.value(u"declarante"_s),
+                          .nombre = pedido.opciones.value(u"nombre"_s),
+                          .usuario = pedido.opciones.value(u"usuario"_s)};
     const bool estaba = declarantes.Busca(Recorta(declarante.ruc).toString()).has_value();
     if (!estaba && declarante.usuario.isEmpty())
         declarante.usuario = sesion.Usuario();
@@ -110,13 +112,30 @@ void RegistraDeclarante(const Pedido& pedido) {
     pedido.salida << (estaba ? u"Declarante cambiado: "_s : u"Declarante registrado: "_s) << declarante.ruc << '\n';
 }
 
-void Envia(const Pedido& pedido) {
-    ClaveDeclaracion clave;
+Periodo PeriodoPedido(const Pedido& pedido) {
     const QString periodo = pedido.opciones.positionalArguments().constFirst();
-    clave.ruc = Ruc(pedido.opciones.value(u"enviar"_s));
-    clave.periodo = Periodo::DeTabla(periodo).value_or(Periodo());
-    if (clave.periodo.EsNinguno())
+    const std::optional<Periodo> leido = Periodo::DeTabla(periodo);
+    if (!leido || leido->EsNinguno())
         throw Rechazo(u"El período «%1» no es válido: va como AAAAMM."_s.arg(periodo));
+    return *leido;
+}
+
+QString FormularioPedido(const Pedido& pedido) {
+    QStringList numeros;
+    for (const Formulario& formulario : pedido.entorno.formularios)
+        numeros.append(formulario.numero);
+    const QString numero = pedido.opciones.value(u"formulario"_s);
+    if (numero.isEmpty() && numeros.size() == 1)
+        return numeros.constFirst();
+    if (!numeros.contains(numero))
+        throw Rechazo(u"Indique el formulario con --formulario, uno de éstos: %1."_s.arg(numeros.join(u", "_s)));
+    return numero;
+}
+
+void Envia(const Pedido& pedido) {
+    const ClaveDeclaracion clave{.ruc = Ruc(pedido.opciones.value(u"enviar"_s)),
+                                 .periodo = PeriodoPedido(pedido),
+                                 .formulario = FormularioPedido(pedido)};
     const bool admite = pedido.opciones.isSet(u"otro-original"_s);
     const ResultadoEnvio resultado =
         Sesion(pedido.entorno).Envia(clave, admite ? OtroOriginal::Admitido : OtroOriginal::Rechazado);
@@ -167,7 +186,7 @@ const QList<Orden>& Ordenes() {
         {u"modulo"_s, {}, 0, AbreModulo},
         {u"instalar"_s, {u"carpeta"_s, u"ejemplo"_s}, 0, Instala},
         {u"declarante"_s, {u"nombre"_s, u"usuario"_s}, 0, RegistraDeclarante},
-        {u"enviar"_s, {u"otro-original"_s}, 1, Envia},
+        {u"enviar"_s, {u"otro-original"_s, u"formulario"_s}, 1, Envia},
         {u"respaldar"_s, {}, 0, Respalda},
         {u"restaurar"_s, {}, 0, Restaura},
     };
@@ -186,6 +205,7 @@ void Define(QCommandLineParser& opciones) {
                          {u"usuario"_s, {}, u"U"_s},
                          {u"enviar"_s, {}, u"RUC"_s},
                          {u"otro-original"_s, {}},
+                         {u"formulario"_s, {}, u"NNNN"_s},
                          {u"respaldar"_s, {}},
                          {u"restaurar"_s, {}, u"ARCHIVO"_s}});
 }
@@ -223,10 +243,14 @@ const Orden& OrdenPedida(const QCommandLineParser& opciones, const QStringList& 
 
 } // namespace
 
-EntornoConsola EntornoConsola::DelSistema(const Reloj& reloj) {
+EntornoConsola EntornoConsola::DelSistema(const Reloj& reloj, Formularios formularios) {
     const QString datos = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     const QString usuario = qEnvironmentVariable("USER", qEnvironmentVariable("USERNAME"));
-    return {reloj, PerfilCompartido().Ruta(), datos + u"/xa518"_s, usuario.isEmpty() ? u"USUARIO"_s : usuario};
+    return {.reloj = reloj,
+            .rutaIni = PerfilCompartido().Ruta(),
+            .carpeta = datos + u"/xa518"_s,
+            .usuario = usuario.isEmpty() ? u"USUARIO"_s : usuario,
+            .formularios = std::move(formularios)};
 }
 
 int EjecutaConsola(const QStringList& argumentos, QTextStream& salida, QTextStream& errores,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "family/FormDescription.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -12,11 +14,12 @@ class Reloj;
 /// What the launcher takes from the machine it runs on.
 struct EntornoConsola {
     const Reloj& reloj;
-    QString rutaIni; ///< the shared profile file
-    QString carpeta; ///< where to install when nobody says otherwise
-    QString usuario; ///< who owns what is registered when nobody says otherwise
+    QString rutaIni;         ///< the shared profile file
+    QString carpeta;         ///< where to install when nobody says otherwise
+    QString usuario;         ///< who owns what is registered when nobody says otherwise
+    Formularios formularios; ///< those that it serves, one at least
 
-    [[nodiscard]] static EntornoConsola DelSistema(const Reloj& reloj);
+    [[nodiscard]] static EntornoConsola DelSistema(const Reloj& reloj, Formularios formularios);
 };
 
 /// Runs the launcher's command line, the program's name first among the arguments; without any other it says that there

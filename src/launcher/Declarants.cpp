@@ -35,7 +35,7 @@ VeredictoDeclarante ValidaDeclarante(const Declarante& declarante) {
 }
 
 Declarante Lee(const Registros& fila) {
-    return {fila.Texto(u"Doc_id_d"), fila.Texto(u"Nombre"), fila.Texto(u"Usuario")};
+    return {.ruc = fila.Texto(u"Doc_id_d"), .nombre = fila.Texto(u"Nombre"), .usuario = fila.Texto(u"Usuario")};
 }
 
 void Inserta(Base& base, const Declarante& declarante) {
@@ -97,8 +97,9 @@ VeredictoDeclarante Declarantes::Modifica(Declarante declarante) {
 }
 
 VeredictoDeclarante Declarantes::Escribe(Declarante declarante, Modo modo) {
-    declarante = {Recorta(declarante.ruc).toString(), Recorta(declarante.nombre).toString(),
-                  Recorta(declarante.usuario).toString()};
+    declarante = {.ruc = Recorta(declarante.ruc).toString(),
+                  .nombre = Recorta(declarante.nombre).toString(),
+                  .usuario = Recorta(declarante.usuario).toString()};
     if (VeredictoDeclarante veredicto = ValidaDeclarante(declarante); !veredicto)
         return veredicto;
     if (modo != Modo::Cualquiera && declarante.usuario.isEmpty())

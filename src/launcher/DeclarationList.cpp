@@ -9,10 +9,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// A declaration stays in the list when its declarant is gone: it can still be sent or looked up.
-QString SqlLista(bool enviadas) {
+QString SqlLista(qsizetype formularios, bool enviadas) {
     return u"SELECT A.*, B.Nombre FROM %1 AS A LEFT JOIN CONT AS B ON A.Doc_id_d = B.Doc_id_d AND B.Tip_doc_d = 6"
-           " WHERE A.tip_doc_d = 6 AND A.Formulario = ? ORDER BY A.periodo DESC, A.Doc_id_d%2"_s.arg(
-               enviadas ? u"HCAB"_s : u"CAB"_s, enviadas ? u", val(A.correl) DESC"_s : QString());
+           " WHERE A.tip_doc_d = 6 AND A.Formulario IN (%2) ORDER BY A.periodo DESC, A.Doc_id_d%3"_s.arg(
+               enviadas ? u"HCAB"_s : u"CAB"_s, QStringList(formularios, u"?"_s).join(u','),
+               enviadas ? u", val(A.correl) DESC"_s : QString());
 }
 
 DeclaracionListada Lee(const Registros& fila, bool enviada) {
@@ -37,6 +38,10 @@ DeclaracionListada Lee(const Registros& fila, bool enviada) {
 
 } // namespace
 
+QString DeclaracionListada::Identidad() const {
+    return QStringList{clave.formulario, clave.ruc.Texto(), clave.periodo.Texto(), clave.correl}.join(u'|');
+}
+
 QString DeclaracionListada::Estado() const {
     switch (estado) {
     case kEstadoLimpia: return u"Lista para enviar"_s;
@@ -50,9 +55,13 @@ QString DeclaracionListada::Rectifica() const {
     return rectifica ? u"Sí"_s : u"No"_s;
 }
 
-QList<DeclaracionListada> ListaDeclaraciones(Base& base, bool enviadas) {
+QList<DeclaracionListada> ListaDeclaraciones(Base& base, const Formularios& formularios, TipoDeLista cual) {
+    const bool enviadas = cual == TipoDeLista::Enviadas;
+    QVariantList numeros;
+    for (const Formulario& formulario : formularios)
+        numeros.append(formulario.numero);
     QList<DeclaracionListada> lista;
-    Registros filas = base.Lee(SqlLista(enviadas), {kNumFormulario});
+    Registros filas = base.Lee(SqlLista(numeros.size(), enviadas), numeros);
     while (filas.Siguiente())
         lista.append(Lee(filas, enviadas));
     return lista;

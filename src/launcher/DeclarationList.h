@@ -1,6 +1,7 @@
 #pragma once
 
 #include "family/DeclarationKey.h"
+#include "family/FormDescription.h"
 
 #include <QList>
 #include <QString>
@@ -26,11 +27,16 @@ struct DeclaracionListada {
     QString control;
     QString orden; ///< empty until it is registered
 
-    [[nodiscard]] QString Estado() const; ///< in words
+    [[nodiscard]] QString Identidad() const; ///< tells it from every other of its list
+    [[nodiscard]] QString Estado() const;    ///< in words
     [[nodiscard]] QString Rectifica() const;
 };
 
-/// The registered declarations of all declarants, or the sent copies, the latest period first.
-[[nodiscard]] QList<DeclaracionListada> ListaDeclaraciones(Base& base, bool enviadas);
+/// Which of the two kinds a list shows.
+enum class TipoDeLista { Registradas, Enviadas };
+
+/// The declarations of these forms, of all declarants, the latest period first.
+[[nodiscard]] QList<DeclaracionListada> ListaDeclaraciones(Base& base, const Formularios& formularios,
+                                                           TipoDeLista cual);
 
 } // namespace xa518

@@ -43,9 +43,9 @@ FrmConsola::FrmConsola(const EntornoConsola& entorno, Avisos& avisos, QString ca
     m_ui->LblIcono->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(lado));
     m_ui->FraAviso->hide();
     EncuentraAyuda(); // its key may come before the first list is read
+    PonModulos();
     PonFichas(std::move(vista));
     ComoTextoLlano(*this);
-    connect(m_ui->CmdModulo, &QPushButton::clicked, this, Protegido([this] { AbreModulo(); }));
     connect(m_ui->CmdActualizar, &QPushButton::clicked, this, Protegido([this] { Recarga(); }));
     connect(m_ui->CmdInstalar, &QPushButton::clicked, this, Protegido([this] { OfreceInstalar(); }));
     auto* actualizar = new QShortcut(QKeySequence::Refresh, this);
@@ -54,6 +54,19 @@ FrmConsola::FrmConsola(const EntornoConsola& entorno, Avisos& avisos, QString ca
 }
 
 FrmConsola::~FrmConsola() = default;
+
+/// A button for each form, the first one's in the place that the layout gives.
+void FrmConsola::PonModulos() {
+    const Formularios& formularios = m_sesion.LosFormularios();
+    for (int i = 0; i < formularios.size(); ++i) {
+        const Formulario& formulario = formularios[i];
+        auto* boton = i == 0 ? m_ui->CmdModulo : new QPushButton(m_ui->Contenido);
+        boton->setText(u"Abrir el &módulo %1 %2"_s.arg(formulario.numero, formulario.nombre));
+        if (i > 0)
+            m_ui->LayOrdenes->insertWidget(i, boton);
+        connect(boton, &QPushButton::clicked, this, Protegido([this, &formulario] { AbreModulo(formulario); }));
+    }
+}
 
 void FrmConsola::PonFichas(VistaDeInforme vista) {
     const EntornoPagina entorno{m_sesion, *m_avisos};
@@ -147,8 +160,8 @@ void FrmConsola::RevisaBase() {
              {}});
 }
 
-void FrmConsola::AbreModulo() {
-    if (const Veredicto veredicto = IniciaModulo(m_carpetaPrograma); !veredicto)
+void FrmConsola::AbreModulo(const Formulario& formulario) {
+    if (const Veredicto veredicto = IniciaModulo(formulario.modulo, m_carpetaPrograma); !veredicto)
         m_avisos->Muestra(veredicto.Motivo());
 }
 
@@ -166,8 +179,10 @@ void FrmConsola::Recarga() {
     EncuentraAyuda();
 }
 
+/// The launcher's own topics come with the help of every form.
 void FrmConsola::EncuentraAyuda() {
-    m_ayuda->PonArchivo(RutaAyuda(QDir::cleanPath(m_sesion.Carpeta()) + u'/'));
+    const Formulario& primero = m_sesion.LosFormularios().constFirst();
+    m_ayuda->PonArchivo(RutaAyuda(QDir::cleanPath(m_sesion.Carpeta()) + u'/', primero));
 }
 
 void FrmConsola::MuestraContenido() {

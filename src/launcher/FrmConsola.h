@@ -21,17 +21,18 @@ class PagCopias;
 class FrmConsola final : public QMainWindow {
     Q_OBJECT
   public:
-    /// `carpetaPrograma` is where the module is looked for first.
+    /// `carpetaPrograma` is where the modules are looked for first.
     FrmConsola(const EntornoConsola& entorno, Avisos& avisos, QString carpetaPrograma, VistaDeInforme vista = {});
     ~FrmConsola() override;
 
-    /// Starts the module, or tells why it can't be started.
-    void AbreModulo();
+    /// Starts the module of a form, or tells why it can't be started.
+    void AbreModulo(const Formulario& formulario);
 
   protected:
     bool event(QEvent* evento) override;
 
   private:
+    void PonModulos();
     void PonFichas(VistaDeInforme vista);
     void EncuentraAyuda();
     void Arranca();

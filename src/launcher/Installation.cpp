@@ -4,6 +4,7 @@
 #include "data/SchemaVersion.h"
 #include "data/Workgroup.h"
 #include "family/Configuration.h"
+#include "family/SchemaSteps.h"
 #include "family/Startup.h"
 #include "family/WorkLock.h"
 #include "launcher/CatalogInstaller.h"
@@ -27,8 +28,8 @@ const QString kArchivoBase = u"XA000.DB"_s;
 const QString kArchivoMenu = u"XA000.MNU"_s;
 const QString kCarpetaEjemplo = u"EJEMPLO"_s;
 
-/// Reports, work files, pictures, the module's own folder.
-const QStringList kSubcarpetas = {u"RPT"_s, u"TMP"_s, u"BMP"_s, u"0518"_s};
+/// Reports, work files, pictures; each form has a folder of its own beside them.
+const QStringList kSubcarpetas = {u"RPT"_s, u"TMP"_s, u"BMP"_s};
 
 QString ConSeparador(const QString& carpeta) {
     const QString nativa = QDir::toNativeSeparators(QDir::cleanPath(QFileInfo(carpeta).absoluteFilePath()));
@@ -47,17 +48,17 @@ QString Relato(const EstadoEsquema& estado) {
     return estado.motivo;
 }
 
-void AplicaEsquema(Base& base, QStringList& hecho) {
-    const EstadoEsquema estado = Esquema().Aplica(base);
+void AplicaEsquema(Base& base, const Formularios& formularios, QStringList& hecho) {
+    const EstadoEsquema estado = Esquema(CarpetasDelEsquema(formularios)).Aplica(base);
     if (estado.resultado == ResultadoEsquema::MasNuevo)
-        ExigeVersion(base);
+        ExigeVersion(base, VersionDelEsquema(formularios));
     if (estado.resultado == ResultadoEsquema::Fallido)
         throw ErrorBase(estado.numero, estado.motivo);
     hecho.append(u"Base de datos '%1': %2"_s.arg(base.Ruta(), Relato(estado)));
 }
 
-QString InstalaCatalogo(Base& base) {
-    const InstaladorCatalogo::Resumen resumen = InstaladorCatalogo(base).Instala();
+QString InstalaCatalogo(Base& base, const Formularios& formularios) {
+    const InstaladorCatalogo::Resumen resumen = InstaladorCatalogo(base).Instala(formularios);
     return u"Catálogo: %1 filas nuevas, %2 cambiadas, %3 sin cambios."_s.arg(resumen.nuevas)
         .arg(resumen.cambiadas)
         .arg(resumen.conservadas);
@@ -65,9 +66,10 @@ QString InstalaCatalogo(Base& base) {
 
 } // namespace
 
-Instalacion::Instalacion(const QString& carpeta, ArchivoPerfil perfil)
+Instalacion::Instalacion(const QString& carpeta, ArchivoPerfil perfil, Formularios formularios)
     : m_carpeta(ConSeparador(carpeta))
     , m_perfil(std::move(perfil))
+    , m_formularios(std::move(formularios))
     , m_carpetaBase(OpcionVigente(u"DBPath", m_carpeta))
     , m_nombreBase(OpcionVigente(u"DBName", kArchivoBase)) {}
 
@@ -89,39 +91,52 @@ QStringList Instalacion::Instala(const QString& usuario) {
     CreaCarpetas();
     QStringList hecho{u"Carpeta: %1"_s.arg(m_carpeta)};
     const std::unique_ptr<Base> base = PreparaBase(hecho);
-    hecho.append(InstalaCatalogo(*base));
+    hecho.append(InstalaCatalogo(*base, m_formularios));
     hecho.append(PreparaGrupo());
-    hecho.append(InstalaAyuda());
+    for (const Formulario& formulario : m_formularios)
+        hecho.append(InstalaAyuda(formulario));
     EscribePerfil(usuario);
     hecho.append(u"Configuración: %1"_s.arg(m_perfil.Ruta()));
     return hecho;
 }
 
 QStringList Instalacion::InstalaEjemplo() {
+    const std::unique_ptr<Base> base = Base::Abre(m_carpetaBase + m_nombreBase);
+    QStringList hecho;
+    for (const Formulario& formulario : m_formularios) {
+        if (!formulario.ejemplo.isEmpty())
+            hecho += InstalaEjemploDe(formulario, *base);
+    }
+    return hecho;
+}
+
+QStringList Instalacion::InstalaEjemploDe(const Formulario& formulario, Base& base) const {
     const QString carpeta = m_carpeta + kCarpetaEjemplo;
     CreaCarpetaPrivada(carpeta);
-    const std::unique_ptr<Base> base = Base::Abre(m_carpetaBase + m_nombreBase);
-    Declarantes declarantes(*base);
-    Declarante empresa = Ejemplo::Empresa();
+    const Ejemplo ejemplo(formulario.ejemplo, carpeta);
+    Declarantes declarantes(base);
+    Declarante empresa = ejemplo.Empresa();
     empresa.usuario = m_perfil.Lee(kSeccionOpciones, u"SysUser");
     if (!declarantes.Busca(empresa.ruc)) {
         if (const Veredicto veredicto = declarantes.Registra(empresa); !veredicto)
             throw Error(NumeroError::ArgumentoInvalido, veredicto.Motivo().texto);
     }
     return QStringList{u"Ejemplo: declarante %1 %2, archivos en %3"_s.arg(empresa.ruc, empresa.nombre, carpeta)} +
-           Ejemplo(carpeta).CopiaArchivos();
+           ejemplo.CopiaArchivos();
 }
 
 void Instalacion::CreaCarpetas() const {
     CreaCarpetaPrivada(m_carpeta);
     for (const QString& subcarpeta : kSubcarpetas)
         CreaCarpetaPrivada(m_carpeta + subcarpeta);
+    for (const Formulario& formulario : m_formularios)
+        CreaCarpetaPrivada(m_carpeta + formulario.numero);
 }
 
 std::unique_ptr<Base> Instalacion::PreparaBase(QStringList& hecho) const {
     const QString ruta = m_carpetaBase + m_nombreBase;
     std::unique_ptr<Base> base = QFileInfo::exists(ruta) ? Base::Abre(ruta) : Base::Crea(ruta);
-    AplicaEsquema(*base, hecho);
+    AplicaEsquema(*base, m_formularios, hecho);
     return base;
 }
 
@@ -141,9 +156,9 @@ QString Instalacion::PreparaGrupo() const {
 }
 
 /// Replaced as a whole: a module that has the former file open goes on reading that one.
-QString Instalacion::InstalaAyuda() const {
-    const QString ruta = RutaAyuda(m_carpeta);
-    CopiaPrivada(u":/modulos/Xa518.hlp"_s, ruta);
+QString Instalacion::InstalaAyuda(const Formulario& formulario) const {
+    const QString ruta = RutaAyuda(m_carpeta, formulario);
+    CopiaPrivada(formulario.ayuda, ruta);
     return u"Ayuda del módulo: %1"_s.arg(ruta);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "family/FormDescription.h"
 #include "platform/ProfileFile.h"
 #include "values/Message.h"
 
@@ -13,13 +14,13 @@ namespace xa518 {
 class Base;
 
 /// What the launcher puts on a machine: the folder of the family with its subfolders, the base with its tables and
-/// catalogue, the workgroup file, the module's help, and the profile file that names them. Doing it again over an
+/// catalogue, the workgroup file, the help of each form, and the profile file that names them. Doing it again over an
 /// installation refreshes catalogue and help and keeps everything else: declarations, declarants, users and their
 /// kinds, sample files.
 class Instalacion {
   public:
     /// `carpeta` becomes absolute.
-    Instalacion(const QString& carpeta, ArchivoPerfil perfil);
+    Instalacion(const QString& carpeta, ArchivoPerfil perfil, Formularios formularios);
 
     /// The folder of the installation that the profile file names, or `porOmision` when it names none.
     [[nodiscard]] static QString CarpetaVigente(const ArchivoPerfil& perfil, const QString& porOmision);
@@ -33,20 +34,22 @@ class Instalacion {
     /// while another program has a declaration open, whose tables and catalogue would change under it.
     [[nodiscard]] QStringList Instala(const QString& usuario);
 
-    /// Registers the sample company, if nobody has yet, and copies its files.
+    /// Registers the sample company of each form that has one, if nobody has yet, and copies its files.
     [[nodiscard]] QStringList InstalaEjemplo();
 
   private:
     void CreaCarpetas() const;
     [[nodiscard]] std::unique_ptr<Base> PreparaBase(QStringList& hecho) const;
     [[nodiscard]] QString PreparaGrupo() const;
-    [[nodiscard]] QString InstalaAyuda() const;
+    [[nodiscard]] QString InstalaAyuda(const Formulario& formulario) const;
+    [[nodiscard]] QStringList InstalaEjemploDe(const Formulario& formulario, Base& base) const;
     void EscribePerfil(const QString& usuario) const;
     [[nodiscard]] bool EsLaVigente() const;
     [[nodiscard]] QString OpcionVigente(QStringView clave, const QString& porOmision) const;
 
     QString m_carpeta; ///< with its separator
     ArchivoPerfil m_perfil;
+    Formularios m_formularios;
     QString m_carpetaBase;
     QString m_nombreBase;
 };

@@ -11,31 +11,34 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using CuentaDeEnvios = NumerosDeEnvio::Cuenta;
+using LecturaDeCuenta = CuentaDeEnvios (NumerosDeEnvio::*)() const;
 
 /// Of a base that can't be read, nothing.
-CuentaDeEnvios CuentaDe(const QString& ruta, CuentaDeEnvios (NumerosDeEnvio::*cuenta)() const) {
+CuentaDeEnvios CuentaDe(const QString& ruta, const Formulario& formulario, LecturaDeCuenta cuenta) {
     try {
         const std::unique_ptr<Base> base = Base::Abre(ruta);
-        return (NumerosDeEnvio(*base).*cuenta)();
+        return (NumerosDeEnvio(*base, formulario).*cuenta)();
     } catch (const ErrorBase&) {
         return {};
     }
 }
 
-CuentaDeEnvios CuentaDeTodas(const QStringList& copias, CuentaDeEnvios (NumerosDeEnvio::*cuenta)() const) {
+CuentaDeEnvios CuentaDeTodas(const QStringList& copias, const Formulario& formulario, LecturaDeCuenta cuenta) {
     CuentaDeEnvios mayores;
     for (const QString& copia : copias)
-        mayores = Mayores(std::move(mayores), CuentaDe(copia, cuenta));
+        mayores = Mayores(std::move(mayores), CuentaDe(copia, formulario, cuenta));
     return mayores;
 }
 
 /// Each sending makes a copy first. So where the base itself can't say, or was made anew and knows less than its
 /// copies, one sending at most is in none of them.
-CuentaDeEnvios NumerosDados(const QString& vigente, const QStringList& copias) {
-    const CuentaDeEnvios deCopias = CuentaDeTodas(copias, &NumerosDeEnvio::Dados);
-    const CuentaDeEnvios deLaBase = vigente.isEmpty() ? CuentaDeEnvios() : CuentaDe(vigente, &NumerosDeEnvio::Dados);
-    const bool loSabeLaBase = deLaBase.value(kNumFormulario) >= deCopias.value(kNumFormulario);
-    return Mayores(deLaBase, loSabeLaBase ? deCopias : CuentaDeTodas(copias, &NumerosDeEnvio::DadosTrasOtroEnvio));
+CuentaDeEnvios NumerosDados(const QString& vigente, const QStringList& copias, const Formulario& formulario) {
+    const CuentaDeEnvios deCopias = CuentaDeTodas(copias, formulario, &NumerosDeEnvio::Dados);
+    const CuentaDeEnvios deLaBase =
+        vigente.isEmpty() ? CuentaDeEnvios() : CuentaDe(vigente, formulario, &NumerosDeEnvio::Dados);
+    const bool loSabeLaBase = deLaBase.value(formulario.numero) >= deCopias.value(formulario.numero);
+    return Mayores(deLaBase,
+                   loSabeLaBase ? deCopias : CuentaDeTodas(copias, formulario, &NumerosDeEnvio::DadosTrasOtroEnvio));
 }
 
 QList<Registro> InformesDe(const QString& ruta, const Tabla& spool) {
@@ -57,11 +60,13 @@ QList<Registro> InformesDe(const QString& ruta, const Tabla& spool) {
 
 } // namespace
 
-void ConservaNumeros(const QString& nueva, const QString& vigente, const QStringList& copias) {
+void ConservaNumeros(const QString& nueva, const QString& vigente, const QStringList& copias,
+                     const Formularios& formularios) {
     const std::unique_ptr<Base> base = Base::Abre(nueva);
     const QString ultima = vigente.isEmpty() ? copias.value(0) : vigente;
     Transaccion transaccion = base->Comienza();
-    NumerosDeEnvio(*base).Respeta(NumerosDados(vigente, copias));
+    for (const Formulario& formulario : formularios)
+        NumerosDeEnvio(*base, formulario).Respeta(NumerosDados(vigente, copias, formulario));
     for (const Registro& informe : InformesDe(ultima, base->Describe(u"SPOOL"_s))) {
         const QVariantList clave{informe.Valor(u"CodRep"), informe.Valor(u"Secuencia")};
         if (!base->Busca(u"SPOOL"_s, u"WHERE CodRep = ? AND Secuencia = ?"_s, clave))

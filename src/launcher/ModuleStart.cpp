@@ -8,20 +8,14 @@ namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const QString kModulo = u"xa518"_s;
-
-} // namespace
-
-Veredicto IniciaModulo(const QString& carpeta) {
-    QString programa = QStandardPaths::findExecutable(kModulo, {carpeta});
+Veredicto IniciaModulo(const QString& modulo, const QString& carpeta) {
+    QString programa = QStandardPaths::findExecutable(modulo, {carpeta});
     if (programa.isEmpty())
-        programa = QStandardPaths::findExecutable(kModulo);
+        programa = QStandardPaths::findExecutable(modulo);
     if (programa.isEmpty())
         return Veredicto::Critico(
             u"No se encuentra el programa %1, ni en '%2' ni en las carpetas de PATH. Instale el módulo y"
-            " vuelva a intentarlo."_s.arg(kModulo, QDir::toNativeSeparators(carpeta)));
+            " vuelva a intentarlo."_s.arg(modulo, QDir::toNativeSeparators(carpeta)));
     if (!QProcess::startDetached(programa, {}))
         return Veredicto::Critico(
             u"No se pudo iniciar '%1'. Revise que el programa esté completo y que se pueda ejecutar."_s.arg(

@@ -6,8 +6,8 @@
 
 namespace xa518 {
 
-/// Starts the module of the declaration, found in `carpeta`, where this program lies, or else on the PATH, and doesn't
-/// wait for it. Refused, with what to do, when it isn't there or doesn't start.
-[[nodiscard]] Veredicto IniciaModulo(const QString& carpeta);
+/// Starts a module by the name of its program, found in `carpeta`, where this program lies, or else on the PATH, and
+/// doesn't wait for it. Refused, with what to do, when it isn't there or doesn't start.
+[[nodiscard]] Veredicto IniciaModulo(const QString& modulo, const QString& carpeta);
 
 } // namespace xa518

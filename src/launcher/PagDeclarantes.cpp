@@ -50,7 +50,7 @@ void PagDeclarantes::Muestra(const QStringList& propios) {
 }
 
 void PagDeclarantes::Agrega() {
-    Abre({{}, {}, LaSesion().Usuario()}, &Declarantes::Agrega);
+    Abre({.ruc = {}, .nombre = {}, .usuario = LaSesion().Usuario()}, &Declarantes::Agrega);
 }
 
 /// On a copy: the window reads its lists anew when it gets the focus, even with the dialog over it.

@@ -1,6 +1,7 @@
 #include "launcher/PagEnviadas.h"
 
 #include "launcher/DeclarationList.h"
+#include "launcher/Session.h"
 #include "ui_PagEnviadas.h"
 
 namespace xa518 {
@@ -11,21 +12,25 @@ PagEnviadas::PagEnviadas(const EntornoPagina& entorno, QWidget* padre)
     : Pagina(entorno, padre), m_ui(std::make_unique<Ui::PagEnviadas>()) {
     m_ui->setupUi(this);
     setFocusProxy(m_ui->GrdEnviadas);
-    m_ui->GrdEnviadas->PonColumnas({u"RUC"_s, u"Nombre o razón social"_s, u"Período"_s, u"Copia"_s, u"Rectifica"_s,
-                                    u"N.º de control"_s, u"Fecha de envío"_s, u"Estado"_s, u"N.º de orden"_s});
+    m_ui->GrdEnviadas->PonColumnas(
+        ConFormulario({u"RUC"_s, u"Nombre o razón social"_s, u"Período"_s, u"Copia"_s, u"Rectifica"_s,
+                       u"N.º de control"_s, u"Fecha de envío"_s, u"Estado"_s, u"N.º de orden"_s},
+                      u"Formulario"_s));
 }
 
 PagEnviadas::~PagEnviadas() = default;
 
 void PagEnviadas::Carga(Base& base) {
     QList<FilaDeLista> filas;
-    for (const DeclaracionListada& declaracion : ListaDeclaraciones(base, true)) {
+    for (const DeclaracionListada& declaracion :
+         ListaDeclaraciones(base, LaSesion().LosFormularios(), TipoDeLista::Enviadas)) {
         const ClaveDeclaracion& clave = declaracion.clave;
         const QString orden = declaracion.orden.isEmpty() ? u"Por registrar"_s : declaracion.orden;
         filas.append(
-            {clave.ruc.Texto() + u'|' + clave.periodo.Texto() + u'|' + clave.correl,
-             {clave.ruc.Texto(), declaracion.nombre, clave.periodo.EnPantalla(), clave.correl, declaracion.Rectifica(),
-              declaracion.control, declaracion.fechaEnvio, declaracion.Estado(), orden}});
+            {declaracion.Identidad(), ConFormulario({clave.ruc.Texto(), declaracion.nombre, clave.periodo.EnPantalla(),
+                                                     clave.correl, declaracion.Rectifica(), declaracion.control,
+                                                     declaracion.fechaEnvio, declaracion.Estado(), orden},
+                                                    clave.formulario)});
     }
     m_ui->GrdEnviadas->Llena(filas);
     m_ui->LblEnviadas->setText(u"Declaraciones enviadas: %1"_s.arg(filas.size()));

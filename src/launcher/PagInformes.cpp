@@ -23,12 +23,12 @@ PagInformes::PagInformes(const EntornoPagina& entorno, VistaDeInforme vista, QWi
 PagInformes::~PagInformes() = default;
 
 void PagInformes::Carga(Base& base) {
-    m_lista = Informes(base, LaSesion().RutaInformes()).Lista();
+    m_lista = Informes(base, LaSesion().RutaInformes(), LaSesion().LosFormularios()).Lista();
     QList<FilaDeLista> filas;
     for (const InformeRegistrado& informe : m_lista) {
         const QString hojas = informe.hojas ? QString::number(*informe.hojas) : u"Falta el archivo"_s;
         filas.append({informe.codigo + u'|' + informe.secuencia,
-                      {informe.Titulo(), informe.ruc, informe.fecha, informe.usuario, hojas, informe.archivo}});
+                      {informe.titulo, informe.ruc, informe.fecha, informe.usuario, hojas, informe.archivo}});
     }
     m_ui->GrdInformes->Llena(filas);
     m_ui->LblInformes->setText(u"Informes registrados: %1"_s.arg(m_lista.size()));
@@ -42,11 +42,11 @@ void PagInformes::Ve() {
 void PagInformes::Elimina() {
     const InformeRegistrado informe = m_lista.at(m_ui->GrdInformes->Fila());
     const QString texto = u"¿Confirma que va a eliminar el informe «%1» del %2 y su archivo %3?"_s.arg(
-        informe.Titulo(), informe.fecha, informe.archivo);
+        informe.titulo, informe.fecha, informe.archivo);
     if (LosAvisos().Pregunta({Icono::Pregunta, texto, {}}, Respuesta::No) == Respuesta::No)
         return;
     const std::unique_ptr<Base> base = LaSesion().Abre();
-    Informes(*base, LaSesion().RutaInformes()).Elimina(informe);
+    Informes(*base, LaSesion().RutaInformes(), LaSesion().LosFormularios()).Elimina(informe);
 }
 
 void PagInformes::ActualizaBotones() {

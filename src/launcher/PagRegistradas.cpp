@@ -14,7 +14,8 @@ PagRegistradas::PagRegistradas(const EntornoPagina& entorno, QWidget* padre)
     m_ui->setupUi(this);
     setFocusProxy(m_ui->GrdRegistradas);
     m_ui->GrdRegistradas->PonColumnas(
-        {u"RUC"_s, u"Nombre o razón social"_s, u"Período"_s, u"Rectifica"_s, u"Grabada"_s, u"Estado"_s});
+        ConFormulario({u"RUC"_s, u"Nombre o razón social"_s, u"Período"_s, u"Rectifica"_s, u"Grabada"_s, u"Estado"_s},
+                      u"Formulario"_s));
     connect(m_ui->GrdRegistradas, &TablaFilas::Cambia, this,
             [this] { m_ui->CmdEnviar->setEnabled(m_ui->GrdRegistradas->Fila() >= 0); });
     connect(m_ui->GrdRegistradas, &TablaFilas::Decidida, this, Accion([this] { Envia(); }));
@@ -24,12 +25,14 @@ PagRegistradas::PagRegistradas(const EntornoPagina& entorno, QWidget* padre)
 PagRegistradas::~PagRegistradas() = default;
 
 void PagRegistradas::Carga(Base& base) {
-    m_lista = ListaDeclaraciones(base, false);
+    m_lista = ListaDeclaraciones(base, LaSesion().LosFormularios(), TipoDeLista::Registradas);
     QList<FilaDeLista> filas;
     for (const DeclaracionListada& declaracion : m_lista)
-        filas.append({declaracion.clave.ruc.Texto() + u'|' + declaracion.clave.periodo.Texto(),
-                      {declaracion.clave.ruc.Texto(), declaracion.nombre, declaracion.clave.periodo.EnPantalla(),
-                       declaracion.Rectifica(), declaracion.fechaProceso, declaracion.Estado()}});
+        filas.append(
+            {declaracion.Identidad(),
+             ConFormulario({declaracion.clave.ruc.Texto(), declaracion.nombre, declaracion.clave.periodo.EnPantalla(),
+                            declaracion.Rectifica(), declaracion.fechaProceso, declaracion.Estado()},
+                           declaracion.clave.formulario)});
     m_ui->GrdRegistradas->Llena(filas);
     m_ui->LblRegistradas->setText(u"Declaraciones grabadas y todavía no enviadas: %1"_s.arg(m_lista.size()));
 }
@@ -38,7 +41,7 @@ void PagRegistradas::Carga(Base& base) {
 void PagRegistradas::Envia() {
     const DeclaracionListada declaracion = m_lista.at(m_ui->GrdRegistradas->Fila());
     const auto [veredicto, original] = LaSesion().RevisaEnvio(declaracion.clave);
-    ResultadoEnvio resultado{veredicto, {}, {}};
+    ResultadoEnvio resultado{.veredicto = veredicto};
     if (resultado.veredicto) {
         if (!Confirma(declaracion, original))
             return;

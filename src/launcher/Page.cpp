@@ -8,6 +8,12 @@ namespace xa518 {
 
 Pagina::Pagina(const EntornoPagina& entorno, QWidget* padre) : QWidget(padre), m_entorno(entorno) {}
 
+QStringList Pagina::ConFormulario(QStringList celdas, const QString& formulario) const {
+    if (LaSesion().LosFormularios().size() > 1)
+        celdas.append(formulario);
+    return celdas;
+}
+
 std::function<void()> Pagina::Accion(std::function<void()> trabajo) {
     return Protegido([this, trabajo = std::move(trabajo)] {
         try {

@@ -33,6 +33,9 @@ class Pagina : public QWidget {
     [[nodiscard]] std::function<void()> Accion(std::function<void()> trabajo);
 
     [[nodiscard]] Sesion& LaSesion() const { return m_entorno.sesion; }
+    /// A row with the form's cell behind it, where the launcher serves more than one: with a single one it tells
+    /// nothing.
+    [[nodiscard]] QStringList ConFormulario(QStringList celdas, const QString& formulario) const;
     [[nodiscard]] Avisos& LosAvisos() const { return m_entorno.avisos; }
 
   private:

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 namespace xa518 {
 
@@ -13,7 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kRecurso = u":/ejemplo"_s;
 const QString kArchivoEmpresa = u"empresa.csv"_s;
 
 QByteArray Contenido(const QString& ruta) {
@@ -23,8 +23,8 @@ QByteArray Contenido(const QString& ruta) {
     return archivo.readAll();
 }
 
-QString CopiaArchivo(const QString& nombre, const QString& destino) {
-    const QString origen = kRecurso + u'/' + nombre;
+QString CopiaArchivo(const QString& origen, const QString& destino) {
+    const QString nombre = QFileInfo(origen).fileName();
     if (!QFile::exists(destino)) {
         CopiaPrivada(origen, destino);
         return u"%1: copiado."_s.arg(nombre);
@@ -35,15 +35,15 @@ QString CopiaArchivo(const QString& nombre, const QString& destino) {
 
 } // namespace
 
-Declarante Ejemplo::Empresa() {
-    const QStringList fila = LeeArchivoCsv(kRecurso + u'/' + kArchivoEmpresa, {u"ruc"_s, u"nombre"_s}).constFirst();
-    return {fila[0], fila[1], {}};
+Declarante Ejemplo::Empresa() const {
+    const QStringList fila = LeeArchivoCsv(m_recurso + u'/' + kArchivoEmpresa, {u"ruc"_s, u"nombre"_s}).constFirst();
+    return {.ruc = fila[0], .nombre = fila[1], .usuario = {}};
 }
 
 QStringList Ejemplo::CopiaArchivos() const {
     QStringList lineas;
-    for (const QString& nombre : QDir(kRecurso).entryList({u"*.TXT"_s}, QDir::Files, QDir::Name))
-        lineas.append(CopiaArchivo(nombre, QDir(m_carpeta).filePath(nombre)));
+    for (const QString& nombre : QDir(m_recurso).entryList({u"*.TXT"_s}, QDir::Files, QDir::Name))
+        lineas.append(CopiaArchivo(m_recurso + u'/' + nombre, QDir(m_carpeta).filePath(nombre)));
     return lineas;
 }
 

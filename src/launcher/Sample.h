@@ -7,19 +7,21 @@
 
 namespace xa518 {
 
-/// An invented company with files to import, for trials: a clean month, its cash sales, and a month full of faults.
+/// An invented company with files to import into a form, for trials.
 class Ejemplo {
   public:
-    explicit Ejemplo(QString carpeta) : m_carpeta(std::move(carpeta)) {}
+    /// `recurso` is where the form has it, `carpeta` where the files go.
+    Ejemplo(QString recurso, QString carpeta) : m_recurso(std::move(recurso)), m_carpeta(std::move(carpeta)) {}
 
     /// The company, owned by nobody yet.
-    [[nodiscard]] static Declarante Empresa();
+    [[nodiscard]] Declarante Empresa() const;
 
     /// Puts the files in the folder. One that is there with other content stays: somebody is working on it.
     /// Returns a line for each file. Raises `Error` (`AccesoAlDisco`) when one can't be written.
     [[nodiscard]] QStringList CopiaArchivos() const;
 
   private:
+    QString m_recurso;
     QString m_carpeta;
 };
 

@@ -3,8 +3,8 @@
 #include "data/Base.h"
 #include "data/SchemaVersion.h"
 #include "data/Transaction.h"
+#include "family/SchemaSteps.h"
 
-#include <QDir>
 #include <QFile>
 #include <QList>
 #include <QStringList>
@@ -14,18 +14,6 @@ namespace xa518 {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct Paso {
-    int version;
-    QString ruta;
-};
-
-QList<Paso> PasosDe(const QString& carpeta) {
-    QList<Paso> pasos;
-    for (const QFileInfo& archivo : QDir(carpeta).entryInfoList({u"*.sql"_s}, QDir::Files, QDir::Name))
-        pasos.append({archivo.fileName().section(u'_', 0, 0).toInt(), archivo.filePath()});
-    return pasos;
-}
 
 QString LeeSql(const QString& ruta) {
     QFile archivo(ruta);
@@ -51,7 +39,7 @@ QStringList SentenciasDe(const QString& sql) {
 }
 
 /// The version is read again inside the transaction: two installers may run at once.
-void DaPaso(Base& base, const Paso& paso) {
+void DaPaso(Base& base, const PasoDeEsquema& paso) {
     Transaccion transaccion = base.Comienza();
     if (VersionDe(base) >= paso.version)
         return;
@@ -64,7 +52,7 @@ void DaPaso(Base& base, const Paso& paso) {
 } // namespace
 
 EstadoEsquema Esquema::Aplica(Base& base) const {
-    const QList<Paso> pasos = PasosDe(m_carpeta);
+    const QList<PasoDeEsquema> pasos = PasosDelEsquema(m_carpetas);
     const int inicial = VersionDe(base);
     const int ultima = pasos.isEmpty() ? 0 : pasos.last().version;
     if (inicial > ultima)
@@ -72,7 +60,7 @@ EstadoEsquema Esquema::Aplica(Base& base) const {
     if (inicial == ultima)
         return {ResultadoEsquema::Vigente, inicial, 0, {}};
     try {
-        for (const Paso& paso : pasos)
+        for (const PasoDeEsquema& paso : pasos)
             DaPaso(base, paso);
     } catch (const ErrorBase& error) {
         AnotaDetalle(error);

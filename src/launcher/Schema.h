@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace xa518 {
 
@@ -21,18 +22,18 @@ struct EstadoEsquema {
     QString motivo;  ///< its words
 };
 
-/// The tables of the base as numbered steps: the files `NNNN_name.sql` of a folder, made in their order, each in a
+/// The tables of the base as numbered steps, whatever folders they come from, made in their order, each in a
 /// transaction of its own that also writes the version. A statement ends with a semicolon at the end of a line, and a
 /// comment fills whole lines.
 class Esquema {
   public:
-    explicit Esquema(QString carpeta = QStringLiteral(":/esquema")) : m_carpeta(std::move(carpeta)) {}
+    explicit Esquema(QStringList carpetas) : m_carpetas(std::move(carpetas)) {}
 
     /// Makes the steps that the base lacks.
     [[nodiscard]] EstadoEsquema Aplica(Base& base) const;
 
   private:
-    QString m_carpeta;
+    QStringList m_carpetas;
 };
 
 } // namespace xa518

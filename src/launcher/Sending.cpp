@@ -17,8 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList kTablas = {u"CAB"_s, u"DET"_s, u"F518PCAB"_s, u"F518PDET"_s, u"F518PDETVC"_s, u"F518PDETCP"_s};
-
 /// The values that the sent copy has of its own, by column name in lower case.
 using Sello = QHash<QString, QVariant>;
 
@@ -34,22 +32,22 @@ QList<int> LugaresEn(const Tabla& origen, const Tabla& destino, const Sello& sel
     return lugares;
 }
 
-void Copia(Base& base, const ClaveDeclaracion& clave, const QString& tabla, const Sello& sello) {
-    const Tabla& destino = base.Describe(u'H' + tabla);
-    const QList<int> lugares = LugaresEn(base.Describe(tabla), destino, sello);
+void Copia(Base& base, const ClaveDeclaracion& clave, const TablaDeDeclaracion& tabla, const Sello& sello) {
+    const Tabla& destino = base.Describe(u'H' + tabla.nombre);
+    const QList<int> lugares = LugaresEn(base.Describe(tabla.nombre), destino, sello);
     Registro copia(destino);
     Registros filas =
-        base.Lee(u"SELECT * FROM "_s + tabla + u' ' + clave.Condicion() + u" ORDER BY rowid"_s, clave.Valores());
+        base.Lee(u"SELECT * FROM "_s + tabla.nombre + u' ' + clave.Condicion() + u" ORDER BY rowid"_s, clave.Valores());
     while (filas.Siguiente()) {
         for (int i = 0; i < lugares.size(); ++i)
             copia.Pon(i, lugares[i] < 0 ? sello.value(destino.columnas[i].nombre.toLower()) : filas.Valor(lugares[i]));
-        AgregaConChecksum(base, copia);
+        AgregaConChecksum(base, copia, tabla.numericasEnviada);
     }
 }
 
-void Mueve(Base& base, const ClaveDeclaracion& clave, const QString& tabla, const Sello& sello) {
+void Mueve(Base& base, const ClaveDeclaracion& clave, const TablaDeDeclaracion& tabla, const Sello& sello) {
     Copia(base, clave, tabla, sello);
-    base.Ejecuta(u"DELETE * FROM "_s + tabla + u' ' + clave.Condicion(), clave.Valores());
+    base.Ejecuta(u"DELETE * FROM "_s + tabla.nombre + u' ' + clave.Condicion(), clave.Valores());
 }
 
 } // namespace
@@ -60,11 +58,12 @@ VeredictoDeEnvio Envio::Valida(const ClaveDeclaracion& clave, OtroOriginal otro)
 }
 
 ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave, OtroOriginal otro) {
+    const Formulario& formulario = FormularioDe(m_formularios, clave.formulario);
     const TrabajoUnico trabajo(*m_base);
     Transaccion transaccion = m_base->Comienza();
     if (VeredictoDeEnvio veredicto = Revisa(clave, otro); !veredicto)
-        return {std::move(veredicto), {}, {}};
-    NumerosDeEnvio numeros(*m_base);
+        return {.veredicto = std::move(veredicto)};
+    NumerosDeEnvio numeros(*m_base, formulario);
     const QString correl = numeros.TomaCorrel(clave);
     const QString control = numeros.TomaControl();
     const Sello sello{{u"correl"_s, correl},
@@ -72,10 +71,10 @@ ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave, OtroOriginal otro) {
                       {u"norden"_s, u"0"_s},
                       {u"estado"_s, kEstadoEnviada},
                       {u"fec_env"_s, FormatFecha(m_reloj->Hoy(), u"dd/mm/yyyy")}};
-    for (const QString& tabla : kTablas)
+    for (const TablaDeDeclaracion& tabla : formulario.tablas)
         Mueve(*m_base, clave, tabla, sello);
     transaccion.Confirma();
-    return {Veredicto::Bien(), correl, control};
+    return {.correl = correl, .control = control};
 }
 
 QString Envio::OriginalYaEnviado(const ClaveDeclaracion& clave) const {

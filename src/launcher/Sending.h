@@ -1,6 +1,7 @@
 #pragma once
 
 #include "family/DeclarationKey.h"
+#include "family/FormDescription.h"
 #include "values/Message.h"
 
 #include <QString>
@@ -21,8 +22,8 @@ using VeredictoDeEnvio = VeredictoDe<CampoDeEnvio>;
 /// The number of a sent copy and the control number of its sending, or why it can't be sent.
 struct ResultadoEnvio {
     VeredictoDeEnvio veredicto = Veredicto::Bien();
-    QString correl;
-    QString control;
+    QString correl{};
+    QString control{};
 };
 
 /// Whether a declaration can be sent, and the copy beside which it would be another original, if any.
@@ -38,7 +39,9 @@ enum class OtroOriginal { Rechazado, Admitido };
 /// raise `TrabajoAjeno` while another program has a declaration open: it would be saved again as one more original.
 class Envio {
   public:
-    Envio(Base& base, const Reloj& reloj) : m_base(&base), m_reloj(&reloj) {}
+    /// Of a declaration of one of these forms.
+    Envio(Base& base, const Reloj& reloj, Formularios formularios)
+        : m_base(&base), m_reloj(&reloj), m_formularios(std::move(formularios)) {}
 
     /// Refused when there is no such declaration, or when it was saved with inconsistencies, or at its answer about
     /// rectifying for another original that isn't admitted.
@@ -56,6 +59,7 @@ class Envio {
 
     Base* m_base;
     const Reloj* m_reloj;
+    Formularios m_formularios;
 };
 
 } // namespace xa518

@@ -1,6 +1,7 @@
 #include "launcher/SentNumbers.h"
 
 #include "data/Base.h"
+#include "family/StoredDeclaration.h"
 
 #include <QStringList>
 
@@ -16,13 +17,6 @@ const QString kCatalogoEnvios = u"999"_s;
 constexpr qint64 kAntesDelPrimerControl = 10'000'000;
 constexpr qint64 kUltimoControl = 99'999'999;
 
-/// A sent copy has its head; of a deleted one the cash-sale rows stay behind, and the next copy would meet them.
-const QStringList kTablasConCorrel = {u"HCAB"_s, u"HF518PDETVC"_s};
-
-QString ArgumentoDe(const QString& ruc, const QString& periodo) {
-    return kNumFormulario + ruc + periodo;
-}
-
 qint64 MayorNumero(Registros filas) {
     qint64 mayor = 0;
     while (filas.Siguiente())
@@ -32,10 +26,28 @@ qint64 MayorNumero(Registros filas) {
 
 } // namespace
 
+/// A sent copy has its head; what stays of a deleted one the next copy would meet.
+QStringList NumerosDeEnvio::TablasConCorrel() const {
+    QStringList tablas{u'H' + kTablaCabecera.nombre};
+    for (const TablaDeDeclaracion& tabla : m_formulario->tablas) {
+        if (tabla.copiaQueda)
+            tablas.append(u'H' + tabla.nombre);
+    }
+    return tablas;
+}
+
+QString NumerosDeEnvio::ArgumentoDe(const Ruc& ruc, const Periodo& periodo) const {
+    return m_formulario->numero + ruc.Texto() + periodo.Texto();
+}
+
+QString NumerosDeEnvio::ArgumentoDe(const Registros& fila) const {
+    return ArgumentoDe(Ruc(fila.Texto(0)), Periodo::DeTabla(fila.Texto(1)).value_or(Periodo()));
+}
+
 QString NumerosDeEnvio::TomaCorrel(const ClaveDeclaracion& clave) {
-    const QString argumento = ArgumentoDe(clave.ruc.Texto(), clave.periodo.Texto());
+    const QString argumento = ArgumentoDe(clave.ruc, clave.periodo);
     qint64 ultimo = Anotado(argumento);
-    for (const QString& tabla : kTablasConCorrel)
+    for (const QString& tabla : TablasConCorrel())
         ultimo = std::max(ultimo,
                           MayorNumero(m_base->Lee(u"SELECT DISTINCT correl FROM "_s + tabla + u' ' + clave.Condicion(),
                                                   clave.Valores())));
@@ -47,33 +59,33 @@ QString NumerosDeEnvio::TomaControl() {
     const qint64 ultimo = UltimoControl();
     if (ultimo >= kUltimoControl)
         throw Desbordamiento();
-    Anota(kNumFormulario, ultimo + 1);
+    Anota(m_formulario->numero, ultimo + 1);
     return QString::number(ultimo + 1);
 }
 
 NumerosDeEnvio::Cuenta NumerosDeEnvio::Dados() const {
-    Cuenta dados{{kNumFormulario, UltimoControl()}};
+    Cuenta dados{{m_formulario->numero, UltimoControl()}};
     Registros anotados =
         m_base->Lee(u"SELECT Argumento, correl_param FROM PARAM WHERE Numero = ?"_s, {kCatalogoEnvios});
     while (anotados.Siguiente())
         dados = Mayores(std::move(dados), {{anotados.Texto(0), anotados.Entero(1)}});
-    for (const QString& tabla : kTablasConCorrel) {
+    for (const QString& tabla : TablasConCorrel()) {
         Registros copias =
             m_base->Lee(u"SELECT DISTINCT Doc_id_d, periodo, correl FROM "_s + tabla + u" WHERE Formulario = ?"_s,
-                        {kNumFormulario});
+                        {m_formulario->numero});
         while (copias.Siguiente())
-            dados = Mayores(std::move(dados),
-                            {{ArgumentoDe(copias.Texto(0), copias.Texto(1)), copias.Texto(2).toLongLong()}});
+            dados = Mayores(std::move(dados), {{ArgumentoDe(copias), copias.Texto(2).toLongLong()}});
     }
     return dados;
 }
 
 NumerosDeEnvio::Cuenta NumerosDeEnvio::DadosTrasOtroEnvio() const {
     Cuenta dados = Dados();
-    ++dados[kNumFormulario];
-    Registros registradas = m_base->Lee(u"SELECT Doc_id_d, periodo FROM CAB WHERE Formulario = ?"_s, {kNumFormulario});
+    ++dados[m_formulario->numero];
+    Registros registradas =
+        m_base->Lee(u"SELECT Doc_id_d, periodo FROM CAB WHERE Formulario = ?"_s, {m_formulario->numero});
     while (registradas.Siguiente())
-        ++dados[ArgumentoDe(registradas.Texto(0), registradas.Texto(1))];
+        ++dados[ArgumentoDe(registradas)];
     return dados;
 }
 
@@ -86,7 +98,7 @@ void NumerosDeEnvio::Respeta(const Cuenta& dados) {
 }
 
 qint64 NumerosDeEnvio::UltimoControl() const {
-    return std::max({kAntesDelPrimerControl, Anotado(kNumFormulario),
+    return std::max({kAntesDelPrimerControl, Anotado(m_formulario->numero),
                      MayorNumero(m_base->Lee(u"SELECT max(control) FROM HCAB"_s))});
 }
 

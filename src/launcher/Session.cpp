@@ -2,6 +2,7 @@
 
 #include "data/SchemaVersion.h"
 #include "family/Configuration.h"
+#include "family/SchemaSteps.h"
 #include "family/WorkLock.h"
 #include "launcher/Installation.h"
 #include "platform/Clock.h"
@@ -28,7 +29,7 @@ constexpr std::array kFaltas = {NumeroError::ArchivoNoEncontrado, NumeroError::A
 } // namespace
 
 Sesion::Sesion(const EntornoConsola& entorno)
-    : m_entorno(entorno), m_perfil(entorno.rutaIni), m_proceso(entorno.reloj) {}
+    : m_entorno(entorno), m_perfil(entorno.rutaIni), m_proceso(entorno.reloj, entorno.formularios, {}) {}
 
 bool Sesion::HayInstalacion() const {
     const QStringList claves{u"SysPath"_s, u"DBPath"_s, u"DBName"_s};
@@ -41,7 +42,7 @@ QString Sesion::Carpeta() const {
 }
 
 QStringList Sesion::Instala(bool conEjemplo) {
-    Instalacion instalacion(Carpeta(), m_perfil);
+    Instalacion instalacion(Carpeta(), m_perfil, m_entorno.formularios);
     QStringList hecho = instalacion.Instala(m_entorno.usuario);
     return conEjemplo ? hecho + instalacion.InstalaEjemplo() : hecho;
 }
@@ -60,26 +61,26 @@ std::unique_ptr<Base> Sesion::Abre() {
         return std::move(m_proceso.baseDatos);
     }
     std::unique_ptr<Base> base = Base::Abre(m_proceso.rutaBase);
-    ExigeVersion(*base);
+    ExigeVersion(*base, VersionDelEsquema(m_entorno.formularios));
     return base;
 }
 
 Respaldos Sesion::Copias() {
     Lee();
-    return {m_proceso.rutaBase, m_proceso.sysPath + kCarpetaCopias, m_entorno.reloj};
+    return {m_proceso.rutaBase, m_proceso.sysPath + kCarpetaCopias, m_entorno.reloj, m_entorno.formularios};
 }
 
 RevisionEnvio Sesion::RevisaEnvio(const ClaveDeclaracion& clave) {
     const std::unique_ptr<Base> base = Abre();
-    const Envio envio(*base, m_entorno.reloj);
-    return {envio.Valida(clave, OtroOriginal::Admitido), envio.OriginalYaEnviado(clave)};
+    const Envio envio(*base, m_entorno.reloj, m_entorno.formularios);
+    return {.veredicto = envio.Valida(clave, OtroOriginal::Admitido), .original = envio.OriginalYaEnviado(clave)};
 }
 
 ResultadoEnvio Sesion::Envia(const ClaveDeclaracion& clave, OtroOriginal otro) {
     const std::unique_ptr<Base> base = Abre();
-    Envio envio(*base, m_entorno.reloj);
+    Envio envio(*base, m_entorno.reloj, m_entorno.formularios);
     if (VeredictoDeEnvio veredicto = envio.Valida(clave, otro); !veredicto)
-        return {std::move(veredicto), {}, {}};
+        return {.veredicto = std::move(veredicto)};
     (void)Copias().Haz();
     return envio.Envia(clave, otro);
 }

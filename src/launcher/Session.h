@@ -34,6 +34,7 @@ class Sesion {
     [[nodiscard]] ResultadoEnvio Envia(const ClaveDeclaracion& clave, OtroOriginal otro);
 
     [[nodiscard]] const Reloj& ElReloj() const { return m_entorno.reloj; }
+    [[nodiscard]] const Formularios& LosFormularios() const { return m_entorno.formularios; }
     /// As they stood in the profile file at the last opening.
     [[nodiscard]] const QString& Usuario() const { return m_proceso.sysUser; }
     [[nodiscard]] const QString& RutaBase() const { return m_proceso.rutaBase; }

@@ -8,7 +8,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QHash>
 
 namespace xa518 {
 
@@ -23,11 +22,12 @@ QString Mostrada(const QString& fecha) {
 
 } // namespace
 
-QString InformeRegistrado::Titulo() const {
-    static const QHash<QString, QString> titulos = {{u"PER005"_s, u"Errores de importación"_s},
-                                                    {u"PER006"_s, u"Declaración"_s},
-                                                    {u"PER007"_s, u"Anexo de la declaración"_s}};
-    return titulos.value(codigo, codigo);
+QString Informes::Titulo(const QString& codigo) const {
+    for (const Formulario& formulario : m_formularios) {
+        if (const auto titulo = formulario.informes.constFind(codigo); titulo != formulario.informes.cend())
+            return *titulo;
+    }
+    return codigo;
 }
 
 QList<InformeRegistrado> Informes::Lista() const {
@@ -36,8 +36,15 @@ QList<InformeRegistrado> Informes::Lista() const {
     while (filas.Siguiente()) {
         // The name comes out of a shared table: whatever path it brings along is dropped.
         const QString archivo = QFileInfo(filas.Texto(u"Archivo")).fileName();
-        lista.append({filas.Texto(u"CodRep"), filas.Texto(u"Secuencia"), archivo, Mostrada(filas.Texto(u"Fecha")),
-                      filas.Texto(u"Usuario"), filas.Texto(u"Doc_id_d"), PaginasDe(Ruta(archivo))});
+        const QString codigo = filas.Texto(u"CodRep");
+        lista.append({.codigo = codigo,
+                      .titulo = Titulo(codigo),
+                      .secuencia = filas.Texto(u"Secuencia"),
+                      .archivo = archivo,
+                      .fecha = Mostrada(filas.Texto(u"Fecha")),
+                      .usuario = filas.Texto(u"Usuario"),
+                      .ruc = filas.Texto(u"Doc_id_d"),
+                      .hojas = PaginasDe(Ruta(archivo))});
     }
     return lista;
 }

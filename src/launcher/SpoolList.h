@@ -1,5 +1,7 @@
 #pragma once
 
+#include "family/FormDescription.h"
+
 #include <QList>
 #include <QString>
 
@@ -12,20 +14,21 @@ class Base;
 /// A report as table `SPOOL` registers it, and what its file tells.
 struct InformeRegistrado {
     QString codigo;
+    QString titulo; ///< the code for a report of a form that isn't known
     QString secuencia;
     QString archivo; ///< without folder
     QString fecha;   ///< dd/mm/yyyy hh:mm
     QString usuario;
     QString ruc;
     std::optional<int> hojas; ///< those that it has; nothing when the file is missing
-
-    [[nodiscard]] QString Titulo() const; ///< the code for a report of another module
 };
 
 /// The register of reports and their files, which lie in one folder.
 class Informes {
   public:
-    Informes(Base& base, QString carpeta) : m_base(&base), m_carpeta(std::move(carpeta)) {}
+    /// The forms name their reports.
+    Informes(Base& base, QString carpeta, Formularios formularios)
+        : m_base(&base), m_carpeta(std::move(carpeta)), m_formularios(std::move(formularios)) {}
 
     /// The newest first.
     [[nodiscard]] QList<InformeRegistrado> Lista() const;
@@ -34,10 +37,12 @@ class Informes {
     void Elimina(const InformeRegistrado& informe);
 
   private:
+    [[nodiscard]] QString Titulo(const QString& codigo) const;
     [[nodiscard]] QString Ruta(const QString& archivo) const;
 
     Base* m_base;
     QString m_carpeta;
+    Formularios m_formularios;
 };
 
 } // namespace xa518

@@ -1,3 +1,4 @@
+#include "app/Forms.h"
 #include "launcher/CommandLine.h"
 #include "launcher/ConsoleIcon.h"
 #include "launcher/FrmConsola.h"
@@ -31,7 +32,7 @@ int SinVentana(int argc, char** argv, const EntornoConsola& entorno) {
 /// The module's own preview over a report of the list.
 VistaDeInforme VistaPreliminar(const Reloj& reloj, Avisos& avisos) {
     return [&reloj, &avisos](QWidget& ventana, const QString& carpeta, const InformeRegistrado& informe) {
-        const QString titulo = u"%1 - RUC %2"_s.arg(informe.Titulo(), informe.ruc);
+        const QString titulo = u"%1 - RUC %2"_s.arg(informe.titulo, informe.ruc);
         MuestraReporte({carpeta, informe.usuario, reloj, avisos}, {informe.archivo, titulo, {}}, &ventana);
     };
 }
@@ -41,14 +42,14 @@ constexpr int kVeces = 100;
 
 /// The module looks for the launcher's window when it starts, and ends without it: it is started once the window can be
 /// found.
-void AbreModuloCuandoSeVea(FrmConsola& ventana) {
+void AbreModuloCuandoSeVea(FrmConsola& ventana, const Formulario& formulario) {
     auto* espera = new QTimer(&ventana);
-    QObject::connect(espera, &QTimer::timeout, &ventana, [&ventana, espera, veces = 0]() mutable {
+    QObject::connect(espera, &QTimer::timeout, &ventana, [&ventana, &formulario, espera, veces = 0]() mutable {
         const auto sistema = VentanasReales();
         if (!cWindows(*sistema).CorreApp(ventana.windowTitle()) && ++veces < kVeces)
             return;
         espera->stop();
-        ventana.AbreModulo();
+        ventana.AbreModulo(formulario);
     });
     espera->start(kCadaCuanto);
 }
@@ -60,7 +61,7 @@ int ConVentana(int argc, char** argv, const EntornoConsola& entorno, bool conMod
     FrmConsola ventana(entorno, avisos, QCoreApplication::applicationDirPath(), VistaPreliminar(entorno.reloj, avisos));
     ventana.show();
     if (conModulo)
-        AbreModuloCuandoSeVea(ventana);
+        AbreModuloCuandoSeVea(ventana, entorno.formularios.constFirst());
     return QCoreApplication::exec();
 }
 
@@ -68,7 +69,7 @@ int ConVentana(int argc, char** argv, const EntornoConsola& entorno, bool conMod
 
 int main(int argc, char* argv[]) {
     const RelojSistema reloj;
-    const EntornoConsola entorno = EntornoConsola::DelSistema(reloj);
+    const EntornoConsola entorno = EntornoConsola::DelSistema(reloj, FormulariosConocidos());
     PrefiereX11();
     const bool conModulo = argc == 2 && std::strcmp(argv[1], "--modulo") == 0;
     const bool ventana = (argc == 1 || conModulo) && HayPantalla();

@@ -1,12 +1,13 @@
 #include "app/AppFixture.h"
 
-#include "data/SchemaVersion.h"
 #include "family/Configuration.h"
+#include "family/SchemaSteps.h"
+#include "form518/Form0518.h"
 
 namespace xa518::prueba {
 
 ModuloDePrueba::ModuloDePrueba() : carpetaAnterior(QDir::currentPath()), perfil(base.Carpeta() + u"/XA000.INI"_s) {
-    base->Ejecuta(u"PRAGMA user_version=%1"_s.arg(kVersionEsquema));
+    base->Ejecuta(u"PRAGMA user_version=%1"_s.arg(VersionDelEsquema(proceso.formularios)));
     base.Param(u"830"_s, u"01"_s, u"209912"_s);
     const QString carpeta = base.Carpeta() + u'/';
     for (const auto& [clave, valor] : {std::pair{u"SysPath"_s, carpeta},
@@ -31,8 +32,11 @@ void ModuloDePrueba::Declarante(int tipoDoc, const QString& ruc, const QString& 
 }
 
 void ModuloDePrueba::Declaracion(const QString& ruc, const QString& periodo, const QString& correl) const {
-    const ClaveDeclaracion clave{
-        .ruc = Ruc(ruc), .periodo = *Periodo::DeTabla(periodo), .enviada = !correl.isEmpty(), .correl = correl};
+    const ClaveDeclaracion clave{.ruc = Ruc(ruc),
+                                 .periodo = *Periodo::DeTabla(periodo),
+                                 .formulario = kNumFormulario,
+                                 .enviada = !correl.isEmpty(),
+                                 .correl = correl};
     QMap<QString, QVariant> valores{{u"Doc_id_d"_s, ruc}, {u"periodo"_s, periodo}};
     if (clave.enviada)
         valores.insert(u"correl"_s, correl);

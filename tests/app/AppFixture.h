@@ -2,6 +2,7 @@
 
 #include "app/Dialogs.h"
 #include "family/Process.h"
+#include "form518/Form0518.h"
 #include "platform/Clock.h"
 #include "platform/ProfileFile.h"
 #include "support/FormDriver.h"
@@ -27,7 +28,7 @@ class ModuloDePrueba : public testing::Test {
     BaseTemporal base;
     QString carpetaAnterior;
     RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
-    Proceso proceso{reloj};
+    Proceso proceso{reloj, {Formulario0518()}, kNumFormulario};
     AvisosDePrueba avisos;
     ArchivoPerfil perfil;
 };

@@ -136,7 +136,7 @@ class HelpTest : public MainWindowTest {
     }
     void Copia() const {
         QDir(base.Carpeta()).mkpath(u"0518"_s);
-        ASSERT_TRUE(QFile::copy(QStringLiteral(XA518_AYUDA), RutaAyuda(base.Carpeta() + u'/')));
+        ASSERT_TRUE(QFile::copy(QStringLiteral(XA518_AYUDA), RutaAyuda(base.Carpeta() + u'/', Formulario0518())));
     }
 };
 
@@ -168,7 +168,7 @@ TEST_F(HelpTest, OpensTheTopicOfTheFormInFrontAlsoOverAModalOne) {
 
 TEST_F(HelpTest, TellsAMissingFileAndOneThatIsNone) {
     Carga();
-    const QString ruta = RutaAyuda(base.Carpeta() + u'/');
+    const QString ruta = RutaAyuda(base.Carpeta() + u'/', Formulario0518());
     const QString remedio = u" Ejecute consola --instalar para reponerlo."_s;
     avisos.Espera({Icono::Exclamacion, u"No se encuentra el archivo de ayuda '%1'."_s.arg(ruta) + remedio,
                    ventana->windowTitle()});

@@ -1,5 +1,6 @@
 #include "DataFixture.h"
 
+#include "form518/Form0518.h"
 #include "form518/WorkTables.h"
 
 namespace {
@@ -38,7 +39,8 @@ class WorkTablesTest : public BaseDePrueba {
                Lista(u"SELECT num_cp & ' ' & mto_detcp FROM TMPF518PDETCP"_s);
     }
     TablasTrabajo m_tablas{*m_base};
-    const ClaveDeclaracion m_clave{.ruc = Ruc(u"20555123451"), .periodo = Periodo(2024, 5)};
+    const ClaveDeclaracion m_clave{
+        .ruc = Ruc(u"20555123451"), .periodo = Periodo(2024, 5), .formulario = kNumFormulario};
 };
 
 TEST_F(WorkTablesTest, AreRebuiltFromTheRegisteredDeclaration) {

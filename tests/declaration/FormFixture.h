@@ -2,6 +2,7 @@
 
 #include "declaration/Frm518.h"
 #include "family/Process.h"
+#include "form518/Form0518.h"
 #include "platform/Clock.h"
 #include "support/FormDriver.h"
 #include "support/TemporaryBase.h"
@@ -46,7 +47,7 @@ class ConFormulario : public testing::Test {
 
     BaseTemporal m_base;
     RelojFijo m_reloj{QDateTime(QDate(2026, 11, 21), QTime(10, 0))};
-    Proceso m_proceso{m_reloj};
+    Proceso m_proceso{m_reloj, {Formulario0518()}, kNumFormulario};
     AvisosDePrueba m_avisos;
     BarradeEstadoQMD m_barra;
     DialogosDeDetalle m_dialogos;

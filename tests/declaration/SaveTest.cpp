@@ -1,13 +1,14 @@
 #include "declaration/Save.h"
 
 #include "declaration/ClientGrid.h"
+#include "form518/Form0518.h"
 #include "form518/WorkTables.h"
 #include "support/TemporaryBase.h"
 
 namespace {
 
 const QDate kHoy(2026, 11, 21);
-const ClaveDeclaracion kClave{.ruc = Ruc(u"20100000009"), .periodo = Periodo(2026, 10)};
+const ClaveDeclaracion kClave{.ruc = Ruc(u"20100000009"), .periodo = Periodo(2026, 10), .formulario = kNumFormulario};
 
 class Save : public testing::Test {
   protected:

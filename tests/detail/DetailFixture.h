@@ -1,6 +1,7 @@
 #pragma once
 
 #include "family/Process.h"
+#include "form518/Form0518.h"
 #include "platform/Clock.h"
 #include "support/FormDriver.h"
 #include "support/TemporaryBase.h"
@@ -35,7 +36,7 @@ class DetailTest : public testing::Test {
 
     BaseTemporal m_base;
     RelojFijo m_reloj{QDateTime(QDate(2026, 10, 20), QTime(10, 0))};
-    Proceso m_proceso{m_reloj};
+    Proceso m_proceso{m_reloj, {Formulario0518()}, kNumFormulario};
     AvisosDePrueba m_avisos;
 };
 

@@ -11,6 +11,7 @@
 #include "end_to_end/SampleModule.h"
 #include "family/Configuration.h"
 #include "family/FrmAyuda.h"
+#include "form518/Form0518.h"
 #include "import/frmTransferencia.h"
 #include "launcher/FrmConsola.h"
 #include "launcher/FrmDeclarante.h"
@@ -132,7 +133,7 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
     const QString kEmpresa = u"20500000008"_s;
 
   protected:
-    Proceso proceso{reloj};
+    Proceso proceso{reloj, {Formulario0518()}, kNumFormulario};
     AvisosDePrueba avisos;
     BarradeEstadoQMD barra;
     Dialogos dialogos;

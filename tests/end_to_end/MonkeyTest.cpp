@@ -3,6 +3,7 @@
 #include "end_to_end/SampleModule.h"
 #include "family/Configuration.h"
 #include "family/Process.h"
+#include "form518/Form0518.h"
 #include "launcher/FrmConsola.h"
 #include "reports/ShowReport.h"
 #include "support/NoticeScript.h"
@@ -241,7 +242,7 @@ class MonkeyTest : public ModuloDeMuestra {
 
 TEST_F(MonkeyTest, TheModuleStandsAnything) {
     while (mono.Sigue()) {
-        Proceso proceso(reloj);
+        Proceso proceso(reloj, {Formulario0518()}, kNumFormulario);
         MDIFrm principal(proceso, avisos, PerfilCompartido(), FormasDelModulo(proceso, avisos));
         ASSERT_TRUE(principal.Carga());
         // Nobody finds the way to every form by chance alone: a command opens one now and then.
@@ -252,7 +253,7 @@ TEST_F(MonkeyTest, TheModuleStandsAnything) {
 TEST_F(MonkeyTest, TheLauncherStandsAnything) {
     qputenv("PATH", raiz.path().toLocal8Bit()); // the button of the module mustn't start one that is installed here
     const VistaDeInforme vista = [this](QWidget& ventana, const QString& informes, const InformeRegistrado& informe) {
-        MuestraReporte({informes, informe.usuario, reloj, avisos}, {informe.archivo, informe.Titulo(), {}}, &ventana);
+        MuestraReporte({informes, informe.usuario, reloj, avisos}, {informe.archivo, informe.titulo, {}}, &ventana);
     };
     while (mono.Sigue()) {
         FrmConsola principal(entorno, avisos, raiz.filePath(u"nada"_s), vista);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/Forms.h"
 #include "launcher/CommandLine.h"
 #include "platform/Clock.h"
 #include "support/Test.h"
@@ -18,7 +19,8 @@ class ModuloDeMuestra : public testing::Test {
     QTemporaryDir raiz;
     QString carpeta{raiz.filePath(QStringLiteral("xa518"))};
     RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
-    EntornoConsola entorno{reloj, raiz.filePath(QStringLiteral("XA000.INI")), carpeta, QStringLiteral("CONTADOR")};
+    EntornoConsola entorno{reloj, raiz.filePath(QStringLiteral("XA000.INI")), carpeta, QStringLiteral("CONTADOR"),
+                           FormulariosConocidos()};
 
   private:
     void Consola(const QStringList& orden);

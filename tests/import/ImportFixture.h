@@ -1,6 +1,7 @@
 #pragma once
 
 #include "family/Process.h"
+#include "form518/Form0518.h"
 #include "import/Formats.h"
 #include "import/ImportRun.h"
 #include "platform/Clock.h"
@@ -43,7 +44,7 @@ class Escenario {
 
     BaseTemporal base;
     RelojFijo reloj{QDateTime(QDate(2026, 11, 21), QTime(10, 0))};
-    Proceso proceso{reloj};
+    Proceso proceso{reloj, {Formulario0518()}, kNumFormulario};
     OpcionesImportacion opciones;
 
   private:

@@ -4,6 +4,7 @@
 #include "data/SchemaVersion.h"
 #include "data/Transaction.h"
 #include "family/WorkLock.h"
+#include "form518/Form0518.h"
 #include "launcher/CommandLine.h"
 #include "launcher/Declarants.h"
 #include "launcher/Schema.h"
@@ -27,7 +28,7 @@ class Console : public testing::Test {
         QTextStream flujoSalida(&salida);
         QTextStream flujoErrores(&errores);
         return EjecutaConsola(QStringList{u"consola"_s} + argumentos, flujoSalida, flujoErrores,
-                              {reloj, rutaIni, carpeta, u"CONTADOR"_s});
+                              {reloj, rutaIni, carpeta, u"CONTADOR"_s, {Formulario0518()}});
     }
     QString RutaBase() const { return carpeta + u"/XA000.DB"_s; }
     std::unique_ptr<Base> Abre() const { return Base::Abre(RutaBase()); }

@@ -1,6 +1,7 @@
 #include "launcher/FrmConsola.h"
 
 #include "family/WorkLock.h"
+#include "form518/Form0518.h"
 #include "launcher/Declarants.h"
 #include "launcher/RowTable.h"
 #include "platform/Clock.h"
@@ -74,7 +75,7 @@ class FrmConsolaTest : public testing::Test {
     QString carpeta{raiz.filePath(u"xa518"_s)};
     QString programas{raiz.filePath(u"bin"_s)};
     RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
-    EntornoConsola entorno{reloj, raiz.filePath(u"XA000.INI"_s), carpeta, u"CONTADOR"_s};
+    EntornoConsola entorno{reloj, raiz.filePath(u"XA000.INI"_s), carpeta, u"CONTADOR"_s, {Formulario0518()}};
     AvisosDePrueba avisos;
     std::unique_ptr<FrmConsola> ventana;
 };

@@ -2,6 +2,8 @@
 #include "data/RecordChecksum.h"
 #include "data/SchemaVersion.h"
 #include "data/Transaction.h"
+#include "family/SchemaSteps.h"
+#include "form518/Form0518.h"
 #include "launcher/Backups.h"
 #include "launcher/Schema.h"
 #include "launcher/Sending.h"
@@ -16,7 +18,7 @@ namespace {
 class SchemaTest : public testing::Test {
   protected:
     void Escribe(const QString& nombre, const QByteArray& sql) const { EscribeEn(m_pasos.filePath(nombre), sql); }
-    EstadoEsquema AplicaPasos() { return Esquema(m_pasos.path()).Aplica(*base); }
+    EstadoEsquema AplicaPasos() { return Esquema({m_pasos.path()}).Aplica(*base); }
 
     QTemporaryDir m_carpeta;
     QTemporaryDir m_pasos;
@@ -26,7 +28,7 @@ class SchemaTest : public testing::Test {
 class Backups : public testing::Test {
   protected:
     Backups() {
-        base->Ejecuta(u"PRAGMA user_version=%1"_s.arg(kVersionEsquema));
+        base->Ejecuta(u"PRAGMA user_version=%1"_s.arg(VersionDelEsquema(formularios)));
         Graba(u"202609"_s);
     }
 
@@ -37,12 +39,13 @@ class Backups : public testing::Test {
         Registros fila = vigente->Lee(u"SELECT group_concat(periodo) FROM CAB"_s);
         return fila.Siguiente() ? fila.Texto(0) : QString();
     }
-    Respaldos Copias() const { return {base.Ruta(), base.Carpeta() + u"/RESPALDOS"_s, reloj}; }
+    Respaldos Copias() const { return {base.Ruta(), base.Carpeta() + u"/RESPALDOS"_s, reloj, formularios}; }
     QString Archivo(const QString& nombre, const QByteArray& bytes) const {
         EscribeEn(base.Carpeta() + u'/' + nombre, bytes);
         return base.Carpeta() + u'/' + nombre;
     }
 
+    const Formularios formularios{Formulario0518()};
     BaseTemporal base;
     RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
 };
@@ -61,13 +64,14 @@ class Sending : public testing::Test {
                 fila.Pon(u"estado", 0).Pon(u"bcolibrad", QVariant());
             if (tabla == u"F518PDETCP")
                 fila.Pon(u"mto_detcp", u"7.50"_s);
-            AgregaConChecksum(*base, fila);
+            AgregaConChecksum(*base, fila, formularios.constFirst().NumericasDe(tabla));
         }
     }
 
     ResultadoEnvio Envia(const QString& periodo) {
-        return Envio(*base, reloj)
-            .Envia({.ruc = Ruc(kRucMuestra), .periodo = *Periodo::DeTabla(periodo)}, OtroOriginal::Rechazado);
+        const ClaveDeclaracion clave{
+            .ruc = Ruc(kRucMuestra), .periodo = *Periodo::DeTabla(periodo), .formulario = kNumFormulario};
+        return Envio(*base, reloj, formularios).Envia(clave, OtroOriginal::Rechazado);
     }
 
     QString Valor(const QString& sql) const { return base.Filas(sql).value(0); }
@@ -79,9 +83,10 @@ class Sending : public testing::Test {
         Registro fila(base->Describe(tabla));
         for (int i = 0; i < leida.Columnas(); ++i)
             fila.Pon(i, leida.Valor(i));
-        return ChecksumRegistro(fila, PrimerosDe(tabla));
+        return ChecksumRegistro(fila, formularios.constFirst().NumericasDe(tabla));
     }
 
+    const Formularios formularios{Formulario0518()};
     BaseTemporal base;
     RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
 };
@@ -110,7 +115,7 @@ TEST_F(Backups, KeepsTheLastTwentyEvenWhenTheClockIsSetBack) {
     EXPECT_EQ(Copias().Lista().size(), 20);
     EXPECT_FALSE(QFile::exists(primera));
     const RelojFijo ayer(QDateTime({2026, 11, 20}, {10, 0}));
-    const QString reciente = Respaldos(base.Ruta(), Copias().Carpeta(), ayer).Haz();
+    const QString reciente = Respaldos(base.Ruta(), Copias().Carpeta(), ayer, formularios).Haz();
     EXPECT_EQ(Copias().Lista().size(), 20);
     EXPECT_EQ(Copias().Lista().last().ruta, reciente);
     EXPECT_EQ(QFile::permissions(reciente) & kDeOtros, QFile::Permissions());
@@ -204,9 +209,9 @@ TEST_F(Backups, ACopyOfAnEarlierVersionGetsTheTablesOfThisOne) {
     ASSERT_TRUE(QDir().mkpath(pasos) &&
                 QFile::copy(u":/esquema/0001_shared_tables.sql"_s, pasos + u"/0001_shared_tables.sql"_s));
     const QString anterior = base.Carpeta() + u"/anterior"_s;
-    ASSERT_EQ(Esquema(pasos).Aplica(*Base::Crea(anterior)).version, 1);
+    ASSERT_EQ(Esquema({pasos}).Aplica(*Base::Crea(anterior)).version, 1);
     ASSERT_TRUE(Copias().Restaura(anterior));
-    EXPECT_NO_THROW(ExigeVersion(*Base::Abre(base.Ruta())));
+    EXPECT_NO_THROW(ExigeVersion(*Base::Abre(base.Ruta()), VersionDelEsquema(formularios)));
     EXPECT_EQ(VersionDe(*Base::Abre(anterior)), 1);
 }
 

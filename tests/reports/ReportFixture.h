@@ -2,6 +2,7 @@
 
 #include "family/DeclarationKey.h"
 #include "family/Process.h"
+#include "form518/Form0518.h"
 #include "platform/Clock.h"
 #include "reports/PageCommands.h"
 #include "support/TemporaryBase.h"
@@ -22,8 +23,8 @@ class Taller {
 
     BaseTemporal base;
     RelojFijo reloj{QDateTime(QDate(2026, 2, 9), QTime(18, 4, 5))};
-    ClaveDeclaracion clave{.ruc = Ruc(u"20990518018"), .periodo = Periodo(2026, 1)};
-    Proceso proceso{reloj};
+    ClaveDeclaracion clave{.ruc = Ruc(u"20990518018"), .periodo = Periodo(2026, 1), .formulario = kNumFormulario};
+    Proceso proceso{reloj, {Formulario0518()}, kNumFormulario};
 
     /// The head, paid in cash unless a number of cheque is given, and the boxes.
     void Cabecera(const QList<std::pair<QString, QString>>& casillas, const QString& cheque = {},

@@ -1,3 +1,4 @@
+#include "form518/Form0518.h"
 #include "printouts/PrintList.h"
 #include "printouts/RunReport.h"
 #include "reports/PageRange.h"
@@ -123,7 +124,7 @@ class RelojConOtroPrograma final : public Reloj {
 TEST(Registry, GivesTwoProgramsAtOnceDifferentNames) {
     Taller taller;
     const RelojConOtroPrograma reloj(taller.proceso);
-    Proceso proceso(reloj);
+    Proceso proceso(reloj, {Formulario0518()}, kNumFormulario);
     proceso.baseDatos = Base::Abre(taller.base.Ruta());
     EXPECT_EQ(NuevoReporte(proceso, u"PER006"_s, 6, {}), u"00000001.PRN"_s);
     EXPECT_EQ(NuevoReporte(taller.proceso, u"PER006"_s, 6, {}), u"00000002.PRN"_s);

@@ -10,7 +10,7 @@ namespace xa518::prueba {
 std::unique_ptr<Base> CreaBase(const QString& ruta) {
     std::unique_ptr<Base> base = Base::Crea(ruta);
     const QDir fuentes(QStringLiteral(XA518_SOURCE_DIR));
-    const QStringList pasos{u"launcher/schema/0001_shared_tables.sql"_s, u"form518/schema/0002_form_0518.sql"_s};
+    const QStringList pasos{u"family/schema/0001_shared_tables.sql"_s, u"form518/schema/0002_form_0518.sql"_s};
     const QRegularExpression comentario(u"^--.*$"_s, QRegularExpression::MultilineOption);
     Transaccion transaccion = base->Comienza(); // one wait for the disk instead of one a table
     for (const QString& paso : pasos) {
@@ -69,7 +69,8 @@ void AgregaCabecera(Base& base, const QString& ruc, const QString& periodo, int 
     Registro cabecera(base.Describe(u"CAB"_s));
     cabecera.Pon(u"Doc_id_d", ruc).Pon(u"tip_doc_d", 6).Pon(u"periodo", periodo).Pon(u"Formulario", u"0518"_s);
     cabecera.Pon(u"estado", estado).Pon(u"rectifica", u"0"_s).Pon(u"fec_pro", u"20/11/2026"_s);
-    AgregaConChecksum(base, cabecera);
+    constexpr int numericas = 5;
+    AgregaConChecksum(base, cabecera, numericas);
 }
 
 QString Retrato(Base& base) {

@@ -1,30 +1,8 @@
-#include "launcher/CatalogLayout.h"
-
-#include "values/Error.h"
+#include "form518/FormCatalogs.h"
 
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
-
-QString Plantilla::Compone(const QHash<QString, QString>& valores) const {
-    QString texto = base;
-    for (const Tramo& tramo : tramos) {
-        const QString valor = valores.value(tramo.columna);
-        if (valor.size() > tramo.ancho)
-            throw Error(NumeroError::ArgumentoInvalido,
-                        u"'%1' no cabe en la columna %2 del catálogo."_s.arg(valor, tramo.columna));
-        texto = texto.leftJustified(tramo.inicio - 1 + tramo.ancho, u' ');
-        texto.replace(tramo.inicio - 1, tramo.ancho, valor.leftJustified(tramo.ancho, u' '));
-    }
-    return texto;
-}
-
-QStringList Plantilla::Columnas() const {
-    QStringList columnas;
-    for (const Tramo& tramo : tramos)
-        columnas.append(tramo.columna);
-    return columnas;
-}
 
 namespace {
 
@@ -55,29 +33,21 @@ Catalogado TasasPercepcion() {
             {{}, {{u"factor_inicial"_s, 2, 6}, {u"factor"_s, 21, 9}, {u"tasa"_s, 31, 6}}}};
 }
 
-/// Character 7 of the argument is read by nobody.
-Catalogado ImpuestoVentas() {
-    return {u"sales_tax.csv"_s, u"998"_s, {u"0101010"_s, {{u"desde"_s, 8, 6}}}, {{}, {{u"tasa"_s, 2, 6}}}};
-}
-
 } // namespace
 
-const QList<Catalogado>& CatalogosInstalados() {
+const QList<Catalogado>& CatalogosDelFormulario() {
     static const QList<Catalogado> catalogos = {
         TiposDocumento(),
-        {u"banks.csv"_s, u"004"_s, {{}, {{u"codigo"_s, 1, 2}}}, {{}, {{u"nombre"_s, 1, 36}}}},
         {u"voucher_types.csv"_s,
          u"233"_s,
          {{}, {{u"tipo"_s, 1, 2}}},
          {{}, {{u"descripcion"_s, 1, 50}, {u"uso_0518"_s, 64, 1}}}},
-        {u"first_period.csv"_s, u"830"_s, {{}, {{u"argumento"_s, 1, 2}}}, {{}, {{u"periodo"_s, 1, 6}}}},
         {u"form_boxes.csv"_s,
          u"856"_s,
          {{}, {{u"formulario"_s, 1, 4}}},
          {{}, {{u"valor"_s, 5, 10}, {u"casilla"_s, 20, 3}}}},
         TasasPercepcion(),
         {u"control_catalogs.csv"_s, u"981"_s, {{}, {{u"formulario"_s, 1, 4}}}, {{}, {{u"catalogos"_s, 1, 60}}}},
-        ImpuestoVentas(),
     };
     return catalogos;
 }

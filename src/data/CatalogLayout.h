@@ -34,7 +34,7 @@ struct Catalogado {
     Plantilla funcion;
 };
 
-/// The catalogues that the launcher installs.
-[[nodiscard]] const QList<Catalogado>& CatalogosInstalados();
+/// The catalogues that every form of the family reads.
+[[nodiscard]] const QList<Catalogado>& CatalogosComunes();
 
 } // namespace xa518

@@ -1,0 +1,91 @@
+#include "family/StoredDeclaration.h"
+
+#include "data/Base.h"
+#include "data/RecordChecksum.h"
+#include "data/Transaction.h"
+#include "family/DeclarationKey.h"
+#include "values/Format.h"
+#include "values/Text.h"
+
+#include <algorithm>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A stored row and where it stands, or one that is new with its key.
+class FilaDeTabla {
+  public:
+    FilaDeTabla(Base& base, const TablaDeDeclaracion& tabla, QString condicion, QVariantList valores)
+        : m_base(&base)
+        , m_tabla(&tabla)
+        , m_condicion(std::move(condicion))
+        , m_valores(std::move(valores))
+        , m_guardada(base.Busca(tabla.nombre, m_condicion, m_valores)) {}
+
+    [[nodiscard]] Registro Empieza(const ClaveDeclaracion& clave) const {
+        Registro fila = m_guardada.value_or(Registro(m_base->Describe(m_tabla->nombre)));
+        fila.Pon(u"Doc_id_d", clave.ruc.Texto())
+            .Pon(u"tip_doc_d", 6)
+            .Pon(u"periodo", clave.periodo.Texto())
+            .Pon(u"Formulario", clave.formulario);
+        return fila;
+    }
+
+    void Escribe(Registro fila) const {
+        PonChecksum(fila, m_tabla->numericas);
+        if (m_guardada)
+            m_base->Actualiza(fila, m_condicion, m_valores);
+        else
+            m_base->Agrega(fila);
+    }
+
+  private:
+    Base* m_base;
+    const TablaDeDeclaracion* m_tabla;
+    QString m_condicion;
+    QVariantList m_valores;
+    std::optional<Registro> m_guardada;
+};
+
+QString ValorGuardado(const ReglaDeCasillas& regla, const CasillaAGrabar& una) {
+    const QString recortado = Recorta(una.valor).toString();
+    return regla.talCual.contains(una.casilla) ? recortado : Format(recortado, u"###########0");
+}
+
+} // namespace
+
+void GrabaCabecera(Base& base, const ClaveDeclaracion& clave, const std::function<void(Registro&)>& llena) {
+    const FilaDeTabla lugar(base, kTablaCabecera, clave.Condicion(), clave.Valores());
+    Registro cabecera = lugar.Empieza(clave);
+    llena(cabecera);
+    lugar.Escribe(std::move(cabecera));
+}
+
+void GrabaCasilla(Base& base, const ReglaDeCasillas& regla, const ClaveDeclaracion& clave, const CasillaAGrabar& una) {
+    if (Recorta(una.valor).isEmpty() || clave.ruc.EstaVacio())
+        return;
+    const FilaDeTabla lugar(base, kTablaCasillas, clave.CondicionSinTipo() + u" AND CASILLA=?"_s,
+                            clave.Valores() << una.casilla);
+    Registro fila = lugar.Empieza(clave);
+    fila.Pon(u"Casilla", una.casilla)
+        .Pon(u"i_valor", ValorGuardado(regla, una))
+        .Pon(u"idcasilla", regla.idCasilla.value(una.casilla, u"01"_s));
+    lugar.Escribe(std::move(fila));
+}
+
+void EliminaDeclaracion(Base& base, const Formulario& formulario, const ClaveDeclaracion& clave) {
+    QList<TablaDeDeclaracion> tablas = formulario.tablas;
+    if (clave.enviada)
+        tablas.removeIf([](const TablaDeDeclaracion& tabla) { return tabla.copiaQueda; });
+    std::sort(tablas.begin(), tablas.end(),
+              [](const auto& una, const auto& otra) { return una.turnoAlEliminar < otra.turnoAlEliminar; });
+    Transaccion transaccion = base.Comienza();
+    for (const TablaDeDeclaracion& tabla : tablas)
+        base.Ejecuta(u"DELETE * FROM "_s + clave.Tabla(tabla.nombre) + u' ' + clave.Condicion(), clave.Valores());
+    transaccion.Confirma();
+}
+
+} // namespace xa518

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "family/FormDescription.h"
+
+#include <QString>
+
+#include <functional>
+
+namespace xa518 {
+
+class Base;
+class Registro;
+struct ClaveDeclaracion;
+
+/// The two tables that every form has: the head of a declaration and its boxes.
+inline const TablaDeDeclaracion kTablaCabecera{
+    .nombre = QStringLiteral("CAB"), .numericas = 5, .numericasEnviada = 6, .turnoAlEliminar = 2};
+inline const TablaDeDeclaracion kTablaCasillas{
+    .nombre = QStringLiteral("DET"), .numericas = 6, .numericasEnviada = 6, .turnoAlEliminar = 1};
+
+/// Writes the head of a registered declaration: `llena` puts what the form tells into the stored row, or into a new one
+/// that has the key.
+void GrabaCabecera(Base& base, const ClaveDeclaracion& clave, const std::function<void(Registro&)>& llena);
+
+struct CasillaAGrabar {
+    QString casilla;
+    QString valor;
+};
+
+/// Writes one box of a registered declaration, adding its row or editing it. An empty value, or a declaration without
+/// declarant, writes nothing.
+void GrabaCasilla(Base& base, const ReglaDeCasillas& regla, const ClaveDeclaracion& clave, const CasillaAGrabar& una);
+
+/// Deletes a declaration of that form, registered or sent as the key says, in one transaction.
+void EliminaDeclaracion(Base& base, const Formulario& formulario, const ClaveDeclaracion& clave);
+
+} // namespace xa518
