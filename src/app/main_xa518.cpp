@@ -2,6 +2,7 @@
 #include "app/Forms.h"
 #include "app/MDIFrm.h"
 #include "app/ModuleForms.h"
+#include "app/ModuleHelp.h"
 #include "family/Configuration.h"
 #include "family/Process.h"
 #include "family/Startup.h"

@@ -15,17 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kAyudaModulo = uR"(Uso: xa518
-
-Abre el módulo de la declaración 0518. Trabaja junto a la consola: inicie primero consola, o las dos a la vez con
-consola --modulo. Sin pantalla, use xa518-lote.
-
-  -h, --help       Muestra esta ayuda.
-  -v, --version    Muestra la versión.
-
-Código de salida: 0 el usuario cerró el módulo; 1 no se pudo abrir.
-)"_s;
-
 /// A positive number has a leading blank: so the family's messages show it.
 QString NumeroComoTexto(int numero) {
     return numero < 0 ? QString::number(numero) : u' ' + QString::number(numero);
@@ -46,17 +35,6 @@ bool PuedeArrancar(VentanasDelSistema& ventanas, InstanciaUnica& instancia, Avis
         return false;
     }
     return true;
-}
-
-std::optional<QString> RespuestaSinVentana(const QStringList& argumentos) {
-    const auto pide = [&](const QString& corta, const QString& larga) {
-        return argumentos.contains(corta) || argumentos.contains(larga);
-    };
-    if (pide(u"-h"_s, u"--help"_s))
-        return kAyudaModulo;
-    if (pide(u"-v"_s, u"--version"_s))
-        return u"xa518 " XA518_VERSION "\n"_s;
-    return std::nullopt;
 }
 
 Mensaje MensajeDeConexion(const Error& falla) {

@@ -3,9 +3,6 @@
 #include "values/Message.h"
 
 #include <QString>
-#include <QStringList>
-
-#include <optional>
 
 namespace xa518 {
 
@@ -22,10 +19,6 @@ inline const QString kTituloIntegrador = QStringLiteral("Consola Orvel de Presen
 /// refusal it shows why and returns false: the process ends. In this order, so that without the launcher its message
 /// comes first even at a second start.
 [[nodiscard]] bool PuedeArrancar(VentanasDelSistema& ventanas, InstanciaUnica& instancia, Avisos& avisos);
-
-/// What the command line asks for that needs neither window nor screen, `--help` or `--version`, whatever else it says;
-/// nothing when it asks for neither.
-[[nodiscard]] std::optional<QString> RespuestaSinVentana(const QStringList& argumentos);
 
 /// What is told when the database can't be opened.
 [[nodiscard]] Mensaje MensajeDeConexion(const Error& falla);
