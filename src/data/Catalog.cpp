@@ -1,6 +1,7 @@
 #include "data/Catalog.h"
 
 #include "data/Base.h"
+#include "data/CatalogLayout.h"
 #include "values/Format.h"
 
 namespace xa518 {
@@ -12,6 +13,10 @@ QString Catalogo::FuncionParam(const QString& numero, const QString& argumento, 
                                  " Where Numero = ? and Argumento =?"_s,
                                  {inicio, largo, numero, argumento});
     return fila.Siguiente() ? fila.Texto(u"func") : QString();
+}
+
+QString Catalogo::FuncionParam(const QString& numero, const QString& argumento, const Tramo& tramo) const {
+    return FuncionParam(numero, argumento, tramo.ancho, tramo.inicio);
 }
 
 QString Catalogo::Funcion(const QString& numero, const QString& argumento) const {
@@ -30,8 +35,9 @@ QString Catalogo::TipoUsuario(const QString& usuario) const {
 }
 
 QString SqlBancos() {
-    return u"SELECT MID(ARGUMENTO,1,2) as codigo, mid(FUNCION,1,36) as descrip "
-           "FROM PARAM WHERE NUMERO='004' AND TRIM(ARGUMENTO)<> '00' order by 1"_s;
+    return u"SELECT %1 as codigo, %2 as descrip "
+           "FROM PARAM WHERE NUMERO='004' AND TRIM(ARGUMENTO)<> '00' order by 1"_s.arg(
+               TramosBanco::kCodigo.Sql(u"ARGUMENTO"), TramosBanco::kNombre.Sql(u"FUNCION"));
 }
 
 QList<BancoOfrecido> BancosOfrecidos(Base& base) {

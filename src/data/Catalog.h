@@ -6,6 +6,7 @@
 namespace xa518 {
 
 class Base;
+struct Tramo;
 
 /// The reads of the shared catalogue `PARAM`, the error texts and the users. A missing row is no error: it gives the
 /// empty text or the default told at each.
@@ -15,6 +16,7 @@ class Catalogo {
 
     /// A piece of `Funcion`: note that the length comes before the position.
     [[nodiscard]] QString FuncionParam(const QString& numero, const QString& argumento, int largo, int inicio) const;
+    [[nodiscard]] QString FuncionParam(const QString& numero, const QString& argumento, const Tramo& tramo) const;
     /// The whole `Funcion` of a row; empty when there is none.
     [[nodiscard]] QString Funcion(const QString& numero, const QString& argumento) const;
 

@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "data/Catalog.h"
+#include "data/CatalogLayout.h"
 #include "data/ObjetoUtil.h"
 #include "values/Decimal.h"
 #include "values/Text.h"
@@ -19,15 +20,12 @@ const QString& FilaRucPorDefecto() {
     return fila;
 }
 
-constexpr int kInicioCorto = 32;
-constexpr int kLargoCorto = 11;
-constexpr int kInicioLargo = 46;
-constexpr int kInicioTipoDato = 128;
-constexpr int kInicioTipoLongitud = 130;
-
 TipoDocumento Corta(const QString& codigo, QStringView funcion) {
-    return {codigo, Mid(funcion, kInicioCorto, kLargoCorto).toString(), Mid(funcion, kInicioLargo, 2).toString(),
-            Mid(funcion, kInicioTipoDato, 1).toString(), Mid(funcion, kInicioTipoLongitud, 1).toString()};
+    return {.codigo = codigo,
+            .corto = TramosDocumento::kCorto.Corta(funcion).toString(),
+            .lenDoc = TramosDocumento::kLargo.Corta(funcion).toString(),
+            .tipoDato = TramosDocumento::kTipoDato.Corta(funcion).toString(),
+            .tipoLongitud = TramosDocumento::kTipoLongitud.Corta(funcion).toString()};
 }
 
 bool LargoValido(const TipoDocumento& tipo, qsizetype largo) {
@@ -45,12 +43,11 @@ QString TipoDocumento::Item() const {
            u' ' + tipoLongitud;
 }
 
-QList<TipoDocumento> DocumentosOfrecidos(Base& base, int posFlag) {
+QList<TipoDocumento> DocumentosOfrecidos(Base& base, const Tramo& uso) {
     Registros filas = base.Lee(u" SELECT format(trim(Par1.Argumento),'00') as Codigo, Par1.Funcion"
                                " FROM Param as Par1 "
-                               " WHERE Par1.Numero = '044' and mid(Funcion,?,1)='1' "
-                               " Order By mid(Funcion,56,2)"_s,
-                               {posFlag});
+                               " WHERE Par1.Numero = '044' and %1='1' "
+                               " Order By %2"_s.arg(uso.Sql(u"Funcion"), TramosDocumento::kOrden.Sql(u"Funcion")));
     QList<TipoDocumento> tipos;
     while (filas.Siguiente())
         tipos.append(Corta(filas.Texto(0), filas.Texto(1)));

@@ -8,6 +8,7 @@
 namespace xa518 {
 
 class Base;
+struct Tramo;
 
 /// A row of the catalogue of document types, cut out of its fixed columns.
 struct TipoDocumento {
@@ -24,8 +25,8 @@ struct TipoDocumento {
     [[nodiscard]] QString Item() const;
 };
 
-/// The document types offered where column `posFlag` of their row says "1", in the order of their sort key.
-[[nodiscard]] QList<TipoDocumento> DocumentosOfrecidos(Base& base, int posFlag);
+/// The document types whose row has a "1" in the column of a use, in the order of their sort key.
+[[nodiscard]] QList<TipoDocumento> DocumentosOfrecidos(Base& base, const Tramo& uso);
 
 /// The type of a code compared by value, nothing when the catalogue lacks it.
 [[nodiscard]] std::optional<TipoDocumento> DocumentoDeTipo(Base& base, const QString& tipo);

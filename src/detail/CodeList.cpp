@@ -2,6 +2,7 @@
 
 #include "data/DocumentTypes.h"
 #include "detail/VoucherTypes.h"
+#include "form518/FormCatalogs.h"
 #include "values/Decimal.h"
 #include "values/Text.h"
 #include "widgets/WidgetHelpers.h"
@@ -18,7 +19,6 @@ namespace {
 
 constexpr int kTodos = 40;
 constexpr int kLargoCodigo = 2;
-constexpr int kOfrecidosAlCliente = 82; ///< column of catalogue "044"
 constexpr int kLargoVisible = 15;
 constexpr int kFinNombreCorto = 67; ///< behind it stand the length and the flags of the number
 constexpr int kLargoItemTipo = 45;
@@ -102,7 +102,7 @@ void ListaCodigos::paintEvent(QPaintEvent* /*evento*/) {
 
 void LlenaTiposDeDocumento(ListaCodigos& lista, Base& base, const QString& enMano) {
     QStringList items;
-    for (const TipoDocumento& tipo : DocumentosOfrecidos(base, kOfrecidosAlCliente))
+    for (const TipoDocumento& tipo : DocumentosOfrecidos(base, UsosDocumento::kEnSujetos))
         items.append(tipo.Item());
     if (const std::optional<TipoDocumento> tipo = DocumentoDeTipo(base, enMano); tipo && !items.contains(tipo->Item()))
         items.append(tipo->Item());

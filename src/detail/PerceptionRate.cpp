@@ -1,6 +1,7 @@
 #include "detail/PerceptionRate.h"
 
 #include "data/Base.h"
+#include "data/CatalogLayout.h"
 #include "values/Format.h"
 
 namespace xa518 {
@@ -83,10 +84,11 @@ QString Percepcion(const QString& monto, const QString& factor) {
 }
 
 QString IniIgv(Base& base, const QString& argumento, const QString& numeroIgv, Periodo periodo) {
-    Registros filas = base.Lee(u"SELECT MID(ARGUMENTO,8,6) AS PER, mid(FUNCION,2,6) AS IGV FROM PARAM "
-                               "WHERE numero=? AND MID(ARGUMENTO,8,6)<= ? AND MID(ARGUMENTO,1,6)=? "
-                               "order by MID(ARGUMENTO,8,6)"_s,
-                               {numeroIgv, periodo.Texto(), argumento});
+    const QString desde = TramosImpuesto::kDesde.Sql(u"ARGUMENTO");
+    Registros filas = base.Lee(
+        u"SELECT %1 AS PER, %2 AS IGV FROM PARAM WHERE numero=? AND %1<= ? AND %3=? "
+        "order by %1"_s.arg(desde, TramosImpuesto::kTasa.Sql(u"FUNCION"), TramosImpuesto::kClase.Sql(u"ARGUMENTO")),
+        {numeroIgv, periodo.Texto(), argumento});
     QString tasa;
     while (filas.Siguiente())
         tasa = Decimal::Valor(filas.Texto(u"IGV")).Texto();

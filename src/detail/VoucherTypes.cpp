@@ -1,6 +1,7 @@
 #include "detail/VoucherTypes.h"
 
 #include "data/Base.h"
+#include "form518/FormCatalogs.h"
 #include "values/Format.h"
 #include "values/Text.h"
 
@@ -17,7 +18,7 @@ const QString kNotaDeCredito = u"07"_s;
 
 QStringList Lista(Base& base, const std::function<bool(const QString&)>& entra) {
     Registros filas = base.Lee(u"SELECT argumento, funcion FROM PARAM WHERE numero='233' AND "
-                               "MID(FUNCION,64,1)='1'"_s);
+                               "%1='1'"_s.arg(TramosTipoComprobante::kUso.Sql(u"FUNCION")));
     QStringList items;
     while (filas.Siguiente()) {
         const QString codigo = filas.Texto(0);

@@ -1,6 +1,7 @@
 #include "family/Configuration.h"
 
 #include "data/Catalog.h"
+#include "data/CatalogLayout.h"
 #include "data/SchemaVersion.h"
 #include "family/Process.h"
 #include "family/SchemaSteps.h"
@@ -74,7 +75,7 @@ void ExigeInstalacion(const ArchivoPerfil& perfil) {
 }
 
 void LeerCatalogoInicial(Proceso& proceso) {
-    const QString primero = Catalogo(*proceso.baseDatos).FuncionParam(u"830"_s, u"01"_s, 6, 1);
+    const QString primero = Catalogo(*proceso.baseDatos).FuncionParam(u"830"_s, u"01"_s, TramosPrimerPeriodo::kPeriodo);
     proceso.fechaPrimerIgv = Periodo::DeTabla(primero).value_or(Periodo());
 }
 

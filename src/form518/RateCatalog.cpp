@@ -1,6 +1,7 @@
 #include "form518/RateCatalog.h"
 
 #include "data/Base.h"
+#include "form518/FormCatalogs.h"
 #include "values/Text.h"
 
 namespace xa518 {
@@ -9,17 +10,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The fixed part of the catalogue's key, between the class and the month.
-const QString kTramo = u"010909"_s;
 const QString kSinFin = u"99991231"_s;
 constexpr int kLugares = 20;
-constexpr int kInicioMes = 8;
-constexpr int kLargoMes = 6;
+
+/// Of a key of the class, up to the month.
+QString Comienzo(const QString& clase) {
+    return clase + TramosTasa::kFijo.toString();
+}
+
+/// The rows whose key begins with so many given characters.
+QString SqlTasas(int comienzo) {
+    return u"SELECT * FROM PARAM WHERE numero='953' AND LEFT(ARGUMENTO,%1)=? order by argumento"_s.arg(comienzo);
+}
 
 /// The month of the row in force: the last start not after `mes`; empty when none is.
 QString VigenciaPara(const QStringList& vigencias, QStringView mes) {
     for (qsizetype i = 0; i + 1 < vigencias.size(); ++i) {
-        if (mes >= QStringView(vigencias[i]).left(kLargoMes) && mes < QStringView(vigencias[i + 1]).left(kLargoMes))
+        if (mes >= QStringView(vigencias[i]).left(TramosTasa::kDesde.ancho) &&
+            mes < QStringView(vigencias[i + 1]).left(TramosTasa::kDesde.ancho))
             return vigencias[i];
     }
     return {};
@@ -39,12 +47,10 @@ FilaTasa CatalogoTasas::Busca(const QString& clase, Periodo mes) {
 }
 
 QStringList CatalogoTasas::Vigencias(const QString& clase) const {
-    Registros filas = m_base->Lee(u"SELECT * FROM PARAM WHERE numero='953' AND LEFT(ARGUMENTO,7)=?"
-                                  " order by argumento"_s,
-                                  {QString(clase + kTramo)});
+    Registros filas = m_base->Lee(SqlTasas(TramosTasa::kDesde.inicio - 1), {Comienzo(clase)});
     QStringList vigencias;
     while (filas.Siguiente())
-        vigencias.append(Mid(Recorta(filas.Texto(u"Argumento")), kInicioMes, kLargoMes).toString());
+        vigencias.append(TramosTasa::kDesde.Corta(Recorta(filas.Texto(u"Argumento"))).toString());
     vigencias.append(kSinFin);
     if (vigencias.size() > kLugares) // the sentinel takes one of the places
         throw Desbordamiento();
@@ -52,14 +58,14 @@ QStringList CatalogoTasas::Vigencias(const QString& clase) const {
 }
 
 FilaTasa CatalogoTasas::LeeFila(const QString& clase, const QString& desde) const {
-    Registros filas = m_base->Lee(u"SELECT * FROM PARAM WHERE numero='953' AND LEFT(argumento,13)=?"
-                                  " order by argumento"_s,
-                                  {QString(clase + kTramo + desde)});
+    Registros filas =
+        m_base->Lee(SqlTasas(TramosTasa::kDesde.inicio - 1 + TramosTasa::kDesde.ancho), {Comienzo(clase) + desde});
     if (!filas.Siguiente())
         return {u"0"_s, u"0"_s};
     const QString funcion = filas.Texto(u"Funcion");
-    const QStringView factor = ConFactorInicial(m_periodoDeclarado) ? Mid(funcion, 2, 6) : Mid(funcion, 21, 9);
-    return {Recorta(factor).toString(), Recorta(Mid(funcion, 31, 6)).toString()};
+    const Tramo& factor = ConFactorInicial(m_periodoDeclarado) ? TramosTasa::kFactorInicial : TramosTasa::kFactor;
+    return {.factor = Recorta(factor.Corta(funcion)).toString(),
+            .tasa = Recorta(TramosTasa::kTasa.Corta(funcion)).toString()};
 }
 
 } // namespace xa518

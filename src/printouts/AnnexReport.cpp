@@ -1,6 +1,7 @@
 #include "printouts/AnnexReport.h"
 
 #include "data/Base.h"
+#include "form518/FormCatalogs.h"
 #include "platform/Clock.h"
 #include "values/Dates.h"
 #include "values/Format.h"
@@ -24,8 +25,9 @@ constexpr int kLineasPorPaginaEstimadas = 42;
 constexpr int kLineasFijasLeyenda = 7;
 
 const QString& SqlLeyenda() {
-    static const QString sql = u"SELECT MID(ARGUMENTO,1,2) as codigo,mid(FUNCION,1,35) as descrip "
-                               "FROM PARAM WHERE NUMERO='233' AND ( mid(funcion,64,1)='1')"_s;
+    using Tipo = TramosTipoComprobante;
+    static const QString sql = u"SELECT %1 as codigo,%2 as descrip FROM PARAM WHERE NUMERO='233' AND ( %3='1')"_s.arg(
+        Tipo::kTipo.Sql(u"ARGUMENTO"), Tipo::kDescripcionEnLeyenda.Sql(u"FUNCION"), Tipo::kUso.Sql(u"funcion"));
     return sql;
 }
 

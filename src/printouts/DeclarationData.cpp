@@ -1,6 +1,7 @@
 #include "printouts/DeclarationData.h"
 
 #include "data/Base.h"
+#include "form518/FormCatalogs.h"
 #include "values/Decimal.h"
 #include "values/Text.h"
 
@@ -14,10 +15,6 @@ namespace {
 
 constexpr int kCasillaClientes = 501;
 constexpr int kClientesMaximos = 100'000'000;
-
-constexpr int kInicioCorto = 32;
-constexpr int kLargoCorto = 11;
-constexpr int kEnInformes = 75;
 
 void CargaCasillas(Base& base, DatosDeclaracion& datos) {
     Registros filas = base.Lee(u"SELECT CASILLA, I_VALOR FROM "_s + datos.clave.Tabla(u"DET"_s) + u' ' +
@@ -86,9 +83,8 @@ NombresDocumento CargarGrilla(Base& base) {
     Registros filas = base.Lee(u"Select funcion,argumento From param Where numero='044' Order by val(argumento)"_s);
     while (filas.Siguiente()) {
         const QString funcion = filas.Texto(0);
-        if (Mid(funcion, kEnInformes, 1) == u"1")
-            nombres.insert(Recorta(filas.Texto(1)).toInt(),
-                           Recorta(Mid(funcion, kInicioCorto, kLargoCorto)).toString());
+        if (UsosDocumento::kEnInformes.Corta(funcion) == u"1")
+            nombres.insert(Recorta(filas.Texto(1)).toInt(), Recorta(TramosDocumento::kCorto.Corta(funcion)).toString());
     }
     return nombres;
 }

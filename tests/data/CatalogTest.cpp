@@ -1,6 +1,7 @@
 #include "DataFixture.h"
 
 #include "data/Catalog.h"
+#include "data/CatalogLayout.h"
 #include "data/DocumentTypes.h"
 #include "data/ObjetoUtil.h"
 #include "data/RecordChecksum.h"
@@ -52,7 +53,7 @@ TEST_F(CatalogTest, DocumentsAreOfferedByFlagInTheOrderOfTheirKey) {
     Documentos();
     const auto items = [this](int bandera) {
         QStringList lista;
-        for (const TipoDocumento& tipo : DocumentosOfrecidos(*m_base, bandera))
+        for (const TipoDocumento& tipo : DocumentosOfrecidos(*m_base, {u"uso", bandera, 1}))
             lista.append(tipo.Item());
         return lista;
     };

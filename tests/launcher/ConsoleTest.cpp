@@ -5,6 +5,7 @@
 #include "data/Transaction.h"
 #include "family/WorkLock.h"
 #include "form518/Form0518.h"
+#include "form518/FormCatalogs.h"
 #include "launcher/CommandLine.h"
 #include "launcher/Declarants.h"
 #include "launcher/Schema.h"
@@ -63,7 +64,7 @@ TEST_F(Console, InstallsPrivatelyWithTheRowsThatTheModulesRelyOn) {
               u"REG. UNICO DE CONTRIBUYENTES   RUC           11 000110 01 000001000001100111011111"
               "                                           0 5 0"_s);
     QStringList ofrecidos; // the types that the import takes are all there for a person, too
-    for (const TipoDocumento& tipo : DocumentosOfrecidos(*base, 82))
+    for (const TipoDocumento& tipo : DocumentosOfrecidos(*base, UsosDocumento::kEnSujetos))
         ofrecidos += tipo.codigo;
     EXPECT_EQ(ofrecidos.join(u' '), u"06 01 04 07 03 02 11"_s);
     const QString codigos =
