@@ -63,10 +63,7 @@ void PagDeuda::CambiaCasilla(int casilla, const QString& texto) {
 }
 
 void PagDeuda::PonBancos(const QList<BancoOfrecido>& bancos) {
-    QList<OpcionBanco> opciones;
-    for (const BancoOfrecido& banco : bancos)
-        opciones.append({banco.codigo, banco.descripcion});
-    m_ui->FormaDePagoQMD1->PonBancos(opciones);
+    m_ui->FormaDePagoQMD1->PonBancos(bancos);
 }
 
 void PagDeuda::MuestraEnviada() {

@@ -120,10 +120,10 @@ void FormaDePagoQMD::ActivaCheque() {
     m_numero->setEnabled(m_cheque->isChecked());
 }
 
-void FormaDePagoQMD::PonBancos(const QList<OpcionBanco>& bancos) {
+void FormaDePagoQMD::PonBancos(const QList<BancoOfrecido>& bancos) {
     const QString elegido = Banco();
     m_banco->clear();
-    for (const OpcionBanco& banco : bancos)
+    for (const BancoOfrecido& banco : bancos)
         m_banco->addItem(Recortado(banco.codigo) + u"  "_s + Recortado(banco.descripcion), Recortado(banco.codigo));
     PonBanco(elegido);
     AjustaCombo(*this, *m_banco);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "data/Catalog.h"
+
 #include <QList>
 #include <QString>
 #include <QWidget>
@@ -11,11 +13,6 @@ class QLineEdit;
 class QRadioButton;
 
 namespace xa518 {
-
-struct OpcionBanco {
-    QString codigo;
-    QString descripcion;
-};
 
 /// The family's payment control: cash, or a cheque with its bank and number, and the amount to pay.
 /// Texts are handed out trimmed.
@@ -30,7 +27,7 @@ class FormaDePagoQMD : public QWidget {
     explicit FormaDePagoQMD(QWidget* padre = nullptr);
 
     /// The banks to choose from. The one chosen before stays chosen.
-    void PonBancos(const QList<OpcionBanco>& bancos);
+    void PonBancos(const QList<BancoOfrecido>& bancos);
 
     /// "E" cash, "C" cheque, "X" no choice yet.
     [[nodiscard]] QString FormaPago() const;
