@@ -20,13 +20,9 @@ namespace {
 
 /// The client dialog over the declaration form, on the row of its grid.
 void AbreCliente(Proceso& proceso, Avisos& avisos, Forma& sobre, const ClaveDeclaracion& clave,
-                 const std::optional<ClienteElegido>& cliente) {
+                 const std::optional<FilaCliente>& cliente) {
     RelojDeArena reloj;
-    std::optional<FilaCliente> fila;
-    if (cliente)
-        fila = FilaCliente{cliente->tipDocPer, cliente->numDocPer, cliente->desRazon,
-                           cliente->apellidoP, cliente->apellidoM, cliente->nombres};
-    FrmAgePer dialogo(proceso, avisos, clave.periodo.EnPantalla(), fila, &sobre);
+    FrmAgePer dialogo(proceso, avisos, clave.periodo.EnPantalla(), cliente, &sobre);
     reloj.Suelta();
     sobre.AbreModal(dialogo);
 }
@@ -66,7 +62,7 @@ Dialogos FormasDelModulo(Proceso& proceso, Avisos& avisos) {
                                                QWidget* padre) -> std::unique_ptr<QDialog> {
         DialogosDeDetalle detalle;
         detalle.abreCliente = [&proceso, &avisos](Forma& sobre, const ClaveDeclaracion& clave,
-                                                  const std::optional<ClienteElegido>& cliente) {
+                                                  const std::optional<FilaCliente>& cliente) {
             AbreCliente(proceso, avisos, sobre, clave, cliente);
         };
         detalle.abreImportacion = [&proceso, &avisos](Forma& sobre, const ImportacionPedida& pedida) {

@@ -2,27 +2,9 @@
 
 #include "declaration/Declaration.h"
 
-#include <QString>
-
 namespace xa518 {
 
 class Base;
-
-/// The grid's query: one row per client of the work table, with the short name of its document type. A client whose
-/// type the catalogue lacks isn't in it, and so is lost at a save, whose source it is. Wanted.
-[[nodiscard]] QString SqlClientes();
-
-enum class ColumnaCliente {
-    Doc,
-    NumDocPer,
-    DesRazon,
-    MtoBaseP,
-    MtoImpP,
-    DesApellidoP,
-    DesApellidoM,
-    DesNombres,
-    TipDocPer
-};
 
 /// The totals shown when a declaration has just been loaded: "0" without clients.
 void MuestraTotalesDeCarga(Base& base, Declaracion& declaracion);

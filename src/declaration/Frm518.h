@@ -3,6 +3,7 @@
 #include "declaration/Declaration.h"
 #include "declaration/TaxPeriod.h"
 #include "family/WorkLock.h"
+#include "form518/WorkClients.h"
 #include "values/Message.h"
 #include "widgets/FieldFocus.h"
 #include "widgets/Form.h"
@@ -31,16 +32,6 @@ struct DeclaracionElegida {
     QString control;
 };
 
-/// A row of the client grid, as the client dialog needs it.
-struct ClienteElegido {
-    QString tipDocPer;
-    QString numDocPer;
-    QString desRazon;
-    QString apellidoP;
-    QString apellidoM;
-    QString nombres;
-};
-
 /// What the import goes into: the declaration, and the form that shows it.
 struct ImportacionPedida {
     ClaveDeclaracion clave;
@@ -51,7 +42,7 @@ struct ImportacionPedida {
 /// The dialogs of other rooms that the declaration form opens over itself. One that is missing does nothing.
 struct DialogosDeDetalle {
     /// The client dialog: on a row of the grid, or on none for a new client.
-    std::function<void(Forma& sobre, const ClaveDeclaracion& clave, const std::optional<ClienteElegido>& cliente)>
+    std::function<void(Forma& sobre, const ClaveDeclaracion& clave, const std::optional<FilaCliente>& cliente)>
         abreCliente;
     /// The import into the work tables of that declaration.
     std::function<void(Forma& sobre, const ImportacionPedida& pedida)> abreImportacion;

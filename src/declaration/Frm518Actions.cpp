@@ -33,7 +33,7 @@ void Frm518::Opcion(int indice) {
 
 bool Frm518::AtiendeOpcion(int indice) {
     const ClaveDeclaracion clave = Clave();
-    const std::optional<ClienteElegido> cliente = m_ui->PaginaPercepcion->Elegido();
+    const std::optional<FilaCliente> cliente = m_ui->PaginaPercepcion->Elegido();
     switch (indice) {
     case Modificar:
         if (!cliente)
@@ -61,7 +61,7 @@ bool Frm518::AtiendeOpcion(int indice) {
 
 bool Frm518::EliminaCliente() {
     const RelojDeArena reloj; // a message box shows the arrow above it
-    const std::optional<ClienteElegido> cliente = m_ui->PaginaPercepcion->Elegido();
+    const std::optional<FilaCliente> cliente = m_ui->PaginaPercepcion->Elegido();
     if (!cliente)
         return false;
     const Mensaje pregunta{Icono::Pregunta, u"¿Confirma que va a eliminar la información?"_s, {}};

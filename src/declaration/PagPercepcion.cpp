@@ -2,9 +2,9 @@
 
 #include "ui_PagPercepcion.h"
 
-#include "declaration/ClientGrid.h"
 #include "declaration/Declaration.h"
 #include "form518/ClientName.h"
+#include "form518/WorkClients.h"
 #include "widgets/BoxLabel.h"
 
 namespace xa518 {
@@ -90,14 +90,18 @@ void PagPercepcion::PonPrimeraFila() {
     m_ui->GrdDatos->PonFila(0);
 }
 
-std::optional<ClienteElegido> PagPercepcion::Elegido() const {
+std::optional<FilaCliente> PagPercepcion::Elegido() const {
     const int fila = Fila();
     if (fila < 0)
         return std::nullopt;
     const auto texto = [&](ColumnaCliente columna) { return m_clientes.Texto(fila, Campo(columna)); };
-    return ClienteElegido{texto(ColumnaCliente::TipDocPer),    texto(ColumnaCliente::NumDocPer),
-                          texto(ColumnaCliente::DesRazon),     texto(ColumnaCliente::DesApellidoP),
-                          texto(ColumnaCliente::DesApellidoM), texto(ColumnaCliente::DesNombres)};
+    using enum ColumnaCliente;
+    return FilaCliente{.tipDocPer = texto(TipDocPer),
+                       .numDocPer = texto(NumDocPer),
+                       .desRazon = texto(DesRazon),
+                       .apellidoP = texto(DesApellidoP),
+                       .apellidoM = texto(DesApellidoM),
+                       .nombres = texto(DesNombres)};
 }
 
 } // namespace xa518

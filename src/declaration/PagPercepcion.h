@@ -39,7 +39,7 @@ class PagPercepcion : public QWidget {
     [[nodiscard]] int Fila() const;
     void PonPrimeraFila();
     /// The client of the current row; nothing in an empty grid.
-    [[nodiscard]] std::optional<ClienteElegido> Elegido() const;
+    [[nodiscard]] std::optional<FilaCliente> Elegido() const;
 
   Q_SIGNALS:
     /// A button, by its index: 0 new, 1 modify, 2 delete, 3 import; a double click or Enter on a row is 1.

@@ -5,6 +5,8 @@
 #include "declaration/Consistency.h"
 #include "declaration/StoredBoxes.h"
 #include "family/StoredDeclaration.h"
+#include "form518/FormCatalogs.h"
+#include "form518/SavedDetail.h"
 #include "values/Dates.h"
 #include "values/Format.h"
 #include "values/Text.h"
@@ -54,8 +56,9 @@ Decimal SumaCorrelativos(Base& base, const QString& catalogo) {
 }
 
 QString CatalogosDeControl(Base& base, const QString& formulario) {
-    Registros filas =
-        base.Lee(u"SELECT * FROM PARAM WHERE numero='981' AND left(argumento,4)=? ORDER BY rowid"_s, {formulario});
+    Registros filas = base.Lee(u"SELECT * FROM PARAM WHERE numero='981' AND %1=? ORDER BY rowid"_s.arg(
+                                   TramosControl::kFormulario.Sql(u"argumento")),
+                               {formulario});
     return filas.Siguiente() ? Recorta(filas.Texto(u"Funcion")).toString() : QString();
 }
 
@@ -122,7 +125,7 @@ QString SumaDeControl(Base& base, const QString& formulario) {
     const QString catalogos = CatalogosDeControl(base, formulario);
     Importe suma;
     for (int i = 0; i < CuartosRedondeados(catalogos.size() + 1); ++i) {
-        const QString catalogo = Mid(catalogos, 4 * i + 1, 3).toString();
+        const QString catalogo = TramosControl::Catalogo(i).Corta(catalogos).toString();
         suma += Importe::De(Decimal::Valor(catalogo) * SumaCorrelativos(base, catalogo));
     }
     return suma.Texto();

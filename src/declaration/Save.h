@@ -24,7 +24,4 @@ struct ResultadoGrabacion {
 /// The control sum of box 722: of each catalogue that "981" lists for the form, its number times its running numbers.
 [[nodiscard]] QString SumaDeControl(Base& base, const QString& formulario);
 
-/// Rewrites the saved detail tables from the work tables. Part of the save, inside its transaction.
-void GrabaDetalle(Base& base, const ClaveDeclaracion& clave);
-
 } // namespace xa518

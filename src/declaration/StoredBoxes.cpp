@@ -4,6 +4,7 @@
 #include "data/Catalog.h"
 #include "family/StoredDeclaration.h"
 #include "form518/Form0518.h"
+#include "form518/FormCatalogs.h"
 #include "values/Text.h"
 
 namespace xa518 {
@@ -11,10 +12,6 @@ namespace xa518 {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString TextoDeSuma(const Registros& fila, int columna) {
-    return fila.EsNulo(columna) ? u"0"_s : fila.Texto(columna);
-}
 
 void CargaPago(Base& base, Declaracion& declaracion) {
     const ClaveDeclaracion& clave = declaracion.clave;
@@ -33,20 +30,9 @@ void GrabaCasilla(Base& base, const ClaveDeclaracion& clave, const QString& casi
 
 void GrabaCasillaParam(Base& base, const ClaveDeclaracion& clave) {
     const QString funcion = Catalogo(base).Funcion(u"856"_s, clave.formulario);
-    const QString casilla = Recorta(Mid(funcion, 20, 3)).toString();
+    const QString casilla = Recorta(TramosCasilla::kCasilla.Corta(funcion)).toString();
     if (!casilla.isEmpty())
-        GrabaCasilla(base, clave, casilla, Mid(funcion, 5, 10).toString());
-}
-
-SumasDetalle Get_Data(Base& base, const QString& tabla, const ClaveDeclaracion& clave) {
-    const bool conPercepcion = tabla != u"F518PDETCP";
-    const QString sumas = conPercepcion ? u"SUM(mto_base_p*1) as sBase, SUM(mto_imp_p*1) as sRetencion "_s
-                                        : u"SUM(mto_detcp*1) as sBase "_s;
-    Registros fila = base.Lee(u"SELECT Count(*) as sCant, "_s + sumas + u"FROM %1 "_s.arg(tabla) + clave.Condicion(),
-                              clave.Valores());
-    if (!fila.Siguiente())
-        return {u"0"_s, u"0"_s, u"0"_s};
-    return {fila.Texto(0), TextoDeSuma(fila, 1), conPercepcion ? TextoDeSuma(fila, 2) : u"0"_s};
+        GrabaCasilla(base, clave, casilla, TramosCasilla::kValor.Corta(funcion).toString());
 }
 
 void MuestraCasilla(Declaracion& declaracion, const QString& casilla, const QString& valor) {

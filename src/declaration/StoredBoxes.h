@@ -16,14 +16,6 @@ void GrabaCasilla(Base& base, const ClaveDeclaracion& clave, const QString& casi
 /// Writes the box that catalogue "856" names for the form, when it names one.
 void GrabaCasillaParam(Base& base, const ClaveDeclaracion& clave);
 
-/// Count, amounts charged and perceptions of a saved detail table; the payment vouchers have no perceptions.
-struct SumasDetalle {
-    QString cantidad;
-    QString base;
-    QString percepcion;
-};
-[[nodiscard]] SumasDetalle Get_Data(Base& base, const QString& tabla, const ClaveDeclaracion& clave);
-
 /// Shows one stored box in the record; boxes that the form has no field for are passed over.
 void MuestraCasilla(Declaracion& declaracion, const QString& casilla, const QString& valor);
 

@@ -54,8 +54,8 @@ bool DatosCliente::EsDeEmpresa() const {
 
 NombresCliente DatosCliente::Nombres() const {
     if (EsDeEmpresa())
-        return {true, nombres, {}, {}, {}};
-    return {false, {}, apellidoP, apellidoM, nombres};
+        return {.razon = nombres};
+    return {.razon = u" "_s, .apellidoP = apellidoP, .apellidoM = apellidoM, .nombres = nombres};
 }
 
 VeredictoCliente ValidaRucDeCliente(const QString& numero, const Ruc& docDeclarante) {

@@ -10,16 +10,6 @@
 
 namespace xa518 {
 
-/// A client's row as the dialog gets it handed over; of a new client there is none.
-struct FilaCliente {
-    QString tipDocPer; ///< compared by value: "06" and "6" are the same type
-    QString numDocPer;
-    QString desRazon;
-    QString apellidoP;
-    QString apellidoM;
-    QString nombres;
-};
-
 /// The fields of the client dialog that a rule may name.
 enum class CampoCliente { TipoDoc, NumDoc, ApellidoP, Nombres };
 using VeredictoCliente = VeredictoDe<CampoCliente>;
@@ -35,6 +25,8 @@ struct DatosCliente {
     [[nodiscard]] ClaveCliente Clave() const;
     [[nodiscard]] bool EsRuc() const { return Clave().tipoDoc == 6; }
     [[nodiscard]] bool EsDeEmpresa() const;
+    /// Of a company only its name is written; a person's row takes one blank in its place. Wanted: the save builds both
+    /// anew from the columns of their kind.
     [[nodiscard]] NombresCliente Nombres() const;
 };
 

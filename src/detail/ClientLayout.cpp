@@ -53,9 +53,9 @@ QString TeclasDeDocumento(const ReglaDeNumero& regla) {
 
 TotalesCliente TotalesDe(int comprobantes, const QString& base, const QString& percepcion) {
     const bool conDecimales = base.size() < kBaseConDecimales;
-    return {QString::number(comprobantes),
-            conDecimales ? Format(base, u"############.#0") : Format(base, u"##############0"),
-            Format(percepcion, u"###########0.#0")};
+    return {.ctdDocs = QString::number(comprobantes),
+            .base = Format(base, conDecimales ? u"############.#0" : u"##############0"),
+            .percepcion = Format(percepcion, u"###########0.#0")};
 }
 
 } // namespace xa518

@@ -178,7 +178,7 @@ void FrmAgePer::Nuevo() {
     if (!Pasa(ValidaParaComprobante(datos, m_proceso->docDeclarante, yaRegistrado)))
         return;
     reloj.Suelta();
-    AbreComprobante({{datos.Clave(), {}, {}, {}}, {}});
+    AbreComprobante({.clave = {.cliente = datos.Clave()}});
     FijaIdentidad(); // wanted also when no voucher was entered
 }
 
@@ -283,8 +283,11 @@ bool FrmAgePer::EsNuevo() const {
 }
 
 DatosCliente FrmAgePer::Datos() const {
-    return {m_ui->CmbTipDoc->Codigo(), m_ui->TxtNumDoc->text(), m_ui->TxtApePat->text(), m_ui->TxtApeMat->text(),
-            m_ui->TxtNombres->text()};
+    return {.codigo = m_ui->CmbTipDoc->Codigo(),
+            .numero = m_ui->TxtNumDoc->text(),
+            .apellidoP = m_ui->TxtApePat->text(),
+            .apellidoM = m_ui->TxtApeMat->text(),
+            .nombres = m_ui->TxtNombres->text()};
 }
 
 TotalesCliente FrmAgePer::Totales() const {
@@ -297,8 +300,14 @@ Comprobante FrmAgePer::Seleccionado() const {
         return m_comprobantes.Texto(m_ui->GrdPer->Fila(), Campo(columna));
     };
     return {
-        {Datos().Clave(), texto(Serie), texto(Numero), texto(TipCp)},
-        {texto(CpFact), texto(ListaClie), texto(MedPago), texto(Fecha), texto(Base), texto(Percepcion), texto(Tasa)}};
+        .clave = {.cliente = Datos().Clave(), .serie = texto(Serie), .numero = texto(Numero), .tipCp = texto(TipCp)},
+        .campos = {.cpFact = texto(CpFact),
+                   .listaClie = texto(ListaClie),
+                   .medPago = texto(MedPago),
+                   .fecha = texto(Fecha),
+                   .base = texto(Base),
+                   .percepcion = texto(Percepcion),
+                   .tasa = texto(Tasa)}};
 }
 
 } // namespace xa518

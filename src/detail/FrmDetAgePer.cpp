@@ -196,18 +196,26 @@ bool FrmDetAgePer::EnRangoPrimerIgv() const {
 }
 
 ClaveComprobante FrmDetAgePer::Clave() const {
-    return {m_cliente, m_ui->TxtSerie->text(), m_ui->TxtNumero->text(), m_tipoCP};
+    return {
+        .cliente = m_cliente, .serie = m_ui->TxtSerie->text(), .numero = m_ui->TxtNumero->text(), .tipCp = m_tipoCP};
 }
 
 Respuestas FrmDetAgePer::LasRespuestas() const {
-    return {m_cpFact->Respuesta(), m_listado->Respuesta(), m_venta->Respuesta(), m_medPago->Respuesta()};
+    return {.cpFact = m_cpFact->Respuesta(),
+            .listado = m_listado->Respuesta(),
+            .venta = m_venta->Respuesta(),
+            .medPago = m_medPago->Respuesta()};
 }
 
 DatosComprobante FrmDetAgePer::Datos() const {
-    return {m_contado->Respuesta() == true, m_ui->CmbTipoCP->Codigo(),
-            m_ui->TxtSerie->text(),         m_ui->TxtNumero->text(),
-            m_ui->MkeFecEmis->text(),       m_ui->TxtMtoBase->text(),
-            m_ui->FraListado->isEnabled(),  LasRespuestas()};
+    return {.contado = m_contado->Respuesta() == true,
+            .tipoCp = m_ui->CmbTipoCP->Codigo(),
+            .serie = m_ui->TxtSerie->text(),
+            .numero = m_ui->TxtNumero->text(),
+            .fecha = m_ui->MkeFecEmis->text(),
+            .monto = m_ui->TxtMtoBase->text(),
+            .exigeListado = m_ui->FraListado->isEnabled(),
+            .respuestas = LasRespuestas()};
 }
 
 bool FrmDetAgePer::Pasa(const VeredictoComprobante& veredicto) {
@@ -233,7 +241,9 @@ VeredictoComprobante FrmDetAgePer::Valida() const {
 ComprobanteDePago FrmDetAgePer::Seleccionado() const {
     using enum ColumnaPago;
     const auto texto = [this](ColumnaPago columna) { return m_pagos.Texto(m_ui->GrdDetPer->Fila(), Campo(columna)); };
-    return {{Clave(), texto(Tipo), texto(Serie), texto(Numero)}, texto(Fecha), texto(Monto)};
+    return {.clave = {.comprobante = Clave(), .tipo = texto(Tipo), .serie = texto(Serie), .numero = texto(Numero)},
+            .fecha = texto(Fecha),
+            .monto = texto(Monto)};
 }
 
 } // namespace xa518

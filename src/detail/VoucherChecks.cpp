@@ -183,13 +183,13 @@ std::optional<VeredictoComprobante> ValidaGrabar(const DatosPago& datos, const C
 
 CamposComprobante CamposDe(const DatosComprobante& datos, const QString& percepcion, const QString& tasa) {
     const Respuestas& r = datos.respuestas;
-    return {Codigo(r.cpFact, {}),
-            Codigo(r.listado, u"9"_s),
-            Codigo(r.venta, u"9"_s),
-            datos.fecha,
-            Format(datos.monto, u"############.#0"),
-            Format(percepcion, u"###########0.#0"),
-            tasa};
+    return {.cpFact = Codigo(r.cpFact, {}),
+            .listaClie = Codigo(r.listado, u"9"_s),
+            .medPago = Codigo(r.venta, u"9"_s),
+            .fecha = datos.fecha,
+            .base = Format(datos.monto, u"############.#0"),
+            .percepcion = Format(percepcion, u"###########0.#0"),
+            .tasa = tasa};
 }
 
 } // namespace xa518

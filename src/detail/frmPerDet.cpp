@@ -219,7 +219,10 @@ DatosPago frmPerDet::Datos() const {
 }
 
 ClavePago frmPerDet::Clave() const {
-    return {m_comprobante, m_ui->CmbTipoDoc->Codigo(), m_ui->TxtSerie->text(), m_ui->TxtNumero->text()};
+    return {.comprobante = m_comprobante,
+            .tipo = m_ui->CmbTipoDoc->Codigo(),
+            .serie = m_ui->TxtSerie->text(),
+            .numero = m_ui->TxtNumero->text()};
 }
 
 } // namespace xa518

@@ -1,6 +1,8 @@
 #include "form518/WorkClients.h"
 
 #include "data/Base.h"
+#include "form518/FormCatalogs.h"
+#include "form518/WorkTables.h"
 #include "values/Decimal.h"
 
 namespace xa518 {
@@ -9,26 +11,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using enum DatoCliente;
+
 const QString kClientes = u"TMPF518PCAB"_s;
-const QString kDelCliente = u" WHERE TIP_DOC_PER = ? AND NUM_DOC_PER=?"_s;
+
+/// Clients and vouchers name their client alike.
+const QString& DelCliente() {
+    static const QString condicion = u" WHERE "_s + IgualesA(ClaveDeClientes());
+    return condicion;
+}
 
 QVariantList Valores(const ClaveCliente& cliente) {
     return {cliente.tipoDoc, cliente.numero};
 }
 
-void PonNombres(Registro& fila, const NombresCliente& nombres) {
-    if (nombres.empresa) {
-        fila.Pon(u"des_razon", nombres.razon);
-        return;
-    }
-    fila.Pon(u"des_razon", u" "_s)
-        .Pon(u"des_apellido_p", nombres.apellidoP)
-        .Pon(u"des_apellido_m", nombres.apellidoM)
-        .Pon(u"des_nombres", nombres.nombres);
-}
-
-void PonTotales(Registro& fila, const TotalesCliente& totales) {
-    fila.Pon(u"ctd_docs", totales.ctdDocs).Pon(u"mto_base_p", totales.base).Pon(u"mto_imp_p", totales.percepcion);
+/// The client table leads the join, so that rows keep the order in which they were entered.
+const QString& DesdeClientes() {
+    static const QString desde = u"FROM TMPF518PCAB AS A CROSS JOIN PARAM AS B "
+                                 "WHERE B.NUMERO='044' AND VAL(B.ARGUMENTO) = VAL(A.%1)"_s.arg(ColumnaDe(TipoDoc));
+    return desde;
 }
 
 QString SinNegativos(const QString& suma) {
@@ -37,54 +38,84 @@ QString SinNegativos(const QString& suma) {
 
 } // namespace
 
+QString SqlClientes() {
+    return u"SELECT %1 AS DOC, "_s.arg(kCortoEnGrilla.Sql(u"B.FUNCION")) +
+           ListaDe<DatoCliente>({NumDoc, Razon, MontoBase, Percepcion, ApellidoP, ApellidoM, Nombres, TipoDoc},
+                                u"A"_s) +
+           u' ' + DesdeClientes() + u" ORDER BY A.rowid"_s;
+}
+
+int CuentaClientes(Base& base) {
+    Registros fila = base.Lee(u"SELECT count(*) "_s + DesdeClientes());
+    return fila.Siguiente() ? static_cast<int>(fila.Entero(0)) : 0;
+}
+
+ClientesTrabajo::ClientesTrabajo(Base& base)
+    : m_base(&base)
+    , m_tabla(&base.Describe(kClientes))
+    , m_lugar(*m_tabla, {TipoDoc, NumDoc, Razon, ApellidoP, ApellidoM, Nombres, CtdDocs, MontoBase, Percepcion}) {}
+
+void ClientesTrabajo::PonNombres(Registro& fila, const NombresCliente& nombres) const {
+    const auto pon = [&](DatoCliente dato, const std::optional<QString>& nombre) {
+        if (nombre)
+            fila.Pon(m_lugar[dato], *nombre);
+    };
+    pon(Razon, nombres.razon);
+    pon(ApellidoP, nombres.apellidoP);
+    pon(ApellidoM, nombres.apellidoM);
+    pon(Nombres, nombres.nombres);
+}
+
+void ClientesTrabajo::PonTotales(Registro& fila, const TotalesCliente& totales) const {
+    fila.Pon(m_lugar[CtdDocs], totales.ctdDocs)
+        .Pon(m_lugar[MontoBase], totales.base)
+        .Pon(m_lugar[Percepcion], totales.percepcion);
+}
+
 bool ClientesTrabajo::Existe(const ClaveCliente& cliente) const {
-    return m_base->Lee(u"SELECT * FROM TMPF518PCAB "_s + kDelCliente, Valores(cliente)).Siguiente();
+    static const QString sql = u"SELECT count(*) FROM TMPF518PCAB"_s + DelCliente();
+    Registros fila = m_base->Lee(sql, Valores(cliente));
+    return fila.Siguiente() && fila.Entero(0) > 0;
 }
 
 void ClientesTrabajo::Agrega(const ClaveCliente& cliente, const NombresCliente& nombres,
-                             const TotalesCliente& totales) {
-    Registro fila(m_base->Describe(kClientes));
-    fila.Pon(u"tip_doc_per", cliente.tipoDoc).Pon(u"num_doc_per", cliente.numero);
+                             const std::optional<TotalesCliente>& totales) {
+    Registro fila(*m_tabla);
+    fila.Pon(m_lugar[TipoDoc], cliente.tipoDoc).Pon(m_lugar[NumDoc], cliente.numero);
     PonNombres(fila, nombres);
-    PonTotales(fila, totales);
+    if (totales)
+        PonTotales(fila, *totales);
     m_base->Agrega(fila);
 }
 
 void ClientesTrabajo::Modifica(const ClaveCliente& cliente, const NombresCliente& nombres,
                                const TotalesCliente& totales) {
-    std::optional<Registro> fila = m_base->Busca(kClientes, kDelCliente, Valores(cliente));
+    std::optional<Registro> fila = m_base->Busca(kClientes, DelCliente(), Valores(cliente));
     if (!fila)
         return;
     PonNombres(*fila, nombres);
     PonTotales(*fila, totales);
-    m_base->Actualiza(*fila, kDelCliente, Valores(cliente));
+    m_base->Actualiza(*fila, DelCliente(), Valores(cliente));
 }
 
 void ClientesTrabajo::EscribeTotales(const ClaveCliente& cliente, const TotalesCliente& totales) {
-    std::optional<Registro> fila = m_base->Busca(kClientes, kDelCliente, Valores(cliente));
-    if (!fila)
-        return;
-    PonTotales(*fila, totales);
-    m_base->Actualiza(*fila, kDelCliente, Valores(cliente));
+    Modifica(cliente, {}, totales);
 }
 
 void ClientesTrabajo::Borra(const ClaveCliente& cliente) {
-    m_base->Ejecuta(u"DELETE * FROM TMPF518PCAB "_s + kDelCliente, Valores(cliente));
+    m_base->Ejecuta(u"DELETE * FROM TMPF518PCAB"_s + DelCliente(), Valores(cliente));
 }
 
 void ClientesTrabajo::BarreSinCliente(const ClaveCliente& cliente) {
     if (!Existe(cliente))
-        m_base->Ejecuta(u"DELETE * FROM TMPF518PDET "_s + kDelCliente, Valores(cliente));
+        m_base->Ejecuta(u"DELETE * FROM TMPF518PDET"_s + DelCliente(), Valores(cliente));
 }
 
 ClientesTrabajo::Sumas ClientesTrabajo::SumaComprobantes(const ClaveCliente& cliente) const {
-    Registros fila = m_base->Lee(u"SELECT SUM(MTO_BASE_P * 1) as TOTAL_BASE, SUM(MTO_IMP_P * 1) as TOTAL_IMP "
-                                 "FROM TMPF518PDET"_s +
-                                     kDelCliente,
-                                 Valores(cliente));
+    Registros fila = m_base->Lee(SqlSumasDeCliente(), Valores(cliente));
     if (!fila.Siguiente())
         return {};
-    return {SinNegativos(fila.Texto(u"TOTAL_BASE")), SinNegativos(fila.Texto(u"TOTAL_IMP"))};
+    return {.base = SinNegativos(fila.Texto(0)), .percepcion = SinNegativos(fila.Texto(1))};
 }
 
 } // namespace xa518

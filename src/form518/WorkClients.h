@@ -1,6 +1,10 @@
 #pragma once
 
+#include "form518/DetailColumns.h"
+
 #include <QString>
+
+#include <optional>
 
 namespace xa518 {
 
@@ -12,13 +16,13 @@ struct ClaveCliente {
     QString numero;
 };
 
-/// How a client is called: a company by one name, a person by three.
+/// How a client is called: a company by one name, a person by three. What is missing isn't written: a new row has null
+/// there, an old one keeps what it had.
 struct NombresCliente {
-    bool empresa = false;
-    QString razon;
-    QString apellidoP;
-    QString apellidoM;
-    QString nombres;
+    std::optional<QString> razon{};
+    std::optional<QString> apellidoP{};
+    std::optional<QString> apellidoM{};
+    std::optional<QString> nombres{};
 };
 
 /// What a client's row keeps of its vouchers, as the row has it.
@@ -28,16 +32,46 @@ struct TotalesCliente {
     QString percepcion;
 };
 
-/// The clients of the open declaration, for the dialog that edits one by hand.
+/// A row of the grid of clients, as it is picked there and handed to the dialog that edits it.
+struct FilaCliente {
+    QString tipDocPer; ///< compared by value: "06" and "6" are the same type
+    QString numDocPer;
+    QString desRazon;
+    QString apellidoP;
+    QString apellidoM;
+    QString nombres;
+};
+
+/// The columns of the query over all clients.
+enum class ColumnaCliente {
+    Doc,
+    NumDocPer,
+    DesRazon,
+    MtoBaseP,
+    MtoImpP,
+    DesApellidoP,
+    DesApellidoM,
+    DesNombres,
+    TipDocPer
+};
+
+/// The grid's query: one row per client of the work table, with the short name of its document type. A client whose
+/// type the catalogue lacks isn't in it, and so is lost at a save, whose source it is. Wanted.
+[[nodiscard]] QString SqlClientes();
+/// How many rows it has.
+[[nodiscard]] int CuentaClientes(Base& base);
+
+/// The clients of the open declaration. Where the columns stand is found when the object is made, so that one object
+/// serves a whole import.
 class ClientesTrabajo {
   public:
-    explicit ClientesTrabajo(Base& base) : m_base(&base) {}
+    explicit ClientesTrabajo(Base& base);
 
     [[nodiscard]] bool Existe(const ClaveCliente& cliente) const;
 
-    /// Of a company only its name is written; a person's row takes one blank in its place. Wanted: the save builds both
-    /// anew from the columns of their kind.
-    void Agrega(const ClaveCliente& cliente, const NombresCliente& nombres, const TotalesCliente& totales);
+    /// A row whose key stands there already raises `ErrorBase` (`ClaveDuplicada`).
+    void Agrega(const ClaveCliente& cliente, const NombresCliente& nombres,
+                const std::optional<TotalesCliente>& totales = std::nullopt);
     /// Nothing is written when the row is gone.
     void Modifica(const ClaveCliente& cliente, const NombresCliente& nombres, const TotalesCliente& totales);
     void EscribeTotales(const ClaveCliente& cliente, const TotalesCliente& totales);
@@ -57,7 +91,12 @@ class ClientesTrabajo {
     [[nodiscard]] Sumas SumaComprobantes(const ClaveCliente& cliente) const;
 
   private:
+    void PonNombres(Registro& fila, const NombresCliente& nombres) const;
+    void PonTotales(Registro& fila, const TotalesCliente& totales) const;
+
     Base* m_base;
+    const Tabla* m_tabla;
+    LugaresDe<DatoCliente> m_lugar;
 };
 
 } // namespace xa518

@@ -1,6 +1,7 @@
 #include "form518/WorkPayments.h"
 
 #include "data/Base.h"
+#include "form518/FormCatalogs.h"
 
 namespace xa518 {
 
@@ -8,9 +9,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using enum DatoPago;
+
 const QString kPagos = u"TMPF518PDETCP"_s;
-const QString kDeSuComprobante = u" WHERE TIP_DOC_PER = ? AND NUM_DOC_PER = ? AND NUM_SERIE_CP = ? AND NUM_CP = ?"_s;
-const QString kDelPago = kDeSuComprobante + u" AND TIP_DOC_DETCP = ? AND NUM_SERIE_DETCP = ? AND NUM_DETCP = ?"_s;
+
+const QList<DatoPago>& ClaveDeSuComprobante() {
+    static const QList<DatoPago> clave = {TipoDoc, NumDoc, SerieCp, NumeroCp};
+    return clave;
+}
+
+const QString& DeSuComprobante() {
+    static const QString condicion = u" WHERE "_s + IgualesA(ClaveDeSuComprobante());
+    return condicion;
+}
+
+const QString& DelPago() {
+    static const QString condicion = u" WHERE "_s + IgualesA(ClaveDePagos());
+    return condicion;
+}
 
 QVariantList ValoresDelComprobante(const ClaveComprobante& clave) {
     return {clave.cliente.tipoDoc, clave.cliente.numero, clave.serie, clave.numero};
@@ -22,55 +38,60 @@ QVariantList Valores(const ClavePago& clave) {
 
 } // namespace
 
+/// In the order of `ColumnaPago`.
 QString PagosTrabajo::SqlDeComprobante() {
-    return u"SELECT MID(B.FUNCION,1,30) AS TIP_CP, A.NUM_SERIE_DETCP,  A.NUM_DETCP, A.FEC_EMIS_DETCP, "
-           "A.TIP_DOC_DETCP, A.MTO_DETCP  FROM TMPF518PDETCP AS A, PARAM AS B  WHERE A.TIP_DOC_PER=? AND "
-           " A.NUM_DOC_PER=? AND  A.NUM_SERIE_CP=? AND  A.NUM_CP=? AND  B.NUMERO='233' AND "
-           "VAL(B.ARGUMENTO) = VAL(A.TIP_DOC_DETCP)  ORDER BY A.rowid"_s;
+    return u"SELECT %1 AS TIP_CP, %2 FROM TMPF518PDETCP AS A, PARAM AS B WHERE %3 AND B.NUMERO='233' AND "
+           "VAL(B.ARGUMENTO) = VAL(A.%4) ORDER BY A.rowid"_s.arg(
+               TramosTipoComprobante::kDescripcionEnPagos.Sql(u"B.FUNCION"),
+               ListaDe<DatoPago>({Serie, Numero, Fecha, Tipo, Monto}, u"A"_s), IgualesA(ClaveDeSuComprobante(), u"A"_s),
+               ColumnaDe(Tipo));
 }
 
 QString PagosTrabajo::SqlDeNinguno() {
-    return u"SELECT * FROM TMPF518PDETCP WHERE NUM_SERIE_CP='XXXX'"_s;
+    return u"SELECT * FROM TMPF518PDETCP WHERE %1='XXXX'"_s.arg(ColumnaDe(SerieCp));
 }
 
+PagosTrabajo::PagosTrabajo(Base& base)
+    : m_base(&base), m_tabla(&base.Describe(kPagos)), m_lugar(*m_tabla, DatosDePagos()) {}
+
 bool PagosTrabajo::Existe(const ClavePago& clave) const {
-    return m_base->Lee(u"SELECT * FROM TMPF518PDETCP"_s + kDelPago, Valores(clave)).Siguiente();
+    return m_base->Lee(u"SELECT * FROM TMPF518PDETCP"_s + DelPago(), Valores(clave)).Siguiente();
 }
 
 void PagosTrabajo::Agrega(const ClavePago& clave, const QString& fecha, const QString& monto) {
-    Registro fila(m_base->Describe(kPagos));
-    fila.Pon(u"tip_doc_per", clave.comprobante.cliente.tipoDoc)
-        .Pon(u"num_doc_per", clave.comprobante.cliente.numero)
-        .Pon(u"num_serie_cp", clave.comprobante.serie)
-        .Pon(u"num_cp", clave.comprobante.numero)
-        .Pon(u"tip_doc_detcp", clave.tipo)
-        .Pon(u"num_serie_detcp", clave.serie)
-        .Pon(u"num_detcp", clave.numero)
-        .Pon(u"fec_emis_detcp", fecha)
-        .Pon(u"mto_detcp", monto);
+    Registro fila(*m_tabla);
+    fila.Pon(m_lugar[TipoDoc], clave.comprobante.cliente.tipoDoc)
+        .Pon(m_lugar[NumDoc], clave.comprobante.cliente.numero)
+        .Pon(m_lugar[SerieCp], clave.comprobante.serie)
+        .Pon(m_lugar[NumeroCp], clave.comprobante.numero)
+        .Pon(m_lugar[Tipo], clave.tipo)
+        .Pon(m_lugar[Serie], clave.serie)
+        .Pon(m_lugar[Numero], clave.numero)
+        .Pon(m_lugar[Fecha], fecha)
+        .Pon(m_lugar[Monto], monto);
     m_base->Agrega(fila);
 }
 
 void PagosTrabajo::Modifica(const ClavePago& clave, const QString& fecha, const QString& monto) {
-    std::optional<Registro> fila = m_base->Busca(kPagos, kDelPago, Valores(clave));
+    std::optional<Registro> fila = m_base->Busca(kPagos, DelPago(), Valores(clave));
     if (!fila)
         return;
-    fila->Pon(u"fec_emis_detcp", fecha).Pon(u"mto_detcp", monto);
-    m_base->Actualiza(*fila, kDelPago, Valores(clave));
+    fila->Pon(m_lugar[Fecha], fecha).Pon(m_lugar[Monto], monto);
+    m_base->Actualiza(*fila, DelPago(), Valores(clave));
 }
 
 void PagosTrabajo::Borra(const ClavePago& clave) {
-    m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP"_s + kDelPago, Valores(clave));
+    m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP"_s + DelPago(), Valores(clave));
 }
 
 void PagosTrabajo::BorraDe(const ClaveComprobante& comprobante) {
-    m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP "_s + kDeSuComprobante, ValoresDelComprobante(comprobante));
+    m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP "_s + DeSuComprobante(), ValoresDelComprobante(comprobante));
 }
 
 bool PagosTrabajo::SoloNotasDeCredito(const ClaveComprobante& comprobante) const {
     Registros filas =
-        m_base->Lee(u"SELECT * FROM TMPF518PDETCP"_s + kDeSuComprobante, ValoresDelComprobante(comprobante));
-    const int tipo = filas.Columna(u"tip_doc_detcp");
+        m_base->Lee(u"SELECT * FROM TMPF518PDETCP"_s + DeSuComprobante(), ValoresDelComprobante(comprobante));
+    const int tipo = filas.Columna(ColumnaDe(Tipo));
     while (filas.Siguiente()) {
         if (filas.Texto(tipo) != u"07")
             return false;

@@ -21,10 +21,11 @@ struct ComprobanteDePago {
 /// The columns of the query over a voucher's payment vouchers.
 enum class ColumnaPago { Descripcion, Serie, Numero, Fecha, Tipo, Monto };
 
-/// The payment vouchers of the open declaration, for the dialogs that edit them by hand.
+/// The payment vouchers of the open declaration. Where the columns stand is found when the object is made, so that one
+/// object serves a whole import.
 class PagosTrabajo {
   public:
-    explicit PagosTrabajo(Base& base) : m_base(&base) {}
+    explicit PagosTrabajo(Base& base);
 
     /// The payment vouchers of an ordinary voucher (type and number of the client, series, number), in the order in
     /// which they were entered.
@@ -33,6 +34,7 @@ class PagosTrabajo {
     [[nodiscard]] static QString SqlDeNinguno();
 
     [[nodiscard]] bool Existe(const ClavePago& clave) const;
+    /// A row whose key stands there already raises `ErrorBase` (`ClaveDuplicada`).
     void Agrega(const ClavePago& clave, const QString& fecha, const QString& monto);
     /// Nothing is written when the row is gone.
     void Modifica(const ClavePago& clave, const QString& fecha, const QString& monto);
@@ -46,6 +48,8 @@ class PagosTrabajo {
 
   private:
     Base* m_base;
+    const Tabla* m_tabla;
+    LugaresDe<DatoPago> m_lugar;
 };
 
 } // namespace xa518

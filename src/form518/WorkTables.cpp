@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "data/Transaction.h"
+#include "form518/DetailColumns.h"
 #include "values/Format.h"
 
 namespace xa518 {
@@ -17,11 +18,24 @@ QString CopiaSql(const QString& destino, const QString& columnas, const QString&
                                                                             condicion);
 }
 
+/// The three tables name their client alike.
+const QString& DeUnCliente() {
+    static const QString condicion = u" WHERE "_s + IgualesA(ClaveDeClientes());
+    return condicion;
+}
+
 Importe SoloPositivo(Importe total) {
     return total.Signo() < 0 ? Importe() : total;
 }
 
 } // namespace
+
+const QString& SqlSumasDeCliente() {
+    static const QString sql = u"SELECT %1, %2 FROM TMPF518PDET"_s.arg(SumaDe(DatoComprobante::MontoBase),
+                                                                       SumaDe(DatoComprobante::Percepcion)) +
+                               DeUnCliente();
+    return sql;
+}
 
 bool EsEmpresa(QStringView tipoDoc, QStringView numero) {
     return Decimal::Valor(tipoDoc) == Decimal::DeEntero(6) && numero.startsWith(u"20");
@@ -45,45 +59,51 @@ void TablasTrabajo::Llena(const ClaveDeclaracion& clave) {
 
 /// A company keeps its name. Any other client is a person, whose full name is put together again from its parts.
 void TablasTrabajo::CopiaClientes(const ClaveDeclaracion& clave) {
-    const QString esEmpresa = u"(tip_doc_per = 6 AND left(num_doc_per, 2) = '20')"_s;
-    const QString nombre = u"left(des_apellido_p & ' ' & des_apellido_m & ' ' & des_nombres, 40)"_s;
-    const QString valores = u"tip_doc_per, num_doc_per, CASE WHEN %1 THEN des_razon ELSE %2 END, "
-                            "CASE WHEN NOT %1 THEN des_apellido_p END, CASE WHEN NOT %1 THEN des_apellido_m END, "
-                            "CASE WHEN NOT %1 THEN des_nombres END, ctd_docs, mto_base_p, mto_imp_p"_s;
+    using enum DatoCliente;
+    const QString esEmpresa = u"(%1 = 6 AND left(%2, 2) = '20')"_s.arg(ColumnaDe(TipoDoc), ColumnaDe(NumDoc));
+    const QString completo =
+        u"left(%1 & ' ' & %2 & ' ' & %3, 40)"_s.arg(ColumnaDe(ApellidoP), ColumnaDe(ApellidoM), ColumnaDe(Nombres));
+    const auto dePersona = [&](DatoCliente dato) {
+        return u"CASE WHEN NOT %1 THEN %2 END"_s.arg(esEmpresa, ColumnaDe(dato));
+    };
+    const QStringList nombres = {u"CASE WHEN %1 THEN %2 ELSE %3 END"_s.arg(esEmpresa, ColumnaDe(Razon), completo),
+                                 dePersona(ApellidoP), dePersona(ApellidoM), dePersona(Nombres)};
+    const QList<DatoCliente> tambien = {TipoDoc, NumDoc, CtdDocs, MontoBase, Percepcion};
     m_base->Ejecuta(CopiaSql(u"TMPF518PCAB"_s,
-                             u"tip_doc_per, num_doc_per, des_razon, des_apellido_p, des_apellido_m, des_nombres, "
-                             "ctd_docs, mto_base_p, mto_imp_p"_s,
-                             valores.arg(esEmpresa, nombre), clave.Tabla(u"F518PCAB"_s), clave.Condicion()),
+                             ListaDe<DatoCliente>({Razon, ApellidoP, ApellidoM, Nombres}) + u", "_s + ListaDe(tambien),
+                             nombres.join(u", "_s) + u", "_s + ListaDe(tambien), clave.Tabla(u"F518PCAB"_s),
+                             clave.Condicion()),
                     clave.Valores());
 }
 
+/// `tipoCp` stands for the type of an ordinary voucher, whose table has none.
 void TablasTrabajo::CopiaComprobantes(const ClaveDeclaracion& clave, const QString& tabla, const QString& tipoCp) {
-    const QString columnas = u"tip_doc_per, num_doc_per, num_serie_cp, num_cp, tip_cp, cp_fact, lista_clie, med_pago, "
-                             "fec_emision_cp, mto_base_p, mto_imp_p, por_tasa_p"_s;
-    const QString valores = QString(columnas).replace(u"tip_cp"_s, tipoCp);
-    m_base->Ejecuta(CopiaSql(u"TMPF518PDET"_s, columnas, valores, clave.Tabla(tabla), clave.Condicion()),
+    const QStringList columnas = ColumnasDe(DatosDeComprobantes());
+    QStringList valores = columnas;
+    valores.replace(columnas.indexOf(ColumnaDe(DatoComprobante::TipCp)), tipoCp);
+    m_base->Ejecuta(CopiaSql(u"TMPF518PDET"_s, columnas.join(u", "_s), valores.join(u", "_s), clave.Tabla(tabla),
+                             clave.Condicion()),
                     clave.Valores());
 }
 
 void TablasTrabajo::CopiaPagos(const ClaveDeclaracion& clave) {
-    const QString columnas = u"tip_doc_per, num_doc_per, num_serie_cp, num_cp, tip_doc_detcp, num_serie_detcp, "
-                             "num_detcp, fec_emis_detcp, mto_detcp"_s;
+    const QString columnas = ListaDe(DatosDePagos());
     m_base->Ejecuta(
         CopiaSql(u"TMPF518PDETCP"_s, columnas, columnas, clave.Tabla(u"F518PDETCP"_s), clave.CondicionSinTipo()),
         clave.Valores());
 }
 
 int TablasTrabajo::CuentaDocs(int tipoDoc, const QString& numero) const {
-    Registros fila = m_base->Lee(u"SELECT count(*) as cont FROM TMPF518PDET "
-                                 "WHERE TIP_DOC_PER = ? AND NUM_DOC_PER = ?"_s,
-                                 {tipoDoc, numero});
+    static const QString sql = u"SELECT count(*) as cont FROM TMPF518PDET"_s + DeUnCliente();
+    Registros fila = m_base->Lee(sql, {tipoDoc, numero});
     return fila.Siguiente() ? static_cast<int>(fila.Entero(0)) : 0;
 }
 
 TablasTrabajo::Totales TablasTrabajo::TotalesDeClientes() const {
     const auto monto = [](const QString& texto) { return Importe::Valor(Format(texto, u"###########0.#0")); };
     Totales totales;
-    Registros filas = m_base->Lee(u"SELECT MTO_BASE_P, MTO_IMP_P FROM TMPF518PCAB"_s);
+    Registros filas = m_base->Lee(
+        u"SELECT %1 FROM TMPF518PCAB"_s.arg(ListaDe<DatoCliente>({DatoCliente::MontoBase, DatoCliente::Percepcion})));
     while (filas.Siguiente()) {
         totales.base += monto(filas.Texto(0));
         totales.percepcion += monto(filas.Texto(1));
@@ -91,12 +111,20 @@ TablasTrabajo::Totales TablasTrabajo::TotalesDeClientes() const {
     return totales;
 }
 
+TablasTrabajo::Totales TablasTrabajo::TotalesDeCarga() const {
+    Registros fila = m_base->Lee(u"SELECT SUM(val(%1)), SUM(val(%2)) FROM TMPF518PCAB"_s.arg(
+        ColumnaDe(DatoCliente::MontoBase), ColumnaDe(DatoCliente::Percepcion)));
+    if (!fila.Siguiente())
+        return {};
+    return {.base = Importe::Valor(fila.Texto(0)), .percepcion = Importe::Valor(fila.Texto(1))};
+}
+
 void TablasTrabajo::CalculaTotales() {
     Transaccion transaccion = m_base->Comienza();
     {
         Registros clientes = m_base->Lee(u"SELECT * FROM TMPF518PCAB"_s);
-        const int tipo = clientes.Columna(u"tip_doc_per");
-        const int numero = clientes.Columna(u"num_doc_per");
+        const int tipo = clientes.Columna(ColumnaDe(DatoCliente::TipoDoc));
+        const int numero = clientes.Columna(ColumnaDe(DatoCliente::NumDoc));
         while (clientes.Siguiente())
             CalculaTotalesDe(clientes.Valor(tipo), clientes.Valor(numero));
     }
@@ -108,22 +136,22 @@ void TablasTrabajo::CalculaTotales() {
 void TablasTrabajo::CalculaTotalesDe(const QVariant& tipoDoc, const QVariant& numero) {
     Totales totales;
     {
-        Registros suma = m_base->Lee(u"SELECT sum(mto_base_p * 1) as TotBase, sum(mto_imp_p * 1) as TotImp "
-                                     "FROM TMPF518PDET WHERE  tip_doc_per=? and  num_doc_per=?"_s,
-                                     {tipoDoc, numero});
+        Registros suma = m_base->Lee(SqlSumasDeCliente(), {tipoDoc, numero});
         if (suma.Siguiente())
             totales = {SoloPositivo(Importe::Valor(suma.Texto(0))), SoloPositivo(Importe::Valor(suma.Texto(1)))};
     }
-    m_base->Ejecuta(u"UPDATE TMPF518PCAB SET mto_base_p=?, mto_imp_p=? WHERE tip_doc_per=? AND num_doc_per=?"_s,
-                    {totales.base.Texto(), totales.percepcion.Texto(), tipoDoc, numero});
+    static const QString sql = u"UPDATE TMPF518PCAB SET %1=?, %2=?"_s.arg(ColumnaDe(DatoCliente::MontoBase),
+                                                                          ColumnaDe(DatoCliente::Percepcion)) +
+                               DeUnCliente();
+    m_base->Ejecuta(sql, {totales.base.Texto(), totales.percepcion.Texto(), tipoDoc, numero});
 }
 
 void TablasTrabajo::EliminaCliente(int tipoDoc, const QString& numero) {
     const QVariantList cliente{tipoDoc, numero};
     Transaccion transaccion = m_base->Comienza();
-    m_base->Ejecuta(u"DELETE * FROM TMPF518PCAB WHERE TIP_DOC_PER=? AND NUM_DOC_PER=?"_s, cliente);
-    m_base->Ejecuta(u"DELETE * FROM TMPF518PDET WHERE TIP_DOC_PER=? AND NUM_DOC_PER=?"_s, cliente);
-    m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP WHERE TIP_DOC_PER=? AND NUM_DOC_PER=?"_s, cliente);
+    m_base->Ejecuta(u"DELETE * FROM TMPF518PCAB"_s + DeUnCliente(), cliente);
+    m_base->Ejecuta(u"DELETE * FROM TMPF518PDET"_s + DeUnCliente(), cliente);
+    m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP"_s + DeUnCliente(), cliente);
     transaccion.Confirma();
 }
 

@@ -12,6 +12,9 @@ class Base;
 /// Tells a company by its document: type 6 and a number that begins with "20". Any other client is a person.
 [[nodiscard]] bool EsEmpresa(QStringView tipoDoc, QStringView numero);
 
+/// The query that sums amounts and perceptions of a client's vouchers, cash sales included.
+[[nodiscard]] const QString& SqlSumasDeCliente();
+
 /// The three work tables, which hold the one open declaration: loaded, counted, totalled and swept here.
 class TablasTrabajo {
   public:
@@ -32,6 +35,8 @@ class TablasTrabajo {
     };
     /// Sum over the clients, every amount first rounded to two decimals.
     [[nodiscard]] Totales TotalesDeClientes() const;
+    /// The same as the engine sums them, amounts as they stand. Wanted: what shows when a declaration has been loaded.
+    [[nodiscard]] Totales TotalesDeCarga() const;
 
     /// Brings every client's amounts to the sums of its vouchers, negative ones to 0; one transaction.
     void CalculaTotales();

@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "data/Transaction.h"
+#include "form518/FormCatalogs.h"
 #include "form518/WorkPayments.h"
 
 namespace xa518 {
@@ -10,9 +11,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using enum DatoComprobante;
+
 const QString kComprobantes = u"TMPF518PDET"_s;
-const QString kDelComprobante =
-    u" WHERE TIP_DOC_PER=? AND NUM_DOC_PER=? AND NUM_SERIE_CP=? AND NUM_CP=? AND TIP_CP=?"_s;
+
+const QString& DelComprobante() {
+    static const QString condicion = u" WHERE "_s + IgualesA(ClaveDeComprobantes());
+    return condicion;
+}
 
 QVariantList Valores(const ClaveComprobante& clave) {
     return {clave.cliente.tipoDoc, clave.cliente.numero, clave.serie, clave.numero, clave.tipCp};
@@ -22,51 +28,70 @@ QVariant NuloSiVacio(const QString& texto) {
     return texto.isEmpty() ? QVariant() : QVariant(texto);
 }
 
-void PonCampos(Registro& fila, const CamposComprobante& campos) {
-    if (!campos.cpFact.isEmpty())
-        fila.Pon(u"cp_fact", campos.cpFact);
-    fila.Pon(u"lista_clie", campos.listaClie)
-        .Pon(u"med_pago", campos.medPago)
-        .Pon(u"fec_emision_cp", campos.fecha)
-        .Pon(u"mto_base_p", NuloSiVacio(campos.base))
-        .Pon(u"mto_imp_p", NuloSiVacio(campos.percepcion))
-        .Pon(u"por_tasa_p", campos.tasa);
-}
-
 } // namespace
 
+/// In the order of `ColumnaComprobante`.
 QString ComprobantesTrabajo::SqlDeCliente() {
-    return u"SELECT NUM_SERIE_CP, NUM_CP, FEC_EMISION_CP, MTO_BASE_P, POR_TASA_P, MTO_IMP_P, CP_FACT, LISTA_CLIE, "
-           "MED_PAGO, TIP_CP,  (Select Left(funcion,50) FROM param Where numero='233' "
-           "And param.argumento=TMPF518PDET.TIP_CP  AND MID(FUNCION,64,1)='1' ) as des_cdp "
-           "FROM TMPF518PDET WHERE TIP_DOC_PER =? AND NUM_DOC_PER=? ORDER BY rowid"_s;
+    using Tipo = TramosTipoComprobante;
+    return u"SELECT %1, (Select %2 FROM param Where numero='233' And param.argumento=TMPF518PDET.%3 AND %4='1') as "
+           u"des_cdp "
+           "FROM TMPF518PDET WHERE %5 ORDER BY rowid"_s.arg(
+               ListaDe<DatoComprobante>(
+                   {Serie, Numero, Fecha, MontoBase, Tasa, Percepcion, CpFact, ListaClie, MedPago, TipCp}),
+               Tipo::kDescripcion.Sql(u"funcion"), ColumnaDe(TipCp), Tipo::kUso.Sql(u"FUNCION"),
+               IgualesA<DatoComprobante>({TipoDoc, NumDoc}));
+}
+
+ComprobantesTrabajo::ComprobantesTrabajo(Base& base)
+    : m_base(&base), m_tabla(&base.Describe(kComprobantes)), m_lugar(*m_tabla, DatosDeComprobantes()) {}
+
+void ComprobantesTrabajo::PonCampos(Registro& fila, const CamposComprobante& campos) const {
+    if (!campos.cpFact.isEmpty())
+        fila.Pon(m_lugar[CpFact], campos.cpFact);
+    fila.Pon(m_lugar[ListaClie], campos.listaClie)
+        .Pon(m_lugar[MedPago], campos.medPago)
+        .Pon(m_lugar[Fecha], campos.fecha)
+        .Pon(m_lugar[MontoBase], NuloSiVacio(campos.base))
+        .Pon(m_lugar[Percepcion], NuloSiVacio(campos.percepcion))
+        .Pon(m_lugar[Tasa], campos.tasa);
 }
 
 bool ComprobantesTrabajo::Existe(const ClaveComprobante& clave) const {
-    return m_base->Lee(u"SELECT * FROM TMPF518PDET"_s + kDelComprobante, Valores(clave)).Siguiente();
+    static const QString sql = u"SELECT count(*) FROM TMPF518PDET"_s + DelComprobante();
+    Registros fila = m_base->Lee(sql, Valores(clave));
+    return fila.Siguiente() && fila.Entero(0) > 0;
+}
+
+std::optional<ComprobantesTrabajo::Cobro> ComprobantesTrabajo::BuscaCobro(const ClaveComprobante& clave) const {
+    static const QString sql =
+        u"SELECT %1 FROM TMPF518PDET"_s.arg(ListaDe<DatoComprobante>({Fecha, MontoBase})) + DelComprobante();
+    Registros fila = m_base->Lee(sql, Valores(clave));
+    if (!fila.Siguiente())
+        return std::nullopt;
+    return Cobro{.fecha = fila.Texto(0), .base = fila.Texto(1)};
 }
 
 void ComprobantesTrabajo::Agrega(const ClaveComprobante& clave, const CamposComprobante& campos) {
-    Registro fila(m_base->Describe(kComprobantes));
-    fila.Pon(u"tip_doc_per", clave.cliente.tipoDoc)
-        .Pon(u"num_doc_per", clave.cliente.numero)
-        .Pon(u"num_serie_cp", clave.serie)
-        .Pon(u"num_cp", clave.numero)
-        .Pon(u"tip_cp", clave.tipCp);
+    Registro fila(*m_tabla);
+    fila.Pon(m_lugar[TipoDoc], clave.cliente.tipoDoc)
+        .Pon(m_lugar[NumDoc], clave.cliente.numero)
+        .Pon(m_lugar[Serie], clave.serie)
+        .Pon(m_lugar[Numero], clave.numero)
+        .Pon(m_lugar[TipCp], clave.tipCp);
     PonCampos(fila, campos);
     m_base->Agrega(fila);
 }
 
 void ComprobantesTrabajo::Modifica(const ClaveComprobante& clave, const CamposComprobante& campos) {
-    std::optional<Registro> fila = m_base->Busca(kComprobantes, kDelComprobante, Valores(clave));
+    std::optional<Registro> fila = m_base->Busca(kComprobantes, DelComprobante(), Valores(clave));
     if (!fila)
         return;
     PonCampos(*fila, campos);
-    m_base->Actualiza(*fila, kDelComprobante, Valores(clave));
+    m_base->Actualiza(*fila, DelComprobante(), Valores(clave));
 }
 
 void ComprobantesTrabajo::Borra(const ClaveComprobante& clave) {
-    m_base->Ejecuta(u"DELETE * FROM TMPF518PDET"_s + kDelComprobante, Valores(clave));
+    m_base->Ejecuta(u"DELETE * FROM TMPF518PDET"_s + DelComprobante(), Valores(clave));
 }
 
 void ComprobantesTrabajo::Elimina(const ClaveComprobante& clave) {

@@ -4,14 +4,16 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace xa518 {
 
 /// A voucher of a client: an ordinary perception voucher, or a cash sale when `tipCp` isn't empty.
 struct ClaveComprobante {
     ClaveCliente cliente;
-    QString serie;
-    QString numero;
-    QString tipCp;
+    QString serie{};
+    QString numero{};
+    QString tipCp{};
 };
 
 /// What can be changed of a stored voucher.
@@ -27,21 +29,32 @@ struct CamposComprobante {
 
 struct Comprobante {
     ClaveComprobante clave;
-    CamposComprobante campos;
+    CamposComprobante campos{};
 };
 
 /// The columns of the query over a client's vouchers.
 enum class ColumnaComprobante { Serie, Numero, Fecha, Base, Tasa, Percepcion, CpFact, ListaClie, MedPago, TipCp };
 
-/// The vouchers of the open declaration, for the dialogs that edit them by hand.
+/// The vouchers of the open declaration.
+/// Where the columns stand is found when the object is made, so that one object serves a whole import.
 class ComprobantesTrabajo {
   public:
-    explicit ComprobantesTrabajo(Base& base) : m_base(&base) {}
+    explicit ComprobantesTrabajo(Base& base);
 
     /// A client's vouchers in the order in which they were entered, and the description of a cash sale's type.
     [[nodiscard]] static QString SqlDeCliente();
 
     [[nodiscard]] bool Existe(const ClaveComprobante& clave) const;
+
+    /// By what two readings of a voucher are told to be the same, as its row has it.
+    struct Cobro {
+        QString fecha;
+        QString base;
+    };
+    /// Of a voucher in the table; nothing when it isn't there.
+    [[nodiscard]] std::optional<Cobro> BuscaCobro(const ClaveComprobante& clave) const;
+
+    /// A row whose key stands there already raises `ErrorBase` (`ClaveDuplicada`).
     void Agrega(const ClaveComprobante& clave, const CamposComprobante& campos);
     /// Nothing is written when the row is gone.
     void Modifica(const ClaveComprobante& clave, const CamposComprobante& campos);
@@ -57,7 +70,11 @@ class ComprobantesTrabajo {
     void BarreAlSalir(const ClaveComprobante& clave, bool esNuevo, bool sinPagos);
 
   private:
+    void PonCampos(Registro& fila, const CamposComprobante& campos) const;
+
     Base* m_base;
+    const Tabla* m_tabla;
+    LugaresDe<DatoComprobante> m_lugar;
 };
 
 } // namespace xa518

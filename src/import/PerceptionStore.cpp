@@ -18,42 +18,33 @@ QString Huella(const QString& fecha, const QString& monto) {
 }
 
 /// Texts that are the same need no format to be found so, and most are.
-bool MismoComprobante(const QString& fecha, const QString& monto, const LineaComprobada& linea) {
-    const QString& suFecha = linea[Campo::FechaEmision];
-    const QString& suMonto = linea[Campo::MontoCobrado];
-    return (fecha == suFecha && monto == suMonto) || Huella(fecha, monto) == Huella(suFecha, suMonto);
+bool MismoComprobante(const ComprobantesTrabajo::Cobro& guardado, const LineaComprobada& linea) {
+    const QString& fecha = linea[Campo::FechaEmision];
+    const QString& monto = linea[Campo::MontoCobrado];
+    return (guardado.fecha == fecha && guardado.base == monto) ||
+           Huella(guardado.fecha, guardado.base) == Huella(fecha, monto);
 }
 
 } // namespace
 
 AlmacenPercepciones::AlmacenPercepciones(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv)
-    : m_base(&base), m_cliente(base), m_comprobante(base, periodoDeclarado, fechaPrimerIgv), m_pago(base) {}
+    : m_clientes(base), m_comprobantes(base), m_pagos(base), m_tasas(base, periodoDeclarado, fechaPrimerIgv) {}
 
 Objeciones AlmacenPercepciones::Guarda(const LineaComprobada& linea) {
     Objeciones objeciones;
-    if (m_cliente.Not_Seek_Cab_N(linea))
-        Intenta(objeciones, [&] { m_cliente.Agrega(linea); });
-    const Leido leido = Not_Seek_Det_N(linea);
-    if (leido == Leido::Distinto) {
+    if (const ClaveCliente cliente = ClienteDe(linea); !m_clientes.Existe(cliente))
+        Intenta(objeciones, [&] { m_clientes.Agrega(cliente, NombresDe(linea)); });
+    const ComprobanteDePago pago = PagoDe(linea);
+    const ClaveComprobante& clave = pago.clave.comprobante;
+    const std::optional<ComprobantesTrabajo::Cobro> guardado = m_comprobantes.BuscaCobro(clave);
+    if (guardado && !MismoComprobante(*guardado, linea)) {
         objeciones.append(kComprobanteDistinto);
         return objeciones;
     }
-    if (leido == Leido::No)
-        Intenta(objeciones, [&] { m_comprobante.Agrega(linea, u""_s); });
-    Intenta(objeciones, [&] { m_pago.Agrega(linea); });
+    if (!guardado)
+        Intenta(objeciones, [&] { m_comprobantes.Agrega(clave, CamposDe(linea, m_tasas)); });
+    Intenta(objeciones, [&] { m_pagos.Agrega(pago.clave, pago.fecha, pago.monto); });
     return objeciones;
-}
-
-/// Looks for the line's perception voucher among those already in the table, and compares date and amount.
-AlmacenPercepciones::Leido AlmacenPercepciones::Not_Seek_Det_N(const LineaComprobada& linea) const {
-    Registros fila = m_base->Lee(
-        u"Select fec_emision_cp, mto_base_p  from TMPF518PDET "
-        " WHERE tip_doc_per = ? and num_doc_per = ?  and Num_Serie_cp = ?"
-        " and Num_cp = ? and tip_cp = ''"_s,
-        {linea.tipoDocPer, linea[Campo::NumDoc], linea[Campo::SeriePercepcion], linea[Campo::NumeroPercepcion]});
-    if (!fila.Siguiente())
-        return Leido::No;
-    return MismoComprobante(fila.Texto(0), fila.Texto(1), linea) ? Leido::Igual : Leido::Distinto;
 }
 
 } // namespace xa518

@@ -13,13 +13,10 @@ class AlmacenPercepciones final : public Almacen {
     [[nodiscard]] Objeciones Guarda(const LineaComprobada& linea) override;
 
   private:
-    enum class Leido { No, Igual, Distinto };
-    [[nodiscard]] Leido Not_Seek_Det_N(const LineaComprobada& linea) const;
-
-    Base* m_base;
-    AltaCliente m_cliente;
-    AltaComprobante m_comprobante;
-    AltaPago m_pago;
+    ClientesTrabajo m_clientes;
+    ComprobantesTrabajo m_comprobantes;
+    PagosTrabajo m_pagos;
+    TasaImportacion m_tasas;
 };
 
 } // namespace xa518

@@ -13,11 +13,9 @@ class AlmacenVentas final : public Almacen {
     [[nodiscard]] Objeciones Guarda(const LineaComprobada& linea) override;
 
   private:
-    [[nodiscard]] bool Not_Seek_Det_VC(const LineaComprobada& linea) const;
-
-    Base* m_base;
-    AltaCliente m_cliente;
-    AltaComprobante m_comprobante;
+    ClientesTrabajo m_clientes;
+    ComprobantesTrabajo m_comprobantes;
+    TasaImportacion m_tasas;
 };
 
 } // namespace xa518

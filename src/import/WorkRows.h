@@ -1,69 +1,24 @@
 #pragma once
 
-#include "data/Base.h"
+#include "form518/WorkPayments.h"
 #include "import/CheckedLine.h"
 #include "import/ImportRate.h"
 
 namespace xa518 {
 
-/// Adds clients to `TMPF518PCAB`. Like the two classes below it resolves its columns once and fills one row for all
-/// lines; a row whose key stands there already raises `ErrorBase` (`ClaveDuplicada`).
-class AltaCliente {
-  public:
-    explicit AltaCliente(Base& base);
+// What the work tables keep of a checked line.
 
-    /// True when the client isn't in the table yet.
-    [[nodiscard]] bool Not_Seek_Cab_N(const LineaComprobada& linea) const;
-    void Agrega(const LineaComprobada& linea);
+/// Its client, added when the table doesn't have it yet.
+[[nodiscard]] ClaveCliente ClienteDe(const LineaComprobada& linea);
+[[nodiscard]] NombresCliente NombresDe(const LineaComprobada& linea);
 
-  private:
-    struct Columnas {
-        int tipo, numero, razon, paterno, materno, nombres;
-    };
-    void PonEmpresa(const LineaComprobada& linea);
-    void PonPersona(const LineaComprobada& linea);
+/// `tipCp` is the type of a cash-sale voucher, the empty text for any other.
+[[nodiscard]] ClaveComprobante ComprobanteDe(const LineaComprobada& linea, const QString& tipCp);
 
-    Base* m_base;
-    Registro m_fila;
-    Columnas m_columnas{};
-};
+/// The rest of a perception voucher, with the perception that the rate in force gives.
+[[nodiscard]] CamposComprobante CamposDe(const LineaComprobada& linea, TasaImportacion& tasas);
 
-/// Adds perception vouchers to `TMPF518PDET`, with the perception that the rate in force gives.
-class AltaComprobante {
-  public:
-    AltaComprobante(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv);
-
-    /// `tipCp` is the type of a cash-sale voucher, the empty text for any other.
-    void Agrega(const LineaComprobada& linea, const QString& tipCp);
-
-  private:
-    struct Columnas {
-        int tipo, numero, serie, cp, tipCp, credito, lista, medPago, fecha, base, percepcion, tasa;
-    };
-    void PonRespuestas(const LineaComprobada& linea);
-    void PonMontos(const LineaComprobada& linea);
-
-    Base* m_base;
-    TasaImportacion m_tasa;
-    Registro m_fila;
-    Columnas m_columnas{};
-};
-
-/// Adds payment vouchers to `TMPF518PDETCP`.
-class AltaPago {
-  public:
-    explicit AltaPago(Base& base);
-
-    void Agrega(const LineaComprobada& linea);
-
-  private:
-    struct Columnas {
-        int tipo, numero, serie, cp, tipoPago, seriePago, numeroPago, fecha, monto;
-    };
-
-    Base* m_base;
-    Registro m_fila;
-    Columnas m_columnas{};
-};
+/// Its payment voucher.
+[[nodiscard]] ComprobanteDePago PagoDe(const LineaComprobada& linea);
 
 } // namespace xa518

@@ -1,5 +1,7 @@
 #include "printouts/AnnexRows.h"
 
+#include "form518/DetailColumns.h"
+
 #include <algorithm>
 #include <array>
 
@@ -24,13 +26,15 @@ QString Unidas(const QStringList& columnas) {
 }
 
 QString UnidasComprobante(const QString& tipo) {
-    return Unidas({u"num_serie_cp"_s, u"num_cp"_s, u"fec_emision_cp"_s, u"mto_base_p"_s, u"por_tasa_p"_s,
-                   u"mto_imp_p"_s, u"cp_fact"_s, u"lista_clie"_s, u"med_pago"_s, tipo});
+    using enum DatoComprobante;
+    return Unidas(
+        ColumnasDe<DatoComprobante>({Serie, Numero, Fecha, MontoBase, Tasa, Percepcion, CpFact, ListaClie, MedPago}) +
+        QStringList{tipo});
 }
 
 QString UnidasPago() {
-    return Unidas({u"num_serie_cp"_s, u"num_cp"_s, u"tip_doc_detcp"_s, u"num_serie_detcp"_s, u"num_detcp"_s,
-                   u"fec_emis_detcp"_s, u"mto_detcp"_s});
+    using enum DatoPago;
+    return Unidas(ColumnasDe<DatoPago>({SerieCp, NumeroCp, Tipo, Serie, Numero, Fecha, Monto}));
 }
 
 template <size_t N>
@@ -62,14 +66,18 @@ bool DeComprobanteAnterior(const QString& a, const QString& b) {
     return std::is_lt(ComparaSinCaja(ClaveComprobante(a), ClaveComprobante(b)));
 }
 
+/// The order of the annex: by number, then by type.
+QString PorCliente() {
+    return ListaDe<DatoCliente>({DatoCliente::NumDoc, DatoCliente::TipoDoc});
+}
+
 QString SqlClientes(const ClaveDeclaracion& clave) {
-    return u"Select %1 from %2 %3 Order by num_doc_per, tip_doc_per"_s.arg(
-        ClienteImpreso::Columnas(), clave.Tabla(u"F518PCAB"_s), clave.Condicion());
+    return u"Select %1 from %2 %3 Order by %4"_s.arg(ClienteImpreso::Columnas(), clave.Tabla(u"F518PCAB"_s),
+                                                     clave.Condicion(), PorCliente());
 }
 
 QString SqlEnPaso(const QString& unidas, const QString& tabla, const QString& condicion) {
-    return u"SELECT num_doc_per, tip_doc_per, %1 FROM %2 %3 ORDER BY num_doc_per, tip_doc_per, rowid"_s.arg(
-        unidas, tabla, condicion);
+    return u"SELECT %1, %2 FROM %3 %4 ORDER BY %1, rowid"_s.arg(PorCliente(), unidas, tabla, condicion);
 }
 
 } // namespace
@@ -103,7 +111,9 @@ FilasAnexo::FilasAnexo(Base& base, const ClaveDeclaracion& clave)
     , m_comprobantes(base, SqlEnPaso(UnidasComprobante(u"''"_s), clave.Tabla(u"F518PDET"_s), clave.Condicion()),
                      clave.Valores())
     , m_pagos(base, SqlEnPaso(UnidasPago(), clave.Tabla(u"F518PDETCP"_s), clave.CondicionSinTipo()), clave.Valores())
-    , m_contados(base, SqlEnPaso(UnidasComprobante(u"tip_cp"_s), clave.Tabla(u"F518PDETVC"_s), clave.Condicion()),
+    , m_contados(base,
+                 SqlEnPaso(UnidasComprobante(ColumnaDe(DatoComprobante::TipCp)), clave.Tabla(u"F518PDETVC"_s),
+                           clave.Condicion()),
                  clave.Valores()) {}
 
 bool FilasAnexo::SiguienteCliente() {
@@ -145,9 +155,9 @@ void FilasAnexo::EligePagos() {
 Registros FilasAnexo::PidePagos() const {
     const auto [serie, numero] = Separa<2>(m_comprobante);
     return m_base->Lee(
-        u"SELECT %1 FROM %2 %3 AND tip_doc_d = 6 AND tip_doc_per = ? AND num_doc_per = ? AND "
-        "num_serie_cp = ? AND num_cp = ? ORDER BY rowid"_s.arg(UnidasPago(), m_clave.Tabla(u"F518PDETCP"_s),
-                                                               m_clave.CondicionSinTipo()),
+        u"SELECT %1 FROM %2 %3 AND tip_doc_d = 6 AND %4 ORDER BY rowid"_s.arg(
+            UnidasPago(), m_clave.Tabla(u"F518PDETCP"_s), m_clave.CondicionSinTipo(),
+            IgualesA<DatoPago>({DatoPago::TipoDoc, DatoPago::NumDoc, DatoPago::SerieCp, DatoPago::NumeroCp})),
         m_clave.Valores() + QVariantList{m_cliente.tipoDoc, m_cliente.numero, serie.toString(), numero.toString()});
 }
 
@@ -173,12 +183,21 @@ bool FilasAnexo::SiguienteContado() {
 
 ComprobanteImpreso FilasAnexo::Comprobante() const {
     const auto [serie, numero, fecha, base, tasa, percepcion, credito, lista, medio, tipo] = Separa<10>(m_comprobante);
-    return {serie, numero, fecha, base, tasa, percepcion, credito, lista, medio, tipo};
+    return {.serie = serie,
+            .numero = numero,
+            .fecha = fecha,
+            .base = base,
+            .tasa = tasa,
+            .percepcion = percepcion,
+            .creditoFiscal = credito,
+            .listaClientes = lista,
+            .medioPago = medio,
+            .tipo = tipo};
 }
 
 PagoImpreso FilasAnexo::Pago() const {
     const auto [serieCp, numeroCp, tipo, serie, numero, fecha, monto] = Separa<7>(m_pago);
-    return {tipo, serie, numero, fecha, monto};
+    return {.tipo = tipo, .serie = serie, .numero = numero, .fecha = fecha, .monto = monto};
 }
 
 } // namespace xa518

@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "form518/ClientName.h"
+#include "form518/DetailColumns.h"
 
 namespace xa518 {
 
@@ -14,7 +15,8 @@ enum ColumnaCliente { TipoDoc, Numero, Razon, Paterno, Materno, Nombres, MontoBa
 } // namespace
 
 QString ClienteImpreso::Columnas() {
-    return u"tip_doc_per, num_doc_per, des_razon, des_apellido_p, des_apellido_m, des_nombres, mto_base_p, mto_imp_p"_s;
+    using enum DatoCliente;
+    return ListaDe<DatoCliente>({TipoDoc, NumDoc, Razon, ApellidoP, ApellidoM, Nombres, MontoBase, Percepcion});
 }
 
 ClienteImpreso ClienteImpreso::De(const Registros& fila, int primera) {
