@@ -43,8 +43,8 @@ void Graba(Base& base) {
     declaracion.clave = kClave;
     RefrescaTotales(base, declaracion);
     declaracion.montos.Cambia(410, declaracion.montos.Texto(405));
-    declaracion.pago = {u"E"_s, {}, {}, declaracion.montos.ImportePagar()};
-    declaracion.rectifica = u"0"_s;
+    declaracion.pago = {.forma = FormaDePago::Efectivo, .importe = declaracion.montos.ImportePagar()};
+    declaracion.rectifica = Rectificacion::No;
     if (GrabaDeclaracion(base, declaracion, QDate(2026, 11, 1)).estado != 0)
         throw std::runtime_error("the save was not clean");
 }

@@ -76,14 +76,16 @@ void LlenaMontos(Declaracion& declaracion, const Argumentos& argumentos) {
 
 void LlenaPago(Declaracion& declaracion, const Argumentos& argumentos) {
     if (argumentos.efectivo)
-        declaracion.pago = {u"E"_s, {}, {}, {}};
+        declaracion.pago = {.forma = FormaDePago::Efectivo};
     if (argumentos.cheque)
-        declaracion.pago = {u"C"_s, Recorta(argumentos.banco).toString(), Recorta(*argumentos.cheque).toString(), {}};
+        declaracion.pago = {.forma = FormaDePago::Cheque,
+                            .banco = Recorta(argumentos.banco).toString(),
+                            .numeroCheque = Recorta(*argumentos.cheque).toString()};
     declaracion.pago.importe = declaracion.montos.ImportePagar();
     if (argumentos.rectifica)
-        declaracion.rectifica = u"1"_s;
-    else if (declaracion.rectifica.isEmpty())
-        declaracion.rectifica = u"0"_s;
+        declaracion.rectifica = Rectificacion::Si;
+    else if (declaracion.rectifica == Rectificacion::SinResponder)
+        declaracion.rectifica = Rectificacion::No;
 }
 
 QList<CasillaGrabada> CasillasGrabadas(Base& base, const ClaveDeclaracion& clave) {

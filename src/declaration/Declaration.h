@@ -7,15 +7,30 @@
 
 namespace xa518 {
 
+enum class FormaDePago { SinElegir, Efectivo, Cheque };
+
+/// The letter of the payment control and of boxes 999 and 599: "E" cash, "C" cheque, "X" no choice yet.
+[[nodiscard]] QString Letra(FormaDePago forma);
+/// Any other letter is no choice.
+[[nodiscard]] FormaDePago FormaDeLetra(QStringView letra);
+
+/// Whether a declaration rectifies or takes the place of another one.
+enum class Rectificacion { SinResponder, No, Si };
+
+/// The digit of the head and of boxes 871 and 005: "1" yes, "0" no, empty when unanswered.
+[[nodiscard]] QString Digito(Rectificacion rectifica);
+/// Any other text is no answer.
+[[nodiscard]] Rectificacion RectificacionDe(QStringView digito);
+
 /// The way of payment as the payment control hands it out; its texts come trimmed.
 struct Pago {
-    QString forma = QStringLiteral("X"); ///< "E" cash, "C" cheque, "X" no choice yet
-    QString banco;                       ///< code; empty or "XX" when none
-    QString numeroCheque;
-    QString importe; ///< `ImportePagar`, follows box 410
+    FormaDePago forma = FormaDePago::SinElegir;
+    QString banco{}; ///< code; empty or "XX" when none
+    QString numeroCheque{};
+    QString importe{}; ///< `ImportePagar`, follows box 410
 
-    [[nodiscard]] bool EsEfectivo() const { return forma == u"E"; }
-    [[nodiscard]] bool EsCheque() const { return forma == u"C"; }
+    [[nodiscard]] bool EsEfectivo() const { return forma == FormaDePago::Efectivo; }
+    [[nodiscard]] bool EsCheque() const { return forma == FormaDePago::Cheque; }
     [[nodiscard]] bool ConBanco() const { return !banco.isEmpty() && banco != u"XX"; }
 };
 
@@ -25,7 +40,7 @@ struct Declaracion {
     ClaveDeclaracion clave;
     Montos montos;
     Pago pago;
-    QString rectifica;  ///< "1" rectifies another one, "0" doesn't, empty when unanswered
+    Rectificacion rectifica = Rectificacion::SinResponder;
     QString base;       ///< `TxtBase`: total of the amounts charged, as shown
     QString percepcion; ///< `TxtPercepcion`: total of the perceptions, as shown
     int clientes = 0;   ///< rows of the client grid

@@ -76,7 +76,7 @@ void PagDeuda::MuestraEnviada() {
 void PagDeuda::Muestra(const Declaracion& declaracion) {
     MuestraMontos(declaracion.montos);
     const Pago& pago = declaracion.pago;
-    m_ui->FormaDePagoQMD1->PonFormaPago(pago.forma);
+    m_ui->FormaDePagoQMD1->PonFormaPago(Letra(pago.forma));
     m_ui->FormaDePagoQMD1->PonBanco(pago.banco);
     m_ui->FormaDePagoQMD1->PonNumeroCheque(pago.numeroCheque);
 }
@@ -92,7 +92,10 @@ void PagDeuda::MuestraMontos(const Montos& montos) {
 
 Pago PagDeuda::LeePago() const {
     const FormaDePagoQMD& control = *m_ui->FormaDePagoQMD1;
-    return {control.FormaPago(), control.Banco(), control.NumeroCheque(), control.ImportePagar()};
+    return {.forma = FormaDeLetra(control.FormaPago()),
+            .banco = control.Banco(),
+            .numeroCheque = control.NumeroCheque(),
+            .importe = control.ImportePagar()};
 }
 
 void PagDeuda::DejaCasilla402() {

@@ -153,17 +153,16 @@ void PagIdentificacion::CongelaClave() {
     m_ui->MkePeriodo->setEnabled(false);
 }
 
-QString PagIdentificacion::Rectifica() const {
+Rectificacion PagIdentificacion::Rectifica() const {
     if (m_ui->OptRectifica_1->isChecked())
-        return u"1"_s;
-    return m_ui->OptRectifica_0->isChecked() ? u"0"_s : QString();
+        return Rectificacion::Si;
+    return m_ui->OptRectifica_0->isChecked() ? Rectificacion::No : Rectificacion::SinResponder;
 }
 
-void PagIdentificacion::PonRectifica(const QString& valor) {
-    const QStringView recortado = Recorta(valor);
-    if (recortado == u"0")
+void PagIdentificacion::PonRectifica(Rectificacion rectifica) {
+    if (rectifica == Rectificacion::No)
         m_ui->OptRectifica_0->setChecked(true);
-    else if (recortado == u"1")
+    else if (rectifica == Rectificacion::Si)
         m_ui->OptRectifica_1->setChecked(true);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "declaration/Declaration.h"
 #include "declaration/OrderNumber.h"
 #include "declaration/TaxPeriod.h"
 #include "widgets/FieldFocus.h"
@@ -38,9 +39,9 @@ class PagIdentificacion : public QWidget {
     /// From here on the key of a new declaration stays.
     void CongelaClave();
 
-    /// "0", "1", or empty when neither option is chosen.
-    [[nodiscard]] QString Rectifica() const;
-    void PonRectifica(const QString& valor);
+    [[nodiscard]] Rectificacion Rectifica() const;
+    /// Without an answer the options stay as they are.
+    void PonRectifica(Rectificacion rectifica);
 
     [[nodiscard]] NumeroDeOrden Orden(const QString& control) const;
     /// "0" stands for none yet and shows empty.

@@ -41,7 +41,7 @@ void GrabaLaCabecera(Base& base, const Declaracion& declaracion, int estado, con
     GrabaCabecera(base, declaracion.clave, [&](Registro& cabecera) {
         cabecera.Pon(u"fec_pro", FormatFecha(hoy, u"dd/mm/yyyy"));
         PonPago(cabecera, declaracion.pago);
-        cabecera.Pon(u"estado", estado).Pon(u"rectifica", declaracion.rectifica);
+        cabecera.Pon(u"estado", estado).Pon(u"rectifica", Digito(declaracion.rectifica));
     });
 }
 
@@ -88,10 +88,10 @@ void GrabaCasillas(Base& base, const Declaracion& declaracion, const QString& su
     graba(u"503"_s, Format(declaracion.percepcion, kEntero));
     graba(u"501"_s, QString::number(declaracion.clientes));
     GrabaCasillaParam(base, clave);
-    graba(u"871"_s, declaracion.rectifica);
-    graba(u"005"_s, declaracion.rectifica);
-    graba(u"999"_s, pago.forma);
-    graba(u"599"_s, pago.forma);
+    graba(u"871"_s, Digito(declaracion.rectifica));
+    graba(u"005"_s, Digito(declaracion.rectifica));
+    graba(u"999"_s, Letra(pago.forma));
+    graba(u"599"_s, Letra(pago.forma));
 }
 
 /// Boxes 510 to 517: count, amounts and perceptions of each saved detail table; the last has no perceptions.

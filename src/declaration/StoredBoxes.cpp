@@ -38,9 +38,9 @@ void GrabaCasillaParam(Base& base, const ClaveDeclaracion& clave) {
 void MuestraCasilla(Declaracion& declaracion, const QString& casilla, const QString& valor) {
     const int numero = casilla.toInt();
     if (numero == 871)
-        declaracion.rectifica = valor;
-    else if (numero == 999 && (valor == u"E" || valor == u"C"))
-        declaracion.pago.forma = valor;
+        declaracion.rectifica = RectificacionDe(valor);
+    else if (const FormaDePago forma = FormaDeLetra(valor); numero == 999 && forma != FormaDePago::SinElegir)
+        declaracion.pago.forma = forma;
     else if (Montos::EsDeMonto(numero))
         declaracion.montos.Cambia(numero, TextoDeGuardado(numero, valor));
 }

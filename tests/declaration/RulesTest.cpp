@@ -44,10 +44,10 @@ Declaracion Con(const QString& c401, const QString& c410, const Pago& pago) {
 }
 
 Pago Cheque(const QString& banco, const QString& numero) {
-    return {u"C"_s, banco, numero, {}};
+    return {.forma = FormaDePago::Cheque, .banco = banco, .numeroCheque = numero};
 }
 
-const Pago kEfectivo{u"E"_s, {}, {}, {}};
+const Pago kEfectivo{.forma = FormaDePago::Efectivo};
 
 TEST(Consistency, EveryRuleFiresByItself) {
     const struct {

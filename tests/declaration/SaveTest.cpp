@@ -52,8 +52,8 @@ class Save : public testing::Test {
         RefrescaTotales(*base, declaracion);
         declaracion.montos.Cambia(402, u"(300)"_s);
         declaracion.montos.Cambia(410, declaracion.montos.Texto(405));
-        declaracion.pago = {u"E"_s, {}, {}, declaracion.montos.ImportePagar()};
-        declaracion.rectifica = u"0"_s;
+        declaracion.pago = {.forma = FormaDePago::Efectivo, .importe = declaracion.montos.ImportePagar()};
+        declaracion.rectifica = Rectificacion::No;
         return declaracion;
     }
     [[nodiscard]] QString Casilla(const QString& casilla) const {
@@ -112,7 +112,8 @@ TEST_F(Save, SavingAgainReplacesEveryRowOrNone) {
 
 TEST_F(Save, WithoutAWayOfPaymentTheStoredOneStays) {
     Declaracion declaracion = Nueva();
-    declaracion.pago = {u"C"_s, u"02"_s, u"007"_s, u"1,250"_s};
+    declaracion.pago = {
+        .forma = FormaDePago::Cheque, .banco = u"02"_s, .numeroCheque = u"007"_s, .importe = u"1,250"_s};
     ASSERT_EQ(GrabaDeclaracion(*base, declaracion, kHoy).estado, 0);
     EXPECT_EQ(Casilla(u"015"_s), u"2"_s); // the bank goes through the number mask
     EXPECT_EQ(Casilla(u"012"_s), u"007"_s);

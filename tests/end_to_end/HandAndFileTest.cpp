@@ -42,8 +42,8 @@ class HandAndFileTest : public DetailTest {
         Declaracion declaracion;
         declaracion.clave = {.ruc = m_proceso.docDeclarante, .periodo = Periodo(2026, 10)};
         RefrescaTotales(*m_base, declaracion);
-        declaracion.pago.forma = u"E"_s;
-        declaracion.rectifica = u"0"_s;
+        declaracion.pago.forma = FormaDePago::Efectivo;
+        declaracion.rectifica = Rectificacion::No;
         (void)GrabaDeclaracion(*m_base, declaracion, m_reloj.Hoy());
         const QString retrato = Retrato(*m_base);
         for (const QString& tabla : kTablas + QStringList{u"TMPF518PCAB"_s, u"TMPF518PDET"_s, u"TMPF518PDETCP"_s})
