@@ -1,24 +1,12 @@
 #pragma once
 
+#include "form518/Answers.h"
 #include "form518/RateCatalog.h"
 #include "values/Decimal.h"
 
 #include <QString>
 
-#include <optional>
-
 namespace xa518 {
-
-/// An option pair: nothing while it is unanswered, otherwise Yes or No.
-using Contestacion = std::optional<bool>;
-
-/// The answers on which the law makes the rate of a voucher depend.
-struct Respuestas {
-    Contestacion cpFact;  ///< `OptCpFact`: the payment vouchers give a right to tax credit
-    Contestacion listado; ///< `OptListado`: the client is on the published list
-    Contestacion venta;   ///< `OptVenta`: materials for the earthquake zone
-    Contestacion medPago; ///< `OptMedPago`: authorised means of payment
-};
 
 /// The class of a voucher, "1" to "6", or empty when the answers give none. In band C the means of payment can't be
 /// answered, since its frame is hidden, so that credit with a listed client has no class. Wanted: the branch is ready
