@@ -2,6 +2,7 @@
 
 #include "data/ObjetoUtil.h"
 #include "detail/VoucherDates.h"
+#include "form518/LawBands.h"
 #include "values/Dates.h"
 #include "values/Format.h"
 #include "values/Text.h"
@@ -14,7 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kDesdeLetras = u"20100719"_s;
 const QString kSoloPrimera = u"No se permite letras desde la segunda a la cuarta posición en el número de serie."_s;
 constexpr int kLargoSerie = 4;
 
@@ -41,7 +41,8 @@ bool EstaVacio(const QString& texto) {
 
 /// Anything but a day of the calendar counts as before the change: an underscore would sort behind the digits.
 bool DesdeElCambio(const QString& fecha) {
-    return EsFecha(fecha) && FormatFecha(fecha, u"yyyymmdd") >= kDesdeLetras;
+    const std::optional<QDate> dia = LeeFecha(fecha);
+    return dia && AdmiteSerieConLetra(*dia);
 }
 
 bool EmpiezaBien(QStringView serie) {

@@ -1,5 +1,6 @@
 #include "detail/VoucherDates.h"
 
+#include "form518/LawBands.h"
 #include "values/Dates.h"
 #include "values/Text.h"
 
@@ -8,9 +9,6 @@ namespace xa518 {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// A payment voucher of an earlier month is asked about.
-constexpr Periodo kPrimerMes{2005, 1};
 
 VeredictoComprobante RechazaFecha(const QString& texto) {
     return VeredictoComprobante::Critico(texto, CampoComprobante::Fecha);
@@ -66,7 +64,7 @@ std::optional<VeredictoComprobante> ValidaFechaOrigen(const QString& fecha, Peri
             declarado.EnPantalla());
     const Mensaje pregunta{
         Icono::Pregunta, u"La fecha del comprobante de pago es anterior al 01/01/2005. ¿Desea continuar?"_s, {}};
-    if (mes < kPrimerMes && confirma && !confirma(pregunta))
+    if (mes < kPrimerPeriodo && confirma && !confirma(pregunta))
         return std::nullopt;
     if (!EsMes(fecha))
         return RechazaFecha(u"La fecha no es válida."_s);

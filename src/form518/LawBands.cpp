@@ -25,6 +25,11 @@ bool PreguntaPorZona(Periodo declarado) {
     return declarado >= kZonaAfectada;
 }
 
+bool AdmiteSerieConLetra(const QDate& emision) {
+    static const QDate desde(2010, 7, 19);
+    return emision >= desde;
+}
+
 bool ConFactorInicial(Periodo declarado) {
     return declarado < kFactorDefinitivo;
 }

@@ -2,6 +2,8 @@
 
 #include "values/Period.h"
 
+#include <QDate>
+
 namespace xa518 {
 
 /// The first period that can be declared.
@@ -22,6 +24,10 @@ enum class Banda {
 
 /// Somebody is asked about the earthquake zone: from 03/2008 on.
 [[nodiscard]] bool PreguntaPorZona(Periodo declarado);
+
+/// The series of a voucher of that day may begin with a letter: from 19 July 2010 on. Before, it must begin with a
+/// digit.
+[[nodiscard]] bool AdmiteSerieConLetra(const QDate& emision);
 
 /// The perception is computed with the factor that the law began with: before 04/2005.
 [[nodiscard]] bool ConFactorInicial(Periodo declarado);

@@ -71,11 +71,6 @@ bool Fechadesistema(const QDate& fecha, const QDate& hoy) {
     return fecha <= hoy;
 }
 
-bool AdmiteSerieConLetra(const QDate& fecha) {
-    static const QDate kDesde(2010, 7, 19);
-    return fecha >= kDesde;
-}
-
 bool EmpiezaConDigito(QStringView serie) {
     return !serie.isEmpty() && EsDigito(serie.front());
 }

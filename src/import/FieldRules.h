@@ -42,8 +42,6 @@ template <size_t N>
 /// False when the date lies after today.
 [[nodiscard]] bool Fechadesistema(const QDate& fecha, const QDate& hoy);
 
-/// From 19 July 2010 on a series may begin with a letter; before it must begin with a digit.
-[[nodiscard]] bool AdmiteSerieConLetra(const QDate& fecha);
 [[nodiscard]] bool EmpiezaConDigito(QStringView serie);
 /// A letter or digit in front, and three more characters that are no letters.
 [[nodiscard]] bool EsSerieConLetra(QStringView serie);

@@ -1,4 +1,5 @@
 #include "data/ObjetoUtil.h"
+#include "form518/LawBands.h"
 #include "import/FieldChecks.h"
 #include "import/FieldRules.h"
 #include "values/Decimal.h"

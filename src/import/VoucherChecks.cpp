@@ -8,8 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The first period whose declaration answers where the sale's goods went.
-
 bool EsSiNo(const QString& campo) {
     return campo == u'0' || campo == u'1';
 }
@@ -18,7 +16,7 @@ Codigo CompruebaMes(const QDate& fecha, Periodo periodoDeclarado) {
     if (periodoDeclarado != Periodo::DelDia(fecha))
         return "0991"_L1;
     // Wanted: no real date has a month below 1; the code stays with its text.
-    return fecha.month() < 1 && fecha.year() == 2005 ? "0876"_L1 : kAceptado;
+    return fecha.month() < 1 && fecha.year() == kPrimerPeriodo.Anio() ? "0876"_L1 : kAceptado;
 }
 
 bool SeriePermitidaEn(const QDate& fecha, QStringView serie) {

@@ -79,7 +79,7 @@ const QString& LineasAnexo::RayaCorta() {
 }
 
 QString LineasAnexo::PrimerTitulo() const {
-    return m_desde200803
+    return m_preguntaPorZona
                ? u" SERIE  NÚMERO     FECHA DE      MONTO COBRADO TASA    IMPORTE DE LA     CRED.  ZONA  LISTA  "
                  "TIPO SERIE  NUMERO         FECHA DE       IMPORTE     "_s
                : u" SERIE  NÚMERO     FECHA DE      MONTO COBRADO TASA    IMPORTE DE LA     CRED.  LISTA INSTRU "
@@ -87,7 +87,7 @@ QString LineasAnexo::PrimerTitulo() const {
 }
 
 QString LineasAnexo::SegundoTitulo() const {
-    return m_desde200803
+    return m_preguntaPorZona
                ? u"                   EMISIÓN                              PERCEPCIÓN       FISCAL EMERG ZOLMA   "
                  "DOC                       EMISIÓN    COMPROBANTE PAGO"_s
                : u"                   EMISIÓN                              PERCEPCIÓN       FISCAL ZOLMA  PAGO   "
@@ -112,8 +112,8 @@ QString LineasAnexo::Comprobante(const ComprobanteImpreso& comprobante) {
     Alinea(linea, MontoConParentesis(comprobante.base), kFinBase);
     Alinea(linea, Tasa(comprobante.tasa), kFinTasa);
     Alinea(linea, MontoConParentesis(comprobante.percepcion), kFinPercepcion);
-    const QStringView segunda = m_desde200803 ? comprobante.medioPago : comprobante.listaClientes;
-    const QStringView tercera = m_desde200803 ? comprobante.listaClientes : comprobante.medioPago;
+    const QStringView segunda = m_preguntaPorZona ? comprobante.medioPago : comprobante.listaClientes;
+    const QStringView tercera = m_preguntaPorZona ? comprobante.listaClientes : comprobante.medioPago;
     for (const QStringView respuesta :
          {SiNo(comprobante.creditoFiscal, u"  "), SiNo(segunda, u" -"), SiNo(tercera, u" -")})
         linea.append(u"     ").append(respuesta);

@@ -14,8 +14,8 @@ class LineasAnexo {
   public:
     static constexpr int kAncho = 154;
 
-    /// The flags of the vouchers and their heading changed places in period 200803.
-    explicit LineasAnexo(Periodo periodo) : m_desde200803(PreguntaPorZona(periodo)) {}
+    /// The flags of the vouchers and their heading changed places with the question about the zone.
+    explicit LineasAnexo(Periodo periodo) : m_preguntaPorZona(PreguntaPorZona(periodo)) {}
 
     [[nodiscard]] QString PrimerTitulo() const;
     [[nodiscard]] QString SegundoTitulo() const;
@@ -37,7 +37,7 @@ class LineasAnexo {
   private:
     const QString& Tasa(QStringView tasa);
 
-    bool m_desde200803;
+    bool m_preguntaPorZona;
     QString m_tasa;
     QString m_tasaMostrada;
 };
