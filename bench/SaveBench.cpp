@@ -4,6 +4,7 @@
 
 #include "declaration/ClientGrid.h"
 #include "declaration/StoredBoxes.h"
+#include "form518/WorkClients.h"
 #include "form518/WorkTables.h"
 
 #include <cstdio>
