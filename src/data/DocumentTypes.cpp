@@ -2,7 +2,6 @@
 
 #include "data/Base.h"
 #include "data/Catalog.h"
-#include "data/CatalogLayout.h"
 #include "data/ObjetoUtil.h"
 #include "values/Decimal.h"
 #include "values/Text.h"

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "data/CatalogLayout.h"
+
 #include <QList>
 #include <QString>
 
@@ -8,7 +10,6 @@
 namespace xa518 {
 
 class Base;
-struct Tramo;
 
 /// A row of the catalogue of document types, cut out of its fixed columns.
 struct TipoDocumento {
@@ -23,6 +24,12 @@ struct TipoDocumento {
     /// The item of the lists: code, short name in 60 characters and the tail of length and flags from which the
     /// dialogs read the rules of the chosen type back.
     [[nodiscard]] QString Item() const;
+};
+
+/// Where an item has what the dialogs read back; before it stands what is shown.
+struct TramosItemDocumento {
+    static constexpr Tramo kLargo{u"largo", 68, 2};
+    static constexpr Tramo kTipoDato{u"tipo_dato", 71, 1};
 };
 
 /// The document types whose row has a "1" in the column of a use, in the order of their sort key.

@@ -1,5 +1,6 @@
 #include "detail/ClientLayout.h"
 
+#include "data/DocumentTypes.h"
 #include "data/ObjetoUtil.h"
 #include "values/Decimal.h"
 #include "values/Format.h"
@@ -12,8 +13,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kRetroceso = 8;
-constexpr int kInicioLargo = 68;
-constexpr int kInicioTipoDato = 71;
 constexpr int kBaseConDecimales = 16;
 
 } // namespace
@@ -37,7 +36,8 @@ AspectoNombres AspectoDe(Disposicion disposicion) {
 }
 
 ReglaDeNumero ReglaDe(QStringView item) {
-    return {Recorta(Mid(item, kInicioLargo, 2)).toInt(), Decimal::Valor(Mid(item, kInicioTipoDato, 1)).Signo() != 0};
+    return {.limite = Recorta(TramosItemDocumento::kLargo.Corta(item)).toInt(),
+            .soloDigitos = Decimal::Valor(TramosItemDocumento::kTipoDato.Corta(item)).Signo() != 0};
 }
 
 int FiltraTeclaDocumento(int tecla, const ReglaDeNumero& regla) {

@@ -20,7 +20,6 @@ namespace {
 constexpr int kTodos = 40;
 constexpr int kLargoCodigo = 2;
 constexpr int kLargoVisible = 15;
-constexpr int kFinNombreCorto = 67; ///< behind it stand the length and the flags of the number
 constexpr int kLargoItemTipo = 45;
 
 } // namespace
@@ -107,7 +106,7 @@ void LlenaTiposDeDocumento(ListaCodigos& lista, Base& base, const QString& enMan
     if (const std::optional<TipoDocumento> tipo = DocumentoDeTipo(base, enMano); tipo && !items.contains(tipo->Item()))
         items.append(tipo->Item());
     lista.PonVisiblesCerrada(kLargoVisible);
-    lista.Llena(items, kFinNombreCorto);
+    lista.Llena(items, TramosItemDocumento::kLargo.inicio - 1);
     FijaAnchoCombo(lista, lista, kLargoVisible);
 }
 
