@@ -22,7 +22,14 @@ namespace {
 void AbreCliente(Proceso& proceso, Avisos& avisos, Forma& sobre, const ClaveDeclaracion& clave,
                  const std::optional<FilaCliente>& cliente) {
     RelojDeArena reloj;
-    FrmAgePer dialogo(proceso, avisos, clave.periodo.EnPantalla(), cliente, &sobre);
+    const EntornoDetalle entorno{.base = *proceso.baseDatos,
+                                 .avisos = avisos,
+                                 .reloj = proceso.reloj,
+                                 .declarante = clave.ruc,
+                                 .declarado = clave.periodo,
+                                 .primerIgv = proceso.fechaPrimerIgv};
+    const ModoDetalle sobreUno = clave.enviada ? ModoDetalle::Ver : ModoDetalle::Modificar;
+    FrmAgePer dialogo(entorno, cliente ? sobreUno : ModoDetalle::Nuevo, cliente.value_or(FilaCliente()), &sobre);
     reloj.Suelta();
     sobre.AbreModal(dialogo);
 }

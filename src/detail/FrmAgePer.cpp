@@ -3,7 +3,6 @@
 #include "detail/FrmDetAgePer.h"
 #include "detail/ShowVerdict.h"
 #include "detail/ui_FrmAgePer.h"
-#include "family/Process.h"
 #include "form518/WorkVouchers.h"
 #include "values/Format.h"
 #include "values/Text.h"
@@ -43,25 +42,23 @@ QList<ColumnaDeGrilla> Columnas() {
 
 } // namespace
 
-FrmAgePer::FrmAgePer(Proceso& proceso, Avisos& avisos, const QString& mkePeriodo,
-                     const std::optional<FilaCliente>& fila, QWidget* padre)
+FrmAgePer::FrmAgePer(EntornoDetalle entorno, ModoDetalle modo, const FilaCliente& fila, QWidget* padre)
     : Forma(padre)
     , m_ui(std::make_unique<Ui::FrmAgePer>())
-    , m_proceso(&proceso)
-    , m_avisos(&avisos)
+    , m_entorno(std::move(entorno))
+    , m_modo(modo)
     , m_comprobantes(Columnas()) {
     const RelojDeArena reloj;
     m_ui->setupUi(this);
     Prepara({m_ui->CmdSalir});
-    m_proceso->periodoDeclarado = Periodo::DePantalla(mkePeriodo).value_or(Periodo());
-    LlenaTiposDeDocumento(*m_ui->CmbTipDoc, *m_proceso->baseDatos, fila ? fila->tipDocPer : QString());
+    LlenaTiposDeDocumento(*m_ui->CmbTipDoc, m_entorno.base, fila.tipDocPer);
     Cabeceragrilla();
     PonDisposicion(Disposicion::Persona);
     PreparaCampos();
     ConectaBotones();
-    if (!EsNuevo() && fila)
-        MuestraCliente(*fila);
-    if (m_proceso->enviadas)
+    if (!EsNuevo())
+        MuestraCliente(fila);
+    if (m_modo == ModoDetalle::Ver)
         DesActiva(); // last of all, so that no layout enables a field again
 }
 
@@ -151,8 +148,8 @@ void FrmAgePer::AlTeclearDocumento() {
     const DatosCliente datos = Datos();
     if (const std::optional<Disposicion> disposicion = AlTeclearNumero(datos))
         PonDisposicion(*disposicion);
-    const auto yaRegistrado = [&] { return EsNuevo() && ClientesTrabajo(*m_proceso->baseDatos).Existe(datos.Clave()); };
-    (void)Pasa(ValidaAlTeclear(datos, m_proceso->docDeclarante, yaRegistrado));
+    const auto yaRegistrado = [&] { return EsNuevo() && ClientesTrabajo(m_entorno.base).Existe(datos.Clave()); };
+    (void)Pasa(ValidaAlTeclear(datos, m_entorno.declarante, yaRegistrado));
 }
 
 void FrmAgePer::PonDisposicion(Disposicion disposicion) {
@@ -172,51 +169,49 @@ void FrmAgePer::FijaIdentidad() {
 
 void FrmAgePer::Nuevo() {
     RelojDeArena reloj;
-    m_proceso->modoDetalle = u"0"_s;
     const DatosCliente datos = Datos();
-    const auto yaRegistrado = [&] { return EsNuevo() && ClientesTrabajo(*m_proceso->baseDatos).Existe(datos.Clave()); };
-    if (!Pasa(ValidaParaComprobante(datos, m_proceso->docDeclarante, yaRegistrado)))
+    const auto yaRegistrado = [&] { return EsNuevo() && ClientesTrabajo(m_entorno.base).Existe(datos.Clave()); };
+    if (!Pasa(ValidaParaComprobante(datos, m_entorno.declarante, yaRegistrado)))
         return;
     reloj.Suelta();
-    AbreComprobante({.clave = {.cliente = datos.Clave()}});
+    AbreComprobante(ModoDetalle::Nuevo, {.clave = {.cliente = datos.Clave()}});
     FijaIdentidad(); // wanted also when no voucher was entered
 }
 
 void FrmAgePer::Modificar() {
     RelojDeArena reloj;
-    m_proceso->modoDetalle = u"1"_s;
     if (m_ui->GrdPer->Fila() < 0)
         return;
     const DatosCliente datos = Datos();
-    if (datos.EsRuc() && !Pasa(ValidaRucDeCliente(datos.numero, m_proceso->docDeclarante)))
+    if (datos.EsRuc() && !Pasa(ValidaRucDeCliente(datos.numero, m_entorno.declarante)))
         return;
     reloj.Suelta();
-    AbreComprobante(Seleccionado());
+    AbreComprobante(m_modo == ModoDetalle::Ver ? m_modo : ModoDetalle::Modificar, Seleccionado());
 }
 
-void FrmAgePer::AbreComprobante(const Comprobante& comprobante) {
-    FrmDetAgePer detalle(*m_proceso, *m_avisos, comprobante, this);
+void FrmAgePer::AbreComprobante(ModoDetalle modo, const Comprobante& comprobante) {
+    FrmDetAgePer detalle(m_entorno, modo, comprobante, this);
     AbreModal(detalle);
 }
 
 void FrmAgePer::Eliminar() {
     const RelojDeArena reloj;
-    if (m_ui->GrdPer->Fila() < 0 || !ConfirmaEliminacion(*m_avisos))
+    if (m_ui->GrdPer->Fila() < 0 || !ConfirmaEliminacion(m_entorno.avisos))
         return;
-    ComprobantesTrabajo(*m_proceso->baseDatos).Elimina(Seleccionado().clave);
+    ComprobantesTrabajo(m_entorno.base).Elimina(Seleccionado().clave);
     LigaGrilla();
     m_ui->GrdPer->PonFila(0);
 }
 
 bool FrmAgePer::Acepta() {
     const DatosCliente datos = Datos();
-    if (!Pasa(ValidaParaAceptar(datos, m_proceso->docDeclarante)))
+    if (!Pasa(ValidaParaAceptar(datos, m_entorno.declarante)))
         return false;
     if (m_comprobantes.rowCount() == 0) {
-        Rechaza(*m_avisos, u"Ingrese al menos un comprobante de pago"_s); // of perception; wanted so
+        Rechaza(m_entorno.avisos, u"Ingrese al menos un comprobante de pago"_s); // of perception; wanted so
         return false;
     }
-    ClientesTrabajo clientes(*m_proceso->baseDatos);
+    ClientesTrabajo clientes(m_entorno.base);
     if (!EsNuevo()) {
         clientes.Modifica(datos.Clave(), datos.Nombres(), Totales());
         return true;
@@ -228,14 +223,14 @@ bool FrmAgePer::Acepta() {
 }
 
 void FrmAgePer::Salir() {
-    if (m_proceso->enviadas) {
+    if (m_modo == ModoDetalle::Ver) {
         Termina();
         return;
     }
-    ClientesTrabajo clientes(*m_proceso->baseDatos);
+    ClientesTrabajo clientes(m_entorno.base);
     const ClaveCliente cliente = Datos().Clave();
     if (m_comprobantes.rowCount() == 0 && !EsNuevo()) {
-        if (!Confirma(*m_avisos, u"No hay comprobantes. Si sale se borrará este registro. ¿Esta Seguro?"_s))
+        if (!Confirma(m_entorno.avisos, u"No hay comprobantes. Si sale se borrará este registro. ¿Esta Seguro?"_s))
             return;
         clientes.Borra(cliente);
         Termina();
@@ -243,7 +238,7 @@ void FrmAgePer::Salir() {
     }
     if (!EsNuevo())
         clientes.EscribeTotales(cliente, Totales()); // they stay true even if the names aren't saved: wanted
-    if (m_hayCambiosCliente && PreguntaGuardar(*m_avisos))
+    if (m_hayCambiosCliente && PreguntaGuardar(m_entorno.avisos))
         (void)Acepta(); // the dialog closes even when it is refused: wanted
     if (EsNuevo())
         clientes.BarreSinCliente(cliente);
@@ -252,20 +247,19 @@ void FrmAgePer::Salir() {
 
 void FrmAgePer::LigaGrilla() {
     const ClaveCliente cliente = Datos().Clave();
-    m_comprobantes.Consulta(*m_proceso->baseDatos, ComprobantesTrabajo::SqlDeCliente(),
-                            {cliente.tipoDoc, cliente.numero});
+    m_comprobantes.Consulta(m_entorno.base, ComprobantesTrabajo::SqlDeCliente(), {cliente.tipoDoc, cliente.numero});
     m_ui->lblNumTrab->setText(u"   Registros      "_s + QString::number(m_comprobantes.rowCount()));
     ActualizaTotales();
 }
 
 void FrmAgePer::ActualizaTotales() {
-    const ClientesTrabajo::Sumas sumas = ClientesTrabajo(*m_proceso->baseDatos).SumaComprobantes(Datos().Clave());
+    const ClientesTrabajo::Sumas sumas = ClientesTrabajo(m_entorno.base).SumaComprobantes(Datos().Clave());
     m_ui->TxtBase->setText(Format(sumas.base, u"##############0.#0"));
     m_ui->TxtPercepcion->setText(Format(sumas.percepcion, kMascara));
 }
 
 bool FrmAgePer::Pasa(const VeredictoCliente& veredicto) {
-    return Atiende(*m_avisos, veredicto, [this](CampoCliente campo) -> QWidget& { return Control(campo); });
+    return Atiende(m_entorno.avisos, veredicto, [this](CampoCliente campo) -> QWidget& { return Control(campo); });
 }
 
 QWidget& FrmAgePer::Control(CampoCliente campo) const {
@@ -276,10 +270,6 @@ QWidget& FrmAgePer::Control(CampoCliente campo) const {
     case CampoCliente::Nombres: break;
     }
     return *m_ui->TxtNombres;
-}
-
-bool FrmAgePer::EsNuevo() const {
-    return m_proceso->opcionDetalle == u"0";
 }
 
 DatosCliente FrmAgePer::Datos() const {

@@ -2,11 +2,11 @@
 
 #include "detail/ClientChecks.h"
 #include "detail/ClientLayout.h"
+#include "detail/DetailContext.h"
 #include "widgets/Form.h"
 #include "widgets/QueryModel.h"
 
 #include <memory>
-#include <optional>
 
 namespace Ui {
 class FrmAgePer;
@@ -14,18 +14,14 @@ class FrmAgePer;
 
 namespace xa518 {
 
-class Avisos;
 struct Comprobante;
-struct Proceso;
 
-/// One client of the declaration: who it is, and the grid of its vouchers. `Proceso::opcionDetalle` says whether it is
-/// a new one or the row handed over, `Proceso::enviadas` whether it is only looked at.
+/// One client of the declaration: who it is, and the grid of its vouchers.
 class FrmAgePer : public Forma {
     Q_OBJECT
   public:
-    /// `mkePeriodo` is the declared period as the declaration's field shows it, `mm/yyyy`.
-    FrmAgePer(Proceso& proceso, Avisos& avisos, const QString& mkePeriodo,
-              const std::optional<FilaCliente>& fila = std::nullopt, QWidget* padre = nullptr);
+    /// Of a new client the row is empty.
+    FrmAgePer(EntornoDetalle entorno, ModoDetalle modo, const FilaCliente& fila = {}, QWidget* padre = nullptr);
     ~FrmAgePer() override;
 
   protected:
@@ -50,21 +46,21 @@ class FrmAgePer : public Forma {
     /// Stores the client; false when a check refused it.
     bool Acepta();
 
-    void AbreComprobante(const Comprobante& comprobante);
+    void AbreComprobante(ModoDetalle modo, const Comprobante& comprobante);
     void LigaGrilla();
     void ActualizaTotales();
 
     /// Shows what a rule refuses; true when it passed.
     [[nodiscard]] bool Pasa(const VeredictoCliente& veredicto);
     [[nodiscard]] QWidget& Control(CampoCliente campo) const;
-    [[nodiscard]] bool EsNuevo() const;
+    [[nodiscard]] bool EsNuevo() const { return m_modo == ModoDetalle::Nuevo; }
     [[nodiscard]] DatosCliente Datos() const;
     [[nodiscard]] TotalesCliente Totales() const;
     [[nodiscard]] Comprobante Seleccionado() const;
 
     std::unique_ptr<Ui::FrmAgePer> m_ui;
-    Proceso* m_proceso;
-    Avisos* m_avisos;
+    EntornoDetalle m_entorno;
+    ModoDetalle m_modo;
     ModeloDeConsulta m_comprobantes;
     QString m_ultimoTipo; ///< `lblocul`: the code of the last type picked
     bool m_hayCambiosCliente = false;

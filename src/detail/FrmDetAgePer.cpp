@@ -1,14 +1,20 @@
 #include "detail/FrmDetAgePer.h"
 
-#include "detail/OptionPair.h"
 #include "detail/ShowVerdict.h"
+#include "detail/VoucherDates.h"
+#include "detail/VoucherTypes.h"
 #include "detail/frmPerDet.h"
 #include "detail/ui_FrmDetAgePer.h"
-#include "family/Process.h"
 #include "platform/Clock.h"
-#include "platform/Notices.h"
+#include "values/Format.h"
+#include "values/Text.h"
 #include "widgets/Application.h"
+#include "widgets/FieldKeys.h"
 #include "widgets/HourGlass.h"
+#include "widgets/ReadablePalette.h"
+#include "widgets/WidgetHelpers.h"
+
+#include <QStyledItemDelegate>
 
 namespace xa518 {
 
@@ -16,15 +22,97 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int kAnchoNumero = 8; ///< also with a type whose number may be longer: wanted
 const QString kYaRegistrada = u"La información ya ha sido registrada"_s;
 
 int Campo(ColumnaPago columna) {
     return static_cast<int>(columna);
 }
 
+QString SinGrupos(const QString& monto) {
+    return Format(monto, u"###########0.#0");
+}
+
+QString ConGrupos(const QString& monto) {
+    return Format(monto, u"###,###,###,##0.#0");
+}
+
+/// Amounts of the grid of payment vouchers.
+class CeldaDeMonto final : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    [[nodiscard]] QString displayText(const QVariant& valor, const QLocale& /*local*/) const override {
+        return MontoEnGrilla(valor.toString());
+    }
+};
+
+/// The code of the type is in the rows, for the rules, but isn't shown.
+QList<ColumnaDeGrilla> ColumnasDePagos() {
+    const auto columna = [](const QString& titulo, ColumnaPago campo, bool derecha = false) {
+        return ColumnaDeGrilla{titulo, static_cast<int>(campo), derecha, {}};
+    };
+    using enum ColumnaPago;
+    return {columna(u"Tipo de Documento"_s, Descripcion), columna(u"Serie"_s, Serie), columna(u"Número"_s, Numero),
+            columna(u"Fec. Emisión"_s, Fecha), columna(u"Monto"_s, Monto, true)};
+}
+
 } // namespace
 
+FrmDetAgePer::FrmDetAgePer(EntornoDetalle entorno, ModoDetalle modo, const Comprobante& comprobante, QWidget* padre)
+    : Forma(padre)
+    , m_ui(std::make_unique<Ui::FrmDetAgePer>())
+    , m_entorno(std::move(entorno))
+    , m_modo(modo)
+    , m_cliente(comprobante.clave.cliente)
+    , m_tasa(m_entorno.base, m_entorno.declarado, m_entorno.primerIgv)
+    , m_pagos(ColumnasDePagos()) {
+    const RelojDeArena reloj;
+    m_ui->setupUi(this);
+    Prepara({m_ui->CmdOpciones_1});
+    m_ui->PreguntasDeTasa->PonPeriodo(m_entorno.declarado, m_entorno.primerIgv);
+    PreparaGrilla();
+    PreparaCampos();
+    PreparaMonto();
+    ConectaPreguntas();
+    ConectaBotones();
+    Abre(comprobante);
+}
+
 FrmDetAgePer::~FrmDetAgePer() = default;
+
+void FrmDetAgePer::PreparaGrilla() {
+    m_ui->GrdDetPer->setModel(&m_pagos);
+    const int monto = m_pagos.columnCount() - 1;
+    m_ui->GrdDetPer->setItemDelegateForColumn(monto, new CeldaDeMonto(this));
+}
+
+void FrmDetAgePer::PreparaCampos() {
+    QLineEdit& serie = *m_ui->TxtSerie;
+    SoloSerie(serie, [this] {
+        return m_ui->PreguntaDeContado->EsOrdinario() || AdmiteLetras(m_ui->PreguntaDeContado->Tipo());
+    });
+    CompletaSerie(serie);
+    QLineEdit& numero = *m_ui->TxtNumero;
+    SoloNumero(numero);
+    CompletaConCeros(numero, [] { return kAnchoNumero; });
+    for (QLineEdit* campo : QList<QLineEdit*>{&numero, m_ui->TxtMtoBase, m_ui->MkeFecEmis})
+        EntrarComoTab(*campo);
+    for (QLineEdit* campo : QList<QLineEdit*>{&serie, &numero, m_ui->TxtMtoBase, m_ui->MkeFecEmis}) {
+        SinPegar(*campo);
+        AlTeclear(*campo, [this] { m_hayCambios = true; });
+    }
+    AlSalir(*m_ui->MkeFecEmis, [this] { return AlDejarFecha(); });
+}
+
+void FrmDetAgePer::PreparaMonto() {
+    for (QLineEdit* campo : {m_ui->TxtMtoBase, m_ui->TxtPercepcion}) {
+        SoloMonto(*campo);
+        FormatosDeFoco(*campo, SinGrupos, ConGrupos);
+    }
+    const auto porcentaje = [](const QString& factor) { return Format(factor, u"##0.#0"); };
+    FormatosDeFoco(*m_ui->TxtFactor, porcentaje, porcentaje);
+    connect(m_ui->TxtMtoBase, &QLineEdit::textChanged, this, Protegido([this] { CalculaMontos(); }));
+}
 
 void FrmDetAgePer::ConectaBotones() {
     const auto alPulsar = [this](QAbstractButton* boton, void (FrmDetAgePer::*manejador)()) {
@@ -41,20 +129,126 @@ void FrmDetAgePer::ConectaBotones() {
     connect(m_ui->GrdDetPer, &GrillaDeLectura::FilaActivada, this, Protegido([this] { ModificarPago(); }));
 }
 
+void FrmDetAgePer::ConectaPreguntas() {
+    connect(m_ui->PreguntaDeContado, &PreguntaContado::Cambiada, this,
+            [this](PreguntaContado::Cambio cambio) { AlCambiarClase(cambio); });
+    connect(m_ui->PreguntasDeTasa, &PreguntasTasa::Cambiadas, this, Protegido([this] { CalculaMontos(); }));
+}
+
+void FrmDetAgePer::Abre(const Comprobante& comprobante) {
+    IniciaIgv(); // the date isn't there yet: wanted
+    const QString tipo = QString::number(m_cliente.tipoDoc);
+    LlenaTiposDeDocumento(*m_ui->CmbTipDoc, m_entorno.base, tipo);
+    m_ui->CmbTipDoc->EligePorValor(tipo);
+    m_ui->TxtNumDoc->setText(m_cliente.numero);
+    m_ui->PreguntaDeContado->PonTipos(TiposDeContado(m_entorno.base));
+    if (EsNuevo())
+        m_ui->PreguntaDeContado->Contesta(false);
+    else
+        MuestraComprobante(comprobante);
+    if (m_modo == ModoDetalle::Ver)
+        DesActiva(); // after the answers, which enable the buttons
+    m_abriendo = false;
+}
+
+/// The answers of a stored voucher can't be changed, only its date and its amount.
+void FrmDetAgePer::MuestraComprobante(const Comprobante& comprobante) {
+    const ClaveComprobante& clave = comprobante.clave;
+    m_ui->PreguntaDeContado->Muestra(clave.tipCp);
+    m_ui->TxtSerie->setText(clave.serie);
+    m_ui->TxtNumero->setText(clave.numero);
+    m_ui->TxtSerie->setEnabled(false);
+    m_ui->TxtNumero->setEnabled(false);
+    m_ui->PreguntasDeTasa->Muestra(comprobante.campos);
+    m_ui->PreguntaDeContado->Bloquea();
+    m_ui->PreguntasDeTasa->Bloquea();
+    MuestraCampos(comprobante.campos);
+}
+
+/// The stored perception shows, over what the amount computes. Wanted: rate and factor show 0 until the date is left.
+void FrmDetAgePer::MuestraCampos(const CamposComprobante& campos) {
+    m_ui->MkeFecEmis->setText(campos.fecha);
+    m_ui->TxtMtoBase->setText(campos.base);
+    m_ui->TxtPercepcion->setText(campos.percepcion);
+    m_ui->MkeFecEmis->setFocus(); // leaving it computes the rate, which is stored also when nothing else is touched
+}
+
+void FrmDetAgePer::DesActiva() {
+    ComoSoloLectura(*this);
+    for (QWidget* campo : QList<QWidget*>{m_ui->MkeFecEmis, m_ui->TxtMtoBase}) {
+        QPalette colores = campo->palette();
+        colores.setColor(QPalette::Disabled, QPalette::Base, QColor(0xC0, 0xC0, 0xC0));
+        colores.setColor(QPalette::Disabled, QPalette::Text, Qt::black); // readable on that grey in any palette
+        campo->setPalette(colores);
+    }
+    for (QWidget* control : QList<QWidget*>{m_ui->MkeFecEmis, m_ui->TxtMtoBase, m_ui->CmdOpciones1_0,
+                                            m_ui->CmdOpciones1_1, m_ui->CmdOpciones1_2, m_ui->CmdOpciones_0})
+        control->setEnabled(false);
+}
+
 void FrmDetAgePer::AlActivar() {
     const int fila = m_ui->GrdDetPer->Fila();
     LigaGrilla();
     m_ui->GrdDetPer->PonFila(fila);
     m_ui->GrdDetPer->AjustaColumnas(Campo(ColumnaPago::Descripcion));
-    if (EnRangoPrimerIgv()) {
-        m_ui->FraMedPago->setEnabled(false);
-        m_ui->Label3->setEnabled(false);
+    m_ui->PreguntasDeTasa->ApagaMedioDePagoEnRango();
+}
+
+void FrmDetAgePer::AlCambiarClase(PreguntaContado::Cambio cambio) {
+    if (cambio == PreguntaContado::Cambio::Tipo)
+        AlElegirTipoCP();
+    else
+        m_ui->Frame1->setEnabled(!m_ui->PreguntaDeContado->EsContado());
+}
+
+void FrmDetAgePer::AlElegirTipoCP() {
+    const QString tipo = m_ui->PreguntaDeContado->Tipo();
+    QLineEdit& numero = *m_ui->TxtNumero;
+    LimitaTecleo(numero, LimiteDeNumero(tipo));
+    if (Recorta(numero.text()).size() > LimiteDeNumero(tipo))
+        numero.clear();
+    if (m_ui->PreguntaDeContado->EsContado())
+        m_ui->PreguntasDeTasa->RespondeCredito(CreditoDe(tipo));
+    if (m_ui->TxtSerie->isEnabled())
+        m_ui->TxtSerie->clear();
+    if (!m_abriendo)
+        EnviaTecla(u"TAB"_s);
+}
+
+Salida FrmDetAgePer::AlDejarFecha() {
+    const QString fecha = m_ui->MkeFecEmis->text();
+    if (!m_ui->MkeFecEmis->EstaCompleto())
+        return Salida::Libre;
+    const VeredictoComprobante veredicto = ValidaFecha(fecha, m_entorno.declarado, m_entorno.reloj.Hoy());
+    if (!veredicto) {
+        m_entorno.avisos.Muestra(veredicto.Motivo());
+        return veredicto.ElCampo() ? Salida::Retenida : Salida::Libre;
     }
+    IniciaIgv();
+    CalculaMontos();
+    return Salida::Libre;
+}
+
+void FrmDetAgePer::IniciaIgv() {
+    m_periodoEmision = Periodo::DeFecha(m_ui->MkeFecEmis->text()).value_or(Periodo());
+    m_tasaIgv = IniIgv(m_entorno.base, u"010101"_s, u"998"_s, m_periodoEmision);
+}
+
+void FrmDetAgePer::CalculaMontos() {
+    const FilaTasa fila = m_tasa.Calcular(m_ui->PreguntasDeTasa->Lee(), m_periodoEmision);
+    m_ui->TxtFactor->setText(TextoFactor(fila.factor));
+    m_ui->TxtTasa->setText(fila.tasa);
+    const QString escrito = m_ui->TxtMtoBase->text();
+    const QString monto = LimitaMonto(escrito);
+    if (monto != escrito)
+        m_ui->TxtMtoBase->setText(monto); // comes back here
+    else
+        m_ui->TxtPercepcion->setText(Percepcion(monto, fila.factor));
 }
 
 void FrmDetAgePer::LigaGrilla() {
-    Base& base = *m_proceso->baseDatos;
-    if (m_tipoCP.isEmpty()) {
+    Base& base = m_entorno.base;
+    if (m_ui->PreguntaDeContado->Tipo().isEmpty()) {
         const ClaveComprobante clave = Clave();
         m_pagos.Consulta(base, PagosTrabajo::SqlDeComprobante(),
                          {clave.cliente.tipoDoc, clave.cliente.numero, clave.serie, clave.numero});
@@ -66,32 +260,30 @@ void FrmDetAgePer::LigaGrilla() {
 
 void FrmDetAgePer::NuevoPago() {
     RelojDeArena reloj;
-    m_proceso->modoPago = u"0"_s;
     if (!Pasa(Valida()))
         return;
-    if (EsNuevo() && ComprobantesTrabajo(*m_proceso->baseDatos).Existe(Clave())) {
-        Rechaza(*m_avisos, kYaRegistrada);
+    if (EsNuevo() && ComprobantesTrabajo(m_entorno.base).Existe(Clave())) {
+        Rechaza(m_entorno.avisos, kYaRegistrada);
         return;
     }
     reloj.Suelta();
-    AbrePago({});
+    AbrePago(ModoDetalle::Nuevo, {});
     FijaClase();
 }
 
 void FrmDetAgePer::ModificarPago() {
     RelojDeArena reloj;
-    m_proceso->modoPago = u"1"_s;
     if (m_ui->GrdDetPer->Fila() < 0 || !Pasa(Valida()))
         return;
     reloj.Suelta();
-    AbrePago(Seleccionado());
+    AbrePago(m_modo == ModoDetalle::Ver ? m_modo : ModoDetalle::Modificar, Seleccionado());
 }
 
-void FrmDetAgePer::AbrePago(const ComprobanteDePago& pago) {
+void FrmDetAgePer::AbrePago(ModoDetalle modo, const ComprobanteDePago& pago) {
     ComprobanteDePago deEste = pago;
     deEste.clave.comprobante = Clave();
-    const QString lblTipo = LblTipo(m_proceso->periodoDeclarado, m_proceso->fechaPrimerIgv, m_cpFact->Respuesta());
-    frmPerDet dialogo(*m_proceso, *m_avisos, deEste, lblTipo, this);
+    const QString lblTipo = LblTipo(m_entorno.declarado, m_entorno.primerIgv, m_ui->PreguntasDeTasa->Lee().cpFact);
+    frmPerDet dialogo(m_entorno, modo, deEste, lblTipo, this);
     connect(&dialogo, &frmPerDet::Guardado, this, &FrmDetAgePer::Deshabilita_Percepcion);
     AbreModal(dialogo);
 }
@@ -100,26 +292,20 @@ void FrmDetAgePer::AbrePago(const ComprobanteDePago& pago) {
 void FrmDetAgePer::Deshabilita_Percepcion() {
     m_ui->TxtSerie->setEnabled(false);
     m_ui->TxtNumero->setEnabled(false);
-    ActivaCredito(false);
-    ActivaListado(false);
+    m_ui->PreguntasDeTasa->FijaCredito();
 }
 
 /// It can no longer become a cash sale. Wanted: also when no payment voucher was entered.
 void FrmDetAgePer::FijaClase() {
-    m_ui->Label5->setEnabled(false);
-    m_contado->Activa(false);
-    ActivaTipoCP(false);
-    m_ui->FraMedPago->setEnabled(false);
-    m_medPago->Activa(false);
-    m_ui->Label3->setEnabled(false);
+    m_ui->PreguntaDeContado->Bloquea();
+    m_ui->PreguntasDeTasa->FijaMedioDePago();
 }
 
 void FrmDetAgePer::EliminarPago() {
     const RelojDeArena reloj;
-    m_proceso->modoPago = u"2"_s;
-    if (m_ui->GrdDetPer->Fila() < 0 || !ConfirmaEliminacion(*m_avisos))
+    if (m_ui->GrdDetPer->Fila() < 0 || !ConfirmaEliminacion(m_entorno.avisos))
         return;
-    PagosTrabajo(*m_proceso->baseDatos).Borra(Seleccionado().clave);
+    PagosTrabajo(m_entorno.base).Borra(Seleccionado().clave);
     LigaGrilla();
     m_ui->GrdDetPer->PonFila(0);
 }
@@ -128,23 +314,23 @@ bool FrmDetAgePer::Acepta() {
     const RelojDeArena reloj;
     if (!Pasa(Valida()))
         return false;
-    if (m_contado->Respuesta() == false && SinPagos()) {
-        Rechaza(*m_avisos, u"Ingrese al menos un comprobante de pago"_s);
+    if (m_ui->PreguntaDeContado->EsOrdinario() && SinPagos()) {
+        Rechaza(m_entorno.avisos, u"Ingrese al menos un comprobante de pago"_s);
         return false;
     }
-    ComprobantesTrabajo comprobantes(*m_proceso->baseDatos);
+    ComprobantesTrabajo comprobantes(m_entorno.base);
     const DatosComprobante datos = Datos();
     const FilaTasa fila = m_tasa.Calcular(datos.respuestas, m_periodoEmision);
     const CamposComprobante campos = CamposDe(datos, m_ui->TxtPercepcion->text(), fila.tasa);
     if (!EsNuevo()) {
         comprobantes.Modifica(Clave(), campos);
     } else if (comprobantes.Existe(Clave())) {
-        Rechaza(*m_avisos, kYaRegistrada);
+        Rechaza(m_entorno.avisos, kYaRegistrada);
         return false;
     } else {
         comprobantes.Agrega(Clave(), campos);
     }
-    if (m_contado->Respuesta() == false)
+    if (m_ui->PreguntaDeContado->EsOrdinario())
         AvisaSoloNotasDeCredito();
     return true;
 }
@@ -153,24 +339,24 @@ bool FrmDetAgePer::Acepta() {
 /// almost never holds and a single credit note is found by the second: kept as it is.
 void FrmDetAgePer::AvisaSoloNotasDeCredito() {
     const bool montoEs07 = m_pagos.rowCount() == 1 && m_pagos.Texto(0, Campo(ColumnaPago::Monto)) == u"07";
-    if (montoEs07 || (!SinPagos() && PagosTrabajo(*m_proceso->baseDatos).SoloNotasDeCredito(Clave())))
-        m_avisos->Muestra(
+    if (montoEs07 || (!SinPagos() && PagosTrabajo(m_entorno.base).SoloNotasDeCredito(Clave())))
+        m_entorno.avisos.Muestra(
             {Icono::Informacion, u"Debe ingresar algún comprobante de pago diferente a nota de crédito."_s, {}});
 }
 
 void FrmDetAgePer::Salir() {
-    if (m_proceso->enviadas || !m_hayCambios) {
+    if (m_modo == ModoDetalle::Ver || !m_hayCambios) {
         Termina();
         return;
     }
     const bool sinPagos = SinPagos();
-    if (sinPagos && m_tipoCP.isEmpty() && !PreguntaSinPagos())
+    if (sinPagos && m_ui->PreguntaDeContado->Tipo().isEmpty() && !PreguntaSinPagos())
         return;
-    ComprobantesTrabajo comprobantes(*m_proceso->baseDatos);
+    ComprobantesTrabajo comprobantes(m_entorno.base);
     const bool yaEsta = EsNuevo() && sinPagos && comprobantes.Existe(Clave());
-    if ((!sinPagos || !m_tipoCP.isEmpty()) && !yaEsta && PreguntaGuardar(*m_avisos))
+    if ((!sinPagos || !m_ui->PreguntaDeContado->Tipo().isEmpty()) && !yaEsta && PreguntaGuardar(m_entorno.avisos))
         (void)Acepta(); // the dialog closes even when it is refused: wanted
-    if (m_tipoCP.isEmpty())
+    if (m_ui->PreguntaDeContado->Tipo().isEmpty())
         comprobantes.BarreAlSalir(Clave(), EsNuevo(), sinPagos);
     Termina();
 }
@@ -178,64 +364,51 @@ void FrmDetAgePer::Salir() {
 /// An ordinary voucher without payment vouchers goes away; false when the person stays. A new one whose key another
 /// voucher has already isn't asked about.
 bool FrmDetAgePer::PreguntaSinPagos() {
-    ComprobantesTrabajo comprobantes(*m_proceso->baseDatos);
+    ComprobantesTrabajo comprobantes(m_entorno.base);
     if (EsNuevo() && comprobantes.Existe(Clave()))
         return true;
-    if (!Confirma(*m_avisos, u"No hay comprobantes. Si sale se borrará este registro. ¿Esta Seguro?"_s))
+    if (!Confirma(m_entorno.avisos, u"No hay comprobantes. Si sale se borrará este registro. ¿Esta Seguro?"_s))
         return false;
     comprobantes.Borra(Clave());
     return true;
 }
 
-bool FrmDetAgePer::EsNuevo() const {
-    return m_proceso->modoDetalle == u"0";
-}
-
-bool FrmDetAgePer::EnRangoPrimerIgv() const {
-    return HastaPrimerIgv(m_proceso->periodoDeclarado, m_proceso->fechaPrimerIgv);
-}
-
-ClaveComprobante FrmDetAgePer::Clave() const {
-    return {
-        .cliente = m_cliente, .serie = m_ui->TxtSerie->text(), .numero = m_ui->TxtNumero->text(), .tipCp = m_tipoCP};
-}
-
-Respuestas FrmDetAgePer::LasRespuestas() const {
-    return {.cpFact = m_cpFact->Respuesta(),
-            .listado = m_listado->Respuesta(),
-            .venta = m_venta->Respuesta(),
-            .medPago = m_medPago->Respuesta()};
-}
-
-DatosComprobante FrmDetAgePer::Datos() const {
-    return {.contado = m_contado->Respuesta() == true,
-            .tipoCp = m_ui->CmbTipoCP->Codigo(),
-            .serie = m_ui->TxtSerie->text(),
-            .numero = m_ui->TxtNumero->text(),
-            .fecha = m_ui->MkeFecEmis->text(),
-            .monto = m_ui->TxtMtoBase->text(),
-            .exigeListado = m_ui->FraListado->isEnabled(),
-            .respuestas = LasRespuestas()};
+VeredictoComprobante FrmDetAgePer::Valida() const {
+    return ValidaGrabar(Datos(), m_entorno.declarado, m_entorno.reloj.Hoy());
 }
 
 bool FrmDetAgePer::Pasa(const VeredictoComprobante& veredicto) {
-    return Atiende(*m_avisos, veredicto, [this](CampoComprobante campo) -> QWidget& { return Control(campo); });
+    return Atiende(m_entorno.avisos, veredicto, [this](CampoComprobante campo) -> QWidget& { return Control(campo); });
 }
 
 QWidget& FrmDetAgePer::Control(CampoComprobante campo) const {
     switch (campo) {
-    case CampoComprobante::Tipo: return *m_ui->CmbTipoCP;
+    case CampoComprobante::Tipo: return m_ui->PreguntaDeContado->CampoTipo();
     case CampoComprobante::Serie: return *m_ui->TxtSerie;
     case CampoComprobante::Numero: return *m_ui->TxtNumero;
     case CampoComprobante::Fecha: return *m_ui->MkeFecEmis;
     case CampoComprobante::Monto: return *m_ui->TxtMtoBase;
     case CampoComprobante::Listado: break;
     }
-    return *m_ui->OptListado_0;
+    return m_ui->PreguntasDeTasa->CampoListado();
 }
 
-VeredictoComprobante FrmDetAgePer::Valida() const {
-    return ValidaGrabar(Datos(), m_proceso->periodoDeclarado, m_proceso->reloj.Hoy());
+ClaveComprobante FrmDetAgePer::Clave() const {
+    return {.cliente = m_cliente,
+            .serie = m_ui->TxtSerie->text(),
+            .numero = m_ui->TxtNumero->text(),
+            .tipCp = m_ui->PreguntaDeContado->Tipo()};
+}
+
+DatosComprobante FrmDetAgePer::Datos() const {
+    return {.contado = m_ui->PreguntaDeContado->EsContado(),
+            .tipoCp = m_ui->PreguntaDeContado->Tipo(),
+            .serie = m_ui->TxtSerie->text(),
+            .numero = m_ui->TxtNumero->text(),
+            .fecha = m_ui->MkeFecEmis->text(),
+            .monto = m_ui->TxtMtoBase->text(),
+            .exigeListado = m_ui->PreguntasDeTasa->ExigeListado(),
+            .respuestas = m_ui->PreguntasDeTasa->Lee()};
 }
 
 ComprobanteDePago FrmDetAgePer::Seleccionado() const {

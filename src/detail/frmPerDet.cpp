@@ -4,10 +4,7 @@
 #include "detail/VoucherDates.h"
 #include "detail/VoucherTypes.h"
 #include "detail/ui_frmPerDet.h"
-#include "family/Process.h"
 #include "platform/Clock.h"
-#include "platform/Notices.h"
-#include "values/Dates.h"
 #include "values/Format.h"
 #include "values/Text.h"
 #include "widgets/Application.h"
@@ -20,11 +17,12 @@ namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
-frmPerDet::frmPerDet(Proceso& proceso, Avisos& avisos, const ComprobanteDePago& pago, QString lblTipo, QWidget* padre)
+frmPerDet::frmPerDet(EntornoDetalle entorno, ModoDetalle modo, const ComprobanteDePago& pago, QString lblTipo,
+                     QWidget* padre)
     : Forma(padre)
     , m_ui(std::make_unique<Ui::frmPerDet>())
-    , m_proceso(&proceso)
-    , m_avisos(&avisos)
+    , m_entorno(std::move(entorno))
+    , m_modo(modo)
     , m_comprobante(pago.clave.comprobante)
     , m_lblTipo(std::move(lblTipo)) {
     const RelojDeArena reloj;
@@ -36,8 +34,8 @@ frmPerDet::frmPerDet(Proceso& proceso, Avisos& avisos, const ComprobanteDePago& 
     CargaTipoDoc();
     if (!EsNuevo())
         MuestraPago(pago);
-    m_ui->CmdOpciones_0->setEnabled(!m_proceso->enviadas);
-    if (m_proceso->enviadas)
+    m_ui->CmdOpciones_0->setEnabled(!SoloVer());
+    if (SoloVer())
         ComoSoloLectura(*this);
     m_cargando = false;
 }
@@ -84,7 +82,7 @@ void frmPerDet::ConectaBotones() {
 }
 
 void frmPerDet::CargaTipoDoc() {
-    LlenaTiposDeComprobante(*m_ui->CmbTipoDoc, TiposDePago(*m_proceso->baseDatos, m_lblTipo));
+    LlenaTiposDeComprobante(*m_ui->CmbTipoDoc, TiposDePago(m_entorno.base, m_lblTipo));
 }
 
 void frmPerDet::MuestraPago(const ComprobanteDePago& pago) {
@@ -96,9 +94,9 @@ void frmPerDet::MuestraPago(const ComprobanteDePago& pago) {
     m_ui->TxtMtoDet->setText(MontoEditado(tipo, pago.monto));
     for (QWidget* campo : QList<QWidget*>{m_ui->CmbTipoDoc, m_ui->TxtSerie, m_ui->TxtNumero})
         campo->setEnabled(false);
-    m_ui->MkeFecEmis->setEnabled(!m_proceso->enviadas);
-    m_ui->TxtMtoDet->setEnabled(!m_proceso->enviadas);
-    if (!m_proceso->enviadas)
+    m_ui->MkeFecEmis->setEnabled(!SoloVer());
+    m_ui->TxtMtoDet->setEnabled(!SoloVer());
+    if (!SoloVer())
         m_ui->MkeFecEmis->setFocus(); // with its text selected, to be typed over
 }
 
@@ -134,22 +132,16 @@ Salida frmPerDet::AlDejarFecha() {
         return Salida::Retenida;
     if (*veredicto)
         return Salida::Libre;
-    m_avisos->Muestra(veredicto->Motivo());
+    m_entorno.avisos.Muestra(veredicto->Motivo());
     return veredicto->ElCampo() ? Salida::Retenida : Salida::Libre;
 }
 
 std::optional<VeredictoComprobante> frmPerDet::FechaOrigen() const {
-    const auto confirma = [this](const Mensaje& pregunta) { return m_avisos->Pregunta(pregunta) == Respuesta::Si; };
-    return ValidaFechaOrigen(m_ui->MkeFecEmis->text(), m_proceso->periodoDeclarado, m_proceso->reloj.Hoy(),
+    const auto confirma = [this](const Mensaje& pregunta) {
+        return m_entorno.avisos.Pregunta(pregunta) == Respuesta::Si;
+    };
+    return ValidaFechaOrigen(m_ui->MkeFecEmis->text(), m_entorno.declarado, m_entorno.reloj.Hoy(),
                              m_cargando ? Confirmacion() : Confirmacion(confirma));
-}
-
-bool frmPerDet::ValidaFecha() {
-    const QString fecha = m_ui->MkeFecEmis->text();
-    const bool delPeriodo = EsFecha(fecha) && Periodo::DeFecha(fecha) == m_proceso->periodoDeclarado;
-    if (!delPeriodo)
-        Rechaza(*m_avisos, u"La fecha no es válida."_s);
-    return delPeriodo;
 }
 
 void frmPerDet::AlAceptar() {
@@ -167,25 +159,26 @@ bool frmPerDet::Acepta() {
     const DatosPago datos = Datos();
     if (!Pasa(ValidaGrabar(datos, [this] { return FechaOrigen(); })))
         return false;
-    PagosTrabajo pagos(*m_proceso->baseDatos);
+    PagosTrabajo pagos(m_entorno.base);
     const QString monto = MontoGuardado(datos.tipo, datos.monto, EsNuevo());
     if (!EsNuevo()) {
         pagos.Modifica(Clave(), datos.fecha, monto);
     } else if (pagos.Existe(Clave())) {
-        Rechaza(*m_avisos, u"La información ya ha sido registrada"_s);
+        Rechaza(m_entorno.avisos, u"La información ya ha sido registrada"_s);
         return false;
     } else {
         pagos.Agrega(Clave(), datos.fecha, monto);
     }
     Q_EMIT Guardado();
-    m_avisos->Muestra({Icono::Informacion, u"La información se grabó satisfactoriamente"_s, {}});
+    m_entorno.avisos.Muestra({Icono::Informacion, u"La información se grabó satisfactoriamente"_s, {}});
     return true;
 }
 
 /// Without a verdict the person took the date back, and goes on there.
 bool frmPerDet::Pasa(const std::optional<VeredictoComprobante>& veredicto) {
     if (veredicto)
-        return Atiende(*m_avisos, *veredicto, [this](CampoComprobante campo) -> QWidget& { return Control(campo); });
+        return Atiende(m_entorno.avisos, *veredicto,
+                       [this](CampoComprobante campo) -> QWidget& { return Control(campo); });
     Enfoca(*m_ui->MkeFecEmis);
     return false;
 }
@@ -204,18 +197,17 @@ QWidget& frmPerDet::Control(CampoComprobante campo) const {
 }
 
 void frmPerDet::Salir() {
-    if (!m_proceso->enviadas && m_hayCambiosPago && PreguntaGuardar(*m_avisos))
+    if (!SoloVer() && m_hayCambiosPago && PreguntaGuardar(m_entorno.avisos))
         (void)Acepta(); // the dialog closes even when it is refused: wanted
     Termina();
 }
 
-bool frmPerDet::EsNuevo() const {
-    return m_proceso->modoPago == u"0";
-}
-
 DatosPago frmPerDet::Datos() const {
-    return {m_ui->CmbTipoDoc->Codigo(), m_ui->TxtSerie->text(), m_ui->TxtNumero->text(), m_ui->MkeFecEmis->text(),
-            m_ui->TxtMtoDet->text()};
+    return {.tipo = m_ui->CmbTipoDoc->Codigo(),
+            .serie = m_ui->TxtSerie->text(),
+            .numero = m_ui->TxtNumero->text(),
+            .fecha = m_ui->MkeFecEmis->text(),
+            .monto = m_ui->TxtMtoDet->text()};
 }
 
 ClavePago frmPerDet::Clave() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "detail/DetailContext.h"
 #include "detail/VoucherChecks.h"
 #include "form518/WorkPayments.h"
 #include "widgets/FieldFocus.h"
@@ -13,16 +14,12 @@ class frmPerDet;
 
 namespace xa518 {
 
-class Avisos;
-struct Proceso;
-
-/// One payment voucher behind a perception voucher. `Proceso::modoPago` says whether it is a new one: then the dialog
-/// stays open after each save for the next. `Proceso::enviadas` says whether it is only looked at.
+/// One payment voucher behind a perception voucher. Opened for a new one it stays open after each save, for the next.
 class frmPerDet : public Forma {
     Q_OBJECT
   public:
     /// Of a new payment voucher only the perception voucher is filled. `lblTipo` decides which types are offered.
-    frmPerDet(Proceso& proceso, Avisos& avisos, const ComprobanteDePago& pago, QString lblTipo,
+    frmPerDet(EntornoDetalle entorno, ModoDetalle modo, const ComprobanteDePago& pago, QString lblTipo,
               QWidget* padre = nullptr);
     ~frmPerDet() override;
 
@@ -47,10 +44,9 @@ class frmPerDet : public Forma {
     /// Stores the payment voucher; false when a check refused it.
     bool Acepta();
     void AlAceptar();
-    /// Kept for its place; nothing calls it.
-    bool ValidaFecha();
 
-    [[nodiscard]] bool EsNuevo() const;
+    [[nodiscard]] bool EsNuevo() const { return m_modo == ModoDetalle::Nuevo; }
+    [[nodiscard]] bool SoloVer() const { return m_modo == ModoDetalle::Ver; }
     [[nodiscard]] DatosPago Datos() const;
     [[nodiscard]] ClavePago Clave() const;
     [[nodiscard]] std::optional<VeredictoComprobante> FechaOrigen() const;
@@ -59,8 +55,8 @@ class frmPerDet : public Forma {
     [[nodiscard]] QWidget& Control(CampoComprobante campo) const;
 
     std::unique_ptr<Ui::frmPerDet> m_ui;
-    Proceso* m_proceso;
-    Avisos* m_avisos;
+    EntornoDetalle m_entorno;
+    ModoDetalle m_modo;
     ClaveComprobante m_comprobante;
     QString m_lblTipo;
     bool m_hayCambiosPago = false;

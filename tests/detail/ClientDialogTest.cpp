@@ -11,8 +11,10 @@ const QString kFaltaComprobante = u"Ingrese al menos un comprobante de pago"_s;
 class ClientDialogTest : public DetailTest {
   protected:
     std::unique_ptr<FrmAgePer> Abre(const std::optional<FilaCliente>& fila = std::nullopt) {
-        m_proceso.opcionDetalle = fila ? u"1"_s : u"0"_s;
-        auto forma = std::make_unique<FrmAgePer>(m_proceso, m_avisos, u"10/2026"_s, fila);
+        return Abre(fila ? ModoDetalle::Modificar : ModoDetalle::Nuevo, fila.value_or(FilaCliente()));
+    }
+    std::unique_ptr<FrmAgePer> Abre(ModoDetalle modo, const FilaCliente& fila) {
+        auto forma = std::make_unique<FrmAgePer>(m_entorno, modo, fila);
         Muestra(*forma);
         return forma;
     }
@@ -71,12 +73,12 @@ TEST_F(ClientDialogTest, RefusesInItsOrder) {
           {{}, u"1"_s, dosVeces(noValido), numero},
           {{}, u"\b8"_s, otroRuc + u"\nIngrese la Razón Social."_s, u"TxtNombres"_s},
           {{}, u"acme"_s, kFaltaComprobante, u"CmdAceptar"_s}}},
-        {u"CmdAceptar"_s, {{{}, u"06\r"_s + m_proceso.docDeclarante.Texto(), dosVeces(delDeclarante), numero}}},
+        {u"CmdAceptar"_s, {{{}, u"06\r"_s + m_entorno.declarante.Texto(), dosVeces(delDeclarante), numero}}},
         {u"CmdOpciones_0"_s,
          {{{}, u"06\r1099200000"_s, noValido, numero},
           {{}, u"2"_s, u"Ingrese el apellido paterno."_s, u"TxtApePat"_s},
           {{}, u"rojas"_s, u"Ingrese los nombres."_s, u"TxtNombres"_s}}},
-        {u"CmdOpciones_0"_s, {{{}, u"06\r"_s + m_proceso.docDeclarante.Texto(), dosVeces(delDeclarante), numero}}},
+        {u"CmdOpciones_0"_s, {{{}, u"06\r"_s + m_entorno.declarante.Texto(), dosVeces(delDeclarante), numero}}},
         {u"CmdOpciones_0"_s, {{{}, u"06\r"_s + kEmpresa, dosVeces(otroRuc), numero}}},
         {u"CmdOpciones_0"_s, {{{}, u"07\ra-1 "_s, dosVeces(otroDocumento), numero}}}, // takes no other signs
     };
@@ -180,9 +182,8 @@ TEST_F(ClientDialogTest, AClientOfATypeThatIsNotOfferedOpensOnHisVouchers) {
 }
 
 TEST_F(ClientDialogTest, ASentClientIsOnlyLookedAt) {
-    m_proceso.enviadas = true;
     MeteComprobante(kEmpresa, u"1"_s);
-    const auto forma = Abre(m_fila);
+    const auto forma = Abre(ModoDetalle::Ver, m_fila);
     QStringList activos;
     for (QWidget* control : forma->findChildren<QWidget*>()) {
         const bool esControl = qobject_cast<QAbstractButton*>(control) || qobject_cast<QLineEdit*>(control);

@@ -50,13 +50,7 @@ QStringList Escrito(const QWidget& forma) {
 
 DetailTest::DetailTest(const QString& periodo) {
     LlenaCatalogo(m_base);
-    m_proceso.baseDatos = Base::Abre(m_base.Ruta());
-    m_proceso.docDeclarante = Ruc(u"20990518018");
-    m_proceso.periodoDeclarado = *Periodo::DeTabla(periodo);
-    m_proceso.fechaPrimerIgv = Periodo(2099, 12);
-    m_proceso.opcionDetalle = u"0"_s;
-    m_proceso.modoDetalle = u"0"_s;
-    m_proceso.modoPago = u"0"_s;
+    m_entorno.declarado = *Periodo::DeTabla(periodo);
 }
 
 void DetailTest::Teclea(const QString& teclas) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "data/Base.h"
+#include "detail/DetailContext.h"
 #include "family/Process.h"
 #include "form518/Form0518.h"
 #include "platform/Clock.h"
@@ -36,8 +38,11 @@ class DetailTest : public testing::Test {
 
     BaseTemporal m_base;
     RelojFijo m_reloj{QDateTime(QDate(2026, 10, 20), QTime(10, 0))};
-    Proceso m_proceso{m_reloj, {Formulario0518()}, kNumFormulario};
+#include "data/Base.h"
+#include "detail/DetailContext.h"
     AvisosDePrueba m_avisos;
+    std::unique_ptr<Base> m_abierta = Base::Abre(m_base.Ruta()); ///< the module's own
+    EntornoDetalle m_entorno{*m_abierta, m_avisos, m_reloj, Ruc(u"20990518018"), {}, Periodo(2099, 12)};
 };
 
 } // namespace xa518::prueba

@@ -8,12 +8,11 @@ const QString kGrabada = u"La información se grabó satisfactoriamente"_s;
 
 class PaymentDialogTest : public DetailTest {
   protected:
-    std::unique_ptr<frmPerDet> Abre(const QString& modo, const ClavePago& clave = {}, const QString& fecha = {},
+    std::unique_ptr<frmPerDet> Abre(ModoDetalle modo, const ClavePago& clave = {}, const QString& fecha = {},
                                     const QString& monto = {}) {
-        m_proceso.modoPago = modo;
         ComprobanteDePago pago{clave, fecha, monto};
         pago.clave.comprobante = {{6, kEmpresa}, u"P001"_s, u"00000001"_s, {}};
-        auto forma = std::make_unique<frmPerDet>(m_proceso, m_avisos, pago, u"1"_s);
+        auto forma = std::make_unique<frmPerDet>(m_entorno, modo, pago, u"1"_s);
         Muestra(*forma);
         return forma;
     }
@@ -34,7 +33,7 @@ TEST_F(PaymentDialogTest, RefusesInItsOrder) {
     const QString letras = u"No se permite letras desde la segunda a la cuarta posición en el número de serie."_s;
     const QString faltaMonto = u"Ingrese el valor total del comprobante de pago"_s;
     const QString nada = u"Ingrese valor total del comprobante de pago mayor a cero."_s;
-    const auto boleto = Abre(u"0"_s);
+    const auto boleto = Abre(ModoDetalle::Nuevo);
     Sube(*boleto, aceptar,
          {{{}, {}, u"Ingrese el tipo de documento"_s, u"CmbTipoDoc"_s},
           {{}, u"12"_s, u"Ingrese la serie"_s, serie}, // the choice itself moves the focus on
@@ -59,7 +58,7 @@ TEST_F(PaymentDialogTest, RefusesInItsOrder) {
     Clic(*boleto, "CmdOpciones_0");
     EXPECT_EQ(Filas(), QStringList{u"12|0001|00000007|20/10/2026|.01"_s});
 
-    const auto factura = Abre(u"0"_s);
+    const auto factura = Abre(ModoDetalle::Nuevo);
     Teclea(u"01A12\r5\r"_s);
     Sube(*factura, aceptar,
          {{fecha, u"10102026"_s, noValido, serie}, // padding leaves letters alone
@@ -70,7 +69,7 @@ TEST_F(PaymentDialogTest, RefusesInItsOrder) {
 }
 
 TEST_F(PaymentDialogTest, GoesOnWithTheNextAndStoresACreditNoteNegative) {
-    const auto forma = Abre(u"0"_s);
+    const auto forma = Abre(ModoDetalle::Nuevo);
     const auto entra = [&](const QString& teclas, const QString& mensaje) {
         Teclea(teclas);
         m_avisos.Espera(mensaje);
@@ -87,7 +86,8 @@ TEST_F(PaymentDialogTest, GoesOnWithTheNextAndStoresACreditNoteNegative) {
     EXPECT_EQ(Filas(),
               (QStringList{u"07|F001|00000005|10/10/2026|-.50"_s, u"01|F001|00000005|10/10/2026|123456789012.34"_s}));
 
-    const auto modifica = Abre(u"1"_s, {{}, u"07"_s, u"F001"_s, u"00000005"_s}, u"10/10/2026"_s, u"-.50"_s);
+    const auto modifica =
+        Abre(ModoDetalle::Modificar, {{}, u"07"_s, u"F001"_s, u"00000005"_s}, u"10/10/2026"_s, u"-.50"_s);
     EXPECT_EQ(De<QLineEdit>(*modifica, "TxtMtoDet").text(), u"0.5"_s);
     EXPECT_EQ(Foco(), u"MkeFecEmis"_s);
     Teclea(u"11102026\r999999999999\r"_s); // eleven digits for a credit note
@@ -99,7 +99,7 @@ TEST_F(PaymentDialogTest, GoesOnWithTheNextAndStoresACreditNoteNegative) {
 
 TEST_F(PaymentDialogTest, ADateBefore2005IsAskedAboutEachTime) {
     const QString pregunta = u"La fecha del comprobante de pago es anterior al 01/01/2005. ¿Desea continuar?"_s;
-    const auto forma = Abre(u"0"_s);
+    const auto forma = Abre(ModoDetalle::Nuevo);
     Teclea(u"01F001\r5\r01012005\r"_s);
     Pulsa(Qt::Key_Backtab);
     Teclea(u"31122004"_s);

@@ -11,14 +11,11 @@ const QString kFaltaPago = u"Ingrese al menos un comprobante de pago"_s;
 
 class VoucherDialogTest : public DetailTest {
   protected:
-    std::unique_ptr<FrmDetAgePer> Nuevo() {
-        m_proceso.modoDetalle = u"0"_s;
-        return Abre({{{6, kEmpresa}, {}, {}, {}}, {}});
-    }
+    std::unique_ptr<FrmDetAgePer> Nuevo() { return Abre(ModoDetalle::Nuevo, {{{6, kEmpresa}, {}, {}, {}}, {}}); }
     /// The stored voucher P001-1, with its answers.
     std::unique_ptr<FrmDetAgePer> Modifica(const QString& contado = {}) {
-        m_proceso.modoDetalle = u"1"_s;
-        return Abre({{{6, kEmpresa}, u"P001"_s, u"00000001"_s, contado},
+        return Abre(ModoDetalle::Modificar,
+                    {{{6, kEmpresa}, u"P001"_s, u"00000001"_s, contado},
                      {u"1"_s, u"0"_s, u"0"_s, u"15/10/2026"_s, u"100.00"_s, u"9.99"_s, u"9"_s}});
     }
     void MeteComprobante(const QString& contado = {}) {
@@ -38,8 +35,8 @@ class VoucherDialogTest : public DetailTest {
     }
 
   private:
-    std::unique_ptr<FrmDetAgePer> Abre(const Comprobante& comprobante) {
-        auto forma = std::make_unique<FrmDetAgePer>(m_proceso, m_avisos, comprobante);
+    std::unique_ptr<FrmDetAgePer> Abre(ModoDetalle modo, const Comprobante& comprobante) {
+        auto forma = std::make_unique<FrmDetAgePer>(m_entorno, modo, comprobante);
         Muestra(*forma);
         return forma;
     }
@@ -116,8 +113,8 @@ TEST_F(VoucherDialogTest, AnswersChangeTheOtherQuestionsByPeriod) {
         {u"202610"_s, {u"OptVenta_0"_s, u"OptCpFact_1"_s}, u"L Z0 M"_s},
     };
     for (const auto& caso : casos) {
-        m_proceso.periodoDeclarado = *Periodo::DeTabla(caso.periodo);
-        m_proceso.fechaPrimerIgv = Periodo(2010, 12);
+        m_entorno.declarado = *Periodo::DeTabla(caso.periodo);
+        m_entorno.primerIgv = Periodo(2010, 12);
         const auto forma = Nuevo();
         for (const QString& opcion : caso.clics)
             Clic(*forma, opcion);

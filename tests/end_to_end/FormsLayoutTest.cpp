@@ -84,19 +84,17 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
         proceso.enviadas = false;
         Ve(Frm518(proceso, avisos, barra, {}, {Ruc(kRuc), u"DEMO"_s, Periodo(2026, 10), {}, {}}), u"registered"_s,
            mira);
-        proceso.docDeclarante = Ruc(kRuc);
+        const EntornoDetalle detalle{*proceso.baseDatos,    avisos, reloj, Ruc(kRuc), Periodo(2026, 10),
+                                     proceso.fechaPrimerIgv};
         for (const FilaCliente& fila : {FilaCliente{u"6"_s, kEmpresa, u"EMPRESA"_s, {}, {}, {}},
-                                        FilaCliente{u"1"_s, u"45678901"_s, {}, u"ROJAS"_s, u"LUNA"_s, u"ANA"_s}}) {
-            proceso.opcionDetalle = u"1"_s;
-            Ve(FrmAgePer(proceso, avisos, u"10/2026"_s, fila), u"client"_s, mira);
-        }
+                                        FilaCliente{u"1"_s, u"45678901"_s, {}, u"ROJAS"_s, u"LUNA"_s, u"ANA"_s}})
+            Ve(FrmAgePer(detalle, ModoDetalle::Modificar, fila), u"client"_s, mira);
         const ClaveComprobante clave{{6, kEmpresa}, u"P001"_s, u"00000001"_s, {}};
-        for (const QString& modo : {u"0"_s, u"1"_s}) {
-            proceso.opcionDetalle = proceso.modoDetalle = proceso.modoPago = modo;
-            Ve(FrmDetAgePer(proceso, avisos, {clave, {}}), u"voucher"_s, mira);
-            Ve(frmPerDet(proceso, avisos, {{clave, u"01"_s, {}, {}}, {}, {}}, u"1"_s), u"payment"_s, mira);
+        for (const ModoDetalle modo : {ModoDetalle::Nuevo, ModoDetalle::Modificar}) {
+            Ve(FrmDetAgePer(detalle, modo, {clave, {}}), u"voucher"_s, mira);
+            Ve(frmPerDet(detalle, modo, {{clave, u"01"_s, {}, {}}, {}, {}}, u"1"_s), u"payment"_s, mira);
         }
-        Ve(FrmAgePer(proceso, avisos, u"10/2026"_s, {}), u"new"_s, mira);
+        Ve(FrmAgePer(detalle, ModoDetalle::Nuevo), u"new"_s, mira);
         Ve(frmTransferencia(proceso, avisos, {PerfilCompartido(), {}, {}, {}, {}}), u"import"_s, mira);
         proceso.opcion = kNueva;
         Ve(Frm518(proceso, avisos, barra, {}, {}), u"new"_s, mira);

@@ -2,6 +2,7 @@
 #include "declaration/Save.h"
 #include "detail/DetailFixture.h"
 #include "detail/FrmAgePer.h"
+#include "family/Process.h"
 #include "import/Formats.h"
 #include "import/ImportFile.h"
 #include "import/ImportRun.h"
@@ -17,7 +18,7 @@ class HandAndFileTest : public DetailTest {
     /// A client with one voucher, and that with its payment vouchers, each given by what is typed. A cash sale has
     /// none.
     void Entra(const QString& cliente, const QString& comprobante, const QStringList& pagos) {
-        FrmAgePer forma(m_proceso, m_avisos, u"10/2026"_s);
+        FrmAgePer forma(m_entorno, ModoDetalle::Nuevo);
         Muestra(forma);
         for (qsizetype i = 0; i < pagos.size(); ++i)
             m_avisos.Espera(u"La información se grabó satisfactoriamente"_s);
@@ -40,7 +41,7 @@ class HandAndFileTest : public DetailTest {
     /// Saves what the work tables hold, gives all that is stored of it, and leaves nothing of it behind.
     QString Graba() {
         Declaracion declaracion;
-        declaracion.clave = {.ruc = m_proceso.docDeclarante, .periodo = Periodo(2026, 10)};
+        declaracion.clave = m_clave;
         RefrescaTotales(*m_base, declaracion);
         declaracion.pago.forma = FormaDePago::Efectivo;
         declaracion.rectifica = Rectificacion::No;
@@ -59,13 +60,21 @@ class HandAndFileTest : public DetailTest {
         const QStringList aMano = trabajo();
         EXPECT_EQ(aMano.size(), filas);
         const QString grabadoAMano = Graba();
-        EscribeEn(m_base.Carpeta() + u'/' + NombreDeArchivo(m_proceso, formato), lineas.join(u'\n').toUtf8());
-        m_proceso.rutaRPT = m_base.Carpeta() + u"/RPT"_s;
+        Proceso proceso(m_reloj);
+        proceso.rutaRPT = m_base.Carpeta() + u"/RPT"_s;
+        proceso.fechaPrimerIgv = m_entorno.primerIgv;
+        proceso.docDeclarante = m_clave.ruc;
+        proceso.periodoDeclarado = m_clave.periodo;
+        proceso.baseDatos = Base::Abre(m_base.Ruta());
+        EscribeEn(m_base.Carpeta() + u'/' + NombreDeArchivo(proceso, formato), lineas.join(u'\n').toUtf8());
         SinPausa observador;
-        (void)Transferencia(m_proceso, formato, m_base.Carpeta()).Corre(observador);
+        (void)Transferencia(proceso, formato, m_base.Carpeta()).Corre(observador);
         EXPECT_EQ(trabajo(), aMano);
         EXPECT_EQ(Graba(), grabadoAMano);
     }
+
+    const ClaveDeclaracion m_clave{
+        .ruc = m_entorno.declarante, .periodo = m_entorno.declarado, .formulario = kNumFormulario};
 };
 
 TEST_F(HandAndFileTest, TheSameContentIsStoredAlike) {
