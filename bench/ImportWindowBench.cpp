@@ -4,6 +4,7 @@
 #include "import/ErrorSheet.h"
 #include "import/Formats.h"
 #include "import/frmTransferencia.h"
+#include "platform/FileDialogs.h"
 #include "platform/Notices.h"
 
 #include <QApplication>
@@ -27,6 +28,12 @@ class SinNadie final : public ObservadorImportacion {
 class Callado final : public Avisos {
     void HazMuestra(const Mensaje& mensaje) override { Exige(mensaje.icono != Icono::Critico, "the import failed"); }
     Respuesta HazPregunta(const Mensaje& /*mensaje*/, Respuesta /*preseleccionada*/) override { return Respuesta::No; }
+};
+
+/// Nobody is asked for a file.
+class SinArchivos final : public DialogosDeArchivo {
+    QString PideArchivo(const ArchivoPedido& /*pedido*/) override { return {}; }
+    QString PideCarpeta(const QString& /*titulo*/, const QString& /*desde*/) override { return {}; }
 };
 
 struct Trabajo {
@@ -73,7 +80,8 @@ Medida MideVentana(const Trabajo& trabajo) {
         return [aplicacion, taller, perfil, &trabajo] {
             const auto proceso = taller->Abre();
             Callado avisos;
-            frmTransferencia forma(*proceso, avisos, {perfil, {}, {}, {}, {}});
+            SinArchivos archivos;
+            frmTransferencia forma(*proceso, avisos, {.perfil = perfil, .archivos = archivos});
             forma.show();
             QApplication::processEvents();
             forma.findChild<QPushButton*>(u"cmdTransferir"_s)->click();

@@ -9,9 +9,6 @@
 #include "reports/ShowReport.h"
 #include "widgets/HourGlass.h"
 
-#include <QFileDialog>
-#include <QFileInfo>
-
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
@@ -35,50 +32,47 @@ void AbreCliente(Proceso& proceso, Avisos& avisos, Forma& sobre, const ClaveDecl
 }
 
 /// The report of refused lines is built in any case and shown when it is wanted.
-void ReportaErrores(Proceso& proceso, Avisos& avisos, const DatosErrores& datos, bool muestra, QWidget& sobre) {
+void ReportaErrores(Proceso& proceso, const EntornoInformes& entorno, const DatosErrores& datos, bool muestra,
+                    QWidget& sobre) {
     RelojDeArena reloj;
     const QString archivo = EscribeInforme(proceso, datos);
     reloj.Suelta();
     if (muestra)
-        VerReporte(EntornoDeInformes(proceso, avisos), {archivo, {}, {}}, ModoReporte::Vprevia, &sobre);
+        VerReporte(entorno, {archivo, {}, {}}, ModoReporte::Vprevia, &sobre);
 }
 
 /// The import over the declaration form.
-void AbreImportacion(Proceso& proceso, Avisos& avisos, Forma& sobre, const ImportacionPedida& pedida) {
+void AbreImportacion(Proceso& proceso, Avisos& avisos, DialogosDeArchivo& archivos, Forma& sobre,
+                     const ImportacionPedida& pedida) {
+    const EntornoInformes informes = EntornoDeInformes(proceso, avisos, archivos);
     const auto reporte = [&](Forma& dialogo, const QString& rutaErr, bool muestra) {
-        ReportaErrores(proceso, avisos, {rutaErr, pedida.clave.ruc, pedida.nombre, pedida.clave.periodo}, muestra,
+        ReportaErrores(proceso, informes, {rutaErr, pedida.clave.ruc, pedida.nombre, pedida.clave.periodo}, muestra,
                        dialogo);
     };
-    const auto pideArchivo = [](QWidget& dialogo, const QString& sugerido) {
-        const QString ruta = QFileDialog::getSaveFileName(&dialogo, u"Guardar errores"_s, sugerido, u"CSV (*.csv)"_s);
-        return ruta.isEmpty() || !QFileInfo(ruta).suffix().isEmpty() ? ruta : ruta + u".csv"_s;
-    };
-    const auto pideCarpeta = [](QWidget& dialogo, const QString& desde) {
-        return QFileDialog::getExistingDirectory(&dialogo, u"Examinar"_s, desde);
-    };
-    frmTransferencia dialogo(proceso, avisos, {PerfilCompartido(), reporte, pedida.refresca, pideArchivo, pideCarpeta},
-                             &sobre);
+    frmTransferencia dialogo(
+        proceso, avisos,
+        {.perfil = PerfilCompartido(), .archivos = archivos, .reporte = reporte, .refresca = pedida.refresca}, &sobre);
     sobre.AbreModal(dialogo);
 }
 
 } // namespace
 
-Dialogos FormasDelModulo(Proceso& proceso, Avisos& avisos) {
+Dialogos FormasDelModulo(Proceso& proceso, Avisos& avisos, DialogosDeArchivo& archivos) {
     Dialogos dialogos;
-    dialogos.declaracion = [&proceso, &avisos](BarradeEstadoQMD& barra, const DeclaracionElegida& elegida,
-                                               QWidget* padre) -> std::unique_ptr<QDialog> {
+    dialogos.declaracion = [&proceso, &avisos, &archivos](BarradeEstadoQMD& barra, const DeclaracionElegida& elegida,
+                                                          QWidget* padre) -> std::unique_ptr<QDialog> {
         DialogosDeDetalle detalle;
         detalle.abreCliente = [&proceso, &avisos](Forma& sobre, const ClaveDeclaracion& clave,
                                                   const std::optional<FilaCliente>& cliente) {
             AbreCliente(proceso, avisos, sobre, clave, cliente);
         };
-        detalle.abreImportacion = [&proceso, &avisos](Forma& sobre, const ImportacionPedida& pedida) {
-            AbreImportacion(proceso, avisos, sobre, pedida);
+        detalle.abreImportacion = [&proceso, &avisos, &archivos](Forma& sobre, const ImportacionPedida& pedida) {
+            AbreImportacion(proceso, avisos, archivos, sobre, pedida);
         };
         return std::make_unique<Frm518>(proceso, avisos, barra, detalle, elegida, padre);
     };
-    dialogos.impresion = [&proceso, &avisos](BarradeEstadoQMD& barra, QWidget* padre) {
-        return HazImprimir(proceso, avisos, barra, padre);
+    dialogos.impresion = [&proceso, &avisos, &archivos](BarradeEstadoQMD& barra, QWidget* padre) {
+        return std::make_unique<frmImprimir>(proceso, EntornoDeInformes(proceso, avisos, archivos), barra, padre);
     };
     return dialogos;
 }

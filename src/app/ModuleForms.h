@@ -4,8 +4,10 @@
 
 namespace xa518 {
 
+class DialogosDeArchivo;
+
 /// The one place where the forms of other rooms are put into the commands and into the declaration form. What is passed
 /// by reference must outlive them.
-[[nodiscard]] Dialogos FormasDelModulo(Proceso& proceso, Avisos& avisos);
+[[nodiscard]] Dialogos FormasDelModulo(Proceso& proceso, Avisos& avisos, DialogosDeArchivo& archivos);
 
 } // namespace xa518

@@ -12,6 +12,7 @@
 #include "platform/SingleInstance.h"
 #include "platform/SystemWindows.h"
 #include "widgets/Application.h"
+#include "widgets/FileDialogBoxes.h"
 #include "widgets/NoticeBoxes.h"
 
 #include <algorithm>
@@ -24,11 +25,12 @@ using namespace xa518;
 namespace {
 
 int Corre(Proceso& proceso, Avisos& avisos) {
+    DialogosDeArchivoEnPantalla archivos;
     const std::unique_ptr<VentanasDelSistema> ventanas = VentanasReales();
     InstanciaUnica instancia(QCoreApplication::applicationFilePath()); // held until the process ends
     if (!PuedeArrancar(*ventanas, instancia, avisos))
         return EXIT_FAILURE;
-    MDIFrm principal(proceso, avisos, PerfilCompartido(), FormasDelModulo(proceso, avisos));
+    MDIFrm principal(proceso, avisos, PerfilCompartido(), FormasDelModulo(proceso, avisos, archivos));
     return principal.Carga() ? QCoreApplication::exec() : EXIT_FAILURE;
 }
 

@@ -6,6 +6,7 @@
 #include "form518/WorkTables.h"
 #include "import/Formats.h"
 #include "import/RunMessages.h"
+#include "platform/FileDialogs.h"
 #include "platform/Notices.h"
 #include "values/FileFailure.h"
 #include "widgets/Application.h"
@@ -255,10 +256,13 @@ PlanillaErrores* frmTransferencia::NuevaPlanilla() {
 }
 
 void frmTransferencia::GuardarErrores() {
-    if (!m_entorno.pideArchivo || !m_planilla)
+    if (!m_planilla)
         return;
     const QString nombre = QFileInfo(m_archivo).completeBaseName() + u"-errores.csv"_s;
-    const QString ruta = m_entorno.pideArchivo(*this, QDir(m_rutaArchivos).filePath(nombre));
+    const QString ruta = m_entorno.archivos.PideArchivo({.titulo = u"Guardar errores"_s,
+                                                         .sugerido = QDir(m_rutaArchivos).filePath(nombre),
+                                                         .tipo = u"CSV"_s,
+                                                         .sufijo = u"csv"_s});
     if (ruta.isEmpty())
         return;
     if (!m_planilla->EstaCompleta())

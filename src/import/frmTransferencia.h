@@ -20,19 +20,17 @@ class frmTransferencia;
 namespace xa518 {
 
 class Avisos;
+class DialogosDeArchivo;
 struct Proceso;
 
 /// What the import dialog takes from others. A function that is missing does nothing.
 struct EntornoImportacion {
     ArchivoPerfil perfil; ///< remembers the last folder
+    DialogosDeArchivo& archivos;
     /// Builds the report of refused lines from the error list, and shows it over the dialog when it is wanted.
-    std::function<void(Forma& sobre, const QString& rutaErr, bool muestra)> reporte;
+    std::function<void(Forma& sobre, const QString& rutaErr, bool muestra)> reporte{};
     /// Refreshes the declaration form under the dialog.
-    std::function<void()> refresca;
-    /// Where a person wants the refused lines, suggested a name; empty to leave it.
-    std::function<QString(QWidget& sobre, const QString& sugerido)> pideArchivo;
-    /// The folder that a person picks in the system's own dialog, which begins at another; empty to leave it.
-    std::function<QString(QWidget& sobre, const QString& desde)> pideCarpeta;
+    std::function<void()> refresca{};
 };
 
 /// The dialog in which a person picks a folder and imports the declaration's text file.
@@ -100,8 +98,8 @@ class frmTransferencia final : public Forma, private ObservadorImportacion {
     QString m_archivo;                 ///< bare name of the file that the last run was over
     std::unique_ptr<QTemporaryFile> m_errores;
     std::unique_ptr<PlanillaErrores> m_planilla;
-    /// The run that is going. Wanted: one that has left its file open counts as going, and holds the file, until the
-    /// next run or the way out.
+    /// The run that is going. Wanted: one that has left its file open counts as going, and holds the file, until
+    /// the next run or the way out.
     std::unique_ptr<Transferencia> m_enProceso;
 };
 

@@ -6,6 +6,7 @@
 #include "import/ImportFile.h"
 #include "import/MountedVolumes.h"
 #include "import/RunMessages.h"
+#include "platform/FileDialogs.h"
 #include "platform/Notices.h"
 #include "widgets/Application.h"
 #include "widgets/FieldFocus.h"
@@ -100,9 +101,7 @@ void frmTransferencia::CambiaUnidad() {
 }
 
 void frmTransferencia::Examinar() {
-    if (!m_entorno.pideCarpeta)
-        return;
-    if (const QString carpeta = m_entorno.pideCarpeta(*this, m_rutaArchivos); !carpeta.isEmpty())
+    if (const QString carpeta = m_entorno.archivos.PideCarpeta(u"Examinar"_s, m_rutaArchivos); !carpeta.isEmpty())
         PonCarpeta(carpeta);
 }
 

@@ -9,6 +9,7 @@
 #include "platform/WindowSearch.h"
 #include "reports/ShowReport.h"
 #include "widgets/Application.h"
+#include "widgets/FileDialogBoxes.h"
 #include "widgets/NoticeBoxes.h"
 
 #include <QTextStream>
@@ -30,10 +31,10 @@ int SinVentana(int argc, char** argv, const EntornoConsola& entorno) {
 }
 
 /// The module's own preview over a report of the list.
-VistaDeInforme VistaPreliminar(const Reloj& reloj, Avisos& avisos) {
-    return [&reloj, &avisos](QWidget& ventana, const QString& carpeta, const InformeRegistrado& informe) {
+VistaDeInforme VistaPreliminar(const Reloj& reloj, Avisos& avisos, DialogosDeArchivo& archivos) {
+    return [&reloj, &avisos, &archivos](QWidget& ventana, const QString& carpeta, const InformeRegistrado& informe) {
         const QString titulo = u"%1 - RUC %2"_s.arg(informe.titulo, informe.ruc);
-        MuestraReporte({carpeta, informe.usuario, reloj, avisos}, {informe.archivo, titulo, {}}, &ventana);
+        MuestraReporte({carpeta, informe.usuario, reloj, avisos, archivos}, {informe.archivo, titulo, {}}, &ventana);
     };
 }
 
@@ -56,9 +57,11 @@ void AbreModuloCuandoSeVea(FrmConsola& ventana, const Formulario& formulario) {
 
 int ConVentana(int argc, char** argv, const EntornoConsola& entorno, bool conModulo) {
     AvisosEnPantalla avisos;
+    DialogosDeArchivoEnPantalla archivos;
     const Aplicacion aplicacion(argc, argv, avisos);
     QGuiApplication::setWindowIcon(IconoDeLaConsola());
-    FrmConsola ventana(entorno, avisos, QCoreApplication::applicationDirPath(), VistaPreliminar(entorno.reloj, avisos));
+    FrmConsola ventana(entorno, avisos, QCoreApplication::applicationDirPath(),
+                       VistaPreliminar(entorno.reloj, avisos, archivos));
     ventana.show();
     if (conModulo)
         AbreModuloCuandoSeVea(ventana, entorno.formularios.constFirst());

@@ -144,8 +144,4 @@ void frmImprimir::Salir() {
     Termina();
 }
 
-std::unique_ptr<QDialog> HazImprimir(Proceso& proceso, Avisos& avisos, BarradeEstadoQMD& barra, QWidget* padre) {
-    return std::make_unique<frmImprimir>(proceso, EntornoDeInformes(proceso, avisos), barra, padre);
-}
-
 } // namespace xa518

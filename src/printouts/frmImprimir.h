@@ -46,8 +46,4 @@ class frmImprimir final : public Forma {
     ModeloDeConsulta* m_dta1;
 };
 
-/// The form over the module's own values, ready to be opened modally.
-[[nodiscard]] std::unique_ptr<QDialog> HazImprimir(Proceso& proceso, Avisos& avisos, BarradeEstadoQMD& barra,
-                                                   QWidget* padre);
-
 } // namespace xa518

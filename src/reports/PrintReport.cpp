@@ -1,6 +1,7 @@
 #include "reports/PrintReport.h"
 
 #include "platform/Clock.h"
+#include "platform/FileDialogs.h"
 #include "platform/Notices.h"
 #include "reports/PageRange.h"
 #include "reports/PagedPrinter.h"
@@ -10,7 +11,6 @@
 #include "widgets/HourGlass.h"
 
 #include <QDir>
-#include <QFileDialog>
 #include <QStandardPaths>
 
 namespace xa518 {
@@ -36,7 +36,7 @@ class Impresion {
     /// The sheets of the job.
     [[nodiscard]] int Envia(const ColaImpresion& cola);
     void OfrecePdf(const QString& porQueNoSeImprime);
-    void EnPdf() { GuardaReporteComoPdf(*m_entorno, *m_pedido, m_pedido->rango, m_padre); }
+    void EnPdf() { GuardaReporteComoPdf(*m_entorno, *m_pedido, m_pedido->rango); }
     void Muestra(Icono icono, const QString& texto, const QString& titulo = {}) {
         m_entorno->avisos.Muestra({icono, texto, titulo});
     }
@@ -114,14 +114,12 @@ void Impresion::OfrecePdf(const QString& porQueNoSeImprime) {
         EnPdf();
 }
 
-/// Nothing when the user thinks better of it.
-QString PideRutaPdf(const QString& titulo, QWidget* padre) {
+ArchivoPedido PdfDe(const QString& titulo) {
     const QDir documentos(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    QFileDialog dialogo(padre, u"Guardar como PDF"_s, documentos.path(), u"Documentos PDF (*.pdf)"_s);
-    dialogo.setAcceptMode(QFileDialog::AcceptSave);
-    dialogo.setDefaultSuffix(u"pdf"_s);
-    dialogo.selectFile(QString(titulo).replace(u'/', u'-') + u".pdf"_s);
-    return dialogo.exec() == QDialog::Accepted ? dialogo.selectedFiles().constFirst() : QString();
+    return {.titulo = u"Guardar como PDF"_s,
+            .sugerido = documentos.filePath(QString(titulo).replace(u'/', u'-') + u".pdf"_s),
+            .tipo = u"Documentos PDF"_s,
+            .sufijo = u"pdf"_s};
 }
 
 } // namespace
@@ -130,9 +128,8 @@ void ImprimeReporte(const EntornoInformes& entorno, const ReportePedido& pedido,
     Impresion(entorno, pedido, padre).Imprime();
 }
 
-void GuardaReporteComoPdf(const EntornoInformes& entorno, const ReportePedido& pedido, const RangoPaginas& rango,
-                          QWidget* padre) {
-    const QString ruta = PideRutaPdf(pedido.Titulo(), padre);
+void GuardaReporteComoPdf(const EntornoInformes& entorno, const ReportePedido& pedido, const RangoPaginas& rango) {
+    const QString ruta = entorno.archivos.PideArchivo(PdfDe(pedido.Titulo()));
     if (ruta.isEmpty())
         return;
     RelojDeArena reloj;

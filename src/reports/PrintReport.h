@@ -9,7 +9,6 @@ namespace xa518 {
 void ImprimeReporte(const EntornoInformes& entorno, const ReportePedido& pedido, QWidget* padre);
 
 /// Keeps pages of the report as PDF, in a file that the user is asked for, and tells so.
-void GuardaReporteComoPdf(const EntornoInformes& entorno, const ReportePedido& pedido, const RangoPaginas& rango,
-                          QWidget* padre);
+void GuardaReporteComoPdf(const EntornoInformes& entorno, const ReportePedido& pedido, const RangoPaginas& rango);
 
 } // namespace xa518

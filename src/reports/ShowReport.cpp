@@ -15,8 +15,12 @@ namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
-EntornoInformes EntornoDeInformes(const Proceso& proceso, Avisos& avisos) {
-    return {proceso.rutaRPT, proceso.sysUser, proceso.reloj, avisos};
+EntornoInformes EntornoDeInformes(const Proceso& proceso, Avisos& avisos, DialogosDeArchivo& archivos) {
+    return {.rutaRPT = proceso.rutaRPT,
+            .autor = proceso.sysUser,
+            .reloj = proceso.reloj,
+            .avisos = avisos,
+            .archivos = archivos};
 }
 
 QString ReportePedido::Titulo() const {

@@ -11,6 +11,7 @@ class QWidget;
 namespace xa518 {
 
 class Avisos;
+class DialogosDeArchivo;
 class Reloj;
 struct Proceso;
 
@@ -20,10 +21,11 @@ struct EntornoInformes {
     QString autor;   ///< of the PDFs that are saved
     const Reloj& reloj;
     Avisos& avisos;
+    DialogosDeArchivo& archivos;
     std::shared_ptr<ServicioDeImpresion> impresion = ServicioDelSistema();
 };
 
-[[nodiscard]] EntornoInformes EntornoDeInformes(const Proceso& proceso, Avisos& avisos);
+[[nodiscard]] EntornoInformes EntornoDeInformes(const Proceso& proceso, Avisos& avisos, DialogosDeArchivo& archivos);
 
 /// A report to be shown: its spool file, without folder, and what is printed of it.
 struct ReportePedido {

@@ -200,7 +200,7 @@ void frmPreview::Imprime() {
 
 /// The whole report: the range limits what is printed.
 void frmPreview::GuardaPdf() {
-    GuardaReporteComoPdf(m_entorno, m_pedido, {}, this);
+    GuardaReporteComoPdf(m_entorno, m_pedido, {});
 }
 
 } // namespace xa518

@@ -20,6 +20,7 @@
 #include "reports/frmImpresora.h"
 #include "reports/frmImpxPag.h"
 #include "reports/frmPreview.h"
+#include "support/FileDialogScript.h"
 #include "support/FormDriver.h"
 #include "widgets/StatusBar.h"
 
@@ -55,7 +56,7 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
 
     /// Opens each form of both programs, and each of its pages.
     void EnCadaForma(const Mirada& mira) {
-        MDIFrm principal(proceso, avisos, PerfilCompartido(), FormasDelModulo(proceso, avisos));
+        MDIFrm principal(proceso, avisos, PerfilCompartido(), FormasDelModulo(proceso, avisos, archivos));
         ASSERT_TRUE(principal.Carga());
         Ve(principal, u"main"_s, mira);
         for (const int opcion : {kModificar, kEliminar}) {
@@ -95,7 +96,7 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
             Ve(frmPerDet(detalle, modo, {{clave, u"01"_s, {}, {}}, {}, {}}, u"1"_s), u"payment"_s, mira);
         }
         Ve(FrmAgePer(detalle, ModoDetalle::Nuevo), u"new"_s, mira);
-        Ve(frmTransferencia(proceso, avisos, {PerfilCompartido(), {}, {}, {}, {}}), u"import"_s, mira);
+        Ve(frmTransferencia(proceso, avisos, {.perfil = PerfilCompartido(), .archivos = archivos}), u"import"_s, mira);
         proceso.opcion = kNueva;
         Ve(Frm518(proceso, avisos, barra, {}, {}), u"new"_s, mira);
         proceso.rutaMens = raiz.filePath(u"Mens.txt"_s);
@@ -103,7 +104,7 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
         Ve(FrmConsist(proceso), u"faults"_s, mira);
     }
     void EnLosInformes(const Mirada& mira) {
-        const EntornoInformes informes = EntornoDeInformes(proceso, avisos);
+        const EntornoInformes informes = EntornoDeInformes(proceso, avisos, archivos);
         const QString archivo = QDir(proceso.rutaRPT).entryList({u"*.PRN"_s}, QDir::Files).value(0);
         ASSERT_FALSE(archivo.isEmpty());
         Ve(frmImprimir(proceso, informes, barra), u"print"_s, mira);
@@ -133,6 +134,7 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
   protected:
     Proceso proceso{reloj, {Formulario0518()}, kNumFormulario};
     AvisosDePrueba avisos;
+    DialogosDeArchivoDePrueba archivos;
     BarradeEstadoQMD barra;
     Dialogos dialogos;
     Entorno lugar{proceso, avisos, barra, dialogos};

@@ -6,6 +6,7 @@
 #include "form518/Form0518.h"
 #include "launcher/FrmConsola.h"
 #include "reports/ShowReport.h"
+#include "support/FileDialogScript.h"
 #include "support/NoticeScript.h"
 
 #include <QAbstractButton>
@@ -14,7 +15,6 @@
 #include <QClipboard>
 #include <QDialog>
 #include <QElapsedTimer>
-#include <QFileDialog>
 #include <QPointer>
 #include <QRandomGenerator>
 #include <QTabBar>
@@ -77,8 +77,7 @@ class Mono {
         QTimer::singleShot(0, m_ventana, [this] { Paso(); });
         QWidget* forma = Enfrente();
         auto* dialogo = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        const bool ajeno = qobject_cast<QFileDialog*>(dialogo) != nullptr;
-        if (dialogo && (ajeno || !Sigue()))
+        if (dialogo && !Sigue())
             return dialogo->done(QDialog::Rejected);
         ++m_pasos;
         ++m_formas[QString::fromLatin1(forma->window()->metaObject()->className())];
@@ -238,12 +237,13 @@ class MonkeyTest : public ModuloDeMuestra {
     QtMessageHandler anterior = nullptr;
     Mono mono;
     AvisosAlAzar avisos{mono};
+    DialogosDeArchivoDePrueba archivos;
 };
 
 TEST_F(MonkeyTest, TheModuleStandsAnything) {
     while (mono.Sigue()) {
         Proceso proceso(reloj, {Formulario0518()}, kNumFormulario);
-        MDIFrm principal(proceso, avisos, PerfilCompartido(), FormasDelModulo(proceso, avisos));
+        MDIFrm principal(proceso, avisos, PerfilCompartido(), FormasDelModulo(proceso, avisos, archivos));
         ASSERT_TRUE(principal.Carga());
         // Nobody finds the way to every form by chance alone: a command opens one now and then.
         mono.Juega(principal, principal.findChildren<QAction*>());
@@ -253,7 +253,8 @@ TEST_F(MonkeyTest, TheModuleStandsAnything) {
 TEST_F(MonkeyTest, TheLauncherStandsAnything) {
     qputenv("PATH", raiz.path().toLocal8Bit()); // the button of the module mustn't start one that is installed here
     const VistaDeInforme vista = [this](QWidget& ventana, const QString& informes, const InformeRegistrado& informe) {
-        MuestraReporte({informes, informe.usuario, reloj, avisos}, {informe.archivo, informe.titulo, {}}, &ventana);
+        MuestraReporte({informes, informe.usuario, reloj, avisos, archivos}, {informe.archivo, informe.titulo, {}},
+                       &ventana);
     };
     while (mono.Sigue()) {
         FrmConsola principal(entorno, avisos, raiz.filePath(u"nada"_s), vista);

@@ -1,6 +1,7 @@
 #include "import/ImportFixture.h"
 #include "import/RunMessages.h"
 #include "import/frmTransferencia.h"
+#include "support/FileDialogScript.h"
 #include "support/FormDriver.h"
 #include "values/FileFailure.h"
 
@@ -24,7 +25,7 @@ class ImportForm : public testing::Test {
 
     /// A new opening of the dialog, on the folder that the profile remembers.
     void Abre() {
-        EntornoImportacion entorno{ArchivoPerfil(m_escenario.base.Carpeta() + u"/XA000.INI"_s),
+        EntornoImportacion entorno{ArchivoPerfil(m_escenario.base.Carpeta() + u"/XA000.INI"_s), m_archivos,
                                    [this](Forma&, const QString& rutaErr, bool muestra) {
                                        m_reportes.append({rutaErr, muestra});
                                        if (m_bloqueada)
@@ -34,12 +35,7 @@ class ImportForm : public testing::Test {
                                        ++m_refrescos;
                                        if (m_bloqueada)
                                            throw ErrorBase(NumeroError::BaseBloqueada, u"Ocupada."_s);
-                                   },
-                                   [this](QWidget&, const QString& sugerido) {
-                                       m_sugerido = sugerido;
-                                       return m_elegido;
-                                   },
-                                   [this](QWidget&, const QString&) { return m_elegido; }};
+                                   }};
         m_forma = std::make_unique<frmTransferencia>(m_escenario.proceso, m_avisos, entorno);
         Muestra(*m_forma);
     }
@@ -85,8 +81,7 @@ class ImportForm : public testing::Test {
     QList<std::pair<QString, bool>> m_reportes;
     int m_refrescos = 0;
     bool m_bloqueada = false;
-    QString m_sugerido;
-    QString m_elegido;
+    DialogosDeArchivoDePrueba m_archivos;
     std::unique_ptr<frmTransferencia> m_forma;
 };
 
@@ -120,9 +115,9 @@ TEST_F(ImportForm, ThePersonsOwnFoldersAreNear) {
     EXPECT_EQ(De<QComboBox>("Drive1").currentData().toString(), QDir::homePath());
     Pulsa("cmdExaminar"); // and thinks better of it
     EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), QDir::homePath());
-    m_elegido = m_escenario.base.Carpeta();
+    m_archivos.respuesta = m_escenario.base.Carpeta();
     Pulsa("cmdExaminar");
-    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), m_elegido);
+    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), m_archivos.respuesta);
 }
 
 TEST_F(ImportForm, ADroppedFileBringsItsFolderAndItsKind) {
@@ -167,12 +162,12 @@ TEST_F(ImportForm, RefusedLinesAreSavedForASpreadsheet) {
     EXPECT_THAT(m_escenario.Cuenta(), Each(0));
     EXPECT_THAT(m_reportes, ElementsAre());
     EXPECT_EQ(m_refrescos, 0);
-    m_elegido = m_escenario.base.Carpeta() + u"/errores.csv"_s;
+    m_archivos.respuesta = m_escenario.base.Carpeta() + u"/errores.csv"_s;
     Pulsa("cmdGuardarErrores");
-    EXPECT_EQ(m_sugerido, m_escenario.base.Carpeta() + u"/051820990518018202610-errores.csv"_s);
-    EXPECT_EQ(BytesDe(m_elegido).count('\n'), 2);
-    m_elegido = u"/no/hay/errores.csv"_s;
-    AvisosDelPrograma().Espera(FallaDeArchivo(Intento::Escribir, m_elegido).Texto());
+    EXPECT_EQ(m_archivos.ultimo.sugerido, m_escenario.base.Carpeta() + u"/051820990518018202610-errores.csv"_s);
+    EXPECT_EQ(BytesDe(m_archivos.respuesta).count('\n'), 2);
+    m_archivos.respuesta = u"/no/hay/errores.csv"_s;
+    AvisosDelPrograma().Espera(FallaDeArchivo(Intento::Escribir, m_archivos.respuesta).Texto());
     Pulsa("cmdGuardarErrores");
 }
 

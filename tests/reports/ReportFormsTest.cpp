@@ -4,6 +4,7 @@
 
 #include "reports/PageRange.h"
 #include "reports/ReportFixture.h"
+#include "support/FileDialogScript.h"
 #include "support/FormDriver.h"
 #include "values/FileFailure.h"
 #include "widgets/StatusBar.h"
@@ -50,14 +51,6 @@ class ReportFormsTest : public testing::Test {
     /// The word on a report that went to the only printer.
     void EsperaEnvio(const QString& hojas) { m_avisos.Espera(u"Se envió a la impresora «sala»: %1."_s.arg(hojas)); }
 
-    /// Saves under that name, without ending, in the window that asks for it.
-    void AlGuardar(const QString& nombre) {
-        AlAbrir({}, [nombre](QWidget& dialogo) {
-            De<QLineEdit>(dialogo, u"fileNameEdit"_s).setText(nombre);
-            QTest::keyClick(&De<QLineEdit>(dialogo, u"fileNameEdit"_s), Qt::Key_Return);
-        });
-    }
-
     QString Ruta(const QString& nombre) const { return m_taller.base.Carpeta() + u'/' + nombre; }
 
     /// The words of each sheet of a PDF, read back; the file is gone then.
@@ -88,7 +81,8 @@ class ReportFormsTest : public testing::Test {
     Taller m_taller;
     AvisosDePrueba m_avisos;
     BarradeEstadoQMD m_barra;
-    EntornoInformes m_entorno = EntornoDeInformes(m_taller.proceso, m_avisos);
+    DialogosDeArchivoDePrueba m_archivos;
+    EntornoInformes m_entorno = EntornoDeInformes(m_taller.proceso, m_avisos, m_archivos);
     std::shared_ptr<ServicioDePrueba> m_servicio = std::make_shared<ServicioDePrueba>(Ruta(u"impreso.pdf"_s));
 };
 
@@ -157,7 +151,7 @@ TEST_F(ReportFormsTest, SaysWhyNothingIsPrintedAndOffersThePdfOfTheRange) {
         for (const Respuesta respuesta : {Respuesta::No, Respuesta::Si}) {
             m_avisos.EsperaPregunta(motivo + u"\n¿Desea guardar el reporte como PDF?"_s, respuesta);
             if (respuesta == Respuesta::Si) {
-                AlGuardar(Ruta(u"guardado"_s));
+                m_archivos.respuesta = Ruta(u"guardado.pdf"_s);
                 m_avisos.Espera(u"Se guardó en «%1»: 1 página."_s.arg(Ruta(u"guardado.pdf"_s)));
             }
             VerReporte(m_entorno, Reporte(3, {true, 2, 2}), ModoReporte::Impresora, nullptr);
@@ -187,7 +181,7 @@ TEST_F(ReportFormsTest, SeveralPrintersAreOfferedWithTheDefaultOneChosen) {
     VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, nullptr);
     EXPECT_FALSE(QFile::exists(Ruta(u"impreso.pdf"_s)));
     AlAbrir(u"frmImpresora"_s, [this](QWidget& eleccion) {
-        AlGuardar(Ruta(u"guardado"_s));
+        m_archivos.respuesta = Ruta(u"guardado.pdf"_s);
         m_avisos.Espera(u"Se guardó en «%1»: 2 páginas."_s.arg(Ruta(u"guardado.pdf"_s)));
         Clic(eleccion, u"CmdImpresora_1"_s);
     });
@@ -228,11 +222,12 @@ TEST_F(ReportFormsTest, KeepsTheWholeReportAsPdf) {
     Muestra(vista);
     AvisosDelPrograma().Espera(FallaDeArchivo(Intento::Escribir, u"/proc/x.pdf"_s).Texto());
     m_avisos.Espera(u"Se guardó en «%1»: 3 páginas."_s.arg(Ruta(u"guardado.pdf"_s)));
-    for (const QString& nombre : {u"/proc/x"_s, Ruta(u"guardado"_s)}) {
-        AlGuardar(nombre);
+    for (const QString& ruta : {QString(), u"/proc/x.pdf"_s, Ruta(u"guardado.pdf"_s)}) {
+        m_archivos.respuesta = ruta;
         Clic(vista, u"CmdPdf"_s);
         vista.activateWindow();
     }
+    EXPECT_EQ(QFileInfo(m_archivos.ultimo.sugerido).fileName(), u"Reporte.pdf"_s);
     EXPECT_EQ(Impreso(u"guardado.pdf"_s), (QStringList{u"hoja 1"_s, u"hoja 2"_s, u"hoja 3"_s}));
 }
 
