@@ -20,7 +20,8 @@ class SinNadie final : public ObservadorImportacion {
 
 void Importa(Proceso& proceso, const Taller& taller, const Tamanio& tamanio) {
     SinNadie nadie;
-    const ResultadoImportacion resultado = Transferencia(proceso, FormatoPercepciones(), taller.Carpeta()).Corre(nadie);
+    const ResultadoImportacion resultado =
+        Transferencia(proceso, Taller::Clave(), FormatoPercepciones(), taller.Carpeta()).Corre(nadie);
     Exige(resultado.fin == FinImportacion::Completa, "the import did not end well");
     Exige(resultado.transferidos == tamanio.lineas && resultado.rechazados == 0, "the import refused lines");
 }

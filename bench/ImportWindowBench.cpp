@@ -61,7 +61,8 @@ Medida MideLote(const Trabajo& trabajo) {
             QTemporaryFile errores;
             Exige(errores.open(), "no sheet of errors");
             PlanillaErrores planilla(errores);
-            (void)Transferencia(*proceso, FormatoPercepciones(), taller->Carpeta(), {false, &planilla}).Corre(nadie);
+            (void)Transferencia(*proceso, Taller::Clave(), FormatoPercepciones(), taller->Carpeta(), {false, &planilla})
+                .Corre(nadie);
             ExigeFilas(*proceso, trabajo);
         };
     });
@@ -81,7 +82,7 @@ Medida MideVentana(const Trabajo& trabajo) {
             const auto proceso = taller->Abre();
             Callado avisos;
             SinArchivos archivos;
-            frmTransferencia forma(*proceso, avisos, {.perfil = perfil, .archivos = archivos});
+            frmTransferencia forma(*proceso, avisos, Taller::Clave(), {.perfil = perfil, .archivos = archivos});
             forma.show();
             QApplication::processEvents();
             forma.findChild<QPushButton*>(u"cmdTransferir"_s)->click();

@@ -25,11 +25,13 @@ Taller::Taller(const Tamanio& tamanio, bool vale) : m_reloj(QDateTime(QDate(2026
 std::unique_ptr<Proceso> Taller::Abre() const {
     auto proceso = std::make_unique<Proceso>(m_reloj, Formularios{Formulario0518()}, kNumFormulario);
     proceso->baseDatos = Base::Abre(m_base.Ruta());
-    proceso->docDeclarante = Ruc(kRuc);
-    proceso->periodoDeclarado = *Periodo::DeTabla(kPeriodo);
     proceso->fechaPrimerIgv = Periodo(2099, 12);
     proceso->rutaRPT = Carpeta() + u"/RPT"_s;
     return proceso;
+}
+
+ClaveDeclaracion Taller::Clave() {
+    return {.ruc = Ruc(kRuc), .periodo = *Periodo::DeTabla(kPeriodo), .formulario = kNumFormulario};
 }
 
 void Exige(bool condicion, const char* motivo) {

@@ -18,6 +18,7 @@ class Taller {
 
     /// The open declaration, with a base of its own. The workshop must outlive it.
     [[nodiscard]] std::unique_ptr<Proceso> Abre() const;
+    [[nodiscard]] static ClaveDeclaracion Clave();
     [[nodiscard]] QString Carpeta() const { return m_base.Carpeta(); }
 
   private:

@@ -50,7 +50,7 @@ void AbreImportacion(Proceso& proceso, Avisos& avisos, DialogosDeArchivo& archiv
                        dialogo);
     };
     frmTransferencia dialogo(
-        proceso, avisos,
+        proceso, avisos, pedida.clave,
         {.perfil = PerfilCompartido(), .archivos = archivos, .reporte = reporte, .refresca = pedida.refresca}, &sobre);
     sobre.AbreModal(dialogo);
 }

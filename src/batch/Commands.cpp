@@ -34,7 +34,7 @@ void Exige(const Veredicto& veredicto) {
 }
 
 /// The declarant must be one of those that the user may choose in the module.
-void ExigeDeclarante(Proceso& proceso, const QString& ruc) {
+void ExigeDeclarante(const Proceso& proceso, const QString& ruc) {
     const QList<DeclaranteOfrecido> ofrecidos =
         DeclarantesOfrecidos(*proceso.baseDatos, proceso.numFormulario, proceso.sysUser);
     if (std::any_of(ofrecidos.begin(), ofrecidos.end(),
@@ -51,16 +51,14 @@ void ExigeBanco(Base& base, const QString& banco) {
         throw RechazaCon(u"El banco «%1» no está en el catálogo."_s.arg(banco));
 }
 
-ClaveDeclaracion ClaveDe(Proceso& proceso, const Argumentos& argumentos) {
+ClaveDeclaracion ClaveDe(const Proceso& proceso, const Argumentos& argumentos) {
     const std::optional<Periodo> periodo = Periodo::DeTabla(argumentos.periodo);
     const auto veredicto = periodo ? ValidaPeriodo(periodo->EnPantalla(), proceso.reloj.Hoy()) : std::nullopt;
     if (!veredicto)
         throw RechazaCon(u"El período no es válido."_s);
     Exige(*veredicto);
     ExigeDeclarante(proceso, argumentos.ruc);
-    proceso.docDeclarante = Ruc(argumentos.ruc);
-    proceso.periodoDeclarado = *periodo;
-    return {.ruc = proceso.docDeclarante, .periodo = *periodo, .formulario = proceso.numFormulario};
+    return {.ruc = Ruc(argumentos.ruc), .periodo = *periodo, .formulario = proceso.numFormulario};
 }
 
 /// What the command line gives goes over what is stored. Interest and prior payments keep their stored value when they

@@ -26,21 +26,21 @@ struct Archivo {
 };
 
 /// A file with another name is that of another month or kind, which nothing in its lines may tell.
-void ExigeNombre(const Proceso& proceso, const Archivo& archivo) {
-    const QString nombre = NombreDeArchivo(proceso, *archivo.formato);
+void ExigeNombre(const ClaveDeclaracion& clave, const Archivo& archivo) {
+    const QString nombre = NombreDeArchivo(clave, *archivo.formato);
     if (QFileInfo(archivo.ruta).isFile() && !SeLlama(archivo.ruta, nombre))
         throw RechazaCon(u"«%1» no es el archivo de ese RUC y ese período, que se llama «%2»."_s.arg(
             QFileInfo(archivo.ruta).fileName(), nombre));
 }
 
-QList<Archivo> ArchivosDe(const Proceso& proceso, const Argumentos& argumentos) {
+QList<Archivo> ArchivosDe(const ClaveDeclaracion& clave, const Argumentos& argumentos) {
     QList<Archivo> archivos;
     if (argumentos.percepciones)
         archivos.append({&FormatoPercepciones(), *argumentos.percepciones});
     if (argumentos.ventas)
         archivos.append({&FormatoVentas(), *argumentos.ventas});
     for (const Archivo& archivo : archivos)
-        ExigeNombre(proceso, archivo);
+        ExigeNombre(clave, archivo);
     return archivos;
 }
 
@@ -130,14 +130,14 @@ void Exige(const ResultadoImportacion& resultado, const FormatoImportacion& form
 void CargaTrabajo(Proceso& proceso, const Argumentos& argumentos, const ClaveDeclaracion& clave,
                   ObservadorImportacion& avance, Informe& informe) {
     TablasTrabajo trabajo(*proceso.baseDatos);
-    const QList<Archivo> archivos = ArchivosDe(proceso, argumentos);
+    const QList<Archivo> archivos = ArchivosDe(clave, argumentos);
     if (archivos.isEmpty())
         return trabajo.Reconstruye(clave);
     ArchivoErrores errores(argumentos.errores);
     const OpcionesImportacion opciones{argumentos.probar, errores.Planilla()};
     for (qsizetype i = 1; i < archivos.size(); ++i) { // the first one is looked through by its own run
         const auto& [formato, ruta] = archivos[i];
-        Exige(Transferencia(proceso, *formato, ruta, opciones).Revisa(), *formato, errores, informe);
+        Exige(Transferencia(proceso, clave, *formato, ruta, opciones).Revisa(), *formato, errores, informe);
     }
     bool empezado = false;
     const auto alEmpezar = [&] {
@@ -148,7 +148,7 @@ void CargaTrabajo(Proceso& proceso, const Argumentos& argumentos, const ClaveDec
     };
     for (const auto& [formato, ruta] : archivos) {
         const ResultadoImportacion resultado =
-            Transferencia(proceso, *formato, ruta, opciones).Corre(avance, alEmpezar);
+            Transferencia(proceso, clave, *formato, ruta, opciones).Corre(avance, alEmpezar);
         if (resultado.fin != FinImportacion::Rechazada)
             AnotaImportacion(informe, resultado);
         Exige(resultado, *formato, errores, informe);

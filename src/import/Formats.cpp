@@ -122,8 +122,8 @@ constexpr auto kCamposDePercepcion = DescribePercepcion();
 constexpr auto kCamposDeLaVenta = DescribeVenta();
 
 template <typename Tablas>
-std::unique_ptr<Almacen> AbreAlmacen(Proceso& proceso) {
-    return std::make_unique<Tablas>(*proceso.baseDatos, proceso.periodoDeclarado, proceso.fechaPrimerIgv);
+std::unique_ptr<Almacen> AbreAlmacen(Base& base, Periodo declarado, Periodo primerIgv) {
+    return std::make_unique<Tablas>(base, declarado, primerIgv);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "import/ImportFile.h"
 
-#include "family/Process.h"
+#include "data/ObjetoUtil.h"
+#include "family/DeclarationKey.h"
 #include "import/ImportFormat.h"
 #include "values/FileFailure.h"
 
@@ -10,9 +11,8 @@ namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
-QString NombreDeArchivo(const Proceso& proceso, const FormatoImportacion& formato) {
-    return proceso.numFormulario + proceso.docDeclarante.Texto() + proceso.periodoDeclarado.Texto() +
-           formato.finDeNombre + ".TXT"_L1;
+QString NombreDeArchivo(const ClaveDeclaracion& clave, const FormatoImportacion& formato) {
+    return clave.formulario + clave.ruc.Texto() + clave.periodo.Texto() + formato.finDeNombre + ".TXT"_L1;
 }
 
 bool SeLlama(const QString& ruta, const QString& nombre) {

@@ -4,11 +4,11 @@
 
 namespace xa518 {
 
+struct ClaveDeclaracion;
 struct FormatoImportacion;
-struct Proceso;
 
-/// The bare name of the import file of the open declaration.
-[[nodiscard]] QString NombreDeArchivo(const Proceso& proceso, const FormatoImportacion& formato);
+/// The bare name of the import file of a declaration.
+[[nodiscard]] QString NombreDeArchivo(const ClaveDeclaracion& clave, const FormatoImportacion& formato);
 
 /// Whether a file bears that name; files that come from other systems may have it in lower case.
 [[nodiscard]] bool SeLlama(const QString& ruta, const QString& nombre);

@@ -10,7 +10,6 @@
 namespace xa518 {
 
 class Base;
-struct Proceso;
 
 /// Codes of what the tables have against a line, in the order in which they were met; none when all of it was written.
 using Objeciones = QVarLengthArray<Codigo, 3>;
@@ -39,7 +38,7 @@ struct DescripcionCampo {
 struct FormatoImportacion {
     QLatin1StringView finDeNombre;                ///< what the file's name has behind the period
     std::span<const Comprobacion> comprobaciones; ///< one for each field of a line, in file order
-    std::unique_ptr<Almacen> (*almacen)(Proceso& proceso);
+    std::unique_ptr<Almacen> (*almacen)(Base& base, Periodo declarado, Periodo primerIgv);
     TiposDeVenta (*tipos)(Base& base); ///< reads what the checks ask of the catalogue; missing when they ask nothing
     QStringView titulo;                ///< what such files are called to a person
     std::span<const DescripcionCampo> descripciones; ///< one for each field, in file order

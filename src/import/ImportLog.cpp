@@ -1,6 +1,7 @@
 #include "import/ImportLog.h"
 
 #include "data/Base.h"
+#include "data/ObjetoUtil.h"
 #include "family/Process.h"
 #include "import/ErrorTexts.h"
 #include "values/FileFailure.h"
@@ -24,9 +25,8 @@ constexpr QByteArrayView kFinDeLinea("\n", 1);
 #endif
 
 /// Wanted: no separator behind `rutaRPT`, so the files lie beside the report folder and begin with its name.
-QString RutaDe(const Proceso& proceso, const QString& fin) {
-    return proceso.rutaRPT + proceso.numFormulario + proceso.docDeclarante.Texto() + proceso.periodoDeclarado.Texto() +
-           fin;
+QString RutaDe(const Proceso& proceso, const ClaveDeclaracion& clave, const QString& fin) {
+    return proceso.rutaRPT + clave.formulario + clave.ruc.Texto() + clave.periodo.Texto() + fin;
 }
 
 } // namespace
@@ -47,8 +47,10 @@ void ArchivoLog::Agrega(QByteArrayView linea) {
     throw falla;
 }
 
-LogImportacion::LogImportacion(const Proceso& proceso)
-    : m_base(proceso.baseDatos.get()), m_log(RutaDe(proceso, u".Log"_s)), m_err(RutaDe(proceso, u".Err"_s)) {}
+LogImportacion::LogImportacion(const Proceso& proceso, const ClaveDeclaracion& clave)
+    : m_base(proceso.baseDatos.get())
+    , m_log(RutaDe(proceso, clave, u".Log"_s))
+    , m_err(RutaDe(proceso, clave, u".Err"_s)) {}
 
 void LogImportacion::GraboLog(QByteArrayView linea, const QString& clave, Codigo codigo) {
     Anota([&] { m_log.Agrega(linea); });

@@ -8,6 +8,7 @@
 namespace xa518 {
 
 class Base;
+struct ClaveDeclaracion;
 struct Proceso;
 
 /// A file to which a run adds lines. It is opened and closed for each, and its first line of the run replaces what an
@@ -31,7 +32,7 @@ class ArchivoLog {
 /// wrong with them. Both kinds of import file share one pair of names.
 class LogImportacion {
   public:
-    explicit LogImportacion(const Proceso& proceso);
+    LogImportacion(const Proceso& proceso, const ClaveDeclaracion& clave);
 
     /// Writes a refused line as it stood in the file, and its key with the reason. A failure doesn't end the run; the
     /// first one is kept in `Falla`.

@@ -40,15 +40,16 @@ bool LeeLinea(LectorLineas& lector) {
 
 } // namespace
 
-Transferencia::Transferencia(Proceso& proceso, const FormatoImportacion& formato, QString ruta,
+Transferencia::Transferencia(Proceso& proceso, ClaveDeclaracion clave, const FormatoImportacion& formato, QString ruta,
                              const OpcionesImportacion& opciones)
     : m_proceso(proceso)
+    , m_clave(std::move(clave))
     , m_formato(formato)
     , m_ruta(std::move(ruta))
     , m_opciones(opciones)
-    , m_contexto{proceso.docDeclarante, proceso.periodoDeclarado, proceso.reloj.Hoy(), {}}
-    , m_log(proceso) {
-    m_resultado.archivo = NombreDeArchivo(proceso, formato);
+    , m_contexto{m_clave.ruc, m_clave.periodo, proceso.reloj.Hoy(), {}}
+    , m_log(proceso, m_clave) {
+    m_resultado.archivo = NombreDeArchivo(m_clave, formato);
 }
 
 ResultadoImportacion Transferencia::Revisa() {
@@ -118,7 +119,8 @@ void Transferencia::Pierde(qint64 lineas) {
 }
 
 void Transferencia::RecorreLineas(ObservadorImportacion& observador, Lotes& lotes) {
-    const std::unique_ptr<Almacen> almacen = m_formato.almacen(m_proceso);
+    const std::unique_ptr<Almacen> almacen =
+        m_formato.almacen(*m_proceso.baseDatos, m_clave.periodo, m_proceso.fechaPrimerIgv);
     if (m_formato.tipos)
         m_contexto.ventas = m_formato.tipos(*m_proceso.baseDatos);
     LectorLineas lector(m_archivo);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "family/DeclarationKey.h"
 #include "import/FileSurvey.h"
 #include "import/ImportFormat.h"
 #include "import/ImportLog.h"
@@ -18,6 +19,7 @@ namespace xa518 {
 
 class Lotes;
 class PlanillaErrores;
+struct Proceso;
 
 /// How far a run has come.
 struct AvanceImportacion {
@@ -78,8 +80,9 @@ struct OpcionesImportacion {
 /// error stays; the last of it may be lost when it is the base's disk that fails. An object serves one run.
 class Transferencia {
   public:
-    /// `ruta` is the folder of the file, or the file itself.
-    Transferencia(Proceso& proceso, const FormatoImportacion& formato, QString ruta,
+    /// Into the declaration of that key, whose work tables are the base's now. `ruta` is the folder of the file, or the
+    /// file itself.
+    Transferencia(Proceso& proceso, ClaveDeclaracion clave, const FormatoImportacion& formato, QString ruta,
                   const OpcionesImportacion& opciones = {});
 
     /// Looks the whole file through and imports nothing; the result says `Completa` when a run could start.
@@ -112,6 +115,7 @@ class Transferencia {
     [[nodiscard]] Mensaje MensajeFinal() const;
 
     Proceso& m_proceso;
+    ClaveDeclaracion m_clave;
     const FormatoImportacion& m_formato;
     QString m_ruta;
     OpcionesImportacion m_opciones;

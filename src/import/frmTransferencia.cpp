@@ -5,6 +5,8 @@
 #include "family/Process.h"
 #include "form518/WorkTables.h"
 #include "import/Formats.h"
+#include "import/ImportFile.h"
+#include "import/MountedVolumes.h"
 #include "import/RunMessages.h"
 #include "platform/FileDialogs.h"
 #include "platform/Notices.h"
@@ -13,7 +15,9 @@
 #include "widgets/HourGlass.h"
 
 #include <QDir>
+#include <QDragEnterEvent>
 #include <QLabel>
+#include <QMimeData>
 #include <QSaveFile>
 #include <QScopeGuard>
 #include <QTemporaryFile>
@@ -27,6 +31,19 @@ namespace {
 /// How often the counters move. A person reads no faster, and each time costs a paint.
 constexpr qint64 kRitmoMs = 250;
 constexpr int kLleno = 1000;
+constexpr int kUnidadNoDisponible = 68;
+
+const QString kSeccion = u"Importar"_s;
+const QString kClave = u"Carpeta"_s;
+
+/// What was dropped from the file manager: the first thing that lies on this machine.
+QString RutaSoltada(const QMimeData& datos) {
+    for (const QUrl& url : datos.urls()) {
+        if (url.isLocalFile())
+            return url.toLocalFile();
+    }
+    return {};
+}
 
 bool Copia(QIODevice& origen, QIODevice& destino) {
     constexpr qint64 kTrozo = 65'536;
@@ -40,17 +57,18 @@ bool Copia(QIODevice& origen, QIODevice& destino) {
 
 } // namespace
 
-frmTransferencia::frmTransferencia(Proceso& proceso, Avisos& avisos, EntornoImportacion entorno, QWidget* padre)
+frmTransferencia::frmTransferencia(Proceso& proceso, Avisos& avisos, ClaveDeclaracion clave, EntornoImportacion entorno,
+                                   QWidget* padre)
     : Forma(padre)
     , m_proceso(proceso)
     , m_avisos(avisos)
+    , m_clave(std::move(clave))
     , m_entorno(std::move(entorno))
     , m_ui(std::make_unique<Ui::frmTransferencia>()) {
     m_ui->setupUi(this);
     PreparaBarra();
     PonEtiquetasEnReposo();
-    PonDetalle({});
-    PreparaCarpetas();
+    PreparaCarpeta();
     Conecta();
     Prepara({m_ui->cmCancelar});
 }
@@ -59,18 +77,38 @@ frmTransferencia::~frmTransferencia() = default;
 
 /// Only decoration, without a command: it tells which declaration the file is for.
 void frmTransferencia::PreparaBarra() {
-    auto* cual = new QLabel(
-        u"RUC %1   ·   Período %2"_s.arg(m_proceso.docDeclarante.Texto(), m_proceso.periodoDeclarado.EnPantalla()));
+    auto* cual = new QLabel(u"RUC %1   ·   Período %2"_s.arg(m_clave.ruc.Texto(), m_clave.periodo.EnPantalla()));
     cual->setObjectName(u"LblDeclaracion"_s);
     m_ui->Toolbar1->addWidget(cual);
 }
 
 void frmTransferencia::Conecta() {
-    ConectaCarpetas();
+    connect(m_ui->OptTipo_0, &QRadioButton::toggled, this,
+            Protegido([this] { m_ui->Carpeta->PonEsperado(ArchivoEsperado()); }));
+    connect(m_ui->Carpeta, &CarpetaDeImportacion::Examinar, this, Protegido([this] { Examinar(); }));
+    connect(m_ui->Carpeta, &CarpetaDeImportacion::UnidadNoDisponible, this, Protegido([this] {
+                m_avisos.Muestra(Errores_Transferencia(Error(kUnidadNoDisponible, u"La unidad no está disponible."_s)));
+            }));
     connect(m_ui->cmdTransferir, &QPushButton::clicked, this, Protegido([this] { Transferir(); }));
     connect(m_ui->cmdProbar, &QPushButton::clicked, this, Protegido([this] { Procesa(true); }));
     connect(m_ui->cmdGuardarErrores, &QPushButton::clicked, this, Protegido([this] { GuardarErrores(); }));
     connect(m_ui->cmCancelar, &QPushButton::clicked, this, Protegido([this] { Salir(); }));
+}
+
+void frmTransferencia::PreparaCarpeta() {
+    m_ui->Carpeta->PonEsperado(ArchivoEsperado());
+    const QString recordada = m_entorno.perfil.Lee(kSeccion, kClave);
+    m_ui->Carpeta->PonCarpeta(QDir(recordada).exists() && !recordada.isEmpty() ? recordada : RaizDelPrograma());
+}
+
+void frmTransferencia::Examinar() {
+    const QString carpeta = m_entorno.archivos.PideCarpeta(u"Examinar"_s, m_ui->Carpeta->Carpeta());
+    if (!carpeta.isEmpty())
+        m_ui->Carpeta->PonCarpeta(carpeta);
+}
+
+QString frmTransferencia::ArchivoEsperado() const {
+    return NombreDeArchivo(m_clave, Formato());
 }
 
 const FormatoImportacion& frmTransferencia::Formato() const {
@@ -104,7 +142,7 @@ void frmTransferencia::Transferir() {
 
 void frmTransferencia::Procesa(bool prueba) {
     m_cancelarRun = false;
-    PonDetalle({});
+    m_ui->Carpeta->PonDetalle({});
     const ResultadoImportacion resultado = CorreTransferencia(prueba);
     RecuerdaCarpeta();
     if (!prueba)
@@ -141,7 +179,7 @@ ResultadoImportacion frmTransferencia::CorreTransferencia(bool prueba) {
     const auto fin = qScopeGuard([this] { PonCorriendo(false); });
     m_ritmo.start();
     m_enProceso.reset(); // with a file that an earlier run has left open
-    m_enProceso = std::make_unique<Transferencia>(m_proceso, Formato(), m_rutaArchivos,
+    m_enProceso = std::make_unique<Transferencia>(m_proceso, m_clave, Formato(), m_ui->Carpeta->Carpeta(),
                                                   OpcionesImportacion{prueba, NuevaPlanilla()});
     ResultadoImportacion resultado = m_enProceso->Corre(*this);
     if (!m_enProceso->TieneAbierto())
@@ -157,10 +195,10 @@ void frmTransferencia::PonCorriendo(bool corriendo) {
         m_conFoco = focusWidget();
         m_ui->barraAvance->setFocus();
     }
-    for (QWidget* control : std::initializer_list<QWidget*>{m_ui->OptTipo_0, m_ui->OptTipo_1, m_ui->Drive1,
-                                                            m_ui->TxtCarpeta, m_ui->cmdExaminar, m_ui->DirDirectorio,
-                                                            m_ui->flListaFiles, m_ui->cmdProbar, m_ui->cmdTransferir})
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{m_ui->OptTipo_0, m_ui->OptTipo_1, m_ui->cmdProbar, m_ui->cmdTransferir})
         control->setEnabled(!corriendo);
+    m_ui->Carpeta->Activa(!corriendo);
     m_ui->cmdGuardarErrores->setEnabled(false);
     setAcceptDrops(!corriendo);
     if (!corriendo && m_conFoco && focusWidget() == m_ui->barraAvance)
@@ -190,7 +228,7 @@ void frmTransferencia::MuestraFin(const ResultadoImportacion& resultado) {
         const Defecto defecto = resultado.revision.defecto;
         if (defecto == Defecto::Separadores || defecto == Defecto::Utf16)
             PonEtiquetasEnReposo();
-        PonDetalle(resultado.detalle);
+        m_ui->Carpeta->PonDetalle(resultado.detalle);
         m_ui->cmdGuardarErrores->setEnabled(m_planilla != nullptr);
         return;
     }
@@ -218,12 +256,6 @@ void frmTransferencia::CuentaElFin(const ResultadoImportacion& resultado, bool p
     // Wanted: the report is built in both answers.
     if (m_entorno.reporte && !resultado.rutaErr.isEmpty())
         m_entorno.reporte(*this, resultado.rutaErr, muestra);
-}
-
-/// Under the list of files: why one was refused whole, until another is looked for.
-void frmTransferencia::PonDetalle(const QString& detalle) {
-    m_ui->LblDefecto->setText(detalle);
-    m_ui->LblDefecto->setVisible(!detalle.isEmpty());
 }
 
 /// A run that gets as far as the totals makes up for those before it; one without lines leaves them as they were.
@@ -260,7 +292,7 @@ void frmTransferencia::GuardarErrores() {
         return;
     const QString nombre = QFileInfo(m_archivo).completeBaseName() + u"-errores.csv"_s;
     const QString ruta = m_entorno.archivos.PideArchivo({.titulo = u"Guardar errores"_s,
-                                                         .sugerido = QDir(m_rutaArchivos).filePath(nombre),
+                                                         .sugerido = QDir(m_ui->Carpeta->Carpeta()).filePath(nombre),
                                                          .tipo = u"CSV"_s,
                                                          .sufijo = u"csv"_s});
     if (ruta.isEmpty())
@@ -270,6 +302,43 @@ void frmTransferencia::GuardarErrores() {
     QSaveFile destino(ruta);
     if (!m_errores->seek(0) || !destino.open(QIODevice::WriteOnly) || !Copia(*m_errores, destino) || !destino.commit())
         throw FallaDeArchivo(Intento::Escribir, destino);
+}
+
+/// A comfort: where it can't be written the dialog works all the same.
+void frmTransferencia::RecuerdaCarpeta() {
+    const QString& carpeta = m_ui->Carpeta->Carpeta();
+    if (carpeta.isEmpty() || !QDir(carpeta).exists() || m_entorno.perfil.Lee(kSeccion, kClave) == carpeta)
+        return;
+    try {
+        m_entorno.perfil.Escribe(kSeccion, kClave, carpeta);
+    } catch (const Error&) { // NOLINT(bugprone-empty-catch)
+    }
+}
+
+/// Whoever comes back from the file manager sees what was put there meanwhile.
+void frmTransferencia::changeEvent(QEvent* evento) {
+    Forma::changeEvent(evento);
+    if (evento->type() == QEvent::ActivationChange && isActiveWindow() && !m_corriendo)
+        m_ui->Carpeta->ListaArchivos();
+}
+
+void frmTransferencia::dragEnterEvent(QDragEnterEvent* evento) {
+    if (!RutaSoltada(*evento->mimeData()).isEmpty())
+        evento->acceptProposedAction();
+}
+
+/// A folder, or the file itself, which also tells its kind.
+void frmTransferencia::dropEvent(QDropEvent* evento) {
+    const QFileInfo soltado(RutaSoltada(*evento->mimeData()));
+    evento->acceptProposedAction();
+    const auto esDe = [&](const FormatoImportacion& formato) {
+        return SeLlama(soltado.filePath(), NombreDeArchivo(m_clave, formato));
+    };
+    if (esDe(FormatoVentas()))
+        m_ui->OptTipo_1->setChecked(true);
+    else if (esDe(FormatoPercepciones()))
+        m_ui->OptTipo_0->setChecked(true);
+    m_ui->Carpeta->PonCarpeta(soltado.isDir() ? soltado.filePath() : soltado.path());
 }
 
 } // namespace xa518

@@ -21,7 +21,6 @@ namespace xa518 {
 
 class Avisos;
 class DialogosDeArchivo;
-struct Proceso;
 
 /// What the import dialog takes from others. A function that is missing does nothing.
 struct EntornoImportacion {
@@ -33,11 +32,12 @@ struct EntornoImportacion {
     std::function<void()> refresca{};
 };
 
-/// The dialog in which a person picks a folder and imports the declaration's text file.
+/// The dialog in which a person picks a folder and imports the text file of a declaration, whose work tables are open.
 class frmTransferencia final : public Forma, private ObservadorImportacion {
     Q_OBJECT
   public:
-    frmTransferencia(Proceso& proceso, Avisos& avisos, EntornoImportacion entorno, QWidget* padre = nullptr);
+    frmTransferencia(Proceso& proceso, Avisos& avisos, ClaveDeclaracion clave, EntornoImportacion entorno,
+                     QWidget* padre = nullptr);
     ~frmTransferencia() override;
 
   protected:
@@ -53,15 +53,9 @@ class frmTransferencia final : public Forma, private ObservadorImportacion {
     void PreparaBarra();
     [[nodiscard]] const FormatoImportacion& Formato() const;
 
-    // The folder.
-    void PreparaCarpetas();
-    void ConectaCarpetas();
-    void PonCarpeta(const QString& carpeta);
-    void CambiaUnidad();
+    void PreparaCarpeta();
     void Examinar();
-    void EntraEnCarpeta();
-    void ListaCarpetas();
-    void ListaArchivos();
+    [[nodiscard]] QString ArchivoEsperado() const;
     void RecuerdaCarpeta();
 
     // The run.
@@ -74,7 +68,6 @@ class frmTransferencia final : public Forma, private ObservadorImportacion {
     void MuestraFin(const ResultadoImportacion& resultado);
     void CuentaLoPerdido(const ResultadoImportacion& resultado);
     void CuentaElFin(const ResultadoImportacion& resultado, bool prueba);
-    void PonDetalle(const QString& detalle);
     void RecuerdaTotales(const ResultadoImportacion& resultado);
     void InsisteEnTotales();
     void PonEtiquetasEnReposo();
@@ -85,10 +78,10 @@ class frmTransferencia final : public Forma, private ObservadorImportacion {
 
     Proceso& m_proceso;
     Avisos& m_avisos;
+    ClaveDeclaracion m_clave;
     EntornoImportacion m_entorno;
     std::unique_ptr<Ui::frmTransferencia> m_ui;
 
-    QString m_rutaArchivos; ///< the folder chosen
     bool m_cancelarRun = false;
     bool m_corriendo = false;    ///< lines are being read, so that the dialog can't go yet
     bool m_yaProcesado = false;  ///< a run was asked for in this opening of the dialog
@@ -98,8 +91,8 @@ class frmTransferencia final : public Forma, private ObservadorImportacion {
     QString m_archivo;                 ///< bare name of the file that the last run was over
     std::unique_ptr<QTemporaryFile> m_errores;
     std::unique_ptr<PlanillaErrores> m_planilla;
-    /// The run that is going. Wanted: one that has left its file open counts as going, and holds the file, until
-    /// the next run or the way out.
+    /// The run that is going. Wanted: one that has left its file open counts as going, and holds the file, until the
+    /// next run or the way out.
     std::unique_ptr<Transferencia> m_enProceso;
 };
 

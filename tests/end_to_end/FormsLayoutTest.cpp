@@ -96,7 +96,9 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
             Ve(frmPerDet(detalle, modo, {{clave, u"01"_s, {}, {}}, {}, {}}, u"1"_s), u"payment"_s, mira);
         }
         Ve(FrmAgePer(detalle, ModoDetalle::Nuevo), u"new"_s, mira);
-        Ve(frmTransferencia(proceso, avisos, {.perfil = PerfilCompartido(), .archivos = archivos}), u"import"_s, mira);
+        const ClaveDeclaracion importada{.ruc = Ruc(kRuc), .periodo = Periodo(2026, 10), .formulario = kNumFormulario};
+        Ve(frmTransferencia(proceso, avisos, importada, {.perfil = PerfilCompartido(), .archivos = archivos}),
+           u"import"_s, mira);
         proceso.opcion = kNueva;
         Ve(Frm518(proceso, avisos, barra, {}, {}), u"new"_s, mira);
         proceso.rutaMens = raiz.filePath(u"Mens.txt"_s);

@@ -60,15 +60,13 @@ class HandAndFileTest : public DetailTest {
         const QStringList aMano = trabajo();
         EXPECT_EQ(aMano.size(), filas);
         const QString grabadoAMano = Graba();
+        EscribeEn(m_base.Carpeta() + u'/' + NombreDeArchivo(m_clave, formato), lineas.join(u'\n').toUtf8());
         Proceso proceso(m_reloj);
         proceso.rutaRPT = m_base.Carpeta() + u"/RPT"_s;
         proceso.fechaPrimerIgv = m_entorno.primerIgv;
-        proceso.docDeclarante = m_clave.ruc;
-        proceso.periodoDeclarado = m_clave.periodo;
         proceso.baseDatos = Base::Abre(m_base.Ruta());
-        EscribeEn(m_base.Carpeta() + u'/' + NombreDeArchivo(proceso, formato), lineas.join(u'\n').toUtf8());
         SinPausa observador;
-        (void)Transferencia(proceso, formato, m_base.Carpeta()).Corre(observador);
+        (void)Transferencia(proceso, m_clave, formato, m_base.Carpeta()).Corre(observador);
         EXPECT_EQ(trabajo(), aMano);
         EXPECT_EQ(Graba(), grabadoAMano);
     }

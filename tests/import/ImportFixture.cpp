@@ -61,10 +61,10 @@ Cambios Empresa(const Cambios& cambios) {
     return todos;
 }
 
-Escenario::Escenario(const QString& periodo, const FormatoImportacion& formato) : m_formato(formato) {
+Escenario::Escenario(const QString& periodo, const FormatoImportacion& formato)
+    : clave{.ruc = Ruc(u"20990518018"), .periodo = *Periodo::DeTabla(periodo), .formulario = kNumFormulario}
+    , m_formato(formato) {
     proceso.baseDatos = Base::Abre(base.Ruta());
-    proceso.docDeclarante = Ruc(u"20990518018");
-    proceso.periodoDeclarado = *Periodo::DeTabla(periodo);
     proceso.fechaPrimerIgv = Periodo(2099, 12);
     proceso.rutaRPT = base.Carpeta() + u"/RPT"_s;
     Transaccion transaccion = base->Comienza();
@@ -78,7 +78,7 @@ Escenario::Escenario(const QString& periodo, const FormatoImportacion& formato) 
 }
 
 QString Escenario::RutaArchivo() const {
-    return base.Carpeta() + u'/' + NombreDeArchivo(proceso, m_formato);
+    return base.Carpeta() + u'/' + NombreDeArchivo(clave, m_formato);
 }
 
 void Escenario::Escribe(const QByteArray& bytes) const {
@@ -96,7 +96,7 @@ ResultadoImportacion Escenario::Importa(const QByteArray& bytes) {
 
 ResultadoImportacion Escenario::Corre(const std::function<bool(int)>& antesDeLinea) {
     Observador observador(antesDeLinea);
-    return Transferencia(proceso, m_formato, base.Carpeta(), opciones).Corre(observador);
+    return Transferencia(proceso, clave, m_formato, base.Carpeta(), opciones).Corre(observador);
 }
 
 QList<int> Escenario::Cuenta() const {

@@ -45,6 +45,7 @@ class Escenario {
     BaseTemporal base;
     RelojFijo reloj{QDateTime(QDate(2026, 11, 21), QTime(10, 0))};
     Proceso proceso{reloj, {Formulario0518()}, kNumFormulario};
+    ClaveDeclaracion clave;
     OpcionesImportacion opciones;
 
   private:

@@ -36,7 +36,7 @@ class ImportForm : public testing::Test {
                                        if (m_bloqueada)
                                            throw ErrorBase(NumeroError::BaseBloqueada, u"Ocupada."_s);
                                    }};
-        m_forma = std::make_unique<frmTransferencia>(m_escenario.proceso, m_avisos, entorno);
+        m_forma = std::make_unique<frmTransferencia>(m_escenario.proceso, m_avisos, m_escenario.clave, entorno);
         Muestra(*m_forma);
     }
     template <typename Control = QWidget>
