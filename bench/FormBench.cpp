@@ -43,10 +43,10 @@ void AbreFormulario(const QString& ruta) {
     const RelojFijo reloj(QDateTime(QDate(2026, 11, 1), QTime(9, 0)));
     Proceso proceso(reloj, {Formulario0518()}, kNumFormulario);
     proceso.baseDatos = Base::Abre(ruta);
-    proceso.opcion = kModificar;
     AvisosEnPantalla avisos;
     BarradeEstadoQMD barra;
-    Frm518 forma(proceso, avisos, barra, {}, {kClave.ruc, u"COMERCIAL DEL VALLE S.A.C."_s, kClave.periodo, {}, {}});
+    Frm518 forma(proceso, avisos, barra, {},
+                 DeclaracionElegida{.clave = kClave, .nombre = u"COMERCIAL DEL VALLE S.A.C."_s});
     forma.show();
     QApplication::processEvents();
 }

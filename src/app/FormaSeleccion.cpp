@@ -31,11 +31,12 @@ QList<ColumnaDeGrilla> ColumnasDe(const QStringList& titulos) {
 
 } // namespace
 
-FormaSeleccion::FormaSeleccion(const Entorno& entorno, const QStringList& columnas, const QString& marco,
-                               QWidget* padre)
+FormaSeleccion::FormaSeleccion(const Entorno& entorno, OpcionDeLista opcion, const QStringList& columnas,
+                               const QString& marco, QWidget* padre)
     : Forma(padre)
     , m_ui(std::make_unique<Ui::FormaSeleccion>())
     , m_entorno(entorno)
+    , m_opcion(opcion)
     , m_datos(new ModeloDeConsulta(ColumnasDe(columnas), this)) {
     m_ui->setupUi(this);
     m_ui->Frame1->setTitle(marco);
@@ -79,22 +80,16 @@ void FormaSeleccion::Refresca(int fila) {
 
 void FormaSeleccion::MuestraFila(int fila) {
     const DeclaracionElegida elegida = Elegida(fila);
-    m_entorno.barra.PonRuc(elegida.ruc.Texto());
+    m_entorno.barra.PonRuc(elegida.clave.ruc.Texto());
     m_entorno.barra.PonNombre(elegida.nombre);
-    m_entorno.barra.PonPeriodo(elegida.periodo.EnPantalla());
+    m_entorno.barra.PonPeriodo(elegida.clave.periodo.EnPantalla());
 }
 
 DeclaracionElegida FormaSeleccion::Elegida(int fila) const {
-    return {Ruc(Celda(fila, ColumnaDeLista::Ruc)),
-            Celda(fila, ColumnaDeLista::Nombre),
-            Periodo::DePantalla(Celda(fila, ColumnaDeLista::Periodo)).value_or(Periodo()),
-            {},
-            {}};
-}
-
-ClaveDeclaracion FormaSeleccion::Clave(int fila) const {
-    const DeclaracionElegida elegida = Elegida(fila);
-    return {.ruc = elegida.ruc, .periodo = elegida.periodo, .formulario = m_entorno.proceso.numFormulario};
+    return {.clave = {.ruc = Ruc(Celda(fila, ColumnaDeLista::Ruc)),
+                      .periodo = Periodo::DePantalla(Celda(fila, ColumnaDeLista::Periodo)).value_or(Periodo()),
+                      .formulario = m_entorno.proceso.numFormulario},
+            .nombre = Celda(fila, ColumnaDeLista::Nombre)};
 }
 
 /// An error of the engine ends the command without a word, with the list as it was: wanted.
@@ -105,10 +100,9 @@ void FormaSeleccion::Actua() {
     try {
         if (!SigueAhi(Grilla().Fila()))
             return;
-        TomaFila(Grilla().Fila());
-        if (m_entorno.proceso.opcion == kModificar)
+        if (m_opcion == OpcionDeLista::Modificar)
             Abre(reloj);
-        else if (m_entorno.proceso.opcion == kEliminar)
+        else
             Elimina();
     } catch (const ErrorBase& falla) {
         qWarning().noquote() << falla.Texto();
@@ -117,7 +111,7 @@ void FormaSeleccion::Actua() {
 
 /// An empty declaration would open in its place, and its save would stand beside the copy that was sent.
 bool FormaSeleccion::SigueAhi(int fila) {
-    if (ExisteDeclaracion(*m_entorno.proceso.baseDatos, Clave(fila)))
+    if (ExisteDeclaracion(*m_entorno.proceso.baseDatos, Elegida(fila).clave))
         return true;
     Refresca(fila);
     m_entorno.avisos.Muestra({Icono::Exclamacion,
@@ -153,7 +147,7 @@ void FormaSeleccion::Elimina() {
     const int fila = Grilla().Fila();
     if (!SigueAhi(fila)) // gone while the question stood
         return;
-    const ClaveDeclaracion clave = Clave(fila);
+    const ClaveDeclaracion clave = Elegida(fila).clave;
     const Proceso& proceso = m_entorno.proceso;
     EliminaDeclaracion(*proceso.baseDatos, FormularioDe(proceso.formularios, clave.formulario), clave);
     Refresca();

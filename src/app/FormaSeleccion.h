@@ -16,8 +16,11 @@ namespace xa518 {
 class GrillaDeLectura;
 class RelojDeArena;
 
+/// What a list of declarations is opened for: to open the row's declaration, or to delete it.
+enum class OpcionDeLista { Modificar, Eliminar };
+
 /// What the two lists of declarations are alike in: the grid, the row that the status bar tells, the command on the
-/// row and the way out. `Proceso::opcion` says what the command is: open the row's declaration, or delete it.
+/// row and the way out.
 class FormaSeleccion : public Forma {
     Q_OBJECT
   public:
@@ -31,7 +34,8 @@ class FormaSeleccion : public Forma {
     };
 
     /// One title for each column of the query, in its order.
-    FormaSeleccion(const Entorno& entorno, const QStringList& columnas, const QString& marco, QWidget* padre);
+    FormaSeleccion(const Entorno& entorno, OpcionDeLista opcion, const QStringList& columnas, const QString& marco,
+                   QWidget* padre);
 
     void Presenta(const Textos& textos);
     /// Changes what the list is read from; it shows with the next `Refresca`.
@@ -39,16 +43,13 @@ class FormaSeleccion : public Forma {
     /// Reads the list again and goes to that row, or to the first when it is no longer there.
     void Refresca(int fila = 0);
 
-    [[nodiscard]] Proceso& ElProceso() const { return m_entorno.proceso; }
+    [[nodiscard]] const Proceso& ElProceso() const { return m_entorno.proceso; }
     [[nodiscard]] GrillaDeLectura& Grilla() const;
     /// The trimmed text of a cell.
     [[nodiscard]] QString Celda(int fila, int columna) const;
 
     /// The row in the form that the next one needs.
     [[nodiscard]] virtual DeclaracionElegida Elegida(int fila) const;
-    [[nodiscard]] virtual ClaveDeclaracion Clave(int fila) const;
-    /// Before the command works on a row.
-    virtual void TomaFila(int /*fila*/) {}
 
     void Salir() override;
 
@@ -63,6 +64,7 @@ class FormaSeleccion : public Forma {
 
     std::unique_ptr<Ui::FormaSeleccion> m_ui;
     Entorno m_entorno;
+    OpcionDeLista m_opcion;
     ModeloDeConsulta* m_datos;
     ConsultaSql m_consulta;
 };

@@ -1,7 +1,6 @@
 #include "app/FrmConsultas.h"
 
 #include "data/Catalog.h"
-#include "family/Process.h"
 #include "widgets/QueryModel.h"
 #include "widgets/ReadGrid.h"
 
@@ -11,15 +10,15 @@ namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
-FrmConsultas::FrmConsultas(Proceso& proceso, QWidget* padre)
+FrmConsultas::FrmConsultas(Base& base, QStringView tipo, QWidget* padre)
     : Forma(padre), m_ui(std::make_unique<Ui::FrmConsultas>()) {
     m_ui->setupUi(this);
     auto* datos = new ModeloDeConsulta({{u"Código"_s, 0, false, {}}, {u"Descripción"_s, 1, false, {}}}, this);
     datos->setObjectName(u"Dta1"_s);
     m_ui->grdBancos->setModel(datos);
-    if (proceso.tipoConsulta == u"B") {
+    if (tipo == u"B") {
         setWindowTitle(u"Bancos"_s);
-        datos->Consulta(*proceso.baseDatos, SqlBancos());
+        datos->Consulta(base, SqlBancos());
     }
     m_ui->grdBancos->AjustaColumnas(1);
     m_ui->grdBancos->PonFila(0);

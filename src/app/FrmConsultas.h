@@ -10,13 +10,13 @@ class FrmConsultas;
 
 namespace xa518 {
 
-struct Proceso;
+class Base;
 
-/// A list of the catalogue, to be read: of the kind in `Proceso::tipoConsulta`. "B" is the banks; any other is empty.
+/// A list of the catalogue, to be read. The kind "B" is the banks; any other is empty.
 class FrmConsultas final : public Forma {
     Q_OBJECT
   public:
-    explicit FrmConsultas(Proceso& proceso, QWidget* padre = nullptr);
+    FrmConsultas(Base& base, QStringView tipo, QWidget* padre = nullptr);
     ~FrmConsultas() override;
 
   private:

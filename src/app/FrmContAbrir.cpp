@@ -20,12 +20,12 @@ bool EscribeAlgo(const QKeyEvent& tecla) {
 
 } // namespace
 
-FrmContAbrir::FrmContAbrir(const Entorno& entorno, QWidget* padre)
-    : FormaSeleccion(entorno,
+FrmContAbrir::FrmContAbrir(const Entorno& entorno, OpcionDeLista opcion, QWidget* padre)
+    : FormaSeleccion(entorno, opcion,
                      {u"RUC"_s, u"Nombre o razón social"_s, u"Período"_s, u"Form."_s, u"Estado"_s, u"Rectifica"_s},
                      u"Declaraciones Registradas"_s, padre) {
     setObjectName(u"FrmContAbrir"_s);
-    if (ElProceso().opcion == kEliminar)
+    if (opcion == OpcionDeLista::Eliminar)
         Presenta({u"Eliminar Declaraciones"_s, u"&Eliminar"_s, u"Seleccione la Declaración que desea eliminar :"_s});
     else
         Presenta({u"Modificar Declaraciones"_s, u"&Modificar"_s, u"Seleccione la Declaración que desea modificar :"_s});

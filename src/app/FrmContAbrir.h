@@ -8,7 +8,7 @@ namespace xa518 {
 class FrmContAbrir final : public FormaSeleccion {
     Q_OBJECT
   public:
-    explicit FrmContAbrir(const Entorno& entorno, QWidget* padre = nullptr);
+    FrmContAbrir(const Entorno& entorno, OpcionDeLista opcion, QWidget* padre = nullptr);
 
   protected:
     bool eventFilter(QObject* objeto, QEvent* evento) override;

@@ -15,14 +15,14 @@ constexpr int kAncho = 920; ///< room for the name beside eight other columns
 
 } // namespace
 
-FrmContAbrirE::FrmContAbrirE(const Entorno& entorno, QWidget* padre)
-    : FormaSeleccion(entorno,
+FrmContAbrirE::FrmContAbrirE(const Entorno& entorno, OpcionDeLista opcion, QWidget* padre)
+    : FormaSeleccion(entorno, opcion,
                      {u"RUC"_s, u"Nombre o razón social"_s, u"Período"_s, u"Form."_s, u"Nro. orden"_s, u"Enviada"_s,
                       u"Control"_s, u"Copia"_s, u"Rectifica"_s},
                      u"Declaraciones Enviadas"_s, padre) {
     setObjectName(u"FrmContAbrirE"_s);
     resize(kAncho, height());
-    if (ElProceso().opcion == kEliminar)
+    if (opcion == OpcionDeLista::Eliminar)
         Presenta({u"Eliminar Declaraciones Enviadas"_s, u"&Eliminar"_s,
                   u"Seleccione la Declaración que desea eliminar :"_s});
     else
@@ -34,23 +34,11 @@ FrmContAbrirE::FrmContAbrirE(const Entorno& entorno, QWidget* padre)
 
 DeclaracionElegida FrmContAbrirE::Elegida(int fila) const {
     DeclaracionElegida elegida = FormaSeleccion::Elegida(fila);
+    elegida.clave.enviada = true;
+    elegida.clave.correl = Celda(fila, ColumnaDeLista::Correl);
     elegida.norden = Celda(fila, ColumnaDeLista::NOrden);
     elegida.control = Celda(fila, ColumnaDeLista::Control);
     return elegida;
-}
-
-ClaveDeclaracion FrmContAbrirE::Clave(int fila) const {
-    ClaveDeclaracion clave = FormaSeleccion::Clave(fila);
-    clave.enviada = true;
-    clave.correl = Celda(fila, ColumnaDeLista::Correl);
-    return clave;
-}
-
-void FrmContAbrirE::TomaFila(int fila) {
-    const DeclaracionElegida elegida = Elegida(fila);
-    ElProceso().numOrden = elegida.norden;
-    ElProceso().numControl = elegida.control;
-    ElProceso().correl = Clave(fila).correl;
 }
 
 /// From the second time on the list is another one than at load; the command's own refresh then reads it.

@@ -8,12 +8,10 @@ namespace xa518 {
 class FrmContAbrirE final : public FormaSeleccion {
     Q_OBJECT
   public:
-    explicit FrmContAbrirE(const Entorno& entorno, QWidget* padre = nullptr);
+    FrmContAbrirE(const Entorno& entorno, OpcionDeLista opcion, QWidget* padre = nullptr);
 
   protected:
     [[nodiscard]] DeclaracionElegida Elegida(int fila) const override;
-    [[nodiscard]] ClaveDeclaracion Clave(int fila) const override;
-    void TomaFila(int fila) override;
     void AlActivar() override;
 
   private:

@@ -124,17 +124,11 @@ void MDIFrm::PulsaBarra(BotonBarra boton) {
     case BotonBarra::Nueva: return Nueva();
     case BotonBarra::Modificar: return Modificar();
     case BotonBarra::Eliminar: return Eliminar();
-    case BotonBarra::Imprimir: return ImprimirRegistradas();
+    case BotonBarra::Imprimir: return ImprimirDe(false);
     case BotonBarra::Salir: close(); return;
     case BotonBarra::Registrar: return ModificarE();
     case BotonBarra::Ayuda: return MostrarHelp();
     }
-}
-
-/// The flags stay when the form has closed: wanted, `Imprimir` goes by what the command before it meant.
-void MDIFrm::Pide(int opcion, bool enviadas) {
-    m_proceso->opcion = opcion;
-    m_proceso->enviadas = enviadas;
 }
 
 void MDIFrm::Abre(const std::function<std::unique_ptr<QDialog>()>& fabrica) {
@@ -146,51 +140,55 @@ void MDIFrm::Abre(const std::function<std::unique_ptr<QDialog>()>& fabrica) {
 }
 
 void MDIFrm::Nueva() {
-    Pide(kNueva, false);
+    m_enviadas = false;
     if (m_dialogos.declaracion)
-        Abre([this] { return m_dialogos.declaracion(Barra(), {}, this); });
+        Abre([this] { return m_dialogos.declaracion(Barra(), std::nullopt, this); });
 }
 
 void MDIFrm::Modificar() {
-    Pide(kModificar, false);
-    Abre([this] { return std::make_unique<FrmContAbrir>(ElEntorno(), this); });
+    AbreRegistradas(OpcionDeLista::Modificar);
 }
 
 void MDIFrm::Eliminar() {
-    Pide(kEliminar, false);
-    Abre([this] { return std::make_unique<FrmContAbrir>(ElEntorno(), this); });
+    AbreRegistradas(OpcionDeLista::Eliminar);
 }
 
-/// The menu's command leaves `enviadas` as it is, unlike the toolbar's: wanted. After a print of sent declarations it
-/// lists those again.
-void MDIFrm::Imprimir() {
-    if (m_dialogos.impresion)
-        Abre([this] { return m_dialogos.impresion(Barra(), this); });
-}
-
-void MDIFrm::ImprimirRegistradas() {
-    m_proceso->enviadas = false;
-    Imprimir();
+void MDIFrm::AbreRegistradas(OpcionDeLista opcion) {
+    m_enviadas = false;
+    Abre([this, opcion] { return std::make_unique<FrmContAbrir>(ElEntorno(), opcion, this); });
 }
 
 void MDIFrm::ModificarE() {
-    Pide(kModificar, true);
-    Abre([this] { return std::make_unique<FrmContAbrirE>(ElEntorno(), this); });
+    AbreEnviadas(OpcionDeLista::Modificar);
 }
 
 void MDIFrm::EliminarE() {
-    Pide(kEliminar, true);
-    Abre([this] { return std::make_unique<FrmContAbrirE>(ElEntorno(), this); });
+    AbreEnviadas(OpcionDeLista::Eliminar);
+}
+
+void MDIFrm::AbreEnviadas(OpcionDeLista opcion) {
+    m_enviadas = true;
+    Abre([this, opcion] { return std::make_unique<FrmContAbrirE>(ElEntorno(), opcion, this); });
+}
+
+/// The menu's command goes by what the command before it meant, unlike the toolbar's: wanted. After a print of sent
+/// declarations it lists those again.
+void MDIFrm::Imprimir() {
+    ImprimirDe(m_enviadas);
 }
 
 void MDIFrm::ImprimirE() {
-    m_proceso->enviadas = true;
-    Imprimir();
+    ImprimirDe(true);
+}
+
+void MDIFrm::ImprimirDe(bool enviadas) {
+    m_enviadas = enviadas;
+    if (m_dialogos.impresion)
+        Abre([this] { return m_dialogos.impresion(Barra(), m_enviadas, this); });
 }
 
 void MDIFrm::Bancos() {
-    m_proceso->tipoConsulta = u"B"_s;
-    Abre([this] { return std::make_unique<FrmConsultas>(*m_proceso, this); });
+    Abre([this] { return std::make_unique<FrmConsultas>(*m_proceso->baseDatos, u"B", this); });
 }
 
 void MDIFrm::MostrarHelp() {

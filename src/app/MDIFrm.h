@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Dialogs.h"
+#include "app/FormaSeleccion.h"
 #include "platform/ProfileFile.h"
 
 #include <QMainWindow>
@@ -15,7 +16,7 @@ namespace xa518 {
 
 class Ayuda;
 
-/// The module's main window. It has no work of its own: each command says in `Proceso` what it is for and opens a form.
+/// The module's main window. It has no work of its own: each command opens a form and tells it what it is for.
 class MDIFrm final : public QMainWindow {
     Q_OBJECT
   public:
@@ -46,7 +47,7 @@ class MDIFrm final : public QMainWindow {
     void Modificar();
     void Eliminar();
     void Imprimir();
-    void ImprimirRegistradas();
+    void ImprimirDe(bool enviadas);
     void ModificarE();
     void EliminarE();
     void ImprimirE();
@@ -54,7 +55,8 @@ class MDIFrm final : public QMainWindow {
     void MostrarHelp();
     void Acercade();
 
-    void Pide(int opcion, bool enviadas);
+    void AbreRegistradas(OpcionDeLista opcion);
+    void AbreEnviadas(OpcionDeLista opcion);
     void Abre(const std::function<std::unique_ptr<QDialog>()>& fabrica);
     [[nodiscard]] Entorno ElEntorno() const;
 
@@ -64,6 +66,9 @@ class MDIFrm final : public QMainWindow {
     ArchivoPerfil m_perfil;
     Dialogos m_dialogos;
     Ayuda* m_ayuda;
+    /// Whether the last command was about sent declarations. Wanted: it stays when the form has closed, and
+    /// `mnuImprimir` goes by it.
+    bool m_enviadas = false;
 };
 
 } // namespace xa518

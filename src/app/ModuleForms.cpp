@@ -1,5 +1,6 @@
 #include "app/ModuleForms.h"
 
+#include "declaration/Frm518.h"
 #include "detail/FrmAgePer.h"
 #include "family/Configuration.h"
 #include "family/Process.h"
@@ -15,16 +16,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// What every form of the module is given.
+struct Modulo {
+    Proceso& proceso;
+    Avisos& avisos;
+    DialogosDeArchivo& archivos;
+};
+
 /// The client dialog over the declaration form, on the row of its grid.
-void AbreCliente(Proceso& proceso, Avisos& avisos, Forma& sobre, const ClaveDeclaracion& clave,
+void AbreCliente(const Modulo& modulo, Forma& sobre, const ClaveDeclaracion& clave,
                  const std::optional<FilaCliente>& cliente) {
     RelojDeArena reloj;
-    const EntornoDetalle entorno{.base = *proceso.baseDatos,
-                                 .avisos = avisos,
-                                 .reloj = proceso.reloj,
+    const EntornoDetalle entorno{.base = *modulo.proceso.baseDatos,
+                                 .avisos = modulo.avisos,
+                                 .reloj = modulo.proceso.reloj,
                                  .declarante = clave.ruc,
                                  .declarado = clave.periodo,
-                                 .primerIgv = proceso.fechaPrimerIgv};
+                                 .primerIgv = modulo.proceso.fechaPrimerIgv};
     const ModoDetalle sobreUno = clave.enviada ? ModoDetalle::Ver : ModoDetalle::Modificar;
     FrmAgePer dialogo(entorno, cliente ? sobreUno : ModoDetalle::Nuevo, cliente.value_or(FilaCliente()), &sobre);
     reloj.Suelta();
@@ -32,47 +40,51 @@ void AbreCliente(Proceso& proceso, Avisos& avisos, Forma& sobre, const ClaveDecl
 }
 
 /// The report of refused lines is built in any case and shown when it is wanted.
-void ReportaErrores(Proceso& proceso, const EntornoInformes& entorno, const DatosErrores& datos, bool muestra,
-                    QWidget& sobre) {
+void ReportaErrores(const Modulo& modulo, const DatosErrores& datos, bool muestra, QWidget& sobre) {
     RelojDeArena reloj;
-    const QString archivo = EscribeInforme(proceso, datos);
+    const QString archivo = EscribeInforme(modulo.proceso, datos);
     reloj.Suelta();
     if (muestra)
-        VerReporte(entorno, {archivo, {}, {}}, ModoReporte::Vprevia, &sobre);
+        VerReporte(EntornoDeInformes(modulo.proceso, modulo.avisos, modulo.archivos), {archivo, {}, {}},
+                   ModoReporte::Vprevia, &sobre);
 }
 
 /// The import over the declaration form.
-void AbreImportacion(Proceso& proceso, Avisos& avisos, DialogosDeArchivo& archivos, Forma& sobre,
-                     const ImportacionPedida& pedida) {
-    const EntornoInformes informes = EntornoDeInformes(proceso, avisos, archivos);
+void AbreImportacion(const Modulo& modulo, Forma& sobre, const ImportacionPedida& pedida) {
     const auto reporte = [&](Forma& dialogo, const QString& rutaErr, bool muestra) {
-        ReportaErrores(proceso, informes, {rutaErr, pedida.clave.ruc, pedida.nombre, pedida.clave.periodo}, muestra,
-                       dialogo);
+        ReportaErrores(modulo, {rutaErr, pedida.clave.ruc, pedida.nombre, pedida.clave.periodo}, muestra, dialogo);
     };
     frmTransferencia dialogo(
-        proceso, avisos, pedida.clave,
-        {.perfil = PerfilCompartido(), .archivos = archivos, .reporte = reporte, .refresca = pedida.refresca}, &sobre);
+        modulo.proceso, modulo.avisos, pedida.clave,
+        {.perfil = PerfilCompartido(), .archivos = modulo.archivos, .reporte = reporte, .refresca = pedida.refresca},
+        &sobre);
     sobre.AbreModal(dialogo);
+}
+
+DialogosDeDetalle FormasDelDetalle(const Modulo& modulo) {
+    DialogosDeDetalle detalle;
+    detalle.abreCliente = [modulo](Forma& sobre, const ClaveDeclaracion& clave,
+                                   const std::optional<FilaCliente>& cliente) {
+        AbreCliente(modulo, sobre, clave, cliente);
+    };
+    detalle.abreImportacion = [modulo](Forma& sobre, const ImportacionPedida& pedida) {
+        AbreImportacion(modulo, sobre, pedida);
+    };
+    return detalle;
 }
 
 } // namespace
 
 Dialogos FormasDelModulo(Proceso& proceso, Avisos& avisos, DialogosDeArchivo& archivos) {
+    const Modulo modulo{proceso, avisos, archivos};
     Dialogos dialogos;
-    dialogos.declaracion = [&proceso, &avisos, &archivos](BarradeEstadoQMD& barra, const DeclaracionElegida& elegida,
-                                                          QWidget* padre) -> std::unique_ptr<QDialog> {
-        DialogosDeDetalle detalle;
-        detalle.abreCliente = [&proceso, &avisos](Forma& sobre, const ClaveDeclaracion& clave,
-                                                  const std::optional<FilaCliente>& cliente) {
-            AbreCliente(proceso, avisos, sobre, clave, cliente);
-        };
-        detalle.abreImportacion = [&proceso, &avisos, &archivos](Forma& sobre, const ImportacionPedida& pedida) {
-            AbreImportacion(proceso, avisos, archivos, sobre, pedida);
-        };
-        return std::make_unique<Frm518>(proceso, avisos, barra, detalle, elegida, padre);
+    dialogos.declaracion = [modulo](BarradeEstadoQMD& barra, const std::optional<DeclaracionElegida>& elegida,
+                                    QWidget* padre) {
+        return std::make_unique<Frm518>(modulo.proceso, modulo.avisos, barra, FormasDelDetalle(modulo), elegida, padre);
     };
-    dialogos.impresion = [&proceso, &avisos, &archivos](BarradeEstadoQMD& barra, QWidget* padre) {
-        return std::make_unique<frmImprimir>(proceso, EntornoDeInformes(proceso, avisos, archivos), barra, padre);
+    dialogos.impresion = [modulo](BarradeEstadoQMD& barra, bool enviadas, QWidget* padre) {
+        return std::make_unique<frmImprimir>(
+            modulo.proceso, EntornoDeInformes(modulo.proceso, modulo.avisos, modulo.archivos), barra, enviadas, padre);
     };
     return dialogos;
 }

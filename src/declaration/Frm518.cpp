@@ -5,6 +5,10 @@
 #include "data/Base.h"
 #include "data/Catalog.h"
 #include "declaration/ClientGrid.h"
+#include "declaration/Consistency.h"
+#include "declaration/FrmConsist.h"
+#include "declaration/OrderNumber.h"
+#include "declaration/Save.h"
 #include "declaration/StoredBoxes.h"
 #include "declaration/TaxPeriod.h"
 #include "family/OfferedDeclarants.h"
@@ -23,8 +27,6 @@
 
 #include <utility>
 
-// Opening the form, its pages, and what they hand on. What the buttons do stands in Frm518Actions.cpp.
-
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
@@ -37,6 +39,7 @@ constexpr int kAyudaIdentificacion = 1015;
 constexpr int kAyudaPercepcion = 1020;
 
 enum Pestania { Identificaciones, Percepciones, Deuda };
+enum Boton { Nuevo, Modificar, Eliminar, Importar };
 
 int AyudaDe(int pestania) {
     switch (pestania) {
@@ -53,13 +56,14 @@ bool TomaFoco(const QWidget& control) {
 } // namespace
 
 Frm518::Frm518(Proceso& proceso, Avisos& avisos, BarradeEstadoQMD& barra, DialogosDeDetalle dialogos,
-               DeclaracionElegida elegida, QWidget* padre)
+               const std::optional<DeclaracionElegida>& elegida, QWidget* padre)
     : Forma(padre)
     , m_proceso(proceso)
     , m_avisos(avisos)
     , m_barra(barra)
     , m_dialogos(std::move(dialogos))
-    , m_elegida(std::move(elegida))
+    , m_modo(elegida ? elegida->Modo() : ModoDeclaracion::Nueva)
+    , m_elegida(elegida.value_or(DeclaracionElegida()))
     , m_ui(std::make_unique<Ui::Frm518>())
     , m_trabajo(BaseDatos()) {
     m_ui->setupUi(this);
@@ -69,10 +73,6 @@ Frm518::Frm518(Proceso& proceso, Avisos& avisos, BarradeEstadoQMD& barra, Dialog
 }
 
 Frm518::~Frm518() = default;
-
-bool Frm518::EsNueva() const {
-    return m_proceso.opcion == kNueva;
-}
 
 Base& Frm518::BaseDatos() const {
     return *m_proceso.baseDatos;
@@ -107,16 +107,16 @@ void Frm518::ConectaPaginas() {
 void Frm518::Carga() {
     const RelojDeArena reloj;
     m_ui->PaginaDeuda->PonBancos(BancosOfrecidos(BaseDatos()));
-    PonContextoAyuda(m_proceso.enviadas ? kAyudaEnviada : kAyudaIdentificacion);
+    PonContextoAyuda(EsEnviada() ? kAyudaEnviada : kAyudaIdentificacion);
     CargaIdent();
     m_declaracion.clave = Clave();
     m_ui->PaginaIdentificacion->PonRectifica(m_declaracion.rectifica);
-    if (m_proceso.enviadas)
+    if (EsEnviada())
         CargaOrdenGuardado();
     TablasTrabajo(BaseDatos()).Reconstruye(m_declaracion.clave);
     MuestraTotalesDeCarga(BaseDatos(), m_declaracion);
     m_ui->PaginaPercepcion->MuestraTotales(m_declaracion);
-    if (m_proceso.enviadas)
+    if (EsEnviada())
         DesTodo();
     m_modificado = false;
     m_cargando = false;
@@ -127,7 +127,7 @@ void Frm518::CargaIdent() {
     if (EsNueva())
         pagina.MuestraNueva(DeclarantesOfrecidos(BaseDatos(), m_proceso.numFormulario, m_proceso.sysUser),
                             m_proceso.sysUser);
-    else if (m_proceso.enviadas)
+    else if (EsEnviada())
         pagina.MuestraEnviada(m_elegida);
     else
         pagina.MuestraElegida(m_elegida);
@@ -156,18 +156,18 @@ void Frm518::DesTodo() {
     m_ui->PaginaDeuda->MuestraEnviada();
     m_ui->CmdValidar->hide();
     m_ui->CmdGrabar->setText(u"&Registrar Nro. Orden"_s);
-    const QString numero = Recorta(m_proceso.numOrden).toString();
+    const QString numero = Recorta(m_elegida.norden).toString();
     if (numero.size() >= kLargoMinimo)
-        m_ui->PaginaIdentificacion->PonDigitos(DigitosOrden(m_proceso.numControl, m_proceso.numOrden));
+        m_ui->PaginaIdentificacion->PonDigitos(DigitosOrden(m_elegida.control, m_elegida.norden));
 }
 
 ClaveDeclaracion Frm518::Clave() const {
+    if (!EsNueva())
+        return m_elegida.clave;
     const Identificacion identificacion = m_ui->PaginaIdentificacion->Lee();
     return {.ruc = identificacion.ruc,
             .periodo = Periodo::DePantalla(identificacion.mostrado).value_or(Periodo()),
-            .formulario = m_proceso.numFormulario,
-            .enviada = m_proceso.enviadas,
-            .correl = m_proceso.correl};
+            .formulario = m_proceso.numFormulario};
 }
 
 void Frm518::LeePaginas() {
@@ -296,6 +296,134 @@ void Frm518::EnfocaPrimerCampo() {
             control->setFocus();
             return;
         }
+    }
+}
+
+/// Any use of a button counts as a change, even when its dialog was cancelled; not when it ended early.
+void Frm518::Opcion(int indice) {
+    if (AtiendeOpcion(indice))
+        m_modificado = true;
+}
+
+bool Frm518::AtiendeOpcion(int indice) {
+    const ClaveDeclaracion clave = Clave();
+    const std::optional<FilaCliente> cliente = m_ui->PaginaPercepcion->Elegido();
+    switch (indice) {
+    case Modificar:
+        if (!cliente)
+            return false;
+        [[fallthrough]];
+    case Nuevo:
+        if (m_dialogos.abreCliente)
+            m_dialogos.abreCliente(*this, clave, indice == Nuevo ? std::nullopt : cliente);
+        return true;
+    case Eliminar: return EliminaCliente();
+    case Importar:
+        if (m_dialogos.abreImportacion)
+            m_dialogos.abreImportacion(*this, {.clave = clave,
+                                               .nombre = m_ui->PaginaIdentificacion->Nombre(),
+                                               .refresca = [this] { RefrescaGrilla(); }});
+        return true;
+    default: return false;
+    }
+}
+
+bool Frm518::EliminaCliente() {
+    const RelojDeArena reloj; // a message box shows the arrow above it
+    const std::optional<FilaCliente> cliente = m_ui->PaginaPercepcion->Elegido();
+    if (!cliente)
+        return false;
+    const Mensaje pregunta{Icono::Pregunta, u"¿Confirma que va a eliminar la información?"_s, {}};
+    if (m_avisos.Pregunta(pregunta, Respuesta::No) == Respuesta::No)
+        return false;
+    TablasTrabajo(BaseDatos()).EliminaCliente(cliente->tipDocPer.toInt(), cliente->numDocPer);
+    m_modificado = true; // whatever becomes of what follows
+    RefrescaGrilla();
+    m_ui->PaginaPercepcion->PonPrimeraFila();
+    return true;
+}
+
+void Frm518::Valida() {
+    RelojDeArena reloj;
+    if (!IdentificacionVale())
+        return;
+    LeePaginas();
+    if (const std::optional<Mensaje> aviso = AvisoDeImporte(m_declaracion))
+        m_avisos.Muestra(*aviso);
+    const QStringList lineas = Inconsistencias(m_declaracion);
+    const QString rutaMens = RutaMens(m_proceso.sysPath, m_proceso.numFormulario);
+    EscribeMens(rutaMens, lineas);
+    reloj.Suelta();
+    if (lineas.isEmpty()) {
+        m_avisos.Muestra(SinInconsistencias());
+    } else {
+        FrmConsist ventana(rutaMens, this);
+        AbreModal(ventana);
+    }
+    m_ui->PgbCarga->hide();
+}
+
+void Frm518::Graba() {
+    const RelojDeArena reloj;
+    if (!EsEnviada() && !IdentificacionVale())
+        return;
+    LeePaginas();
+    if (const Veredicto largo = RechazaRucDeOcho(m_declaracion.clave.ruc); !largo) {
+        m_avisos.Muestra(largo.Motivo());
+        return;
+    }
+    if (EsEnviada())
+        RegistraOrden();
+    else
+        GrabaTodo();
+}
+
+void Frm518::GrabaTodo() {
+    RefrescaGrilla(); // the clients are saved as the grid shows them
+    const ResultadoGrabacion grabacion = GrabaDeclaracion(BaseDatos(), m_declaracion, m_proceso.reloj.Hoy());
+    if (EsNueva())
+        m_ui->PaginaIdentificacion->CongelaClave(); // the declaration exists from here on
+    for (const Mensaje& mensaje : grabacion.mensajes)
+        m_avisos.Muestra(mensaje);
+    m_modificado = false;
+}
+
+void Frm518::RegistraOrden() {
+    const NumeroDeOrden orden = m_ui->PaginaIdentificacion->Orden(m_elegida.control);
+    if (!Acata(ValidaNumeroDeOrden(orden, MomentoOrden::Boton)))
+        return;
+    m_avisos.Muestra(RegistraNumeroDeOrden(BaseDatos(), m_declaracion.clave, orden.numero));
+    m_modificado = false;
+}
+
+void Frm518::Salir() {
+    if (m_modificado && EsEnviada()) {
+        const Mensaje pregunta{Icono::Pregunta, u" El número de orden ha cambiado. ¿Desea guardar los cambios?"_s, {}};
+        if (m_avisos.Pregunta(pregunta) == Respuesta::Si) {
+            const NumeroDeOrden orden = m_ui->PaginaIdentificacion->Orden(m_elegida.control);
+            if (!Acata(ValidaNumeroDeOrden(orden, MomentoOrden::Cierre)))
+                return;
+            Graba();
+            Termina(); // the status bar keeps its panels on this way out, wanted
+            return;
+        }
+    } else if (m_modificado) {
+        const Mensaje pregunta{Icono::Pregunta, u"¿El formulario ha sido modificado, desea guardar los cambios?"_s, {}};
+        // The form goes even when the save was refused. Wanted: the question is about leaving.
+        if (m_avisos.Pregunta(pregunta) == Respuesta::Si)
+            Graba();
+    }
+    SueltaDatos();
+    m_barra.Limpia(m_proceso.numFormulario);
+    Termina();
+}
+
+/// A base that has gone must not keep the form open.
+void Frm518::SueltaDatos() {
+    try {
+        m_ui->PaginaPercepcion->Suelta(BaseDatos());
+    } catch (const ErrorBase&) {
+        return;
     }
 }
 

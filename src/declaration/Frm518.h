@@ -1,5 +1,7 @@
 #pragma once
 
+#include "declaration/ChosenDeclaration.h"
+#include "declaration/ClientGrid.h"
 #include "declaration/Declaration.h"
 #include "declaration/TaxPeriod.h"
 #include "family/WorkLock.h"
@@ -23,15 +25,6 @@ class Base;
 class BarradeEstadoQMD;
 struct Proceso;
 
-/// The row that a picker hands over. Of a registered declaration only the first three are filled.
-struct DeclaracionElegida {
-    Ruc ruc;
-    QString nombre;
-    Periodo periodo;
-    QString norden; ///< of a sent copy: "0" before the administration gave one
-    QString control;
-};
-
 /// What the import goes into: the declaration, and the form that shows it.
 struct ImportacionPedida {
     ClaveDeclaracion clave;
@@ -41,21 +34,20 @@ struct ImportacionPedida {
 
 /// The dialogs of other rooms that the declaration form opens over itself. One that is missing does nothing.
 struct DialogosDeDetalle {
-    /// The client dialog: on a row of the grid, or on none for a new client.
+    /// The client dialog: on a row of the grid, or on none for a new client. Of a sent copy it is only looked at.
     std::function<void(Forma& sobre, const ClaveDeclaracion& clave, const std::optional<FilaCliente>& cliente)>
         abreCliente;
     /// The import into the work tables of that declaration.
     std::function<void(Forma& sobre, const ImportacionPedida& pedida)> abreImportacion;
 };
 
-/// The window in which a declaration is filled in, reviewed and corrected. `Proceso::opcion` and `Proceso::enviadas`
-/// say how it opens: new, to be modified, or the view of a sent copy, where only the order number can be registered.
+/// The window in which a declaration is filled in, reviewed and corrected.
 class Frm518 : public Forma {
     Q_OBJECT
   public:
-    /// `elegida` is the picker's row; a new declaration has none. The base must be open. Raises `ErrorBase`.
+    /// On the declaration that was picked; without one on a new declaration. The base must be open. Raises `ErrorBase`.
     Frm518(Proceso& proceso, Avisos& avisos, BarradeEstadoQMD& barra, DialogosDeDetalle dialogos,
-           DeclaracionElegida elegida = {}, QWidget* padre = nullptr);
+           const std::optional<DeclaracionElegida>& elegida = std::nullopt, QWidget* padre = nullptr);
     ~Frm518() override;
 
   protected:
@@ -63,7 +55,8 @@ class Frm518 : public Forma {
     void Salir() override;
 
   private:
-    [[nodiscard]] bool EsNueva() const;
+    [[nodiscard]] bool EsNueva() const { return m_modo == ModoDeclaracion::Nueva; }
+    [[nodiscard]] bool EsEnviada() const { return m_modo == ModoDeclaracion::Ver; }
     [[nodiscard]] Base& BaseDatos() const;
 
     // Opening.
@@ -109,7 +102,8 @@ class Frm518 : public Forma {
     Avisos& m_avisos;
     BarradeEstadoQMD& m_barra;
     DialogosDeDetalle m_dialogos;
-    DeclaracionElegida m_elegida;
+    ModoDeclaracion m_modo;
+    DeclaracionElegida m_elegida; ///< empty in a new declaration
     std::unique_ptr<Ui::Frm518> m_ui;
 
     TrabajoUnico m_trabajo; ///< the work tables are this form's while it lives
@@ -117,7 +111,6 @@ class Frm518 : public Forma {
     bool m_modificado = false; ///< changed by the person since the load or the last save
     bool m_cargando = true;    ///< silences the reminder of the rectification
     bool m_volviendo = false;  ///< a refusal is taking the person back to the first page
-    int m_posicionGrid = -1;   ///< row of the grid when a client was opened; kept for the family, read by nobody
 };
 
 } // namespace xa518

@@ -2,7 +2,7 @@
 
 #include "ui_PagIdentificacion.h"
 
-#include "declaration/Frm518.h"
+#include "declaration/ChosenDeclaration.h"
 #include "family/OfferedDeclarants.h"
 #include "values/Text.h"
 #include "widgets/Application.h"
@@ -112,8 +112,8 @@ void PagIdentificacion::MuestraElegida(const DeclaracionElegida& elegida) {
     m_ui->Label1_0->setBuddy(m_ui->TxtNumRuc);
     m_ui->TxtNumRuc->setEnabled(false);
     m_ui->MkePeriodo->setEnabled(false);
-    m_ui->TxtNumRuc->setText(elegida.ruc.Texto());
-    m_ui->MkePeriodo->setText(elegida.periodo.EnPantalla());
+    m_ui->TxtNumRuc->setText(elegida.clave.ruc.Texto());
+    m_ui->MkePeriodo->setText(elegida.clave.periodo.EnPantalla());
     m_ui->TxtRazon->setText(elegida.nombre);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "declaration/Frm518.h"
+#include "declaration/ClientGrid.h"
 #include "widgets/QueryModel.h"
 
 #include <QWidget>

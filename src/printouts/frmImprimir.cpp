@@ -40,12 +40,13 @@ constexpr int kColumnaNombre = 1; ///< as it shows
 } // namespace
 
 /// The caption says which declarations are meant; the frame says "registradas" of both. Wanted.
-frmImprimir::frmImprimir(Proceso& proceso, EntornoInformes entorno, BarradeEstadoQMD& barra, QWidget* padre)
+frmImprimir::frmImprimir(Proceso& proceso, EntornoInformes entorno, BarradeEstadoQMD& barra, bool enviadas,
+                         QWidget* padre)
     : Forma(padre)
     , m_proceso(proceso)
     , m_entorno(std::move(entorno))
     , m_barra(barra)
-    , m_enviadas(proceso.enviadas)
+    , m_enviadas(enviadas)
     , m_ui(std::make_unique<Ui::frmImprimir>())
     , m_dta1(new ModeloDeConsulta(Columnas(m_enviadas), this)) {
     m_ui->setupUi(this);
@@ -89,9 +90,6 @@ void frmImprimir::TomaFila(int fila) {
     if (fila < 0)
         return;
     const ClaveDeclaracion clave = Clave(fila);
-    m_proceso.docDeclarante = clave.ruc;
-    m_proceso.periodoDeclarado = clave.periodo;
-    m_proceso.correl = clave.correl;
     m_barra.PonRuc(clave.ruc.Texto());
     m_barra.PonNombre(Celda(fila, ColumnaImprimir::Nombre));
     m_barra.PonPeriodo(clave.periodo.EnPantalla());

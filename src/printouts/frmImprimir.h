@@ -16,12 +16,12 @@ namespace xa518 {
 class BarradeEstadoQMD;
 class ModeloDeConsulta;
 
-/// Offers the user's declarations, registered or sent as `Proceso::enviadas` says, and shows or prints the one chosen,
-/// or its annex.
+/// Offers the user's declarations, registered or sent, and shows or prints the one chosen, or its annex.
 class frmImprimir final : public Forma {
     Q_OBJECT
   public:
-    frmImprimir(Proceso& proceso, EntornoInformes entorno, BarradeEstadoQMD& barra, QWidget* padre = nullptr);
+    frmImprimir(Proceso& proceso, EntornoInformes entorno, BarradeEstadoQMD& barra, bool enviadas,
+                QWidget* padre = nullptr);
     ~frmImprimir() override;
 
   protected:

@@ -20,10 +20,14 @@ class MainWindowTest : public ModuloDePrueba {
   protected:
     void SetUp() override {
         Dialogos dialogos;
-        dialogos.declaracion = [this](BarradeEstadoQMD&, const DeclaracionElegida&, QWidget* padre) {
+        dialogos.declaracion = [this](BarradeEstadoQMD&, const std::optional<DeclaracionElegida>& elegida,
+                                      QWidget* padre) {
+            EXPECT_FALSE(elegida);
             return Falso(u"Frm518"_s, padre);
         };
-        dialogos.impresion = [this](BarradeEstadoQMD&, QWidget* padre) { return Falso(u"frmImprimir"_s, padre); };
+        dialogos.impresion = [this](BarradeEstadoQMD&, bool enviadas, QWidget* padre) {
+            return Falso(enviadas ? u"frmImprimir sent"_s : u"frmImprimir"_s, padre);
+        };
         ventana = std::make_unique<MDIFrm>(proceso, avisos, perfil, dialogos);
     }
     void Carga() {
@@ -64,46 +68,42 @@ TEST_F(MainWindowTest, TellsAFailedOpeningAboveTheEmptyWindowAndEnds) {
     EXPECT_EQ(proceso.baseDatos, nullptr);
 }
 
-/// What each command leaves in the record and opens; "antes" is what the command before it left.
-TEST_F(MainWindowTest, CommandsSayWhatTheyAreForAndOpenTheirForm) {
+/// In this order: the print of the menu goes by the command before it.
+TEST_F(MainWindowTest, CommandsOpenTheirFormForWhatTheyMean) {
     Carga();
-    const struct {
-        QString orden; ///< a menu item, or a position of the toolbar
-        int opcionAntes;
-        bool enviadasAntes;
-        int opcion;
-        bool enviadas;
-        QString forma;
-    } casos[] = {
-        {u"mnuNueva"_s, 3, true, 0, false, u"Frm518"_s},
-        {u"mnuEliminar"_s, 0, true, 3, false, u"FrmContAbrir"_s},
-        {u"mnuImprimir"_s, 1, true, 1, true, u"frmImprimir"_s},
-        {u"mnuImprimir"_s, 3, false, 3, false, u"frmImprimir"_s},
-        {u"mnuModificarE"_s, 0, false, 1, true, u"FrmContAbrirE"_s},
-        {u"mnuEliminarE"_s, 0, false, 3, true, u"FrmContAbrirE"_s},
-        {u"mnuImprimirE"_s, 3, false, 3, true, u"frmImprimir"_s},
-        {u"mnuBancos"_s, 3, true, 3, true, u"FrmConsultas"_s},
-        {u"mnuAcercade"_s, 3, true, 3, true, u"frmAcercade"_s},
-        {u"1"_s, 3, true, 0, false, u"Frm518"_s},
-        {u"2"_s, 0, true, 1, false, u"FrmContAbrir"_s},
-        {u"3"_s, 0, true, 3, false, u"FrmContAbrir"_s},
-        {u"7"_s, 0, false, 1, true, u"FrmContAbrirE"_s},
-        {u"6"_s, 3, true, 3, true, {}},
-        {u"9"_s, 3, true, 3, true, {}},
+    const std::pair<QString, QString> casos[] = {
+        // a menu item, or a position of the toolbar; the form, with its title where two commands open it
+        {u"mnuImprimir"_s, u"frmImprimir"_s},
+        {u"mnuModificarE"_s, u"FrmContAbrirE Registrar número de orden"_s},
+        {u"mnuImprimir"_s, u"frmImprimir sent"_s},
+        {u"mnuNueva"_s, u"Frm518"_s},
+        {u"mnuImprimir"_s, u"frmImprimir"_s},
+        {u"mnuEliminarE"_s, u"FrmContAbrirE Eliminar Declaraciones Enviadas"_s},
+        {u"mnuImprimir"_s, u"frmImprimir sent"_s},
+        {u"4"_s, u"frmImprimir"_s},
+        {u"mnuImprimir"_s, u"frmImprimir"_s},
+        {u"mnuImprimirE"_s, u"frmImprimir sent"_s},
+        {u"mnuBancos"_s, u"FrmConsultas Bancos"_s},
+        {u"mnuAcercade"_s, u"frmAcercade Acerca de Consola Orvel de Presentaciones"_s},
+        {u"6"_s, {}},
+        {u"9"_s, {}},
+        {u"mnuImprimir"_s, u"frmImprimir sent"_s},
+        {u"mnuEliminar"_s, u"FrmContAbrir Eliminar Declaraciones"_s},
+        {u"mnuImprimir"_s, u"frmImprimir"_s},
+        {u"7"_s, u"FrmContAbrirE Registrar número de orden"_s},
+        {u"2"_s, u"FrmContAbrir Modificar Declaraciones"_s},
+        {u"3"_s, u"FrmContAbrir Eliminar Declaraciones"_s},
+        {u"1"_s, u"Frm518"_s},
     };
-    for (const auto& caso : casos) {
-        proceso.opcion = caso.opcionAntes;
-        proceso.enviadas = caso.enviadasAntes;
+    for (const auto& [orden, esperada] : casos) {
         QString abierta;
-        if (!caso.forma.isEmpty())
-            AlAbrir({}, [&](QWidget& forma) { abierta = forma.objectName(); });
-        if (const int indice = caso.orden.toInt())
+        if (!esperada.isEmpty())
+            AlAbrir({}, [&](QWidget& forma) { abierta = (forma.objectName() + u' ' + forma.windowTitle()).trimmed(); });
+        if (const int indice = orden.toInt())
             Boton(indice);
         else
-            De<QAction>(*ventana, caso.orden).trigger();
-        EXPECT_EQ(abierta, caso.forma) << caso.orden.toStdString();
-        EXPECT_EQ(proceso.opcion, caso.opcion) << caso.orden.toStdString();
-        EXPECT_EQ(proceso.enviadas, caso.enviadas) << caso.orden.toStdString();
+            De<QAction>(*ventana, orden).trigger();
+        EXPECT_EQ(abierta, esperada) << orden.toStdString();
         EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
     }
 }

@@ -22,11 +22,13 @@ class PickersTest : public ModuloDePrueba {
         Declarante(6, kBeto, u"ALMACEN BETO"_s, u"JEFA"_s);
         Declarante(6, u"20300000007"_s, u"DE OTRO"_s, u"OTRO"_s);
         AbreElProceso();
-        dialogos.declaracion = [this](BarradeEstadoQMD&, const DeclaracionElegida& elegida, QWidget* padre) {
+        dialogos.declaracion = [this](BarradeEstadoQMD&, const std::optional<DeclaracionElegida>& elegida,
+                                      QWidget* padre) {
             if (alAbrir)
                 alAbrir();
-            elegidas.append(QStringList{elegida.ruc.Texto(), elegida.nombre, elegida.periodo.EnLista(), elegida.norden,
-                                        elegida.control}
+            const ClaveDeclaracion& clave = elegida.value().clave;
+            elegidas.append(QStringList{clave.ruc.Texto(), elegida->nombre, clave.periodo.EnLista(), elegida->norden,
+                                        elegida->control, clave.correl}
                                 .join(u'|'));
             return std::make_unique<QDialog>(padre);
         };
@@ -38,10 +40,8 @@ class PickersTest : public ModuloDePrueba {
         Declaracion(u"20300000007"_s, u"202610"_s);
     }
     template <typename Lista>
-    std::unique_ptr<Lista> Abre(int opcion) {
-        proceso.opcion = opcion;
-        proceso.enviadas = std::is_same_v<Lista, FrmContAbrirE>;
-        auto lista = std::make_unique<Lista>(Entorno{proceso, avisos, barra, dialogos});
+    std::unique_ptr<Lista> Abre(OpcionDeLista opcion) {
+        auto lista = std::make_unique<Lista>(Entorno{proceso, avisos, barra, dialogos}, opcion);
         Muestra(*lista);
         return lista;
     }
@@ -74,7 +74,7 @@ class PickersTest : public ModuloDePrueba {
 
 TEST_F(PickersTest, ListsTheUsersOwnAndSortsByTheFirstTwoHeads) {
     Registradas();
-    const auto lista = Abre<FrmContAbrir>(kModificar);
+    const auto lista = Abre<FrmContAbrir>(OpcionDeLista::Modificar);
     EXPECT_EQ(Columna(*lista, 2), (QStringList{u"102026"_s, u"092026"_s, u"082026"_s}));
     const std::pair<int, QStringList> ordenes[] = {{1, {kBeto, kAna, kAna}},
                                                    {2, {kBeto, kAna, kAna}}, // the head does nothing
@@ -85,12 +85,13 @@ TEST_F(PickersTest, ListsTheUsersOwnAndSortsByTheFirstTwoHeads) {
         EXPECT_EQ(Columna(*lista, 0), rucs) << columna;
     }
     base->Ejecuta(u"INSERT INTO CLAVES VALUES ('JEFA','0')"_s);
-    EXPECT_EQ(Columna(*Abre<FrmContAbrir>(kModificar), 0).size(), 4) << "a user of kind 0 sees everybody's";
+    EXPECT_EQ(Columna(*Abre<FrmContAbrir>(OpcionDeLista::Modificar), 0).size(), 4)
+        << "a user of kind 0 sees everybody's";
 }
 
 TEST_F(PickersTest, OpensTheRowHiddenAndComesBackToIt) {
     Registradas();
-    const auto lista = Abre<FrmContAbrir>(kModificar);
+    const auto lista = Abre<FrmContAbrir>(OpcionDeLista::Modificar);
     EXPECT_EQ(barra.Ruc() + barra.Nombre() + barra.Periodo(), kAna + u"ANA  S.A."_s + u"10/2026"_s);
     alAbrir = [&] { EXPECT_FALSE(lista->isVisible()); };
     const QList<std::function<void()>> gestos = {[&] { DobleClic(*lista, 1); },
@@ -100,7 +101,7 @@ TEST_F(PickersTest, OpensTheRowHiddenAndComesBackToIt) {
         AlAbrir({}, [&](QWidget& /*forma*/) { barra.Limpia({}); });
         gesto();
         EXPECT_TRUE(lista->isVisible());
-        EXPECT_EQ(elegidas.takeLast(), kBeto + u"|ALMACEN BETO|092026||"_s);
+        EXPECT_EQ(elegidas.takeLast(), kBeto + u"|ALMACEN BETO|092026|||"_s);
         EXPECT_EQ(Grilla(*lista).Fila(), 1);
         EXPECT_EQ(barra.Periodo(), u"09/2026"_s) << "told again";
         lista->activateWindow();
@@ -118,8 +119,7 @@ TEST_F(PickersTest, OpensTheRowHiddenAndComesBackToIt) {
 /// The form's own wait must outlive the time in which it is hidden.
 TEST_F(PickersTest, StaysOpenModallyWhenTheDeclarationCloses) {
     Registradas();
-    proceso.opcion = kModificar;
-    FrmContAbrir lista(Entorno{proceso, avisos, barra, dialogos});
+    FrmContAbrir lista(Entorno{proceso, avisos, barra, dialogos}, OpcionDeLista::Modificar);
     bool seguia = false;
     QTimer::singleShot(0, &lista, [&] {
         AlAbrir({}, [](QWidget& forma) { EXPECT_NE(forma.objectName(), u"FrmContAbrir"); });
@@ -135,14 +135,14 @@ TEST_F(PickersTest, StaysOpenModallyWhenTheDeclarationCloses) {
 }
 
 TEST_F(PickersTest, AnEmptyListStopsWithoutAWordAndAFullOneKeepsItsRow) {
-    const auto vacia = Abre<FrmContAbrir>(kEliminar);
+    const auto vacia = Abre<FrmContAbrir>(OpcionDeLista::Eliminar);
     Boton(*vacia, 0);
     QTest::keyClick(&Grilla(*vacia), Qt::Key_Return);
-    Boton(*Abre<FrmContAbrirE>(kModificar), 0);
+    Boton(*Abre<FrmContAbrirE>(OpcionDeLista::Modificar), 0);
     EXPECT_TRUE(elegidas.isEmpty());
 
     Registradas();
-    const auto lista = Abre<FrmContAbrir>(kModificar);
+    const auto lista = Abre<FrmContAbrir>(OpcionDeLista::Modificar);
     Grilla(*lista).setCurrentIndex(Grilla(*lista).model()->index(0, 0));
     QTest::keyClicks(&Grilla(*lista), kBeto.left(4));
     EXPECT_EQ(Grilla(*lista).Fila(), 0) << "the list was searched";
@@ -162,12 +162,11 @@ TEST_F(PickersTest, TheSentListTakesTheRowsNumbersAndIsAnotherOneOnReturn) {
     Declaracion(kAna, u"202609"_s, u"2"_s);
     Declarante(1, kAna, u"LA MISMA CON DNI"_s, u"JEFA"_s);
     base->Ejecuta(u"UPDATE HCAB SET norden=' 123456789 ', control='10000042', fec_env='05/10/2026'"_s);
-    const auto lista = Abre<FrmContAbrirE>(kModificar);
+    const auto lista = Abre<FrmContAbrirE>(OpcionDeLista::Modificar);
     EXPECT_EQ(Columna(*lista, 1).size(), 2) << "the declarant's kind isn't limited at load";
     AlAbrir({}, [](QWidget& /*forma*/) {});
     Boton(*lista, 0);
-    EXPECT_EQ(elegidas.last().section(u'|', 2), u"092026|123456789|10000042"_s);
-    EXPECT_EQ(proceso.numOrden + u'/' + proceso.numControl + u'/' + proceso.correl, u"123456789/10000042/2"_s);
+    EXPECT_EQ(elegidas.last().section(u'|', 2), u"092026|123456789|10000042|2"_s);
     EXPECT_EQ(Columna(*lista, 1), QStringList{u"ANA  S.A."_s});
 }
 
@@ -178,9 +177,9 @@ TEST_F(PickersTest, ARowThatIsGoneIsToldAndListedNoMore) {
     const QString seFue =
         u"La declaración seleccionada ya no está aquí: fue enviada o eliminada mientras se mostraba la"
         " lista. La lista se ha actualizado."_s;
-    const auto pide = [&](QWidget& lista, const QString& tabla, qsizetype quedan) {
+    const auto pide = [&](QWidget& lista, const QString& tabla, qsizetype quedan, bool elimina = false) {
         const auto seVa = [&] { base->Ejecuta(u"DELETE FROM %1 WHERE periodo='202609'"_s.arg(tabla)); };
-        if (proceso.opcion == kEliminar) { // while the question stands
+        if (elimina) { // while the question stands
             avisos.EsperaPregunta(kPregunta, Respuesta::Si);
             avisos.AlMostrar(seVa);
         } else {
@@ -191,13 +190,13 @@ TEST_F(PickersTest, ARowThatIsGoneIsToldAndListedNoMore) {
         avisos.AlMostrar({});
         EXPECT_EQ(Columna(lista, 0).size(), quedan);
     };
-    const auto registradas = Abre<FrmContAbrir>(kModificar);
+    const auto registradas = Abre<FrmContAbrir>(OpcionDeLista::Modificar);
     Grilla(*registradas).PonFila(1);
     pide(*registradas, u"CAB"_s, 2);
-    pide(*Abre<FrmContAbrirE>(kModificar), u"HCAB"_s, 0);
+    pide(*Abre<FrmContAbrirE>(OpcionDeLista::Modificar), u"HCAB"_s, 0);
     EXPECT_EQ(elegidas, QStringList()) << "an empty declaration would be saved beside the copy that was sent";
     Declaracion(kBeto, u"202609"_s, u"1"_s);
-    pide(*Abre<FrmContAbrirE>(kEliminar), u"HCAB"_s, 0);
+    pide(*Abre<FrmContAbrirE>(OpcionDeLista::Eliminar), u"HCAB"_s, 0, true);
 }
 
 class DeletionTest : public PickersTest {
@@ -228,7 +227,7 @@ TEST_F(DeletionTest, AsksFirstAndThenDeletesThatDeclarationInOrder) {
     Registradas();
     Declaracion(kAna, u"202610"_s, u"1"_s);
     Anota();
-    const auto lista = Abre<FrmContAbrir>(kEliminar);
+    const auto lista = Abre<FrmContAbrir>(OpcionDeLista::Eliminar);
     avisos.EsperaPregunta(kPregunta, Respuesta::No);
     QTest::keyClick(&Grilla(*lista), Qt::Key_Return);
     EXPECT_EQ(avisos.Mostrados().last().preseleccionada, Respuesta::No);
@@ -249,7 +248,7 @@ TEST_F(DeletionTest, OfOneSentCopyLeavesItsCashSalesAndTheOtherCopies) {
     Declaracion(kAna, u"202610"_s, u"2"_s);
     Anota();
     const qsizetype antes = Quedan();
-    const auto lista = Abre<FrmContAbrirE>(kEliminar);
+    const auto lista = Abre<FrmContAbrirE>(OpcionDeLista::Eliminar);
     Grilla(*lista).PonFila(1);
     avisos.EsperaPregunta(kPregunta, Respuesta::Si);
     Boton(*lista, 0);
@@ -266,7 +265,7 @@ TEST_F(DeletionTest, ThatFailsChangesNothing) {
     Registradas();
     base->Ejecuta(u"CREATE TRIGGER falla BEFORE DELETE ON F518PCAB BEGIN SELECT RAISE(ABORT, 'el disco falla'); END"_s);
     const qsizetype antes = Quedan();
-    const auto lista = Abre<FrmContAbrir>(kEliminar);
+    const auto lista = Abre<FrmContAbrir>(OpcionDeLista::Eliminar);
     avisos.EsperaPregunta(kPregunta, Respuesta::Si);
     Boton(*lista, 0);
     EXPECT_EQ(Quedan(), antes);

@@ -26,22 +26,23 @@ void ConFormulario::SetUp() {
     };
 }
 
-void ConFormulario::Abre(const DeclaracionElegida& elegida) {
+void ConFormulario::Abre(const std::optional<DeclaracionElegida>& elegida) {
     m_forma.reset(); // one form at a time holds the work tables
     m_forma = std::make_unique<Frm518>(m_proceso, m_avisos, m_barra, m_dialogos, elegida);
     Muestra(*m_forma);
 }
 
 void ConFormulario::AbreNueva() {
-    m_proceso.opcion = kNueva;
-    m_proceso.enviadas = false;
-    Abre({});
+    Abre();
 }
 
 void ConFormulario::AbreRegistrada() {
-    m_proceso.opcion = kModificar;
-    m_proceso.enviadas = false;
-    Abre({Ruc(kRucDeclarante), u"COMERCIAL DEL VALLE S.A.C."_s, Periodo(2026, 10), {}, {}});
+    Abre(LaRegistrada());
+}
+
+DeclaracionElegida ConFormulario::LaRegistrada() {
+    return {.clave = {.ruc = Ruc(kRucDeclarante), .periodo = Periodo(2026, 10), .formulario = kNumFormulario},
+            .nombre = u"COMERCIAL DEL VALLE S.A.C."_s};
 }
 
 void ConFormulario::AbreEnviada(const QString& norden) {
@@ -54,12 +55,12 @@ void ConFormulario::AbreEnviada(const QString& norden) {
     m_base->Ejecuta(u"INSERT INTO HF518PCAB ("_s + clave +
                     u"tip_doc_per,num_doc_per,des_razon,mto_imp_p,correl) SELECT "_s + clave +
                     u"tip_doc_per,num_doc_per,des_razon,mto_imp_p,'3' FROM F518PCAB"_s);
-    m_proceso.opcion = kModificar;
-    m_proceso.enviadas = true;
-    m_proceso.correl = u"3"_s;
-    m_proceso.numOrden = norden;
-    m_proceso.numControl = u"00000017"_s;
-    Abre({Ruc(kRucDeclarante), u"COMERCIAL DEL VALLE S.A.C."_s, Periodo(2026, 10), norden, u"00000017"_s});
+    DeclaracionElegida copia = LaRegistrada();
+    copia.clave.enviada = true;
+    copia.clave.correl = u"3"_s;
+    copia.norden = norden;
+    copia.control = u"00000017"_s;
+    Abre(copia);
 }
 
 QString ConFormulario::ConFoco() const {

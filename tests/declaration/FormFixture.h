@@ -55,7 +55,8 @@ class ConFormulario : public testing::Test {
 
   private:
     std::function<void()> m_alAgregar;
-    void Abre(const DeclaracionElegida& elegida);
+    void Abre(const std::optional<DeclaracionElegida>& elegida = {});
+    [[nodiscard]] static DeclaracionElegida LaRegistrada();
 };
 
 } // namespace xa518::prueba

@@ -4,6 +4,7 @@
 #include "app/MDIFrm.h"
 #include "app/ModuleForms.h"
 #include "app/frmAcercade.h"
+#include "declaration/Frm518.h"
 #include "declaration/FrmConsist.h"
 #include "detail/FrmAgePer.h"
 #include "detail/FrmDetAgePer.h"
@@ -59,15 +60,13 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
         MDIFrm principal(proceso, avisos, PerfilCompartido(), FormasDelModulo(proceso, avisos, archivos));
         ASSERT_TRUE(principal.Carga());
         Ve(principal, u"main"_s, mira);
-        for (const int opcion : {kModificar, kEliminar}) {
-            proceso.opcion = opcion;
-            Ve(FrmContAbrir(lugar), u"registered"_s, mira);
-            Ve(FrmContAbrirE(lugar), u"sent"_s, mira);
+        for (const OpcionDeLista opcion : {OpcionDeLista::Modificar, OpcionDeLista::Eliminar}) {
+            Ve(FrmContAbrir(lugar, opcion), u"registered"_s, mira);
+            Ve(FrmContAbrirE(lugar, opcion), u"sent"_s, mira);
         }
         EnElDetalle(mira);
         EnLosInformes(mira);
-        proceso.tipoConsulta = u"B"_s;
-        Ve(FrmConsultas(proceso), u"banks"_s, mira);
+        Ve(FrmConsultas(*proceso.baseDatos, u"B"), u"banks"_s, mira);
         Ve(frmAcercade(), u"about"_s, mira);
         Ve(FrmAyuda(QStringLiteral(XA518_AYUDA)), u"help"_s, mira);
         Ve(FrmConsola(entorno, avisos, {}), u"launcher"_s, mira);
@@ -77,14 +76,17 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
 
   private:
     void EnElDetalle(const Mirada& mira) {
-        proceso.opcion = kModificar;
-        proceso.enviadas = true;
-        proceso.correl = u"1"_s;
-        Ve(Frm518(proceso, avisos, barra, {}, {Ruc(kRuc), u"DEMO"_s, Periodo(2026, 9), u"0"_s, u"00000017"_s}),
-           u"sent"_s, mira);
-        proceso.enviadas = false;
-        Ve(Frm518(proceso, avisos, barra, {}, {Ruc(kRuc), u"DEMO"_s, Periodo(2026, 10), {}, {}}), u"registered"_s,
-           mira);
+        const DeclaracionElegida registrada{
+            .clave = {.ruc = Ruc(kRuc), .periodo = Periodo(2026, 10), .formulario = kNumFormulario},
+            .nombre = u"DEMO"_s};
+        DeclaracionElegida enviada = registrada;
+        enviada.clave.periodo = Periodo(2026, 9);
+        enviada.clave.enviada = true;
+        enviada.clave.correl = u"1"_s;
+        enviada.norden = u"0"_s;
+        enviada.control = u"00000017"_s;
+        Ve(Frm518(proceso, avisos, barra, {}, enviada), u"sent"_s, mira);
+        Ve(Frm518(proceso, avisos, barra, {}, registrada), u"registered"_s, mira);
         const EntornoDetalle detalle{*proceso.baseDatos,    avisos, reloj, Ruc(kRuc), Periodo(2026, 10),
                                      proceso.fechaPrimerIgv};
         for (const FilaCliente& fila : {FilaCliente{u"6"_s, kEmpresa, u"EMPRESA"_s, {}, {}, {}},
@@ -96,20 +98,18 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
             Ve(frmPerDet(detalle, modo, {{clave, u"01"_s, {}, {}}, {}, {}}, u"1"_s), u"payment"_s, mira);
         }
         Ve(FrmAgePer(detalle, ModoDetalle::Nuevo), u"new"_s, mira);
-        const ClaveDeclaracion importada{.ruc = Ruc(kRuc), .periodo = Periodo(2026, 10), .formulario = kNumFormulario};
-        Ve(frmTransferencia(proceso, avisos, importada, {.perfil = PerfilCompartido(), .archivos = archivos}),
+        Ve(frmTransferencia(proceso, avisos, registrada.clave, {.perfil = PerfilCompartido(), .archivos = archivos}),
            u"import"_s, mira);
-        proceso.opcion = kNueva;
-        Ve(Frm518(proceso, avisos, barra, {}, {}), u"new"_s, mira);
-        proceso.rutaMens = raiz.filePath(u"Mens.txt"_s);
-        EscribeEn(proceso.rutaMens, "Indique la forma de pago.\n");
-        Ve(FrmConsist(proceso), u"faults"_s, mira);
+        Ve(Frm518(proceso, avisos, barra, {}), u"new form"_s, mira);
+        const QString mens = raiz.filePath(u"Mens.txt"_s);
+        EscribeEn(mens, "Indique la forma de pago.\n");
+        Ve(FrmConsist(mens), u"faults"_s, mira);
     }
     void EnLosInformes(const Mirada& mira) {
         const EntornoInformes informes = EntornoDeInformes(proceso, avisos, archivos);
         const QString archivo = QDir(proceso.rutaRPT).entryList({u"*.PRN"_s}, QDir::Files).value(0);
         ASSERT_FALSE(archivo.isEmpty());
-        Ve(frmImprimir(proceso, informes, barra), u"print"_s, mira);
+        Ve(frmImprimir(proceso, informes, barra, false), u"print"_s, mira);
         Ve(frmImpxPag(informes, {archivo, {}, {}}, {120, u"Páginas"_s}), u"pages"_s, mira);
         Ve(frmPreview(informes, {archivo, {}, {}}), u"preview"_s, mira);
         Ve(frmImpresora({{u"sala"_s, u"Láser de la sala"_s, true, EstadoCola::Lista},
@@ -120,7 +120,7 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
     void Ve(QWidget& forma, const QString& estado, const Mirada& mira) {
         Muestra(forma);
         auto* fichas = forma.findChild<QTabWidget*>();
-        const int paginas = fichas && proceso.opcion != kNueva ? fichas->count() : 1;
+        const int paginas = fichas && estado != u"new form" ? fichas->count() : 1;
         for (int i = 0; i < paginas; ++i) {
             if (fichas)
                 fichas->setCurrentIndex(i);

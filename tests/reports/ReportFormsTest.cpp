@@ -290,13 +290,13 @@ TEST_F(ReportFormsTest, ThePrintDialogShowsAndPrintsTheChosenDeclaration) {
     m_taller.clave.periodo = Periodo(2026, 2);
     m_taller.Cabecera({{u"501"_s, u"2"_s}, {u"410"_s, u"777"_s}});
     m_taller.Clientes(2);
-    frmImprimir forma(m_taller.proceso, m_entorno, m_barra);
+    frmImprimir forma(m_taller.proceso, m_entorno, m_barra, false);
     Muestra(forma);
     EXPECT_EQ(m_barra.Ruc() + m_barra.Periodo(), m_taller.clave.ruc.Texto() + u"02/2026"_s);
     auto& grilla = De<QTableView>(forma, u"grdContrib"_s);
     ASSERT_EQ(grilla.model()->rowCount(), 2);
     QTest::keyClick(&grilla, Qt::Key_Down);
-    EXPECT_EQ(m_taller.proceso.periodoDeclarado.Texto() + m_barra.Periodo(), u"20260101/2026"_s);
+    EXPECT_EQ(m_barra.Periodo(), u"01/2026"_s);
 
     const QPoint celda = grilla.visualRect(grilla.model()->index(1, 0)).center();
     EsperaEnvio(u"1 página"_s);
@@ -324,15 +324,15 @@ TEST_F(ReportFormsTest, ThePrintDialogShowsAndPrintsTheChosenDeclaration) {
     const QStringList anexo = Impreso();
     ASSERT_EQ(anexo.size(), 1);
     EXPECT_TRUE(anexo[0].contains(u"NÚÑEZ PEÑA, JOSÉ MARÍA 2 DNI"_s)) << qPrintable(anexo[0]);
-    EXPECT_EQ(m_taller.proceso.periodoDeclarado, Periodo(2026, 2)) << "the row stays chosen";
+    EXPECT_EQ(m_barra.Periodo(), u"02/2026"_s) << "the row stays chosen";
     Clic(forma, u"CmdImprimir_2"_s);
     EXPECT_EQ(m_barra.Ruc(), QString());
 }
 
 TEST_F(ReportFormsTest, ThePrintDialogKeepsCopiesApartAndIsSilentWithoutDeclarations) {
-    m_taller.clave.enviada = m_taller.proceso.enviadas = true;
+    m_taller.clave.enviada = true;
     {
-        frmImprimir vacia(m_taller.proceso, m_entorno, m_barra);
+        frmImprimir vacia(m_taller.proceso, m_entorno, m_barra, true);
         Muestra(vacia);
         Clic(vacia, u"CmdImprimir_0"_s);
         Clic(vacia, u"CmdImprimir_1"_s);
@@ -341,11 +341,12 @@ TEST_F(ReportFormsTest, ThePrintDialogKeepsCopiesApartAndIsSilentWithoutDeclarat
         m_taller.clave.correl = correl;
         m_taller.Cabecera({{u"410"_s, correl + u"000"_s}});
     }
-    frmImprimir forma(m_taller.proceso, m_entorno, m_barra);
+    frmImprimir forma(m_taller.proceso, m_entorno, m_barra, true);
     Muestra(forma);
     auto& grilla = De<QTableView>(forma, u"grdContrib"_s);
     grilla.setCurrentIndex(grilla.model()->index(1, 0));
-    const QString correl = m_taller.proceso.correl;
+    constexpr int kColumnaCopia = 3;
+    const QString correl = grilla.model()->index(1, kColumnaCopia).data().toString();
     EsperaEnvio(u"1 página"_s);
     AlAbrir({}, [](QWidget& vista) { Clic(vista, u"tlbPrevia_4"_s); });
     QTest::keyClick(&grilla, Qt::Key_Return);

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "family/DeclarationKey.h"
+
+namespace xa518 {
+
+/// How the declaration form opens: a new declaration, a registered one to be modified, or the view of a sent copy,
+/// where only the order number can be registered.
+enum class ModoDeclaracion { Nueva, Modificar, Ver };
+
+/// The declaration that was picked from a list, with what its row shows of it.
+struct DeclaracionElegida {
+    ClaveDeclaracion clave;
+    QString nombre;    ///< of the declarant
+    QString norden{};  ///< of a sent copy: "0" before the administration gave one
+    QString control{}; ///< of a sent copy: the control number of the sending
+
+    [[nodiscard]] ModoDeclaracion Modo() const {
+        return clave.enviada ? ModoDeclaracion::Ver : ModoDeclaracion::Modificar;
+    }
+};
+
+} // namespace xa518
