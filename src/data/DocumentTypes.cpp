@@ -2,8 +2,8 @@
 
 #include "data/Base.h"
 #include "data/Catalog.h"
-#include "data/ObjetoUtil.h"
 #include "values/Decimal.h"
+#include "values/ObjetoUtil.h"
 #include "values/Text.h"
 
 namespace xa518 {
@@ -35,11 +35,6 @@ bool LargoValido(const TipoDocumento& tipo, qsizetype largo) {
 
 int TipoDocumento::Largo() const {
     return Recorta(lenDoc).toInt();
-}
-
-QString TipoDocumento::Item() const {
-    return codigo + u"  -  "_s + corto.leftJustified(60, u' ', true) + lenDoc.leftJustified(2, u' ') + u' ' + tipoDato +
-           u' ' + tipoLongitud;
 }
 
 QList<TipoDocumento> DocumentosOfrecidos(Base& base, const Tramo& uso) {

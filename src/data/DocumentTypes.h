@@ -20,16 +20,6 @@ struct TipoDocumento {
     QString tipoLongitud; ///< column 130, "0" a maximum, otherwise exact
 
     [[nodiscard]] int Largo() const; ///< of the number; 0 when the row tells none
-
-    /// The item of the lists: code, short name in 60 characters and the tail of length and flags from which the
-    /// dialogs read the rules of the chosen type back.
-    [[nodiscard]] QString Item() const;
-};
-
-/// Where an item has what the dialogs read back; before it stands what is shown.
-struct TramosItemDocumento {
-    static constexpr Tramo kLargo{u"largo", 68, 2};
-    static constexpr Tramo kTipoDato{u"tipo_dato", 71, 1};
 };
 
 /// The document types whose row has a "1" in the column of a use, in the order of their sort key.

@@ -1,9 +1,9 @@
 #include "detail/ClientLayout.h"
 
 #include "data/DocumentTypes.h"
-#include "data/ObjetoUtil.h"
 #include "values/Decimal.h"
 #include "values/Format.h"
+#include "values/ObjetoUtil.h"
 #include "values/Text.h"
 
 namespace xa518 {
@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kRetroceso = 8;
+constexpr QChar kRetroceso(8);
 constexpr int kBaseConDecimales = 16;
 
 } // namespace
@@ -35,16 +35,20 @@ AspectoNombres AspectoDe(Disposicion disposicion) {
     return {u"Nombres :"_s, true, 20};
 }
 
+QString ItemDe(const TipoDocumento& tipo) {
+    return tipo.codigo + u"  -  "_s + tipo.corto.leftJustified(60, u' ', true) + tipo.lenDoc.leftJustified(2, u' ') +
+           u' ' + tipo.tipoDato + u' ' + tipo.tipoLongitud;
+}
+
 ReglaDeNumero ReglaDe(QStringView item) {
     return {.limite = Recorta(TramosItemDocumento::kLargo.Corta(item)).toInt(),
             .soloDigitos = Decimal::Valor(TramosItemDocumento::kTipoDato.Corta(item)).Signo() != 0};
 }
 
 int FiltraTeclaDocumento(int tecla, const ReglaDeNumero& regla) {
-    const int mayuscula = ObjetoUtil::FiltraTeclaMayuscula(tecla);
-    const QChar letra(static_cast<char16_t>(mayuscula));
-    const bool pasa = mayuscula == kRetroceso || EsDigito(letra) || (!regla.soloDigitos && EsLetra(letra));
-    return pasa ? mayuscula : 0;
+    const QChar mayuscula = QChar(static_cast<char16_t>(tecla)).toUpper();
+    const bool pasa = mayuscula == kRetroceso || EsDigito(mayuscula) || (!regla.soloDigitos && EsLetra(mayuscula));
+    return pasa ? mayuscula.unicode() : 0;
 }
 
 QString TeclasDeDocumento(const ReglaDeNumero& regla) {

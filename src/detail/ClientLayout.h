@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/CatalogLayout.h"
 #include "detail/ClientChecks.h"
 
 #include <QString>
@@ -7,6 +8,8 @@
 #include <optional>
 
 namespace xa518 {
+
+struct TipoDocumento;
 
 /// How the client dialog asks for names.
 enum class Disposicion { Empresa, Persona };
@@ -25,6 +28,16 @@ struct AspectoNombres {
     int limite;     ///< of `TxtNombres`
 };
 [[nodiscard]] AspectoNombres AspectoDe(Disposicion disposicion);
+
+/// Where an item has what the dialogs read back; before it stands what is shown.
+struct TramosItemDocumento {
+    static constexpr Tramo kLargo{u"largo", 68, 2};
+    static constexpr Tramo kTipoDato{u"tipo_dato", 71, 1};
+};
+
+/// A document type as an item of the list: code, short name in 60 characters, and behind what shows the tail of length
+/// and flags from which `ReglaDe` reads.
+[[nodiscard]] QString ItemDe(const TipoDocumento& tipo);
 
 /// What the item of a document type says about its number.
 struct ReglaDeNumero {

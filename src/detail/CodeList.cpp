@@ -1,6 +1,7 @@
 #include "detail/CodeList.h"
 
 #include "data/DocumentTypes.h"
+#include "detail/ClientLayout.h"
 #include "detail/VoucherTypes.h"
 #include "form518/FormCatalogs.h"
 #include "values/Decimal.h"
@@ -102,9 +103,9 @@ void ListaCodigos::paintEvent(QPaintEvent* /*evento*/) {
 void LlenaTiposDeDocumento(ListaCodigos& lista, Base& base, const QString& enMano) {
     QStringList items;
     for (const TipoDocumento& tipo : DocumentosOfrecidos(base, UsosDocumento::kEnSujetos))
-        items.append(tipo.Item());
-    if (const std::optional<TipoDocumento> tipo = DocumentoDeTipo(base, enMano); tipo && !items.contains(tipo->Item()))
-        items.append(tipo->Item());
+        items.append(ItemDe(tipo));
+    if (const std::optional<TipoDocumento> tipo = DocumentoDeTipo(base, enMano); tipo && !items.contains(ItemDe(*tipo)))
+        items.append(ItemDe(*tipo));
     lista.PonVisiblesCerrada(kLargoVisible);
     lista.Llena(items, TramosItemDocumento::kLargo.inicio - 1);
     FijaAnchoCombo(lista, lista, kLargoVisible);

@@ -1,10 +1,10 @@
 #include "detail/VoucherChecks.h"
 
-#include "data/ObjetoUtil.h"
 #include "detail/VoucherDates.h"
 #include "form518/LawBands.h"
 #include "values/Dates.h"
 #include "values/Format.h"
+#include "values/ObjetoUtil.h"
 #include "values/Text.h"
 
 #include <algorithm>

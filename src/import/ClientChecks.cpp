@@ -1,8 +1,8 @@
-#include "data/ObjetoUtil.h"
 #include "form518/WorkTables.h"
 #include "import/FieldChecks.h"
 #include "import/FieldRules.h"
 #include "values/Decimal.h"
+#include "values/ObjetoUtil.h"
 #include "values/Text.h"
 
 namespace xa518 {

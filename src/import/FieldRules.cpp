@@ -1,9 +1,9 @@
 #include "import/FieldRules.h"
 
-#include "data/ObjetoUtil.h"
 #include "values/Dates.h"
 #include "values/Decimal.h"
 #include "values/Format.h"
+#include "values/ObjetoUtil.h"
 #include "values/Text.h"
 
 #include <algorithm>
@@ -19,7 +19,7 @@ constexpr qsizetype kLargoComparable = 36;
 constexpr int kAnchoSerie = 4;
 
 bool PasaNumero(QChar c) {
-    return ObjetoUtil::FiltraTeclaNumero(c.unicode()) != 0;
+    return ObjetoUtil::EsTeclaNumero(c.unicode());
 }
 
 /// Digits, and the codes of Backspace and Enter, which come from the amount fields of the dialogs.

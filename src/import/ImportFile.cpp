@@ -1,9 +1,9 @@
 #include "import/ImportFile.h"
 
-#include "data/ObjetoUtil.h"
 #include "family/DeclarationKey.h"
 #include "import/ImportFormat.h"
 #include "values/FileFailure.h"
+#include "values/ObjetoUtil.h"
 
 #include <QDir>
 

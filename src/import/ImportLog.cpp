@@ -1,10 +1,10 @@
 #include "import/ImportLog.h"
 
 #include "data/Base.h"
-#include "data/ObjetoUtil.h"
 #include "family/Process.h"
 #include "import/ErrorTexts.h"
 #include "values/FileFailure.h"
+#include "values/ObjetoUtil.h"
 
 #include <QFile>
 

@@ -1,8 +1,8 @@
-#include "data/ObjetoUtil.h"
 #include "form518/LawBands.h"
 #include "import/FieldChecks.h"
 #include "import/FieldRules.h"
 #include "values/Decimal.h"
+#include "values/ObjetoUtil.h"
 
 #include <array>
 

@@ -1,9 +1,9 @@
-#include "data/ObjetoUtil.h"
 #include "form518/WorkTables.h"
 #include "import/FieldChecks.h"
 #include "import/FieldRules.h"
 #include "values/Decimal.h"
 #include "values/Format.h"
+#include "values/ObjetoUtil.h"
 
 namespace xa518 {
 

@@ -1,11 +1,11 @@
 #include "launcher/Declarants.h"
 
 #include "data/Base.h"
-#include "data/ObjetoUtil.h"
 #include "data/Transaction.h"
 #include "family/OfferedDeclarants.h"
 #include "family/WorkLock.h"
 #include "launcher/TextChecks.h"
+#include "values/ObjetoUtil.h"
 #include "values/Text.h"
 
 namespace xa518 {

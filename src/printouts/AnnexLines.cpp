@@ -1,8 +1,8 @@
 #include "printouts/AnnexLines.h"
 
-#include "data/ObjetoUtil.h"
 #include "printouts/AmountText.h"
 #include "values/Format.h"
+#include "values/ObjetoUtil.h"
 #include "values/Text.h"
 
 namespace xa518 {

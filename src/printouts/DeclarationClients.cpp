@@ -1,10 +1,10 @@
 #include "data/Base.h"
-#include "data/ObjetoUtil.h"
 #include "form518/DetailColumns.h"
 #include "printouts/DeclarationReport.h"
 #include "printouts/PrintedClient.h"
 #include "values/Decimal.h"
 #include "values/Format.h"
+#include "values/ObjetoUtil.h"
 
 namespace xa518 {
 

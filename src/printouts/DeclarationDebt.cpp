@@ -1,6 +1,6 @@
-#include "data/ObjetoUtil.h"
 #include "printouts/DeclarationReport.h"
 #include "values/Format.h"
+#include "values/ObjetoUtil.h"
 #include "values/Text.h"
 
 namespace xa518 {

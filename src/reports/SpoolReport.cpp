@@ -1,10 +1,11 @@
 #include "reports/SpoolReport.h"
 
-#include "data/ObjetoUtil.h"
 #include "reports/SpoolLines.h"
 #include "reports/SpoolReader.h"
 #include "values/Decimal.h"
+#include "values/Error.h"
 #include "values/FileFailure.h"
+#include "values/ObjetoUtil.h"
 #include "values/Text.h"
 
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "widgets/FieldKeys.h"
 
-#include "data/ObjetoUtil.h"
+#include "values/ObjetoUtil.h"
 #include "values/Text.h"
 
 #include <QLineEdit>
@@ -48,18 +48,26 @@ QString PasanNumeros() {
     return u"Sólo números"_s;
 }
 
+int FiltraTeclaNumero(int tecla, bool conPunto) {
+    return ObjetoUtil::EsTeclaNumero(tecla) || (conPunto && tecla == kPunto) ? tecla : 0;
+}
+
+int FiltraTeclaMayuscula(int tecla) {
+    return Letra(tecla).toUpper().unicode();
+}
+
 void SoloDigitos(QLineEdit& campo, const QString& pasan) {
     FiltraTeclas(campo, SiEsDigito, pasan);
 }
 
 void SoloNumero(QLineEdit& campo) {
     FiltraTeclas(
-        campo, [](int tecla) { return ObjetoUtil::FiltraTeclaNumero(tecla); }, PasanNumeros());
+        campo, [](int tecla) { return FiltraTeclaNumero(tecla); }, PasanNumeros());
 }
 
 void SoloNombre(QLineEdit& campo) {
     const auto filtro = [](int tecla) {
-        const int mayuscula = ObjetoUtil::FiltraTeclaMayuscula(tecla);
+        const int mayuscula = FiltraTeclaMayuscula(tecla);
         return ObjetoUtil::EsTeclaValida(mayuscula) ? mayuscula : 0;
     };
     FiltraTeclas(campo, filtro, u"Sólo letras, sin tilde ni eñe, y números"_s);
@@ -67,7 +75,7 @@ void SoloNombre(QLineEdit& campo) {
 
 void SoloMonto(QLineEdit& campo, std::function<LimitesDeMonto()> limites) {
     const auto filtro = [&campo, limites = std::move(limites)](int tecla) {
-        const int numero = ObjetoUtil::FiltraTeclaNumero(tecla, true);
+        const int numero = FiltraTeclaNumero(tecla, true);
         const bool tienePunto = LoQueQueda(campo).contains(u'.');
         if (numero == kPunto && tienePunto)
             return 0;
@@ -79,7 +87,7 @@ void SoloMonto(QLineEdit& campo, std::function<LimitesDeMonto()> limites) {
 }
 
 int FiltraTeclaSerie(int tecla, const EstadoSerie& estado, bool conLetras) {
-    const int mayuscula = ObjetoUtil::FiltraTeclaMayuscula(tecla);
+    const int mayuscula = FiltraTeclaMayuscula(tecla);
     if (mayuscula == kPunto)
         return 0;
     if (!conLetras)

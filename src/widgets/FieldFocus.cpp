@@ -1,6 +1,6 @@
 #include "widgets/FieldFocus.h"
 
-#include "data/ObjetoUtil.h"
+#include "values/ObjetoUtil.h"
 #include "values/Text.h"
 #include "widgets/FieldKeys.h"
 #include "widgets/FocusHooks.h"

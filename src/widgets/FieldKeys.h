@@ -44,6 +44,11 @@ void TextoSinCorte(QLineEdit& campo);
 /// Digits and Backspace.
 void SoloDigitos(QLineEdit& campo, const QString& pasan = PasanNumeros());
 
+/// The key when it is a digit or a control key (below 32), with `conPunto` also the point; otherwise 0.
+/// A second point passes: the amount fields drop it themselves.
+[[nodiscard]] int FiltraTeclaNumero(int tecla, bool conPunto = false);
+[[nodiscard]] int FiltraTeclaMayuscula(int tecla);
+
 /// `FiltraTeclaNumero` decides.
 void SoloNumero(QLineEdit& campo);
 

@@ -1,6 +1,7 @@
 #include "widgets/PaymentControl.h"
 
 #include "values/ChequeNumber.h"
+#include "values/ObjetoUtil.h"
 #include "values/Text.h"
 #include "widgets/FieldKeys.h"
 #include "widgets/WidgetHelpers.h"

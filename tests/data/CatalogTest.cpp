@@ -3,11 +3,11 @@
 #include "data/Catalog.h"
 #include "data/CatalogLayout.h"
 #include "data/DocumentTypes.h"
-#include "data/ObjetoUtil.h"
 #include "data/RecordChecksum.h"
 #include "family/OfferedDeclarants.h"
 #include "form518/RateCatalog.h"
 #include "values/CheckDigits.h"
+#include "values/ObjetoUtil.h"
 
 namespace {
 
@@ -51,19 +51,16 @@ TEST_F(CatalogTest, ReadsAPieceWithItsLengthBeforeItsPosition) {
 
 TEST_F(CatalogTest, DocumentsAreOfferedByFlagInTheOrderOfTheirKey) {
     Documentos();
-    const auto items = [this](int bandera) {
+    const auto ofrecidos = [this](int bandera) {
         QStringList lista;
         for (const TipoDocumento& tipo : DocumentosOfrecidos(*m_base, {u"uso", bandera, 1}))
-            lista.append(tipo.Item());
+            lista.append(
+                QStringList{tipo.codigo, tipo.corto, tipo.lenDoc, tipo.tipoDato, tipo.tipoLongitud}.join(u'|'));
         return lista;
     };
-    const QStringList esperados = {
-        u"07  -  "_s + u"PASAPORTE"_s.leftJustified(60) + u"12 5 0"_s,
-        u"01  -  "_s + u"DNI"_s.leftJustified(60) + u"08 0 1"_s,
-        u"04  -  "_s + u"CARNE EXT. "_s.leftJustified(60) + u"12 5 0"_s,
-    };
-    EXPECT_EQ(items(49), esperados);
-    EXPECT_EQ(items(50), esperados.mid(1, 1));
+    EXPECT_EQ(ofrecidos(49),
+              (QStringList{u"07|PASAPORTE  |12|5|0"_s, u"01|DNI        |08|0|1"_s, u"04|CARNE EXT. |12|5|0"_s}));
+    EXPECT_EQ(ofrecidos(50), QStringList{u"01|DNI        |08|0|1"_s});
 }
 
 TEST_F(CatalogTest, DocumentTypesDecideWhichNumbersFit) {

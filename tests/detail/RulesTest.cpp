@@ -1,3 +1,5 @@
+#include "data/DocumentTypes.h"
+#include "detail/ClientLayout.h"
 #include "detail/PerceptionRate.h"
 #include "detail/VoucherChecks.h"
 #include "detail/VoucherTypes.h"
@@ -46,6 +48,13 @@ TEST(VoucherChecks, SeriesByDateOfIssue) {
     }
     const DatosPago ticket{u"12"_s, u"-001"_s, u"1"_s, u"19/07/2010"_s, u"5"_s};
     EXPECT_EQ(Texto(ValidaGrabar(ticket, fechaBuena)), u"! Desde el 2010/07/19 "_s + primera);
+}
+
+TEST(ClientLayout, ReadsTheRulesOfATypeBackFromItsItem) {
+    const QString item = ItemDe({u"04"_s, u"CARNE EXT. "_s, u"12"_s, u"5"_s, u"0"_s});
+    EXPECT_EQ(item, u"04  -  "_s + u"CARNE EXT. "_s.leftJustified(60) + u"12 5 0"_s);
+    EXPECT_EQ(ReglaDe(item).limite, 12);
+    EXPECT_TRUE(ReglaDe(item).soloDigitos);
 }
 
 TEST(VoucherChecks, AmountsOfPaymentVouchers) {

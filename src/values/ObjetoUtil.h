@@ -34,12 +34,12 @@ class ObjetoUtil {
     /// Ñ becomes N, ñ becomes n.
     [[nodiscard]] static QString QuitaEnie(QString texto);
 
-    /// The key when it is a digit or a control key (below 32), with `conPunto` also the point; otherwise 0.
-    /// A second point passes: the amount fields drop it themselves.
-    [[nodiscard]] static int FiltraTeclaNumero(int tecla, bool conPunto = false);
+    // A key is its character's code: the fields ask these of what is typed, the import of each character of a line.
+
+    /// A digit or a control key, from 1 to 31.
+    [[nodiscard]] static bool EsTeclaNumero(int tecla);
     /// Letters A to Z and a to z, digits, blank, Backspace and Enter.
     [[nodiscard]] static bool EsTeclaValida(int tecla);
-    [[nodiscard]] static int FiltraTeclaMayuscula(int tecla);
 };
 
 } // namespace xa518

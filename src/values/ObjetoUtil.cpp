@@ -1,7 +1,7 @@
-#include "data/ObjetoUtil.h"
+#include "values/ObjetoUtil.h"
 
-#include "values/CheckDigits.h"
 #include "values/Dates.h"
+#include "values/Ruc.h"
 #include "values/Text.h"
 
 #include <QFileInfo>
@@ -39,10 +39,7 @@ bool ObjetoUtil::ExisteArchivo(const QString& ruta) {
 }
 
 bool ObjetoUtil::ValidaRUC(QStringView numero) {
-    if (numero.size() != 11 || !SonDigitos(numero))
-        return false;
-    QString diez = numero.first(10).toString();
-    return DigitoVerificador(diez) == numero;
+    return numero.size() == Ruc::kLargo && Ruc(numero).EsValido();
 }
 
 QString ObjetoUtil::AlineaIzquierda(const QString& texto, int ancho) {
@@ -84,18 +81,13 @@ QString ObjetoUtil::QuitaEnie(QString texto) {
     return texto.replace(u'Ñ', u'N').replace(u'ñ', u'n');
 }
 
-int ObjetoUtil::FiltraTeclaNumero(int tecla, bool conPunto) {
-    const bool pasa = (tecla >= '0' && tecla <= '9') || tecla < kPrimeraNoControl || (conPunto && tecla == '.');
-    return pasa ? tecla : 0;
+bool ObjetoUtil::EsTeclaNumero(int tecla) {
+    return (tecla >= '0' && tecla <= '9') || (tecla > 0 && tecla < kPrimeraNoControl);
 }
 
 bool ObjetoUtil::EsTeclaValida(int tecla) {
     const QChar c(static_cast<char16_t>(tecla));
     return tecla == kRetroceso || tecla == kEntrar || c == u' ' || EsLetraODigito(c);
-}
-
-int ObjetoUtil::FiltraTeclaMayuscula(int tecla) {
-    return QChar(static_cast<char16_t>(tecla)).toUpper().unicode();
 }
 
 } // namespace xa518
