@@ -1,10 +1,10 @@
 #include "Measure.h"
 
 #include "form518/Form0518.h"
+#include "printouts/PrintOutFixture.h"
 #include "printouts/RunReport.h"
 #include "reports/PagePainter.h"
 #include "reports/PdfFile.h"
-#include "reports/ReportFixture.h"
 #include "reports/SpoolFile.h"
 
 #include <QGuiApplication>

@@ -1,26 +1,10 @@
 #include "app/AppFixture.h"
 
-#include "family/Configuration.h"
-#include "family/SchemaSteps.h"
 #include "form518/Form0518.h"
 
 namespace xa518::prueba {
 
-ModuloDePrueba::ModuloDePrueba() : carpetaAnterior(QDir::currentPath()), perfil(base.Carpeta() + u"/XA000.INI"_s) {
-    base->Ejecuta(u"PRAGMA user_version=%1"_s.arg(VersionDelEsquema(proceso.formularios)));
-    base.Param(u"830"_s, u"01"_s, u"209912"_s);
-    const QString carpeta = base.Carpeta() + u'/';
-    for (const auto& [clave, valor] : {std::pair{u"SysPath"_s, carpeta},
-                                       {u"DBPath"_s, carpeta},
-                                       {u"DBName"_s, u"XA.DB"_s},
-                                       {u"SysUser"_s, u"JEFA"_s}})
-        perfil.Escribe(kSeccionOpciones, clave, valor);
-    GrupoTrabajo(carpeta + kArchivoGrupo).Admite(CuentaConfigurada(perfil));
-}
-
-ModuloDePrueba::~ModuloDePrueba() {
-    QDir::setCurrent(carpetaAnterior);
-}
+ModuloDePrueba::ModuloDePrueba() : InstalacionDePrueba({Formulario0518()}, kNumFormulario) {}
 
 void ModuloDePrueba::AbreElProceso() {
     proceso.sysUser = u"JEFA"_s;
@@ -42,12 +26,6 @@ void ModuloDePrueba::Declaracion(const QString& ruc, const QString& periodo, con
         valores.insert(u"correl"_s, correl);
     for (const QString& tabla : kTablas)
         base.Agrega(clave.Tabla(tabla), valores);
-}
-
-std::unique_ptr<Base> ModuloDePrueba::Bloquea() const {
-    auto otro = Base::Abre(base.Ruta());
-    otro->Ejecuta(u"BEGIN EXCLUSIVE"_s);
-    return otro;
 }
 
 } // namespace xa518::prueba

@@ -1,4 +1,4 @@
-#include "DataFixture.h"
+#include "support/BaseFixture.h"
 
 #include "data/LongReading.h"
 #include "data/Transaction.h"

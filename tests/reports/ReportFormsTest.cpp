@@ -1,90 +1,16 @@
-#include "printouts/frmImprimir.h"
 #include "reports/frmImpxPag.h"
 #include "reports/frmPreview.h"
 
 #include "reports/PageRange.h"
-#include "reports/ReportFixture.h"
-#include "support/FileDialogScript.h"
-#include "support/FormDriver.h"
+#include "reports/ReportFormsFixture.h"
 #include "values/FileFailure.h"
-#include "widgets/StatusBar.h"
 
-#include <QPrinter>
-#include <QProcess>
 #include <QScrollBar>
 #include <QSpinBox>
-#include <QTableView>
 
 namespace {
 
-using namespace prueba;
-
-/// Printers that print into a file.
-class ServicioDePrueba final : public ServicioDeImpresion {
-  public:
-    explicit ServicioDePrueba(QString salida) : m_salida(std::move(salida)) {}
-
-    bool Responde() override { return responde; }
-    QList<ColaImpresion> Colas() override { return colas; }
-    std::unique_ptr<QPagedPaintDevice> Abre(const ColaImpresion& /*cola*/, const QString& titulo) override {
-        auto impresora = std::make_unique<QPrinter>(QPrinter::HighResolution); // without a queue: into a file
-        impresora->setOutputFormat(QPrinter::PdfFormat);
-        impresora->setOutputFileName(m_salida);
-        impresora->setFullPage(true);
-        impresora->setDocName(titulo);
-        return impresora;
-    }
-    QString Rechazo() override { return rechazo; }
-
-    bool responde = true;
-    QList<ColaImpresion> colas{{u"sala"_s, {}, false, EstadoCola::Lista}};
-    QString rechazo;
-
-  private:
-    QString m_salida;
-};
-
-class ReportFormsTest : public testing::Test {
-  protected:
-    ReportFormsTest() { m_entorno.impresion = m_servicio; }
-
-    /// The word on a report that went to the only printer.
-    void EsperaEnvio(const QString& hojas) { m_avisos.Espera(u"Se envió a la impresora «sala»: %1."_s.arg(hojas)); }
-
-    QString Ruta(const QString& nombre) const { return m_taller.base.Carpeta() + u'/' + nombre; }
-
-    /// The words of each sheet of a PDF, read back; the file is gone then.
-    QStringList Impreso(const QString& nombre = u"impreso.pdf"_s) const {
-        QProcess pdftotext;
-        pdftotext.start(u"pdftotext"_s, {u"-layout"_s, Ruta(nombre), u"-"_s});
-        if (!pdftotext.waitForFinished() || pdftotext.exitCode() != 0)
-            return {u"unreadable"_s};
-        QFile::remove(Ruta(nombre));
-        QStringList hojas = QString::fromUtf8(pdftotext.readAllStandardOutput()).split(u'\f');
-        hojas.removeLast(); // behind the last form feed
-        for (QString& hoja : hojas)
-            hoja = hoja.simplified();
-        return hojas;
-    }
-
-    /// A report of so many pages, "hoja 1", "hoja 2" and so on.
-    ReportePedido Reporte(int paginas, const RangoPaginas& rango = {}) const {
-        QByteArray spool = "<!nHojas!>" + QByteArray::number(paginas) + "<!/nHojas!>\n<!Color!>&H00FFFFC0&<!/Color!>\n";
-        for (int i = 0; i < paginas; ++i)
-            spool += u"pPos|500|500|hoja %1|True|40|%2|\npNuevaHoja\n"_s.arg(i + 1).arg(i).toUtf8();
-        EscribeEn(m_taller.proceso.rutaRPT + u"/a.PRN"_s, spool);
-        return {u"a.PRN"_s, u"Reporte"_s, rango};
-    }
-
-    static int Pagina(QWidget& vista) { return De<QSpinBox>(vista, u"txtPagina"_s).value(); }
-
-    Taller m_taller;
-    AvisosDePrueba m_avisos;
-    BarradeEstadoQMD m_barra;
-    DialogosDeArchivoDePrueba m_archivos;
-    EntornoInformes m_entorno = EntornoDeInformes(m_taller.proceso, m_avisos, m_archivos);
-    std::shared_ptr<ServicioDePrueba> m_servicio = std::make_shared<ServicioDePrueba>(Ruta(u"impreso.pdf"_s));
-};
+using ReportFormsTest = FormasDeInformesTest<ProcesoConInformes>;
 
 TEST_F(ReportFormsTest, ThePreviewMovesThroughItsPagesByKeysAndButtons) {
     frmPreview vista(m_entorno, Reporte(5));
@@ -283,83 +209,6 @@ TEST_F(ReportFormsTest, TheOfferedRangeReachesTheReportsRealEnd) {
         Clic(forma, u"cmdAccion_0"_s);
         EXPECT_EQ(Impreso(), hojas);
     }
-}
-
-TEST_F(ReportFormsTest, ThePrintDialogShowsAndPrintsTheChosenDeclaration) {
-    m_taller.Cabecera({{u"410"_s, u"1234"_s}});
-    m_taller.clave.periodo = Periodo(2026, 2);
-    m_taller.Cabecera({{u"501"_s, u"2"_s}, {u"410"_s, u"777"_s}});
-    m_taller.Clientes(2);
-    frmImprimir forma(m_taller.proceso, m_entorno, m_barra, false);
-    Muestra(forma);
-    EXPECT_EQ(m_barra.Ruc() + m_barra.Periodo(), m_taller.clave.ruc.Texto() + u"02/2026"_s);
-    auto& grilla = De<QTableView>(forma, u"grdContrib"_s);
-    ASSERT_EQ(grilla.model()->rowCount(), 2);
-    QTest::keyClick(&grilla, Qt::Key_Down);
-    EXPECT_EQ(m_barra.Periodo(), u"01/2026"_s);
-
-    const QPoint celda = grilla.visualRect(grilla.model()->index(1, 0)).center();
-    EsperaEnvio(u"1 página"_s);
-    AlAbrir({}, [](QWidget& vista) { Clic(vista, u"tlbPrevia_4"_s); });
-    QTest::mouseClick(grilla.viewport(), Qt::LeftButton, {}, celda);
-    QTest::mouseDClick(grilla.viewport(), Qt::LeftButton, {}, celda);
-    EXPECT_TRUE(Impreso().value(0).contains(u"1,234"_s));
-    forma.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&forma));
-
-    Clic(forma, u"OptImp_1"_s);
-    m_avisos.Espera({Icono::Informacion, u"No existe información de anexos para esta declaración"_s, u"Anexos"_s});
-    Clic(forma, u"CmdImprimir_1"_s);
-    EXPECT_EQ(m_taller.base.Filas(u"SELECT CodRep FROM SPOOL"_s), QStringList{u"PER006"_s});
-
-    grilla.setFocus();
-    QTest::keyClick(&grilla, Qt::Key_Up);
-    EsperaEnvio(u"1 página"_s);
-    AlAbrir({}, [](QWidget& rango) {
-        EXPECT_EQ(rango.windowTitle(), u"Impresión de 2 páginas"_s) << "one more than the head of the annex tells";
-        AlAbrir({}, [](QWidget& vista) { Clic(vista, u"tlbPrevia_4"_s); });
-        Clic(rango, u"cmdAccion_0"_s);
-    });
-    Clic(forma, u"CmdImprimir_1"_s);
-    const QStringList anexo = Impreso();
-    ASSERT_EQ(anexo.size(), 1);
-    EXPECT_TRUE(anexo[0].contains(u"NÚÑEZ PEÑA, JOSÉ MARÍA 2 DNI"_s)) << qPrintable(anexo[0]);
-    EXPECT_EQ(m_barra.Periodo(), u"02/2026"_s) << "the row stays chosen";
-    Clic(forma, u"CmdImprimir_2"_s);
-    EXPECT_EQ(m_barra.Ruc(), QString());
-}
-
-TEST_F(ReportFormsTest, ThePrintDialogKeepsCopiesApartAndIsSilentWithoutDeclarations) {
-    m_taller.clave.enviada = true;
-    {
-        frmImprimir vacia(m_taller.proceso, m_entorno, m_barra, true);
-        Muestra(vacia);
-        Clic(vacia, u"CmdImprimir_0"_s);
-        Clic(vacia, u"CmdImprimir_1"_s);
-    }
-    for (const QString& correl : {u"1"_s, u"2"_s}) {
-        m_taller.clave.correl = correl;
-        m_taller.Cabecera({{u"410"_s, correl + u"000"_s}});
-    }
-    frmImprimir forma(m_taller.proceso, m_entorno, m_barra, true);
-    Muestra(forma);
-    auto& grilla = De<QTableView>(forma, u"grdContrib"_s);
-    grilla.setCurrentIndex(grilla.model()->index(1, 0));
-    constexpr int kColumnaCopia = 3;
-    const QString correl = grilla.model()->index(1, kColumnaCopia).data().toString();
-    EsperaEnvio(u"1 página"_s);
-    AlAbrir({}, [](QWidget& vista) { Clic(vista, u"tlbPrevia_4"_s); });
-    QTest::keyClick(&grilla, Qt::Key_Return);
-    const QString hoja = Impreso().value(0);
-    EXPECT_TRUE(hoja.contains(u"NRO. CONTROL: 10000001"_s)) << qPrintable(hoja);
-    EXPECT_TRUE(hoja.contains(correl + u",000"_s)) << qPrintable(hoja);
-    m_taller.proceso.rutaRPT = m_taller.base.Ruta(); // a file is no folder to write into
-    const QString ruta = m_taller.base.Ruta() + u"/00000002.PRN"_s;
-    AvisosDelPrograma().Espera(FallaDeArchivo(Intento::Escribir, ruta).Texto());
-    Clic(forma, u"CmdImprimir_0"_s);
-    m_taller.Vacia(); // as another program might
-    m_avisos.Espera(u"No existe la declaración del RUC 20990518018 por el período 01/2026."_s);
-    Clic(forma, u"CmdImprimir_0"_s);
 }
 
 } // namespace

@@ -56,7 +56,7 @@ class Pdf : public testing::Test {
     char programa[13] = "reports_test";
     char* argumentos[2] = {programa, nullptr};
     QGuiApplication aplicacion{cuantos, argumentos};
-    Taller taller;
+    ProcesoConInformes taller;
 };
 
 } // namespace
@@ -85,7 +85,7 @@ TEST(SpoolLine, SaysWhatItHoldsAndPassesOverTheRest) {
 }
 
 TEST(SpoolFile, GivesBackWhatWasWrittenAndNoTextBecomesACommand) {
-    const Taller taller;
+    const ProcesoConInformes taller;
     const QString ruta = taller.base.Carpeta() + u"/a.PRN"_s;
     const QList<Comando> comandos{Etiqueta{Etiqueta::Clase::Orientacion, u"H"_s},
                                   TextoEnPagina{10, 175, u"<!nHojas!>9<!/nHojas!>"_s, true, 8, 0},

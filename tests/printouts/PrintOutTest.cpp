@@ -1,7 +1,6 @@
 #include "printouts/AmountText.h"
 #include "printouts/AnnexLines.h"
-#include "printouts/RunReport.h"
-#include "reports/ReportFixture.h"
+#include "printouts/PrintOutFixture.h"
 #include "values/Format.h"
 
 #include <gmock/gmock.h>

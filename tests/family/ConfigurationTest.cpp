@@ -1,10 +1,10 @@
 #include "family/Configuration.h"
 
-#include "app/AppFixture.h"
+#include "family/InstallationFixture.h"
 
 namespace {
 
-class ConfigurationTest : public ModuloDePrueba {
+class ConfigurationTest : public InstalacionDePrueba {
   protected:
     void Pon(const QString& clave, const QString& valor) const { perfil.Escribe(kSeccionOpciones, clave, valor); }
     [[nodiscard]] int NumeroAlAbrir() {

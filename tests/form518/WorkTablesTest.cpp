@@ -1,7 +1,7 @@
-#include "DataFixture.h"
-
-#include "form518/Form0518.h"
 #include "form518/WorkTables.h"
+#include "form518/Form0518.h"
+
+#include "support/BaseFixture.h"
 
 namespace {
 
