@@ -1,5 +1,6 @@
 #include "data/Base.h"
 
+#include "data/Dialect.h"
 #include "data/Engine.h"
 #include "data/Transaction.h"
 
@@ -16,6 +17,13 @@ namespace {
 QVariant SinTextoNulo(const QVariant& valor) {
     const bool esTexto = !valor.isNull() && valor.metaType() == QMetaType::fromType<QString>();
     return esTexto && static_cast<const QString*>(valor.constData())->isNull() ? QVariant(u""_s) : valor;
+}
+
+/// The engine doesn't tell: a place that gets no value keeps the one of the call before.
+void ExigeValores(const QString& sql, qsizetype lugares, qsizetype valores) {
+    if (lugares != valores)
+        throw ErrorBase(NumeroError::ArgumentoInvalido,
+                        u"La consulta recibió %1 valores en lugar de %2: "_s.arg(valores).arg(lugares) + sql);
 }
 
 } // namespace
@@ -81,7 +89,7 @@ std::unique_ptr<Base> Base::Crea(const QString& ruta) {
 Base::Base(QString ruta, std::unique_ptr<Motor> motor) : m_ruta(std::move(ruta)), m_motor(std::move(motor)) {}
 
 Base::~Base() {
-    m_libres.clear(); // the statements go before the connection that they belong to
+    m_sentencias.clear(); // the statements go before the connection that they belong to
 }
 
 Registros Base::Lee(const QString& sql, const QVariantList& valores) {
@@ -107,13 +115,16 @@ std::unique_ptr<QSqlQuery> Base::Prepara(const QString& sql) {
 }
 
 const QString& Base::Corre(const QString& sql, const QVariantList& valores, std::unique_ptr<QSqlQuery>& consulta) {
-    const auto entrada = m_libres.try_emplace(sql).first;
-    Libres& libres = entrada->second;
-    if (libres.empty()) {
+    const auto [entrada, esNueva] = m_sentencias.try_emplace(sql);
+    Sentencia& sentencia = entrada->second;
+    if (esNueva)
+        sentencia.lugares = LugaresDeValores(sql);
+    ExigeValores(sql, sentencia.lugares, valores.size());
+    if (sentencia.libres.empty()) {
         consulta = Prepara(sql);
     } else {
-        consulta = std::move(libres.back());
-        libres.pop_back();
+        consulta = std::move(sentencia.libres.back());
+        sentencia.libres.pop_back();
     }
     for (int i = 0; i < valores.size(); ++i)
         consulta->bindValue(i, SinTextoNulo(valores[i]));
@@ -127,7 +138,7 @@ const QString& Base::Corre(const QString& sql, const QVariantList& valores, std:
 
 void Base::Devuelve(const QString& sql, std::unique_ptr<QSqlQuery> consulta) noexcept {
     consulta->finish();
-    m_libres[sql].push_back(std::move(consulta));
+    m_sentencias[sql].libres.push_back(std::move(consulta));
 }
 
 const Tabla& Base::Describe(const QString& tabla) {

@@ -58,8 +58,9 @@ class Registros {
 };
 
 /// The open database. SQL texts are in the system's dialect, with `?` where a value goes; the engine, picked by the
-/// database's name, turns them into its own. Statements are prepared once per text. An invalid value is null; a text
-/// never is, a default `QString` is the empty text. Every failure is an `ErrorBase`.
+/// database's name, turns them into its own. Statements are prepared once per text, and take exactly as many values as
+/// they have places for. An invalid value is null; a text never is, a default `QString` is the empty text. Every
+/// failure is an `ErrorBase`.
 class Base {
   public:
     /// Opens an existing database for shared reading and writing: `BaseNoExiste` when it is missing, `BaseBloqueada`
@@ -96,7 +97,11 @@ class Base {
     friend class LecturaLarga;
     friend class Registros;
     friend class Transaccion;
-    using Libres = std::vector<std::unique_ptr<QSqlQuery>>;
+    /// A text that was run before: its places for values, and what was prepared of it and is free to run again.
+    struct Sentencia {
+        qsizetype lugares = 0;
+        std::vector<std::unique_ptr<QSqlQuery>> libres;
+    };
 
     Base(QString ruta, std::unique_ptr<Motor> motor);
     std::unique_ptr<QSqlQuery> Prepara(const QString& sql);
@@ -105,7 +110,7 @@ class Base {
 
     QString m_ruta;
     std::unique_ptr<Motor> m_motor;
-    std::unordered_map<QString, Libres> m_libres;
+    std::unordered_map<QString, Sentencia> m_sentencias;
     std::unordered_map<QString, Tabla> m_tablas;
 };
 

@@ -165,4 +165,8 @@ QString TraduceASqlite(const QString& sql) {
     return fichas.join(QString());
 }
 
+qsizetype LugaresDeValores(const QString& sql) {
+    return Fichas(sql).count(u"?"_s);
+}
+
 } // namespace xa518

@@ -10,4 +10,7 @@ namespace xa518 {
 /// the text itself.
 [[nodiscard]] QString TraduceASqlite(const QString& sql);
 
+/// How many values the system's SQL takes: each `?` outside quotes and brackets.
+[[nodiscard]] qsizetype LugaresDeValores(const QString& sql);
+
 } // namespace xa518

@@ -61,6 +61,20 @@ TEST_F(BaseTest, StoresNullOnlyForAValueThatIsMissing) {
     EXPECT_EQ(Lista(u"SELECT numero FROM CLIENTE WHERE nombre IS NULL"_s), u"1|4"_s);
 }
 
+/// A place without a value would run with the one of the call before.
+TEST_F(BaseTest, RefusesAnotherNumberOfValuesThanAStatementTakes) {
+    const QString sql = u"SELECT numero FROM CLIENTE WHERE numero=? AND nombre<>'?' AND serie<>?"_s;
+    for (const QVariantList& valores : {QVariantList{u"1"_s}, {u"1"_s, u"2"_s}, {u"1"_s}, {u"1"_s, u"2"_s, u"3"_s}}) {
+        try {
+            (void)m_base->Lee(sql, valores);
+            EXPECT_EQ(valores.size(), 2);
+        } catch (const ErrorBase& error) {
+            EXPECT_NE(valores.size(), 2);
+            EXPECT_TRUE(error.Texto().endsWith(sql)) << qPrintable(error.Texto());
+        }
+    }
+}
+
 TEST_F(BaseTest, ReadsTheSameStatementInsideItself) {
     for (const QString& numero : {u"1"_s, u"2"_s, u"3"_s})
         Agrega(numero, u"N"_s + numero);
