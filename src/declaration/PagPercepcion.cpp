@@ -4,7 +4,6 @@
 
 #include "declaration/Declaration.h"
 #include "form518/ClientName.h"
-#include "form518/WorkClients.h"
 #include "widgets/BoxLabel.h"
 
 namespace xa518 {

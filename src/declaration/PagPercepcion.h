@@ -1,6 +1,7 @@
 #pragma once
 
 #include "declaration/ClientGrid.h"
+#include "form518/WorkClients.h"
 #include "widgets/QueryModel.h"
 
 #include <QWidget>
