@@ -36,7 +36,7 @@ void Exige(const Veredicto& veredicto) {
 /// The declarant must be one of those that the user may choose in the module.
 void ExigeDeclarante(const Proceso& proceso, const QString& ruc) {
     const QList<DeclaranteOfrecido> ofrecidos =
-        DeclarantesOfrecidos(*proceso.baseDatos, proceso.numFormulario, proceso.sysUser);
+        DeclarantesOfrecidos(*proceso.baseDatos, {proceso.numFormulario, proceso.sysUser});
     if (std::any_of(ofrecidos.begin(), ofrecidos.end(),
                     [&](const DeclaranteOfrecido& ofrecido) { return ofrecido.ruc == ruc; }))
         return;

@@ -64,11 +64,11 @@ bool AdmiteNumero(const TipoDocumento& tipo, const QString& numero) {
                                                       : ObjetoUtil::ValidaNumeroDoc(numero);
 }
 
-bool ValidaDocumento(Base& base, const QString& tipo, const QString& numero) {
-    if (Recorta(tipo).isEmpty())
+bool ValidaDocumento(Base& base, const Documento& documento) {
+    if (Recorta(documento.tipo).isEmpty())
         return false;
-    const std::optional<TipoDocumento> fila = DocumentoDeTipo(base, tipo);
-    return fila && AdmiteNumero(*fila, numero);
+    const std::optional<TipoDocumento> fila = DocumentoDeTipo(base, documento.tipo);
+    return fila && AdmiteNumero(*fila, documento.numero);
 }
 
 TipoDocumento TipoDelRuc(Base& base) {

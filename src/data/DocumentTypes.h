@@ -31,9 +31,15 @@ struct TipoDocumento {
 /// Tells whether a number, not empty, fits a document type.
 [[nodiscard]] bool AdmiteNumero(const TipoDocumento& tipo, const QString& numero);
 
+/// The document by which somebody is known.
+struct Documento {
+    QString tipo; ///< code of its type
+    QString numero;
+};
+
 /// Tells whether a document number fits its type in the catalogue: length by columns 46 and 130, and by column 128
 /// digits only ("0") or letters allowed.
-[[nodiscard]] bool ValidaDocumento(Base& base, const QString& tipo, const QString& numero);
+[[nodiscard]] bool ValidaDocumento(Base& base, const Documento& documento);
 
 /// The type of a declarant's number: the catalogue's row of the RUC, or what stands in for it when it is missing.
 [[nodiscard]] TipoDocumento TipoDelRuc(Base& base);

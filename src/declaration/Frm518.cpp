@@ -125,7 +125,7 @@ void Frm518::Carga() {
 void Frm518::CargaIdent() {
     PagIdentificacion& pagina = *m_ui->PaginaIdentificacion;
     if (EsNueva())
-        pagina.MuestraNueva(DeclarantesOfrecidos(BaseDatos(), m_proceso.numFormulario, m_proceso.sysUser),
+        pagina.MuestraNueva(DeclarantesOfrecidos(BaseDatos(), {m_proceso.numFormulario, m_proceso.sysUser}),
                             m_proceso.sysUser);
     else if (EsEnviada())
         pagina.MuestraEnviada(m_elegida);

@@ -75,9 +75,11 @@ void GrabaCasillas(Base& base, const Declaracion& declaracion, const QString& su
     constexpr QStringView kEntero = u"##############0";
     base.Ejecuta(u"DELETE * FROM DET WHERE DOC_ID_D=? AND PERIODO=? AND FORMULARIO=?"_s, clave.Valores());
     for (const int casilla : kCasillasMonto)
-        GrabaCasilla(base, clave, QString::number(casilla), declaracion.montos.Texto(casilla));
+        GrabaCasilla(base, clave, {QString::number(casilla), declaracion.montos.Texto(casilla)});
 
-    const auto graba = [&](const QString& casilla, const QString& valor) { GrabaCasilla(base, clave, casilla, valor); };
+    const auto graba = [&](const QString& casilla, const QString& valor) {
+        GrabaCasilla(base, clave, {casilla, valor});
+    };
     graba(u"002"_s, clave.ruc.Texto());
     graba(u"012"_s, pago.numeroCheque);
     graba(u"015"_s, pago.ConBanco() ? pago.banco : QString());
@@ -101,7 +103,7 @@ void GrabaSumas(Base& base, const ClaveDeclaracion& clave) {
         const SumasDetalle sumas = Get_Data(base, tabla, clave);
         for (const QString& valor : {sumas.cantidad, sumas.base, sumas.percepcion}) {
             if (casilla <= 517)
-                GrabaCasilla(base, clave, QString::number(casilla), Format(valor, u"##############0"));
+                GrabaCasilla(base, clave, {QString::number(casilla), Format(valor, u"##############0")});
             ++casilla;
         }
     }

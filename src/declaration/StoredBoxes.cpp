@@ -2,7 +2,6 @@
 
 #include "data/Base.h"
 #include "data/Catalog.h"
-#include "family/StoredDeclaration.h"
 #include "form518/Form0518.h"
 #include "form518/FormCatalogs.h"
 #include "values/Text.h"
@@ -24,18 +23,19 @@ void CargaPago(Base& base, Declaracion& declaracion) {
 
 } // namespace
 
-void GrabaCasilla(Base& base, const ClaveDeclaracion& clave, const QString& casilla, const QString& valor) {
-    GrabaCasilla(base, Formulario0518().casillas, clave, {.casilla = casilla, .valor = valor});
+void GrabaCasilla(Base& base, const ClaveDeclaracion& clave, const CasillaGuardada& guardada) {
+    GrabaCasilla(base, Formulario0518().casillas, clave, guardada);
 }
 
 void GrabaCasillaParam(Base& base, const ClaveDeclaracion& clave) {
     const QString funcion = Catalogo(base).Funcion(u"856"_s, clave.formulario);
     const QString casilla = Recorta(TramosCasilla::kCasilla.Corta(funcion)).toString();
     if (!casilla.isEmpty())
-        GrabaCasilla(base, clave, casilla, TramosCasilla::kValor.Corta(funcion).toString());
+        GrabaCasilla(base, clave, {.casilla = casilla, .valor = TramosCasilla::kValor.Corta(funcion).toString()});
 }
 
-void MuestraCasilla(Declaracion& declaracion, const QString& casilla, const QString& valor) {
+void MuestraCasilla(Declaracion& declaracion, const CasillaGuardada& guardada) {
+    const auto& [casilla, valor] = guardada;
     const int numero = casilla.toInt();
     if (numero == 871)
         declaracion.rectifica = RectificacionDe(valor);
@@ -53,7 +53,7 @@ void CargaCasillas(Base& base, Declaracion& declaracion) {
     const int casilla = filas.Columna(u"Casilla");
     const int valor = filas.Columna(u"i_valor");
     while (filas.Siguiente())
-        MuestraCasilla(declaracion, Recorta(filas.Texto(casilla)).toString(), Recorta(filas.Texto(valor)).toString());
+        MuestraCasilla(declaracion, {Recorta(filas.Texto(casilla)).toString(), Recorta(filas.Texto(valor)).toString()});
     declaracion.pago.importe = declaracion.montos.ImportePagar();
     CargaPago(base, declaracion);
 }

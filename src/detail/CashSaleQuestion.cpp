@@ -8,7 +8,7 @@ namespace xa518 {
 
 PreguntaContado::PreguntaContado(QWidget* padre) : QWidget(padre), m_ui(std::make_unique<Ui::PreguntaContado>()) {
     m_ui->setupUi(this);
-    m_contado = new ParDeOpciones(*m_ui->Label5, *m_ui->OptVentaCont_0, *m_ui->OptVentaCont_1);
+    m_contado = new ParDeOpciones(*m_ui->Label5, {*m_ui->OptVentaCont_0, *m_ui->OptVentaCont_1});
     connect(m_contado, &ParDeOpciones::Contestada, this, [this](int indice) { AlContestar(indice == 1); });
     connect(m_ui->CmbTipoCP, &ListaCodigos::Elegido, this, [this] { AlElegirTipo(); });
 }

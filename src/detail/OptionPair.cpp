@@ -9,10 +9,10 @@ namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
-ParDeOpciones::ParDeOpciones(const QLabel& pregunta, QRadioButton& no, QRadioButton& si)
-    : QObject(&si), m_grupo(new QButtonGroup(this)), m_no(&no), m_si(&si) {
-    m_grupo->addButton(&no, 0);
-    m_grupo->addButton(&si, 1);
+ParDeOpciones::ParDeOpciones(const QLabel& pregunta, const Opciones& opciones)
+    : QObject(&opciones.si), m_grupo(new QButtonGroup(this)), m_no(&opciones.no), m_si(&opciones.si) {
+    m_grupo->addButton(m_no, 0);
+    m_grupo->addButton(m_si, 1);
     for (QRadioButton* opcion : {m_no, m_si}) {
         opcion->setAccessibleName(pregunta.text() + u' ' + opcion->text());
         opcion->installEventFilter(this);

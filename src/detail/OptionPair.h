@@ -14,7 +14,12 @@ namespace xa518 {
 class ParDeOpciones : public QObject {
     Q_OBJECT
   public:
-    ParDeOpciones(const QLabel& pregunta, QRadioButton& no, QRadioButton& si);
+    struct Opciones {
+        QRadioButton& no;
+        QRadioButton& si;
+    };
+
+    ParDeOpciones(const QLabel& pregunta, const Opciones& opciones);
 
     [[nodiscard]] Contestacion Respuesta() const;
     /// Answers it as a click does: nothing happens when that is the answer already.

@@ -76,11 +76,11 @@ QString LimitaMonto(const QString& monto) {
     return valor > Decimal::Valor(kMontoMaximo) ? kMontoMaximo : monto;
 }
 
-QString Percepcion(const QString& monto, const QString& factor) {
+QString Percepcion(const QString& monto, const FilaTasa& fila) {
     if (monto.isEmpty())
         return u" "_s; // one blank, not the empty text: wanted
     const Decimal cobrado = Decimal::Valor(Format(monto, kDosDecimales));
-    return Format(Importe::De(cobrado * Decimal::Valor(factor)), kDosDecimales);
+    return Format(Importe::De(cobrado * Decimal::Valor(fila.factor)), kDosDecimales);
 }
 
 QString IniIgv(Base& base, const QString& argumento, const QString& numeroIgv, Periodo periodo) {

@@ -36,9 +36,9 @@ class TasaPercepcion {
 /// The amount charged, cut to 999999999999.99.
 [[nodiscard]] QString LimitaMonto(const QString& monto);
 
-/// Amount times factor, fixed to four decimals with ties to even and then to two with ties away: rounded twice, in this
-/// order. One blank for an empty amount. Raises `Desbordamiento`.
-[[nodiscard]] QString Percepcion(const QString& monto, const QString& factor);
+/// Amount times the factor of its row, fixed to four decimals with ties to even and then to two with ties away: rounded
+/// twice, in this order. One blank for an empty amount. Raises `Desbordamiento`.
+[[nodiscard]] QString Percepcion(const QString& monto, const FilaTasa& fila);
 
 /// The general sales tax in force in a period, from catalogue `numeroIgv`: the row with the latest start not after it,
 /// as a number in its shortest form. Empty when there is none.

@@ -9,10 +9,10 @@ namespace xa518 {
 
 PreguntasTasa::PreguntasTasa(QWidget* padre) : QWidget(padre), m_ui(std::make_unique<Ui::PreguntasTasa>()) {
     m_ui->setupUi(this);
-    m_cpFact = new ParDeOpciones(*m_ui->Label2, *m_ui->OptCpFact_0, *m_ui->OptCpFact_1);
-    m_listado = new ParDeOpciones(*m_ui->Label4, *m_ui->OptListado_0, *m_ui->OptListado_1);
-    m_venta = new ParDeOpciones(*m_ui->Label6, *m_ui->OptVenta_0, *m_ui->OptVenta_1);
-    m_medPago = new ParDeOpciones(*m_ui->Label3, *m_ui->OptMedPago_0, *m_ui->OptMedPago_1);
+    m_cpFact = new ParDeOpciones(*m_ui->Label2, {*m_ui->OptCpFact_0, *m_ui->OptCpFact_1});
+    m_listado = new ParDeOpciones(*m_ui->Label4, {*m_ui->OptListado_0, *m_ui->OptListado_1});
+    m_venta = new ParDeOpciones(*m_ui->Label6, {*m_ui->OptVenta_0, *m_ui->OptVenta_1});
+    m_medPago = new ParDeOpciones(*m_ui->Label3, {*m_ui->OptMedPago_0, *m_ui->OptMedPago_1});
     const auto alResponder = [this](ParDeOpciones* par, Pregunta pregunta) {
         connect(par, &ParDeOpciones::Contestada, this, [this, pregunta](int indice) { AlResponder(pregunta, indice); });
     };

@@ -24,24 +24,24 @@ void LimitaAlUsuario(ConsultaSql& consulta, Base& base, const QString& usuario) 
     consulta.valores.append(usuario);
 }
 
-ConsultaSql SqlDeclarantes(Base& base, const QString& formulario, const QString& usuario) {
+ConsultaSql SqlDeclarantes(Base& base, const QuienElige& quien) {
     const TipoDocumento ruc = TipoDelRuc(base);
     ConsultaSql consulta{u" SELECT * FROM CONT  WHERE Tip_doc_d=6 "_s, {}};
     if (ruc.Largo() == 11 && ruc.tipoLongitud == u"1")
         consulta.texto += u" AND len(trim(Doc_id_d))=11 ";
-    if (formulario == u"0275") // the sibling form; never taken by this one, but the family shares the rule
+    if (quien.formulario == u"0275") // the sibling form; never taken by this one, but the family shares the rule
         consulta.texto += u" AND Tipo_Ingreso=2 ";
-    if (VeTodo(base, usuario)) {
+    if (VeTodo(base, quien.usuario)) {
         consulta.texto += u" ORDER BY Tip_doc_d, doc_id_d ";
     } else {
         consulta.texto += u" AND Usuario =? Order by Tip_doc_d, doc_id_d ";
-        consulta.valores.append(usuario);
+        consulta.valores.append(quien.usuario);
     }
     return consulta;
 }
 
-QList<DeclaranteOfrecido> DeclarantesOfrecidos(Base& base, const QString& formulario, const QString& usuario) {
-    const ConsultaSql consulta = SqlDeclarantes(base, formulario, usuario);
+QList<DeclaranteOfrecido> DeclarantesOfrecidos(Base& base, const QuienElige& quien) {
+    const ConsultaSql consulta = SqlDeclarantes(base, quien);
     Registros filas = base.Lee(consulta.texto, QVariantList(consulta.valores.begin(), consulta.valores.end()));
     const int ruc = filas.Columna(u"Doc_id_d");
     const int nombre = filas.Columna(u"Nombre");

@@ -18,15 +18,20 @@ struct ConsultaSql {
 /// condition its text ends. A user of kind "0" sees everybody's.
 void LimitaAlUsuario(ConsultaSql& consulta, Base& base, const QString& usuario);
 
+/// Who chooses a declarant, and for which form.
+struct QuienElige {
+    QString formulario;
+    QString usuario;
+};
+
 /// The query for the declarants that a user may choose for a form.
-[[nodiscard]] ConsultaSql SqlDeclarantes(Base& base, const QString& formulario, const QString& usuario);
+[[nodiscard]] ConsultaSql SqlDeclarantes(Base& base, const QuienElige& quien);
 
 struct DeclaranteOfrecido {
     QString ruc; ///< trimmed
     QString nombre;
 };
 /// The rows of that query.
-[[nodiscard]] QList<DeclaranteOfrecido> DeclarantesOfrecidos(Base& base, const QString& formulario,
-                                                             const QString& usuario);
+[[nodiscard]] QList<DeclaranteOfrecido> DeclarantesOfrecidos(Base& base, const QuienElige& quien);
 
 } // namespace xa518

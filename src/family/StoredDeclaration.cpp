@@ -50,7 +50,7 @@ class FilaDeTabla {
     std::optional<Registro> m_guardada;
 };
 
-QString ValorGuardado(const ReglaDeCasillas& regla, const CasillaAGrabar& una) {
+QString ValorGuardado(const ReglaDeCasillas& regla, const CasillaGuardada& una) {
     const QString recortado = Recorta(una.valor).toString();
     return regla.talCual.contains(una.casilla) ? recortado : Format(recortado, u"###########0");
 }
@@ -64,7 +64,7 @@ void GrabaCabecera(Base& base, const ClaveDeclaracion& clave, const std::functio
     lugar.Escribe(std::move(cabecera));
 }
 
-void GrabaCasilla(Base& base, const ReglaDeCasillas& regla, const ClaveDeclaracion& clave, const CasillaAGrabar& una) {
+void GrabaCasilla(Base& base, const ReglaDeCasillas& regla, const ClaveDeclaracion& clave, const CasillaGuardada& una) {
     if (Recorta(una.valor).isEmpty() || clave.ruc.EstaVacio())
         return;
     const FilaDeTabla lugar(base, kTablaCasillas, clave.CondicionSinTipo() + u" AND CASILLA=?"_s,

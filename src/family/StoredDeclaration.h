@@ -22,14 +22,15 @@ inline const TablaDeDeclaracion kTablaCasillas{
 /// that has the key.
 void GrabaCabecera(Base& base, const ClaveDeclaracion& clave, const std::function<void(Registro&)>& llena);
 
-struct CasillaAGrabar {
+/// A box as table `DET` keeps it.
+struct CasillaGuardada {
     QString casilla;
     QString valor;
 };
 
 /// Writes one box of a registered declaration, adding its row or editing it. An empty value, or a declaration without
 /// declarant, writes nothing.
-void GrabaCasilla(Base& base, const ReglaDeCasillas& regla, const ClaveDeclaracion& clave, const CasillaAGrabar& una);
+void GrabaCasilla(Base& base, const ReglaDeCasillas& regla, const ClaveDeclaracion& clave, const CasillaGuardada& una);
 
 /// Deletes a declaration of that form, registered or sent as the key says, in one transaction.
 void EliminaDeclaracion(Base& base, const Formulario& formulario, const ClaveDeclaracion& clave);

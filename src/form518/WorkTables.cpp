@@ -51,8 +51,8 @@ void TablasTrabajo::Llena(const ClaveDeclaracion& clave) {
     m_base->Ejecuta(u"DELETE * FROM TMPF518PCAB"_s);
     CopiaClientes(clave);
     m_base->Ejecuta(u"DELETE * FROM TMPF518PDET"_s);
-    CopiaComprobantes(clave, u"F518PDET"_s, u"''"_s);
-    CopiaComprobantes(clave, u"F518PDETVC"_s, u"tip_cp"_s);
+    CopiaComprobantes(clave, u"F518PDET"_s);
+    CopiaComprobantes(clave, u"F518PDETVC"_s);
     m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP"_s);
     CopiaPagos(clave);
 }
@@ -76,11 +76,12 @@ void TablasTrabajo::CopiaClientes(const ClaveDeclaracion& clave) {
                     clave.Valores());
 }
 
-/// `tipoCp` stands for the type of an ordinary voucher, whose table has none.
-void TablasTrabajo::CopiaComprobantes(const ClaveDeclaracion& clave, const QString& tabla, const QString& tipoCp) {
+/// Only the table of cash sales has a column for the type.
+void TablasTrabajo::CopiaComprobantes(const ClaveDeclaracion& clave, const QString& tabla) {
     const QStringList columnas = ColumnasDe(DatosDeComprobantes());
     QStringList valores = columnas;
-    valores.replace(columnas.indexOf(ColumnaDe(DatoComprobante::TipCp)), tipoCp);
+    if (tabla != u"F518PDETVC")
+        valores.replace(columnas.indexOf(ColumnaDe(DatoComprobante::TipCp)), u"''"_s);
     m_base->Ejecuta(CopiaSql(u"TMPF518PDET"_s, columnas.join(u", "_s), valores.join(u", "_s), clave.Tabla(tabla),
                              clave.Condicion()),
                     clave.Valores());

@@ -46,7 +46,7 @@ class TablasTrabajo {
 
   private:
     void CopiaClientes(const ClaveDeclaracion& clave);
-    void CopiaComprobantes(const ClaveDeclaracion& clave, const QString& tabla, const QString& tipoCp);
+    void CopiaComprobantes(const ClaveDeclaracion& clave, const QString& tabla);
     void CopiaPagos(const ClaveDeclaracion& clave);
     void CalculaTotalesDe(const QVariant& tipoDoc, const QVariant& numero);
 

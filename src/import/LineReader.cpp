@@ -34,7 +34,7 @@ LectorLineas::Lectura LectorLineas::Siguiente() {
         const QByteArrayView resto(m_buffer.constData() + m_desde, m_hasta - m_desde);
         const qsizetype salto = resto.indexOf('\n', vistos);
         if (salto >= 0)
-            return Entrega(salto, salto + 1);
+            return Entrega(resto.first(salto), salto + 1);
         if (m_agotado)
             return EntregaResto(resto);
         if (resto.size() > kLargoMaximo + 1) // one more for the CR of a CRLF that is still to come
@@ -49,16 +49,16 @@ LectorLineas::Lectura LectorLineas::EntregaResto(QByteArrayView resto) {
     while (resto.endsWith(kFinDeArchivo))
         resto.chop(1);
     if (!resto.isEmpty())
-        return Entrega(resto.size(), largo);
+        return Entrega(resto, largo);
     m_desde += largo;
     return Lectura::Fin;
 }
 
-LectorLineas::Lectura LectorLineas::Entrega(qsizetype fin, qsizetype siguiente) {
-    m_linea = QByteArrayView(m_buffer.constData() + m_desde, fin);
+LectorLineas::Lectura LectorLineas::Entrega(QByteArrayView linea, qsizetype leidos) {
+    m_linea = linea;
     if (m_linea.endsWith('\r'))
         m_linea.chop(1);
-    m_desde += siguiente;
+    m_desde += leidos;
     return m_linea.size() > kLargoMaximo ? Lectura::DemasiadoLarga : Lectura::Linea;
 }
 

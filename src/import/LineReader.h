@@ -32,7 +32,7 @@ class LectorLineas {
     void Rellena();
     void SaltaMarca();
     [[nodiscard]] Lectura EntregaResto(QByteArrayView resto);
-    [[nodiscard]] Lectura Entrega(qsizetype fin, qsizetype siguiente);
+    [[nodiscard]] Lectura Entrega(QByteArrayView linea, qsizetype leidos);
 
     QIODevice& m_archivo;
     QByteArray m_buffer;

@@ -45,7 +45,7 @@ QString RutaSoltada(const QMimeData& datos) {
     return {};
 }
 
-bool Copia(QIODevice& origen, QIODevice& destino) {
+bool Copia(QIODevice& origen, QSaveFile& destino) {
     constexpr qint64 kTrozo = 65'536;
     while (!origen.atEnd()) {
         const QByteArray bytes = origen.read(kTrozo);

@@ -197,7 +197,7 @@ void Respaldos::ConservaLoNumerado(const QString& nueva, const QString& guardado
     QStringList copias;
     for (const Respaldo& copia : Lista())
         copias.append(copia.ruta);
-    ConservaNumeros(nueva, copias.contains(guardado) ? guardado : QString(), copias, m_formularios);
+    ConservaNumeros(nueva, {copias.contains(guardado) ? guardado : QString(), copias}, m_formularios);
 }
 
 QString Respaldos::GuardaLoQueHay() const {

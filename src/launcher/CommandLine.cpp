@@ -253,8 +253,8 @@ EntornoConsola EntornoConsola::DelSistema(const Reloj& reloj, Formularios formul
             .formularios = std::move(formularios)};
 }
 
-int EjecutaConsola(const QStringList& argumentos, QTextStream& salida, QTextStream& errores,
-                   const EntornoConsola& entorno) {
+int EjecutaConsola(const QStringList& argumentos, const SalidasConsola& salidas, const EntornoConsola& entorno) {
+    const auto& [salida, errores] = salidas;
     try {
         QCommandLineParser opciones;
         Define(opciones);

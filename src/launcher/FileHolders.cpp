@@ -16,9 +16,10 @@ namespace {
 namespace fs = std::filesystem;
 
 /// A process of somebody else, or one that has just ended, shows nothing.
-bool TieneAbierto(const fs::path& proceso, const fs::path& archivo) {
+bool TieneAbierto(const QString& proceso, const fs::path& archivo) {
+    const fs::path carpeta = fs::path("/proc") / proceso.toStdString() / "fd";
     std::error_code falla;
-    for (fs::directory_iterator abierto(proceso / "fd", falla); !falla && abierto != fs::directory_iterator();
+    for (fs::directory_iterator abierto(carpeta, falla); !falla && abierto != fs::directory_iterator();
          abierto.increment(falla)) {
         std::error_code cerrado;
         if (fs::read_symlink(abierto->path(), cerrado) == archivo)
@@ -42,7 +43,7 @@ QStringList ProgramasQueUsan(const QString& ruta) {
     const QString propio = QString::number(QCoreApplication::applicationPid());
     const fs::path archivo(real.toStdString());
     for (const QString& proceso : QDir(u"/proc"_s).entryList({u"[0-9]*"_s}, QDir::Dirs)) {
-        if (proceso != propio && TieneAbierto(fs::path("/proc") / proceso.toStdString(), archivo))
+        if (proceso != propio && TieneAbierto(proceso, archivo))
             programas.append(u"%1 (%2)"_s.arg(NombreDe(proceso), proceso));
     }
     return programas;

@@ -60,13 +60,12 @@ QList<Registro> InformesDe(const QString& ruta, const Tabla& spool) {
 
 } // namespace
 
-void ConservaNumeros(const QString& nueva, const QString& vigente, const QStringList& copias,
-                     const Formularios& formularios) {
+void ConservaNumeros(const QString& nueva, const CopiasConNumeros& copias, const Formularios& formularios) {
     const std::unique_ptr<Base> base = Base::Abre(nueva);
-    const QString ultima = vigente.isEmpty() ? copias.value(0) : vigente;
+    const QString ultima = copias.vigente.isEmpty() ? copias.todas.value(0) : copias.vigente;
     Transaccion transaccion = base->Comienza();
     for (const Formulario& formulario : formularios)
-        NumerosDeEnvio(*base, formulario).Respeta(NumerosDados(vigente, copias, formulario));
+        NumerosDeEnvio(*base, formulario).Respeta(NumerosDados(copias.vigente, copias.todas, formulario));
     for (const Registro& informe : InformesDe(ultima, base->Describe(u"SPOOL"_s))) {
         const QVariantList clave{informe.Valor(u"CodRep"), informe.Valor(u"Secuencia")};
         if (!base->Busca(u"SPOOL"_s, u"WHERE CodRep = ? AND Secuencia = ?"_s, clave))

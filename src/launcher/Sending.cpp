@@ -24,18 +24,18 @@ Veredicto Rechaza(const QString& motivo, const ClaveDeclaracion& clave) {
     return Veredicto::Critico(motivo.arg(clave.ruc.Texto(), clave.periodo.Texto()));
 }
 
-/// For each column of the target the position of the source's column of that name; -1 for one that the seal fills.
-QList<int> LugaresEn(const Tabla& origen, const Tabla& destino, const Sello& sello) {
+/// For each column of the copy the position of the source's column of that name; -1 for one that the seal fills.
+QList<int> LugaresEn(const Tabla& origen, const Registro& copia, const Sello& sello) {
     QList<int> lugares;
-    for (const Columna& columna : destino.columnas)
+    for (const Columna& columna : copia.DeTabla().columnas)
         lugares.append(sello.contains(columna.nombre.toLower()) ? -1 : origen.Indice(columna.nombre));
     return lugares;
 }
 
 void Copia(Base& base, const ClaveDeclaracion& clave, const TablaDeDeclaracion& tabla, const Sello& sello) {
     const Tabla& destino = base.Describe(u'H' + tabla.nombre);
-    const QList<int> lugares = LugaresEn(base.Describe(tabla.nombre), destino, sello);
     Registro copia(destino);
+    const QList<int> lugares = LugaresEn(base.Describe(tabla.nombre), copia, sello);
     Registros filas =
         base.Lee(u"SELECT * FROM "_s + tabla.nombre + u' ' + clave.Condicion() + u" ORDER BY rowid"_s, clave.Valores());
     while (filas.Siguiente()) {

@@ -27,7 +27,7 @@ int SinVentana(int argc, char** argv, const EntornoConsola& entorno) {
     const QCoreApplication aplicacion(argc, argv);
     QTextStream salida(stdout);
     QTextStream errores(stderr);
-    return EjecutaConsola(QCoreApplication::arguments(), salida, errores, entorno);
+    return EjecutaConsola(QCoreApplication::arguments(), {salida, errores}, entorno);
 }
 
 /// The module's own preview over a report of the list.

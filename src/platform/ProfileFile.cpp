@@ -61,7 +61,7 @@ struct Lugar {
     qsizetype finSeccion = -1;
 };
 
-Lugar Busca(const QList<Linea>& lineas, QStringView seccion, QStringView clave) {
+Lugar Busca(QStringView seccion, const QList<Linea>& lineas, QStringView clave) {
     Lugar lugar;
     for (qsizetype i = 0; i < lineas.size(); ++i) {
         if (lugar.seccion < 0) {
@@ -91,7 +91,7 @@ QByteArray FinDeLinea(const QByteArray& bytes) {
 
 QByteArray ConValor(const QByteArray& bytes, QStringView seccion, QStringView clave, QStringView valor) {
     const QList<Linea> lineas = SeparaLineas(bytes);
-    const Lugar lugar = Busca(lineas, seccion, clave);
+    const Lugar lugar = Busca(seccion, lineas, clave);
     const QByteArray fin = FinDeLinea(bytes);
     const QByteArray entrada = clave.toUtf8() + '=' + valor.toUtf8() + fin;
     if (lugar.clave >= 0) {
@@ -120,7 +120,7 @@ bool ArchivoPerfil::Existe() const {
 
 QString ArchivoPerfil::Lee(QStringView seccion, QStringView clave) const {
     const QList<Linea> lineas = SeparaLineas(LeeBytes(m_ruta));
-    const Lugar lugar = Busca(lineas, seccion, clave);
+    const Lugar lugar = Busca(seccion, lineas, clave);
     if (lugar.clave < 0)
         return {};
     const QStringView linea = lineas[lugar.clave].texto;

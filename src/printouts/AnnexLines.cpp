@@ -151,17 +151,18 @@ QString LineasAnexo::Pago(const QString& comprobante, const PagoImpreso& pago) {
     return linea;
 }
 
-QString LineasAnexo::FinDeCliente(int comprobantes, const Decimal& base, const Decimal& percepcion) {
-    QString linea = u"     "_s + QString::number(comprobantes) + u" Registros      "_s;
-    Alinea(linea, MontoConSigno(base), kFinBaseCliente);
+QString LineasAnexo::FinDeCliente(const SumasAnexo& sumas) {
+    QString linea = u"     "_s + QString::number(sumas.comprobantes) + u" Registros      "_s;
+    Alinea(linea, MontoConSigno(sumas.base), kFinBaseCliente);
     linea += u"     ";
-    Alinea(linea, MontoConSigno(percepcion), kFinPercepcionCliente);
+    Alinea(linea, MontoConSigno(sumas.percepcion), kFinPercepcionCliente);
     return linea;
 }
 
-QString LineasAnexo::Totales(const Decimal& base, const Decimal& percepcion) {
+QString LineasAnexo::Totales(const SumasAnexo& sumas) {
     const QString sangria = QString(20 + 29, u' ');
-    return u" Sub-Totales:"_s + sangria + MontoConComas(base, kAnchoTotal) + MontoConComas(percepcion, kAnchoTotal);
+    return u" Sub-Totales:"_s + sangria + MontoConComas(sumas.base, kAnchoTotal) +
+           MontoConComas(sumas.percepcion, kAnchoTotal);
 }
 
 QString MontoConComas(const Decimal& monto, int ancho) {

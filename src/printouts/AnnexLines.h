@@ -8,6 +8,13 @@
 
 namespace xa518 {
 
+/// What vouchers come to.
+struct SumasAnexo {
+    int comprobantes = 0;
+    Decimal base;
+    Decimal percepcion;
+};
+
 /// The lines of the annex. Columns end at fixed places: a text too long for its column takes from the blanks in front
 /// of the next amount, so that right edges meet.
 class LineasAnexo {
@@ -27,8 +34,8 @@ class LineasAnexo {
     /// Adds a payment voucher's columns to a voucher's; to nothing for the second and later ones, which stand under
     /// the first.
     [[nodiscard]] static QString Pago(const QString& comprobante, const PagoImpreso& pago);
-    [[nodiscard]] static QString FinDeCliente(int comprobantes, const Decimal& base, const Decimal& percepcion);
-    [[nodiscard]] static QString Totales(const Decimal& base, const Decimal& percepcion);
+    [[nodiscard]] static QString FinDeCliente(const SumasAnexo& sumas);
+    [[nodiscard]] static QString Totales(const SumasAnexo& sumas);
 
     /// A blank and as many "_" as the report is wide, or those of the legend.
     [[nodiscard]] static const QString& RayaLarga();

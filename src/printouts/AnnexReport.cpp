@@ -140,7 +140,7 @@ void InformeAnexo::Comprobante(const QString& comprobante, FilasAnexo& filas) {
 
 void InformeAnexo::FinDeCliente(const Sumas& sumas) {
     Linea(LineasAnexo::RayaLarga());
-    Linea(LineasAnexo::FinDeCliente(sumas.comprobantes, sumas.base, sumas.percepcion));
+    Linea(LineasAnexo::FinDeCliente(sumas));
     Linea(LineasAnexo::RayaLarga());
     m_total.base = m_total.base + sumas.base;
     m_total.percepcion = m_total.percepcion + sumas.percepcion;
@@ -150,7 +150,7 @@ void InformeAnexo::Cierre() {
     if (m_usadas >= kLineasAntesDelCierre)
         TerminaPagina();
     m_escritor->ImprimeLinea(LineasAnexo::RayaLarga());
-    m_escritor->ImprimeLinea(LineasAnexo::Totales(m_total.base, m_total.percepcion));
+    m_escritor->ImprimeLinea(LineasAnexo::Totales(m_total));
     m_escritor->ImprimeLinea(LineasAnexo::RayaLarga());
 }
 

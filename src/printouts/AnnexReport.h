@@ -22,11 +22,7 @@ class InformeAnexo {
     void Imprime();
 
   private:
-    struct Sumas {
-        int comprobantes = 0;
-        Decimal base;
-        Decimal percepcion;
-
+    struct Sumas : SumasAnexo {
         void Agrega(const ComprobanteImpreso& comprobante);
     };
 

@@ -36,7 +36,7 @@ class Caja : public QMessageBox {
         setWindowTitle(TituloMostrado(mensaje));
     }
 
-    QPushButton* Boton(const QString& texto, const QString& nombre, ButtonRole papel) {
+    QPushButton* Boton(QLatin1StringView nombre, const QString& texto, ButtonRole papel) {
         QPushButton* boton = addButton(texto, papel);
         boton->setObjectName(nombre);
         return boton;
@@ -67,14 +67,14 @@ class CajaPregunta final : public Caja {
 
 void AvisosEnPantalla::HazMuestra(const Mensaje& mensaje) {
     Caja caja(mensaje, u"CajaAviso"_s);
-    caja.Boton(u"&Aceptar"_s, u"CmdAceptar"_s, QMessageBox::AcceptRole);
+    caja.Boton("CmdAceptar"_L1, u"&Aceptar"_s, QMessageBox::AcceptRole);
     caja.Espera();
 }
 
 Respuesta AvisosEnPantalla::HazPregunta(const Mensaje& mensaje, Respuesta preseleccionada) {
     CajaPregunta caja(mensaje, u"CajaPregunta"_s);
-    QPushButton* si = caja.Boton(u"&Sí"_s, u"CmdSi"_s, QMessageBox::YesRole);
-    QPushButton* no = caja.Boton(u"&No"_s, u"CmdNo"_s, QMessageBox::NoRole);
+    QPushButton* si = caja.Boton("CmdSi"_L1, u"&Sí"_s, QMessageBox::YesRole);
+    QPushButton* no = caja.Boton("CmdNo"_L1, u"&No"_s, QMessageBox::NoRole);
     caja.setDefaultButton(preseleccionada == Respuesta::Si ? si : no);
     caja.Espera();
     return caja.clickedButton() == si ? Respuesta::Si : Respuesta::No;

@@ -72,12 +72,12 @@ BarradeEstadoQMD::BarradeEstadoQMD(QWidget* padre)
     m_mensaje->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     addWidget(m_mensaje, 2);
     addPermanentWidget(m_nombre, 3);
-    AgregaPanelFijo(*m_ruc, u"PanelRuc"_s, u"RUC: "_s, 11);
-    AgregaPanelFijo(*m_periodo, u"PanelPeriodo"_s, u"Período: "_s, 7);
-    AgregaPanelFijo(*m_formulario, u"PanelFormulario"_s, u"Formulario: "_s, 4);
+    AgregaPanelFijo(*m_ruc, "PanelRuc"_L1, u"RUC: "_s, 11);
+    AgregaPanelFijo(*m_periodo, "PanelPeriodo"_L1, u"Período: "_s, 7);
+    AgregaPanelFijo(*m_formulario, "PanelFormulario"_L1, u"Formulario: "_s, 4);
 }
 
-void BarradeEstadoQMD::AgregaPanelFijo(EtiquetaRecortada& panel, const QString& nombre, const QString& rotulo,
+void BarradeEstadoQMD::AgregaPanelFijo(EtiquetaRecortada& panel, QLatin1StringView nombre, const QString& rotulo,
                                        int caracteres) {
     panel.setObjectName(nombre);
     panel.PonRotulo(rotulo);

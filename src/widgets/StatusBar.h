@@ -33,7 +33,7 @@ class BarradeEstadoQMD : public QStatusBar {
     void Limpia(const QString& formulario);
 
   private:
-    void AgregaPanelFijo(EtiquetaRecortada& panel, const QString& nombre, const QString& rotulo, int caracteres);
+    void AgregaPanelFijo(EtiquetaRecortada& panel, QLatin1StringView nombre, const QString& rotulo, int caracteres);
 
     EtiquetaRecortada* m_mensaje;
     EtiquetaRecortada* m_nombre;

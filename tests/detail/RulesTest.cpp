@@ -111,12 +111,12 @@ TEST(PerceptionRate, ClassOfEachBandAndAnswer) {
 }
 
 TEST(PerceptionRate, RoundsTwice) {
-    EXPECT_EQ(Percepcion(u"100.25"_s, u"0.02"_s), u"2.01"_s);
-    EXPECT_EQ(Percepcion(u"10.10"_s, u"0.00505"_s), u"0.05"_s);
-    EXPECT_EQ(Percepcion(u"1.23"_s, u"0.00405"_s), u"0.01"_s);
-    EXPECT_EQ(Percepcion({}, u"0.02"_s), u" "_s);
-    EXPECT_EQ(Percepcion(u"100"_s, u"0.02 or so"_s), u"2.00"_s);
-    EXPECT_THROW((void)Percepcion(u"999999999999.99"_s, u"99999999"_s), Desbordamiento);
+    EXPECT_EQ(Percepcion(u"100.25"_s, {u"0.02"_s, {}}), u"2.01"_s);
+    EXPECT_EQ(Percepcion(u"10.10"_s, {u"0.00505"_s, {}}), u"0.05"_s);
+    EXPECT_EQ(Percepcion(u"1.23"_s, {u"0.00405"_s, {}}), u"0.01"_s);
+    EXPECT_EQ(Percepcion({}, {u"0.02"_s, {}}), u" "_s);
+    EXPECT_EQ(Percepcion(u"100"_s, {u"0.02 or so"_s, {}}), u"2.00"_s);
+    EXPECT_THROW((void)Percepcion(u"999999999999.99"_s, {u"99999999"_s, {}}), Desbordamiento);
     EXPECT_EQ(LimitaMonto(u"1000000000000"_s), u"999999999999.99"_s);
 }
 

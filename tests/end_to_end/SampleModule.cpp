@@ -23,7 +23,7 @@ void ModuloDeMuestra::SetUp() {
 
 void ModuloDeMuestra::Consola(const QStringList& orden) {
     QTextStream errores(&fallas);
-    (void)EjecutaConsola(QStringList{u"consola"_s} + orden, nada, errores, entorno);
+    (void)EjecutaConsola(QStringList{u"consola"_s} + orden, {nada, errores}, entorno);
 }
 
 void ModuloDeMuestra::Lote(const QStringList& orden) {

@@ -11,7 +11,7 @@ TEST_F(OfferedDeclarantsTest, AreAllOrOnesOwnAndOfAnyLengthByDefault) {
     m_base->Ejecuta(u"INSERT INTO CONT VALUES (6,'20555123451','B','AUX',1), (6,'20123456','A','AUX',2), "
                     "(6,'20444123450','C','O''X',2), (1,'10101010','D','AUX',2)"_s);
     const auto elegibles = [this](const QString& formulario, const QString& usuario) {
-        const ConsultaSql consulta = SqlDeclarantes(*m_base, formulario, usuario);
+        const ConsultaSql consulta = SqlDeclarantes(*m_base, {formulario, usuario});
         return Lista(u"SELECT Doc_id_d FROM ("_s + consulta.texto + u")"_s,
                      {consulta.valores.begin(), consulta.valores.end()});
     };

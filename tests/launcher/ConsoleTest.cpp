@@ -28,7 +28,7 @@ class Console : public testing::Test {
         errores.clear();
         QTextStream flujoSalida(&salida);
         QTextStream flujoErrores(&errores);
-        return EjecutaConsola(QStringList{u"consola"_s} + argumentos, flujoSalida, flujoErrores,
+        return EjecutaConsola(QStringList{u"consola"_s} + argumentos, {flujoSalida, flujoErrores},
                               {reloj, rutaIni, carpeta, u"CONTADOR"_s, {Formulario0518()}});
     }
     QString RutaBase() const { return carpeta + u"/XA000.DB"_s; }

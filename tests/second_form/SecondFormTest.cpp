@@ -67,8 +67,8 @@ class SecondForm : public testing::Test {
     void Graba() {
         GrabaCabecera(*proceso.baseDatos, clave,
                       [](Registro& cabecera) { cabecera.Pon(u"estado", 0).Pon(u"rectifica", u"0"_s); });
-        const QList<CasillaAGrabar> casillas{{u"110"_s, u"007.4"_s}, {u"120"_s, u"007.4"_s}, {u"130"_s, u"5"_s}};
-        for (const CasillaAGrabar& una : casillas)
+        const QList<CasillaGuardada> casillas{{u"110"_s, u"007.4"_s}, {u"120"_s, u"007.4"_s}, {u"130"_s, u"5"_s}};
+        for (const CasillaGuardada& una : casillas)
             GrabaCasilla(*proceso.baseDatos, propio.casillas, clave, una);
         for (const TablaDeDeclaracion& tabla : propio.tablas.sliced(2)) {
             Registro fila(proceso.baseDatos->Describe(tabla.nombre));
