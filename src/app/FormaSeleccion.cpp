@@ -92,7 +92,8 @@ DeclaracionElegida FormaSeleccion::Elegida(int fila) const {
             .nombre = Celda(fila, ColumnaDeLista::Nombre)};
 }
 
-/// An error of the engine ends the command without a word, with the list as it was: wanted.
+/// An error of the engine ends the command without a word, with the list as it was: wanted, the user may
+/// just press again.
 void FormaSeleccion::Actua() {
     RelojDeArena reloj;
     if (m_datos->rowCount() == 0)

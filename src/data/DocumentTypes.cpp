@@ -12,7 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Stands in for a missing row of the RUC. Its column 130 says "0", a maximum, so it adds no length filter. Wanted.
+/// Stands in for a missing row of the RUC. Its column 130 says "0", a maximum, so it adds no length filter. Wanted:
+/// an incomplete catalogue hides no declarant.
 const QString& FilaRucPorDefecto() {
     static const QString fila = u"REG. UNICO DE CONTRIBUYENTES   RUC           11 000110 01 000001000001100111011111"
                                 "                                           0 5 0"_s;

@@ -10,7 +10,8 @@ class Base;
 void MuestraTotalesDeCarga(Base& base, Declaracion& declaracion);
 
 /// The totals and the count after every refresh of the grid, which also fill box 401 and start its arithmetic. A sum of
-/// 0 shows as the empty text here, and then boxes 401, 502 and 503 leave no row at the save. Wanted.
+/// 0 shows as the empty text here, and then boxes 401, 502 and 503 leave no row at the save. Wanted: a box that
+/// is empty has no row.
 void RefrescaTotales(Base& base, Declaracion& declaracion);
 
 } // namespace xa518

@@ -41,7 +41,8 @@ struct Regla {
     QString linea;
 };
 
-/// The first two differ by a word and by the emptiness of box 405: both texts are wanted as they are.
+/// The first two differ by a word and by the emptiness of box 405: both texts are wanted as
+/// they are, since help desks tell the two cases by them.
 const std::array<Regla, 6>& Reglas() {
     static const std::array<Regla, 6> reglas = {{
         {[](const Declaracion& d) { return !Vacia(d, 405) && Vacia(d, 410) && !Vacia(d, 401); },

@@ -16,7 +16,8 @@ namespace xa518 {
 /// The detail isn't looked at: it was checked when it was entered.
 [[nodiscard]] QStringList Inconsistencias(const Declaracion& declaracion);
 
-/// What the validation says when nothing is wrong. With the exclamation icon, wanted, even after a warning.
+/// What the validation says when nothing is wrong. With the exclamation icon, even after a warning:
+/// wanted, it is known so.
 [[nodiscard]] Mensaje SinInconsistencias();
 
 /// The file that holds the lines of the last validation.

@@ -22,7 +22,8 @@ enum class MomentoOrden { Boton, Cierre };
 [[nodiscard]] VeredictoDeclaracion ValidaNumeroDeOrden(const NumeroDeOrden& orden, MomentoOrden momento);
 
 /// Stores the number, without its check digits, in the head of the sent copy, and returns what the user is told. A copy
-/// that no longer exists changes nothing, and the message is the same. Wanted.
+/// that no longer exists changes nothing, and the message is the same. Wanted: there is nothing left for the user to
+/// do.
 [[nodiscard]] Mensaje RegistraNumeroDeOrden(Base& base, const ClaveDeclaracion& clave, const QString& numero);
 
 } // namespace xa518

@@ -113,7 +113,7 @@ QList<Mensaje> MensajesDe(const Declaracion& declaracion, int estado) {
     QList<Mensaje> mensajes;
     if (const std::optional<Mensaje> aviso = AvisoDeImporte(declaracion))
         mensajes.append(*aviso);
-    // The slips of the first text and the exclamation icon of the second are wanted.
+    // The slips of the first text and the exclamation icon of the second are wanted: users and manuals know them so.
     const QString texto = estado == 9 ? u"La infomación de la declaración fue grabada con inconsistencias. En estas "
                                         "condiciones no podra ser enviada a ZOLMA."_s
                                       : u"Toda la información de la declaración fue grabada satisfactoriamente."_s;

@@ -39,10 +39,11 @@ struct Identificacion {
                                                                   const QDate& hoy);
 
 /// What a change of page asks first of a new declaration: a declarant and a whole period. The other wording of the same
-/// faults is `ValidaContForm1`'s. Wanted, both.
+/// faults is `ValidaContForm1`'s. Wanted, both: each is known by where it is said.
 [[nodiscard]] VeredictoDeclaracion ValidaClaveElegida(const Identificacion& identificacion);
 
-/// A declarant with a RUC of the old form, eight characters, can be chosen but not saved. By length alone. Wanted.
+/// A declarant with a RUC of the old form, eight characters, can be chosen but not saved. By length alone: wanted,
+/// its digits were looked at when it was registered.
 [[nodiscard]] VeredictoDeclaracion RechazaRucDeOcho(const Ruc& ruc);
 
 } // namespace xa518

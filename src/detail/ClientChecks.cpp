@@ -12,7 +12,7 @@ namespace {
 constexpr auto kNumero = CampoCliente::NumDoc;
 constexpr int kLargoDni = 8;
 
-/// Only code "01" is held to eight digits: wanted.
+/// Only code "01" is held to eight digits: wanted, other documents are as long as their type's row says.
 VeredictoCliente ValidaDni(const DatosCliente& datos) {
     return VeredictoCliente::CriticoSi(datos.codigo == u"01" && datos.numero.size() != kLargoDni,
                                        u"El DNI o LE debe ser de 8 digitos."_s, kNumero);

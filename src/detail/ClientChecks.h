@@ -36,8 +36,8 @@ struct DatosCliente {
 /// The checks before a client is stored, up to its names.
 [[nodiscard]] VeredictoCliente ValidaParaAceptar(const DatosCliente& datos, const Ruc& docDeclarante);
 
-/// The checks before its first voucher. The eight digits of a DNI come last here: wanted. `yaRegistrado` is asked in
-/// its turn, after the number.
+/// The checks before its first voucher. The eight digits of a DNI come last here: wanted, of two
+/// faults the user hears the same one as always. `yaRegistrado` is asked in its turn, after the number.
 [[nodiscard]] VeredictoCliente ValidaParaComprobante(const DatosCliente& datos, const Ruc& docDeclarante,
                                                      const std::function<bool()>& yaRegistrado);
 
@@ -46,7 +46,8 @@ struct DatosCliente {
 [[nodiscard]] VeredictoCliente ValidaAlTeclear(const DatosCliente& datos, const Ruc& docDeclarante,
                                                const std::function<bool()>& yaRegistrado);
 
-/// The refusal of a client that has its row already. The words speak of the agent: wanted.
+/// The refusal of a client that has its row already. The words speak of the agent, whose client it is: wanted, they are
+/// known so.
 [[nodiscard]] VeredictoCliente ClienteRegistrado(const DatosCliente& datos);
 
 } // namespace xa518

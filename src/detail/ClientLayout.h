@@ -15,7 +15,7 @@ struct TipoDocumento;
 enum class Disposicion { Empresa, Persona };
 
 /// The layout after a document type was picked. A RUC that begins with neither "10" nor "20" counts as a company's
-/// here and as a person's while its number is typed. Wanted.
+/// here and as a person's while its number is typed. Wanted: the first two digits settle it, and typing goes on.
 [[nodiscard]] Disposicion AlElegirTipo(const DatosCliente& datos);
 
 /// The layout after a key in the number; nothing while it is too short to tell, and then the layout stays.
@@ -47,12 +47,13 @@ struct ReglaDeNumero {
 [[nodiscard]] ReglaDeNumero ReglaDe(QStringView item);
 
 /// The key filter of `TxtNumDoc`: upper case; digits only, or digits and letters. Wanted: the flag is read here the
-/// other way round than where whole numbers are checked.
+/// other way round than where whole numbers are checked, as the family's dialogs read it.
 [[nodiscard]] int FiltraTeclaDocumento(int tecla, const ReglaDeNumero& regla);
 /// Which keys it lets pass, in words.
 [[nodiscard]] QString TeclasDeDocumento(const ReglaDeNumero& regla);
 
-/// A client's totals as its row keeps them. An amount of sixteen characters or more loses its decimals. Wanted.
+/// A client's totals as its row keeps them. An amount of sixteen characters or more loses its decimals. Wanted: it
+/// keeps to its field.
 [[nodiscard]] TotalesCliente TotalesDe(int comprobantes, const QString& base, const QString& percepcion);
 
 } // namespace xa518

@@ -25,7 +25,8 @@ int Campo(ColumnaComprobante columna) {
     return static_cast<int>(columna);
 }
 
-/// Wanted: the mask goes to the amount charged and the rate; the perception shows as it is stored.
+/// Wanted: the mask goes to the amount charged and the rate; the perception shows as it is stored, since
+/// it has been rounded twice and no mask may round it again.
 QList<ColumnaDeGrilla> Columnas() {
     const auto columna = [](const QString& titulo, ColumnaComprobante campo, const QString& mascara = {}) {
         const bool derecha = campo >= ColumnaComprobante::Base;

@@ -295,7 +295,8 @@ void FrmDetAgePer::Deshabilita_Percepcion() {
     m_ui->PreguntasDeTasa->FijaCredito();
 }
 
-/// It can no longer become a cash sale. Wanted: also when no payment voucher was entered.
+/// It can no longer become a cash sale. Wanted: also when no payment voucher was entered, since its dialog
+/// opened for this kind.
 void FrmDetAgePer::FijaClase() {
     m_ui->PreguntaDeContado->Bloquea();
     m_ui->PreguntasDeTasa->FijaMedioDePago();

@@ -78,7 +78,7 @@ QString LimitaMonto(const QString& monto) {
 
 QString Percepcion(const QString& monto, const FilaTasa& fila) {
     if (monto.isEmpty())
-        return u" "_s; // one blank, not the empty text: wanted
+        return u" "_s; // one blank, not the empty text: wanted, it is no amount of 0
     const Decimal cobrado = Decimal::Valor(Format(monto, kDosDecimales));
     return Format(Importe::De(cobrado * Decimal::Valor(fila.factor)), kDosDecimales);
 }

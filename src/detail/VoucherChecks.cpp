@@ -49,7 +49,7 @@ bool EmpiezaBien(QStringView serie) {
     return !serie.isEmpty() && (EsLetra(serie.front()) || EsDigito(serie.front()));
 }
 
-/// The blank that this text lacks after the date stands in the payment voucher's. Wanted.
+/// The blank that this text lacks after the date stands in the payment voucher's. Wanted: both are quoted so.
 QString SoloLetrasODigitos(const QString& separador) {
     return u"Desde el 2010/07/19"_s + separador +
            u"sólo se permite letras o dígitos en la primera posición del número de serie"_s;
@@ -98,7 +98,8 @@ VeredictoComprobante ValidaSerieDePago(const DatosPago& datos) {
     const QStringView recortada = Recorta(datos.serie);
     return Primero(
         [&] { return CriticoSi(AdmiteLetras(datos.tipo) && !soloLetrasYDigitos, texto, CampoComprobante::Serie); },
-        // Padding leaves a series with letters alone, so that "A12" ends here. Wanted.
+        // Padding leaves a series with letters alone, so that "A12" ends here. Wanted: only its
+        // owner knows where the zero goes.
         [&] { return CriticoSi(recortada.size() != kLargoSerie, texto, CampoComprobante::Serie); },
         [&] { return CriticoSi(!nueva && !soloLetrasYDigitos, texto, CampoComprobante::Serie); },
         [&] {

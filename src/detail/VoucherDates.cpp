@@ -59,8 +59,8 @@ std::optional<VeredictoComprobante> ValidaFechaOrigen(const QString& fecha, Peri
                                                       const Confirmacion& confirma) {
     const Periodo mes = Periodo::DeFecha(fecha).value_or(Periodo());
     if (mes > declarado)
-        return RechazaFecha(
-            u"La fecha de emisión del comprobante de pago no es válido cuando es posterior al período "_s + // wanted so
+        return RechazaFecha( // "válido" is the system's text, to the letter
+            u"La fecha de emisión del comprobante de pago no es válido cuando es posterior al período "_s +
             declarado.EnPantalla());
     const Mensaje pregunta{
         Icono::Pregunta, u"La fecha del comprobante de pago es anterior al 01/01/2005. ¿Desea continuar?"_s, {}};

@@ -26,7 +26,7 @@ using VeredictoComprobante = VeredictoDe<CampoComprobante>;
 [[nodiscard]] VeredictoComprobante ValidaFechaEscrita(const QString& fecha);
 
 /// `ValidaFecha` of a perception voucher, of a complete date: issued in the declared month and not after today. The
-/// refusal by the clock names no field, so that the focus stays where it is: wanted.
+/// refusal by the clock names no field, so that the focus stays where it is: wanted, today may be at fault.
 [[nodiscard]] VeredictoComprobante ValidaFecha(const QString& fecha, Periodo declarado, const QDate& hoy);
 
 /// `ValidaFechaOrigen` of a payment voucher, of a complete date, which may be older than the declared month. `confirma`

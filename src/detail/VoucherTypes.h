@@ -14,8 +14,8 @@ class Base;
 /// `CargaTipoCP`: the types of a cash sale. A credit note can't be one.
 [[nodiscard]] QStringList TiposDeContado(Base& base);
 
-/// `CargaTipoDoc`: with tax credit (`lblTipo` "1" or "2", which act alike: wanted) only the four types that give it,
-/// without it all but the invoice, the credit note included: wanted.
+/// `CargaTipoDoc`: with tax credit (`lblTipo` "1" or "2", which act alike: wanted, both give it) only the four types
+/// that give it, without it all but the invoice, the credit note included: wanted, it corrects any of the others.
 [[nodiscard]] QStringList TiposDePago(Base& base, const QString& lblTipo);
 
 /// The code of an item: its first two characters, trimmed.
@@ -43,13 +43,14 @@ struct MontoDePago {
 [[nodiscard]] QString LimitaMontoDePago(QStringView tipo, const QString& monto);
 
 /// The amount as it is stored. A credit note is typed positive and stored negative, through one mask when it is added
-/// and another when it is edited: wanted.
+/// and another when it is edited: wanted, the checksum is taken over the letters.
 [[nodiscard]] QString MontoGuardado(QStringView tipo, const QString& monto, bool esAlta);
 
 /// The stored amount as it is edited.
 [[nodiscard]] QString MontoEditado(QStringView tipo, const QString& guardado);
 
-/// The stored amount as the grid shows it: anything but a positive value, zero too, prints in parentheses. Wanted.
+/// The stored amount as the grid shows it: anything but a positive value, zero too, prints in parentheses. Wanted: a
+/// row that adds nothing stands out.
 [[nodiscard]] QString MontoEnGrilla(const QString& guardado);
 
 } // namespace xa518

@@ -54,7 +54,7 @@ void frmPerDet::PreparaCampos() {
     for (QLineEdit* campo : QList<QLineEdit*>{&numero, m_ui->MkeFecEmis, m_ui->TxtMtoDet})
         EntrarComoTab(*campo);
     for (QLineEdit* campo : QList<QLineEdit*>{&serie, &numero, m_ui->TxtMtoDet})
-        AlTeclear(*campo, marca); // the date alone is no change: wanted
+        AlTeclear(*campo, marca); // the date alone is no change: wanted, it is checked when it is left
     for (QLineEdit* campo : QList<QLineEdit*>{&serie, &numero, m_ui->MkeFecEmis, m_ui->TxtMtoDet})
         SinPegar(*campo);
     AlSalir(*m_ui->MkeFecEmis, [this] { return AlDejarFecha(); });

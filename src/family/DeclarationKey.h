@@ -22,7 +22,8 @@ struct ClaveDeclaracion {
 
     /// "WHERE TIP_DOC_D=6 AND DOC_ID_D=? ..." with `correl` for a sent copy.
     [[nodiscard]] QString Condicion() const;
-    /// The same without `TIP_DOC_D`: the queries of the boxes and of the payment vouchers don't name it, wanted so.
+    /// The same without `TIP_DOC_D`: the queries of the boxes and of the payment vouchers don't name it:
+    /// wanted, rows under another type of that number are found too.
     [[nodiscard]] QString CondicionSinTipo() const;
     /// The values for either condition.
     [[nodiscard]] QVariantList Valores() const;

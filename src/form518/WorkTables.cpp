@@ -129,7 +129,7 @@ void TablasTrabajo::CalculaTotales() {
         while (clientes.Siguiente())
             CalculaTotalesDe(clientes.Valor(tipo), clientes.Valor(numero));
     }
-    // Wanted: the family's programs open an empty set on each table after a rewrite; it costs nothing.
+    // Wanted: the family's programs open an empty set on each table after a rewrite, which finds a lost one.
     const Registros vacia = m_base->Lee(u"SELECT * FROM F518PDET WHERE doc_id_d='0'"_s);
     transaccion.Confirma();
 }

@@ -20,7 +20,7 @@ Codigo CompruebaRuc(const QString& campo, const ContextoImportacion& contexto) {
     return ObjetoUtil::ValidaRUC(campo) ? kAceptado : "0001"_L1;
 }
 
-/// Wanted: an empty number passes for the types that have no fixed length.
+/// Wanted: an empty number passes for the types that have no fixed length: only that can be missed.
 Codigo CompruebaOtroDoc(const QString& campo, bool esDni) {
     const bool cabe = esDni ? campo.size() == kLargoDni : campo.size() <= kLargoOtroDoc;
     return cabe && !EsNumericoCero(campo) ? kAceptado : "0010"_L1;
@@ -78,7 +78,7 @@ Codigo CompruebaApellidoMaterno(QString& campo, LineaComprobada& linea, const Co
     return campo.size() > kLargoNombre ? "0889"_L1 : LimpiaNombre(campo);
 }
 
-/// Wanted: unlike a surname, the first names are cut without a word.
+/// Wanted: unlike a surname, the first names are cut without a word, as the full name is.
 Codigo CompruebaNombres(QString& campo, LineaComprobada& linea, const ContextoImportacion& /*contexto*/) {
     if (linea.clienteEsEmpresa)
         return SoloDePersona(campo);

@@ -69,7 +69,8 @@ void LogImportacion::Anota(const Escritura& escritura) {
     }
 }
 
-/// Wanted: a code without a row in `ERROR` gets the general text and a shorter key, even when its text is fixed here.
+/// Wanted: a code without a row in `ERROR` gets the general text and a shorter key, even when its text is fixed
+/// here: the list says what the table says.
 QString LogImportacion::LineaDeLista(const QString& clave, Codigo codigo) const {
     Registros fila = m_base->Lee(u"SELECT DescError FROM ERROR WHERE CodError=?"_s, {QString(codigo)});
     if (!fila.Siguiente())

@@ -145,14 +145,14 @@ void Transferencia::ImportaLinea(QByteArrayView bytes, Almacen& almacen) {
         return Rechaza(bytes, refutacion);
     ++m_resultado.transferidos;
     for (const Codigo objecion : almacen.Guarda(m_linea)) {
-        // Wanted: only a duplicate key takes the line back from the transferred ones.
+        // Wanted: only a duplicate key takes the line back from the transferred ones; see `ResultadoImportacion`.
         if (objecion == kClaveDuplicada)
             --m_resultado.transferidos;
         Rechaza(bytes, {objecion});
     }
 }
 
-/// Wanted: no refusal ends the run, however many there are and whatever becomes of the logs.
+/// Wanted: no refusal ends the run, however many there are and whatever becomes of the logs: one run shows all faults.
 void Transferencia::Rechaza(QByteArrayView bytes, const Refutacion& refutacion) {
     ++m_resultado.rechazados;
     if (!m_opciones.prueba)

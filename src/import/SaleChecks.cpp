@@ -22,7 +22,7 @@ Codigo CompruebaRuc(const QString& campo, bool cabe, const ContextoImportacion& 
     return cabe && ObjetoUtil::ValidaRUC(campo) ? kAceptado : "0001"_L1;
 }
 
-/// Wanted: a credit note can't be a cash-sale voucher, whatever the catalogue says.
+/// Wanted: a credit note can't be a cash-sale voucher, whatever the catalogue says, since it sells nothing.
 bool EsTipoDeVenta(const QString& tipo, const LineaComprobada& linea, const ContextoImportacion& contexto) {
     if (tipo == u"07" || !contexto.ventas.comprobantes.contains(tipo, Qt::CaseInsensitive))
         return false;

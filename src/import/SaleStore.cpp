@@ -13,7 +13,8 @@ constexpr Codigo kRegistroDuplicado{"0871"};
 AlmacenVentas::AlmacenVentas(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv)
     : m_clientes(base), m_comprobantes(base), m_tasas(base, periodoDeclarado, fechaPrimerIgv) {}
 
-/// Wanted: a voucher that is there is a duplicate even when date or amount differ, and its client has been added.
+/// Wanted: a voucher that is there is a duplicate even when date or amount differ, since its key stands in the
+/// table; and its client has been added.
 Objeciones AlmacenVentas::Guarda(const LineaComprobada& linea) {
     Objeciones objeciones;
     if (const ClaveCliente cliente = ClienteDe(linea); !m_clientes.Existe(cliente))

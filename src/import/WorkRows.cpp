@@ -14,7 +14,8 @@ namespace {
 const QString kSinTexto = u" "_s;
 const QString kSinRespuesta = u"9"_s;
 
-/// First names, mother's surname, father's: wanted so, though elsewhere a person's name begins with the father's.
+/// First names, mother's surname, father's: wanted, though elsewhere a person's name begins with the father's: the save
+/// stores the parts alone.
 QString NombreCompleto(const LineaComprobada& linea) {
     const QString nombre =
         linea[Campo::Nombres] + u' ' + linea[Campo::ApellidoMaterno] + u' ' + linea[Campo::ApellidoPaterno];

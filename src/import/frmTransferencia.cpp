@@ -253,7 +253,7 @@ void frmTransferencia::CuentaElFin(const ResultadoImportacion& resultado, bool p
     if (prueba || !conRechazos)
         return m_avisos.Muestra(*resultado.mensaje);
     const bool muestra = m_avisos.Pregunta(*resultado.mensaje, Respuesta::No) == Respuesta::Si;
-    // Wanted: the report is built in both answers.
+    // Wanted: the report is built in both answers, so that the launcher has it for who wants it later.
     if (m_entorno.reporte && !resultado.rutaErr.isEmpty())
         m_entorno.reporte(*this, resultado.rutaErr, muestra);
 }

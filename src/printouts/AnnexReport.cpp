@@ -75,7 +75,7 @@ void InformeAnexo::Imprime() {
     Leyenda();
 }
 
-/// The code "F51801" is printed though the report is registered as PER007. Wanted.
+/// The code "F51801" is printed though the report is registered as PER007. Wanted: that is the sheet's own code.
 QStringList InformeAnexo::LineasFijas() const {
     const QString& raya = LineasAnexo::RayaLarga();
     const QString declarante = u"DECLARANTE   : "_s + m_datos->clave.ruc.Texto() + u"  "_s + m_datos->nombreDeclarante;

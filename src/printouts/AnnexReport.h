@@ -16,7 +16,8 @@ class InformeAnexo {
   public:
     InformeAnexo(Base& base, const Reloj& reloj, const DatosDeclaracion& datos, EscritorInforme& escritor);
 
-    /// An estimate, told by the head before the first page is made. Wanted: the pages made may be more or fewer.
+    /// An estimate, told by the head before the first page is made. Wanted: the pages made may be
+    /// more or fewer, and counting them would mean making the annex twice.
     [[nodiscard]] static int TotalPaginas(Base& base, const ClaveDeclaracion& clave);
 
     void Imprime();

@@ -81,7 +81,8 @@ void InformeDeclaracion::FilaRectifica() {
 }
 
 /// The cheque's number is stored as one blank for a payment in cash, so it counts trimmed; the amount in cash as it is.
-/// Box 015 is printed for the bank, box 012 isn't for the cheque. Wanted.
+/// Box 015 is printed for the bank, box 012 isn't for the cheque. Wanted: the sheet
+/// stays as it is known.
 void InformeDeclaracion::FilasDePago() {
     m_posY += kAltoFila;
     TextoEnFila(kXRotulo, u"FORMA DE PAGO"_s);

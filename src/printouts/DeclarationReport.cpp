@@ -22,7 +22,7 @@ struct Rotulo {
     bool negrita = false;
 };
 
-// "518" without its zero, and the blank line under the title, are wanted.
+// "518" without its zero, and the blank line under the title: wanted, the sheet stays as it is known.
 constexpr Rotulo kRotulos[] = {
     {380, 350, u"ZOLMA", 16, true},
     {360, 750, u"DECLARACION"},

@@ -14,8 +14,8 @@ class InformeDeclaracion {
     InformeDeclaracion(Base& base, const DatosDeclaracion& datos, EscritorInforme& escritor)
         : m_base(&base), m_datos(&datos), m_escritor(&escritor) {}
 
-    /// The pages that the print-out takes, twenty clients to a page. A list of exactly twenty takes a second one, for
-    /// its total. Wanted.
+    /// The pages that the print-out takes, twenty clients to a page. A list of exactly twenty takes a second one:
+    /// wanted, its total stands there.
     [[nodiscard]] static int TotalPaginas(const DatosDeclaracion& datos);
 
     void Imprime();

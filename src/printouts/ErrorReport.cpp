@@ -18,10 +18,10 @@ namespace {
 
 constexpr int kAnchoErrores = 104;
 constexpr int kAnchoContribuyente = 110;
-constexpr int kColumnaCodigo = 101; ///< its six characters end past the width, wanted so
+constexpr int kColumnaCodigo = 101; ///< its six characters end past the width: wanted, the paper is wider
 constexpr int kErroresPorPagina = 69;
 
-/// Rules of 91 in the page and of 89 around the total are wanted.
+/// Rules of 91 in the page and of 89 around the total: wanted, the sheet stays as it is known.
 constexpr int kRaya = 91;
 constexpr int kRayaTotal = 89;
 

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kTipoRuc = 6;
 
-/// The width of every report when it begins; the annex widens it. Wanted so.
+/// The width of every report when it begins; the annex widens it.
 constexpr int kAnchoInicial = 104;
 
 void EncabezaDeclaracion(const PedidoDeclaracion& pedido, int hojas, EscritorInforme& escritor) {

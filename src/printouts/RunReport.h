@@ -41,7 +41,8 @@ struct InformesEmitidos {
 /// What a print-out is called as a document.
 [[nodiscard]] QString TituloDe(const ClaveDeclaracion& clave, bool anexo);
 
-/// The pages that the dialog of the page range tells: what the head says, and for an annex one more. Wanted.
+/// The pages that the dialog of the page range tells: what the head says, and for an annex one more. Wanted: its
+/// head tells an estimate, and the last page must not be left out.
 [[nodiscard]] int HojasDeImpresion(const PedidoDeclaracion& pedido, int hojas);
 
 } // namespace xa518

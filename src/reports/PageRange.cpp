@@ -13,7 +13,8 @@ namespace {
 constexpr int kHojasConRango = 16;
 constexpr int kRetroceso = 8;
 
-/// The leading digits: a blank or a point, which the fields let through, ends them, and none count as 0. Wanted.
+/// The leading digits: a blank or a point, which the fields let through, ends them, and none count as 0. Wanted:
+/// the range begins at 1, so that 0 is refused with words.
 int NumeroDePagina(const QString& texto) {
     constexpr int kTope = 1'000'000'000;
     qint64 pagina = 0;
@@ -41,7 +42,7 @@ VeredictoRango ValidaRango(const QString& desde, const QString& hasta, int total
                                        CampoRango::Desde);
     if (hasta.isEmpty())
         return VeredictoRango::Critico(u"Ingrese página de Fin."_s, CampoRango::Hasta);
-    if (NumeroDePagina(hasta) < NumeroDePagina(desde)) // said the wrong way around, wanted so
+    if (NumeroDePagina(hasta) < NumeroDePagina(desde)) // said the wrong way around: wanted, known so
         return VeredictoRango::Critico(u"Página de Inicio debe ser mayor a página de Fin."_s, CampoRango::Hasta);
     return Veredicto::Bien();
 }

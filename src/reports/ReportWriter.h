@@ -18,7 +18,8 @@ class EscritorInforme {
 
     /// The next running line: font size 8, not bold, 175 twips under the line before. It counts towards the page.
     void ImprimeLinea(const QString& texto);
-    /// A tag among the running lines: it counts as one on every page and is written on the first alone, wanted so.
+    /// A tag among the running lines: it counts as one on every page and is written on the first alone: wanted,
+    /// the pages turn where they always did.
     void ImprimeEtiqueta(const Etiqueta& etiqueta);
     /// A tag ahead of the report: it counts as nothing.
     void Encabeza(const Etiqueta& etiqueta) { m_destino->Recibe(etiqueta); }

@@ -28,7 +28,7 @@ struct ColorPagina {
 
 /// What the tags of a report say.
 struct CabeceraInforme {
-    QString fuente; ///< read, but texts are always shown in "Courier New", wanted so
+    QString fuente; ///< read, but texts always show in "Courier New": wanted, columns are reckoned in it
     int hojas = 0;
     bool apaisado = false;
     ColorPagina color;

@@ -52,7 +52,8 @@ frmPreview::frmPreview(EntornoInformes entorno, ReportePedido pedido, QWidget* p
 
 frmPreview::~frmPreview() = default;
 
-/// An error ends the load and leaves the form as far as it got, without a word: wanted.
+/// An error ends the load and leaves the form as far as it got, without a word: wanted, what was read can be
+/// looked at and printed.
 void frmPreview::Lee() {
     const QString ruta = RutaDeInforme(m_entorno.rutaRPT, m_pedido.archivo);
     if (const Veredicto veredicto = ValidaArchivoInforme(ruta); !veredicto) {

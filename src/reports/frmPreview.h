@@ -24,7 +24,7 @@ class frmPreview final : public Forma {
     void wheelEvent(QWheelEvent* evento) override;
 
   private:
-    /// The numbers are the system's own: -2 goes back and -1 forward. Wanted.
+    /// The numbers are the system's own: -2 goes back and -1 forward. Wanted: any other is a page.
     enum class Direccion { Anterior = -2, Siguiente = -1, Primera = 0 };
 
     void Lee();

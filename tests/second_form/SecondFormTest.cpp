@@ -62,7 +62,7 @@ class SecondForm : public testing::Test {
         QString salida;
         QTextStream flujoSalida(&salida);
         QTextStream flujoErrores(&errores);
-        return EjecutaConsola(QStringList{u"consola"_s} + orden, flujoSalida, flujoErrores, entorno);
+        return EjecutaConsola(QStringList{u"consola"_s} + orden, {flujoSalida, flujoErrores}, entorno);
     }
     void Graba() {
         GrabaCabecera(*proceso.baseDatos, clave,
