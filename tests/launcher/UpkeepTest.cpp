@@ -106,6 +106,8 @@ TEST_F(SchemaTest, MissingStepsAreMadeOverTheDataThatIsThereAndAFailingOneIsUndo
     EXPECT_EQ(estado.motivo, u"La base de datos no pudo hacer lo que se le pidió."_s);
     EXPECT_TRUE(base->Lee(u"SELECT 1 FROM UNO WHERE a = 'queda' AND c IS NULL"_s).Siguiente());
     EXPECT_FALSE(base->Lee(u"SELECT 1 FROM sqlite_master WHERE name = 'TRES'"_s).Siguiente());
+    const QStringList repetidos{m_pasos.path(), m_pasos.path()};
+    EXPECT_THROW((void)Esquema(repetidos).Aplica(*base), Error) << "the second step of a number would never be made";
 }
 
 TEST_F(Backups, KeepsTheLastTwentyEvenWhenTheClockIsSetBack) {
