@@ -243,7 +243,7 @@ void FrmDetAgePer::CalculaMontos() {
     if (monto != escrito)
         m_ui->TxtMtoBase->setText(monto); // comes back here
     else
-        m_ui->TxtPercepcion->setText(Percepcion(monto, fila.factor));
+        m_ui->TxtPercepcion->setText(Percepcion(monto, fila));
 }
 
 void FrmDetAgePer::LigaGrilla() {

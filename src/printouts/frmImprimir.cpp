@@ -101,8 +101,9 @@ std::optional<PedidoDeclaracion> frmImprimir::Pedido() {
         return std::nullopt;
     const ClaveDeclaracion clave = Clave(fila);
     const std::optional<DatosDeclaracion> datos = CargarCasillas(*m_proceso.baseDatos, clave);
-    if (!datos) { // another program has deleted it meanwhile
+    if (!datos) { // another program has sent or deleted it meanwhile
         m_entorno.avisos.Muestra(NoExisteDeclaracion(clave));
+        CargaLista();
         return std::nullopt;
     }
     const bool anexo = m_ui->OptImp_1->isChecked();

@@ -4,6 +4,7 @@
 #include "family/Configuration.h"
 #include "family/HelpBook.h"
 #include "family/Startup.h"
+#include "form518/Form0518.h"
 #include "widgets/NoticeBoxes.h"
 #include "widgets/StatusBar.h"
 

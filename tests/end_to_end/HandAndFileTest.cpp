@@ -3,6 +3,7 @@
 #include "detail/DetailFixture.h"
 #include "detail/FrmAgePer.h"
 #include "family/Process.h"
+#include "form518/Form0518.h"
 #include "import/Formats.h"
 #include "import/ImportFile.h"
 #include "import/ImportRun.h"
@@ -61,7 +62,7 @@ class HandAndFileTest : public DetailTest {
         EXPECT_EQ(aMano.size(), filas);
         const QString grabadoAMano = Graba();
         EscribeEn(m_base.Carpeta() + u'/' + NombreDeArchivo(m_clave, formato), lineas.join(u'\n').toUtf8());
-        Proceso proceso(m_reloj);
+        Proceso proceso(m_reloj, {Formulario0518()}, kNumFormulario);
         proceso.rutaRPT = m_base.Carpeta() + u"/RPT"_s;
         proceso.fechaPrimerIgv = m_entorno.primerIgv;
         proceso.baseDatos = Base::Abre(m_base.Ruta());

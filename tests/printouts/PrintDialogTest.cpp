@@ -89,6 +89,7 @@ TEST_F(PrintDialogTest, KeepsCopiesApartAndIsSilentWithoutDeclarations) {
     m_taller.Vacia(); // as another program might
     m_avisos.Espera(u"No existe la declaración del RUC 20990518018 por el período 01/2026."_s);
     Clic(forma, u"CmdImprimir_0"_s);
+    EXPECT_EQ(grilla.model()->rowCount(), 0) << "the list still offers what is gone";
 }
 
 } // namespace
