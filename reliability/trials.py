@@ -14,7 +14,7 @@ from collections import Counter
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[1]
-SAMPLE = ROOT / "catalog" / "ejemplo"
+SAMPLE = ROOT / "catalog" / "0518" / "ejemplo"
 RUC, PERIOD, BIG_PERIOD = "20990518018", "202609", "202610"
 KEY = ("--ruc", RUC, "--hoy", "21/11/2026", "--periodo")
 SAVED = ("CAB", "DET", "F518PCAB", "F518PDET", "F518PDETVC", "F518PDETCP")

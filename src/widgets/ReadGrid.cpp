@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 
 #include <algorithm>
+#include <numeric>
 
 namespace xa518 {
 
@@ -44,31 +45,30 @@ void GrillaDeLectura::PonFila(int fila) {
 
 void GrillaDeLectura::AjustaColumnas(int principal) {
     m_principal = principal;
-    for (int columna = 0; columna < model()->columnCount(); ++columna) {
-        if (columna != principal)
-            setColumnWidth(columna,
-                           std::max(sizeHintForColumn(columna), horizontalHeader()->sectionSizeHint(columna)) + kAire);
-    }
-    EstiraPrincipal();
+    ReparteAncho();
 }
 
-/// Where the others leave it no room for its title, the grid is moved sideways instead.
-void GrillaDeLectura::EstiraPrincipal() {
-    if (m_principal < 0)
-        return;
+/// Where the room is scarce the columns stand closer, and only where they don't fit even so is the grid moved sideways.
+void GrillaDeLectura::ReparteAncho() {
     QHeaderView& titulos = *horizontalHeader();
-    int libre = viewport()->width();
-    for (int columna = 0; columna < titulos.count(); ++columna)
-        libre -= columna == m_principal ? 0 : columnWidth(columna);
-    const int minimo = titulos.sectionSizeHint(m_principal) + kAire;
-    titulos.setSectionResizeMode(m_principal, libre < minimo ? QHeaderView::Interactive : QHeaderView::Stretch);
-    if (libre < minimo)
-        setColumnWidth(m_principal, minimo);
+    QList<int> anchos;
+    for (int columna = 0; columna < titulos.count(); ++columna) {
+        const int contenido = columna == m_principal ? 0 : sizeHintForColumn(columna);
+        anchos.append(std::max(contenido, titulos.sectionSizeHint(columna)));
+    }
+    const int libre = viewport()->width() - std::accumulate(anchos.cbegin(), anchos.cend(), 0);
+    const int aire = std::clamp(libre / static_cast<int>(anchos.size()), 0, kAire);
+    titulos.setSectionResizeMode(m_principal, QHeaderView::Interactive); // one that stretches takes no width
+    for (int columna = 0; columna < anchos.size(); ++columna)
+        setColumnWidth(columna, anchos[columna] + aire);
+    if (libre >= 0)
+        titulos.setSectionResizeMode(m_principal, QHeaderView::Stretch);
 }
 
 void GrillaDeLectura::resizeEvent(QResizeEvent* evento) {
     QTableView::resizeEvent(evento);
-    EstiraPrincipal();
+    if (m_principal >= 0)
+        ReparteAncho();
 }
 
 void GrillaDeLectura::keyPressEvent(QKeyEvent* evento) {

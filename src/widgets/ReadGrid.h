@@ -18,7 +18,7 @@ class GrillaDeLectura : public QTableView {
     void PonFila(int fila);
 
     /// Each column as wide as its title and what shows now; `principal`, where the person reads, takes what is left,
-    /// but never less than its title.
+    /// but never less than its title. Where the room is scarce they stand closer.
     void AjustaColumnas(int principal);
 
   Q_SIGNALS:
@@ -34,7 +34,7 @@ class GrillaDeLectura : public QTableView {
                                                                        const QEvent* evento) const override;
 
   private:
-    void EstiraPrincipal();
+    void ReparteAncho();
 
     int m_principal = -1; ///< the column that takes what is left
 };
