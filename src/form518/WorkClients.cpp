@@ -11,8 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using enum DatoCliente;
-
 const QString kClientes = u"TMPF518PCAB"_s;
 
 /// Clients and vouchers name their client alike.
@@ -27,8 +25,9 @@ QVariantList Valores(const ClaveCliente& cliente) {
 
 /// The client table leads the join, so that rows keep the order in which they were entered.
 const QString& DesdeClientes() {
-    static const QString desde = u"FROM TMPF518PCAB AS A CROSS JOIN PARAM AS B "
-                                 "WHERE B.NUMERO='044' AND VAL(B.ARGUMENTO) = VAL(A.%1)"_s.arg(ColumnaDe(TipoDoc));
+    static const QString desde =
+        u"FROM TMPF518PCAB AS A CROSS JOIN PARAM AS B "
+        "WHERE B.NUMERO='044' AND VAL(B.ARGUMENTO) = VAL(A.%1)"_s.arg(ColumnaDe(DatoCliente::TipoDoc));
     return desde;
 }
 
@@ -39,6 +38,7 @@ QString SinNegativos(const QString& suma) {
 } // namespace
 
 QString SqlClientes() {
+    using enum DatoCliente;
     return u"SELECT %1 AS DOC, "_s.arg(kCortoEnGrilla.Sql(u"B.FUNCION")) +
            ListaDe<DatoCliente>({NumDoc, Razon, MontoBase, Percepcion, ApellidoP, ApellidoM, Nombres, TipoDoc},
                                 u"A"_s) +

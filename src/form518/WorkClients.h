@@ -91,6 +91,8 @@ class ClientesTrabajo {
     [[nodiscard]] Sumas SumaComprobantes(const ClaveCliente& cliente) const;
 
   private:
+    using enum DatoCliente;
+
     void PonNombres(Registro& fila, const NombresCliente& nombres) const;
     void PonTotales(Registro& fila, const TotalesCliente& totales) const;
 

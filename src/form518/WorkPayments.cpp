@@ -9,11 +9,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using enum DatoPago;
-
 const QString kPagos = u"TMPF518PDETCP"_s;
 
 const QList<DatoPago>& ClaveDeSuComprobante() {
+    using enum DatoPago;
     static const QList<DatoPago> clave = {TipoDoc, NumDoc, SerieCp, NumeroCp};
     return clave;
 }

@@ -47,6 +47,8 @@ class PagosTrabajo {
     [[nodiscard]] bool SoloNotasDeCredito(const ClaveComprobante& comprobante) const;
 
   private:
+    using enum DatoPago;
+
     Base* m_base;
     const Tabla* m_tabla;
     LugaresDe<DatoPago> m_lugar;

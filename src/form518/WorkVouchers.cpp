@@ -11,8 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using enum DatoComprobante;
-
 const QString kComprobantes = u"TMPF518PDET"_s;
 
 const QString& DelComprobante() {

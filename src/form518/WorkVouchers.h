@@ -70,6 +70,8 @@ class ComprobantesTrabajo {
     void BarreAlSalir(const ClaveComprobante& clave, bool esNuevo, bool sinPagos);
 
   private:
+    using enum DatoComprobante;
+
     void PonCampos(Registro& fila, const CamposComprobante& campos) const;
 
     Base* m_base;
