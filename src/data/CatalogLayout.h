@@ -10,8 +10,8 @@ namespace xa518 {
 /// Where a value stands in a text of fixed columns; positions count from 1.
 struct Tramo {
     QStringView columna; ///< its name in the readable file
-    int inicio;
-    int ancho;
+    int inicio = 1;
+    int ancho = 0;
 
     /// The value, blanks and all.
     [[nodiscard]] QStringView Corta(QStringView texto) const;

@@ -177,7 +177,7 @@ std::optional<VeredictoComprobante> ValidaGrabar(const DatosPago& datos, const C
                 });
     if (!antes)
         return antes;
-    const std::optional<VeredictoComprobante> fecha = fechaOrigen();
+    std::optional<VeredictoComprobante> fecha = fechaOrigen();
     if (!fecha || !*fecha)
         return fecha;
     return Primero([&] { return ValidaSerieDePago(datos); }, [&] { return ValidaMonto(datos.monto); });

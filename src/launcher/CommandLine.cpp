@@ -124,7 +124,7 @@ QString FormularioPedido(const Pedido& pedido) {
     QStringList numeros;
     for (const Formulario& formulario : pedido.entorno.formularios)
         numeros.append(formulario.numero);
-    const QString numero = pedido.opciones.value(u"formulario"_s);
+    QString numero = pedido.opciones.value(u"formulario"_s);
     if (numero.isEmpty() && numeros.size() == 1)
         return numeros.constFirst();
     if (!numeros.contains(numero))

@@ -38,7 +38,7 @@ class Periodo {
     [[nodiscard]] Periodo Siguiente() const;
     [[nodiscard]] Periodo Anterior() const;
 
-    constexpr auto operator<=>(const Periodo&) const = default;
+    constexpr auto operator<=>(const Periodo&) const = default; // NOLINT(modernize-use-nullptr): the check errs here
 
   private:
     int m_valor = 0; ///< yyyymm as a number
