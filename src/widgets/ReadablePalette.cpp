@@ -31,10 +31,11 @@ class EstiloDeListas final : public QProxyStyle {
   private:
     void DibujaComoCampo(const QStyleOptionComplex& opcion, QPainter& pintor, const QWidget* lista) const {
         QStyleOptionFrame campo;
-        campo.QStyleOption::operator=(opcion);
+        const QStyleOption& comun = opcion;
+        campo.QStyleOption::operator=(comun);
         campo.lineWidth = pixelMetric(PM_DefaultFrameWidth, &opcion, lista);
         drawPrimitive(PE_PanelLineEdit, &campo, &pintor, lista);
-        QStyleOption flecha(opcion);
+        QStyleOption flecha(comun);
         const QRect sitio = subControlRect(CC_ComboBox, &opcion, SC_ComboBoxArrow, lista);
         const int lado = sitio.width() / 2;
         flecha.rect = QRect(sitio.center() - QPoint(lado / 2, lado / 2), QSize(lado, lado));
