@@ -165,8 +165,8 @@ bool TeclasDeCampo::Raton(const QMouseEvent& evento) const {
     return evento.button() == Qt::RightButton || evento.button() == Qt::MiddleButton;
 }
 
-/// What the filters make of a key, 0 when one of them or the limit stops it; a word at the field then says why. A key
-/// that vanished without one would leave 125,50 as 12550.
+/// What the filters make of a key, 0 when one of them or the limit stops it; a word at the field then says why, and
+/// stays while what was typed does: whoever types 125,50 at one go sees it beside the 12550 that came of it.
 int TeclasDeCampo::Filtra(int tecla, qsizetype nuevos) const {
     for (const auto& [filtra, pasan] : filtros) {
         tecla = filtra(tecla);
@@ -179,7 +179,8 @@ int TeclasDeCampo::Filtra(int tecla, qsizetype nuevos) const {
         MuestraPista(*m_campo, u"Hasta %1 caracteres"_s.arg(limite));
         return 0;
     }
-    QuitaPista(*m_campo);
+    if (tecla == kRetroceso || m_campo->hasSelectedText())
+        QuitaPista(*m_campo);
     return tecla;
 }
 

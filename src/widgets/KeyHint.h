@@ -10,7 +10,7 @@ namespace xa518 {
 /// by themselves when the focus does.
 void MuestraPista(const QWidget& campo, const QString& texto);
 
-/// Takes them away: the field has taken a key.
+/// Takes them away: what was typed is being mended.
 void QuitaPista(const QWidget& campo);
 
 } // namespace xa518

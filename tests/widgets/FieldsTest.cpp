@@ -69,7 +69,7 @@ TEST_F(FieldsTest, FiltersByName) {
         EXPECT_EQ(Pista(campo), caso.pista) << "of the last key";
         QTest::keyClick(&campo, Qt::Key_Backspace);
         EXPECT_EQ(campo.text(), caso.queda.chopped(1)) << caso.nombre << ": Backspace";
-        EXPECT_EQ(Pista(campo), QString()) << "of a key that is taken";
+        EXPECT_EQ(Pista(campo), QString()) << "of what is being mended";
     }
 }
 
@@ -81,8 +81,8 @@ TEST_F(FieldsTest, AnAmountTakesItsPointFromAnyKeypadAndInPlaceOfASelectedOne) {
     QTest::keyClicks(&m_campo, u"5"_s);
     QTest::keyClick(&m_campo, Qt::Key_X, Qt::AltModifier);
     EXPECT_EQ(m_campo.text() + Pista(m_ventana), u".5"_s) << "Alt with a letter is nothing";
-    QTest::keyClicks(&m_campo, u","_s);
-    EXPECT_TRUE(m_campo.hasFocus() && Pista(m_ventana).endsWith(u"con punto"_s));
+    QTest::keyClicks(&m_campo, u",5"_s);
+    EXPECT_TRUE(m_campo.hasFocus() && Pista(m_ventana).endsWith(u"con punto"_s)) << "and stays to be read";
     m_otro.setFocus();
     EXPECT_EQ(Pista(m_ventana), QString());
 }
