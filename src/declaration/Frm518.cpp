@@ -404,7 +404,7 @@ void Frm518::Salir() {
             if (!Acata(ValidaNumeroDeOrden(orden, MomentoOrden::Cierre)))
                 return;
             Graba();
-            Termina(); // the status bar keeps its panels on this way out, wanted
+            Termina(); // the status bar keeps its panels: wanted, they tell whose number it was
             return;
         }
     } else if (m_modificado) {

@@ -54,7 +54,7 @@ void PreguntaContado::AlContestar(bool contado) {
 
 void PreguntaContado::AlElegirTipo() {
     m_ui->LblDesCP->setText(DescripcionDeItem(m_ui->CmbTipoCP->Item()));
-    m_contado->Activa(false); // once a type is picked, the kind of voucher is fixed: wanted
+    m_contado->Activa(false); // once a type is picked, the kind of voucher is fixed: wanted, the type belongs to it
     Q_EMIT Cambiada(Cambio::Tipo);
 }
 

@@ -209,7 +209,8 @@ bool FrmAgePer::Acepta() {
     if (!Pasa(ValidaParaAceptar(datos, m_entorno.declarante)))
         return false;
     if (m_comprobantes.rowCount() == 0) {
-        Rechaza(m_entorno.avisos, u"Ingrese al menos un comprobante de pago"_s); // of perception; wanted so
+        // A voucher of perception is meant: the text is known so.
+        Rechaza(m_entorno.avisos, u"Ingrese al menos un comprobante de pago"_s);
         return false;
     }
     ClientesTrabajo clientes(m_entorno.base);
@@ -240,7 +241,7 @@ void FrmAgePer::Salir() {
     if (!EsNuevo())
         clientes.EscribeTotales(cliente, Totales()); // they stay true even if the names aren't saved: wanted
     if (m_hayCambiosCliente && PreguntaGuardar(m_entorno.avisos))
-        (void)Acepta(); // the dialog closes even when it is refused: wanted
+        (void)Acepta(); // it closes even when that is refused: wanted, the question is about leaving
     if (EsNuevo())
         clientes.BarreSinCliente(cliente);
     Termina();

@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kAnchoNumero = 8; ///< also with a type whose number may be longer: wanted
+constexpr int kAnchoNumero = 8; ///< also with a type whose number may be longer: wanted, that one stays as typed
 const QString kYaRegistrada = u"La información ya ha sido registrada"_s;
 
 int Campo(ColumnaPago columna) {
@@ -136,7 +136,7 @@ void FrmDetAgePer::ConectaPreguntas() {
 }
 
 void FrmDetAgePer::Abre(const Comprobante& comprobante) {
-    IniciaIgv(); // the date isn't there yet: wanted
+    IniciaIgv(); // the date isn't there yet: wanted, leaving it looks the rate up again
     const QString tipo = QString::number(m_cliente.tipoDoc);
     LlenaTiposDeDocumento(*m_ui->CmbTipDoc, m_entorno.base, tipo);
     m_ui->CmbTipDoc->EligePorValor(tipo);
@@ -356,7 +356,7 @@ void FrmDetAgePer::Salir() {
     ComprobantesTrabajo comprobantes(m_entorno.base);
     const bool yaEsta = EsNuevo() && sinPagos && comprobantes.Existe(Clave());
     if ((!sinPagos || !m_ui->PreguntaDeContado->Tipo().isEmpty()) && !yaEsta && PreguntaGuardar(m_entorno.avisos))
-        (void)Acepta(); // the dialog closes even when it is refused: wanted
+        (void)Acepta(); // it closes even when that is refused: wanted, the question is about leaving
     if (m_ui->PreguntaDeContado->Tipo().isEmpty())
         comprobantes.BarreAlSalir(Clave(), EsNuevo(), sinPagos);
     Termina();

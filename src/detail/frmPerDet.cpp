@@ -198,7 +198,7 @@ QWidget& frmPerDet::Control(CampoComprobante campo) const {
 
 void frmPerDet::Salir() {
     if (!SoloVer() && m_hayCambiosPago && PreguntaGuardar(m_entorno.avisos))
-        (void)Acepta(); // the dialog closes even when it is refused: wanted
+        (void)Acepta(); // it closes even when that is refused: wanted, the question is about leaving
     Termina();
 }
 

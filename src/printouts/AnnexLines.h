@@ -49,7 +49,8 @@ class LineasAnexo {
     QString m_tasaMostrada;
 };
 
-/// An amount in a width, right-aligned; one too wide keeps its digits and loses its commas, wanted so.
+/// An amount in a width, right-aligned; one too wide keeps its digits and loses its commas: wanted, a
+/// digit less would be another amount.
 [[nodiscard]] QString MontoConComas(const Decimal& monto, int ancho);
 
 } // namespace xa518

@@ -31,7 +31,7 @@ QString MontoDeFila(const QString& monto) {
     return ObjetoUtil::AlineaDerecha(Format(monto, u"###,###,###,##0.00"), kAnchoMonto);
 }
 
-/// Rows show decimals and the total row drops them. Wanted.
+/// Rows show decimals and the total row drops them. Wanted: the declaration's boxes are whole amounts.
 QString MontoDeTotal(const Decimal& monto) {
     return ObjetoUtil::AlineaDerecha(Format(monto, u"##,###,###,###,##0"), kAnchoMonto);
 }

@@ -39,7 +39,8 @@ constexpr int kColumnaNombre = 1; ///< as it shows
 
 } // namespace
 
-/// The caption says which declarations are meant; the frame says "registradas" of both. Wanted.
+/// The caption says which declarations are meant; the frame says "registradas" of both. Wanted: its text is
+/// known so, and a sent declaration has been registered before.
 frmImprimir::frmImprimir(Proceso& proceso, EntornoInformes entorno, BarradeEstadoQMD& barra, bool enviadas,
                          QWidget* padre)
     : Forma(padre)
