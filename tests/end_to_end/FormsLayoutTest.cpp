@@ -150,11 +150,12 @@ const QWidget& Contenido(const QWidget& forma) {
 
 /// Controls that have a place of their own; not those within a list, a grid or the like.
 QList<QWidget*> Controles(const QWidget& forma) {
-    const QWidget& todo = Contenido(forma);
+    const QWidget& contenido = Contenido(forma);
     QList<QWidget*> controles;
-    for (QWidget* control : todo.findChildren<QWidget*>()) {
+    for (QWidget* control : contenido.findChildren<QWidget*>()) {
         bool interno = false;
-        for (const QWidget* padre = control->parentWidget(); padre && padre != &todo; padre = padre->parentWidget())
+        for (const QWidget* padre = control->parentWidget(); padre && padre != &contenido;
+             padre = padre->parentWidget())
             interno = interno || qobject_cast<const QAbstractScrollArea*>(padre) ||
                       qobject_cast<const QComboBox*>(padre) || qobject_cast<const QAbstractSpinBox*>(padre) ||
                       qobject_cast<const QTabBar*>(padre);
