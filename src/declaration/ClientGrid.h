@@ -6,6 +6,9 @@ namespace xa518 {
 
 class Base;
 
+/// A total as the form shows it: whole units; empty when there is none.
+[[nodiscard]] QString TextoDeTotal(const std::optional<Importe>& total);
+
 /// The totals shown when a declaration has just been loaded: "0" without clients.
 void MuestraTotalesDeCarga(Base& base, Declaracion& declaracion);
 

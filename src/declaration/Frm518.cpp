@@ -336,7 +336,7 @@ bool Frm518::EliminaCliente() {
     const Mensaje pregunta{Icono::Pregunta, u"¿Confirma que va a eliminar la información?"_s, {}};
     if (m_avisos.Pregunta(pregunta, Respuesta::No) == Respuesta::No)
         return false;
-    TablasTrabajo(BaseDatos()).EliminaCliente(cliente->tipDocPer.toInt(), cliente->numDocPer);
+    TablasTrabajo(BaseDatos()).EliminaCliente({.tipoDoc = cliente->tipDocPer, .numero = cliente->numDocPer});
     m_modificado = true; // whatever becomes of what follows
     RefrescaGrilla();
     m_ui->PaginaPercepcion->PonPrimeraFila();

@@ -107,7 +107,7 @@ void FrmAgePer::ConectaBotones() {
 }
 
 void FrmAgePer::MuestraCliente(const FilaCliente& fila) {
-    m_ui->CmbTipDoc->EligePorValor(fila.tipDocPer);
+    m_ui->CmbTipDoc->Elige(fila.tipDocPer);
     m_ui->TxtNumDoc->setText(Recorta(fila.numDocPer).toString());
     FijaIdentidad();
     if (Datos().EsDeEmpresa()) {
@@ -249,7 +249,8 @@ void FrmAgePer::Salir() {
 
 void FrmAgePer::LigaGrilla() {
     const ClaveCliente cliente = Datos().Clave();
-    m_comprobantes.Consulta(m_entorno.base, ComprobantesTrabajo::SqlDeCliente(), {cliente.tipoDoc, cliente.numero});
+    m_comprobantes.Consulta(m_entorno.base, ComprobantesTrabajo::SqlDeCliente(),
+                            {cliente.tipoDoc.Valor(), cliente.numero});
     m_ui->lblNumTrab->setText(u"   Registros      "_s + QString::number(m_comprobantes.rowCount()));
     ActualizaTotales();
 }
@@ -275,7 +276,7 @@ QWidget& FrmAgePer::Control(CampoCliente campo) const {
 }
 
 DatosCliente FrmAgePer::Datos() const {
-    return {.codigo = m_ui->CmbTipDoc->Codigo(),
+    return {.codigo = CodigoDocumento::De(m_ui->CmbTipDoc->Codigo()),
             .numero = m_ui->TxtNumDoc->text(),
             .apellidoP = m_ui->TxtApePat->text(),
             .apellidoM = m_ui->TxtApeMat->text(),
@@ -283,7 +284,9 @@ DatosCliente FrmAgePer::Datos() const {
 }
 
 TotalesCliente FrmAgePer::Totales() const {
-    return TotalesDe(m_comprobantes.rowCount(), m_ui->TxtBase->text(), m_ui->TxtPercepcion->text());
+    const auto monto = [](const QLineEdit& campo) { return Importe::Lee(campo.text()).value_or(Importe()); };
+    return {
+        .ctdDocs = m_comprobantes.rowCount(), .base = monto(*m_ui->TxtBase), .percepcion = monto(*m_ui->TxtPercepcion)};
 }
 
 Comprobante FrmAgePer::Seleccionado() const {
@@ -297,8 +300,8 @@ Comprobante FrmAgePer::Seleccionado() const {
                    .listaClie = texto(ListaClie),
                    .medPago = texto(MedPago),
                    .fecha = texto(Fecha),
-                   .base = texto(Base),
-                   .percepcion = texto(Percepcion),
+                   .base = MontoEscrito(texto(Base)),
+                   .percepcion = Importe::Lee(texto(Percepcion)),
                    .tasa = texto(Tasa)}};
 }
 

@@ -160,7 +160,7 @@ bool frmPerDet::Acepta() {
     if (!Pasa(ValidaGrabar(datos, [this] { return FechaOrigen(); })))
         return false;
     PagosTrabajo pagos(m_entorno.base);
-    const QString monto = MontoGuardado(datos.tipo, datos.monto, EsNuevo());
+    const MontoEscrito monto = MontoGuardado(datos.tipo, datos.monto, EsNuevo());
     if (!EsNuevo()) {
         pagos.Modifica(Clave(), datos.fecha, monto);
     } else if (pagos.Existe(Clave())) {

@@ -71,7 +71,7 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
         Ve(FrmAyuda(QStringLiteral(XA518_AYUDA)), u"help"_s, mira);
         Ve(FrmConsola(entorno, avisos, {}), u"launcher"_s, mira);
         for (const QString& ruc : {QString(), kRuc})
-            Ve(FrmDeclarante(avisos, {ruc, {}, {}}, {u"CONTADOR"_s}, {}, nullptr), u"declarant"_s, mira);
+            Ve(FrmDeclarante(avisos, {Ruc(ruc), {}, {}}, {u"CONTADOR"_s}, {}, nullptr), u"declarant"_s, mira);
     }
 
   private:
@@ -89,10 +89,11 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
         Ve(Frm518(proceso, avisos, barra, {}, registrada), u"registered"_s, mira);
         const EntornoDetalle detalle{*proceso.baseDatos,    avisos, reloj, Ruc(kRuc), Periodo(2026, 10),
                                      proceso.fechaPrimerIgv};
-        for (const FilaCliente& fila : {FilaCliente{u"6"_s, kEmpresa, u"EMPRESA"_s, {}, {}, {}},
-                                        FilaCliente{u"1"_s, u"45678901"_s, {}, u"ROJAS"_s, u"LUNA"_s, u"ANA"_s}})
+        for (const FilaCliente& fila :
+             {FilaCliente{CodigoDocumento(6), kEmpresa, u"EMPRESA"_s, {}, {}, {}},
+              FilaCliente{CodigoDocumento(1), u"45678901"_s, {}, u"ROJAS"_s, u"LUNA"_s, u"ANA"_s}})
             Ve(FrmAgePer(detalle, ModoDetalle::Modificar, fila), u"client"_s, mira);
-        const ClaveComprobante clave{{6, kEmpresa}, u"P001"_s, u"00000001"_s, {}};
+        const ClaveComprobante clave{{CodigoDocumento(6), kEmpresa}, u"P001"_s, u"00000001"_s, {}};
         for (const ModoDetalle modo : {ModoDetalle::Nuevo, ModoDetalle::Modificar}) {
             Ve(FrmDetAgePer(detalle, modo, {clave, {}}), u"voucher"_s, mira);
             Ve(frmPerDet(detalle, modo, {{clave, u"01"_s, {}, {}}, {}, {}}, u"1"_s), u"payment"_s, mira);
