@@ -6,6 +6,7 @@
 #include "family/OfferedDeclarants.h"
 #include "values/Text.h"
 #include "widgets/Application.h"
+#include "widgets/FieldFilters.h"
 #include "widgets/FieldKeys.h"
 #include "widgets/WidgetHelpers.h"
 

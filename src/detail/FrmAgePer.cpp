@@ -7,6 +7,7 @@
 #include "values/Format.h"
 #include "values/Text.h"
 #include "widgets/Application.h"
+#include "widgets/FieldFilters.h"
 #include "widgets/FieldFocus.h"
 #include "widgets/FieldKeys.h"
 #include "widgets/HourGlass.h"

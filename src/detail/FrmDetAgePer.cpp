@@ -9,6 +9,7 @@
 #include "values/Format.h"
 #include "values/Text.h"
 #include "widgets/Application.h"
+#include "widgets/FieldFilters.h"
 #include "widgets/FieldKeys.h"
 #include "widgets/HourGlass.h"
 #include "widgets/ReadablePalette.h"

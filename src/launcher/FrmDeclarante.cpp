@@ -4,6 +4,7 @@
 #include "ui_FrmDeclarante.h"
 #include "values/Text.h"
 #include "widgets/Application.h"
+#include "widgets/FieldFilters.h"
 #include "widgets/FieldKeys.h"
 #include "widgets/WidgetHelpers.h"
 

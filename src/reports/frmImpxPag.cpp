@@ -6,6 +6,7 @@
 #include "reports/PageRange.h"
 #include "reports/SpoolRegistry.h"
 #include "widgets/Application.h"
+#include "widgets/FieldFilters.h"
 #include "widgets/FieldKeys.h"
 #include "widgets/WidgetHelpers.h"
 
