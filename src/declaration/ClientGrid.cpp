@@ -28,11 +28,19 @@ void MuestraTotalesDeCarga(Base& base, Declaracion& declaracion) {
     declaracion.clientes = CuentaClientes(base);
 }
 
-void RefrescaTotales(Base& base, Declaracion& declaracion) {
+TotalesDeGrilla LeeTotales(Base& base) {
     const TablasTrabajo::Totales totales = TablasTrabajo(base).TotalesDeClientes();
+    return {.base = totales.base, .percepcion = totales.percepcion, .clientes = CuentaClientes(base)};
+}
+
+void RefrescaTotales(Base& base, Declaracion& declaracion) {
+    PonTotales(LeeTotales(base), declaracion);
+}
+
+void PonTotales(const TotalesDeGrilla& totales, Declaracion& declaracion) {
     declaracion.base = SinCero(totales.base);
     declaracion.percepcion = SinCero(totales.percepcion);
-    declaracion.clientes = CuentaClientes(base);
+    declaracion.clientes = totales.clientes;
     declaracion.montos.Cambia(401, TextoDeTotal(declaracion.percepcion));
 }
 

@@ -17,4 +17,13 @@ void MuestraTotalesDeCarga(Base& base, Declaracion& declaracion);
 /// is empty has no row.
 void RefrescaTotales(Base& base, Declaracion& declaracion);
 
+/// The same in two steps, of which only the first needs the base.
+struct TotalesDeGrilla {
+    Importe base;
+    Importe percepcion;
+    int clientes = 0;
+};
+[[nodiscard]] TotalesDeGrilla LeeTotales(Base& base);
+void PonTotales(const TotalesDeGrilla& totales, Declaracion& declaracion);
+
 } // namespace xa518

@@ -52,7 +52,7 @@ void frmImpxPag::Preliminar() {
         return;
     }
     m_pedido.rango = TomaRango(desde, hasta);
-    VerReporte(m_entorno, m_pedido, ModoReporte::Vprevia, this);
+    VerReporte(m_entorno, m_pedido, ModoReporte::Vprevia, *this);
 }
 
 } // namespace xa518

@@ -75,6 +75,12 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
     }
 
   private:
+    void EnLaDeclaracion(const std::optional<DeclaracionElegida>& elegida, const QString& nombre, const Mirada& mira) {
+        TomaTablas(*qApp->activeWindow(), proceso, elegida, [&](std::shared_ptr<TrabajoUnico> tablas) {
+            Ve(Frm518({proceso, avisos, barra}, std::move(tablas), elegida), nombre, mira);
+        });
+        EsperaTrabajos();
+    }
     void EnElDetalle(const Mirada& mira) {
         const DeclaracionElegida registrada{
             .clave = {.ruc = Ruc(kRuc), .periodo = Periodo(2026, 10), .formulario = kNumFormulario},
@@ -85,8 +91,8 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
         enviada.clave.correl = u"1"_s;
         enviada.norden = u"0"_s;
         enviada.control = u"00000017"_s;
-        Ve(Frm518(proceso, avisos, barra, {}, enviada), u"sent"_s, mira);
-        Ve(Frm518(proceso, avisos, barra, {}, registrada), u"registered"_s, mira);
+        EnLaDeclaracion(enviada, u"sent"_s, mira);
+        EnLaDeclaracion(registrada, u"registered"_s, mira);
         const EntornoDetalle detalle{*proceso.baseDatos,    avisos, reloj, Ruc(kRuc), Periodo(2026, 10),
                                      proceso.fechaPrimerIgv};
         for (const FilaCliente& fila :
@@ -101,7 +107,7 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
         Ve(FrmAgePer(detalle, ModoDetalle::Nuevo), u"new"_s, mira);
         Ve(frmTransferencia(proceso, avisos, registrada.clave, {.perfil = PerfilCompartido(), .archivos = archivos}),
            u"import"_s, mira);
-        Ve(Frm518(proceso, avisos, barra, {}), u"new form"_s, mira);
+        EnLaDeclaracion(std::nullopt, u"new form"_s, mira);
         const QString mens = raiz.filePath(u"Mens.txt"_s);
         EscribeEn(mens, "Indique la forma de pago.\n");
         Ve(FrmConsist(mens), u"faults"_s, mira);
