@@ -56,21 +56,25 @@ bool TomaFoco(const QWidget& control) {
 } // namespace
 
 void TomaTablas(QWidget& ventana, const Proceso& proceso, const std::optional<DeclaracionElegida>& elegida,
-                std::function<void(std::shared_ptr<TrabajoUnico>)> alTenerlas,
+                std::function<void(const TablasTomadas&)> alTenerlas,
                 std::function<void(const std::exception_ptr&)> alFallar) {
-    const auto tablas = std::make_shared<TrabajoUnico>(*proceso.baseDatos);
+    const auto marca = std::make_shared<TrabajoUnico>(*proceso.baseDatos);
     const ClaveDeclaracion clave =
         elegida ? elegida->clave : ClaveDeclaracion{.ruc = {}, .periodo = {}, .formulario = proceso.numFormulario};
-    LanzaTarea(
+    CorreTarea(
         ventana, {.titulo = u"Abriendo la declaración"_s, .alFallar = std::move(alFallar)},
         [aparte = ProcesoAparte(proceso), clave](Avance& /*avance*/) {
-            TablasTrabajo(*aparte.Abre().baseDatos).Reconstruye(clave);
+            const Proceso suyo = aparte.Abre();
+            TablasTrabajo(*suyo.baseDatos).Reconstruye(clave);
+            return LeeTotalesDeCarga(*suyo.baseDatos);
         },
-        [tablas, alTenerlas = std::move(alTenerlas)] { alTenerlas(tablas); });
+        [marca, alTenerlas = std::move(alTenerlas)](const TotalesDeGrilla& totales) {
+            alTenerlas({marca, totales});
+        });
 }
 
-Frm518::Frm518(EntornoDeclaracion entorno, std::shared_ptr<TrabajoUnico> tablas,
-               const std::optional<DeclaracionElegida>& elegida, QWidget* padre)
+Frm518::Frm518(EntornoDeclaracion entorno, TablasTomadas tablas, const std::optional<DeclaracionElegida>& elegida,
+               QWidget* padre)
     : Forma(padre)
     , m_proceso(entorno.proceso)
     , m_avisos(entorno.avisos)
@@ -127,7 +131,7 @@ void Frm518::Carga() {
     m_ui->PaginaIdentificacion->PonRectifica(m_declaracion.rectifica);
     if (EsEnviada())
         CargaOrdenGuardado();
-    MuestraTotalesDeCarga(BaseDatos(), m_declaracion);
+    MuestraTotalesDeCarga(m_tablas.totales, m_declaracion);
     m_ui->PaginaPercepcion->MuestraTotales(m_declaracion);
     if (EsEnviada())
         DesTodo();

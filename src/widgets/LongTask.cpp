@@ -19,7 +19,7 @@ namespace xa518 {
 namespace {
 
 /// A window that doesn't answer for so long isn't noticed.
-constexpr int kSinNotarse = 40;
+constexpr int kSinNotarse = 20;
 /// A box that goes at once is a flicker.
 constexpr int kHastaLaCaja = 300;
 constexpr int kRitmo = 100;
