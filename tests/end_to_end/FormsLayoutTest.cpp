@@ -76,7 +76,8 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
 
   private:
     void EnLaDeclaracion(const std::optional<DeclaracionElegida>& elegida, const QString& nombre, const Mirada& mira) {
-        TomaTablas(*qApp->activeWindow(), proceso, elegida, [&](const TablasTomadas& tablas) {
+        QWidget detras;
+        TomaTablas(detras, proceso, elegida, [&](const TablasTomadas& tablas) {
             Ve(Frm518({proceso, avisos, barra}, tablas, elegida), nombre, mira);
         });
         EsperaTrabajos();
