@@ -4,6 +4,7 @@
 
 #include "data/Base.h"
 #include "data/Catalog.h"
+#include "data/FollowedWork.h"
 #include "declaration/ClientGrid.h"
 #include "declaration/Consistency.h"
 #include "declaration/FrmConsist.h"
@@ -13,6 +14,7 @@
 #include "declaration/TaxPeriod.h"
 #include "family/OfferedDeclarants.h"
 #include "family/Process.h"
+#include "form518/RowCounts.h"
 #include "form518/WorkTables.h"
 #include "platform/Clock.h"
 #include "platform/Notices.h"
@@ -63,8 +65,9 @@ void TomaTablas(QWidget& ventana, const Proceso& proceso, const std::optional<De
         elegida ? elegida->clave : ClaveDeclaracion{.ruc = {}, .periodo = {}, .formulario = proceso.numFormulario};
     CorreTarea(
         ventana, {.titulo = u"Abriendo la declaración"_s, .alFallar = std::move(alFallar)},
-        [aparte = ProcesoAparte(proceso), clave](Avance& /*avance*/) {
+        [aparte = ProcesoAparte(proceso), clave](Avance& avance) {
             const Proceso suyo = aparte.Abre();
+            const TrabajoSeguido seguido(*suyo.baseDatos, avance, FilasDelDetalle(*suyo.baseDatos, clave));
             TablasTrabajo(*suyo.baseDatos).Reconstruye(clave);
             return LeeTotalesDeCarga(*suyo.baseDatos);
         },
@@ -417,9 +420,11 @@ void Frm518::GrabaTodo(const std::function<void()>& despues) {
     RefrescaGrilla([this, despues] {
         CorreTarea(
             *this, {.titulo = u"Grabando la declaración"_s},
-            [aparte = ProcesoAparte(m_proceso), declaracion = m_declaracion](Avance& /*avance*/) {
-                const Proceso proceso = aparte.Abre();
-                return GrabaDeclaracion(*proceso.baseDatos, declaracion, proceso.reloj.Hoy());
+            [aparte = ProcesoAparte(m_proceso), declaracion = m_declaracion](Avance& avance) {
+                const Proceso suyo = aparte.Abre();
+                Base& base = *suyo.baseDatos;
+                const TrabajoSeguido seguido(base, avance, FilasDelDetalle(base, declaracion.clave));
+                return GrabaDeclaracion(base, declaracion, suyo.reloj.Hoy());
             },
             [this, despues](const ResultadoGrabacion& grabacion) {
                 AlGrabar(grabacion);

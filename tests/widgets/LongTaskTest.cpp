@@ -95,6 +95,25 @@ TEST_F(LongTask, AShortWorkIsWaitedForAndAFailureIsTold) {
     EXPECT_EQ(m_resultados.size(), 1);
 }
 
+TEST_F(LongTask, WhatIsTypedAheadArrivesWhereItWasMeant) {
+    QLineEdit campo(m_ventana.get());
+    campo.show();
+    campo.setFocus();
+    Lanza({.titulo = u"Sumando"_s});
+    QTest::keyClicks(&campo, u"123"_s);
+    EXPECT_EQ(campo.text(), QString());
+    Termina();
+    QTest::qWait(0);
+    EXPECT_EQ(campo.text(), u"123"_s);
+
+    Lanza({.titulo = u"Sumando"_s});
+    (void)Caja();
+    QTest::keyClicks(&campo, u"4"_s);
+    Termina();
+    QTest::qWait(0);
+    EXPECT_EQ(campo.text(), u"123"_s) << "the box has told that nothing is taken";
+}
+
 TEST_F(LongTask, AStopEndsItWithoutAWord) {
     Lanza({.titulo = u"Grabando"_s});
     CajaDeTarea& caja = Caja();
