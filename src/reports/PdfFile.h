@@ -1,5 +1,6 @@
 #pragma once
 
+#include "reports/PdfSheets.h"
 #include "reports/SpoolReport.h"
 
 #include <QDateTime>
@@ -14,11 +15,12 @@ struct MetadatosPdf {
     QDateTime momento;
 };
 
-/// Prints spool files, one after the other, to a PDF with searchable text and its fonts inside. Needs a
-/// `QGuiApplication`, though no display ("offscreen" serves). The PDF takes its place only when it is whole.
-/// Returns its sheets.
-/// Raises `Error`: `ArchivoNoEncontrado` for a missing spool file, `AccesoAlDisco` when the PDF can't be written.
+/// Prints spool files, one after the other, to a PDF with searchable text and its fonts inside. It may be called in any
+/// thread. Needs a `QGuiApplication`, though no display ("offscreen" serves). The PDF takes its place only when it is
+/// whole. Returns its sheets.
+/// Raises `Error`: `ArchivoNoEncontrado` for a missing spool file, `AccesoAlDisco` when the PDF can't be written; and
+/// whatever `avance` raises.
 int EscribePdf(const QStringList& spools, const QString& rutaPdf, const MetadatosPdf& metadatos,
-               const RangoPaginas& rango = {});
+               const RangoPaginas& rango = {}, const AvanceHojas& avance = {});
 
 } // namespace xa518
