@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
 #include <variant>
 
 namespace xa518 {
@@ -66,6 +67,9 @@ void AgregaTextoDe(QByteArray& salida, const Comando& comando);
 
 /// The word of a tag, "nHojas" and its like.
 [[nodiscard]] const char* PalabraDe(Etiqueta::Clase clase);
+
+/// Told after each sheet how many there are by now. What it raises ends the work, and no half-done file is left.
+using AvanceHojas = std::function<void(int hojas)>;
 
 /// Takes the commands of a report, in their order.
 class DestinoInforme {

@@ -3,16 +3,12 @@
 #include "reports/PdfContent.h"
 #include "reports/ReportSheets.h"
 
-#include <functional>
 #include <optional>
 #include <vector>
 
 namespace xa518 {
 
 class DocumentoPdf;
-
-/// Told after each sheet how many there are by now. What it raises ends the work, and leaves nothing behind.
-using AvanceHojas = std::function<void(int hojas)>;
 
 /// Writes reports as the pages of a PDF.
 class HojasPdf final : public HojasInforme {

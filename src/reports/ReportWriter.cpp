@@ -59,6 +59,8 @@ void EscritorInforme::NuevaPagina() {
     m_posY = 0;
     ++m_paginaActual;
     m_destino->Recibe(NuevaHoja());
+    if (m_avance)
+        m_avance(m_paginaActual - 1);
 }
 
 int EscritorInforme::LimitePagina() const {

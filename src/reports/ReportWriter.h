@@ -16,6 +16,9 @@ class EscritorInforme {
     /// Called after every turn that a running line causes.
     void PonCabecera(std::function<void()> cabecera) { m_cabecera = std::move(cabecera); }
 
+    /// Called after every page that ends.
+    void PonAvance(AvanceHojas avance) { m_avance = std::move(avance); }
+
     /// The next running line: font size 8, not bold, 175 twips under the line before. It counts towards the page.
     void ImprimeLinea(const QString& texto);
     /// A tag among the running lines: it counts as one on every page and is written on the first alone: wanted,
@@ -42,6 +45,7 @@ class EscritorInforme {
 
     DestinoInforme* m_destino;
     std::function<void()> m_cabecera;
+    AvanceHojas m_avance;
     int m_ancho;
     int m_filaActual = 0;
     int m_posY = 0;
