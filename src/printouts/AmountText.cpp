@@ -70,7 +70,15 @@ QString MontoConSigno(QStringView monto) {
     return partes ? Compone(*partes, u'-') : Format(monto, u"###,###,###,##0.00");
 }
 
+/// Sums of amounts in cents, as nearly all are, need no text in between.
 QString MontoConSigno(const Decimal& monto) {
+    constexpr Entero128 kCentimosMaximos = 99'999'999'999'999;
+    const Entero128 mantisa = monto.Mantisa();
+    if (monto.Decimales() == kDecimales && mantisa >= 100 && mantisa <= kCentimosMaximos) {
+        const QString cifras = QString::number(static_cast<qint64>(mantisa));
+        const QStringView vista(cifras);
+        return Compone({false, vista.chopped(kDecimales), vista.last(kDecimales)}, u'-');
+    }
     return MontoConSigno(QStringView(monto.Texto()));
 }
 

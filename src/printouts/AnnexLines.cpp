@@ -5,6 +5,8 @@
 #include "values/ObjetoUtil.h"
 #include "values/Text.h"
 
+#include <QVarLengthArray>
+
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
@@ -31,22 +33,29 @@ constexpr int kAnchoTipoDoc = 11;
 constexpr int kLargoFecha = 10;
 constexpr int kAnchoTotal = 15;
 
-void Blancos(QString& linea, qsizetype hasta) {
-    if (linea.size() < hasta)
-        linea.resize(hasta, u' ');
-}
+/// A line in the making.
+class Renglon {
+  public:
+    Renglon& Pon(QStringView texto) {
+        m_letras.append(texto.utf16(), texto.size());
+        return *this;
+    }
+    /// Blanks up to a place.
+    Renglon& Hasta(qsizetype fin) {
+        while (m_letras.size() < fin)
+            m_letras.append(u' ');
+        return *this;
+    }
+    /// Right-aligned, ending at a place.
+    Renglon& Alinea(QStringView texto, qsizetype fin) { return Hasta(fin - texto.size()).Pon(texto); }
 
-/// Right-aligned, ending at a place.
-void Alinea(QString& linea, QStringView texto, qsizetype fin) {
-    Blancos(linea, fin - texto.size());
-    linea += texto;
-}
+    [[nodiscard]] qsizetype Largo() const { return m_letras.size(); }
+    [[nodiscard]] QString Texto() const { return QStringView(m_letras.data(), m_letras.size()).toString(); }
 
-/// Filled with blanks up to a place.
-void Completa(QString& linea, QStringView texto, qsizetype fin) {
-    linea += texto;
-    Blancos(linea, fin);
-}
+  private:
+    static constexpr qsizetype kSinPedirMemoria = 192;
+    QVarLengthArray<char16_t, kSinPedirMemoria> m_letras;
+};
 
 /// "1" and "0" are answers.
 QStringView SiNo(QStringView respuesta, QStringView sinRespuesta) {
@@ -54,12 +63,12 @@ QStringView SiNo(QStringView respuesta, QStringView sinRespuesta) {
 }
 
 /// Codes come with two digits already, nearly always.
-void AgregaTipo(QString& linea, QStringView tipo) {
+void PonTipo(Renglon& linea, QStringView tipo) {
     const bool listo = tipo.size() == 2 && EsDigito(tipo[0]) && EsDigito(tipo[1]);
     if (listo)
-        linea += tipo;
+        linea.Pon(tipo);
     else
-        linea += Format(tipo, u"00");
+        linea.Pon(Format(tipo, u"00"));
 }
 
 QString Raya(int ancho) {
@@ -95,29 +104,27 @@ QString LineasAnexo::SegundoTitulo() const {
 }
 
 QString LineasAnexo::Cliente(const ClienteImpreso& cliente, const QString& tipoDoc) {
-    QString linea;
-    Completa(linea, cliente.nombre, kAnchoNombre);
-    linea += u' ';
-    Completa(linea, tipoDoc, linea.size() + kAnchoTipoDoc);
-    return linea + u"  "_s + cliente.numero;
+    Renglon linea;
+    linea.Pon(cliente.nombre).Hasta(kAnchoNombre).Pon(u" ");
+    linea.Pon(tipoDoc).Hasta(linea.Largo() - tipoDoc.size() + kAnchoTipoDoc);
+    return linea.Pon(u"  ").Pon(cliente.numero).Texto();
 }
 
 QString LineasAnexo::Comprobante(const ComprobanteImpreso& comprobante) {
-    QString linea;
-    linea.reserve(kFinMontoPago);
-    Completa(linea, Recorta(comprobante.serie), kFinSerie);
-    Completa(linea, Recorta(comprobante.numero), kFinNumero);
-    linea += u"  ";
-    Completa(linea, comprobante.fecha, linea.size() + kLargoFecha + 1); // as it is stored
-    Alinea(linea, MontoConParentesis(comprobante.base), kFinBase);
-    Alinea(linea, Tasa(comprobante.tasa), kFinTasa);
-    Alinea(linea, MontoConParentesis(comprobante.percepcion), kFinPercepcion);
+    Renglon linea;
+    linea.Pon(Recorta(comprobante.serie)).Hasta(kFinSerie);
+    linea.Pon(Recorta(comprobante.numero)).Hasta(kFinNumero);
+    linea.Pon(u"  ").Pon(comprobante.fecha); // as it is stored
+    linea.Hasta(linea.Largo() - comprobante.fecha.size() + kLargoFecha + 1);
+    linea.Alinea(MontoConParentesis(comprobante.base), kFinBase)
+        .Alinea(Tasa(comprobante.tasa), kFinTasa)
+        .Alinea(MontoConParentesis(comprobante.percepcion), kFinPercepcion);
     const QStringView segunda = m_preguntaPorZona ? comprobante.medioPago : comprobante.listaClientes;
     const QStringView tercera = m_preguntaPorZona ? comprobante.listaClientes : comprobante.medioPago;
     for (const QStringView respuesta :
          {SiNo(comprobante.creditoFiscal, u"  "), SiNo(segunda, u" -"), SiNo(tercera, u" -")})
-        linea.append(u"     ").append(respuesta);
-    return linea;
+        linea.Pon(u"     ").Pon(respuesta);
+    return linea.Texto();
 }
 
 /// Vouchers in a row nearly always share their rate.
@@ -130,33 +137,27 @@ const QString& LineasAnexo::Tasa(QStringView tasa) {
 }
 
 QString LineasAnexo::Contado(const ComprobanteImpreso& contado) {
-    QString linea = Comprobante(contado);
-    AgregaTipo(linea, contado.tipo);
-    return linea + u"  Venta al Contado"_s;
+    Renglon linea;
+    linea.Pon(Comprobante(contado));
+    PonTipo(linea, contado.tipo);
+    return linea.Pon(u"  Venta al Contado").Texto();
 }
 
 QString LineasAnexo::Pago(const QString& comprobante, const PagoImpreso& pago) {
-    QString linea;
-    linea.reserve(kFinMontoPago);
-    Completa(linea, comprobante, kFinComprobante);
-    AgregaTipo(linea, pago.tipo);
-    linea += u"  ";
-    Completa(linea, pago.serie, kFinSeriePago);
-    linea += u"  ";
-    Completa(linea, pago.numero, kFinNumeroPago);
-    linea += u' ';
-    Completa(linea, pago.fecha, kFinFechaPago);
-    linea += u"  ";
-    Alinea(linea, MontoConParentesis(pago.monto), kFinMontoPago);
-    return linea;
+    Renglon linea;
+    linea.Pon(comprobante).Hasta(kFinComprobante);
+    PonTipo(linea, pago.tipo);
+    linea.Pon(u"  ").Pon(pago.serie).Hasta(kFinSeriePago);
+    linea.Pon(u"  ").Pon(pago.numero).Hasta(kFinNumeroPago);
+    linea.Pon(u" ").Pon(pago.fecha).Hasta(kFinFechaPago);
+    return linea.Pon(u"  ").Alinea(MontoConParentesis(pago.monto), kFinMontoPago).Texto();
 }
 
 QString LineasAnexo::FinDeCliente(const SumasAnexo& sumas) {
-    QString linea = u"     "_s + QString::number(sumas.comprobantes) + u" Registros      "_s;
-    Alinea(linea, MontoConSigno(sumas.base), kFinBaseCliente);
-    linea += u"     ";
-    Alinea(linea, MontoConSigno(sumas.percepcion), kFinPercepcionCliente);
-    return linea;
+    Renglon linea;
+    linea.Pon(u"     ").Pon(QString::number(sumas.comprobantes)).Pon(u" Registros      ");
+    linea.Alinea(MontoConSigno(sumas.base), kFinBaseCliente);
+    return linea.Pon(u"     ").Alinea(MontoConSigno(sumas.percepcion), kFinPercepcionCliente).Texto();
 }
 
 QString LineasAnexo::Totales(const SumasAnexo& sumas) {

@@ -120,7 +120,7 @@ void InformeAnexo::Cliente(FilasAnexo& filas) {
         Comprobante(m_lineas.Comprobante(comprobante), filas);
     }
     while (filas.SiguienteContado()) {
-        const ComprobanteImpreso contado = filas.Comprobante();
+        const ComprobanteImpreso contado = filas.Contado();
         sumas.Agrega(contado);
         Linea(m_lineas.Contado(contado));
     }

@@ -3,7 +3,6 @@
 #include "form518/DetailColumns.h"
 
 #include <algorithm>
-#include <array>
 
 namespace xa518 {
 
@@ -11,47 +10,34 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Columna { NumeroCliente, TipoCliente, Campos };
+/// Rows of one client and one table that are kept in memory.
+constexpr size_t kFilasMaximas = 20'000;
 
-/// Stands between the fields of a row. No text of the tables holds it.
-constexpr char16_t kEntreCampos = 31;
-
-/// Payment vouchers of one client that are kept in memory.
-constexpr size_t kPagosMaximos = 20'000;
-
-/// The columns as one text, null as the empty one: each value that leaves the engine costs more than its reading.
-QString Unidas(const QStringList& columnas) {
-    const QStringList lugares(columnas.size(), u"%s"_s);
-    return u"printf('"_s + lugares.join(QChar(kEntreCampos)) + u"', "_s + columnas.join(u", "_s) + u')';
-}
-
-QString UnidasComprobante(const QString& tipo) {
+QString UnidasComprobante(const QStringList& detras) {
     using enum DatoComprobante;
-    return Unidas(
-        ColumnasDe<DatoComprobante>({Serie, Numero, Fecha, MontoBase, Tasa, Percepcion, CpFact, ListaClie, MedPago}) +
-        QStringList{tipo});
+    return FilaUnida::Sql(QStringList{u"rowid"_s} +
+                          ColumnasDe<DatoComprobante>(
+                              {NumDoc, Serie, Numero, Fecha, MontoBase, Tasa, Percepcion, CpFact, ListaClie, MedPago}) +
+                          detras);
 }
 
 QString UnidasPago() {
     using enum DatoPago;
-    return Unidas(ColumnasDe<DatoPago>({SerieCp, NumeroCp, Tipo, Serie, Numero, Fecha, Monto}));
+    return FilaUnida::Sql(QStringList{u"rowid"_s} +
+                          ColumnasDe<DatoPago>({NumDoc, SerieCp, NumeroCp, Tipo, Serie, Numero, Fecha, Monto}));
 }
 
-template <size_t N>
-std::array<QStringView, N> Separa(QStringView fila) {
-    std::array<QStringView, N> campos;
-    for (QStringView& campo : campos) {
-        const qsizetype separador = fila.indexOf(kEntreCampos);
-        const qsizetype fin = separador < 0 ? fila.size() : separador;
-        campo = fila.first(fin);
-        fila = fila.sliced(std::min(fin + 1, fila.size()));
-    }
-    return campos;
+qint64 Entero(QStringView digitos) {
+    qint64 valor = 0;
+    for (const QChar c : digitos)
+        valor = 10 * valor + (c.unicode() - u'0');
+    return valor;
 }
 
-/// Series and number of the voucher, with which its rows and those of its payment vouchers begin.
-QStringView ClaveComprobante(QStringView fila) {
-    return fila.first(std::max<qsizetype>(fila.indexOf(kEntreCampos, fila.indexOf(kEntreCampos) + 1), 0));
+FilaAnexo FilaDe(const Registros& filas) {
+    FilaUnida campos(filas.Valor(0).toByteArray());
+    const qint64 alta = Entero(campos.Campo(FilaAnexo::Alta));
+    return {alta, std::move(campos)};
 }
 
 /// As the tables compare texts: code by code, A to Z as a to z.
@@ -62,142 +48,211 @@ std::strong_ordering ComparaSinCaja(QStringView a, QStringView b) {
         [&](QChar x, QChar y) -> std::strong_ordering { return minuscula(x) <=> minuscula(y); });
 }
 
-bool DeComprobanteAnterior(const QString& a, const QString& b) {
-    return std::is_lt(ComparaSinCaja(ClaveComprobante(a), ClaveComprobante(b)));
+/// By series and number of the voucher.
+bool PorComprobante(const FilaAnexo& a, const FilaAnexo& b) {
+    const auto compara = [&](FilaAnexo::Campo campo) {
+        return ComparaSinCaja(a.campos.Campo(campo), b.campos.Campo(campo));
+    };
+    const std::strong_ordering porSerie = compara(FilaAnexo::Serie);
+    return std::is_lt(std::is_neq(porSerie) ? porSerie : compara(FilaAnexo::Numero));
 }
 
-/// The order of the annex: by number, then by type.
-QString PorCliente() {
-    return ListaDe<DatoCliente>({DatoCliente::NumDoc, DatoCliente::TipoDoc});
+bool PorAlta(const FilaAnexo& a, const FilaAnexo& b) {
+    return a.alta < b.alta;
 }
 
+/// By number, then by type.
 QString SqlClientes(const ClaveDeclaracion& clave) {
-    return u"Select %1 from %2 %3 Order by %4"_s.arg(ClienteImpreso::Columnas(), clave.Tabla(u"F518PCAB"_s),
-                                                     clave.Condicion(), PorCliente());
-}
-
-QString SqlEnPaso(const QString& unidas, const QString& tabla, const QString& condicion) {
-    return u"SELECT %1, %2 FROM %3 %4 ORDER BY %1, rowid"_s.arg(PorCliente(), unidas, tabla, condicion);
+    return u"Select %1 from %2 %3 Order by %4"_s.arg(FilaUnida::Sql(ClienteImpreso::Columnas()),
+                                                     clave.Tabla(u"F518PCAB"_s), clave.Condicion(),
+                                                     ListaDe<DatoCliente>({DatoCliente::NumDoc, DatoCliente::TipoDoc}));
 }
 
 } // namespace
 
 FilasEnPaso::FilasEnPaso(Base& base, const QString& sql, const QVariantList& valores)
-    : m_filas(base.Lee(sql, valores)), m_hay(m_filas.Siguiente()) {}
-
-std::strong_ordering FilasEnPaso::Respecto(const ClienteImpreso& cliente) const {
-    const std::strong_ordering porNumero = ComparaSinCaja(m_filas.Texto(NumeroCliente), cliente.numero);
-    return std::is_neq(porNumero) ? porNumero : m_filas.Entero(TipoCliente) <=> cliente.tipoDoc;
+    : m_filas(base.Lee(sql, valores)) {
+    Avanza();
 }
 
-bool FilasEnPaso::Siguiente(const ClienteImpreso& cliente) {
+void FilasEnPaso::Avanza() {
+    m_hay = m_filas.Siguiente();
+    m_fila = m_hay ? FilaDe(m_filas) : FilaAnexo();
+}
+
+std::strong_ordering FilasEnPaso::Respecto(QStringView cliente) const {
+    const QStringView numero = m_fila.campos.Campo(FilaAnexo::Cliente);
+    return numero == cliente ? std::strong_ordering::equal : ComparaSinCaja(numero, cliente);
+}
+
+bool FilasEnPaso::Siguiente(QStringView cliente) {
     if (m_entregada)
-        m_hay = m_filas.Siguiente();
+        Avanza();
     m_entregada = false;
     while (m_hay) {
         const std::strong_ordering orden = Respecto(cliente);
         m_entregada = std::is_eq(orden);
         if (std::is_gteq(orden))
             break;
-        m_hay = m_filas.Siguiente();
+        Avanza();
     }
     return m_entregada;
 }
 
+void FilasDeCliente::Carga(FilasEnPaso& lectura, QStringView cliente) {
+    m_filas.clear();
+    m_sonDemasiadas = false;
+    while (lectura.Siguiente(cliente)) {
+        if (m_sonDemasiadas)
+            continue;
+        m_filas.push_back(std::move(lectura.Fila()));
+        m_sonDemasiadas = m_filas.size() > kFilasMaximas;
+    }
+    if (m_sonDemasiadas)
+        m_filas.clear();
+}
+
+void FilasPorAlta::Empieza(Tramo filas) {
+    m_aparte.reset();
+    std::sort(filas.begin(), filas.end(), PorAlta);
+    m_quedan = filas;
+}
+
+void FilasPorAlta::Empieza(Registros filas) {
+    m_aparte.reset();
+    m_aparte.emplace(std::move(filas));
+}
+
+bool FilasPorAlta::Siguiente() {
+    if (m_aparte) {
+        if (!m_aparte->Siguiente())
+            return false;
+        m_leida = FilaDe(*m_aparte);
+        m_fila = &m_leida;
+        return true;
+    }
+    if (m_quedan.empty())
+        return false;
+    m_fila = &m_quedan.front();
+    m_quedan = m_quedan.subspan(1);
+    return true;
+}
+
 FilasAnexo::FilasAnexo(Base& base, const ClaveDeclaracion& clave)
-    : m_base(&base)
-    , m_clave(clave)
-    , m_clientes(base.Lee(SqlClientes(clave), clave.Valores()))
-    , m_comprobantes(base, SqlEnPaso(UnidasComprobante(u"''"_s), clave.Tabla(u"F518PDET"_s), clave.Condicion()),
-                     clave.Valores())
-    , m_pagos(base, SqlEnPaso(UnidasPago(), clave.Tabla(u"F518PDETCP"_s), clave.CondicionSinTipo()), clave.Valores())
-    , m_contados(base,
-                 SqlEnPaso(UnidasComprobante(ColumnaDe(DatoComprobante::TipCp)), clave.Tabla(u"F518PDETVC"_s),
-                           clave.Condicion()),
-                 clave.Valores()) {}
+    : m_base(&base), m_clave(clave), m_clientes(base.Lee(SqlClientes(clave), clave.Valores())) {}
+
+QString FilasAnexo::Unidas(Clase clase) {
+    switch (clase) {
+    case Clase::Comprobantes: return UnidasComprobante({});
+    case Clase::Contados: return UnidasComprobante({ColumnaDe(DatoComprobante::TipCp)});
+    case Clase::Pagos: break;
+    }
+    return UnidasPago();
+}
+
+/// Of the clients with a type of document.
+QString FilasAnexo::SqlDe(Clase clase) const {
+    const QString tabla = clase == Clase::Comprobantes ? u"F518PDET"_s
+                          : clase == Clase::Contados   ? u"F518PDETVC"_s
+                                                       : u"F518PDETCP"_s;
+    return u"SELECT %1 FROM %2 %3 AND %4"_s.arg(Unidas(clase), m_clave.Tabla(tabla), m_clave.Condicion(),
+                                                IgualesA<DatoCliente>({DatoCliente::TipoDoc}));
+}
+
+/// In the order of the table's key, which the engine needn't make.
+FilasEnPaso FilasAnexo::EnPaso(Clase clase, int tipoDoc) {
+    using enum DatoComprobante;
+    return {*m_base, SqlDe(clase) + u" ORDER BY "_s + ListaDe<DatoComprobante>({NumDoc, Serie, Numero}),
+            m_clave.Valores() + QVariantList{tipoDoc}};
+}
+
+FilasAnexo::DeTipo& FilasAnexo::FilasDelTipo() {
+    const int tipo = m_cliente.tipoDoc;
+    auto lugar = m_tipos.find(tipo);
+    if (lugar == m_tipos.end())
+        lugar = m_tipos
+                    .emplace(tipo, DeTipo{EnPaso(Clase::Comprobantes, tipo), EnPaso(Clase::Pagos, tipo),
+                                          EnPaso(Clase::Contados, tipo)})
+                    .first;
+    return lugar->second;
+}
 
 bool FilasAnexo::SiguienteCliente() {
     if (!m_clientes.Siguiente())
         return false;
-    m_cliente = ClienteImpreso::De(m_clientes, 0);
-    CargaPagos();
+    m_cliente = ClienteImpreso::De(FilaUnida(m_clientes.Valor(0).toByteArray()));
+    DeTipo& filas = FilasDelTipo();
+    for (size_t clase = 0; clase < kClases; ++clase)
+        m_delCliente[clase].Carga(filas[clase], m_cliente.numero);
+    Empieza(Clase::Comprobantes, m_comprobantes);
+    Empieza(Clase::Contados, m_contados);
+    OrdenaPagos();
     return true;
 }
 
-void FilasAnexo::CargaPagos() {
-    m_delCliente.clear();
-    m_sonDemasiados = false;
-    while (m_pagos.Siguiente(m_cliente)) {
-        m_sonDemasiados = m_delCliente.size() >= kPagosMaximos;
-        if (!m_sonDemasiados)
-            m_delCliente.push_back(m_pagos.Texto(Campos));
-    }
-    std::stable_sort(m_delCliente.begin(), m_delCliente.end(), DeComprobanteAnterior);
+void FilasAnexo::Empieza(Clase clase, FilasPorAlta& destino) {
+    FilasDeCliente& filas = DelCliente(clase);
+    if (filas.SonDemasiadas())
+        destino.Empieza(PideDelCliente(clase, {}, {}));
+    else
+        destino.Empieza(filas.Filas());
+}
+
+Registros FilasAnexo::PideDelCliente(Clase clase, const QString& condicion, const QVariantList& valores) {
+    return m_base->Lee(SqlDe(clase) + u" AND "_s + IgualesA<DatoCliente>({DatoCliente::NumDoc}) + condicion +
+                           u" ORDER BY rowid"_s,
+                       m_clave.Valores() + QVariantList{m_cliente.tipoDoc, m_cliente.numero} + valores);
+}
+
+/// The key has put them in order already, nearly always.
+void FilasAnexo::OrdenaPagos() {
+    std::vector<FilaAnexo>& pagos = DelCliente(Clase::Pagos).Filas();
+    if (!std::is_sorted(pagos.begin(), pagos.end(), PorComprobante))
+        std::sort(pagos.begin(), pagos.end(), PorComprobante);
 }
 
 bool FilasAnexo::SiguienteComprobante() {
-    if (!m_comprobantes.Siguiente(m_cliente))
+    if (!m_comprobantes.Siguiente())
         return false;
-    m_comprobante = m_comprobantes.Texto(Campos);
     EligePagos();
     return true;
 }
 
 void FilasAnexo::EligePagos() {
-    m_aparte.reset();
-    if (m_sonDemasiados)
-        m_aparte.emplace(PidePagos());
-    else
-        std::tie(m_siguiente, m_fin) =
-            std::equal_range(m_delCliente.cbegin(), m_delCliente.cend(), m_comprobante, DeComprobanteAnterior);
-}
-
-Registros FilasAnexo::PidePagos() const {
-    const auto [serie, numero] = Separa<2>(m_comprobante);
-    return m_base->Lee(
-        u"SELECT %1 FROM %2 %3 AND tip_doc_d = 6 AND %4 ORDER BY rowid"_s.arg(
-            UnidasPago(), m_clave.Tabla(u"F518PDETCP"_s), m_clave.CondicionSinTipo(),
-            IgualesA<DatoPago>({DatoPago::TipoDoc, DatoPago::NumDoc, DatoPago::SerieCp, DatoPago::NumeroCp})),
-        m_clave.Valores() + QVariantList{m_cliente.tipoDoc, m_cliente.numero, serie.toString(), numero.toString()});
-}
-
-bool FilasAnexo::SiguientePago() {
-    if (m_aparte) {
-        if (!m_aparte->Siguiente())
-            return false;
-        m_pago = m_aparte->Texto(0);
-        return true;
+    using enum DatoPago;
+    FilasDeCliente& pagos = DelCliente(Clase::Pagos);
+    if (pagos.SonDemasiadas()) {
+        m_pagos.Empieza(PideDelCliente(
+            Clase::Pagos, u" AND "_s + IgualesA<DatoPago>({SerieCp, NumeroCp}),
+            {m_comprobantes.Campo(FilaAnexo::Serie).toString(), m_comprobantes.Campo(FilaAnexo::Numero).toString()}));
+        return;
     }
-    if (m_siguiente == m_fin)
-        return false;
-    m_pago = *m_siguiente++;
-    return true;
+    std::vector<FilaAnexo>& filas = pagos.Filas();
+    const auto [desde, hasta] = std::equal_range(filas.begin(), filas.end(), m_comprobantes.Fila(), PorComprobante);
+    m_pagos.Empieza({desde, hasta});
 }
 
-bool FilasAnexo::SiguienteContado() {
-    if (!m_contados.Siguiente(m_cliente))
-        return false;
-    m_comprobante = m_contados.Texto(Campos);
-    return true;
-}
-
-ComprobanteImpreso FilasAnexo::Comprobante() const {
-    const auto [serie, numero, fecha, base, tasa, percepcion, credito, lista, medio, tipo] = Separa<10>(m_comprobante);
-    return {.serie = serie,
-            .numero = numero,
-            .fecha = fecha,
-            .base = base,
-            .tasa = tasa,
-            .percepcion = percepcion,
-            .creditoFiscal = credito,
-            .listaClientes = lista,
-            .medioPago = medio,
-            .tipo = tipo};
+ComprobanteImpreso FilasAnexo::De(const FilasPorAlta& filas) {
+    enum : size_t { Fecha = FilaAnexo::Resto, Base, Tasa, Percepcion, Credito, Lista, Medio, Tipo };
+    return {.serie = filas.Campo(FilaAnexo::Serie),
+            .numero = filas.Campo(FilaAnexo::Numero),
+            .fecha = filas.Campo(Fecha),
+            .base = filas.Campo(Base),
+            .tasa = filas.Campo(Tasa),
+            .percepcion = filas.Campo(Percepcion),
+            .creditoFiscal = filas.Campo(Credito),
+            .listaClientes = filas.Campo(Lista),
+            .medioPago = filas.Campo(Medio),
+            .tipo = filas.Campo(Tipo)};
 }
 
 PagoImpreso FilasAnexo::Pago() const {
-    const auto [serieCp, numeroCp, tipo, serie, numero, fecha, monto] = Separa<7>(m_pago);
-    return {.tipo = tipo, .serie = serie, .numero = numero, .fecha = fecha, .monto = monto};
+    enum : size_t { Tipo = FilaAnexo::Resto, Serie, Numero, Fecha, Monto };
+    return {.tipo = m_pagos.Campo(Tipo),
+            .serie = m_pagos.Campo(Serie),
+            .numero = m_pagos.Campo(Numero),
+            .fecha = m_pagos.Campo(Fecha),
+            .monto = m_pagos.Campo(Monto)};
 }
 
 } // namespace xa518

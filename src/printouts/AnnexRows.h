@@ -2,13 +2,17 @@
 
 #include "data/Base.h"
 #include "family/DeclarationKey.h"
+#include "printouts/JoinedRow.h"
 #include "printouts/PrintedClient.h"
 
 #include <QString>
 #include <QStringView>
 
+#include <array>
 #include <compare>
+#include <map>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace xa518 {
@@ -35,22 +39,67 @@ struct PagoImpreso {
     QStringView monto;
 };
 
-/// The rows of one table, client by client, read once and in step with the clients, so that a report's memory doesn't
-/// grow with its length. Columns 0 and 1 tell the client.
+/// A row of any of the three tables: its place in the order in which the table was filled, the client's number, and
+/// from the third field on what is printed of it.
+struct FilaAnexo {
+    qint64 alta = 0;
+    FilaUnida campos;
+
+    enum Campo : size_t { Alta, Cliente, Serie, Numero, Resto };
+};
+
+/// The rows of one table that belong to clients with one type of document, client by client, read once and in step with
+/// the clients, so that a report's memory doesn't grow with its length.
 class FilasEnPaso {
   public:
     FilasEnPaso(Base& base, const QString& sql, const QVariantList& valores);
 
     /// Moves to the client's next row, at first to its first one. Rows of clients that are missing are passed over.
-    [[nodiscard]] bool Siguiente(const ClienteImpreso& cliente);
-    [[nodiscard]] QString Texto(int columna) const { return m_filas.Texto(columna); }
+    [[nodiscard]] bool Siguiente(QStringView cliente);
+    /// It may be taken away.
+    [[nodiscard]] FilaAnexo& Fila() { return m_fila; }
 
   private:
-    [[nodiscard]] std::strong_ordering Respecto(const ClienteImpreso& cliente) const;
+    void Avanza();
+    [[nodiscard]] std::strong_ordering Respecto(QStringView cliente) const;
 
     Registros m_filas;
-    bool m_hay;
+    FilaAnexo m_fila;
+    bool m_hay = false;
     bool m_entregada = false;
+};
+
+/// A client's rows of one table.
+class FilasDeCliente {
+  public:
+    /// Takes them all from the reading. Not more of them are kept than memory should hold: when there are, none is.
+    void Carga(FilasEnPaso& lectura, QStringView cliente);
+    [[nodiscard]] bool SonDemasiadas() const { return m_sonDemasiadas; }
+    [[nodiscard]] std::vector<FilaAnexo>& Filas() { return m_filas; }
+
+  private:
+    std::vector<FilaAnexo> m_filas;
+    bool m_sonDemasiadas = false;
+};
+
+/// Rows handed out one by one in the order in which they were entered, from memory or, when they are too many, from the
+/// base.
+class FilasPorAlta {
+  public:
+    using Tramo = std::span<FilaAnexo>;
+
+    void Empieza(Tramo filas);
+    void Empieza(Registros filas);
+    [[nodiscard]] bool Siguiente();
+    /// The row at hand; it holds until the next move.
+    [[nodiscard]] const FilaAnexo& Fila() const { return *m_fila; }
+    [[nodiscard]] QStringView Campo(size_t indice) const { return m_fila->campos.Campo(indice); }
+
+  private:
+    Tramo m_quedan;
+    std::optional<Registros> m_aparte;
+    FilaAnexo m_leida; ///< from there
+    const FilaAnexo* m_fila = &m_leida;
 };
 
 /// A declaration's clients by number, their vouchers and cash sales, and the payment vouchers of the first, each kind
@@ -64,35 +113,41 @@ class FilasAnexo {
 
     /// Of the client at hand.
     [[nodiscard]] bool SiguienteComprobante();
-    [[nodiscard]] ComprobanteImpreso Comprobante() const;
+    [[nodiscard]] ComprobanteImpreso Comprobante() const { return De(m_comprobantes); }
     /// Of the voucher at hand.
-    [[nodiscard]] bool SiguientePago();
+    [[nodiscard]] bool SiguientePago() { return m_pagos.Siguiente(); }
     [[nodiscard]] PagoImpreso Pago() const;
     /// Of the client at hand.
-    [[nodiscard]] bool SiguienteContado();
+    [[nodiscard]] bool SiguienteContado() { return m_contados.Siguiente(); }
+    [[nodiscard]] ComprobanteImpreso Contado() const { return De(m_contados); }
 
   private:
-    using Pagos = std::vector<QString>;
+    enum class Clase { Comprobantes, Pagos, Contados };
+    static constexpr size_t kClases = 3;
 
-    void CargaPagos();
+    /// What belongs to the clients with one type of document, by class.
+    using DeTipo = std::array<FilasEnPaso, kClases>;
+
+    [[nodiscard]] static ComprobanteImpreso De(const FilasPorAlta& filas);
+    [[nodiscard]] static QString Unidas(Clase clase);
+    [[nodiscard]] QString SqlDe(Clase clase) const;
+    [[nodiscard]] FilasEnPaso EnPaso(Clase clase, int tipoDoc);
+    [[nodiscard]] DeTipo& FilasDelTipo();
+    [[nodiscard]] FilasDeCliente& DelCliente(Clase clase) { return m_delCliente[static_cast<size_t>(clase)]; }
+    [[nodiscard]] Registros PideDelCliente(Clase clase, const QString& condicion, const QVariantList& valores);
+    void Empieza(Clase clase, FilasPorAlta& destino);
+    void OrdenaPagos();
     void EligePagos();
-    [[nodiscard]] Registros PidePagos() const;
 
     Base* m_base;
     ClaveDeclaracion m_clave;
     Registros m_clientes;
-    FilasEnPaso m_comprobantes;
-    FilasEnPaso m_pagos;
-    FilasEnPaso m_contados;
+    std::map<int, DeTipo> m_tipos; ///< of those that have come, by type
     ClienteImpreso m_cliente;
-    QString m_comprobante; ///< the row at hand, a voucher's or a cash sale's
-    QString m_pago;
-
-    Pagos m_delCliente;           ///< by voucher
-    bool m_sonDemasiados = false; ///< to be kept: each voucher's are asked for by themselves
-    Pagos::const_iterator m_siguiente;
-    Pagos::const_iterator m_fin;
-    std::optional<Registros> m_aparte;
+    std::array<FilasDeCliente, kClases> m_delCliente; ///< by class
+    FilasPorAlta m_comprobantes;
+    FilasPorAlta m_pagos;
+    FilasPorAlta m_contados;
 };
 
 } // namespace xa518

@@ -51,10 +51,10 @@ struct InformeDeclaracion::TotalesLista {
 void InformeDeclaracion::ListaClientes() {
     const ClaveDeclaracion& clave = m_datos->clave;
     const NombresDocumento nombres = CargarGrilla(*m_base);
-    Registros filas =
-        m_base->Lee(u"Select %1 from %2 %3 Order by %4"_s.arg(ClienteImpreso::Columnas(), clave.Tabla(u"F518PCAB"_s),
-                                                              clave.Condicion(), ColumnaDe(DatoCliente::NumDoc)),
-                    clave.Valores());
+    Registros filas = m_base->Lee(
+        u"Select %1 from %2 %3 Order by %4"_s.arg(ClienteImpreso::Columnas().join(u", "_s), clave.Tabla(u"F518PCAB"_s),
+                                                  clave.Condicion(), ColumnaDe(DatoCliente::NumDoc)),
+        clave.Valores());
     TotalesLista totales;
     int impresas = 0;
     while (filas.Siguiente()) {

@@ -3,6 +3,7 @@
 #include "data/Base.h"
 #include "form518/ClientName.h"
 #include "form518/DetailColumns.h"
+#include "printouts/JoinedRow.h"
 
 namespace xa518 {
 
@@ -14,14 +15,22 @@ enum ColumnaCliente { TipoDoc, Numero, Razon, Paterno, Materno, Nombres, MontoBa
 
 } // namespace
 
-QString ClienteImpreso::Columnas() {
-    using enum DatoCliente;
-    return ListaDe<DatoCliente>({TipoDoc, NumDoc, Razon, ApellidoP, ApellidoM, Nombres, MontoBase, Percepcion});
+QStringList ClienteImpreso::Columnas() {
+    using Dato = DatoCliente;
+    return ColumnasDe<Dato>({Dato::TipoDoc, Dato::NumDoc, Dato::Razon, Dato::ApellidoP, Dato::ApellidoM, Dato::Nombres,
+                             Dato::MontoBase, Dato::Percepcion});
 }
 
 ClienteImpreso ClienteImpreso::De(const Registros& fila, int primera) {
     const auto texto = [&](ColumnaCliente columna) { return fila.Texto(primera + columna); };
     return {static_cast<int>(fila.Entero(primera + TipoDoc)), texto(Numero),
+            NombreCliente(texto(Razon), texto(Paterno), texto(Materno), texto(Nombres)), texto(MontoBase),
+            texto(MontoImp)};
+}
+
+ClienteImpreso ClienteImpreso::De(const FilaUnida& fila) {
+    const auto texto = [&](ColumnaCliente columna) { return fila.Campo(columna).toString(); };
+    return {texto(TipoDoc).toInt(), texto(Numero),
             NombreCliente(texto(Razon), texto(Paterno), texto(Materno), texto(Nombres)), texto(MontoBase),
             texto(MontoImp)};
 }

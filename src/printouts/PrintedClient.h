@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace xa518 {
 
+class FilaUnida;
 class Registros;
 
 /// A client as the print-outs show it.
@@ -14,9 +16,10 @@ struct ClienteImpreso {
     QString base;
     QString percepcion;
 
-    /// The columns that a query of clients takes, in the order in which `De` reads them from `primera` on.
-    [[nodiscard]] static QString Columnas();
+    /// The columns that a query of clients takes, in the order in which `De` reads them, from `primera` on or joined.
+    [[nodiscard]] static QStringList Columnas();
     [[nodiscard]] static ClienteImpreso De(const Registros& fila, int primera);
+    [[nodiscard]] static ClienteImpreso De(const FilaUnida& fila);
 };
 
 } // namespace xa518

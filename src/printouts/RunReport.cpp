@@ -29,12 +29,12 @@ void EncabezaDeclaracion(const PedidoDeclaracion& pedido, int hojas, EscritorInf
     escritor.Encabeza({Color, u"&H00FFFFC0&"_s});
 }
 
-void GeneraDeclaracion(Proceso& proceso, const PedidoDeclaracion& pedido, EscritorInforme& escritor) {
-    Base& base = *proceso.baseDatos;
+void GeneraDeclaracion(const EntornoRegistro& entorno, const PedidoDeclaracion& pedido, EscritorInforme& escritor) {
+    Base& base = entorno.base;
     const LecturaLarga lectura(base);
     if (pedido.anexo) {
         EncabezaDeclaracion(pedido, InformeAnexo::TotalPaginas(base, pedido.datos.clave), escritor);
-        InformeAnexo(base, proceso.reloj, pedido.datos, escritor).Imprime();
+        InformeAnexo(base, entorno.reloj, pedido.datos, escritor).Imprime();
     } else {
         EncabezaDeclaracion(pedido, InformeDeclaracion::TotalPaginas(pedido.datos), escritor);
         InformeDeclaracion(base, pedido.datos, escritor).Imprime();
@@ -60,25 +60,24 @@ QString EscribeConRuta(Proceso& proceso, const PedidoInforme& pedido) {
 
 } // namespace
 
-void EjecutaReporte(Proceso& proceso, const PedidoInforme& pedido, DestinoInforme& destino) {
+void EjecutaReporte(const EntornoRegistro& entorno, const PedidoInforme& pedido, DestinoInforme& destino) {
     EscritorInforme escritor(destino, kAnchoInicial);
     if (const auto* errores = std::get_if<DatosErrores>(&pedido))
-        ReporteErrores(proceso.reloj, *errores, escritor).Imprime();
+        ReporteErrores(entorno.reloj, *errores, escritor).Imprime();
     else
-        GeneraDeclaracion(proceso, std::get<PedidoDeclaracion>(pedido), escritor);
+        GeneraDeclaracion(entorno, std::get<PedidoDeclaracion>(pedido), escritor);
     destino.Termina();
 }
 
-QString EscribeInforme(Proceso& proceso, const PedidoInforme& pedido, Avance& avance) {
+QString EscribeInforme(const EntornoRegistro& entorno, const PedidoInforme& pedido, Avance& avance) {
     const auto [codigo, doc] = RegistroDe(pedido);
-    QString archivo = NuevoReporte(proceso, codigo, kTipoRuc, doc);
-    const QString ruta = RutaDeInforme(proceso.rutaRPT, archivo);
+    QString archivo = NuevoReporte(entorno, codigo, kTipoRuc, doc);
+    ArchivoSpool spool(RutaDeInforme(entorno.rutaRPT, archivo));
+    InformeSeguido seguido(spool, avance);
     try {
-        ArchivoSpool spool(ruta);
-        InformeSeguido seguido(spool, avance);
-        EjecutaReporte(proceso, pedido, seguido);
+        EjecutaReporte(entorno, pedido, seguido);
     } catch (const Detenido&) {
-        QFile::remove(ruta);
+        spool.Retira();
         throw;
     }
     return archivo;

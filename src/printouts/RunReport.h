@@ -3,6 +3,7 @@
 #include "printouts/DeclarationData.h"
 #include "printouts/ErrorReport.h"
 #include "reports/PageCommands.h"
+#include "reports/SpoolRegistry.h"
 
 #include <QStringList>
 
@@ -22,13 +23,15 @@ struct PedidoDeclaracion {
 /// What is to be reported. The refused lines of an import make PER005.
 using PedidoInforme = std::variant<PedidoDeclaracion, DatosErrores>;
 
+// Both may be called in any thread, with an environment of its own.
+
 /// Sends a report to its destination: a spool file, or a printer without the detour of a file.
-void EjecutaReporte(Proceso& proceso, const PedidoInforme& pedido, DestinoInforme& destino);
+void EjecutaReporte(const EntornoRegistro& entorno, const PedidoInforme& pedido, DestinoInforme& destino);
 
 /// Allocates a spool file, writes the report to it and returns the file's name, without folder.
 /// Raises `ErrorBase`, and `Error` (`AccesoAlDisco`) when the folder can't be written.
 /// Stopped by `avance` it leaves no file, and like any report that is never written its number taken.
-[[nodiscard]] QString EscribeInforme(Proceso& proceso, const PedidoInforme& pedido, Avance& avance);
+[[nodiscard]] QString EscribeInforme(const EntornoRegistro& entorno, const PedidoInforme& pedido, Avance& avance);
 
 /// The spool files that were written, by their full names, and why the rest wasn't.
 struct InformesEmitidos {

@@ -10,12 +10,32 @@ namespace xa518 {
 
 namespace {
 
-void AgregaNumero(QByteArray& salida, int numero) {
-    std::array<char, 16> cifras{};
-    const char* const fin = std::to_chars(cifras.data(), cifras.data() + cifras.size(), numero).ptr;
-    salida.append(cifras.data(), fin - cifras.data());
-    salida += '|';
-}
+/// Writes at the end of a text that has room for what comes.
+class Final {
+  public:
+    Final(QByteArray& salida, qsizetype sitio) : m_salida(&salida) {
+        const qsizetype inicio = salida.size();
+        salida.resize(inicio + sitio);
+        m_lugar = salida.data() + inicio;
+    }
+    Final(const Final&) = delete;
+    Final& operator=(const Final&) = delete;
+    ~Final() { m_salida->truncate(m_lugar - m_salida->constData()); }
+
+    void Pon(QByteArrayView bytes) { m_lugar = std::copy(bytes.begin(), bytes.end(), m_lugar); }
+    void Pon(int numero) {
+        m_lugar = std::to_chars(m_lugar, m_lugar + kCifras, numero).ptr;
+        *m_lugar++ = '|';
+    }
+    void Pon(QStringView texto);
+
+    static constexpr qsizetype kCifras = 12; ///< of a number, with its sign and its bar
+    static constexpr qsizetype kBytesPorLetra = 3;
+
+  private:
+    QByteArray* m_salida;
+    char* m_lugar;
+};
 
 /// No byte of a letter beyond ASCII looks like one of these.
 char SinRomperLaLinea(char c) {
@@ -23,24 +43,25 @@ char SinRomperLaLinea(char c) {
     return codigo < 32 || codigo == 127 || codigo == '|' ? ' ' : c;
 }
 
-void AgregaTexto(QByteArray& salida, const QString& texto) {
+void Final::Pon(QStringView texto) {
     QStringEncoder codificador(QStringEncoder::Utf8);
-    const qsizetype inicio = salida.size();
-    salida.resize(inicio + codificador.requiredSpace(texto.size()));
-    const char* fin = codificador.appendToBuffer(salida.data() + inicio, texto);
-    salida.truncate(fin - salida.constData());
-    char* texto8 = salida.data() + inicio;
-    std::transform(texto8, texto8 + (salida.size() - inicio), texto8, SinRomperLaLinea);
-    salida += '|';
+    char* const fin = codificador.appendToBuffer(m_lugar, texto);
+    std::transform(m_lugar, fin, m_lugar, SinRomperLaLinea);
+    m_lugar = fin;
+    *m_lugar++ = '|';
 }
 
-void AgregaCampos(QByteArray& salida, const TextoEnPagina& texto) {
-    AgregaNumero(salida, texto.x);
-    AgregaNumero(salida, texto.y);
-    AgregaTexto(salida, texto.texto);
-    salida += texto.negrita ? "True|" : "False|";
-    AgregaNumero(salida, texto.tamano);
-    AgregaNumero(salida, texto.pagina);
+void AgregaTextoEn(QByteArray& salida, QByteArrayView palabra, const TextoEnPagina& texto) {
+    constexpr qsizetype kNumeros = 4;
+    constexpr qsizetype kPalabras = 32;
+    Final final(salida, kPalabras + kNumeros * Final::kCifras + Final::kBytesPorLetra * texto.texto.size());
+    final.Pon(palabra);
+    final.Pon(texto.x);
+    final.Pon(texto.y);
+    final.Pon(QStringView(texto.texto));
+    final.Pon(texto.negrita ? "True|" : "False|");
+    final.Pon(texto.tamano);
+    final.Pon(texto.pagina);
 }
 
 struct Escritura {
@@ -50,18 +71,15 @@ struct Escritura {
         const QByteArray palabra = PalabraDe(etiqueta.clase);
         salida += "<!" + palabra + "!>" + etiqueta.valor.toUtf8() + "<!/" + palabra + "!>";
     }
-    void operator()(const TextoEnPagina& texto) const {
-        salida += "pPos|";
-        AgregaCampos(salida, texto);
-    }
-    void operator()(const TextoVertical& vertical) const {
-        salida += "pPosVerti|";
-        AgregaCampos(salida, vertical.texto);
-    }
+    void operator()(const TextoEnPagina& texto) const { AgregaTextoEn(salida, "pPos|", texto); }
+    void operator()(const TextoVertical& vertical) const { AgregaTextoEn(salida, "pPosVerti|", vertical.texto); }
     void operator()(const Cuadro& cuadro) const {
-        salida += "pCuadro|";
-        for (const int numero : {cuadro.x1, cuadro.y1, cuadro.x2, cuadro.y2, cuadro.pagina})
-            AgregaNumero(salida, numero);
+        const auto numeros = {cuadro.x1, cuadro.y1, cuadro.x2, cuadro.y2, cuadro.pagina};
+        const QByteArrayView palabra("pCuadro|");
+        Final final(salida, palabra.size() + qsizetype(numeros.size()) * Final::kCifras);
+        final.Pon(palabra);
+        for (const int numero : numeros)
+            final.Pon(numero);
     }
     void operator()(LineaVacia /*linea*/) const { salida += ' '; }
     void operator()(NuevaHoja /*hoja*/) const { salida += "pNuevaHoja"; }

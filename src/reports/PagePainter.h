@@ -1,43 +1,34 @@
 #pragma once
 
+#include "reports/PageLayout.h"
 #include "reports/SpoolReport.h"
 
 #include <QColor>
 #include <QFont>
-#include <QSize>
 
 class QPainter;
 
 namespace xa518 {
 
-/// Twips of the sheet, A4 upright or lying.
-[[nodiscard]] QSize TamanoHoja(bool apaisado);
-
 /// What lies behind a page on the screen; `ventana` is the desktop's background of windows.
 [[nodiscard]] QColor ColorDe(const ColorPagina& color, const QColor& ventana);
 
-/// Paints the commands of a page. Screen, printer and PDF only supply the painter, and so show the same.
-class PintorPagina {
+/// Paints the commands of a page with a painter, the screen's or a printer's.
+class PintorPagina final : private LienzoPagina {
   public:
     /// The painter's page begins at its origin, is `ancho` twips wide, and a twip takes `escala` of its units. It must
     /// outlive this object.
     PintorPagina(QPainter& pintor, qreal escala, int ancho);
 
-    void Pinta(const Comando& comando);
+    void Pinta(const Comando& comando) { m_trazado.Pinta(comando); }
 
   private:
-    void Texto(const TextoEnPagina& texto);
-    void Ajustado(QPointF base, QStringView texto, qreal sitio);
-    void Vertical(const TextoEnPagina& texto);
-    void Cuadros(const Cuadro& cuadro);
-    void PonFuente(int tamano, bool negrita);
+    MedidasLetra PonLetra(int alto, bool negrita) override;
+    void Escribe(QPointF base, QStringView texto, qreal anchura) override;
+    void Raya(QPoint desde, QPoint hasta) override;
 
     QPainter* m_pintor;
-    int m_ancho;
-    int m_tamano = 0;
-    bool m_negrita = false;
-    qreal m_ascenso = 0;
-    qreal m_paso = 0; ///< width of a character
+    TrazadoPagina m_trazado;
 };
 
 /// Paints a page of a report, from 0, so that its whole sheet takes `ancho` units of the painter.
@@ -45,5 +36,8 @@ void PintaPagina(QPainter& pintor, InformeSpool& informe, int pagina, qreal anch
 
 /// The fixed-pitch font of all reports, "Courier New" or what stands for it with the same widths.
 [[nodiscard]] QFont FuenteInforme();
+/// The same at a height in twips, and its measures.
+[[nodiscard]] QFont FuenteInforme(int alto, bool negrita);
+[[nodiscard]] MedidasLetra MedidasDe(const QFont& fuente);
 
 } // namespace xa518

@@ -13,65 +13,24 @@ namespace {
 
 constexpr qreal kTwipsPorPulgada = 1440;
 
-[[noreturn]] void Falla() {
-    throw Error(NumeroError::AccesoAlDisco, u"No se puede imprimir el reporte."_s);
+void Exige(bool hecho) {
+    if (!hecho)
+        throw Error(NumeroError::AccesoAlDisco, u"No se puede imprimir el reporte."_s);
 }
 
 } // namespace
 
-void ImpresoraPaginas::Recibe(const Comando& comando) {
-    if (const auto* etiqueta = std::get_if<Etiqueta>(&comando)) {
-        if (etiqueta->clase == Etiqueta::Clase::Orientacion)
-            m_apaisado = etiqueta->valor == u"H";
-    } else if (std::holds_alternative<NuevaHoja>(comando)) {
-        m_hojaUsada = true;
-    } else if (PaginaDe(comando) >= 0) {
-        PreparaHoja();
-        m_pagina->Pinta(comando);
-    }
-}
-
-void ImpresoraPaginas::EmpiezaOtro() {
-    m_hojaUsada = true;
-    m_apaisado = false;
-}
-
-void ImpresoraPaginas::Termina() {
-    if (!m_pintor.isActive())
-        Inicia();
-    if (!m_pintor.end())
-        Falla();
-}
-
-void ImpresoraPaginas::PreparaHoja() {
-    if (!m_pintor.isActive()) {
-        Inicia();
-    } else if (m_hojaUsada) {
-        PonOrientacion();
-        if (!m_dispositivo->newPage())
-            Falla();
-        EmpiezaHoja();
-    }
-    m_hojaUsada = false;
-}
-
-void ImpresoraPaginas::Inicia() {
-    PonOrientacion();
-    if (!m_pintor.begin(m_dispositivo))
-        Falla();
-    EmpiezaHoja();
-}
-
-/// It holds from the next sheet on.
-void ImpresoraPaginas::PonOrientacion() {
-    m_dispositivo->setPageOrientation(m_apaisado ? QPageLayout::Landscape : QPageLayout::Portrait);
-}
-
-void ImpresoraPaginas::EmpiezaHoja() {
-    ++m_hojas;
+/// The orientation holds from the next sheet on.
+void ImpresoraPaginas::EmpiezaHoja(bool apaisado) {
+    m_dispositivo->setPageOrientation(apaisado ? QPageLayout::Landscape : QPageLayout::Portrait);
+    Exige(m_pintor.isActive() ? m_dispositivo->newPage() : m_pintor.begin(m_dispositivo));
     m_pintor.resetTransform();
     m_pagina = std::make_unique<PintorPagina>(m_pintor, m_dispositivo->logicalDpiX() / kTwipsPorPulgada,
-                                              TamanoHoja(m_apaisado).width());
+                                              TamanoHoja(apaisado).width());
+}
+
+void ImpresoraPaginas::Cierra() {
+    Exige(m_pintor.end());
 }
 
 } // namespace xa518

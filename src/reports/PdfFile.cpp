@@ -1,24 +1,19 @@
 #include "reports/PdfFile.h"
 
-#include "reports/PagedPrinter.h"
-#include "reports/PdfMetadata.h"
-#include "values/FileFailure.h"
+#include "reports/FollowedReport.h"
+#include "reports/PartialFile.h"
+#include "reports/PdfDocument.h"
+#include "values/Error.h"
 
-#include <QFile>
 #include <QFontDatabase>
 #include <QGuiApplication>
-#include <QPageSize>
-#include <QPdfWriter>
-
-#include <filesystem>
+#include <QStringEncoder>
 
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int kResolucion = 1440; ///< a dot of the device is a twip
 
 /// Without either the pages would come out empty.
 void ExigeLetras() {
@@ -28,60 +23,44 @@ void ExigeLetras() {
         throw Error(NumeroError::ArgumentoInvalido, u"No hay ninguna letra instalada: instale fonts-liberation."_s);
 }
 
-int ImprimeEn(QFile& pdf, const QStringList& spools, const RangoPaginas& rango) {
-    QPdfWriter escritor(&pdf);
-    escritor.setResolution(kResolucion);
-    escritor.setPageSize(QPageSize(QPageSize::A4));
-    escritor.setPageMargins(QMarginsF());
-    ImpresoraPaginas impresora(escritor);
-    for (const QString& spool : spools) {
-        impresora.EmpiezaOtro();
-        InformeSpool::Abre(spool)->Imprime(rango, impresora);
-    }
-    impresora.Termina();
-    return impresora.Hojas();
+/// A text in hexadecimal UTF-16, which needs no escapes and holds every letter.
+QByteArray TextoPdf(const QString& texto) {
+    QStringEncoder codificador(QStringEncoder::Utf16BE, QStringEncoder::Flag::WriteBom);
+    const QByteArray bytes = codificador.encode(texto);
+    return '<' + bytes.toHex() + '>';
 }
 
-/// Removes the half-done file unless it got its name.
-class ArchivoParcial {
-  public:
-    explicit ArchivoParcial(const QString& ruta) : m_ruta(ruta), m_archivo(ruta + u".parcial"_s) {
-        if (!m_archivo.open(QIODevice::ReadWrite | QIODevice::Truncate))
-            throw Falla();
-    }
-    ArchivoParcial(const ArchivoParcial&) = delete;
-    ArchivoParcial& operator=(const ArchivoParcial&) = delete;
-    ~ArchivoParcial() { m_archivo.remove(); }
-
-    [[nodiscard]] QFile& Archivo() { return m_archivo; }
-
-    void Confirma() {
-        if (!m_archivo.flush() || m_archivo.error() != QFileDevice::NoError)
-            throw Falla();
-        m_archivo.close();
-        std::error_code error;
-        std::filesystem::rename(m_archivo.filesystemFileName(), QFile(m_ruta).filesystemFileName(), error);
-        if (error)
-            throw FallaDeArchivo(Intento::Escribir, m_ruta);
-    }
-
-  private:
-    [[nodiscard]] Error Falla() const { return FallaDeArchivo(Intento::Escribir, m_ruta, m_archivo); }
-
-    QString m_ruta;
-    QFile m_archivo;
-};
+QByteArray Informacion(const MetadatosPdf& metadatos) {
+    const QByteArray momento = "(D:" + metadatos.momento.toUTC().toString(u"yyyyMMddHHmmss"_s).toLatin1() + "Z)";
+    return "<</Title " + TextoPdf(metadatos.titulo) + "/Author " + TextoPdf(metadatos.autor) +
+           "/Creator(xa518)/CreationDate " + momento + "/ModDate " + momento + ">>";
+}
 
 } // namespace
 
 int EscribePdf(const QStringList& spools, const QString& rutaPdf, const MetadatosPdf& metadatos,
-               const RangoPaginas& rango) {
+               const RangoPaginas& rango, Avance& avance) {
     ExigeLetras();
-    ArchivoParcial parcial(rutaPdf);
-    const int hojas = ImprimeEn(parcial.Archivo(), spools, rango);
-    PonMetadatos(parcial.Archivo(), metadatos);
-    parcial.Confirma();
-    return hojas;
+    ArchivoParcial archivo(rutaPdf);
+    DocumentoPdf documento(archivo);
+    HojasPdf hojas(documento);
+    InformeSeguido seguido(hojas, avance);
+    for (const QString& spool : spools) {
+        hojas.EmpiezaOtro();
+        InformeSpool::Abre(spool)->Imprime(rango, seguido);
+    }
+    hojas.Termina();
+    const int informacion = documento.Reserva();
+    documento.Pon(informacion, Informacion(metadatos));
+    documento.Termina(hojas.Catalogo(), informacion);
+    archivo.Confirma();
+    return hojas.Hojas();
+}
+
+int EscribePdf(const QStringList& spools, const QString& rutaPdf, const MetadatosPdf& metadatos,
+               const RangoPaginas& rango) {
+    SinAvance nadie;
+    return EscribePdf(spools, rutaPdf, metadatos, rango, nadie);
 }
 
 } // namespace xa518

@@ -152,8 +152,8 @@ void GuardaReporteComoPdf(const EntornoInformes& entorno, const ReportePedido& p
     const MetadatosPdf metadatos{pedido.Titulo(), entorno.autor, entorno.reloj.Ahora()};
     CorreTarea(
         padre, {.titulo = u"Guardando como PDF"_s},
-        [spool = RutaDeInforme(entorno.rutaRPT, pedido.archivo), ruta, metadatos, rango](Avance& /*avance*/) {
-            return EscribePdf({spool}, ruta, metadatos, rango);
+        [spool = RutaDeInforme(entorno.rutaRPT, pedido.archivo), ruta, metadatos, rango](Avance& avance) {
+            return EscribePdf({spool}, ruta, metadatos, rango, avance);
         },
         [&avisos = entorno.avisos, donde = QDir::toNativeSeparators(ruta)](int hojas) {
             avisos.Muestra({Icono::Informacion, u"Se guardó en «%1»: %2."_s.arg(donde, CuantasPaginas(hojas)), {}});

@@ -31,6 +31,10 @@ void ArchivoSpool::Termina() {
     m_archivo.close();
 }
 
+void ArchivoSpool::Retira() {
+    m_archivo.remove();
+}
+
 void ArchivoSpool::Vierte() {
     if (m_archivo.write(m_bloque) != m_bloque.size())
         throw FallaDeArchivo(Intento::Escribir, m_archivo);

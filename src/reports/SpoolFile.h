@@ -14,6 +14,8 @@ class ArchivoSpool final : public DestinoInforme {
 
     void Recibe(const Comando& comando) override;
     void Termina() override;
+    /// Removes the file: the report isn't wanted any more. Nothing may follow.
+    void Retira();
 
   private:
     void Vierte();

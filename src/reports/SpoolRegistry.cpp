@@ -25,19 +25,18 @@ bool ExisteNombre(Base& base, const QString& archivo) {
     return base.Lee(u"SELECT Archivo FROM SPOOL WHERE Archivo = ?"_s, {archivo}).Siguiente();
 }
 
-bool EstaTomado(Proceso& proceso, const QString& archivo) {
-    return ExisteNombre(*proceso.baseDatos, archivo) || QFileInfo::exists(RutaDeInforme(proceso.rutaRPT, archivo));
+bool EstaTomado(const EntornoRegistro& entorno, const QString& archivo) {
+    return ExisteNombre(entorno.base, archivo) || QFileInfo::exists(RutaDeInforme(entorno.rutaRPT, archivo));
 }
 
 /// Numbered across all reports of all modules. The largest name is compared as text, so once a name of another shape
 /// stands in the table the numbers start anew: names already taken are passed over. A file of which the table knows
 /// nothing counts too: a base that was put back, or the copy of one, may still name it.
-QString SiguienteArchivo(Proceso& proceso) {
-    Base& base = *proceso.baseDatos;
+QString SiguienteArchivo(const EntornoRegistro& entorno) {
     const Decimal uno = Decimal::DeEntero(1);
-    Decimal numero = Ultimo(base, u"SELECT max(left(Archivo,8)) as SecRep FROM SPOOL"_s) + uno;
+    Decimal numero = Ultimo(entorno.base, u"SELECT max(left(Archivo,8)) as SecRep FROM SPOOL"_s) + uno;
     QString archivo = Format(numero, u"00000000") + u".PRN"_s;
-    while (EstaTomado(proceso, archivo)) {
+    while (EstaTomado(entorno, archivo)) {
         numero = numero + uno;
         archivo = Format(numero, u"00000000") + u".PRN"_s;
     }
@@ -46,17 +45,20 @@ QString SiguienteArchivo(Proceso& proceso) {
 
 } // namespace
 
-QString NuevoReporte(Proceso& proceso, const QString& codigo, int tipoDoc, const QString& doc) {
-    Base& base = *proceso.baseDatos;
+EntornoRegistro::EntornoRegistro(const Proceso& proceso)
+    : EntornoRegistro(*proceso.baseDatos, proceso.reloj, proceso.rutaRPT, proceso.sysUser) {}
+
+QString NuevoReporte(const EntornoRegistro& entorno, const QString& codigo, int tipoDoc, const QString& doc) {
+    Base& base = entorno.base;
     Transaccion transaccion = base.Comienza();
     const Decimal ultimaSec = Ultimo(base, u"SELECT max(Secuencia) as SecTipo FROM SPOOL Where CodRep = ?"_s, {codigo});
-    QString archivo = SiguienteArchivo(proceso);
+    QString archivo = SiguienteArchivo(entorno);
     Registro fila(base.Describe(u"SPOOL"_s));
     fila.Pon(u"CodRep", codigo)
         .Pon(u"Secuencia", Format(ultimaSec + Decimal::DeEntero(1), u"000000"))
         .Pon(u"Archivo", archivo)
-        .Pon(u"Fecha", proceso.reloj.Ahora().toString(u"yyyy-MM-dd HH:mm:ss"_s))
-        .Pon(u"Usuario", proceso.sysUser)
+        .Pon(u"Fecha", entorno.reloj.Ahora().toString(u"yyyy-MM-dd HH:mm:ss"_s))
+        .Pon(u"Usuario", entorno.usuario)
         .Pon(u"tip_doc_d", tipoDoc)
         .Pon(u"Doc_id_d", doc);
     base.Agrega(fila);

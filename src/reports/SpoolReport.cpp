@@ -128,21 +128,41 @@ void InformeSpool::RecorrePagina(int pagina, const Visita& visita) {
     }
 }
 
+/// Behind the range's last command only what still belongs to its page is of interest: a few pages of thousands are
+/// soon told.
 void InformeSpool::Imprime(const RangoPaginas& rango, DestinoInforme& destino) {
     int pagina = 0;
+    const qint64 fin = FinDe(rango);
     LineasTolerantes lineas(*m_entrada);
     while (lineas.Siguiente()) {
-        const auto comando = LineaSpool(lineas.Linea()).Lee();
+        const LineaSpool linea(lineas.Linea());
+        if (linea.EsDePagina()) {
+            if (lineas.Inicio() >= fin)
+                break;
+            pagina = linea.Pagina();
+            if (pagina < 0 || !rango.Incluye(pagina))
+                continue;
+        }
+        const auto comando = linea.Lee();
         if (!comando)
             continue;
         const bool termina = std::holds_alternative<NuevaHoja>(*comando); // it belongs to the page that it ends
-        const bool etiqueta = std::holds_alternative<Etiqueta>(*comando);
-        if (!termina && !etiqueta)
-            pagina = PaginaDe(*comando);
-        if (etiqueta || (pagina >= 0 && rango.Incluye(pagina)))
+        if (!termina || (pagina >= 0 && rango.Incluye(pagina)))
             destino.Recibe(*comando);
         pagina += termina ? 1 : 0;
     }
+}
+
+/// The end of the last command of its pages.
+qint64 InformeSpool::FinDe(const RangoPaginas& rango) const {
+    if (!rango.usar)
+        return std::numeric_limits<qint64>::max();
+    qint64 fin = 0;
+    for (int pagina = 0; pagina < Paginas(); ++pagina) {
+        if (rango.Incluye(pagina) && static_cast<size_t>(pagina) < m_paginas.size())
+            fin = std::max(fin, m_paginas[static_cast<size_t>(pagina)].hasta);
+    }
+    return fin;
 }
 
 int LeeNumeroHojas(const QString& ruta) {

@@ -79,6 +79,7 @@ class InformeSpool {
     };
 
     void Indexa();
+    [[nodiscard]] qint64 FinDe(const RangoPaginas& rango) const;
     void Anota(int pagina, qint64 desde, qint64 hasta);
 
     std::unique_ptr<QIODevice> m_entrada;

@@ -1,9 +1,16 @@
 #include "printouts/AmountText.h"
 #include "printouts/AnnexLines.h"
 #include "printouts/PrintOutFixture.h"
+#include "printouts/RunReport.h"
+#include "reports/SpoolReport.h"
 #include "values/Format.h"
 
+#include <QDir>
+
 #include <gmock/gmock.h>
+
+#include <stdexcept>
+#include <utility>
 
 using testing::Contains;
 using testing::ElementsAre;
@@ -163,6 +170,56 @@ TEST_F(PrintOut, TheAnnexGivesNamesOfTheirFullLength) {
                    {{u"des_apellido_p"_s, veinte}, {u"des_apellido_m"_s, veinte}, {u"des_nombres"_s, veinte}});
     ImprimeAnexo();
     EXPECT_EQ(Cuerpo()[0], u"%1 %1, %1 DNI          40512345"_s.arg(veinte));
+}
+
+/// Rows leave the base as one text each: what stands in their fields must not take them apart.
+TEST_F(PrintOut, TheAnnexGivesTextsAsTheyWereEntered) {
+    taller.Cabecera({{u"501"_s, u"2"_s}});
+    const QString nombre = u"\"EL BUEN PAN\" \\ CÍA, [SUC. 2] null €"_s;
+    taller.Cliente(kRuc, nombre + u"\tX\x01Y\x08\x0c\r\nZ"_s);
+    taller.Cliente(u"40512345"_s, u"nadie"_s);
+    taller.Comprobante(kRuc, u"\"1\\2\""_s, {{u"mto_base_p"_s, {}}});
+    taller.Pago(kRuc, u"\"1\\2\""_s, u"a,\"b\"]"_s, {{u"mto_detcp"_s, {}}});
+    ImprimeAnexo();
+    const QStringList cuerpo = Cuerpo();
+    EXPECT_TRUE(cuerpo[0].startsWith(nombre + u"\tX\x01Y\x08\x0c\r\nZ "_s)) << qPrintable(cuerpo[0]);
+    EXPECT_EQ(cuerpo[1].simplified(), u"P001\"1\\2\" 12/01/2026 2.0 2.00 SI SI NO01 F001 a,\"b\"] 10/01/2026"_s);
+    EXPECT_TRUE(cuerpo[5].startsWith(u"nadie"_s)) << "by number, whatever the type of document";
+}
+
+TEST_F(PrintOut, TheAnnexKeepsTheOrderOfEntryOfAClientWithMoreVouchersThanMemoryShouldHold) {
+    constexpr int kMuchos = 20'001;
+    taller.Cabecera({{u"501"_s, u"1"_s}});
+    taller.Cliente(kRuc, u"UNO"_s);
+    taller.DeUnaVez([this] {
+        for (int i = kMuchos; i > 0; --i)
+            taller.Comprobante(kRuc, QString::number(i).rightJustified(8, u'0'));
+    });
+    taller.Pago(kRuc, u"00020000"_s, u"00004511"_s);
+    ImprimeAnexo();
+    const QStringList cuerpo = Cuerpo();
+    EXPECT_TRUE(cuerpo[1].startsWith(u"P00100020001"_s)) << qPrintable(cuerpo[1]);
+    EXPECT_TRUE(cuerpo[2].startsWith(u"P00100020000"_s));
+    EXPECT_TRUE(cuerpo[2].contains(u"00004511"_s));
+    EXPECT_TRUE(Cuerpo(static_cast<int>(libreta.Hojas()) - 1).join(u'\n').contains(u" 20001 Registros "_s));
+}
+
+/// The registered name stays, as that of any report that wasn't written.
+TEST_F(PrintOut, TheAnnexLeavesNoHalfFileWhenItIsStopped) {
+    taller.Cabecera({{u"501"_s, u"60"_s}});
+    taller.Clientes(60);
+    const PedidoDeclaracion anexo{*CargarCasillas(*taller.proceso.baseDatos, taller.clave), true};
+    const auto hastaLaSegunda = [](int hojas) {
+        if (hojas == 2)
+            throw std::runtime_error("stopped");
+    };
+    EXPECT_THROW(static_cast<void>(EscribeInforme(taller.proceso, anexo, hastaLaSegunda)), std::runtime_error);
+    EXPECT_TRUE(QDir(taller.proceso.rutaRPT).isEmpty());
+    int ultima = 0;
+    const QString entero =
+        EscribeInforme(taller.proceso, anexo, [&](int hojas) { EXPECT_EQ(hojas, std::exchange(ultima, hojas) + 1); });
+    EXPECT_EQ(PaginasDe(RutaDeInforme(taller.proceso.rutaRPT, entero)), ultima + 1);
+    EXPECT_GT(ultima, 2);
 }
 
 /// From period 200803 on the two last flags and their headings stand the other way around.

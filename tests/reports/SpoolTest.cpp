@@ -1,5 +1,3 @@
-#include "reports/PagePainter.h"
-#include "reports/PdfFile.h"
 #include "reports/ReportFixture.h"
 #include "reports/SpoolFile.h"
 #include "reports/SpoolLines.h"
@@ -8,11 +6,6 @@
 #include "values/Error.h"
 
 #include <QBuffer>
-#include <QFontInfo>
-#include <QFontMetricsF>
-#include <QGuiApplication>
-#include <QImage>
-#include <QPainter>
 
 #include <gmock/gmock.h>
 
@@ -32,32 +25,6 @@ QStringList TextosDe(InformeSpool& informe, int pagina) {
     informe.RecorrePagina(pagina, [&](const Comando& comando) { libreta.Recibe(comando); });
     return libreta.Textos(pagina);
 }
-
-const QByteArray kInforme = "<!nHojas!>3<!/nHojas!>\n<!Orientacion!>V<!/Orientacion!>\n"
-                            "pPos|360|350|ÑANDÚ uno|True|16|0|\npCuadro|150|300|1700|1640|0|\npNuevaHoja\n"
-                            "pPos|360|350|dos|False|8|1|\npPosVerti|100|100|ab|False|8|1|\npNuevaHoja\n"
-                            "pPos|360|350|tres|False|8|2|\npNuevaHoja\n";
-const QByteArray kApaisado = "<!Orientacion!>H<!/Orientacion!>\npPos|10|175|acostado|False|8|0|\n";
-
-class Pdf : public testing::Test {
-  protected:
-    QString Ruta(const QString& nombre) const { return taller.base.Carpeta() + u'/' + nombre; }
-    QString Spool(const QString& nombre, const QByteArray& contenido) const {
-        EscribeEn(Ruta(nombre), contenido);
-        return Ruta(nombre);
-    }
-    QByteArray Leido() const { return BytesDe(Ruta(u"x.pdf"_s)); }
-    void Escribe(const QStringList& spools, const RangoPaginas& rango = {}) const {
-        EscribePdf(spools, Ruta(u"x.pdf"_s),
-                   {u"Declaración"_s, u"ÑAUPARI"_s, QDateTime(QDate(2026, 2, 9), QTime(18, 4, 5), Qt::UTC)}, rango);
-    }
-
-    int cuantos = 1;
-    char programa[13] = "reports_test";
-    char* argumentos[2] = {programa, nullptr};
-    QGuiApplication aplicacion{cuantos, argumentos};
-    ProcesoConInformes taller;
-};
 
 } // namespace
 
@@ -160,70 +127,4 @@ TEST(SpoolReport, FindsLinesWhateverTheirLength) {
     EXPECT_THAT(TextosDe(*informe, 0), ElementsAre());
     EXPECT_THAT(TextosDe(*informe, 1), ElementsAre(QString::fromLatin1(justo)));
     EXPECT_THAT(TextosDe(*informe, 2), ElementsAre(u"fin"_s));
-}
-
-TEST_F(Pdf, TakesASheetForEachPageAndTurnsItForTheAnnex) {
-    Escribe(
-        {Spool(u"a.PRN"_s, kInforme), Spool(u"b.PRN"_s, kApaisado), Spool(u"c.PRN"_s, "pPos|1|1|sin más|False|8|0|")});
-    const QStringList hojas = QString::fromLatin1(Leido()).split(u'\n').filter(u"/MediaBox [0 0 "_s);
-    ASSERT_EQ(hojas.size(), 5);
-    for (int i = 0; i < 5; ++i)
-        EXPECT_TRUE(hojas[i].contains(i == 3 ? u"0 842.000000 595"_s : u"0 595.000000 842"_s)) << qPrintable(hojas[i]);
-    Escribe({Spool(u"vacio.PRN"_s, "")});
-    EXPECT_EQ(Leido().count("/MediaBox"), 1) << "a report without commands is an empty sheet, not a damaged file";
-}
-
-/// The moment is written over the one that the toolkit took: the table of the file's parts must still hold.
-TEST_F(Pdf, CarriesTheMomentOfTheClock) {
-    Escribe({Spool(u"a.PRN"_s, kInforme)});
-    const QByteArray pdf = Leido();
-    EXPECT_TRUE(pdf.contains("(D:20260209180405Z)"));
-    const QByteArray fin = pdf.sliced(pdf.lastIndexOf("startxref"));
-    const qint64 tabla = fin.split('\n')[1].toLongLong();
-    ASSERT_EQ(pdf.sliced(tabla, 5), "xref\n");
-    const QByteArray entrada = pdf.sliced(tabla).split('\n')[2];
-    const QByteArray numero = pdf.sliced(tabla).split('\n')[1].split(' ')[0];
-    EXPECT_TRUE(pdf.sliced(entrada.first(10).toLongLong()).startsWith(numero + " 0 obj"));
-}
-
-TEST_F(Pdf, LeavesWhatWasThereWhenItFails) {
-    EscribeEn(Ruta(u"x.pdf"_s), "el de ayer");
-    EXPECT_THROW(Escribe({Spool(u"a.PRN"_s, kInforme), Ruta(u"falta.PRN"_s)}), Error);
-    EXPECT_EQ(Leido(), "el de ayer");
-    EXPECT_FALSE(QFile::exists(Ruta(u"x.pdf.parcial"_s)));
-    for (const QString& carpeta : {Ruta(u"falta"_s), Ruta(u"a.PRN"_s), u"/proc"_s})
-        EXPECT_THROW(EscribePdf({Ruta(u"a.PRN"_s)}, carpeta + u"/x.pdf"_s, {}), Error) << qPrintable(carpeta);
-}
-
-/// The widths of "Courier New": whatever font stands for it, the columns must end where they were meant to.
-TEST_F(Pdf, WritesInAFontOfTheMeantWidth) {
-    QFont fuente = FuenteInforme();
-    fuente.setPixelSize(160);
-    const qreal ancho = QFontMetricsF(fuente).horizontalAdvance(QString(100, u'W'));
-    EXPECT_NEAR(ancho, QFontMetricsF(fuente).horizontalAdvance(QString(100, u'i')), 1);
-    EXPECT_NEAR(ancho, 9602, 48) << qPrintable(QFontInfo(fuente).family());
-}
-
-/// A reason that is too long for the sheet is drawn narrower, or cut: the columns before it stand where those of the
-/// other lines do, and nothing runs off the sheet.
-TEST_F(Pdf, KeepsTheColumnsOfALineThatIsTooLong) {
-    const auto pintada = [](const QString& motivo) {
-        QImage hoja(TamanoHoja(false) / 10, QImage::Format_Grayscale8);
-        hoja.fill(Qt::white);
-        QPainter pintor(&hoja);
-        const QString columnas = QString(20, u' ') + u"06 20991000004 P001 30101"_s.leftJustified(29);
-        PintorPagina(pintor, 0.1, TamanoHoja(false).width()).Pinta(TextoEnPagina{10, 175, columnas + motivo});
-        return hoja;
-    };
-    const auto franja = [](const QImage& hoja, int desde, int hasta) { return hoja.copy(desde, 0, hasta - desde, 80); };
-    constexpr int kMotivo = 36 + 1 + 49 * 96 / 10; // margin, place of the line, 49 characters
-    constexpr int kMargenDerecho = (11906 - 360) / 10;
-    const QImage corta = pintada(u"M"_s);
-    for (const int largo : {68, 107, 400}) {
-        const QImage larga = pintada(QString(largo, u'M'));
-        EXPECT_EQ(franja(larga, 0, kMotivo), franja(corta, 0, kMotivo)) << largo;
-        EXPECT_NE(franja(larga, kMargenDerecho - 30, kMargenDerecho),
-                  franja(corta, kMargenDerecho - 30, kMargenDerecho));
-        EXPECT_EQ(franja(larga, kMargenDerecho + 2, larga.width()), franja(corta, kMargenDerecho + 2, corta.width()));
-    }
 }
