@@ -31,8 +31,8 @@ class MotorSqlite final : public Motor {
     QString m_ruta;
 };
 
-/// Adds the dialect's functions to a connection: `val`, `format` with a mask, and a `sum` that adds decimals exactly
-/// from their texts and takes no binary number.
+/// Adds the dialect's functions to a connection: `val`, `format` with a mask, the `checksum` of a row, and a `sum` that
+/// adds decimals exactly from their texts and takes no binary number.
 void RegistraFunciones(sqlite3* conexion);
 
 /// The number of the `Error` that one of these functions ended with, out of the engine's code; nothing for a code of

@@ -23,19 +23,17 @@ QVariantList Valores(const ClaveCliente& cliente) {
     return {cliente.tipoDoc, cliente.numero};
 }
 
-/// The client table leads the join, so that rows keep the order in which they were entered.
-const QString& DesdeClientes() {
-    static const QString desde =
-        u"FROM TMPF518PCAB AS A CROSS JOIN PARAM AS B "
-        "WHERE B.NUMERO='044' AND VAL(B.ARGUMENTO) = VAL(A.%1)"_s.arg(ColumnaDe(DatoCliente::TipoDoc));
-    return desde;
-}
-
 QString SinNegativos(const QString& suma) {
     return SignoDelValor(suma) < 0 ? u"0"_s : suma;
 }
 
 } // namespace
+
+// The client table leads the join, so that rows keep the order in which they were entered.
+QString DesdeClientes(const QString& unidas) {
+    return u"FROM TMPF518PCAB AS A CROSS JOIN PARAM AS B %1"
+           "WHERE B.NUMERO='044' AND VAL(B.ARGUMENTO) = VAL(A.%2)"_s.arg(unidas, ColumnaDe(DatoCliente::TipoDoc));
+}
 
 QString SqlClientes() {
     using enum DatoCliente;

@@ -58,6 +58,8 @@ enum class ColumnaCliente {
 /// The grid's query: one row per client of the work table, with the short name of its document type. A client whose
 /// type the catalogue lacks isn't in it, and so is lost at a save, whose source it is. Wanted.
 [[nodiscard]] QString SqlClientes();
+/// Where that query takes its rows: "FROM TMPF518PCAB AS A ...", with what else is joined to them.
+[[nodiscard]] QString DesdeClientes(const QString& unidas = {});
 /// How many rows it has.
 [[nodiscard]] int CuentaClientes(Base& base);
 
