@@ -65,10 +65,11 @@ ModeloDeConsulta::Pagina ModeloDeConsulta::LeePagina(int primera) const {
     QVariantList valores = m_valores;
     valores << kFilasPorPagina << primera;
     Registros filas = m_base->Lee(u"SELECT * FROM ("_s + m_sql + u") LIMIT ? OFFSET ?"_s, valores);
+    const int campos = filas.Columnas();
     Pagina pagina;
     while (filas.Siguiente()) {
         QStringList fila;
-        for (int campo = 0; campo < filas.Columnas(); ++campo)
+        for (int campo = 0; campo < campos; ++campo)
             fila << filas.Texto(campo);
         pagina.push_back(std::move(fila));
     }
