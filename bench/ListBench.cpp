@@ -126,7 +126,7 @@ void MideModulo(const QString& ruta, Avisos& avisos, const Reloj& reloj) {
         const EntornoDetalle detalle{*proceso.baseDatos, avisos, reloj, Ruc(u"20990518018"), Periodo(2026, 10),
                                      Periodo(2011, 3)};
         return std::make_unique<FrmAgePer>(detalle, ModoDetalle::Modificar,
-                                           FilaCliente{u"6"_s, kCliente, u"COMERCIAL 1"_s, {}, {}, {}});
+                                           FilaCliente{CodigoDocumento(6), kCliente, u"COMERCIAL 1"_s, {}, {}, {}});
     });
     Mide(u"declarations to modify"_s,
          [&] { return std::make_unique<FrmContAbrir>(entorno, OpcionDeLista::Modificar); });

@@ -196,12 +196,12 @@ void frmPreview::wheelEvent(QWheelEvent* evento) {
 }
 
 void frmPreview::Imprime() {
-    ImprimeReporte(m_entorno, m_pedido, this);
+    ImprimeReporte(m_entorno, m_pedido, *this);
 }
 
 /// The whole report: the range limits what is printed.
 void frmPreview::GuardaPdf() {
-    GuardaReporteComoPdf(m_entorno, m_pedido, {});
+    GuardaReporteComoPdf(m_entorno, m_pedido, {}, *this);
 }
 
 } // namespace xa518

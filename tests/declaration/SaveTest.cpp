@@ -104,7 +104,7 @@ TEST_F(Save, SavingAgainReplacesEveryRowOrNone) {
     base->Ejecuta(u"UPDATE TMPF518PDETCP SET mto_detcp=? WHERE num_detcp='00000012'"_s, {QString(400, u'Z')});
     EXPECT_THROW((void)GrabaDeclaracion(*base, Nueva(), kHoy.addDays(1)), Desbordamiento);
     EXPECT_EQ(Retrato(*base), primero);
-    TablasTrabajo(*base).EliminaCliente(6, u"20500000007"_s);
+    TablasTrabajo(*base).EliminaCliente({CodigoDocumento(6), u"20500000007"_s});
     ASSERT_EQ(GrabaDeclaracion(*base, Nueva(), kHoy).estado, 0);
     EXPECT_EQ(base.Filas(u"SELECT count(*) FROM F518PDETCP"_s), QStringList{u"0"_s});
     EXPECT_EQ(Casilla(u"501"_s), u"1"_s);

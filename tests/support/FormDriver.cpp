@@ -1,7 +1,10 @@
 #include "support/FormDriver.h"
 
+#include "platform/WorkThread.h"
+
 #include <QPointer>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace xa518::prueba {
@@ -10,6 +13,17 @@ void Muestra(QWidget& forma) {
     forma.show();
     forma.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&forma));
+    EsperaTrabajos();
+}
+
+void EsperaTrabajos() {
+    const auto ninguno = [] {
+        const QWidgetList ventanas = QApplication::topLevelWidgets();
+        return std::none_of(ventanas.begin(), ventanas.end(), [](const QWidget* ventana) {
+            return ventana->findChild<QObject*>(HiloDeTrabajo::kEnMarcha) != nullptr;
+        });
+    };
+    EXPECT_TRUE(QTest::qWaitFor(ninguno, 30'000)) << "work that doesn't end";
 }
 
 namespace {
