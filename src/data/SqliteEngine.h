@@ -21,6 +21,7 @@ class MotorSqlite final : public Motor {
     [[nodiscard]] QString SqlComienza() const override;
     [[nodiscard]] QString SqlMemoria(Memoria memoria) const override;
     [[nodiscard]] QString SqlColumnas(const QString& tabla) const override;
+    [[nodiscard]] QString NumeroDeFila(const QString& tabla) const override;
 
   private:
     void Prepara();

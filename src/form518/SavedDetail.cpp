@@ -31,7 +31,7 @@ QString CuentasPorCliente() {
     using enum DatoComprobante;
     const QString cliente = ListaDe<DatoComprobante>({TipoDoc, NumDoc});
     return u"LEFT JOIN (SELECT %1, count(*) AS cont FROM TMPF518PDET GROUP BY %1) AS C"
-           " ON C.%2 = A.%2 AND C.%3 = A.%3 "_s.arg(cliente, ColumnaDe(TipoDoc), ColumnaDe(NumDoc));
+           " ON C.%2 = A.%2 AND C.%3 = A.%3"_s.arg(cliente, ColumnaDe(TipoDoc), ColumnaDe(NumDoc));
 }
 
 /// A company keeps its name, a person the three parts; the other columns stay null. The count of vouchers is taken
@@ -52,8 +52,10 @@ void GrabaClientes(Base& base, const ClaveDeclaracion& clave) {
         copia(dato, u"CASE WHEN NOT "_s + esEmpresa + u" THEN %1 END"_s);
     datos.append({ColumnaDe(CtdDocs), u"coalesce(C.cont, 0)"_s});
     datos.append({ColumnaDe(IndRuc), u"1"_s});
-    CopiaConChecksum(base, {tabla, datos, DesdeClientes(CuentasPorCliente()) + u" ORDER BY A.rowid"_s},
-                     Formulario0518().NumericasDe(tabla));
+    const ConsultaDeLista clientes = SqlClientes();
+    const QString desde = u"%1 %2 WHERE %3 ORDER BY %4"_s.arg(clientes.desde, CuentasPorCliente(), clientes.vinculo,
+                                                              base.NumeroDeFila(u"A"_s));
+    CopiaConChecksum(base, {tabla, datos, desde}, Formulario0518().NumericasDe(tabla));
     AbreVacia(base, tabla);
 }
 
