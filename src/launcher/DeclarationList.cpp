@@ -10,7 +10,9 @@ namespace {
 
 /// A declaration stays in the list when its declarant is gone: it can still be sent or looked up.
 QString SqlLista(qsizetype formularios, bool enviadas) {
-    return u"SELECT A.*, B.Nombre FROM %1 AS A LEFT JOIN CONT AS B ON A.Doc_id_d = B.Doc_id_d AND B.Tip_doc_d = 6"
+    const QString deEnvio = enviadas ? u", A.norden, A.correl, A.fec_env, A.control"_s : QString();
+    return u"SELECT A.Doc_id_d, A.periodo, A.Formulario, A.estado, A.rectifica, A.fec_pro, B.Nombre"_s + deEnvio +
+           u" FROM %1 AS A LEFT JOIN CONT AS B ON A.Doc_id_d = B.Doc_id_d AND B.Tip_doc_d = 6"
            " WHERE A.tip_doc_d = 6 AND A.Formulario IN (%2) ORDER BY A.periodo DESC, A.Doc_id_d%3"_s.arg(
                enviadas ? u"HCAB"_s : u"CAB"_s, QStringList(formularios, u"?"_s).join(u','),
                enviadas ? u", val(A.correl) DESC"_s : QString());
@@ -80,7 +82,7 @@ class LectorDeDeclaraciones {
 } // namespace
 
 QString DeclaracionListada::Identidad() const {
-    return QStringList{clave.formulario, clave.ruc.Texto(), clave.periodo.Texto(), clave.correl}.join(u'|');
+    return clave.formulario + u'|' + clave.ruc.Texto() + u'|' + clave.periodo.Texto() + u'|' + clave.correl;
 }
 
 QString DeclaracionListada::Estado() const {

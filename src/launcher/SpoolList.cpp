@@ -19,6 +19,12 @@ QString RutaDeInforme(const QString& carpeta, const QString& archivo) {
     return carpeta + QDir::separator() + archivo;
 }
 
+/// The name comes out of a shared table: whatever path it brings along is dropped.
+QString SinCarpeta(const QString& archivo) {
+    const bool conCarpeta = archivo.contains(u'/') || archivo.contains(u'\\');
+    return conCarpeta ? QFileInfo(archivo).fileName() : archivo;
+}
+
 } // namespace
 
 QString InformeRegistrado::FechaMostrada() const {
@@ -51,8 +57,7 @@ QList<InformeRegistrado> Informes::Lista() const {
         lista.append({.codigo = filas.Texto(codigo),
                       .titulo = Titulo(filas.Texto(codigo)),
                       .secuencia = filas.Texto(secuencia),
-                      // The name comes out of a shared table: whatever path it brings along is dropped.
-                      .archivo = QFileInfo(filas.Texto(nombre)).fileName(),
+                      .archivo = SinCarpeta(filas.Texto(nombre)),
                       .fecha = filas.Texto(fecha),
                       .usuario = filas.Texto(usuario),
                       .ruc = filas.Texto(ruc)});
