@@ -49,8 +49,8 @@ void AbreFormulario(const QString& ruta) {
     const DeclaracionElegida elegida{.clave = kClave, .nombre = u"COMERCIAL DEL VALLE S.A.C."_s};
     QWidget detras;
     std::unique_ptr<Frm518> forma;
-    TomaTablas(detras, proceso, elegida, [&](std::shared_ptr<TrabajoUnico> tablas) {
-        forma = std::make_unique<Frm518>(EntornoDeclaracion{proceso, avisos, barra}, std::move(tablas), elegida);
+    TomaTablas(detras, proceso, elegida, [&](const TablasTomadas& tablas) {
+        forma = std::make_unique<Frm518>(EntornoDeclaracion{proceso, avisos, barra}, tablas, elegida);
         forma->show();
     });
     while (!forma || forma->findChild<QObject*>(HiloDeTrabajo::kEnMarcha))

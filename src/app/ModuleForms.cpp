@@ -86,10 +86,10 @@ DialogosDeDetalle FormasDelDetalle(const Modulo& modulo) {
 }
 
 void AbreDeclaracion(const Modulo& modulo, BarradeEstadoQMD& barra, const AperturaPedida& pedida) {
-    const auto abre = [modulo, &barra, pedida](std::shared_ptr<TrabajoUnico> tablas) {
+    const auto abre = [modulo, &barra, pedida](const TablasTomadas& tablas) {
         RelojDeArena reloj;
-        Frm518 forma({modulo.proceso, modulo.avisos, barra, FormasDelDetalle(modulo)}, std::move(tablas),
-                     pedida.elegida, pedida.padre);
+        Frm518 forma({modulo.proceso, modulo.avisos, barra, FormasDelDetalle(modulo)}, tablas, pedida.elegida,
+                     pedida.padre);
         reloj.Suelta();
         pedida.muestra(forma);
     };

@@ -21,11 +21,15 @@ QString TextoDeTotal(const std::optional<Importe>& total) {
     return total ? Format(*total, u"###,###,###,###,##0") : QString();
 }
 
-void MuestraTotalesDeCarga(Base& base, Declaracion& declaracion) {
+TotalesDeGrilla LeeTotalesDeCarga(Base& base) {
     const TablasTrabajo::Totales totales = TablasTrabajo(base).TotalesDeCarga();
+    return {.base = totales.base, .percepcion = totales.percepcion, .clientes = CuentaClientes(base)};
+}
+
+void MuestraTotalesDeCarga(const TotalesDeGrilla& totales, Declaracion& declaracion) {
     declaracion.base = totales.base;
     declaracion.percepcion = totales.percepcion;
-    declaracion.clientes = CuentaClientes(base);
+    declaracion.clientes = totales.clientes;
 }
 
 TotalesDeGrilla LeeTotales(Base& base) {

@@ -4,6 +4,7 @@
 
 #include "data/Base.h"
 #include "data/Catalog.h"
+#include "data/FollowedWork.h"
 #include "declaration/ClientGrid.h"
 #include "declaration/Consistency.h"
 #include "declaration/FrmConsist.h"
@@ -13,6 +14,7 @@
 #include "declaration/TaxPeriod.h"
 #include "family/OfferedDeclarants.h"
 #include "family/Process.h"
+#include "form518/RowCounts.h"
 #include "form518/WorkTables.h"
 #include "platform/Clock.h"
 #include "platform/Notices.h"
@@ -56,21 +58,26 @@ bool TomaFoco(const QWidget& control) {
 } // namespace
 
 void TomaTablas(QWidget& ventana, const Proceso& proceso, const std::optional<DeclaracionElegida>& elegida,
-                std::function<void(std::shared_ptr<TrabajoUnico>)> alTenerlas,
+                std::function<void(const TablasTomadas&)> alTenerlas,
                 std::function<void(const std::exception_ptr&)> alFallar) {
-    const auto tablas = std::make_shared<TrabajoUnico>(*proceso.baseDatos);
+    const auto marca = std::make_shared<TrabajoUnico>(*proceso.baseDatos);
     const ClaveDeclaracion clave =
         elegida ? elegida->clave : ClaveDeclaracion{.ruc = {}, .periodo = {}, .formulario = proceso.numFormulario};
-    LanzaTarea(
+    CorreTarea(
         ventana, {.titulo = u"Abriendo la declaración"_s, .alFallar = std::move(alFallar)},
-        [aparte = ProcesoAparte(proceso), clave](Avance& /*avance*/) {
-            TablasTrabajo(*aparte.Abre().baseDatos).Reconstruye(clave);
+        [aparte = ProcesoAparte(proceso), clave](Avance& avance) {
+            const Proceso suyo = aparte.Abre();
+            const TrabajoSeguido seguido(*suyo.baseDatos, avance, FilasDelDetalle(*suyo.baseDatos, clave));
+            TablasTrabajo(*suyo.baseDatos).Reconstruye(clave);
+            return LeeTotalesDeCarga(*suyo.baseDatos);
         },
-        [tablas, alTenerlas = std::move(alTenerlas)] { alTenerlas(tablas); });
+        [marca, alTenerlas = std::move(alTenerlas)](const TotalesDeGrilla& totales) {
+            alTenerlas({marca, totales});
+        });
 }
 
-Frm518::Frm518(EntornoDeclaracion entorno, std::shared_ptr<TrabajoUnico> tablas,
-               const std::optional<DeclaracionElegida>& elegida, QWidget* padre)
+Frm518::Frm518(EntornoDeclaracion entorno, TablasTomadas tablas, const std::optional<DeclaracionElegida>& elegida,
+               QWidget* padre)
     : Forma(padre)
     , m_proceso(entorno.proceso)
     , m_avisos(entorno.avisos)
@@ -127,7 +134,7 @@ void Frm518::Carga() {
     m_ui->PaginaIdentificacion->PonRectifica(m_declaracion.rectifica);
     if (EsEnviada())
         CargaOrdenGuardado();
-    MuestraTotalesDeCarga(BaseDatos(), m_declaracion);
+    MuestraTotalesDeCarga(m_tablas.totales, m_declaracion);
     m_ui->PaginaPercepcion->MuestraTotales(m_declaracion);
     if (EsEnviada())
         DesTodo();
@@ -413,9 +420,11 @@ void Frm518::GrabaTodo(const std::function<void()>& despues) {
     RefrescaGrilla([this, despues] {
         CorreTarea(
             *this, {.titulo = u"Grabando la declaración"_s},
-            [aparte = ProcesoAparte(m_proceso), declaracion = m_declaracion](Avance& /*avance*/) {
-                const Proceso proceso = aparte.Abre();
-                return GrabaDeclaracion(*proceso.baseDatos, declaracion, proceso.reloj.Hoy());
+            [aparte = ProcesoAparte(m_proceso), declaracion = m_declaracion](Avance& avance) {
+                const Proceso suyo = aparte.Abre();
+                Base& base = *suyo.baseDatos;
+                const TrabajoSeguido seguido(base, avance, FilasDelDetalle(base, declaracion.clave));
+                return GrabaDeclaracion(base, declaracion, suyo.reloj.Hoy());
             },
             [this, despues](const ResultadoGrabacion& grabacion) {
                 AlGrabar(grabacion);

@@ -52,10 +52,16 @@ struct EntornoDeclaracion {
     DialogosDeDetalle dialogos{};
 };
 
+/// The work tables with the rows of one declaration, held for its form.
+struct TablasTomadas {
+    std::shared_ptr<TrabajoUnico> marca;
+    TotalesDeGrilla totales;
+};
+
 /// Takes the work tables for the declaration that was picked, or for a new one, and fills them, beside the window's
-/// thread. `alTenerlas` gets the hold that the form is made with. `alFallar` as in `TareaPedida`.
+/// thread. `alFallar` as in `TareaPedida`.
 void TomaTablas(QWidget& ventana, const Proceso& proceso, const std::optional<DeclaracionElegida>& elegida,
-                std::function<void(std::shared_ptr<TrabajoUnico>)> alTenerlas,
+                std::function<void(const TablasTomadas&)> alTenerlas,
                 std::function<void(const std::exception_ptr&)> alFallar = {});
 
 /// The window in which a declaration is filled in, reviewed and corrected.
@@ -64,7 +70,7 @@ class Frm518 : public Forma {
   public:
     /// On the declaration that was picked; without one on a new declaration. Its rows stand in the work tables, which
     /// are the form's while it lives. Raises `ErrorBase`.
-    Frm518(EntornoDeclaracion entorno, std::shared_ptr<TrabajoUnico> tablas,
+    Frm518(EntornoDeclaracion entorno, TablasTomadas tablas,
            const std::optional<DeclaracionElegida>& elegida = std::nullopt, QWidget* padre = nullptr);
     ~Frm518() override;
 
@@ -129,7 +135,7 @@ class Frm518 : public Forma {
     DeclaracionElegida m_elegida; ///< empty in a new declaration
     std::unique_ptr<Ui::Frm518> m_ui;
 
-    std::shared_ptr<TrabajoUnico> m_tablas; ///< the work tables are this form's while it lives
+    TablasTomadas m_tablas; ///< this form's while it lives
     Declaracion m_declaracion;
     bool m_modificado = false; ///< changed by the person since the load or the last save
     bool m_cargando = true;    ///< silences the reminder of the rectification

@@ -8,18 +8,21 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
 #include <atomic>
+#include <memory>
+#include <vector>
 
 namespace xa518 {
 
 namespace {
 
 /// A window that doesn't answer for so long isn't noticed.
-constexpr int kSinNotarse = 40;
+constexpr int kSinNotarse = 20;
 /// A box that goes at once is a flicker.
 constexpr int kHastaLaCaja = 300;
 constexpr int kRitmo = 100;
@@ -52,6 +55,16 @@ const QWidget* VentanaDe(const QObject* objeto) {
     return nullptr;
 }
 
+using Teclas = std::vector<std::unique_ptr<QKeyEvent>>;
+
+/// What a fast hand has typed ahead goes where it would have gone. Not into a box that has come up meanwhile.
+void TecleaDeNuevo(const Teclas& teclas) {
+    for (const auto& tecla : teclas) {
+        if (QWidget* campo = QApplication::focusWidget())
+            QCoreApplication::postEvent(campo, tecla->clone());
+    }
+}
+
 /// One work over one window. It ends itself.
 class TareaLarga final : public QObject, private Avance {
   public:
@@ -80,6 +93,7 @@ class TareaLarga final : public QObject, private Avance {
     std::atomic<bool> m_detener = false;
     std::optional<RelojDeArena> m_reloj;
     QPointer<CajaDeTarea> m_caja;
+    Teclas m_teclas; ///< typed before the box told that nothing is taken
     QElapsedTimer m_desde;
     QTimer m_ritmo;
     std::unique_ptr<HiloDeTrabajo> m_hilo; ///< the last: the work uses the others
@@ -112,7 +126,10 @@ bool TareaLarga::eventFilter(QObject* objeto, QEvent* evento) {
         return false;
     if (VentanaDe(objeto) != m_ventana->window())
         return false;
-    evento->ignore();
+    const bool esTecla = evento->type() == QEvent::KeyPress || evento->type() == QEvent::KeyRelease;
+    if (esTecla && !m_caja)
+        m_teclas.emplace_back(static_cast<QKeyEvent*>(evento->clone()));
+    evento->setAccepted(esTecla); // or it would be offered to the widgets around it, and a window would close
     return true;
 }
 
@@ -148,6 +165,10 @@ void TareaLarga::Suelta() {
 void TareaLarga::Acaba(const std::exception_ptr& falla) {
     Suelta();
     const QPointer<TareaLarga> yo = this; // what follows may end the window, and this with it
+    const QPointer<QWidget> ventana = m_ventana;
+    const auto teclas = std::exchange(m_teclas, {});
+    QElapsedTimer reloj;
+    reloj.start();
     Protegido([&] {
         if (falla)
             Atiende(falla);
@@ -156,6 +177,8 @@ void TareaLarga::Acaba(const std::exception_ptr& falla) {
     })();
     if (yo)
         yo->deleteLater();
+    if (ventana && ventana->window()->isActiveWindow() && reloj.elapsed() < kHastaLaCaja)
+        TecleaDeNuevo(teclas);
 }
 
 void TareaLarga::Atiende(const std::exception_ptr& falla) const {

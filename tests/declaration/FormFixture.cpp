@@ -29,9 +29,9 @@ void ConFormulario::SetUp() {
 void ConFormulario::Abre(const std::optional<DeclaracionElegida>& elegida) {
     m_forma.reset(); // one form at a time holds the work tables
     QWidget detras;
-    TomaTablas(detras, m_proceso, elegida, [&](std::shared_ptr<TrabajoUnico> tablas) {
-        m_forma = std::make_unique<Frm518>(EntornoDeclaracion{m_proceso, m_avisos, m_barra, m_dialogos},
-                                           std::move(tablas), elegida);
+    TomaTablas(detras, m_proceso, elegida, [&](const TablasTomadas& tablas) {
+        m_forma =
+            std::make_unique<Frm518>(EntornoDeclaracion{m_proceso, m_avisos, m_barra, m_dialogos}, tablas, elegida);
     });
     EsperaTrabajos();
     if (m_forma)

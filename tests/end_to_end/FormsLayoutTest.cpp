@@ -76,8 +76,9 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
 
   private:
     void EnLaDeclaracion(const std::optional<DeclaracionElegida>& elegida, const QString& nombre, const Mirada& mira) {
-        TomaTablas(*qApp->activeWindow(), proceso, elegida, [&](std::shared_ptr<TrabajoUnico> tablas) {
-            Ve(Frm518({proceso, avisos, barra}, std::move(tablas), elegida), nombre, mira);
+        QWidget detras;
+        TomaTablas(detras, proceso, elegida, [&](const TablasTomadas& tablas) {
+            Ve(Frm518({proceso, avisos, barra}, tablas, elegida), nombre, mira);
         });
         EsperaTrabajos();
     }

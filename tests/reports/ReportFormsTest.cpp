@@ -53,9 +53,11 @@ TEST_F(ReportFormsTest, PrintsTheWholeReportOrItsRange) {
     }
     EsperaEnvio(u"2 páginas"_s);
     VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, m_ventana);
+    EsperaTrabajos();
     EXPECT_EQ(Impreso().size(), 2);
     m_avisos.Espera({Icono::Critico, u"El reporte no llega a la página 3: tiene 2 páginas."_s, u"Error al Imprimir"_s});
     VerReporte(m_entorno, Reporte(2, {true, 3, 9}), ModoReporte::Impresora, m_ventana);
+    EsperaTrabajos();
     EXPECT_FALSE(QFile::exists(Ruta(u"impreso.pdf"_s))) << "not even an empty sheet";
 }
 
@@ -81,6 +83,7 @@ TEST_F(ReportFormsTest, SaysWhyNothingIsPrintedAndOffersThePdfOfTheRange) {
                 m_avisos.Espera(u"Se guardó en «%1»: 1 página."_s.arg(Ruta(u"guardado.pdf"_s)));
             }
             VerReporte(m_entorno, Reporte(3, {true, 2, 2}), ModoReporte::Impresora, m_ventana);
+            EsperaTrabajos();
         }
         EXPECT_EQ(Impreso(u"guardado.pdf"_s), QStringList{u"hoja 2"_s}) << qPrintable(motivo);
     }
@@ -101,10 +104,12 @@ TEST_F(ReportFormsTest, SeveralPrintersAreOfferedWithTheDefaultOneChosen) {
         });
         m_avisos.Espera(dicho);
         VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, m_ventana);
+        EsperaTrabajos();
         EXPECT_EQ(Impreso().size(), 2);
     }
     AlAbrir(u"frmImpresora"_s, [](QWidget& eleccion) { Clic(eleccion, u"CmdImpresora_2"_s); });
     VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, m_ventana);
+    EsperaTrabajos();
     EXPECT_FALSE(QFile::exists(Ruta(u"impreso.pdf"_s)));
     AlAbrir(u"frmImpresora"_s, [this](QWidget& eleccion) {
         m_archivos.respuesta = Ruta(u"guardado.pdf"_s);
@@ -112,6 +117,7 @@ TEST_F(ReportFormsTest, SeveralPrintersAreOfferedWithTheDefaultOneChosen) {
         Clic(eleccion, u"CmdImpresora_1"_s);
     });
     VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, m_ventana);
+    EsperaTrabajos();
     EXPECT_EQ(Impreso(u"guardado.pdf"_s).size(), 2);
 }
 
