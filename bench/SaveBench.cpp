@@ -23,9 +23,9 @@ void Abre(Base& base) {
     TablasTrabajo(base).Reconstruye(kClave);
     CargaCasillas(base, declaracion);
     RefrescaTotales(base, declaracion);
-    Registros filas = base.Lee(SqlClientes());
-    while (filas.Siguiente()) {
-    }
+    const ListaLarga clientes(base, SqlClientes());
+    if (clientes.Lee(0, clientes.Filas()).empty())
+        throw std::runtime_error("no clients");
 }
 
 /// Copies the rows of one table to another through the engine's own interface, row by row, with the look-up that the

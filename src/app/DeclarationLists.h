@@ -1,6 +1,6 @@
 #pragma once
 
-#include "family/OfferedDeclarants.h"
+#include "data/LongList.h"
 
 namespace xa518 {
 
@@ -14,12 +14,13 @@ struct ColumnaDeLista {
 enum class OrdenRegistradas { Periodo, Ruc, Nombre };
 
 /// The registered declarations that the user may see, latest period first unless ordered otherwise.
-[[nodiscard]] ConsultaSql SqlRegistradas(const Proceso& proceso, OrdenRegistradas orden = OrdenRegistradas::Periodo);
+[[nodiscard]] ConsultaDeLista SqlRegistradas(const Proceso& proceso,
+                                             OrdenRegistradas orden = OrdenRegistradas::Periodo);
 
 enum class MomentoEnviadas { Carga, Reactivacion };
 
 /// The sent declarations that the user may see. The two moments differ on purpose: at load the declarant's kind of
 /// document isn't limited, so a number that is registered under two kinds shows twice.
-[[nodiscard]] ConsultaSql SqlEnviadas(const Proceso& proceso, MomentoEnviadas momento);
+[[nodiscard]] ConsultaDeLista SqlEnviadas(const Proceso& proceso, MomentoEnviadas momento);
 
 } // namespace xa518

@@ -81,8 +81,7 @@ void FormaSeleccion::Presenta(const Textos& textos) {
 }
 
 void FormaSeleccion::Refresca(int fila) {
-    m_datos->Consulta(*m_entorno.proceso.baseDatos, m_consulta.texto,
-                      QVariantList(m_consulta.valores.begin(), m_consulta.valores.end()));
+    m_datos->Consulta(*m_entorno.proceso.baseDatos, m_consulta);
     Grilla().AjustaColumnas(ColumnaDeLista::Nombre);
     Grilla().PonFila(fila);
     if (m_datos->rowCount() == 0)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/Dialogs.h"
-#include "family/OfferedDeclarants.h"
+#include "data/LongList.h"
 #include "widgets/Form.h"
 #include "widgets/QueryModel.h"
 
@@ -38,7 +38,7 @@ class FormaSeleccion : public Forma {
 
     void Presenta(const Textos& textos);
     /// Changes what the list is read from; it shows with the next `Refresca`.
-    void PonConsulta(ConsultaSql consulta) { m_consulta = std::move(consulta); }
+    void PonConsulta(ConsultaDeLista consulta) { m_consulta = std::move(consulta); }
     /// Reads the list again and goes to that row, or to the first when it is no longer there.
     void Refresca(int fila = 0);
 
@@ -66,7 +66,7 @@ class FormaSeleccion : public Forma {
     Entorno m_entorno;
     OpcionDeLista m_opcion;
     ModeloDeConsulta* m_datos;
-    ConsultaSql m_consulta;
+    ConsultaDeLista m_consulta;
 };
 
 } // namespace xa518

@@ -171,6 +171,10 @@ const Tabla& Base::Describe(const QString& tabla) {
     return m_tablas.emplace(tabla, std::move(leida)).first->second;
 }
 
+QString Base::NumeroDeFila(const QString& tabla) const {
+    return m_motor->NumeroDeFila(tabla);
+}
+
 void Base::Agrega(const Registro& registro) {
     Ejecuta(registro.DeTabla().sqlAlta, registro.Valores());
 }

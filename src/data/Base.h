@@ -80,6 +80,9 @@ class Base {
 
     /// The table's columns as declared; read once. The reference holds as long as the base is open.
     [[nodiscard]] const Tabla& Describe(const QString& tabla);
+    /// A column that numbers the rows of a table, spoken of by its alias in a query, in the order in which they were
+    /// entered.
+    [[nodiscard]] QString NumeroDeFila(const QString& tabla) const;
     /// Adds a row. `ClaveDuplicada` when its key stands there already.
     void Agrega(const Registro& registro);
 

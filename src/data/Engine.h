@@ -40,6 +40,8 @@ class Motor {
     [[nodiscard]] virtual QString SqlMemoria(Memoria memoria) const = 0;
     /// A query of two columns, name and declared type, over the columns of a table in their order.
     [[nodiscard]] virtual QString SqlColumnas(const QString& tabla) const = 0;
+    /// A column that numbers the rows of a table, spoken of by its alias, in the order in which they were entered.
+    [[nodiscard]] virtual QString NumeroDeFila(const QString& tabla) const = 0;
 };
 
 /// Picks the engine by the database's name: a file is SQLite.

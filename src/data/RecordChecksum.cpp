@@ -1,7 +1,6 @@
 #include "data/RecordChecksum.h"
 
 #include "data/Base.h"
-#include "values/Decimal.h"
 #include "values/Format.h"
 #include "values/Text.h"
 
@@ -12,13 +11,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMayorEntero16 = 32767;
-
-Decimal SumaDeNumeros(const Registro& registro, int primeros) {
-    Decimal suma;
-    for (int i = 0; i < primeros; ++i)
-        suma = suma + Decimal::Lee(registro.TextoDe(i)).value_or(Decimal());
-    return suma;
-}
 
 qint64 SumaDeCodigos(QStringView texto) {
     qint64 suma = 0;
@@ -31,24 +23,34 @@ qint64 SumaDeCodigos(QStringView texto) {
     return suma;
 }
 
-/// The position starts again in every field.
-qint64 SumaDeTextos(const Registro& registro, int primeros) {
-    qint64 suma = 0;
-    const auto ultimo = static_cast<int>(registro.Valores().size()) - 1;
-    for (int i = primeros; i < ultimo; ++i)
-        suma += SumaDeCodigos(registro.TextoDe(i));
-    return suma;
-}
-
 QString UltimosTres(const Decimal& suma) {
+    if (suma.Decimales() == 0 && suma.Signo() >= 0)
+        return QString::number(static_cast<int>(suma.Mantisa() % 1000)).rightJustified(3, u'0');
     return Format(suma, u"00000000000000000000").right(15).right(3);
 }
 
 } // namespace
 
+void Checksum::Numero(QStringView texto) {
+    m_numeros = m_numeros + Decimal::Lee(texto).value_or(Decimal());
+}
+
+void Checksum::Texto(QStringView texto) {
+    m_codigos += SumaDeCodigos(Recorta(texto));
+}
+
+QString Checksum::Digitos() const {
+    return UltimosTres(m_numeros) + UltimosTres(Decimal::DeEntero(m_codigos));
+}
+
 QString ChecksumRegistro(const Registro& registro, int primeros) {
-    return UltimosTres(SumaDeNumeros(registro, primeros)) +
-           UltimosTres(Decimal::DeEntero(SumaDeTextos(registro, primeros)));
+    Checksum checksum;
+    const auto ultimo = static_cast<int>(registro.Valores().size()) - 1;
+    for (int i = 0; i < primeros; ++i)
+        checksum.Numero(registro.TextoDe(i));
+    for (int i = primeros; i < ultimo; ++i)
+        checksum.Texto(registro.TextoDe(i));
+    return checksum.Digitos();
 }
 
 void PonChecksum(Registro& registro, int primeros) {
@@ -58,6 +60,30 @@ void PonChecksum(Registro& registro, int primeros) {
 void AgregaConChecksum(Base& base, Registro& registro, int primeros) {
     PonChecksum(registro, primeros);
     base.Agrega(registro);
+}
+
+// The fields stand in the statement twice, as what is stored and as what is summed.
+void CopiaConChecksum(Base& base, const CopiaDeFilas& copia, int primeros) {
+    const Tabla& tabla = base.Describe(copia.tabla);
+    QStringList campos(tabla.columnas.size() - 1, u"NULL"_s);
+    QList<QVariantList> valoresDe(campos.size());
+    for (const DatoDeCopia& dato : copia.datos) {
+        const int lugar = tabla.Indice(dato.columna);
+        campos[lugar] = dato.expresion;
+        valoresDe[lugar] = dato.valores;
+    }
+    QVariantList valores;
+    for (const QVariantList& suyos : valoresDe)
+        valores += suyos;
+    const QString lista = campos.join(u", "_s);
+    const QString sql = u"INSERT INTO %1 SELECT %2, checksum(%3, %2) "_s.arg(copia.tabla, lista).arg(primeros);
+    try {
+        base.Ejecuta(sql + copia.desde, valores + valores);
+    } catch (const ErrorBase& falla) {
+        if (falla.Es(NumeroError::Desbordamiento))
+            throw Desbordamiento();
+        throw;
+    }
 }
 
 } // namespace xa518

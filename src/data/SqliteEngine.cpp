@@ -200,4 +200,8 @@ QString MotorSqlite::SqlColumnas(const QString& tabla) const {
     return u"SELECT name, type FROM pragma_table_info('%1') ORDER BY cid"_s.arg(tabla);
 }
 
+QString MotorSqlite::NumeroDeFila(const QString& tabla) const {
+    return tabla + u".rowid"_s;
+}
+
 } // namespace xa518

@@ -22,6 +22,7 @@ class MotorSqlite final : public Motor {
     [[nodiscard]] QString SqlComienza() const override;
     [[nodiscard]] QString SqlMemoria(Memoria memoria) const override;
     [[nodiscard]] QString SqlColumnas(const QString& tabla) const override;
+    [[nodiscard]] QString NumeroDeFila(const QString& tabla) const override;
 
   private:
     void Prepara();
@@ -34,8 +35,8 @@ class MotorSqlite final : public Motor {
     qint64 m_filasAntes = 0; ///< changed before the watch began
 };
 
-/// Adds the dialect's functions to a connection: `val`, `format` with a mask, and a `sum` that adds decimals exactly
-/// from their texts and takes no binary number.
+/// Adds the dialect's functions to a connection: `val`, `format` with a mask, the `checksum` of a row, and a `sum` that
+/// adds decimals exactly from their texts and takes no binary number.
 void RegistraFunciones(sqlite3* conexion);
 
 /// The number of the `Error` that one of these functions ended with, out of the engine's code; nothing for a code of

@@ -1,7 +1,11 @@
+#include "data/RecordChecksum.h"
 #include "data/SqliteEngine.h"
 #include "values/Decimal.h"
 #include "values/Error.h"
 #include "values/Format.h"
+
+#include <QStringDecoder>
+#include <QVarLengthArray>
 
 #include <sqlite3.h>
 
@@ -16,12 +20,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString TextoDe(sqlite3_value* valor) {
-    const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(valor));
-    return QString::fromUtf8(bytes, sqlite3_value_bytes(valor));
-}
+/// The text of a value, of which the engine hands out one for every field of every row: kept on the stack if it is
+/// short.
+class Texto {
+  public:
+    explicit Texto(sqlite3_value* valor) {
+        const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(valor));
+        const QByteArrayView utf8(bytes, sqlite3_value_bytes(valor));
+        m_letras.resize(utf8.size()); // no character takes more units than bytes
+        QStringDecoder decodifica(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+        m_letras.resize(decodifica.appendToBuffer(m_letras.data(), utf8) - m_letras.data());
+    }
+    operator QStringView() const { return {m_letras.data(), m_letras.size()}; }
 
-void Responde(sqlite3_context* contexto, const QString& texto) {
+  private:
+    QVarLengthArray<QChar, 64> m_letras;
+};
+
+void Responde(sqlite3_context* contexto, QStringView texto) {
     const QByteArray bytes = texto.toUtf8();
     sqlite3_result_text(contexto, bytes.constData(), static_cast<int>(bytes.size()), SQLITE_TRANSIENT);
 }
@@ -48,7 +64,7 @@ void Val(sqlite3_context* contexto, int, sqlite3_value** argumentos) {
     Protege(contexto, [&] {
         if (sqlite3_value_type(argumentos[0]) == SQLITE_INTEGER)
             return sqlite3_result_value(contexto, argumentos[0]);
-        const Decimal valor = Decimal::Valor(TextoDe(argumentos[0]));
+        const Decimal valor = Decimal::Valor(Texto(argumentos[0]));
         const bool cabe = valor.Mantisa() >= std::numeric_limits<qint64>::min() &&
                           valor.Mantisa() <= std::numeric_limits<qint64>::max();
         if (valor.Decimales() == 0 && cabe)
@@ -58,20 +74,35 @@ void Val(sqlite3_context* contexto, int, sqlite3_value** argumentos) {
 }
 
 void FormatDeSql(sqlite3_context* contexto, int, sqlite3_value** argumentos) {
-    Protege(contexto, [&] { Responde(contexto, Format(TextoDe(argumentos[0]), TextoDe(argumentos[1]))); });
+    Protege(contexto, [&] { Responde(contexto, Format(Texto(argumentos[0]), Texto(argumentos[1]))); });
 }
 
 /// The engine reckons in binary: a term that has been through that is no longer the amount that was written.
 Decimal DecimalDe(sqlite3_value* valor) {
     if (sqlite3_value_type(valor) == SQLITE_FLOAT)
         throw Error(NumeroError::ArgumentoInvalido, u"Una suma de montos pasó por un número binario."_s);
-    return Decimal::Valor(TextoDe(valor));
+    return Decimal::Valor(Texto(valor));
 }
 
 void Izquierda(sqlite3_context* contexto, int, sqlite3_value** argumentos) {
     Protege(contexto, [&] {
         if (sqlite3_value_type(argumentos[0]) != SQLITE_NULL)
-            Responde(contexto, TextoDe(argumentos[0]).left(sqlite3_value_int(argumentos[1])));
+            Responde(contexto, QStringView(Texto(argumentos[0])).left(sqlite3_value_int(argumentos[1])));
+    });
+}
+
+/// `checksum(primeros, field, field...)`, of a whole row but for the checksum itself.
+void ChecksumDeSql(sqlite3_context* contexto, int cuantos, sqlite3_value** argumentos) {
+    Protege(contexto, [&] {
+        Checksum checksum;
+        const int primeros = sqlite3_value_int(argumentos[0]);
+        for (int i = 1; i < cuantos; ++i) {
+            if (i <= primeros)
+                checksum.Numero(Texto(argumentos[i]));
+            else
+                checksum.Texto(Texto(argumentos[i]));
+        }
+        Responde(contexto, checksum.Digitos());
     });
 }
 
@@ -108,6 +139,7 @@ void RegistraFunciones(sqlite3* conexion) {
     sqlite3_create_function(conexion, "val", 1, kPura, nullptr, Val, nullptr, nullptr);
     sqlite3_create_function(conexion, "format", 2, kPura, nullptr, FormatDeSql, nullptr, nullptr);
     sqlite3_create_function(conexion, "izquierda", 2, kPura, nullptr, Izquierda, nullptr, nullptr);
+    sqlite3_create_function(conexion, "checksum", -1, kPura, nullptr, ChecksumDeSql, nullptr, nullptr);
     sqlite3_create_function(conexion, "sum", 1, kPura, nullptr, nullptr, PasoDeSuma, FinDeSuma);
 }
 

@@ -250,8 +250,7 @@ void FrmAgePer::Salir() {
 
 void FrmAgePer::LigaGrilla() {
     const ClaveCliente cliente = Datos().Clave();
-    m_comprobantes.Consulta(m_entorno.base, ComprobantesTrabajo::SqlDeCliente(),
-                            {cliente.tipoDoc.Valor(), cliente.numero});
+    m_comprobantes.Consulta(m_entorno.base, ComprobantesTrabajo::SqlDeCliente(cliente));
     m_ui->lblNumTrab->setText(u"   Registros      "_s + QString::number(m_comprobantes.rowCount()));
     ActualizaTotales();
 }

@@ -5,7 +5,6 @@
 #include "form518/DetailColumns.h"
 #include "form518/Form0518.h"
 #include "form518/WorkClients.h"
-#include "form518/WorkTables.h"
 
 namespace xa518 {
 
@@ -15,18 +14,11 @@ namespace {
 
 const QString kPagosGuardados = u"F518PDETCP"_s;
 
-/// Copies columns of the clients' query into a saved row.
-CopiaColumnas CopiaDe(const Registros& clientes, const Tabla& tabla, const QList<DatoCliente>& datos) {
-    return {clientes, tabla, ColumnasDe(datos)};
-}
-
-Registro ConClave(const Tabla& tabla, const ClaveDeclaracion& clave) {
-    Registro registro(tabla);
-    registro.Pon(u"tip_doc_d", 6)
-        .Pon(u"Doc_id_d", clave.ruc.Texto())
-        .Pon(u"periodo", clave.periodo.Texto())
-        .Pon(u"Formulario", clave.formulario);
-    return registro;
+QList<DatoDeCopia> DeLaClave(const ClaveDeclaracion& clave) {
+    return {{u"tip_doc_d"_s, u"6"_s},
+            {u"Doc_id_d"_s, u"?"_s, {clave.ruc.Texto()}},
+            {u"periodo"_s, u"?"_s, {clave.periodo.Texto()}},
+            {u"Formulario"_s, u"?"_s, {clave.formulario}}};
 }
 
 /// Wanted: the family's programs open an empty set on each table after rewriting it.
@@ -34,60 +26,54 @@ void AbreVacia(Base& base, const QString& tabla) {
     const Registros vacia = base.Lee(u"SELECT * FROM %1 WHERE doc_id_d='0'"_s.arg(tabla));
 }
 
+/// How many vouchers each client has, as what the clients are joined with.
+QString CuentasPorCliente() {
+    using enum DatoComprobante;
+    const QString cliente = ListaDe<DatoComprobante>({TipoDoc, NumDoc});
+    return u"LEFT JOIN (SELECT %1, count(*) AS cont FROM TMPF518PDET GROUP BY %1) AS C"
+           " ON C.%2 = A.%2 AND C.%3 = A.%3"_s.arg(cliente, ColumnaDe(TipoDoc), ColumnaDe(NumDoc));
+}
+
 /// A company keeps its name, a person the three parts; the other columns stay null. The count of vouchers is taken
 /// anew, and `ind_ruc` is 1 for every client, whatever its document.
 void GrabaClientes(Base& base, const ClaveDeclaracion& clave) {
     using enum DatoCliente;
+    const QString tabla = u"F518PCAB"_s;
     base.Ejecuta(u"DELETE * FROM F518PCAB "_s + clave.Condicion(), clave.Valores());
-    const Tabla& tabla = base.Describe(u"F518PCAB"_s);
-    const Registro plantilla = ConClave(tabla, clave);
-    const int numericas = Formulario0518().NumericasDe(tabla.nombre);
-    const TablasTrabajo trabajo(base);
-    {
-        Registros clientes = base.Lee(SqlClientes());
-        const CopiaColumnas comunes = CopiaDe(clientes, tabla, {TipoDoc, NumDoc, MontoBase, Percepcion});
-        const CopiaColumnas empresa = CopiaDe(clientes, tabla, {Razon});
-        const CopiaColumnas persona = CopiaDe(clientes, tabla, {ApellidoP, ApellidoM, Nombres});
-        const int tipo = clientes.Columna(ColumnaDe(TipoDoc));
-        const int numero = clientes.Columna(ColumnaDe(NumDoc));
-        const int ctdDocs = tabla.Indice(ColumnaDe(CtdDocs));
-        const int indRuc = tabla.Indice(ColumnaDe(IndRuc));
-        while (clientes.Siguiente()) {
-            Registro registro = plantilla;
-            comunes.Copia(clientes, registro);
-            const ClaveCliente cliente{.tipoDoc = CodigoDocumento::De(clientes.Texto(tipo)),
-                                       .numero = clientes.Texto(numero)};
-            const bool esEmpresa = EsEmpresa(cliente.tipoDoc, cliente.numero);
-            (esEmpresa ? empresa : persona).Copia(clientes, registro);
-            registro.Pon(ctdDocs, trabajo.CuentaDocs(cliente));
-            registro.Pon(indRuc, 1);
-            AgregaConChecksum(base, registro, numericas);
-        }
-    }
-    AbreVacia(base, u"F518PCAB"_s);
+    const QString esEmpresa = u"(A.%1 = 6 AND mid(A.%2, 1, 2) = '20')"_s.arg(ColumnaDe(TipoDoc), ColumnaDe(NumDoc));
+    QList<DatoDeCopia> datos = DeLaClave(clave);
+    const auto copia = [&datos](DatoCliente dato, const QString& expresion) {
+        datos.append({ColumnaDe(dato), expresion.arg(u"A."_s + ColumnaDe(dato))});
+    };
+    for (const DatoCliente dato : {TipoDoc, NumDoc, MontoBase, Percepcion})
+        copia(dato, u"%1"_s);
+    copia(Razon, u"CASE WHEN "_s + esEmpresa + u" THEN %1 END"_s);
+    for (const DatoCliente dato : {ApellidoP, ApellidoM, Nombres})
+        copia(dato, u"CASE WHEN NOT "_s + esEmpresa + u" THEN %1 END"_s);
+    datos.append({ColumnaDe(CtdDocs), u"coalesce(C.cont, 0)"_s});
+    datos.append({ColumnaDe(IndRuc), u"1"_s});
+    const ConsultaDeLista clientes = SqlClientes();
+    const QString desde = u"%1 %2 WHERE %3 ORDER BY %4"_s.arg(clientes.desde, CuentasPorCliente(), clientes.vinculo,
+                                                              base.NumeroDeFila(u"A"_s));
+    CopiaConChecksum(base, {tabla, datos, desde}, Formulario0518().NumericasDe(tabla));
+    AbreVacia(base, tabla);
 }
 
 /// A detail table that is copied column by column.
 struct Copia {
     QString tabla;
-    QString origen;
+    QString origen;    ///< "FROM ... WHERE ..."
     QString condicion; ///< of the delete
     QStringList columnas;
 };
 
 void GrabaCopia(Base& base, const ClaveDeclaracion& clave, const Copia& copia) {
     base.Ejecuta(u"DELETE * FROM %1 "_s.arg(copia.tabla) + copia.condicion, clave.Valores());
-    const Tabla& tabla = base.Describe(copia.tabla);
-    Registro registro = ConClave(tabla, clave);
-    const int numericas = Formulario0518().NumericasDe(copia.tabla);
-    {
-        Registros filas = base.Lee(copia.origen + u" ORDER BY rowid"_s);
-        const CopiaColumnas columnas(filas, tabla, copia.columnas);
-        while (filas.Siguiente()) {
-            columnas.Copia(filas, registro);
-            AgregaConChecksum(base, registro, numericas);
-        }
-    }
+    QList<DatoDeCopia> datos = DeLaClave(clave);
+    for (const QString& columna : copia.columnas)
+        datos.append({columna, columna});
+    CopiaConChecksum(base, {copia.tabla, datos, copia.origen + u" ORDER BY rowid"_s},
+                     Formulario0518().NumericasDe(copia.tabla));
     AbreVacia(base, copia.tabla);
 }
 
@@ -98,8 +84,8 @@ QStringList ColumnasSinTipo() {
 }
 
 /// The vouchers of the work table, by what its column of the type has to be.
-QString SqlComprobantes(const QString& condicion) {
-    return u"SELECT * FROM TMPF518PDET WHERE %1 %2"_s.arg(ColumnaDe(DatoComprobante::TipCp), condicion);
+QString Comprobantes(const QString& condicion) {
+    return u"FROM TMPF518PDET WHERE %1 %2"_s.arg(ColumnaDe(DatoComprobante::TipCp), condicion);
 }
 
 QString TextoDeSuma(const Registros& fila, int columna) {
@@ -112,17 +98,17 @@ void GrabaDetalle(Base& base, const ClaveDeclaracion& clave) {
     GrabaClientes(base, clave);
     GrabaCopia(base, clave,
                {.tabla = u"F518PDET"_s,
-                .origen = SqlComprobantes(u"= ''"_s),
+                .origen = Comprobantes(u"= ''"_s),
                 .condicion = clave.Condicion(),
                 .columnas = ColumnasSinTipo()});
     GrabaCopia(base, clave,
                {.tabla = u"F518PDETVC"_s,
-                .origen = SqlComprobantes(u"<> ''"_s),
+                .origen = Comprobantes(u"<> ''"_s),
                 .condicion = clave.Condicion(),
                 .columnas = ColumnasDe(DatosDeComprobantes())});
     GrabaCopia(base, clave,
                {.tabla = kPagosGuardados,
-                .origen = u"SELECT * FROM TMPF518PDETCP"_s,
+                .origen = u"FROM TMPF518PDETCP"_s,
                 .condicion = clave.CondicionSinTipo(),
                 .columnas = ColumnasDe(DatosDePagos())});
 }

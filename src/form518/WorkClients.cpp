@@ -23,14 +23,6 @@ QVariantList Valores(const ClaveCliente& cliente) {
     return {cliente.tipoDoc.Valor(), cliente.numero};
 }
 
-/// The client table leads the join, so that rows keep the order in which they were entered.
-const QString& DesdeClientes() {
-    static const QString desde =
-        u"FROM TMPF518PCAB AS A CROSS JOIN PARAM AS B "
-        "WHERE B.NUMERO='044' AND VAL(B.ARGUMENTO) = VAL(A.%1)"_s.arg(ColumnaDe(DatoCliente::TipoDoc));
-    return desde;
-}
-
 /// An amount of sixteen characters or more loses its decimals. Wanted: it keeps to its field.
 QString BaseDeFila(Importe base) {
     constexpr qsizetype kSinDecimales = 16;
@@ -44,16 +36,19 @@ QString SinNegativos(const QString& suma) {
 
 } // namespace
 
-QString SqlClientes() {
+ConsultaDeLista SqlClientes() {
     using enum DatoCliente;
-    return u"SELECT %1 AS DOC, "_s.arg(kCortoEnGrilla.Sql(u"B.FUNCION")) +
-           ListaDe<DatoCliente>({NumDoc, Razon, MontoBase, Percepcion, ApellidoP, ApellidoM, Nombres, TipoDoc},
-                                u"A"_s) +
-           u' ' + DesdeClientes() + u" ORDER BY A.rowid"_s;
+    return {.columnas = u"%1 AS DOC, "_s.arg(kCortoEnGrilla.Sql(u"B.FUNCION")) +
+                        ListaDe<DatoCliente>(
+                            {NumDoc, Razon, MontoBase, Percepcion, ApellidoP, ApellidoM, Nombres, TipoDoc}, u"A"_s),
+            .desde = u"FROM TMPF518PCAB AS A CROSS JOIN PARAM AS B"_s,
+            .tablas = {u"A"_s, u"B"_s},
+            .vinculo = u"B.NUMERO='044' AND VAL(B.ARGUMENTO) = VAL(A.%1)"_s.arg(ColumnaDe(TipoDoc))};
 }
 
 int CuentaClientes(Base& base) {
-    Registros fila = base.Lee(u"SELECT count(*) "_s + DesdeClientes());
+    const ConsultaDeLista clientes = SqlClientes();
+    Registros fila = base.Lee(u"SELECT count(*) %1 WHERE %2"_s.arg(clientes.desde, clientes.vinculo));
     return fila.Siguiente() ? static_cast<int>(fila.Entero(0)) : 0;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/LongList.h"
 #include "form518/DetailColumns.h"
 #include "values/Decimal.h"
 #include "values/DocumentCode.h"
@@ -59,7 +60,7 @@ enum class ColumnaCliente {
 
 /// The grid's query: one row per client of the work table, with the short name of its document type. A client whose
 /// type the catalogue lacks isn't in it, and so is lost at a save, whose source it is. Wanted.
-[[nodiscard]] QString SqlClientes();
+[[nodiscard]] ConsultaDeLista SqlClientes();
 /// How many rows it has.
 [[nodiscard]] int CuentaClientes(Base& base);
 

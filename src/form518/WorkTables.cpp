@@ -11,11 +11,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Rows keep the order in which they were entered, so every copy follows the source's own order.
+/// Rows keep the order in which they were entered, so every copy follows the source's own order. The declaration's rows
+/// are found first, by the key alone, and then read in that order: read as they are found they would all have to be put
+/// in order, which takes as long as the copy.
 QString CopiaSql(const QString& destino, const QString& columnas, const QString& valores, const QString& origen,
                  const QString& condicion) {
-    return u"INSERT INTO %1 (%2) SELECT %3 FROM %4 %5 ORDER BY rowid"_s.arg(destino, columnas, valores, origen,
-                                                                            condicion);
+    return u"INSERT INTO %1 (%2) SELECT %3 FROM %4 WHERE rowid IN (SELECT rowid FROM %4 %5) ORDER BY rowid"_s.arg(
+        destino, columnas, valores, origen, condicion);
 }
 
 /// The three tables name their client alike.
@@ -60,7 +62,7 @@ void TablasTrabajo::Llena(const ClaveDeclaracion& clave) {
 /// A company keeps its name. Any other client is a person, whose full name is put together again from its parts.
 void TablasTrabajo::CopiaClientes(const ClaveDeclaracion& clave) {
     using enum DatoCliente;
-    const QString esEmpresa = u"(%1 = 6 AND left(%2, 2) = '20')"_s.arg(ColumnaDe(TipoDoc), ColumnaDe(NumDoc));
+    const QString esEmpresa = u"(%1 = 6 AND mid(%2, 1, 2) = '20')"_s.arg(ColumnaDe(TipoDoc), ColumnaDe(NumDoc));
     const QString completo =
         u"left(%1 & ' ' & %2 & ' ' & %3, 40)"_s.arg(ColumnaDe(ApellidoP), ColumnaDe(ApellidoM), ColumnaDe(Nombres));
     const auto dePersona = [&](DatoCliente dato) {

@@ -34,15 +34,18 @@ QVariant Valor(const std::optional<Importe>& percepcion) {
 } // namespace
 
 /// In the order of `ColumnaComprobante`.
-QString ComprobantesTrabajo::SqlDeCliente() {
+ConsultaDeLista ComprobantesTrabajo::SqlDeCliente(const ClaveCliente& cliente) {
     using Tipo = TramosTipoComprobante;
-    return u"SELECT %1, (Select %2 FROM param Where numero='233' And param.argumento=TMPF518PDET.%3 AND %4='1') as "
-           u"des_cdp "
-           "FROM TMPF518PDET WHERE %5 ORDER BY rowid"_s.arg(
-               ListaDe<DatoComprobante>(
-                   {Serie, Numero, Fecha, MontoBase, Tasa, Percepcion, CpFact, ListaClie, MedPago, TipCp}),
-               Tipo::kDescripcion.Sql(u"funcion"), ColumnaDe(TipCp), Tipo::kUso.Sql(u"FUNCION"),
-               IgualesA<DatoComprobante>({TipoDoc, NumDoc}));
+    const QString descripcion =
+        u"(Select %1 FROM param Where numero='233' And param.argumento=TMPF518PDET.%2 AND %3='1') as des_cdp"_s.arg(
+            Tipo::kDescripcion.Sql(u"funcion"), ColumnaDe(TipCp), Tipo::kUso.Sql(u"FUNCION"));
+    return {.columnas = ListaDe<DatoComprobante>(
+                            {Serie, Numero, Fecha, MontoBase, Tasa, Percepcion, CpFact, ListaClie, MedPago, TipCp}) +
+                        u", "_s + descripcion,
+            .desde = u"FROM TMPF518PDET"_s,
+            .tablas = {u"TMPF518PDET"_s},
+            .filtro = IgualesA<DatoComprobante>({TipoDoc, NumDoc}),
+            .valores = {cliente.tipoDoc.Valor(), cliente.numero}};
 }
 
 ComprobantesTrabajo::ComprobantesTrabajo(Base& base)

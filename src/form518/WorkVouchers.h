@@ -43,7 +43,7 @@ class ComprobantesTrabajo {
     explicit ComprobantesTrabajo(Base& base);
 
     /// A client's vouchers in the order in which they were entered, and the description of a cash sale's type.
-    [[nodiscard]] static QString SqlDeCliente();
+    [[nodiscard]] static ConsultaDeLista SqlDeCliente(const ClaveCliente& cliente);
 
     [[nodiscard]] bool Existe(const ClaveComprobante& clave) const;
 

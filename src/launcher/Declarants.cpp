@@ -34,9 +34,27 @@ VeredictoDeclarante ValidaDeclarante(const Declarante& declarante) {
     return Veredicto::Bien();
 }
 
-Declarante Lee(const Registros& fila) {
-    return {.ruc = Ruc(fila.Texto(u"Doc_id_d")), .nombre = fila.Texto(u"Nombre"), .usuario = fila.Texto(u"Usuario")};
-}
+/// Where the columns stand, found once for all rows.
+class LectorDeDeclarantes {
+  public:
+    explicit LectorDeDeclarantes(const Registros& filas)
+        : m_filas(&filas)
+        , m_ruc(filas.Columna(u"Doc_id_d"))
+        , m_nombre(filas.Columna(u"Nombre"))
+        , m_usuario(filas.Columna(u"Usuario")) {}
+
+    [[nodiscard]] Declarante Lee() const {
+        return {.ruc = Ruc(m_filas->Texto(m_ruc)),
+                .nombre = m_filas->Texto(m_nombre),
+                .usuario = m_filas->Texto(m_usuario)};
+    }
+
+  private:
+    const Registros* m_filas;
+    int m_ruc;
+    int m_nombre;
+    int m_usuario;
+};
 
 void Inserta(Base& base, const Declarante& declarante) {
     base.Ejecuta(u"INSERT INTO CONT (Tip_doc_d, Doc_id_d, Nombre, Usuario, Tipo_Ingreso) VALUES (6, ?, ?, ?, ?)"_s,
@@ -53,15 +71,16 @@ void Cambia(Base& base, const Declarante& declarante, const Declarante& anterior
 
 QList<Declarante> Declarantes::Lista() const {
     Registros filas = m_base->Lee(u"SELECT * FROM CONT WHERE Tip_doc_d = 6 ORDER BY Doc_id_d"_s);
+    const LectorDeDeclarantes lector(filas);
     QList<Declarante> lista;
     while (filas.Siguiente())
-        lista.append(Lee(filas));
+        lista.append(lector.Lee());
     return lista;
 }
 
 std::optional<Declarante> Declarantes::Busca(const Ruc& ruc) const {
     Registros filas = m_base->Lee(u"SELECT * FROM CONT WHERE Tip_doc_d = 6 AND Doc_id_d = ?"_s, {ruc.Texto()});
-    return filas.Siguiente() ? std::optional(Lee(filas)) : std::nullopt;
+    return filas.Siguiente() ? std::optional(LectorDeDeclarantes(filas).Lee()) : std::nullopt;
 }
 
 QStringList Declarantes::Usuarios() const {

@@ -39,4 +39,7 @@ enum class TipoDeLista { Registradas, Enviadas };
 [[nodiscard]] QList<DeclaracionListada> ListaDeclaraciones(Base& base, const Formularios& formularios,
                                                            TipoDeLista cual);
 
+/// By what each of them is told from the others, in their order.
+[[nodiscard]] QStringList Identidades(const QList<DeclaracionListada>& lista);
+
 } // namespace xa518

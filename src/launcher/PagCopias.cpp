@@ -41,10 +41,13 @@ PagCopias::~PagCopias() = default;
 void PagCopias::Carga() {
     const bool instalada = LaSesion().HayInstalacion();
     m_lista = instalada ? LaSesion().Copias().Lista() : QList<Respaldo>();
-    QList<FilaDeLista> filas;
+    QStringList rutas;
     for (const Respaldo& copia : m_lista)
-        filas.append({copia.ruta, {Momento(copia), Tamano(copia), QFileInfo(copia.ruta).fileName()}});
-    m_ui->GrdCopias->Llena(filas);
+        rutas.append(copia.ruta);
+    m_ui->GrdCopias->Llena({rutas, [this](qsizetype fila) {
+                                const Respaldo& copia = m_lista.at(fila);
+                                return QStringList{Momento(copia), Tamano(copia), QFileInfo(copia.ruta).fileName()};
+                            }});
     m_ui->LblCopias->setText(
         u"Copias de respaldo: %1. Se conservan las últimas %2."_s.arg(m_lista.size()).arg(Respaldos::kConservados));
     m_ui->CmdCopiar->setEnabled(instalada);

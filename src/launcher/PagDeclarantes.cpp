@@ -31,22 +31,26 @@ void PagDeclarantes::Carga(Base& base) {
     const QStringList propios = declarantes.QueVe(LaSesion().Usuario());
     m_usuarios = declarantes.Usuarios();
     m_lista = std::move(lista); // with nothing left to fail between it and its rows
-    Muestra(propios);
+    m_propios = QSet<QString>(propios.cbegin(), propios.cend());
+    Muestra();
+}
+
+void PagDeclarantes::Muestra() {
+    QStringList numeros;
+    for (const Declarante& declarante : m_lista)
+        numeros.append(declarante.ruc.Texto());
+    m_ui->GrdDeclarantes->Llena({numeros, [this](qsizetype fila) { return Celdas(m_lista.at(fila)); }});
+    QString texto = u"Declarantes registrados: %1"_s.arg(m_lista.size());
+    if (const qsizetype ajenos = m_lista.size() - m_propios.size(); ajenos > 0)
+        texto += u". De otro usuario: %1, que el módulo no muestra a %2."_s.arg(ajenos).arg(LaSesion().Usuario());
+    m_ui->LblDeclarantes->setText(texto);
 }
 
 /// The module keeps silent about a declarant of somebody else, so his row says it here.
-void PagDeclarantes::Muestra(const QStringList& propios) {
-    QList<FilaDeLista> filas;
-    for (const Declarante& declarante : m_lista) {
-        const bool propio = propios.contains(declarante.ruc.Texto());
-        const QString usuario = propio ? declarante.usuario : u"%1 (otro usuario)"_s.arg(declarante.usuario);
-        filas.append({declarante.ruc.Texto(), {declarante.ruc.Texto(), declarante.nombre, usuario}});
-    }
-    m_ui->GrdDeclarantes->Llena(filas);
-    QString texto = u"Declarantes registrados: %1"_s.arg(m_lista.size());
-    if (const qsizetype ajenos = m_lista.size() - propios.size(); ajenos > 0)
-        texto += u". De otro usuario: %1, que el módulo no muestra a %2."_s.arg(ajenos).arg(LaSesion().Usuario());
-    m_ui->LblDeclarantes->setText(texto);
+QStringList PagDeclarantes::Celdas(const Declarante& declarante) const {
+    const bool propio = m_propios.contains(declarante.ruc.Texto());
+    const QString usuario = propio ? declarante.usuario : u"%1 (otro usuario)"_s.arg(declarante.usuario);
+    return {declarante.ruc.Texto(), declarante.nombre, usuario};
 }
 
 void PagDeclarantes::Agrega() {

@@ -3,6 +3,8 @@
 #include "launcher/Declarants.h"
 #include "launcher/Page.h"
 
+#include <QSet>
+
 #include <memory>
 
 namespace Ui {
@@ -21,7 +23,8 @@ class PagDeclarantes final : public Pagina {
     void Carga(Base& base) override;
 
   private:
-    void Muestra(const QStringList& propios);
+    void Muestra();
+    [[nodiscard]] QStringList Celdas(const Declarante& declarante) const;
     void Agrega();
     void Modifica();
     void Elimina();
@@ -30,6 +33,7 @@ class PagDeclarantes final : public Pagina {
 
     std::unique_ptr<Ui::PagDeclarantes> m_ui;
     QList<Declarante> m_lista;
+    QSet<QString> m_propios; ///< the numbers of those that the module shows to the user
     QStringList m_usuarios;
 };
 

@@ -1,6 +1,5 @@
 #include "launcher/PagEnviadas.h"
 
-#include "launcher/DeclarationList.h"
 #include "launcher/Session.h"
 #include "ui_PagEnviadas.h"
 
@@ -21,19 +20,18 @@ PagEnviadas::PagEnviadas(const EntornoPagina& entorno, QWidget* padre)
 PagEnviadas::~PagEnviadas() = default;
 
 void PagEnviadas::Carga(Base& base) {
-    QList<FilaDeLista> filas;
-    for (const DeclaracionListada& declaracion :
-         ListaDeclaraciones(base, LaSesion().LosFormularios(), TipoDeLista::Enviadas)) {
-        const ClaveDeclaracion& clave = declaracion.clave;
-        const QString orden = declaracion.orden.isEmpty() ? u"Por registrar"_s : declaracion.orden;
-        filas.append(
-            {declaracion.Identidad(), ConFormulario({clave.ruc.Texto(), declaracion.nombre, clave.periodo.EnPantalla(),
-                                                     clave.correl, declaracion.Rectifica(), declaracion.control,
-                                                     declaracion.fechaEnvio, declaracion.Estado(), orden},
-                                                    clave.formulario)});
-    }
-    m_ui->GrdEnviadas->Llena(filas);
-    m_ui->LblEnviadas->setText(u"Declaraciones enviadas: %1"_s.arg(filas.size()));
+    m_lista = ListaDeclaraciones(base, LaSesion().LosFormularios(), TipoDeLista::Enviadas);
+    m_ui->GrdEnviadas->Llena({Identidades(m_lista), [this](qsizetype fila) { return Celdas(m_lista.at(fila)); }});
+    m_ui->LblEnviadas->setText(u"Declaraciones enviadas: %1"_s.arg(m_lista.size()));
+}
+
+QStringList PagEnviadas::Celdas(const DeclaracionListada& declaracion) const {
+    const ClaveDeclaracion& clave = declaracion.clave;
+    const QString orden = declaracion.orden.isEmpty() ? u"Por registrar"_s : declaracion.orden;
+    return ConFormulario({clave.ruc.Texto(), declaracion.nombre, clave.periodo.EnPantalla(), clave.correl,
+                          declaracion.Rectifica(), declaracion.control, declaracion.fechaEnvio, declaracion.Estado(),
+                          orden},
+                         clave.formulario);
 }
 
 } // namespace xa518

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "launcher/DeclarationList.h"
 #include "launcher/Page.h"
 
 #include <memory>
@@ -20,7 +21,10 @@ class PagEnviadas final : public Pagina {
     void Carga(Base& base) override;
 
   private:
+    [[nodiscard]] QStringList Celdas(const DeclaracionListada& declaracion) const;
+
     std::unique_ptr<Ui::PagEnviadas> m_ui;
+    QList<DeclaracionListada> m_lista;
 };
 
 } // namespace xa518

@@ -24,14 +24,21 @@ PagInformes::~PagInformes() = default;
 
 void PagInformes::Carga(Base& base) {
     m_lista = Informes(base, LaSesion().RutaInformes(), LaSesion().LosFormularios()).Lista();
-    QList<FilaDeLista> filas;
-    for (const InformeRegistrado& informe : m_lista) {
-        const QString hojas = informe.hojas ? QString::number(*informe.hojas) : u"Falta el archivo"_s;
-        filas.append({informe.codigo + u'|' + informe.secuencia,
-                      {informe.titulo, informe.ruc, informe.fecha, informe.usuario, hojas, informe.archivo}});
-    }
-    m_ui->GrdInformes->Llena(filas);
+    QStringList claves;
+    for (const InformeRegistrado& informe : m_lista)
+        claves.append(informe.codigo + u'|' + informe.secuencia);
+    m_ui->GrdInformes->Llena({claves, [this](qsizetype fila) { return Celdas(m_lista.at(fila)); }});
     m_ui->LblInformes->setText(u"Informes registrados: %1"_s.arg(m_lista.size()));
+}
+
+QStringList PagInformes::Celdas(const InformeRegistrado& informe) const {
+    const std::optional<int> hojas = informe.Hojas(LaSesion().RutaInformes());
+    return {informe.titulo,
+            informe.ruc,
+            informe.FechaMostrada(),
+            informe.usuario,
+            hojas ? QString::number(*hojas) : u"Falta el archivo"_s,
+            informe.archivo};
 }
 
 void PagInformes::Ve() {
@@ -42,7 +49,7 @@ void PagInformes::Ve() {
 void PagInformes::Elimina() {
     const InformeRegistrado informe = m_lista.at(m_ui->GrdInformes->Fila());
     const QString texto = u"¿Confirma que va a eliminar el informe «%1» del %2 y su archivo %3?"_s.arg(
-        informe.titulo, informe.fecha, informe.archivo);
+        informe.titulo, informe.FechaMostrada(), informe.archivo);
     if (LosAvisos().Pregunta({Icono::Pregunta, texto, {}}, Respuesta::No) == Respuesta::No)
         return;
     const std::unique_ptr<Base> base = LaSesion().Abre();
@@ -60,7 +67,7 @@ QString PagInformes::PorQueNoSeVe() const {
     const int fila = m_ui->GrdInformes->Fila();
     if (fila < 0)
         return u"No hay informes."_s;
-    if (!m_lista.at(fila).hojas)
+    if (!m_lista.at(fila).Hojas(LaSesion().RutaInformes()))
         return u"Falta el archivo de este informe."_s;
     return m_vista ? QString() : u"La vista preliminar no está instalada."_s;
 }

@@ -25,6 +25,7 @@ class PagInformes final : public Pagina {
     void Carga(Base& base) override;
 
   private:
+    [[nodiscard]] QStringList Celdas(const InformeRegistrado& informe) const;
     void Ve();
     void Elimina();
     void ActualizaBotones();

@@ -26,15 +26,14 @@ PagRegistradas::~PagRegistradas() = default;
 
 void PagRegistradas::Carga(Base& base) {
     m_lista = ListaDeclaraciones(base, LaSesion().LosFormularios(), TipoDeLista::Registradas);
-    QList<FilaDeLista> filas;
-    for (const DeclaracionListada& declaracion : m_lista)
-        filas.append(
-            {declaracion.Identidad(),
-             ConFormulario({declaracion.clave.ruc.Texto(), declaracion.nombre, declaracion.clave.periodo.EnPantalla(),
-                            declaracion.Rectifica(), declaracion.fechaProceso, declaracion.Estado()},
-                           declaracion.clave.formulario)});
-    m_ui->GrdRegistradas->Llena(filas);
+    m_ui->GrdRegistradas->Llena({Identidades(m_lista), [this](qsizetype fila) { return Celdas(m_lista.at(fila)); }});
     m_ui->LblRegistradas->setText(u"Declaraciones grabadas y todavía no enviadas: %1"_s.arg(m_lista.size()));
+}
+
+QStringList PagRegistradas::Celdas(const DeclaracionListada& declaracion) const {
+    return ConFormulario({declaracion.clave.ruc.Texto(), declaracion.nombre, declaracion.clave.periodo.EnPantalla(),
+                          declaracion.Rectifica(), declaracion.fechaProceso, declaracion.Estado()},
+                         declaracion.clave.formulario);
 }
 
 /// What can't be sent is told before the question, and once more by the sending itself.

@@ -21,6 +21,7 @@ class PagRegistradas final : public Pagina {
     void Carga(Base& base) override;
 
   private:
+    [[nodiscard]] QStringList Celdas(const DeclaracionListada& declaracion) const;
     void Envia();
     /// `original` is the copy beside which it would be another original, if any.
     [[nodiscard]] bool Confirma(const DeclaracionListada& declaracion, const QString& original) const;

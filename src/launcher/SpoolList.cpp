@@ -15,12 +15,26 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Mostrada(const QString& fecha) {
+QString RutaDeInforme(const QString& carpeta, const QString& archivo) {
+    return carpeta + QDir::separator() + archivo;
+}
+
+/// The name comes out of a shared table: whatever path it brings along is dropped.
+QString SinCarpeta(const QString& archivo) {
+    const bool conCarpeta = archivo.contains(u'/') || archivo.contains(u'\\');
+    return conCarpeta ? QFileInfo(archivo).fileName() : archivo;
+}
+
+} // namespace
+
+QString InformeRegistrado::FechaMostrada() const {
     const QDateTime momento = QDateTime::fromString(fecha, Qt::ISODate);
     return momento.isValid() ? momento.toString(u"dd/MM/yyyy HH:mm"_s) : fecha;
 }
 
-} // namespace
+std::optional<int> InformeRegistrado::Hojas(const QString& carpeta) const {
+    return PaginasDe(RutaDeInforme(carpeta, archivo));
+}
 
 QString Informes::Titulo(const QString& codigo) const {
     for (const Formulario& formulario : m_formularios) {
@@ -33,33 +47,30 @@ QString Informes::Titulo(const QString& codigo) const {
 QList<InformeRegistrado> Informes::Lista() const {
     QList<InformeRegistrado> lista;
     Registros filas = m_base->Lee(u"SELECT * FROM SPOOL ORDER BY Archivo DESC, CodRep"_s);
-    while (filas.Siguiente()) {
-        // The name comes out of a shared table: whatever path it brings along is dropped.
-        const QString archivo = QFileInfo(filas.Texto(u"Archivo")).fileName();
-        const QString codigo = filas.Texto(u"CodRep");
-        lista.append({.codigo = codigo,
-                      .titulo = Titulo(codigo),
-                      .secuencia = filas.Texto(u"Secuencia"),
-                      .archivo = archivo,
-                      .fecha = Mostrada(filas.Texto(u"Fecha")),
-                      .usuario = filas.Texto(u"Usuario"),
-                      .ruc = filas.Texto(u"Doc_id_d"),
-                      .hojas = PaginasDe(Ruta(archivo))});
-    }
+    const int nombre = filas.Columna(u"Archivo");
+    const int codigo = filas.Columna(u"CodRep");
+    const int secuencia = filas.Columna(u"Secuencia");
+    const int fecha = filas.Columna(u"Fecha");
+    const int usuario = filas.Columna(u"Usuario");
+    const int ruc = filas.Columna(u"Doc_id_d");
+    while (filas.Siguiente())
+        lista.append({.codigo = filas.Texto(codigo),
+                      .titulo = Titulo(filas.Texto(codigo)),
+                      .secuencia = filas.Texto(secuencia),
+                      .archivo = SinCarpeta(filas.Texto(nombre)),
+                      .fecha = filas.Texto(fecha),
+                      .usuario = filas.Texto(usuario),
+                      .ruc = filas.Texto(ruc)});
     return lista;
 }
 
 void Informes::Elimina(const InformeRegistrado& informe) {
     Transaccion transaccion = m_base->Comienza();
     m_base->Ejecuta(u"DELETE * FROM SPOOL WHERE CodRep = ? AND Secuencia = ?"_s, {informe.codigo, informe.secuencia});
-    const QString ruta = Ruta(informe.archivo);
+    const QString ruta = RutaDeInforme(m_carpeta, informe.archivo);
     if (QFileInfo(ruta).isFile() && !QFile::remove(ruta))
         throw Error(NumeroError::AccesoAlDisco, u"No se puede eliminar el archivo '%1'."_s.arg(ruta));
     transaccion.Confirma();
-}
-
-QString Informes::Ruta(const QString& archivo) const {
-    return m_carpeta + QDir::separator() + archivo;
 }
 
 } // namespace xa518

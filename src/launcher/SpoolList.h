@@ -11,16 +11,20 @@ namespace xa518 {
 
 class Base;
 
-/// A report as table `SPOOL` registers it, and what its file tells.
+/// A report as table `SPOOL` registers it.
 struct InformeRegistrado {
     QString codigo;
     QString titulo; ///< the code for a report of a form that isn't known
     QString secuencia;
     QString archivo; ///< without folder
-    QString fecha;   ///< dd/mm/yyyy hh:mm
+    QString fecha;   ///< as it is registered
     QString usuario;
     QString ruc;
-    std::optional<int> hojas; ///< those that it has; nothing when the file is missing
+
+    /// dd/mm/yyyy hh:mm
+    [[nodiscard]] QString FechaMostrada() const;
+    /// The pages that its file in that folder has; nothing when it is missing.
+    [[nodiscard]] std::optional<int> Hojas(const QString& carpeta) const;
 };
 
 /// The register of reports and their files, which lie in one folder.
@@ -38,7 +42,6 @@ class Informes {
 
   private:
     [[nodiscard]] QString Titulo(const QString& codigo) const;
-    [[nodiscard]] QString Ruta(const QString& archivo) const;
 
     Base* m_base;
     QString m_carpeta;

@@ -2,6 +2,7 @@
 
 #include "platform/Notices.h"
 #include "values/Error.h"
+#include "widgets/HouseStyle.h"
 #include "widgets/KeyManners.h"
 
 #include <QAbstractButton>
@@ -56,6 +57,7 @@ bool EsPulsacionTardia(const QObject* receptor, const QEvent* evento) {
 } // namespace
 
 Aplicacion::Aplicacion(int& argc, char** argv, Avisos& avisos) : QApplication(argc, argv), m_avisos(&avisos) {
+    setStyle(new EstiloDeLaCasa); // the application owns it
     if (m_idioma.load(u"qtbase_es"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         installTranslator(&m_idioma);
 }

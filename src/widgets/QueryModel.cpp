@@ -1,6 +1,7 @@
 #include "widgets/QueryModel.h"
 
 #include "data/Base.h"
+#include "data/LongList.h"
 #include "values/Format.h"
 #include "widgets/Application.h"
 
@@ -23,20 +24,41 @@ int CuentaFilas(Base& base, const QString& sql, const QVariantList& valores) {
     return cuenta.Siguiente() ? static_cast<int>(cuenta.Entero(0)) : 0;
 }
 
+std::vector<QStringList> LeePagina(Base& base, const QString& sql, QVariantList valores, int primera) {
+    valores << kFilasPorPagina << primera;
+    Registros filas = base.Lee(u"SELECT * FROM ("_s + sql + u") LIMIT ? OFFSET ?"_s, valores);
+    const int campos = filas.Columnas();
+    std::vector<QStringList> pagina;
+    while (filas.Siguiente()) {
+        QStringList fila;
+        for (int campo = 0; campo < campos; ++campo)
+            fila << filas.Texto(campo);
+        pagina.push_back(std::move(fila));
+    }
+    return pagina;
+}
+
 } // namespace
 
 ModeloDeConsulta::ModeloDeConsulta(QList<ColumnaDeGrilla> columnas, QObject* padre)
     : QAbstractTableModel(padre), m_columnas(std::move(columnas)), m_paginas(kPaginasGuardadas) {}
 
 void ModeloDeConsulta::Consulta(Base& base, const QString& sql, const QVariantList& valores) {
-    const int filas = CuentaFilas(base, sql, valores);
+    Muestra(CuentaFilas(base, sql, valores),
+            [&base, sql, valores](int primera) { return LeePagina(base, sql, valores, primera); });
+}
+
+void ModeloDeConsulta::Consulta(Base& base, const ConsultaDeLista& consulta) {
+    const ListaLarga lista(base, consulta);
+    Muestra(lista.Filas(), [lista](int primera) { return lista.Lee(primera, kFilasPorPagina); });
+}
+
+void ModeloDeConsulta::Muestra(int filas, Lectura lectura) {
     beginResetModel();
     m_paginas.clear();
     m_filas = filas;
     m_fallo = false;
-    m_base = &base;
-    m_sql = sql;
-    m_valores = valores;
+    m_lectura = std::move(lectura);
     endResetModel();
 }
 
@@ -56,23 +78,9 @@ const ModeloDeConsulta::Pagina& ModeloDeConsulta::PaginaDe(int fila) const {
     const int numero = fila / kFilasPorPagina;
     if (const Pagina* guardada = m_paginas.object(numero))
         return *guardada;
-    auto* leida = new Pagina(LeePagina(numero * kFilasPorPagina)); // the cache owns it
+    auto* leida = new Pagina(m_lectura(numero * kFilasPorPagina)); // the cache owns it
     m_paginas.insert(numero, leida);
     return *leida;
-}
-
-ModeloDeConsulta::Pagina ModeloDeConsulta::LeePagina(int primera) const {
-    QVariantList valores = m_valores;
-    valores << kFilasPorPagina << primera;
-    Registros filas = m_base->Lee(u"SELECT * FROM ("_s + m_sql + u") LIMIT ? OFFSET ?"_s, valores);
-    Pagina pagina;
-    while (filas.Siguiente()) {
-        QStringList fila;
-        for (int campo = 0; campo < filas.Columnas(); ++campo)
-            fila << filas.Texto(campo);
-        pagina.push_back(std::move(fila));
-    }
-    return pagina;
 }
 
 // A view asks while it paints, where no exception may pass and no box may open: the cell stays empty, and the failure

@@ -11,6 +11,7 @@
 namespace xa518 {
 
 class Base;
+struct ConsultaDeLista;
 
 /// A column of a grid: a field of the query under a title.
 struct ColumnaDeGrilla {
@@ -32,6 +33,9 @@ class ModeloDeConsulta : public QAbstractTableModel {
     /// pass for an empty one. The base must outlive the model's use. The query must give its rows in the same order
     /// each time.
     void Consulta(Base& base, const QString& sql, const QVariantList& valores = {});
+    /// The same over a list that may be long: any of its pages is found at once, and they are those that it had when it
+    /// was run.
+    void Consulta(Base& base, const ConsultaDeLista& consulta);
 
     /// A field of a row as text, also of one that no column shows; empty for a row that isn't there.
     [[nodiscard]] QString Texto(int fila, int campo) const;
@@ -43,16 +47,15 @@ class ModeloDeConsulta : public QAbstractTableModel {
 
   private:
     using Pagina = std::vector<QStringList>;
+    using Lectura = std::function<Pagina(int primera)>;
 
+    void Muestra(int filas, Lectura lectura);
     [[nodiscard]] const Pagina& PaginaDe(int fila) const;
-    [[nodiscard]] Pagina LeePagina(int primera) const;
     [[nodiscard]] QStringList Fila(int fila) const;
     [[nodiscard]] QStringList FilaSinFalla(int fila) const;
 
     QList<ColumnaDeGrilla> m_columnas;
-    Base* m_base = nullptr;
-    QString m_sql;
-    QVariantList m_valores;
+    Lectura m_lectura;
     int m_filas = 0;
     mutable QCache<int, Pagina> m_paginas;
     mutable bool m_fallo = false; ///< a page couldn't be read, and it has been told

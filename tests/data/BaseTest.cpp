@@ -1,5 +1,6 @@
 #include "support/BaseFixture.h"
 
+#include "data/LongList.h"
 #include "data/LongReading.h"
 #include "data/Transaction.h"
 #include "data/Workgroup.h"
@@ -85,6 +86,39 @@ TEST_F(BaseTest, ReadsTheSameStatementInsideItself) {
             vistos += afuera.Texto(0) + u": "_s + Lista(sql, {afuera.Texto(0)}) + u". "_s;
         EXPECT_EQ(vistos, u"1: 2|3. 2: 3. 3: . "_s);
     }
+}
+
+/// Rows that a join gives twice, an order that their entry isn't, more of them than one statement asks for, one that
+/// goes.
+TEST_F(BaseTest, FindsAnyRowsOfALongListAsItWasRead) {
+    m_base->Ejecuta(u"CREATE TABLE LETRA (letra TEXT)"_s);
+    m_base->Ejecuta(u"CREATE TABLE CIFRA (cifra INTEGER)"_s);
+    for (const QString& letra : {u"a"_s, u"b"_s, u"c"_s})
+        m_base->Ejecuta(u"INSERT INTO LETRA VALUES (?)"_s, {letra});
+    for (int cifra = 1; cifra <= 300; ++cifra)
+        m_base->Ejecuta(u"INSERT INTO CIFRA VALUES (?)"_s, {cifra});
+    const auto junta = [](const std::vector<QStringList>& filas) {
+        QStringList textos;
+        for (const QStringList& fila : filas)
+            textos.append(fila.join(QString()));
+        return textos.join(u'|');
+    };
+    const ListaLarga pares(*m_base, {.columnas = u"A.letra, B.cifra"_s,
+                                     .desde = u"FROM LETRA AS A, CIFRA AS B"_s,
+                                     .tablas = {u"A"_s, u"B"_s},
+                                     .vinculo = u"B.cifra > 0"_s,
+                                     .filtro = u"A.letra <> ?"_s,
+                                     .orden = u"ORDER BY B.cifra DESC, A.letra"_s,
+                                     .valores = {u"b"_s}});
+    ASSERT_EQ(pares.Filas(), 600);
+    EXPECT_EQ(junta(pares.Lee(297, 4)), u"c152|a151|c151|a150"_s);
+    EXPECT_EQ(junta(pares.Lee(598, 500)), u"a1|c1"_s);
+    EXPECT_EQ(junta(pares.Lee(0, 600)).section(u'|', 499, 501), u"c51|a50|c50"_s);
+    m_base->Ejecuta(u"DELETE * FROM LETRA WHERE letra = 'a'"_s);
+    EXPECT_EQ(junta(pares.Lee(598, 2)), u"|c1"_s);
+
+    const ListaLarga entrada(*m_base, {.columnas = u"letra"_s, .desde = u"FROM LETRA"_s, .tablas = {u"LETRA"_s}});
+    EXPECT_EQ(junta(entrada.Lee(0, 500)), u"b|c"_s);
 }
 
 TEST_F(BaseTest, UndoesWhatIsNotConfirmed) {

@@ -3,12 +3,14 @@
 #include "support/NoticeScript.h"
 #include "values/Error.h"
 #include "widgets/HourGlass.h"
+#include "widgets/HouseStyle.h"
 #include "widgets/NoticeBoxes.h"
 #include "widgets/StatusBar.h"
 
 #include <QDialog>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPushButton>
 #include <QTest>
 #include <QTextDocument>
@@ -156,6 +158,26 @@ TEST(NoticeBoxesTest, AQuestionIsAnsweredByItsButtonsOnly) {
         });
         EXPECT_NE(avisos.Pregunta({Icono::Pregunta, u"¿?"_s, u"t"_s}, preseleccionada), preseleccionada);
     }
+}
+
+/// The sign for what doesn't fit in a bar comes late, and is the desktop's own.
+TEST(ApplicationTest, ABarThatIsTooShortSaysSoAsTheDesktopDoes) {
+    const QStyle* estilo = QApplication::style();
+    const auto* deLaCasa = qobject_cast<const EstiloDeLaCasa*>(estilo);
+    ASSERT_TRUE(deLaCasa);
+    const auto pinta = [](const QIcon& icono) {
+        QImage lienzo(24, 24, QImage::Format_ARGB32);
+        lienzo.fill(Qt::white);
+        QPainter pintor(&lienzo);
+        icono.paint(&pintor, lienzo.rect());
+        return lienzo;
+    };
+    const QIcon propio = deLaCasa->baseStyle()->standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton);
+    const QIcon tardio = estilo->standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton);
+    ASSERT_NE(pinta(propio), pinta({}));
+    EXPECT_EQ(pinta(tardio), pinta(propio));
+    EXPECT_EQ(QIcon(tardio).pixmap(16).toImage(), propio.pixmap(16).toImage());
+    EXPECT_EQ(tardio.availableSizes(), propio.availableSizes());
 }
 
 } // namespace
