@@ -46,11 +46,17 @@ bool EsDeLaPersona(QEvent::Type tipo) {
     }
 }
 
-/// The window that an object belongs to, a widget or a shortcut of one; null for any other.
+/// The window that an object belongs to, a widget or a shortcut of one; null for any other. What drops down from a
+/// window, a menu or a list, is part of it.
 const QWidget* VentanaDe(const QObject* objeto) {
     for (; objeto; objeto = objeto->parent()) {
-        if (const auto* control = qobject_cast<const QWidget*>(objeto))
-            return control->window();
+        const auto* control = qobject_cast<const QWidget*>(objeto);
+        if (!control)
+            continue;
+        const QWidget* ventana = control->window();
+        if (ventana->windowType() != Qt::Popup || !ventana->parentWidget())
+            return ventana;
+        objeto = ventana;
     }
     return nullptr;
 }

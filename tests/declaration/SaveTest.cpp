@@ -5,28 +5,13 @@
 #include "form518/Form0518.h"
 #include "form518/RowCounts.h"
 #include "form518/WorkTables.h"
+#include "support/ProgressScript.h"
 #include "support/TemporaryBase.h"
-#include "values/Progress.h"
 
 namespace {
 
 const QDate kHoy(2026, 11, 21);
 const ClaveDeclaracion kClave{.ruc = Ruc(u"20100000009"), .periodo = Periodo(2026, 10), .formulario = kNumFormulario};
-
-/// Somebody who thinks better of it once half of the rows are there.
-class HastaLaMitad final : public Avance {
-  public:
-    void Va(qint64 hecho, qint64 total) override {
-        EXPECT_LE(m_hecho, hecho);
-        EXPECT_LE(hecho, total);
-        m_hecho = hecho;
-        if (hecho * 2 >= total)
-            throw Detenido();
-    }
-
-  private:
-    qint64 m_hecho = 0;
-};
 
 class Save : public testing::Test {
   protected:
@@ -167,7 +152,12 @@ TEST_F(Save, StoppedInTheMiddleNothingHasHappened) {
                   "'05/10/2026', '1.00', '0.02', '2.00' FROM n"_s);
     const QString guardada = Retrato(*base);
     const auto seDetiene = [&](const std::function<void()>& trabajo) {
-        HastaLaMitad avance;
+        AvanceDePrueba avance([antes = qint64(0)](qint64 hecho, qint64 total) mutable {
+            EXPECT_LE(std::exchange(antes, hecho), hecho);
+            EXPECT_LE(hecho, total);
+            if (hecho * 2 >= total)
+                throw Detenido();
+        });
         const TrabajoSeguido seguido(*base, avance, FilasDelDetalle(*base, kClave));
         EXPECT_THROW(trabajo(), Detenido);
     };

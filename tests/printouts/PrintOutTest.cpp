@@ -3,13 +3,13 @@
 #include "printouts/PrintOutFixture.h"
 #include "printouts/RunReport.h"
 #include "reports/SpoolReport.h"
+#include "support/ProgressScript.h"
 #include "values/Format.h"
 
 #include <QDir>
 
 #include <gmock/gmock.h>
 
-#include <stdexcept>
 #include <utility>
 
 using testing::Contains;
@@ -209,15 +209,16 @@ TEST_F(PrintOut, TheAnnexLeavesNoHalfFileWhenItIsStopped) {
     taller.Cabecera({{u"501"_s, u"60"_s}});
     taller.Clientes(60);
     const PedidoDeclaracion anexo{*CargarCasillas(*taller.proceso.baseDatos, taller.clave), true};
-    const auto hastaLaSegunda = [](int hojas) {
+    AvanceDePrueba hastaLaSegunda([](qint64 hojas, qint64 /*total*/) {
         if (hojas == 2)
-            throw std::runtime_error("stopped");
-    };
-    EXPECT_THROW(static_cast<void>(EscribeInforme(taller.proceso, anexo, hastaLaSegunda)), std::runtime_error);
+            throw Detenido();
+    });
+    EXPECT_THROW(static_cast<void>(EscribeInforme(taller.proceso, anexo, hastaLaSegunda)), Detenido);
     EXPECT_TRUE(QDir(taller.proceso.rutaRPT).isEmpty());
-    int ultima = 0;
-    const QString entero =
-        EscribeInforme(taller.proceso, anexo, [&](int hojas) { EXPECT_EQ(hojas, std::exchange(ultima, hojas) + 1); });
+    qint64 ultima = 0;
+    AvanceDePrueba hastaElFin(
+        [&](qint64 hojas, qint64 /*total*/) { EXPECT_EQ(hojas, std::exchange(ultima, hojas) + 1); });
+    const QString entero = EscribeInforme(taller.proceso, anexo, hastaElFin);
     EXPECT_EQ(PaginasDe(RutaDeInforme(taller.proceso.rutaRPT, entero)), ultima + 1);
     EXPECT_GT(ultima, 2);
 }

@@ -1,6 +1,7 @@
 #include "reports/PagePainter.h"
 #include "reports/PdfFile.h"
 #include "reports/ReportFixture.h"
+#include "support/ProgressScript.h"
 #include "values/Error.h"
 
 #include <QFontInfo>
@@ -11,12 +12,8 @@
 #include <QProcess>
 #include <QRegularExpression>
 
-#include <gmock/gmock.h>
-
 #include <cmath>
 #include <future>
-
-using testing::ElementsAre;
 
 namespace {
 
@@ -25,16 +22,6 @@ const QByteArray kInforme = "<!nHojas!>3<!/nHojas!>\n<!Orientacion!>V<!/Orientac
                             "pPos|360|350|dos|False|8|1|\npPosVerti|100|100|ab|False|8|1|\npNuevaHoja\n"
                             "pPos|360|350|tres|False|8|2|\npNuevaHoja\n";
 const QByteArray kApaisado = "<!Orientacion!>H<!/Orientacion!>\npPos|10|175|acostado|False|8|0|\n";
-
-/// Somebody who thinks better of it after the second page.
-class HastaLaSegunda final : public Avance {
-  public:
-    void Va(qint64 hecho, qint64 total) override {
-        EXPECT_EQ(total, 3);
-        if (hecho == 2)
-            throw Detenido();
-    }
-};
 
 class Pdf : public testing::Test {
   protected:
@@ -189,7 +176,11 @@ TEST_F(Pdf, ShowsWhatTheScreenShows) {
 TEST_F(Pdf, LeavesWhatWasThereWhenItFails) {
     EscribeEn(Ruta(u"x.pdf"_s), "el de ayer");
     EXPECT_THROW(Escribe({Spool(u"a.PRN"_s, kInforme), Ruta(u"falta.PRN"_s)}), Error);
-    HastaLaSegunda avance;
+    AvanceDePrueba avance([](qint64 hecho, qint64 total) {
+        EXPECT_EQ(total, 3);
+        if (hecho == 2)
+            throw Detenido();
+    });
     EXPECT_THROW(Escribe({Ruta(u"a.PRN"_s)}, {}, avance), Detenido);
     EXPECT_EQ(Leido(), "el de ayer");
     EXPECT_FALSE(QFile::exists(Ruta(u"x.pdf.parcial"_s)));
