@@ -2,6 +2,7 @@
 
 #include "data/Dialect.h"
 #include "data/Engine.h"
+#include "data/NewRows.h"
 #include "data/Transaction.h"
 
 #include <QSqlRecord>
@@ -160,6 +161,15 @@ const Tabla& Base::Describe(const QString& tabla) {
 
 void Base::Agrega(const Registro& registro) {
     Ejecuta(registro.DeTabla().sqlAlta, registro.Valores());
+}
+
+QList<size_t> Base::AgregaFilas(const FilasNuevas& filas) {
+    return filas.Cuantas() == 0 ? QList<size_t>() : m_motor->AgregaFilas(filas);
+}
+
+qint64 Base::Version() {
+    Registros fila = Lee(m_motor->SqlVersion());
+    return fila.Siguiente() ? fila.Entero(0) : 0;
 }
 
 std::optional<Registro> Base::Busca(const QString& tabla, const QString& condicion, const QVariantList& valores) {

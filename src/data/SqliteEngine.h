@@ -20,9 +20,13 @@ class MotorSqlite final : public Motor {
     [[nodiscard]] ErrorBase ErrorDe(const QSqlError& error) const override;
     [[nodiscard]] QString SqlComienza() const override;
     [[nodiscard]] QString SqlMemoria(Memoria memoria) const override;
+    [[nodiscard]] QString SqlVersion() const override;
+    QList<size_t> AgregaFilas(const FilasNuevas& filas) override;
     [[nodiscard]] QString SqlColumnas(const QString& tabla) const override;
 
   private:
+    [[nodiscard]] QStringList ClaveDe(const QString& tabla) const;
+    [[nodiscard]] ErrorBase ErrorDe(int codigo, const QString& motor) const;
     void Prepara();
     [[nodiscard]] QString ExplicacionDe(int codigo, const QString& motor) const;
     void Pide(const QString& sql) const;
