@@ -35,7 +35,7 @@ class MotorSqlite final : public Motor {
     QString m_ruta;
 };
 
-/// Adds the dialect's functions to a connection: `val`, `format` with a mask, and a `sum` that adds decimals exactly
+/// Adds the dialect's functions to a connection: `val`, `format` with a mask, `importe`, an amount not below 0, and a `sum` that adds decimals exactly
 /// from their texts and takes no binary number.
 void RegistraFunciones(sqlite3* conexion);
 
