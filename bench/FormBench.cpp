@@ -6,6 +6,7 @@
 #include "family/Process.h"
 #include "form518/Form0518.h"
 #include "platform/Clock.h"
+#include "platform/WorkThread.h"
 #include "widgets/NoticeBoxes.h"
 #include "widgets/StatusBar.h"
 
@@ -45,9 +46,15 @@ void AbreFormulario(const QString& ruta) {
     proceso.baseDatos = Base::Abre(ruta);
     AvisosEnPantalla avisos;
     BarradeEstadoQMD barra;
-    Frm518 forma(proceso, avisos, barra, {},
-                 DeclaracionElegida{.clave = kClave, .nombre = u"COMERCIAL DEL VALLE S.A.C."_s});
-    forma.show();
+    const DeclaracionElegida elegida{.clave = kClave, .nombre = u"COMERCIAL DEL VALLE S.A.C."_s};
+    QWidget detras;
+    std::unique_ptr<Frm518> forma;
+    TomaTablas(detras, proceso, elegida, [&](const TablasTomadas& tablas) {
+        forma = std::make_unique<Frm518>(EntornoDeclaracion{proceso, avisos, barra}, tablas, elegida);
+        forma->show();
+    });
+    while (!forma || forma->findChild<QObject*>(HiloDeTrabajo::kEnMarcha))
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     QApplication::processEvents();
 }
 

@@ -86,6 +86,8 @@ Medida MideVentana(const Trabajo& trabajo) {
             forma.show();
             QApplication::processEvents();
             forma.findChild<QPushButton*>(u"cmdTransferir"_s)->click();
+            while (forma.findChild<QObject*>(HiloDeTrabajo::kEnMarcha))
+                QApplication::processEvents(QEventLoop::WaitForMoreEvents);
             ExigeFilas(*proceso, trabajo);
         };
     });

@@ -16,9 +16,9 @@ namespace xa518::fuzz {
 [[nodiscard]] inline TiposDeVenta Tipos() {
     using namespace Qt::StringLiterals;
     TiposDeVenta tipos;
-    tipos.documentos.insert(u"01"_s, TipoDocumento{u"01"_s, u"DNI"_s, u"08"_s, u"0"_s, u"1"_s});
-    tipos.documentos.insert(u"06"_s, TipoDocumento{u"06"_s, u"RUC"_s, u"11"_s, u"0"_s, u"1"_s});
-    tipos.documentos.insert(u"07"_s, TipoDocumento{u"07"_s, u"PASAPORTE"_s, u"12"_s, u"5"_s, u"0"_s});
+    tipos.documentos.insert(u"01"_s, TipoDocumento{CodigoDocumento(1), u"DNI"_s, u"08"_s, u"0"_s, u"1"_s});
+    tipos.documentos.insert(u"06"_s, TipoDocumento{CodigoDocumento(6), u"RUC"_s, u"11"_s, u"0"_s, u"1"_s});
+    tipos.documentos.insert(u"07"_s, TipoDocumento{CodigoDocumento(7), u"PASAPORTE"_s, u"12"_s, u"5"_s, u"0"_s});
     tipos.documentos[u"11"_s].reset(); // known to the import, not to the catalogue
     tipos.comprobantes = {u"01"_s, u"03"_s, u"07"_s, u"08"_s, u"12"_s, u"99"_s};
     return tipos;

@@ -4,6 +4,7 @@
 
 #include <QDialog>
 
+#include <exception>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -14,13 +15,20 @@ class Avisos;
 class BarradeEstadoQMD;
 struct Proceso;
 
+/// A declaration that is to be opened.
+struct AperturaPedida {
+    QWidget& ventana; ///< over which it is filled in first, beside the window's thread
+    QWidget* padre;
+    std::optional<DeclaracionElegida> elegida;                 ///< the picker's row; a new declaration has none
+    std::function<void(QDialog&)> muestra;                     ///< opens the form, which is dropped behind it
+    std::function<void(const std::exception_ptr&)> alFallar{}; ///< instead of the general error handler
+};
+
 /// The forms of other rooms that the commands open. Each call makes a new one; it is opened modally and then dropped.
 /// One that is missing leaves its command with nothing to show.
 struct Dialogos {
-    /// `Frm518` on the picker's row; a new declaration has none.
-    std::function<std::unique_ptr<QDialog>(BarradeEstadoQMD& barra, const std::optional<DeclaracionElegida>& elegida,
-                                           QWidget* padre)>
-        declaracion;
+    /// `Frm518`.
+    std::function<void(BarradeEstadoQMD& barra, const AperturaPedida& pedida)> declaracion;
     /// `frmImprimir`, over the sent declarations or over the registered ones.
     std::function<std::unique_ptr<QDialog>(BarradeEstadoQMD& barra, bool enviadas, QWidget* padre)> impresion;
 };

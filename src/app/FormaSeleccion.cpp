@@ -29,6 +29,17 @@ QList<ColumnaDeGrilla> ColumnasDe(const QStringList& titulos) {
     return columnas;
 }
 
+/// An error of the engine ends the command without a word, with the list as it was: wanted, the user may just press
+/// again.
+template <typename Orden>
+void SinPalabras(const Orden& orden) {
+    try {
+        orden();
+    } catch (const ErrorBase& falla) {
+        qWarning().noquote() << falla.Texto();
+    }
+}
+
 } // namespace
 
 FormaSeleccion::FormaSeleccion(const Entorno& entorno, OpcionDeLista opcion, const QStringList& columnas,
@@ -92,22 +103,18 @@ DeclaracionElegida FormaSeleccion::Elegida(int fila) const {
             .nombre = Celda(fila, ColumnaDeLista::Nombre)};
 }
 
-/// An error of the engine ends the command without a word, with the list as it was: wanted, the user may
-/// just press again.
 void FormaSeleccion::Actua() {
-    RelojDeArena reloj;
+    const RelojDeArena reloj;
     if (m_datos->rowCount() == 0)
         return;
-    try {
+    SinPalabras([this] {
         if (!SigueAhi(Grilla().Fila()))
             return;
         if (m_opcion == OpcionDeLista::Modificar)
-            Abre(reloj);
+            Abre();
         else
             Elimina();
-    } catch (const ErrorBase& falla) {
-        qWarning().noquote() << falla.Texto();
-    }
+    });
 }
 
 /// An empty declaration would open in its place, and its save would stand beside the copy that was sent.
@@ -122,21 +129,28 @@ bool FormaSeleccion::SigueAhi(int fila) {
     return false;
 }
 
-/// Hidden past the dialog's own hiding, which would end this form's wait for its end.
-void FormaSeleccion::Abre(RelojDeArena& reloj) {
+void FormaSeleccion::Abre() {
     if (!m_entorno.dialogos.declaracion)
         return;
     const int fila = Grilla().Fila();
+    m_entorno.dialogos.declaracion(
+        m_entorno.barra,
+        {.ventana = *this,
+         .padre = parentWidget(),
+         .elegida = Elegida(fila),
+         .muestra = [this, fila](QDialog& forma) { SinPalabras([&] { Muestra(forma, fila); }); },
+         .alFallar = [](const std::exception_ptr& falla) { SinPalabras([&] { std::rethrow_exception(falla); }); }});
+}
+
+/// Hidden past the dialog's own hiding, which would end this form's wait for its end.
+void FormaSeleccion::Muestra(QDialog& forma, int fila) {
     const QPoint sitio = pos();
     QWidget::setVisible(false); // NOLINT(bugprone-parent-virtual-call)
     const auto vuelve = qScopeGuard([this, sitio] {
         move(sitio);
         show();
     });
-    std::unique_ptr<QDialog> forma = m_entorno.dialogos.declaracion(m_entorno.barra, Elegida(fila), parentWidget());
-    reloj.Suelta();
-    AbreModal(*forma);
-    forma.reset();
+    AbreModal(forma);
     Refresca(fila);
 }
 

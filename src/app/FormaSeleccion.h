@@ -14,7 +14,6 @@ class FormaSeleccion;
 namespace xa518 {
 
 class GrillaDeLectura;
-class RelojDeArena;
 
 /// What a list of declarations is opened for: to open the row's declaration, or to delete it.
 enum class OpcionDeLista { Modificar, Eliminar };
@@ -59,7 +58,8 @@ class FormaSeleccion : public Forma {
     void Actua();
     /// Tells the person when another program has sent or deleted that row's declaration, and lists what is left.
     [[nodiscard]] bool SigueAhi(int fila);
-    void Abre(RelojDeArena& reloj);
+    void Abre();
+    void Muestra(QDialog& forma, int fila);
     void Elimina();
 
     std::unique_ptr<Ui::FormaSeleccion> m_ui;

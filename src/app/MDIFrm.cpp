@@ -142,7 +142,11 @@ void MDIFrm::Abre(const std::function<std::unique_ptr<QDialog>()>& fabrica) {
 void MDIFrm::Nueva() {
     m_enviadas = false;
     if (m_dialogos.declaracion)
-        Abre([this] { return m_dialogos.declaracion(Barra(), std::nullopt, this); });
+        m_dialogos.declaracion(Barra(),
+                               {.ventana = *this, .padre = this, .elegida = {}, .muestra = [this](QDialog& forma) {
+                                    CentraSobre(*this, forma);
+                                    EjecutaSobre(*this, forma);
+                                }});
 }
 
 void MDIFrm::Modificar() {

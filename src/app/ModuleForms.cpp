@@ -8,7 +8,9 @@
 #include "printouts/RunReport.h"
 #include "printouts/frmImprimir.h"
 #include "reports/ShowReport.h"
+#include "widgets/Application.h"
 #include "widgets/HourGlass.h"
+#include "widgets/LongTask.h"
 
 namespace xa518 {
 
@@ -40,19 +42,29 @@ void AbreCliente(const Modulo& modulo, Forma& sobre, const ClaveDeclaracion& cla
 }
 
 /// The report of refused lines is built in any case and shown when it is wanted.
-void ReportaErrores(const Modulo& modulo, const DatosErrores& datos, bool muestra, QWidget& sobre) {
-    RelojDeArena reloj;
-    const QString archivo = EscribeInforme(modulo.proceso, datos);
-    reloj.Suelta();
-    if (muestra)
-        VerReporte(EntornoDeInformes(modulo.proceso, modulo.avisos, modulo.archivos), {archivo, {}, {}},
-                   ModoReporte::Vprevia, &sobre);
+void ReportaErrores(const Modulo& modulo, const DatosErrores& datos, const ReporteDeErrores& pedido) {
+    const auto alFallar = [despues = pedido.despues](const std::exception_ptr& falla) {
+        Protegido([&] { std::rethrow_exception(falla); })();
+        despues();
+    };
+    CorreTarea(
+        pedido.sobre, {.titulo = u"Preparando el reporte de errores"_s, .seDetiene = false, .alFallar = alFallar},
+        [aparte = ProcesoAparte(modulo.proceso), datos](Avance& avance) {
+            Proceso proceso = aparte.Abre();
+            return EscribeInforme(proceso, datos, avance);
+        },
+        [modulo, pedido](const QString& archivo) {
+            if (pedido.muestra)
+                VerReporte(EntornoDeInformes(modulo.proceso, modulo.avisos, modulo.archivos), {archivo, {}, {}},
+                           ModoReporte::Vprevia, pedido.sobre);
+            pedido.despues();
+        });
 }
 
 /// The import over the declaration form.
 void AbreImportacion(const Modulo& modulo, Forma& sobre, const ImportacionPedida& pedida) {
-    const auto reporte = [&](Forma& dialogo, const QString& rutaErr, bool muestra) {
-        ReportaErrores(modulo, {rutaErr, pedida.clave.ruc, pedida.nombre, pedida.clave.periodo}, muestra, dialogo);
+    const auto reporte = [&](const ReporteDeErrores& pedido) {
+        ReportaErrores(modulo, {pedido.rutaErr, pedida.clave.ruc, pedida.nombre, pedida.clave.periodo}, pedido);
     };
     frmTransferencia dialogo(
         modulo.proceso, modulo.avisos, pedida.clave,
@@ -73,14 +85,24 @@ DialogosDeDetalle FormasDelDetalle(const Modulo& modulo) {
     return detalle;
 }
 
+void AbreDeclaracion(const Modulo& modulo, BarradeEstadoQMD& barra, const AperturaPedida& pedida) {
+    const auto abre = [modulo, &barra, pedida](const TablasTomadas& tablas) {
+        RelojDeArena reloj;
+        Frm518 forma({modulo.proceso, modulo.avisos, barra, FormasDelDetalle(modulo)}, tablas, pedida.elegida,
+                     pedida.padre);
+        reloj.Suelta();
+        pedida.muestra(forma);
+    };
+    TomaTablas(pedida.ventana, modulo.proceso, pedida.elegida, abre, pedida.alFallar);
+}
+
 } // namespace
 
 Dialogos FormasDelModulo(Proceso& proceso, Avisos& avisos, DialogosDeArchivo& archivos) {
     const Modulo modulo{proceso, avisos, archivos};
     Dialogos dialogos;
-    dialogos.declaracion = [modulo](BarradeEstadoQMD& barra, const std::optional<DeclaracionElegida>& elegida,
-                                    QWidget* padre) {
-        return std::make_unique<Frm518>(modulo.proceso, modulo.avisos, barra, FormasDelDetalle(modulo), elegida, padre);
+    dialogos.declaracion = [modulo](BarradeEstadoQMD& barra, const AperturaPedida& pedida) {
+        AbreDeclaracion(modulo, barra, pedida);
     };
     dialogos.impresion = [modulo](BarradeEstadoQMD& barra, bool enviadas, QWidget* padre) {
         return std::make_unique<frmImprimir>(

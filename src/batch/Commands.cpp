@@ -34,13 +34,13 @@ void Exige(const Veredicto& veredicto) {
 }
 
 /// The declarant must be one of those that the user may choose in the module.
-void ExigeDeclarante(const Proceso& proceso, const QString& ruc) {
+void ExigeDeclarante(const Proceso& proceso, const Ruc& ruc) {
     const QList<DeclaranteOfrecido> ofrecidos =
         DeclarantesOfrecidos(*proceso.baseDatos, {proceso.numFormulario, proceso.sysUser});
     if (std::any_of(ofrecidos.begin(), ofrecidos.end(),
                     [&](const DeclaranteOfrecido& ofrecido) { return ofrecido.ruc == ruc; }))
         return;
-    throw RechazaCon(u"El declarante %1 no está registrado para el usuario «%2»."_s.arg(ruc, proceso.sysUser));
+    throw RechazaCon(u"El declarante %1 no está registrado para el usuario «%2»."_s.arg(ruc.Texto(), proceso.sysUser));
 }
 
 /// The form offers no other banks.
@@ -57,8 +57,9 @@ ClaveDeclaracion ClaveDe(const Proceso& proceso, const Argumentos& argumentos) {
     if (!veredicto)
         throw RechazaCon(u"El período no es válido."_s);
     Exige(*veredicto);
-    ExigeDeclarante(proceso, argumentos.ruc);
-    return {.ruc = Ruc(argumentos.ruc), .periodo = *periodo, .formulario = proceso.numFormulario};
+    const Ruc ruc(argumentos.ruc);
+    ExigeDeclarante(proceso, ruc);
+    return {.ruc = ruc, .periodo = *periodo, .formulario = proceso.numFormulario};
 }
 
 /// What the command line gives goes over what is stored. Interest and prior payments keep their stored value when they

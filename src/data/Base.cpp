@@ -2,9 +2,12 @@
 
 #include "data/Dialect.h"
 #include "data/Engine.h"
+#include "data/FollowedWork.h"
 #include "data/NewRows.h"
 #include "data/Transaction.h"
+#include "values/Progress.h"
 
+#include <QScopeGuard>
 #include <QSqlRecord>
 
 namespace xa518 {
@@ -43,7 +46,7 @@ bool Registros::Siguiente() {
     if (m_consulta->next())
         return true;
     if (m_consulta->lastError().isValid())
-        throw m_base->m_motor->ErrorDe(m_consulta->lastError());
+        m_base->Falla(*m_consulta);
     return false;
 }
 
@@ -130,9 +133,8 @@ const QString& Base::Corre(const QString& sql, const QVariantList& valores, std:
     for (int i = 0; i < valores.size(); ++i)
         consulta->bindValue(i, SinTextoNulo(valores[i]));
     if (!consulta->exec()) {
-        const ErrorBase error = m_motor->ErrorDe(consulta->lastError());
-        Devuelve(entrada->first, std::move(consulta));
-        throw error;
+        const auto devuelve = qScopeGuard([&] { Devuelve(entrada->first, std::move(consulta)); });
+        Falla(*consulta);
     }
     return entrada->first;
 }
@@ -140,6 +142,17 @@ const QString& Base::Corre(const QString& sql, const QVariantList& valores, std:
 void Base::Devuelve(const QString& sql, std::unique_ptr<QSqlQuery> consulta) noexcept {
     consulta->finish();
     m_sentencias[sql].libres.push_back(std::move(consulta));
+}
+
+void Base::PonSeguido(TrabajoSeguido* seguido) {
+    m_seguido = seguido;
+    m_motor->PonVigia(seguido ? [seguido](qint64 filas) { return seguido->Sigue(filas); } : Motor::Vigia());
+}
+
+void Base::Falla(const QSqlQuery& consulta) const {
+    if (m_seguido && m_seguido->TomaElCorte())
+        throw Detenido();
+    throw m_motor->ErrorDe(consulta.lastError());
 }
 
 const Tabla& Base::Describe(const QString& tabla) {
@@ -164,7 +177,15 @@ void Base::Agrega(const Registro& registro) {
 }
 
 QList<size_t> Base::AgregaFilas(const FilasNuevas& filas) {
-    return filas.Cuantas() == 0 ? QList<size_t>() : m_motor->AgregaFilas(filas);
+    if (filas.Cuantas() == 0)
+        return {};
+    try {
+        return m_motor->AgregaFilas(filas);
+    } catch (const ErrorBase&) {
+        if (m_seguido && m_seguido->TomaElCorte())
+            throw Detenido();
+        throw;
+    }
 }
 
 qint64 Base::Version() {

@@ -16,6 +16,7 @@ namespace xa518 {
 
 class FilasNuevas;
 class Motor;
+class TrabajoSeguido;
 class Transaccion;
 
 /// A failure of the database engine: `Numero` as the messages know it (see `NumeroError`), `Texto` what happened in
@@ -104,6 +105,7 @@ class Base {
   private:
     friend class LecturaLarga;
     friend class Registros;
+    friend class TrabajoSeguido;
     friend class Transaccion;
     /// A text that was run before: its places for values, and what was prepared of it and is free to run again.
     struct Sentencia {
@@ -116,8 +118,12 @@ class Base {
     const QString& Corre(const QString& sql, const QVariantList& valores, std::unique_ptr<QSqlQuery>& consulta);
     void Devuelve(const QString& sql, std::unique_ptr<QSqlQuery> consulta) noexcept;
 
+    void PonSeguido(TrabajoSeguido* seguido);
+    [[noreturn]] void Falla(const QSqlQuery& consulta) const;
+
     QString m_ruta;
     std::unique_ptr<Motor> m_motor;
+    TrabajoSeguido* m_seguido = nullptr;
     std::unordered_map<QString, Sentencia> m_sentencias;
     std::unordered_map<QString, Tabla> m_tablas;
 };

@@ -20,7 +20,7 @@ const QString& FilaRucPorDefecto() {
     return fila;
 }
 
-TipoDocumento Corta(const QString& codigo, QStringView funcion) {
+TipoDocumento Corta(CodigoDocumento codigo, QStringView funcion) {
     return {.codigo = codigo,
             .corto = TramosDocumento::kCorto.Corta(funcion).toString(),
             .lenDoc = TramosDocumento::kLargo.Corta(funcion).toString(),
@@ -45,16 +45,15 @@ QList<TipoDocumento> DocumentosOfrecidos(Base& base, const Tramo& uso) {
                                " Order By %2"_s.arg(uso.Sql(u"Funcion"), TramosDocumento::kOrden.Sql(u"Funcion")));
     QList<TipoDocumento> tipos;
     while (filas.Siguiente())
-        tipos.append(Corta(filas.Texto(0), filas.Texto(1)));
+        tipos.append(Corta(CodigoDocumento::De(filas.Texto(0)), filas.Texto(1)));
     return tipos;
 }
 
-std::optional<TipoDocumento> DocumentoDeTipo(Base& base, const QString& tipo) {
-    const QString codigo = Decimal::Valor(tipo).Texto();
-    const QString funcion = Catalogo(base).Funcion(u"044"_s, codigo);
+std::optional<TipoDocumento> DocumentoDeTipo(Base& base, CodigoDocumento codigo) {
+    const QString funcion = Catalogo(base).Funcion(u"044"_s, QString::number(codigo.Valor()));
     if (funcion.isEmpty())
         return std::nullopt;
-    return Corta(codigo.rightJustified(2, u'0'), funcion);
+    return Corta(codigo, funcion);
 }
 
 bool AdmiteNumero(const TipoDocumento& tipo, const QString& numero) {
@@ -66,15 +65,16 @@ bool AdmiteNumero(const TipoDocumento& tipo, const QString& numero) {
 }
 
 bool ValidaDocumento(Base& base, const Documento& documento) {
-    if (Recorta(documento.tipo).isEmpty())
+    if (documento.tipo.EstaVacio())
         return false;
     const std::optional<TipoDocumento> fila = DocumentoDeTipo(base, documento.tipo);
     return fila && AdmiteNumero(*fila, documento.numero);
 }
 
 TipoDocumento TipoDelRuc(Base& base) {
-    const QString guardada = Catalogo(base).Funcion(u"044"_s, u"6"_s);
-    return Corta(u"06"_s, guardada.isEmpty() ? FilaRucPorDefecto() : guardada);
+    constexpr CodigoDocumento kRuc(6);
+    const QString guardada = Catalogo(base).Funcion(u"044"_s, QString::number(kRuc.Valor()));
+    return Corta(kRuc, guardada.isEmpty() ? FilaRucPorDefecto() : guardada);
 }
 
 } // namespace xa518

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/CatalogLayout.h"
+#include "values/DocumentCode.h"
 
 #include <QList>
 #include <QString>
@@ -13,7 +14,7 @@ class Base;
 
 /// A row of the catalogue of document types, cut out of its fixed columns.
 struct TipoDocumento {
-    QString codigo;       ///< two digits, "06" is the RUC
+    CodigoDocumento codigo;
     QString corto;        ///< short name, 11 characters at most
     QString lenDoc;       ///< length of the number, two characters as the row has them
     QString tipoDato;     ///< column 128, "0" or another
@@ -25,15 +26,15 @@ struct TipoDocumento {
 /// The document types whose row has a "1" in the column of a use, in the order of their sort key.
 [[nodiscard]] QList<TipoDocumento> DocumentosOfrecidos(Base& base, const Tramo& uso);
 
-/// The type of a code compared by value, nothing when the catalogue lacks it.
-[[nodiscard]] std::optional<TipoDocumento> DocumentoDeTipo(Base& base, const QString& tipo);
+/// The type of a code, nothing when the catalogue lacks it.
+[[nodiscard]] std::optional<TipoDocumento> DocumentoDeTipo(Base& base, CodigoDocumento codigo);
 
 /// Tells whether a number, not empty, fits a document type.
 [[nodiscard]] bool AdmiteNumero(const TipoDocumento& tipo, const QString& numero);
 
 /// The document by which somebody is known.
 struct Documento {
-    QString tipo; ///< code of its type
+    CodigoDocumento tipo;
     QString numero;
 };
 

@@ -5,6 +5,7 @@
 #include <QSqlError>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 namespace xa518 {
@@ -31,6 +32,10 @@ class Motor {
     /// The engine's error in the vocabulary of the messages: its number, what happened in plain words, and as its
     /// detail the engine's own.
     [[nodiscard]] virtual ErrorBase ErrorDe(const QSqlError& error) const = 0;
+    /// Asked now and then while a statement runs, which ends with an error when the answer is false. It is told how
+    /// many rows have been changed since it was put there. An empty one asks nobody.
+    using Vigia = std::function<bool(qint64 filas)>;
+    virtual void PonVigia(Vigia vigia) = 0;
     [[nodiscard]] virtual QString SqlComienza() const = 0;
     /// How much memory the connection may take: for the rows that it keeps at hand, and as much for each order that it
     /// puts rows in.

@@ -46,9 +46,9 @@ void AgregaUtf8(std::string& destino, QStringView texto) {
 FilasNuevas::FilasNuevas(const Tabla& tabla, QStringList columnas)
     : m_tabla(tabla.nombre), m_columnas(std::move(columnas)) {}
 
-FilasNuevas& FilasNuevas::Pon(qint64 entero) {
+FilasNuevas& FilasNuevas::Pon(int entero) {
     m_bytes.push_back(static_cast<char>(Valor::Clase::Entero));
-    AgregaNumero(m_bytes, entero);
+    AgregaNumero(m_bytes, qint64(entero));
     return *this;
 }
 

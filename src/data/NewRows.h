@@ -17,7 +17,7 @@ class FilasNuevas {
     /// Values come in the order of `columnas`; every other column of the table stays null.
     FilasNuevas(const Tabla& tabla, QStringList columnas);
 
-    FilasNuevas& Pon(qint64 entero);
+    FilasNuevas& Pon(int entero);
     /// A text is never null. It is kept as the engines keep it: a byte order mark in front of it goes.
     FilasNuevas& Pon(QStringView texto);
     FilasNuevas& PonNulo();

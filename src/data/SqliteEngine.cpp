@@ -180,6 +180,18 @@ QString MotorSqlite::ExplicacionDe(int codigo, const QString& motor) const {
     }
 }
 
+void MotorSqlite::PonVigia(Vigia vigia) {
+    constexpr int kPasos = 20'000; // of the engine's own machine: some thousand times a second
+    sqlite3* manija = Manija(Conexion());
+    m_vigia = std::move(vigia);
+    m_filasAntes = sqlite3_total_changes64(manija);
+    const auto pregunta = [](void* objeto) {
+        const auto* yo = static_cast<const MotorSqlite*>(objeto);
+        return yo->m_vigia(sqlite3_total_changes64(Manija(yo->Conexion())) - yo->m_filasAntes) ? 0 : 1;
+    };
+    sqlite3_progress_handler(manija, kPasos, m_vigia ? +pregunta : nullptr, this);
+}
+
 QString MotorSqlite::SqlComienza() const {
     return u"BEGIN IMMEDIATE"_s;
 }

@@ -18,6 +18,7 @@ class MotorSqlite final : public Motor {
     [[nodiscard]] QSqlDatabase Conexion() const override;
     [[nodiscard]] QString Traduce(const QString& sql) const override;
     [[nodiscard]] ErrorBase ErrorDe(const QSqlError& error) const override;
+    void PonVigia(Vigia vigia) override;
     [[nodiscard]] QString SqlComienza() const override;
     [[nodiscard]] QString SqlMemoria(Memoria memoria) const override;
     [[nodiscard]] QString SqlVersion() const override;
@@ -33,6 +34,8 @@ class MotorSqlite final : public Motor {
 
     QString m_nombre;
     QString m_ruta;
+    Vigia m_vigia;
+    qint64 m_filasAntes = 0; ///< changed before the watch began
 };
 
 /// Adds the dialect's functions to a connection: `val`, `format` with a mask, `importe`, an amount not below 0, and a `sum` that adds decimals exactly

@@ -10,26 +10,42 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Monto(Importe suma) {
-    return Format(suma, u"###,###,###,###,##0");
+/// Nothing for less than half a unit.
+std::optional<Importe> SinCero(Importe suma) {
+    return suma.ADecimal().RedondeaFuera(0).Signo() == 0 ? std::nullopt : std::optional(suma);
 }
 
 } // namespace
 
-void MuestraTotalesDeCarga(Base& base, Declaracion& declaracion) {
+QString TextoDeTotal(const std::optional<Importe>& total) {
+    return total ? Format(*total, u"###,###,###,###,##0") : QString();
+}
+
+TotalesDeGrilla LeeTotalesDeCarga(Base& base) {
     const TablasTrabajo::Totales totales = TablasTrabajo(base).TotalesDeCarga();
-    declaracion.base = Monto(totales.base);
-    declaracion.percepcion = Monto(totales.percepcion);
-    declaracion.clientes = CuentaClientes(base);
+    return {.base = totales.base, .percepcion = totales.percepcion, .clientes = CuentaClientes(base)};
+}
+
+void MuestraTotalesDeCarga(const TotalesDeGrilla& totales, Declaracion& declaracion) {
+    declaracion.base = totales.base;
+    declaracion.percepcion = totales.percepcion;
+    declaracion.clientes = totales.clientes;
+}
+
+TotalesDeGrilla LeeTotales(Base& base) {
+    const TablasTrabajo::Totales totales = TablasTrabajo(base).TotalesDeClientes();
+    return {.base = totales.base, .percepcion = totales.percepcion, .clientes = CuentaClientes(base)};
 }
 
 void RefrescaTotales(Base& base, Declaracion& declaracion) {
-    constexpr QStringView kSinCeros = u"###,###,###,###,###";
-    const TablasTrabajo::Totales totales = TablasTrabajo(base).TotalesDeClientes();
-    declaracion.base = Format(totales.base, kSinCeros);
-    declaracion.percepcion = Format(totales.percepcion, kSinCeros);
-    declaracion.clientes = CuentaClientes(base);
-    declaracion.montos.Cambia(401, Format(declaracion.percepcion, kSinCeros));
+    PonTotales(LeeTotales(base), declaracion);
+}
+
+void PonTotales(const TotalesDeGrilla& totales, Declaracion& declaracion) {
+    declaracion.base = SinCero(totales.base);
+    declaracion.percepcion = SinCero(totales.percepcion);
+    declaracion.clientes = totales.clientes;
+    declaracion.montos.Cambia(401, TextoDeTotal(declaracion.percepcion));
 }
 
 } // namespace xa518

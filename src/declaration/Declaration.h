@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace xa518 {
 
 enum class FormaDePago { SinElegir, Efectivo, Cheque };
@@ -41,9 +43,11 @@ struct Declaracion {
     Montos montos;
     Pago pago;
     Rectificacion rectifica = Rectificacion::SinResponder;
-    QString base;       ///< `TxtBase`: total of the amounts charged, as shown
-    QString percepcion; ///< `TxtPercepcion`: total of the perceptions, as shown
-    int clientes = 0;   ///< rows of the client grid
+    /// `TxtBase` and `TxtPercepcion`: totals of the amounts charged and of the perceptions; nothing shows nothing, and
+    /// is saved so.
+    std::optional<Importe> base;
+    std::optional<Importe> percepcion;
+    int clientes = 0; ///< rows of the client grid
 };
 
 } // namespace xa518

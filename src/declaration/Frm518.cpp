@@ -4,6 +4,7 @@
 
 #include "data/Base.h"
 #include "data/Catalog.h"
+#include "data/FollowedWork.h"
 #include "declaration/ClientGrid.h"
 #include "declaration/Consistency.h"
 #include "declaration/FrmConsist.h"
@@ -13,6 +14,7 @@
 #include "declaration/TaxPeriod.h"
 #include "family/OfferedDeclarants.h"
 #include "family/Process.h"
+#include "form518/RowCounts.h"
 #include "form518/WorkTables.h"
 #include "platform/Clock.h"
 #include "platform/Notices.h"
@@ -55,17 +57,36 @@ bool TomaFoco(const QWidget& control) {
 
 } // namespace
 
-Frm518::Frm518(Proceso& proceso, Avisos& avisos, BarradeEstadoQMD& barra, DialogosDeDetalle dialogos,
-               const std::optional<DeclaracionElegida>& elegida, QWidget* padre)
+void TomaTablas(QWidget& ventana, const Proceso& proceso, const std::optional<DeclaracionElegida>& elegida,
+                std::function<void(const TablasTomadas&)> alTenerlas,
+                std::function<void(const std::exception_ptr&)> alFallar) {
+    const auto marca = std::make_shared<TrabajoUnico>(*proceso.baseDatos);
+    const ClaveDeclaracion clave =
+        elegida ? elegida->clave : ClaveDeclaracion{.ruc = {}, .periodo = {}, .formulario = proceso.numFormulario};
+    CorreTarea(
+        ventana, {.titulo = u"Abriendo la declaración"_s, .alFallar = std::move(alFallar)},
+        [aparte = ProcesoAparte(proceso), clave](Avance& avance) {
+            const Proceso suyo = aparte.Abre();
+            const TrabajoSeguido seguido(*suyo.baseDatos, avance, FilasDelDetalle(*suyo.baseDatos, clave));
+            TablasTrabajo(*suyo.baseDatos).Reconstruye(clave);
+            return LeeTotalesDeCarga(*suyo.baseDatos);
+        },
+        [marca, alTenerlas = std::move(alTenerlas)](const TotalesDeGrilla& totales) {
+            alTenerlas({marca, totales});
+        });
+}
+
+Frm518::Frm518(EntornoDeclaracion entorno, TablasTomadas tablas, const std::optional<DeclaracionElegida>& elegida,
+               QWidget* padre)
     : Forma(padre)
-    , m_proceso(proceso)
-    , m_avisos(avisos)
-    , m_barra(barra)
-    , m_dialogos(std::move(dialogos))
+    , m_proceso(entorno.proceso)
+    , m_avisos(entorno.avisos)
+    , m_barra(entorno.barra)
+    , m_dialogos(std::move(entorno.dialogos))
     , m_modo(elegida ? elegida->Modo() : ModoDeclaracion::Nueva)
     , m_elegida(elegida.value_or(DeclaracionElegida()))
     , m_ui(std::make_unique<Ui::Frm518>())
-    , m_trabajo(BaseDatos()) {
+    , m_tablas(std::move(tablas)) {
     m_ui->setupUi(this);
     Prepara({m_ui->CmdCancelar});
     Conecta();
@@ -113,8 +134,7 @@ void Frm518::Carga() {
     m_ui->PaginaIdentificacion->PonRectifica(m_declaracion.rectifica);
     if (EsEnviada())
         CargaOrdenGuardado();
-    TablasTrabajo(BaseDatos()).Reconstruye(m_declaracion.clave);
-    MuestraTotalesDeCarga(BaseDatos(), m_declaracion);
+    MuestraTotalesDeCarga(m_tablas.totales, m_declaracion);
     m_ui->PaginaPercepcion->MuestraTotales(m_declaracion);
     if (EsEnviada())
         DesTodo();
@@ -184,12 +204,29 @@ void Frm518::AlActivar() {
     m_ui->PaginaIdentificacion->EnfocaOrden();
 }
 
-void Frm518::RefrescaGrilla() {
+void Frm518::RefrescaGrilla(std::function<void()> despues) {
     m_ui->PaginaPercepcion->Refresca(BaseDatos());
-    m_declaracion.montos = m_ui->PaginaDeuda->LeeMontos();
-    RefrescaTotales(BaseDatos(), m_declaracion);
-    m_ui->PaginaPercepcion->MuestraTotales(m_declaracion);
-    m_ui->PaginaDeuda->MuestraMontos(m_declaracion.montos);
+    LeeTotalesDeGrilla({.titulo = u"Sumando los clientes"_s, .seDetiene = false}, std::move(despues));
+}
+
+/// For who has a message of its own to tell: the grid is shown anew once more when that one closes.
+void Frm518::RefrescaSinPalabras() {
+    m_ui->PaginaPercepcion->Refresca(BaseDatos());
+    LeeTotalesDeGrilla({.titulo = {}, .seDetiene = false, .alFallar = [](const std::exception_ptr&) {}}, {});
+}
+
+void Frm518::LeeTotalesDeGrilla(TareaPedida pedida, std::function<void()> despues) {
+    CorreTarea(
+        *this, std::move(pedida),
+        [aparte = ProcesoAparte(m_proceso)](Avance& /*avance*/) { return LeeTotales(*aparte.Abre().baseDatos); },
+        [this, despues = std::move(despues)](const TotalesDeGrilla& totales) {
+            m_declaracion.montos = m_ui->PaginaDeuda->LeeMontos();
+            PonTotales(totales, m_declaracion);
+            m_ui->PaginaPercepcion->MuestraTotales(m_declaracion);
+            m_ui->PaginaDeuda->MuestraMontos(m_declaracion.montos);
+            if (despues)
+                despues();
+        });
 }
 
 void Frm518::VuelveAIdentificacion() {
@@ -322,7 +359,7 @@ bool Frm518::AtiendeOpcion(int indice) {
         if (m_dialogos.abreImportacion)
             m_dialogos.abreImportacion(*this, {.clave = clave,
                                                .nombre = m_ui->PaginaIdentificacion->Nombre(),
-                                               .refresca = [this] { RefrescaGrilla(); }});
+                                               .refresca = [this] { RefrescaSinPalabras(); }});
         return true;
     default: return false;
     }
@@ -336,10 +373,9 @@ bool Frm518::EliminaCliente() {
     const Mensaje pregunta{Icono::Pregunta, u"¿Confirma que va a eliminar la información?"_s, {}};
     if (m_avisos.Pregunta(pregunta, Respuesta::No) == Respuesta::No)
         return false;
-    TablasTrabajo(BaseDatos()).EliminaCliente(cliente->tipDocPer.toInt(), cliente->numDocPer);
+    TablasTrabajo(BaseDatos()).EliminaCliente({.tipoDoc = cliente->tipDocPer, .numero = cliente->numDocPer});
     m_modificado = true; // whatever becomes of what follows
-    RefrescaGrilla();
-    m_ui->PaginaPercepcion->PonPrimeraFila();
+    RefrescaGrilla([this] { m_ui->PaginaPercepcion->PonPrimeraFila(); });
     return true;
 }
 
@@ -363,24 +399,42 @@ void Frm518::Valida() {
     m_ui->PgbCarga->hide();
 }
 
-void Frm518::Graba() {
+void Frm518::Graba(const std::function<void()>& despues) {
     const RelojDeArena reloj;
-    if (!EsEnviada() && !IdentificacionVale())
-        return;
-    LeePaginas();
-    if (const Veredicto largo = RechazaRucDeOcho(m_declaracion.clave.ruc); !largo) {
+    const bool vale = EsEnviada() || IdentificacionVale();
+    if (vale)
+        LeePaginas();
+    const Veredicto largo = vale ? RechazaRucDeOcho(m_declaracion.clave.ruc) : Veredicto::Bien();
+    if (!largo)
         m_avisos.Muestra(largo.Motivo());
-        return;
-    }
-    if (EsEnviada())
+    if (vale && largo && !EsEnviada())
+        return GrabaTodo(despues);
+    if (vale && largo)
         RegistraOrden();
-    else
-        GrabaTodo();
+    if (despues)
+        despues();
 }
 
-void Frm518::GrabaTodo() {
-    RefrescaGrilla(); // the clients are saved as the grid shows them
-    const ResultadoGrabacion grabacion = GrabaDeclaracion(BaseDatos(), m_declaracion, m_proceso.reloj.Hoy());
+/// The clients are saved as the grid shows them.
+void Frm518::GrabaTodo(const std::function<void()>& despues) {
+    RefrescaGrilla([this, despues] {
+        CorreTarea(
+            *this, {.titulo = u"Grabando la declaración"_s},
+            [aparte = ProcesoAparte(m_proceso), declaracion = m_declaracion](Avance& avance) {
+                const Proceso suyo = aparte.Abre();
+                Base& base = *suyo.baseDatos;
+                const TrabajoSeguido seguido(base, avance, FilasDelDetalle(base, declaracion.clave));
+                return GrabaDeclaracion(base, declaracion, suyo.reloj.Hoy());
+            },
+            [this, despues](const ResultadoGrabacion& grabacion) {
+                AlGrabar(grabacion);
+                if (despues)
+                    despues();
+            });
+    });
+}
+
+void Frm518::AlGrabar(const ResultadoGrabacion& grabacion) {
     if (EsNueva())
         m_ui->PaginaIdentificacion->CongelaClave(); // the declaration exists from here on
     for (const Mensaje& mensaje : grabacion.mensajes)
@@ -403,16 +457,19 @@ void Frm518::Salir() {
             const NumeroDeOrden orden = m_ui->PaginaIdentificacion->Orden(m_elegida.control);
             if (!Acata(ValidaNumeroDeOrden(orden, MomentoOrden::Cierre)))
                 return;
-            Graba();
-            Termina(); // the status bar keeps its panels: wanted, they tell whose number it was
-            return;
+            return Graba(
+                [this] { Termina(); }); // the status bar keeps its panels: wanted, they tell whose number it was
         }
     } else if (m_modificado) {
         const Mensaje pregunta{Icono::Pregunta, u"¿El formulario ha sido modificado, desea guardar los cambios?"_s, {}};
         // The form goes even when the save was refused. Wanted: the question is about leaving.
         if (m_avisos.Pregunta(pregunta) == Respuesta::Si)
-            Graba();
+            return Graba([this] { Deja(); });
     }
+    Deja();
+}
+
+void Frm518::Deja() {
     SueltaDatos();
     m_barra.Limpia(m_proceso.numFormulario);
     Termina();

@@ -9,7 +9,9 @@
 #include "values/Message.h"
 #include "widgets/FieldFocus.h"
 #include "widgets/Form.h"
+#include "widgets/LongTask.h"
 
+#include <exception>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -24,12 +26,13 @@ class Avisos;
 class Base;
 class BarradeEstadoQMD;
 struct Proceso;
+struct ResultadoGrabacion;
 
 /// What the import goes into: the declaration, and the form that shows it.
 struct ImportacionPedida {
     ClaveDeclaracion clave;
     QString nombre;                 ///< of the declarant, as the form shows it
-    std::function<void()> refresca; ///< shows the form's grid anew
+    std::function<void()> refresca; ///< shows the form's grid anew, and tells nothing when it can't
 };
 
 /// The dialogs of other rooms that the declaration form opens over itself. One that is missing does nothing.
@@ -41,12 +44,33 @@ struct DialogosDeDetalle {
     std::function<void(Forma& sobre, const ImportacionPedida& pedida)> abreImportacion;
 };
 
+/// What a declaration form works with.
+struct EntornoDeclaracion {
+    Proceso& proceso;
+    Avisos& avisos;
+    BarradeEstadoQMD& barra;
+    DialogosDeDetalle dialogos{};
+};
+
+/// The work tables with the rows of one declaration, held for its form.
+struct TablasTomadas {
+    std::shared_ptr<TrabajoUnico> marca;
+    TotalesDeGrilla totales;
+};
+
+/// Takes the work tables for the declaration that was picked, or for a new one, and fills them, beside the window's
+/// thread. `alFallar` as in `TareaPedida`.
+void TomaTablas(QWidget& ventana, const Proceso& proceso, const std::optional<DeclaracionElegida>& elegida,
+                std::function<void(const TablasTomadas&)> alTenerlas,
+                std::function<void(const std::exception_ptr&)> alFallar = {});
+
 /// The window in which a declaration is filled in, reviewed and corrected.
 class Frm518 : public Forma {
     Q_OBJECT
   public:
-    /// On the declaration that was picked; without one on a new declaration. The base must be open. Raises `ErrorBase`.
-    Frm518(Proceso& proceso, Avisos& avisos, BarradeEstadoQMD& barra, DialogosDeDetalle dialogos,
+    /// On the declaration that was picked; without one on a new declaration. Its rows stand in the work tables, which
+    /// are the form's while it lives. Raises `ErrorBase`.
+    Frm518(EntornoDeclaracion entorno, TablasTomadas tablas,
            const std::optional<DeclaracionElegida>& elegida = std::nullopt, QWidget* padre = nullptr);
     ~Frm518() override;
 
@@ -71,7 +95,9 @@ class Frm518 : public Forma {
     // What is on the pages, and showing it.
     [[nodiscard]] ClaveDeclaracion Clave() const;
     void LeePaginas();
-    void RefrescaGrilla();
+    void RefrescaGrilla(std::function<void()> despues = {});
+    void RefrescaSinPalabras();
+    void LeeTotalesDeGrilla(TareaPedida pedida, std::function<void()> despues);
     void VuelveAIdentificacion();
     /// Shows a refusal and puts the person on the field at fault.
     [[nodiscard]] bool Acata(const std::optional<VeredictoDeclaracion>& veredicto);
@@ -93,9 +119,12 @@ class Frm518 : public Forma {
 
     // The three buttons.
     void Valida();
-    void Graba();
-    void GrabaTodo();
+    /// `despues` runs when the declaration is saved, or its save was refused; not after a failure or a stop.
+    void Graba(const std::function<void()>& despues = {});
+    void GrabaTodo(const std::function<void()>& despues);
+    void AlGrabar(const ResultadoGrabacion& grabacion);
     void RegistraOrden();
+    void Deja();
     void SueltaDatos();
 
     Proceso& m_proceso;
@@ -106,7 +135,7 @@ class Frm518 : public Forma {
     DeclaracionElegida m_elegida; ///< empty in a new declaration
     std::unique_ptr<Ui::Frm518> m_ui;
 
-    TrabajoUnico m_trabajo; ///< the work tables are this form's while it lives
+    TablasTomadas m_tablas; ///< this form's while it lives
     Declaracion m_declaracion;
     bool m_modificado = false; ///< changed by the person since the load or the last save
     bool m_cargando = true;    ///< silences the reminder of the rectification

@@ -4,6 +4,7 @@
 
 #include "data/Catalog.h"
 #include "widgets/BoxLabel.h"
+#include "widgets/FieldFilters.h"
 #include "widgets/FieldFocus.h"
 #include "widgets/FieldKeys.h"
 

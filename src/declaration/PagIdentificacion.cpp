@@ -6,6 +6,7 @@
 #include "family/OfferedDeclarants.h"
 #include "values/Text.h"
 #include "widgets/Application.h"
+#include "widgets/FieldFilters.h"
 #include "widgets/FieldKeys.h"
 #include "widgets/WidgetHelpers.h"
 
@@ -20,7 +21,8 @@ namespace {
 
 /// The item of the list of declarants. Its readers cut the number and the name out of it by position.
 QString Item(const DeclaranteOfrecido& declarante) {
-    return Recorta(declarante.ruc.left(11)).toString() + QString(7, u' ') + declarante.nombre + QString(10, u' ');
+    return Recorta(declarante.ruc.Texto().left(Ruc::kLargo)).toString() + QString(7, u' ') + declarante.nombre +
+           QString(10, u' ');
 }
 
 /// From character 16, which serves a number of 8 characters as well as one of 11.

@@ -72,8 +72,8 @@ void PagPercepcion::Suelta(Base& base) {
 }
 
 void PagPercepcion::MuestraTotales(const Declaracion& declaracion) {
-    m_ui->TxtBase->setText(declaracion.base);
-    m_ui->TxtPercepcion->setText(declaracion.percepcion);
+    m_ui->TxtBase->setText(TextoDeTotal(declaracion.base));
+    m_ui->TxtPercepcion->setText(TextoDeTotal(declaracion.percepcion));
     MuestraCuenta(declaracion.clientes);
 }
 
@@ -95,7 +95,7 @@ std::optional<FilaCliente> PagPercepcion::Elegido() const {
         return std::nullopt;
     const auto texto = [&](ColumnaCliente columna) { return m_clientes.Texto(fila, Campo(columna)); };
     using enum ColumnaCliente;
-    return FilaCliente{.tipDocPer = texto(TipDocPer),
+    return FilaCliente{.tipDocPer = CodigoDocumento::De(texto(TipDocPer)),
                        .numDocPer = texto(NumDocPer),
                        .desRazon = texto(DesRazon),
                        .apellidoP = texto(DesApellidoP),

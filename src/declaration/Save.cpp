@@ -72,7 +72,9 @@ int CuartosRedondeados(qsizetype n) {
 void GrabaCasillas(Base& base, const Declaracion& declaracion, const QString& sumaDeControl) {
     const ClaveDeclaracion& clave = declaracion.clave;
     const Pago& pago = declaracion.pago;
-    constexpr QStringView kEntero = u"##############0";
+    const auto entero = [](const std::optional<Importe>& total) {
+        return total ? Format(*total, u"##############0") : QString();
+    };
     base.Ejecuta(u"DELETE * FROM DET WHERE DOC_ID_D=? AND PERIODO=? AND FORMULARIO=?"_s, clave.Valores());
     for (const int casilla : kCasillasMonto)
         GrabaCasilla(base, clave, {QString::number(casilla), declaracion.montos.Texto(casilla)});
@@ -86,8 +88,8 @@ void GrabaCasillas(Base& base, const Declaracion& declaracion, const QString& su
     graba(u"007"_s, clave.periodo.Texto());
     graba(u"721"_s, kVersionFormulario);
     graba(u"722"_s, sumaDeControl);
-    graba(u"502"_s, Format(declaracion.base, kEntero));
-    graba(u"503"_s, Format(declaracion.percepcion, kEntero));
+    graba(u"502"_s, entero(declaracion.base));
+    graba(u"503"_s, entero(declaracion.percepcion));
     graba(u"501"_s, QString::number(declaracion.clientes));
     GrabaCasillaParam(base, clave);
     graba(u"871"_s, Digito(declaracion.rectifica));

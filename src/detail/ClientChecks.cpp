@@ -14,12 +14,12 @@ constexpr int kLargoDni = 8;
 
 /// Only code "01" is held to eight digits: wanted, other documents are as long as their type's row says.
 VeredictoCliente ValidaDni(const DatosCliente& datos) {
-    return VeredictoCliente::CriticoSi(datos.codigo == u"01" && datos.numero.size() != kLargoDni,
+    return VeredictoCliente::CriticoSi(datos.codigo.EsDni() && datos.numero.size() != kLargoDni,
                                        u"El DNI o LE debe ser de 8 digitos."_s, kNumero);
 }
 
 VeredictoCliente ValidaExistencia(const DatosCliente& datos) {
-    if (VeredictoCliente v = VeredictoCliente::CriticoSi(datos.codigo.isEmpty(), u"Ingrese el tipo de documento."_s,
+    if (VeredictoCliente v = VeredictoCliente::CriticoSi(datos.codigo.EstaVacio(), u"Ingrese el tipo de documento."_s,
                                                          CampoCliente::TipoDoc);
         !v)
         return v;
@@ -45,7 +45,7 @@ VeredictoCliente ValidaNombres(const DatosCliente& datos) {
 } // namespace
 
 ClaveCliente DatosCliente::Clave() const {
-    return {codigo.toInt(), numero};
+    return {.tipoDoc = codigo, .numero = numero};
 }
 
 bool DatosCliente::EsDeEmpresa() const {

@@ -16,14 +16,14 @@ using VeredictoCliente = VeredictoDe<CampoCliente>;
 
 /// A client as its dialog shows it.
 struct DatosCliente {
-    QString codigo; ///< two digits of `CmbTipDoc`, empty until one is picked
+    CodigoDocumento codigo; ///< of `CmbTipDoc`
     QString numero;
     QString apellidoP;
     QString apellidoM;
     QString nombres; ///< of a company its one name
 
     [[nodiscard]] ClaveCliente Clave() const;
-    [[nodiscard]] bool EsRuc() const { return Clave().tipoDoc == 6; }
+    [[nodiscard]] bool EsRuc() const { return codigo.EsRuc(); }
     [[nodiscard]] bool EsDeEmpresa() const;
     /// Of a company only its name is written; a person's row takes one blank in its place. Wanted: the save builds both
     /// anew from the columns of their kind.

@@ -2,7 +2,6 @@
 
 #include "data/DocumentTypes.h"
 #include "values/Decimal.h"
-#include "values/Format.h"
 #include "values/ObjetoUtil.h"
 #include "values/Text.h"
 
@@ -13,7 +12,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QChar kRetroceso(8);
-constexpr int kBaseConDecimales = 16;
 
 } // namespace
 
@@ -36,8 +34,8 @@ AspectoNombres AspectoDe(Disposicion disposicion) {
 }
 
 QString ItemDe(const TipoDocumento& tipo) {
-    return tipo.codigo + u"  -  "_s + tipo.corto.leftJustified(60, u' ', true) + tipo.lenDoc.leftJustified(2, u' ') +
-           u' ' + tipo.tipoDato + u' ' + tipo.tipoLongitud;
+    return tipo.codigo.Texto() + u"  -  "_s + tipo.corto.leftJustified(60, u' ', true) +
+           tipo.lenDoc.leftJustified(2, u' ') + u' ' + tipo.tipoDato + u' ' + tipo.tipoLongitud;
 }
 
 ReglaDeNumero ReglaDe(QStringView item) {
@@ -53,13 +51,6 @@ int FiltraTeclaDocumento(int tecla, const ReglaDeNumero& regla) {
 
 QString TeclasDeDocumento(const ReglaDeNumero& regla) {
     return regla.soloDigitos ? u"Sólo números"_s : u"Sólo letras y números"_s;
-}
-
-TotalesCliente TotalesDe(int comprobantes, const QString& base, const QString& percepcion) {
-    const bool conDecimales = base.size() < kBaseConDecimales;
-    return {.ctdDocs = QString::number(comprobantes),
-            .base = Format(base, conDecimales ? u"############.#0" : u"##############0"),
-            .percepcion = Format(percepcion, u"###########0.#0")};
 }
 
 } // namespace xa518

@@ -52,8 +52,4 @@ struct ReglaDeNumero {
 /// Which keys it lets pass, in words.
 [[nodiscard]] QString TeclasDeDocumento(const ReglaDeNumero& regla);
 
-/// A client's totals as its row keeps them. An amount of sixteen characters or more loses its decimals. Wanted: it
-/// keeps to its field.
-[[nodiscard]] TotalesCliente TotalesDe(int comprobantes, const QString& base, const QString& percepcion);
-
 } // namespace xa518

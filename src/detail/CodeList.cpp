@@ -4,7 +4,6 @@
 #include "detail/ClientLayout.h"
 #include "detail/VoucherTypes.h"
 #include "form518/FormCatalogs.h"
-#include "values/Decimal.h"
 #include "values/Text.h"
 #include "widgets/WidgetHelpers.h"
 
@@ -54,8 +53,8 @@ bool ListaCodigos::Elige(const QString& codigo) {
     return EligeSi([&codigo](const QString& otro) { return otro == codigo; });
 }
 
-bool ListaCodigos::EligePorValor(const QString& codigo) {
-    return EligeSi([valor = Decimal::Valor(codigo)](const QString& otro) { return Decimal::Valor(otro) == valor; });
+bool ListaCodigos::Elige(CodigoDocumento codigo) {
+    return EligeSi([codigo](const QString& otro) { return CodigoDocumento::De(otro) == codigo; });
 }
 
 template <typename Condicion>
@@ -100,7 +99,7 @@ void ListaCodigos::paintEvent(QPaintEvent* /*evento*/) {
     pincel.drawControl(QStyle::CE_ComboBoxLabel, opcion);
 }
 
-void LlenaTiposDeDocumento(ListaCodigos& lista, Base& base, const QString& enMano) {
+void LlenaTiposDeDocumento(ListaCodigos& lista, Base& base, CodigoDocumento enMano) {
     QStringList items;
     for (const TipoDocumento& tipo : DocumentosOfrecidos(base, UsosDocumento::kEnSujetos))
         items.append(ItemDe(tipo));

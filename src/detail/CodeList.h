@@ -1,5 +1,7 @@
 #pragma once
 
+#include "values/DocumentCode.h"
+
 #include <QComboBox>
 #include <QStringList>
 
@@ -26,8 +28,8 @@ class ListaCodigos : public QComboBox {
 
     /// Chooses the item of that code; false, and no other choice, when there is none.
     bool Elige(const QString& codigo);
-    /// The same with codes compared by value, "6" and "06" being one.
-    bool EligePorValor(const QString& codigo);
+    /// The same for a document type.
+    bool Elige(CodigoDocumento codigo);
 
   Q_SIGNALS:
     /// An item was chosen, by the person or by the program.
@@ -49,7 +51,7 @@ class ListaCodigos : public QComboBox {
 
 /// Fills a list with the document types that the detail dialogs offer, and with that of the row in hand: the import
 /// takes types that the catalogue doesn't offer here, and their clients are opened as well.
-void LlenaTiposDeDocumento(ListaCodigos& lista, Base& base, const QString& enMano = {});
+void LlenaTiposDeDocumento(ListaCodigos& lista, Base& base, CodigoDocumento enMano = {});
 /// Fills a list with types of payment voucher. While it is closed it shows the code; a label beside it tells the rest.
 void LlenaTiposDeComprobante(ListaCodigos& lista, const QStringList& items);
 

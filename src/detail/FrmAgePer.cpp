@@ -7,6 +7,7 @@
 #include "values/Format.h"
 #include "values/Text.h"
 #include "widgets/Application.h"
+#include "widgets/FieldFilters.h"
 #include "widgets/FieldFocus.h"
 #include "widgets/FieldKeys.h"
 #include "widgets/HourGlass.h"
@@ -107,7 +108,7 @@ void FrmAgePer::ConectaBotones() {
 }
 
 void FrmAgePer::MuestraCliente(const FilaCliente& fila) {
-    m_ui->CmbTipDoc->EligePorValor(fila.tipDocPer);
+    m_ui->CmbTipDoc->Elige(fila.tipDocPer);
     m_ui->TxtNumDoc->setText(Recorta(fila.numDocPer).toString());
     FijaIdentidad();
     if (Datos().EsDeEmpresa()) {
@@ -249,7 +250,8 @@ void FrmAgePer::Salir() {
 
 void FrmAgePer::LigaGrilla() {
     const ClaveCliente cliente = Datos().Clave();
-    m_comprobantes.Consulta(m_entorno.base, ComprobantesTrabajo::SqlDeCliente(), {cliente.tipoDoc, cliente.numero});
+    m_comprobantes.Consulta(m_entorno.base, ComprobantesTrabajo::SqlDeCliente(),
+                            {cliente.tipoDoc.Valor(), cliente.numero});
     m_ui->lblNumTrab->setText(u"   Registros      "_s + QString::number(m_comprobantes.rowCount()));
     ActualizaTotales();
 }
@@ -275,7 +277,7 @@ QWidget& FrmAgePer::Control(CampoCliente campo) const {
 }
 
 DatosCliente FrmAgePer::Datos() const {
-    return {.codigo = m_ui->CmbTipDoc->Codigo(),
+    return {.codigo = CodigoDocumento::De(m_ui->CmbTipDoc->Codigo()),
             .numero = m_ui->TxtNumDoc->text(),
             .apellidoP = m_ui->TxtApePat->text(),
             .apellidoM = m_ui->TxtApeMat->text(),
@@ -283,7 +285,9 @@ DatosCliente FrmAgePer::Datos() const {
 }
 
 TotalesCliente FrmAgePer::Totales() const {
-    return TotalesDe(m_comprobantes.rowCount(), m_ui->TxtBase->text(), m_ui->TxtPercepcion->text());
+    const auto monto = [](const QLineEdit& campo) { return Importe::Lee(campo.text()).value_or(Importe()); };
+    return {
+        .ctdDocs = m_comprobantes.rowCount(), .base = monto(*m_ui->TxtBase), .percepcion = monto(*m_ui->TxtPercepcion)};
 }
 
 Comprobante FrmAgePer::Seleccionado() const {
@@ -297,8 +301,8 @@ Comprobante FrmAgePer::Seleccionado() const {
                    .listaClie = texto(ListaClie),
                    .medPago = texto(MedPago),
                    .fecha = texto(Fecha),
-                   .base = texto(Base),
-                   .percepcion = texto(Percepcion),
+                   .base = MontoEscrito(texto(Base)),
+                   .percepcion = Importe::Lee(texto(Percepcion)),
                    .tasa = texto(Tasa)}};
 }
 

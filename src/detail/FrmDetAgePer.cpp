@@ -9,6 +9,7 @@
 #include "values/Format.h"
 #include "values/Text.h"
 #include "widgets/Application.h"
+#include "widgets/FieldFilters.h"
 #include "widgets/FieldKeys.h"
 #include "widgets/HourGlass.h"
 #include "widgets/ReadablePalette.h"
@@ -137,9 +138,8 @@ void FrmDetAgePer::ConectaPreguntas() {
 
 void FrmDetAgePer::Abre(const Comprobante& comprobante) {
     IniciaIgv(); // the date isn't there yet: wanted, leaving it looks the rate up again
-    const QString tipo = QString::number(m_cliente.tipoDoc);
-    LlenaTiposDeDocumento(*m_ui->CmbTipDoc, m_entorno.base, tipo);
-    m_ui->CmbTipDoc->EligePorValor(tipo);
+    LlenaTiposDeDocumento(*m_ui->CmbTipDoc, m_entorno.base, m_cliente.tipoDoc);
+    m_ui->CmbTipDoc->Elige(m_cliente.tipoDoc);
     m_ui->TxtNumDoc->setText(m_cliente.numero);
     m_ui->PreguntaDeContado->PonTipos(TiposDeContado(m_entorno.base));
     if (EsNuevo())
@@ -168,8 +168,8 @@ void FrmDetAgePer::MuestraComprobante(const Comprobante& comprobante) {
 /// The stored perception shows, over what the amount computes. Wanted: rate and factor show 0 until the date is left.
 void FrmDetAgePer::MuestraCampos(const CamposComprobante& campos) {
     m_ui->MkeFecEmis->setText(campos.fecha);
-    m_ui->TxtMtoBase->setText(campos.base);
-    m_ui->TxtPercepcion->setText(campos.percepcion);
+    m_ui->TxtMtoBase->setText(campos.base.Texto());
+    m_ui->TxtPercepcion->setText(TextoDePercepcion(campos.percepcion));
     m_ui->MkeFecEmis->setFocus(); // leaving it computes the rate, which is stored also when nothing else is touched
 }
 
@@ -251,7 +251,7 @@ void FrmDetAgePer::LigaGrilla() {
     if (m_ui->PreguntaDeContado->Tipo().isEmpty()) {
         const ClaveComprobante clave = Clave();
         m_pagos.Consulta(base, PagosTrabajo::SqlDeComprobante(),
-                         {clave.cliente.tipoDoc, clave.cliente.numero, clave.serie, clave.numero});
+                         {clave.cliente.tipoDoc.Valor(), clave.cliente.numero, clave.serie, clave.numero});
     } else {
         m_pagos.Consulta(base, PagosTrabajo::SqlDeNinguno());
     }
@@ -417,7 +417,7 @@ ComprobanteDePago FrmDetAgePer::Seleccionado() const {
     const auto texto = [this](ColumnaPago columna) { return m_pagos.Texto(m_ui->GrdDetPer->Fila(), Campo(columna)); };
     return {.clave = {.comprobante = Clave(), .tipo = texto(Tipo), .serie = texto(Serie), .numero = texto(Numero)},
             .fecha = texto(Fecha),
-            .monto = texto(Monto)};
+            .monto = MontoEscrito(texto(Monto))};
 }
 
 } // namespace xa518

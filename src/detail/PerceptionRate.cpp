@@ -83,6 +83,10 @@ QString Percepcion(const QString& monto, const FilaTasa& fila) {
     return Format(Importe::De(cobrado * Decimal::Valor(fila.factor)), kDosDecimales);
 }
 
+QString TextoDePercepcion(const std::optional<Importe>& percepcion) {
+    return percepcion ? Format(*percepcion, kDosDecimales) : QString();
+}
+
 QString IniIgv(Base& base, const QString& argumento, const QString& numeroIgv, Periodo periodo) {
     const QString desde = TramosImpuesto::kDesde.Sql(u"ARGUMENTO");
     Registros filas = base.Lee(

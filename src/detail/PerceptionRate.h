@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace xa518 {
 
 /// The class of a voucher, "1" to "6", or empty when the answers give none. In band C the means of payment can't be
@@ -39,6 +41,9 @@ class TasaPercepcion {
 /// Amount times the factor of its row, fixed to four decimals with ties to even and then to two with ties away: rounded
 /// twice, in this order. One blank for an empty amount. Raises `Desbordamiento`.
 [[nodiscard]] QString Percepcion(const QString& monto, const FilaTasa& fila);
+
+/// The stored perception as its field shows it; empty for null.
+[[nodiscard]] QString TextoDePercepcion(const std::optional<Importe>& percepcion);
 
 /// The general sales tax in force in a period, from catalogue `numeroIgv`: the row with the latest start not after it,
 /// as a number in its shortest form. Empty when there is none.

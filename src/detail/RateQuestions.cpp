@@ -93,7 +93,7 @@ void PreguntasTasa::Bloquea() {
     m_venta->Activa(false);
 }
 
-/// The rate is asked for before the other questions change: wanted.
+/// The rate is asked for before the other questions change. Wanted: it is that of the answers as the person saw them.
 void PreguntasTasa::AlResponder(Pregunta pregunta, int indice) {
     Q_EMIT Cambiadas();
     if (pregunta != Pregunta::Listado || m_ui->OptCpFact_1->isEnabled()) // wanted: a forced answer stops the next one

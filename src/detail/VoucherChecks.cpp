@@ -189,8 +189,8 @@ CamposComprobante CamposDe(const DatosComprobante& datos, const QString& percepc
             .listaClie = Codigo(r.listado, u"9"_s),
             .medPago = Codigo(r.venta, u"9"_s),
             .fecha = datos.fecha,
-            .base = Format(datos.monto, u"############.#0"),
-            .percepcion = Format(percepcion, u"###########0.#0"),
+            .base = MontoEscrito(Format(datos.monto, u"############.#0")),
+            .percepcion = Importe::Lee(percepcion),
             .tasa = tasa};
 }
 

@@ -71,16 +71,16 @@ QString LimitaMontoDePago(QStringView tipo, const QString& monto) {
     return valor > Decimal::Valor(limites.tope) ? limites.tope : monto;
 }
 
-QString MontoGuardado(QStringView tipo, const QString& monto, bool esAlta) {
+MontoEscrito MontoGuardado(QStringView tipo, const QString& monto, bool esAlta) {
     constexpr QStringView kMascara = u"############.#0";
     if (tipo != kNotaDeCredito)
-        return Format(monto, kMascara);
+        return MontoEscrito(Format(monto, kMascara));
     const Decimal valor = Decimal::Lee(monto).value_or(Decimal()).Opuesto();
-    return Format(valor, esAlta ? kMascara : QStringView(u"###########.#0"));
+    return MontoEscrito(Format(valor, esAlta ? kMascara : QStringView(u"###########.#0")));
 }
 
-QString MontoEditado(QStringView tipo, const QString& guardado) {
-    return tipo == kNotaDeCredito ? Decimal::Valor(guardado).Absoluto().Texto() : guardado;
+QString MontoEditado(QStringView tipo, const MontoEscrito& guardado) {
+    return tipo == kNotaDeCredito ? guardado.Valor().Absoluto().Texto() : guardado.Texto();
 }
 
 QString MontoEnGrilla(const QString& guardado) {

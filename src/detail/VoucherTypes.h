@@ -2,6 +2,8 @@
 
 #include "detail/PerceptionRate.h"
 
+#include "values/WrittenAmount.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -44,10 +46,10 @@ struct MontoDePago {
 
 /// The amount as it is stored. A credit note is typed positive and stored negative, through one mask when it is added
 /// and another when it is edited: wanted, the checksum is taken over the letters.
-[[nodiscard]] QString MontoGuardado(QStringView tipo, const QString& monto, bool esAlta);
+[[nodiscard]] MontoEscrito MontoGuardado(QStringView tipo, const QString& monto, bool esAlta);
 
 /// The stored amount as it is edited.
-[[nodiscard]] QString MontoEditado(QStringView tipo, const QString& guardado);
+[[nodiscard]] QString MontoEditado(QStringView tipo, const MontoEscrito& guardado);
 
 /// The stored amount as the grid shows it: anything but a positive value, zero too, prints in parentheses. Wanted: a
 /// row that adds nothing stands out.

@@ -8,6 +8,7 @@
 #include "values/Format.h"
 #include "values/Text.h"
 #include "widgets/Application.h"
+#include "widgets/FieldFilters.h"
 #include "widgets/FieldKeys.h"
 #include "widgets/HourGlass.h"
 #include "widgets/ReadablePalette.h"
@@ -160,7 +161,7 @@ bool frmPerDet::Acepta() {
     if (!Pasa(ValidaGrabar(datos, [this] { return FechaOrigen(); })))
         return false;
     PagosTrabajo pagos(m_entorno.base);
-    const QString monto = MontoGuardado(datos.tipo, datos.monto, EsNuevo());
+    const MontoEscrito monto = MontoGuardado(datos.tipo, datos.monto, EsNuevo());
     if (!EsNuevo()) {
         pagos.Modifica(Clave(), datos.fecha, monto);
     } else if (pagos.Existe(Clave())) {

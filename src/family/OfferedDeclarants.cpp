@@ -47,7 +47,7 @@ QList<DeclaranteOfrecido> DeclarantesOfrecidos(Base& base, const QuienElige& qui
     const int nombre = filas.Columna(u"Nombre");
     QList<DeclaranteOfrecido> ofrecidos;
     while (filas.Siguiente())
-        ofrecidos.append({Recorta(filas.Texto(ruc)).toString(), filas.Texto(nombre)});
+        ofrecidos.append({Ruc(filas.Texto(ruc)), filas.Texto(nombre)});
     return ofrecidos;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "values/Ruc.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -28,7 +30,7 @@ struct QuienElige {
 [[nodiscard]] ConsultaSql SqlDeclarantes(Base& base, const QuienElige& quien);
 
 struct DeclaranteOfrecido {
-    QString ruc; ///< trimmed
+    Ruc ruc;
     QString nombre;
 };
 /// The rows of that query.

@@ -55,9 +55,11 @@ void GrabaClientes(Base& base, const ClaveDeclaracion& clave) {
         while (clientes.Siguiente()) {
             Registro registro = plantilla;
             comunes.Copia(clientes, registro);
-            const bool esEmpresa = EsEmpresa(clientes.Texto(tipo), clientes.Texto(numero));
+            const ClaveCliente cliente{.tipoDoc = CodigoDocumento::De(clientes.Texto(tipo)),
+                                       .numero = clientes.Texto(numero)};
+            const bool esEmpresa = EsEmpresa(cliente.tipoDoc, cliente.numero);
             (esEmpresa ? empresa : persona).Copia(clientes, registro);
-            registro.Pon(ctdDocs, trabajo.CuentaDocs(static_cast<int>(clientes.Entero(tipo)), clientes.Texto(numero)));
+            registro.Pon(ctdDocs, trabajo.CuentaDocs(cliente));
             registro.Pon(indRuc, 1);
             AgregaConChecksum(base, registro, numericas);
         }

@@ -1,6 +1,7 @@
 #include "form518/WorkAdditions.h"
 
 #include "data/Base.h"
+#include "values/Format.h"
 
 #include <algorithm>
 
@@ -26,7 +27,7 @@ QString SqlDe(const QString& tabla, const QStringList& columnas) {
 }
 
 ClaveCliente ClienteLeido(const Registros& filas) {
-    return {.tipoDoc = static_cast<int>(filas.Entero(0)), .numero = filas.Texto(1)};
+    return {.tipoDoc = CodigoDocumento(static_cast<int>(filas.Entero(0))), .numero = filas.Texto(1)};
 }
 
 template <typename Numero>
@@ -103,7 +104,7 @@ void AltasTrabajo::LeePagos() {
 
 const std::string& AltasTrabajo::Clave(const ClaveCliente& cliente) {
     m_clave.clear();
-    AgregaNumero(m_clave, cliente.tipoDoc);
+    AgregaNumero(m_clave, cliente.tipoDoc.Valor());
     AgregaAClave(m_clave, cliente.numero);
     return m_clave;
 }
@@ -173,13 +174,14 @@ std::optional<AltasTrabajo::Cobro> AltasTrabajo::BuscaCobro(const ClaveComproban
     quint32 fecha = 0;
     std::copy_n(texto.data() + largos, sizeof fecha, reinterpret_cast<char*>(&fecha));
     return Cobro{.fecha = QString::fromUtf8(texto.data(), static_cast<qsizetype>(fecha)),
-                 .base = QString::fromUtf8(texto.data() + fecha, static_cast<qsizetype>(largos - fecha))};
+                 .base =
+                     MontoEscrito(QString::fromUtf8(texto.data() + fecha, static_cast<qsizetype>(largos - fecha)))};
 }
 
 void AltasTrabajo::Agrega(const ClaveCliente& cliente, const NombresCliente& nombres, qint64 linea) {
     m_clientes.PonNumero(m_clientes.Pon(Clave(cliente)), kEnTabla);
     FilasNuevas& filas = m_nuevosClientes.filas;
-    filas.Pon(qint64(cliente.tipoDoc)).Pon(cliente.numero);
+    filas.Pon(cliente.tipoDoc.Valor()).Pon(cliente.numero);
     for (const auto* nombre : {&nombres.razon, &nombres.apellidoP, &nombres.apellidoM, &nombres.nombres})
         PonSiHay(filas, *nombre);
     filas.CierraFila();
@@ -188,14 +190,14 @@ void AltasTrabajo::Agrega(const ClaveCliente& cliente, const NombresCliente& nom
 
 /// In the order of `DatosDeComprobantes`.
 void AltasTrabajo::Agrega(const ClaveComprobante& clave, const CamposComprobante& campos, qint64 linea) {
-    m_comprobantes.PonNumero(Pon(clave), PonCobro(campos.fecha, campos.base));
+    m_comprobantes.PonNumero(Pon(clave), PonCobro(campos.fecha, campos.base.Texto()));
     FilasNuevas& filas = m_nuevosComprobantes.filas;
-    filas.Pon(qint64(clave.cliente.tipoDoc)).Pon(clave.cliente.numero).Pon(clave.serie).Pon(clave.numero);
+    filas.Pon(clave.cliente.tipoDoc.Valor()).Pon(clave.cliente.numero).Pon(clave.serie).Pon(clave.numero);
     filas.Pon(clave.tipCp);
     PonSinVacio(filas, campos.cpFact);
     filas.Pon(campos.listaClie).Pon(campos.medPago).Pon(campos.fecha);
-    PonSinVacio(filas, campos.base);
-    PonSinVacio(filas, campos.percepcion);
+    PonSinVacio(filas, campos.base.Texto());
+    PonSinVacio(filas, campos.percepcion ? Format(*campos.percepcion, u"###########0.#0") : QString());
     filas.Pon(campos.tasa);
     filas.CierraFila();
     m_nuevosComprobantes.lineas.push_back(linea);
@@ -206,9 +208,9 @@ void AltasTrabajo::Agrega(const ComprobanteDePago& pago, qint64 linea) {
     const ClaveComprobante& comprobante = pago.clave.comprobante;
     m_pagos.Pon(Clave(pago.clave, Pon(comprobante)));
     FilasNuevas& filas = m_nuevosPagos.filas;
-    filas.Pon(qint64(comprobante.cliente.tipoDoc)).Pon(comprobante.cliente.numero);
+    filas.Pon(comprobante.cliente.tipoDoc.Valor()).Pon(comprobante.cliente.numero);
     filas.Pon(comprobante.serie).Pon(comprobante.numero);
-    filas.Pon(pago.clave.tipo).Pon(pago.clave.serie).Pon(pago.clave.numero).Pon(pago.fecha).Pon(pago.monto);
+    filas.Pon(pago.clave.tipo).Pon(pago.clave.serie).Pon(pago.clave.numero).Pon(pago.fecha).Pon(pago.monto.Texto());
     filas.CierraFila();
     m_nuevosPagos.lineas.push_back(linea);
 }

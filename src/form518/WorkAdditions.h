@@ -29,7 +29,7 @@ class AltasTrabajo {
     /// By what two readings of a voucher are told to be the same, as its row has it.
     struct Cobro {
         QString fecha;
-        QString base;
+        MontoEscrito base;
     };
     /// Of a voucher in the table; nothing when it isn't there.
     [[nodiscard]] std::optional<Cobro> BuscaCobro(const ClaveComprobante& clave);

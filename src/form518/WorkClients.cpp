@@ -3,7 +3,7 @@
 #include "data/Base.h"
 #include "form518/FormCatalogs.h"
 #include "form518/WorkTables.h"
-#include "values/Decimal.h"
+#include "values/Format.h"
 
 namespace xa518 {
 
@@ -20,7 +20,7 @@ const QString& DelCliente() {
 }
 
 QVariantList Valores(const ClaveCliente& cliente) {
-    return {cliente.tipoDoc, cliente.numero};
+    return {cliente.tipoDoc.Valor(), cliente.numero};
 }
 
 /// The client table leads the join, so that rows keep the order in which they were entered.
@@ -29,6 +29,13 @@ const QString& DesdeClientes() {
         u"FROM TMPF518PCAB AS A CROSS JOIN PARAM AS B "
         "WHERE B.NUMERO='044' AND VAL(B.ARGUMENTO) = VAL(A.%1)"_s.arg(ColumnaDe(DatoCliente::TipoDoc));
     return desde;
+}
+
+/// An amount of sixteen characters or more loses its decimals. Wanted: it keeps to its field.
+QString BaseDeFila(Importe base) {
+    constexpr qsizetype kSinDecimales = 16;
+    const bool cabe = Format(base, u"##############0.#0").size() < kSinDecimales;
+    return Format(base, cabe ? u"############.#0" : u"##############0");
 }
 
 QString SinNegativos(const QString& suma) {
@@ -67,9 +74,9 @@ void ClientesTrabajo::PonNombres(Registro& fila, const NombresCliente& nombres) 
 }
 
 void ClientesTrabajo::PonTotales(Registro& fila, const TotalesCliente& totales) const {
-    fila.Pon(m_lugar[CtdDocs], totales.ctdDocs)
-        .Pon(m_lugar[MontoBase], totales.base)
-        .Pon(m_lugar[Percepcion], totales.percepcion);
+    fila.Pon(m_lugar[CtdDocs], QString::number(totales.ctdDocs))
+        .Pon(m_lugar[MontoBase], BaseDeFila(totales.base))
+        .Pon(m_lugar[Percepcion], Format(totales.percepcion, u"###########0.#0"));
 }
 
 bool ClientesTrabajo::Existe(const ClaveCliente& cliente) const {
@@ -81,7 +88,7 @@ bool ClientesTrabajo::Existe(const ClaveCliente& cliente) const {
 void ClientesTrabajo::Agrega(const ClaveCliente& cliente, const NombresCliente& nombres,
                              const std::optional<TotalesCliente>& totales) {
     Registro fila(*m_tabla);
-    fila.Pon(m_lugar[TipoDoc], cliente.tipoDoc).Pon(m_lugar[NumDoc], cliente.numero);
+    fila.Pon(m_lugar[TipoDoc], cliente.tipoDoc.Valor()).Pon(m_lugar[NumDoc], cliente.numero);
     PonNombres(fila, nombres);
     if (totales)
         PonTotales(fila, *totales);

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "form518/DetailColumns.h"
+#include "values/Decimal.h"
+#include "values/DocumentCode.h"
 
 #include <QString>
 
@@ -12,7 +14,7 @@ class Base;
 
 /// A client of the open declaration, as the work tables tell it from the others.
 struct ClaveCliente {
-    int tipoDoc = 0; ///< 0 when no document type is chosen: no row has it
+    CodigoDocumento tipoDoc;
     QString numero;
 };
 
@@ -25,16 +27,16 @@ struct NombresCliente {
     std::optional<QString> nombres{};
 };
 
-/// What a client's row keeps of its vouchers, as the row has it.
+/// What a client's row keeps of its vouchers; the amounts in cents.
 struct TotalesCliente {
-    QString ctdDocs;
-    QString base;
-    QString percepcion;
+    int ctdDocs = 0;
+    Importe base;
+    Importe percepcion;
 };
 
 /// A row of the grid of clients, as it is picked there and handed to the dialog that edits it.
 struct FilaCliente {
-    QString tipDocPer; ///< compared by value: "06" and "6" are the same type
+    CodigoDocumento tipDocPer;
     QString numDocPer;
     QString desRazon;
     QString apellidoP;

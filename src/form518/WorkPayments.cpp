@@ -28,7 +28,7 @@ const QString& DelPago() {
 }
 
 QVariantList ValoresDelComprobante(const ClaveComprobante& clave) {
-    return {clave.cliente.tipoDoc, clave.cliente.numero, clave.serie, clave.numero};
+    return {clave.cliente.tipoDoc.Valor(), clave.cliente.numero, clave.serie, clave.numero};
 }
 
 QVariantList Valores(const ClavePago& clave) {
@@ -57,9 +57,9 @@ bool PagosTrabajo::Existe(const ClavePago& clave) const {
     return m_base->Lee(u"SELECT * FROM TMPF518PDETCP"_s + DelPago(), Valores(clave)).Siguiente();
 }
 
-void PagosTrabajo::Agrega(const ClavePago& clave, const QString& fecha, const QString& monto) {
+void PagosTrabajo::Agrega(const ClavePago& clave, const QString& fecha, const MontoEscrito& monto) {
     Registro fila(*m_tabla);
-    fila.Pon(m_lugar[TipoDoc], clave.comprobante.cliente.tipoDoc)
+    fila.Pon(m_lugar[TipoDoc], clave.comprobante.cliente.tipoDoc.Valor())
         .Pon(m_lugar[NumDoc], clave.comprobante.cliente.numero)
         .Pon(m_lugar[SerieCp], clave.comprobante.serie)
         .Pon(m_lugar[NumeroCp], clave.comprobante.numero)
@@ -67,15 +67,15 @@ void PagosTrabajo::Agrega(const ClavePago& clave, const QString& fecha, const QS
         .Pon(m_lugar[Serie], clave.serie)
         .Pon(m_lugar[Numero], clave.numero)
         .Pon(m_lugar[Fecha], fecha)
-        .Pon(m_lugar[Monto], monto);
+        .Pon(m_lugar[Monto], monto.Texto());
     m_base->Agrega(fila);
 }
 
-void PagosTrabajo::Modifica(const ClavePago& clave, const QString& fecha, const QString& monto) {
+void PagosTrabajo::Modifica(const ClavePago& clave, const QString& fecha, const MontoEscrito& monto) {
     std::optional<Registro> fila = m_base->Busca(kPagos, DelPago(), Valores(clave));
     if (!fila)
         return;
-    fila->Pon(m_lugar[Fecha], fecha).Pon(m_lugar[Monto], monto);
+    fila->Pon(m_lugar[Fecha], fecha).Pon(m_lugar[Monto], monto.Texto());
     m_base->Actualiza(*fila, DelPago(), Valores(clave));
 }
 

@@ -15,7 +15,7 @@ struct ClavePago {
 struct ComprobanteDePago {
     ClavePago clave;
     QString fecha;
-    QString monto;
+    MontoEscrito monto;
 };
 
 /// The columns of the query over a voucher's payment vouchers.
@@ -35,9 +35,9 @@ class PagosTrabajo {
 
     [[nodiscard]] bool Existe(const ClavePago& clave) const;
     /// A row whose key stands there already raises `ErrorBase` (`ClaveDuplicada`).
-    void Agrega(const ClavePago& clave, const QString& fecha, const QString& monto);
+    void Agrega(const ClavePago& clave, const QString& fecha, const MontoEscrito& monto);
     /// Nothing is written when the row is gone.
-    void Modifica(const ClavePago& clave, const QString& fecha, const QString& monto);
+    void Modifica(const ClavePago& clave, const QString& fecha, const MontoEscrito& monto);
 
     void Borra(const ClavePago& clave);
     /// Removes all that hang on a voucher.

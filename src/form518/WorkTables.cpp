@@ -33,8 +33,8 @@ const QString& SqlSumasDeCliente() {
     return sql;
 }
 
-bool EsEmpresa(QStringView tipoDoc, QStringView numero) {
-    return Decimal::Valor(tipoDoc) == Decimal::DeEntero(6) && numero.startsWith(u"20");
+bool EsEmpresa(CodigoDocumento tipo, QStringView numero) {
+    return tipo.EsRuc() && numero.startsWith(u"20");
 }
 
 void TablasTrabajo::Reconstruye(const ClaveDeclaracion& clave) {
@@ -90,9 +90,9 @@ void TablasTrabajo::CopiaPagos(const ClaveDeclaracion& clave) {
         clave.Valores());
 }
 
-int TablasTrabajo::CuentaDocs(int tipoDoc, const QString& numero) const {
+int TablasTrabajo::CuentaDocs(const ClaveCliente& cliente) const {
     static const QString sql = u"SELECT count(*) as cont FROM TMPF518PDET"_s + DeUnCliente();
-    Registros fila = m_base->Lee(sql, {tipoDoc, numero});
+    Registros fila = m_base->Lee(sql, {cliente.tipoDoc.Valor(), cliente.numero});
     return fila.Siguiente() ? static_cast<int>(fila.Entero(0)) : 0;
 }
 
@@ -129,12 +129,12 @@ void TablasTrabajo::CalculaTotales() {
     transaccion.Confirma();
 }
 
-void TablasTrabajo::EliminaCliente(int tipoDoc, const QString& numero) {
-    const QVariantList cliente{tipoDoc, numero};
+void TablasTrabajo::EliminaCliente(const ClaveCliente& cliente) {
+    const QVariantList valores{cliente.tipoDoc.Valor(), cliente.numero};
     Transaccion transaccion = m_base->Comienza();
-    m_base->Ejecuta(u"DELETE * FROM TMPF518PCAB"_s + DeUnCliente(), cliente);
-    m_base->Ejecuta(u"DELETE * FROM TMPF518PDET"_s + DeUnCliente(), cliente);
-    m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP"_s + DeUnCliente(), cliente);
+    m_base->Ejecuta(u"DELETE * FROM TMPF518PCAB"_s + DeUnCliente(), valores);
+    m_base->Ejecuta(u"DELETE * FROM TMPF518PDET"_s + DeUnCliente(), valores);
+    m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP"_s + DeUnCliente(), valores);
     transaccion.Confirma();
 }
 

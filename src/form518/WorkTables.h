@@ -1,6 +1,7 @@
 #pragma once
 
 #include "family/DeclarationKey.h"
+#include "form518/WorkClients.h"
 #include "values/Decimal.h"
 
 #include <QString>
@@ -10,7 +11,7 @@ namespace xa518 {
 class Base;
 
 /// Tells a company by its document: type 6 and a number that begins with "20". Any other client is a person.
-[[nodiscard]] bool EsEmpresa(QStringView tipoDoc, QStringView numero);
+[[nodiscard]] bool EsEmpresa(CodigoDocumento tipo, QStringView numero);
 
 /// The query that sums amounts and perceptions of a client's vouchers, cash sales included.
 [[nodiscard]] const QString& SqlSumasDeCliente();
@@ -27,7 +28,7 @@ class TablasTrabajo {
     void Llena(const ClaveDeclaracion& clave);
 
     /// Number of voucher rows, cash sales included, of a client.
-    [[nodiscard]] int CuentaDocs(int tipoDoc, const QString& numero) const;
+    [[nodiscard]] int CuentaDocs(const ClaveCliente& cliente) const;
 
     struct Totales {
         Importe base;
@@ -42,7 +43,7 @@ class TablasTrabajo {
     void CalculaTotales();
 
     /// Removes a client with its vouchers and payment vouchers; one transaction.
-    void EliminaCliente(int tipoDoc, const QString& numero);
+    void EliminaCliente(const ClaveCliente& cliente);
 
   private:
     void CopiaClientes(const ClaveDeclaracion& clave);

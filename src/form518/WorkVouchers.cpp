@@ -4,6 +4,7 @@
 #include "data/Transaction.h"
 #include "form518/FormCatalogs.h"
 #include "form518/WorkPayments.h"
+#include "values/Format.h"
 
 namespace xa518 {
 
@@ -19,11 +20,15 @@ const QString& DelComprobante() {
 }
 
 QVariantList Valores(const ClaveComprobante& clave) {
-    return {clave.cliente.tipoDoc, clave.cliente.numero, clave.serie, clave.numero, clave.tipCp};
+    return {clave.cliente.tipoDoc.Valor(), clave.cliente.numero, clave.serie, clave.numero, clave.tipCp};
 }
 
-QVariant NuloSiVacio(const QString& texto) {
-    return texto.isEmpty() ? QVariant() : QVariant(texto);
+QVariant Valor(const MontoEscrito& monto) {
+    return monto.EstaVacio() ? QVariant() : QVariant(monto.Texto());
+}
+
+QVariant Valor(const std::optional<Importe>& percepcion) {
+    return percepcion ? QVariant(Format(*percepcion, u"###########0.#0")) : QVariant();
 }
 
 } // namespace
@@ -49,8 +54,8 @@ void ComprobantesTrabajo::PonCampos(Registro& fila, const CamposComprobante& cam
     fila.Pon(m_lugar[ListaClie], campos.listaClie)
         .Pon(m_lugar[MedPago], campos.medPago)
         .Pon(m_lugar[Fecha], campos.fecha)
-        .Pon(m_lugar[MontoBase], NuloSiVacio(campos.base))
-        .Pon(m_lugar[Percepcion], NuloSiVacio(campos.percepcion))
+        .Pon(m_lugar[MontoBase], Valor(campos.base))
+        .Pon(m_lugar[Percepcion], Valor(campos.percepcion))
         .Pon(m_lugar[Tasa], campos.tasa);
 }
 
@@ -66,12 +71,12 @@ std::optional<ComprobantesTrabajo::Cobro> ComprobantesTrabajo::BuscaCobro(const 
     Registros fila = m_base->Lee(sql, Valores(clave));
     if (!fila.Siguiente())
         return std::nullopt;
-    return Cobro{.fecha = fila.Texto(0), .base = fila.Texto(1)};
+    return Cobro{.fecha = fila.Texto(0), .base = MontoEscrito(fila.Texto(1))};
 }
 
 void ComprobantesTrabajo::Agrega(const ClaveComprobante& clave, const CamposComprobante& campos) {
     Registro fila(*m_tabla);
-    fila.Pon(m_lugar[TipoDoc], clave.cliente.tipoDoc)
+    fila.Pon(m_lugar[TipoDoc], clave.cliente.tipoDoc.Valor())
         .Pon(m_lugar[NumDoc], clave.cliente.numero)
         .Pon(m_lugar[Serie], clave.serie)
         .Pon(m_lugar[Numero], clave.numero)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "form518/WorkClients.h"
+#include "values/WrittenAmount.h"
 
 #include <QString>
 
@@ -22,8 +23,8 @@ struct CamposComprobante {
     QString listaClie; ///< "1", "0", "9"
     QString medPago;   ///< "1", "0", "9"
     QString fecha;
-    QString base; ///< empty stands for null, and so it does in the next
-    QString percepcion;
+    MontoEscrito base;
+    std::optional<Importe> percepcion; ///< in cents
     QString tasa;
 };
 
@@ -49,7 +50,7 @@ class ComprobantesTrabajo {
     /// By what two readings of a voucher are told to be the same, as its row has it.
     struct Cobro {
         QString fecha;
-        QString base;
+        MontoEscrito base;
     };
     /// Of a voucher in the table; nothing when it isn't there.
     [[nodiscard]] std::optional<Cobro> BuscaCobro(const ClaveComprobante& clave) const;

@@ -51,7 +51,7 @@ Codigo CompruebaTipoDoc(QString& campo, LineaComprobada& linea, const ContextoIm
 Codigo CompruebaNumDoc(QString& campo, LineaComprobada& linea, const ContextoImportacion& contexto) {
     const Codigo codigo = linea.tipoDocLinea == u'6' ? CompruebaRuc(campo, contexto)
                                                      : CompruebaOtroDoc(campo, linea.tipoDocLinea == u'1');
-    linea.clienteEsEmpresa = EsEmpresa(linea.tipoDocLinea, campo);
+    linea.clienteEsEmpresa = EsEmpresa(CodigoDocumento::De(linea.tipoDocLinea), campo);
     return codigo;
 }
 

@@ -20,8 +20,8 @@ QString Huella(const QString& fecha, const QString& monto) {
 bool MismoComprobante(const AltasTrabajo::Cobro& guardado, const LineaComprobada& linea) {
     const QString& fecha = linea[Campo::FechaEmision];
     const QString& monto = linea[Campo::MontoCobrado];
-    return (guardado.fecha == fecha && guardado.base == monto) ||
-           Huella(guardado.fecha, guardado.base) == Huella(fecha, monto);
+    return (guardado.fecha == fecha && guardado.base.Texto() == monto) ||
+           Huella(guardado.fecha, guardado.base.Texto()) == Huella(fecha, monto);
 }
 
 } // namespace

@@ -45,7 +45,7 @@ Codigo CompruebaTipoDocVenta(QString& campo, LineaComprobada& linea, const Conte
 Codigo CompruebaNumDocVenta(QString& campo, LineaComprobada& linea, const ContextoImportacion& contexto) {
     const std::optional<TipoDocumento> tipo = contexto.ventas.documentos.value(CodigoDe(linea[Campo::TipoDoc]));
     const bool cabe = tipo && AdmiteNumero(*tipo, campo);
-    linea.clienteEsEmpresa = EsEmpresa(linea.tipoDocLinea, campo);
+    linea.clienteEsEmpresa = EsEmpresa(CodigoDocumento::De(linea.tipoDocLinea), campo);
     if (linea.tipoDocLinea == u'6')
         return CompruebaRuc(campo, cabe, contexto);
     const bool corto = linea.tipoDocLinea == u'1' && campo.size() < kLargoDni;

@@ -2,7 +2,6 @@
 
 #include "data/Base.h"
 #include "form518/FormCatalogs.h"
-#include "values/Format.h"
 
 namespace xa518 {
 
@@ -11,7 +10,7 @@ using namespace Qt::StringLiterals;
 TiposDeVenta LeeTiposDeVenta(Base& base) {
     TiposDeVenta tipos;
     for (const TipoDocumento& documento : DocumentosOfrecidos(base, UsosDocumento::kEnSujetos))
-        tipos.documentos.insert(Format(documento.codigo, u"00"), DocumentoDeTipo(base, documento.codigo));
+        tipos.documentos.insert(documento.codigo.Texto(), DocumentoDeTipo(base, documento.codigo));
     Registros filas = base.Lee(u"SELECT argumento, funcion FROM PARAM WHERE numero='233' AND "
                                "%1='1'"_s.arg(TramosTipoComprobante::kUso.Sql(u"FUNCION")));
     while (filas.Siguiente())

@@ -2,7 +2,6 @@
 
 #include "import/FieldRules.h"
 #include "values/Decimal.h"
-#include "values/Format.h"
 
 namespace xa518 {
 
@@ -42,7 +41,7 @@ QString ListaClieDe(const LineaComprobada& linea, Banda banda) {
 } // namespace
 
 ClaveCliente ClienteDe(const LineaComprobada& linea) {
-    return {.tipoDoc = linea.tipoDocPer, .numero = linea[Campo::NumDoc]};
+    return {.tipoDoc = CodigoDocumento(linea.tipoDocPer), .numero = linea[Campo::NumDoc]};
 }
 
 NombresCliente NombresDe(const LineaComprobada& linea) {
@@ -73,8 +72,8 @@ CamposComprobante CamposDe(const LineaComprobada& linea, TasaImportacion& tasas)
             .listaClie = ListaClieDe(linea, banda),
             .medPago = MedPagoDe(linea, banda),
             .fecha = linea[Campo::FechaEmision],
-            .base = monto,
-            .percepcion = Format(percepcion, u"###########0.#0"),
+            .base = MontoEscrito(monto),
+            .percepcion = percepcion,
             .tasa = tasa.tasa};
 }
 
@@ -84,7 +83,7 @@ ComprobanteDePago PagoDe(const LineaComprobada& linea) {
                       .serie = linea[Campo::SerieCp],
                       .numero = linea[Campo::NumeroCp]},
             .fecha = linea[Campo::FechaCp],
-            .monto = MontoGuardado(linea)};
+            .monto = MontoEscrito(MontoGuardado(linea))};
 }
 
 } // namespace xa518

@@ -12,7 +12,7 @@
 #include "platform/Notices.h"
 #include "values/FileFailure.h"
 #include "widgets/Application.h"
-#include "widgets/HourGlass.h"
+#include "widgets/LongTask.h"
 
 #include <QDir>
 #include <QDragEnterEvent>
@@ -22,6 +22,8 @@
 #include <QScopeGuard>
 #include <QTemporaryFile>
 
+#include <atomic>
+
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
@@ -29,7 +31,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// How often the counters move. A person reads no faster, and each time costs a paint.
-constexpr qint64 kRitmoMs = 250;
+constexpr int kRitmoMs = 250;
 constexpr int kLleno = 1000;
 constexpr int kUnidadNoDisponible = 68;
 
@@ -55,7 +57,63 @@ bool Copia(QIODevice& origen, QSaveFile& destino) {
     return true;
 }
 
+ResultadoImportacion SinEmpezar(const Error& error) {
+    ResultadoImportacion resultado;
+    resultado.fin = FinImportacion::Fallida;
+    resultado.falla = error;
+    resultado.mensaje = Errores_Transferencia(error);
+    return resultado;
+}
+
 } // namespace
+
+/// A run in its thread, with a base of its own, and what the window sees of it meanwhile.
+class frmTransferencia::Corrida final : public ObservadorImportacion {
+  public:
+    Corrida(const Proceso& proceso, ClaveDeclaracion clave) : m_aparte(proceso), m_clave(std::move(clave)) {}
+
+    /// In the run's thread.
+    void Corre(const FormatoImportacion& formato, const QString& carpeta, const OpcionesImportacion& opciones) {
+        try {
+            m_proceso.emplace(m_aparte.Abre());
+            const auto cierra = qScopeGuard([this] { m_proceso->baseDatos.reset(); });
+            m_transferencia = std::make_unique<Transferencia>(*m_proceso, m_clave, formato, carpeta, opciones);
+            m_resultado = m_transferencia->Corre(*this);
+            if (!m_transferencia->TieneAbierto())
+                m_transferencia.reset();
+        } catch (const Error& error) {
+            m_resultado = SinEmpezar(error);
+        }
+    }
+
+    [[nodiscard]] AvanceImportacion Avance() const {
+        return {m_transferidos.load(), m_rechazados.load(), m_bytesLeidos.load(), m_bytesTotal.load()};
+    }
+    void Cancela() { m_cancelada = true; }
+    /// Once it has ended.
+    [[nodiscard]] const ResultadoImportacion& Resultado() const { return m_resultado; }
+
+  private:
+    [[nodiscard]] bool Sigue(const AvanceImportacion& avance) override {
+        constexpr auto kSinOrden = std::memory_order_relaxed;
+        m_transferidos.store(avance.transferidos, kSinOrden);
+        m_rechazados.store(avance.rechazados, kSinOrden);
+        m_bytesLeidos.store(avance.bytesLeidos, kSinOrden);
+        m_bytesTotal.store(avance.bytesTotal, kSinOrden);
+        return !m_cancelada.load(kSinOrden);
+    }
+
+    ProcesoAparte m_aparte;
+    ClaveDeclaracion m_clave;
+    std::optional<Proceso> m_proceso;
+    std::unique_ptr<Transferencia> m_transferencia;
+    ResultadoImportacion m_resultado;
+    std::atomic<bool> m_cancelada = false;
+    std::atomic<qint64> m_transferidos = 0;
+    std::atomic<qint64> m_rechazados = 0;
+    std::atomic<qint64> m_bytesLeidos = 0;
+    std::atomic<qint64> m_bytesTotal = 0;
+};
 
 frmTransferencia::frmTransferencia(Proceso& proceso, Avisos& avisos, ClaveDeclaracion clave, EntornoImportacion entorno,
                                    QWidget* padre)
@@ -73,7 +131,10 @@ frmTransferencia::frmTransferencia(Proceso& proceso, Avisos& avisos, ClaveDeclar
     Prepara({m_ui->cmCancelar});
 }
 
-frmTransferencia::~frmTransferencia() = default;
+frmTransferencia::~frmTransferencia() {
+    if (m_corriendo)
+        m_enProceso->Cancela();
+}
 
 /// Only decoration, without a command: it tells which declaration the file is for.
 void frmTransferencia::PreparaBarra() {
@@ -83,6 +144,7 @@ void frmTransferencia::PreparaBarra() {
 }
 
 void frmTransferencia::Conecta() {
+    connect(&m_ritmo, &QTimer::timeout, this, [this] { MuestraAvance(m_enProceso->Avance()); });
     connect(m_ui->OptTipo_0, &QRadioButton::toggled, this,
             Protegido([this] { m_ui->Carpeta->PonEsperado(ArchivoEsperado()); }));
     connect(m_ui->Carpeta, &CarpetaDeImportacion::Examinar, this, Protegido([this] { Examinar(); }));
@@ -125,10 +187,9 @@ void frmTransferencia::PonEtiquetasEnReposo() {
 void frmTransferencia::Salir() {
     m_cancelarRun = true;
     if (m_corriendo)
-        return;
+        return m_enProceso->Cancela();
     m_enProceso.reset();
-    InsisteEnTotales();
-    Termina();
+    InsisteEnTotales([this] { Termina(); });
 }
 
 /// Wanted: every press counts as a run here, also one that stopped at once, so that the second one asks.
@@ -143,23 +204,42 @@ void frmTransferencia::Transferir() {
 void frmTransferencia::Procesa(bool prueba) {
     m_cancelarRun = false;
     m_ui->Carpeta->PonDetalle({});
-    const ResultadoImportacion resultado = CorreTransferencia(prueba);
+    PonCorriendo(true);
+    m_enProceso.reset(); // with a file that an earlier run has left open
+    m_enProceso = std::make_shared<Corrida>(m_proceso, m_clave);
+    m_hilo = std::make_unique<HiloDeTrabajo>(
+        [corrida = m_enProceso, &formato = Formato(), carpeta = m_ui->Carpeta->Carpeta(),
+         opciones = OpcionesImportacion{prueba, NuevaPlanilla()}] { corrida->Corre(formato, carpeta, opciones); },
+        [this, prueba](const std::exception_ptr& falla) { Protegido([&] { AlTerminar(falla, prueba); })(); }, this);
+}
+
+void frmTransferencia::AlTerminar(const std::exception_ptr& falla, bool prueba) {
+    PonCorriendo(false);
+    if (falla)
+        std::rethrow_exception(falla);
+    const std::shared_ptr<Corrida> corrida = m_enProceso; // what follows may end the dialog's hold of it
+    Sigue(corrida->Resultado(), prueba);
+}
+
+void frmTransferencia::Sigue(const ResultadoImportacion& resultado, bool prueba) {
     RecuerdaCarpeta();
     if (!prueba)
         RecuerdaTotales(resultado);
-    if (m_cancelarRun) { // ends without a word, unless something could not be kept
-        CuentaLoPerdido(resultado);
-        if (resultado.fin == FinImportacion::Fallida)
-            m_avisos.Muestra(*resultado.mensaje);
-        InsisteEnTotales();
-        return Termina();
-    }
+    if (m_cancelarRun)
+        return Abandona(resultado);
     m_archivo = resultado.archivo;
     MuestraFin(resultado);
     if (!prueba)
         RefrescaLoDebajo(resultado);
-    Protegido([&] { CuentaElFin(resultado, prueba); })(); // a report that fails leaves the totals to be asked for
-    InsisteEnTotales();
+    CuentaElFin(resultado, prueba);
+}
+
+/// Without a word, unless something could not be kept.
+void frmTransferencia::Abandona(const ResultadoImportacion& resultado) {
+    CuentaLoPerdido(resultado);
+    if (resultado.fin == FinImportacion::Fallida)
+        m_avisos.Muestra(*resultado.mensaje);
+    InsisteEnTotales([this] { Termina(); });
 }
 
 /// What stands in its way, such as a lock, mustn't keep the end of the run from being told. The form shows its list
@@ -173,27 +253,18 @@ void frmTransferencia::RefrescaLoDebajo(const ResultadoImportacion& resultado) c
     }
 }
 
-ResultadoImportacion frmTransferencia::CorreTransferencia(bool prueba) {
-    const RelojDeArena reloj;
-    PonCorriendo(true);
-    const auto fin = qScopeGuard([this] { PonCorriendo(false); });
-    m_ritmo.start();
-    m_enProceso.reset(); // with a file that an earlier run has left open
-    m_enProceso = std::make_unique<Transferencia>(m_proceso, m_clave, Formato(), m_ui->Carpeta->Carpeta(),
-                                                  OpcionesImportacion{prueba, NuevaPlanilla()});
-    ResultadoImportacion resultado = m_enProceso->Corre(*this);
-    if (!m_enProceso->TieneAbierto())
-        m_enProceso.reset();
-    return resultado;
-}
-
 /// Nothing but the way out answers while a run is going, and it only to who means it: the focus stays off it, or the
 /// key that has begun the run, held a little too long, would end it.
 void frmTransferencia::PonCorriendo(bool corriendo) {
     m_corriendo = corriendo;
     if (corriendo) {
+        m_reloj.emplace();
+        m_ritmo.start(kRitmoMs);
         m_conFoco = focusWidget();
         m_ui->barraAvance->setFocus();
+    } else {
+        m_ritmo.stop();
+        m_reloj.reset();
     }
     for (QWidget* control :
          std::initializer_list<QWidget*>{m_ui->OptTipo_0, m_ui->OptTipo_1, m_ui->cmdProbar, m_ui->cmdTransferir})
@@ -203,15 +274,6 @@ void frmTransferencia::PonCorriendo(bool corriendo) {
     setAcceptDrops(!corriendo);
     if (!corriendo && m_conFoco && focusWidget() == m_ui->barraAvance)
         m_conFoco->setFocus();
-}
-
-bool frmTransferencia::Sigue(const AvanceImportacion& avance) {
-    if (m_ritmo.elapsed() >= kRitmoMs) {
-        MuestraAvance(avance);
-        m_ritmo.restart();
-    }
-    QCoreApplication::processEvents();
-    return !m_cancelarRun;
 }
 
 void frmTransferencia::MuestraAvance(const AvanceImportacion& avance) {
@@ -250,12 +312,16 @@ void frmTransferencia::CuentaElFin(const ResultadoImportacion& resultado, bool p
     if (resultado.falla)
         AnotaDetalle(*resultado.falla);
     const bool conRechazos = resultado.fin == FinImportacion::Completa && resultado.rechazados > 0;
-    if (prueba || !conRechazos)
-        return m_avisos.Muestra(*resultado.mensaje);
+    const auto despues = [this] { InsisteEnTotales([] {}); };
+    if (prueba || !conRechazos) {
+        m_avisos.Muestra(*resultado.mensaje);
+        return despues();
+    }
     const bool muestra = m_avisos.Pregunta(*resultado.mensaje, Respuesta::No) == Respuesta::Si;
+    if (!m_entorno.reporte || resultado.rutaErr.isEmpty())
+        return despues();
     // Wanted: the report is built in both answers, so that the launcher has it for who wants it later.
-    if (m_entorno.reporte && !resultado.rutaErr.isEmpty())
-        m_entorno.reporte(*this, resultado.rutaErr, muestra);
+    m_entorno.reporte({.sobre = *this, .rutaErr = resultado.rutaErr, .muestra = muestra, .despues = despues});
 }
 
 /// A run that gets as far as the totals makes up for those before it; one without lines leaves them as they were.
@@ -265,16 +331,31 @@ void frmTransferencia::RecuerdaTotales(const ResultadoImportacion& resultado) {
 }
 
 /// Box 401 comes from the totals: they aren't left behind without a word.
-void frmTransferencia::InsisteEnTotales() {
-    while (m_sinTotales && m_avisos.Pregunta(PreguntaPorTotales(*m_sinTotales)) == Respuesta::Si) {
-        const RelojDeArena reloj;
+void frmTransferencia::InsisteEnTotales(const std::function<void()>& despues) {
+    if (m_sinTotales && m_avisos.Pregunta(PreguntaPorTotales(*m_sinTotales)) == Respuesta::Si)
+        SumaDeNuevo(despues);
+    else
+        despues();
+}
+
+void frmTransferencia::SumaDeNuevo(const std::function<void()>& despues) {
+    const auto sigueSin = [this, despues](const std::exception_ptr& falla) {
         try {
-            TablasTrabajo(*m_proceso.baseDatos).CalculaTotales();
-            m_sinTotales.reset();
+            std::rethrow_exception(falla);
         } catch (const Error& error) {
             m_sinTotales = error;
         }
-    }
+        InsisteEnTotales(despues);
+    };
+    LanzaTarea(
+        *this, {.titulo = u"Sumando los comprobantes"_s, .seDetiene = false, .alFallar = sigueSin},
+        [aparte = ProcesoAparte(m_proceso)](Avance& /*avance*/) {
+            TablasTrabajo(*aparte.Abre().baseDatos).CalculaTotales();
+        },
+        [this, despues] {
+            m_sinTotales.reset();
+            despues();
+        });
 }
 
 /// They go to a file, not to memory: a whole month may be refused. Without room for it the run goes on without.

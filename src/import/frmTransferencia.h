@@ -3,11 +3,14 @@
 #include "import/ErrorSheet.h"
 #include "import/ImportRun.h"
 #include "platform/ProfileFile.h"
+#include "platform/WorkThread.h"
 #include "widgets/Form.h"
+#include "widgets/HourGlass.h"
 
-#include <QElapsedTimer>
 #include <QPointer>
+#include <QTimer>
 
+#include <exception>
 #include <functional>
 #include <memory>
 
@@ -22,18 +25,25 @@ namespace xa518 {
 class Avisos;
 class DialogosDeArchivo;
 
+/// The report of refused lines, which is built in any case.
+struct ReporteDeErrores {
+    Forma& sobre;
+    QString rutaErr;               ///< the error list that it is built from
+    bool muestra;                  ///< it is wanted on the screen, too
+    std::function<void()> despues; ///< runs behind it, or when it has failed
+};
+
 /// What the import dialog takes from others. A function that is missing does nothing.
 struct EntornoImportacion {
     ArchivoPerfil perfil; ///< remembers the last folder
     DialogosDeArchivo& archivos;
-    /// Builds the report of refused lines from the error list, and shows it over the dialog when it is wanted.
-    std::function<void(Forma& sobre, const QString& rutaErr, bool muestra)> reporte{};
+    std::function<void(const ReporteDeErrores&)> reporte{};
     /// Refreshes the declaration form under the dialog.
     std::function<void()> refresca{};
 };
 
 /// The dialog in which a person picks a folder and imports the text file of a declaration, whose work tables are open.
-class frmTransferencia final : public Forma, private ObservadorImportacion {
+class frmTransferencia final : public Forma {
     Q_OBJECT
   public:
     frmTransferencia(Proceso& proceso, Avisos& avisos, ClaveDeclaracion clave, EntornoImportacion entorno,
@@ -47,7 +57,7 @@ class frmTransferencia final : public Forma, private ObservadorImportacion {
     void dropEvent(QDropEvent* evento) override;
 
   private:
-    [[nodiscard]] bool Sigue(const AvanceImportacion& avance) override;
+    class Corrida;
 
     void Conecta();
     void PreparaBarra();
@@ -61,7 +71,9 @@ class frmTransferencia final : public Forma, private ObservadorImportacion {
     // The run.
     void Transferir();
     void Procesa(bool prueba);
-    [[nodiscard]] ResultadoImportacion CorreTransferencia(bool prueba);
+    void AlTerminar(const std::exception_ptr& falla, bool prueba);
+    void Sigue(const ResultadoImportacion& resultado, bool prueba);
+    void Abandona(const ResultadoImportacion& resultado);
     void PonCorriendo(bool corriendo);
     void RefrescaLoDebajo(const ResultadoImportacion& resultado) const;
     void MuestraAvance(const AvanceImportacion& avance);
@@ -69,7 +81,9 @@ class frmTransferencia final : public Forma, private ObservadorImportacion {
     void CuentaLoPerdido(const ResultadoImportacion& resultado);
     void CuentaElFin(const ResultadoImportacion& resultado, bool prueba);
     void RecuerdaTotales(const ResultadoImportacion& resultado);
-    void InsisteEnTotales();
+    /// Asks for the totals that a run couldn't bring up to date, as often as the person wants; then `despues`.
+    void InsisteEnTotales(const std::function<void()>& despues);
+    void SumaDeNuevo(const std::function<void()>& despues);
     void PonEtiquetasEnReposo();
 
     // The refused lines of the last run.
@@ -86,14 +100,16 @@ class frmTransferencia final : public Forma, private ObservadorImportacion {
     bool m_corriendo = false;    ///< lines are being read, so that the dialog can't go yet
     bool m_yaProcesado = false;  ///< a run was asked for in this opening of the dialog
     QPointer<QWidget> m_conFoco; ///< what had the focus before the run
-    QElapsedTimer m_ritmo;
+    std::optional<RelojDeArena> m_reloj;
+    QTimer m_ritmo;
     std::optional<Error> m_sinTotales; ///< why the totals lack what the runs so far have imported
     QString m_archivo;                 ///< bare name of the file that the last run was over
     std::unique_ptr<QTemporaryFile> m_errores;
     std::unique_ptr<PlanillaErrores> m_planilla;
     /// The run that is going. Wanted: one that has left its file open counts as going, and holds the file, until the
     /// next run or the way out.
-    std::unique_ptr<Transferencia> m_enProceso;
+    std::shared_ptr<Corrida> m_enProceso;
+    std::unique_ptr<HiloDeTrabajo> m_hilo; ///< the last: its work uses the others
 };
 
 } // namespace xa518

@@ -102,14 +102,15 @@ void RegistraDeclarante(const Pedido& pedido) {
     Sesion sesion(pedido.entorno);
     const std::unique_ptr<Base> base = sesion.Abre();
     Declarantes declarantes(*base);
-    Declarante declarante{.ruc = pedido.opciones.value(u"declarante"_s),
+    Declarante declarante{.ruc = Ruc(pedido.opciones.value(u"declarante"_s)),
                           .nombre = pedido.opciones.value(u"nombre"_s),
                           .usuario = pedido.opciones.value(u"usuario"_s)};
-    const bool estaba = declarantes.Busca(Recorta(declarante.ruc).toString()).has_value();
+    const bool estaba = declarantes.Busca(declarante.ruc).has_value();
     if (!estaba && declarante.usuario.isEmpty())
         declarante.usuario = sesion.Usuario();
     Exige(declarantes.Registra(declarante));
-    pedido.salida << (estaba ? u"Declarante cambiado: "_s : u"Declarante registrado: "_s) << declarante.ruc << '\n';
+    pedido.salida << (estaba ? u"Declarante cambiado: "_s : u"Declarante registrado: "_s) << declarante.ruc.Texto()
+                  << '\n';
 }
 
 Periodo PeriodoPedido(const Pedido& pedido) {

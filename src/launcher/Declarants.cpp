@@ -14,16 +14,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kLargoRucAntiguo = 8;
 constexpr int kIngresoGeneral = 1; ///< of `Tipo_Ingreso`; only a sibling form looks for another
 
-bool EsRucAdmitido(const QString& ruc) {
-    return ObjetoUtil::ValidaRUC(ruc) || (ruc.size() == kLargoRucAntiguo && ObjetoUtil::ValidaNumeroDoc(ruc));
+bool EsRucAdmitido(const Ruc& ruc) {
+    return ruc.EsValido() || (ruc.EsAntiguo() && ObjetoUtil::ValidaNumeroDoc(ruc.Texto()));
 }
 
 VeredictoDeclarante ValidaDeclarante(const Declarante& declarante) {
     if (!EsRucAdmitido(declarante.ruc))
-        return VeredictoDeclarante::Critico(u"El RUC '%1' no es válido."_s.arg(declarante.ruc), CampoDeclarante::Ruc);
+        return VeredictoDeclarante::Critico(u"El RUC '%1' no es válido."_s.arg(declarante.ruc.Texto()),
+                                            CampoDeclarante::Ruc);
     if (declarante.nombre.isEmpty())
         return VeredictoDeclarante::Critico(u"Ingrese el nombre o razón social del declarante."_s,
                                             CampoDeclarante::Nombre);
@@ -35,18 +35,18 @@ VeredictoDeclarante ValidaDeclarante(const Declarante& declarante) {
 }
 
 Declarante Lee(const Registros& fila) {
-    return {.ruc = fila.Texto(u"Doc_id_d"), .nombre = fila.Texto(u"Nombre"), .usuario = fila.Texto(u"Usuario")};
+    return {.ruc = Ruc(fila.Texto(u"Doc_id_d")), .nombre = fila.Texto(u"Nombre"), .usuario = fila.Texto(u"Usuario")};
 }
 
 void Inserta(Base& base, const Declarante& declarante) {
     base.Ejecuta(u"INSERT INTO CONT (Tip_doc_d, Doc_id_d, Nombre, Usuario, Tipo_Ingreso) VALUES (6, ?, ?, ?, ?)"_s,
-                 {declarante.ruc, declarante.nombre, declarante.usuario, kIngresoGeneral});
+                 {declarante.ruc.Texto(), declarante.nombre, declarante.usuario, kIngresoGeneral});
 }
 
 void Cambia(Base& base, const Declarante& declarante, const Declarante& anterior) {
-    base.Ejecuta(
-        u"UPDATE CONT SET Nombre = ?, Usuario = ? WHERE Tip_doc_d = 6 AND Doc_id_d = ?"_s,
-        {declarante.nombre, declarante.usuario.isEmpty() ? anterior.usuario : declarante.usuario, declarante.ruc});
+    base.Ejecuta(u"UPDATE CONT SET Nombre = ?, Usuario = ? WHERE Tip_doc_d = 6 AND Doc_id_d = ?"_s,
+                 {declarante.nombre, declarante.usuario.isEmpty() ? anterior.usuario : declarante.usuario,
+                  declarante.ruc.Texto()});
 }
 
 } // namespace
@@ -59,8 +59,8 @@ QList<Declarante> Declarantes::Lista() const {
     return lista;
 }
 
-std::optional<Declarante> Declarantes::Busca(const QString& ruc) const {
-    Registros filas = m_base->Lee(u"SELECT * FROM CONT WHERE Tip_doc_d = 6 AND Doc_id_d = ?"_s, {ruc});
+std::optional<Declarante> Declarantes::Busca(const Ruc& ruc) const {
+    Registros filas = m_base->Lee(u"SELECT * FROM CONT WHERE Tip_doc_d = 6 AND Doc_id_d = ?"_s, {ruc.Texto()});
     return filas.Siguiente() ? std::optional(Lee(filas)) : std::nullopt;
 }
 
@@ -97,7 +97,7 @@ VeredictoDeclarante Declarantes::Modifica(Declarante declarante) {
 }
 
 VeredictoDeclarante Declarantes::Escribe(Declarante declarante, Modo modo) {
-    declarante = {.ruc = Recorta(declarante.ruc).toString(),
+    declarante = {.ruc = declarante.ruc,
                   .nombre = Recorta(declarante.nombre).toString(),
                   .usuario = Recorta(declarante.usuario).toString()};
     if (VeredictoDeclarante veredicto = ValidaDeclarante(declarante); !veredicto)
@@ -109,10 +109,10 @@ VeredictoDeclarante Declarantes::Escribe(Declarante declarante, Modo modo) {
     const std::optional<Declarante> anterior = Busca(declarante.ruc);
     if (anterior && modo == Modo::Nuevo)
         return VeredictoDeclarante::Critico(
-            u"El declarante %1 ya está registrado, con el nombre '%2'."_s.arg(anterior->ruc, anterior->nombre),
+            u"El declarante %1 ya está registrado, con el nombre '%2'."_s.arg(anterior->ruc.Texto(), anterior->nombre),
             CampoDeclarante::Ruc);
     if (!anterior && modo == Modo::Existente)
-        return VeredictoDeclarante::Critico(u"El declarante %1 ya no está registrado."_s.arg(declarante.ruc),
+        return VeredictoDeclarante::Critico(u"El declarante %1 ya no está registrado."_s.arg(declarante.ruc.Texto()),
                                             CampoDeclarante::Ruc);
     if (anterior)
         Cambia(*m_base, declarante, *anterior);
@@ -122,21 +122,23 @@ VeredictoDeclarante Declarantes::Escribe(Declarante declarante, Modo modo) {
     return Veredicto::Bien();
 }
 
-VeredictoDeclarante Declarantes::Elimina(const QString& ruc) {
+VeredictoDeclarante Declarantes::Elimina(const Ruc& ruc) {
     const TrabajoUnico trabajo(*m_base);
     Transaccion transaccion = m_base->Comienza();
     if (TieneDeclaraciones(ruc))
-        return VeredictoDeclarante::Critico(u"El declarante %1 tiene declaraciones: elimínelas primero."_s.arg(ruc),
+        return VeredictoDeclarante::Critico(
+            u"El declarante %1 tiene declaraciones: elimínelas primero."_s.arg(ruc.Texto()), CampoDeclarante::Ruc);
+    if (m_base->Ejecuta(u"DELETE * FROM CONT WHERE Tip_doc_d = 6 AND Doc_id_d = ?"_s, {ruc.Texto()}) == 0)
+        return VeredictoDeclarante::Critico(u"El declarante %1 no está registrado."_s.arg(ruc.Texto()),
                                             CampoDeclarante::Ruc);
-    if (m_base->Ejecuta(u"DELETE * FROM CONT WHERE Tip_doc_d = 6 AND Doc_id_d = ?"_s, {ruc}) == 0)
-        return VeredictoDeclarante::Critico(u"El declarante %1 no está registrado."_s.arg(ruc), CampoDeclarante::Ruc);
     transaccion.Confirma();
     return Veredicto::Bien();
 }
 
-bool Declarantes::TieneDeclaraciones(const QString& ruc) const {
-    Registros filas = m_base->Lee(
-        u"SELECT 1 FROM CAB WHERE Doc_id_d = ? UNION ALL SELECT 1 FROM HCAB WHERE Doc_id_d = ?"_s, {ruc, ruc});
+bool Declarantes::TieneDeclaraciones(const Ruc& ruc) const {
+    Registros filas =
+        m_base->Lee(u"SELECT 1 FROM CAB WHERE Doc_id_d = ? UNION ALL SELECT 1 FROM HCAB WHERE Doc_id_d = ?"_s,
+                    {ruc.Texto(), ruc.Texto()});
     return filas.Siguiente();
 }
 

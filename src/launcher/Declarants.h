@@ -1,6 +1,7 @@
 #pragma once
 
 #include "values/Message.h"
+#include "values/Ruc.h"
 
 #include <QList>
 #include <QString>
@@ -14,7 +15,7 @@ class Base;
 
 /// A taxpayer whose declarations are kept, and the user who owns him.
 struct Declarante {
-    QString ruc;
+    Ruc ruc;
     QString nombre;
     QString usuario;
 };
@@ -30,7 +31,7 @@ class Declarantes {
 
     /// Ordered by number.
     [[nodiscard]] QList<Declarante> Lista() const;
-    [[nodiscard]] std::optional<Declarante> Busca(const QString& ruc) const;
+    [[nodiscard]] std::optional<Declarante> Busca(const Ruc& ruc) const;
     /// The users that the base knows: those with a kind of their own, and the owners of declarants.
     [[nodiscard]] QStringList Usuarios() const;
 
@@ -48,13 +49,13 @@ class Declarantes {
 
     /// Refused while he has declarations, registered or sent: without his row they could be neither seen nor printed.
     /// Raises `TrabajoAjeno` while another program has a declaration open: it may be one of his, not saved yet.
-    [[nodiscard]] VeredictoDeclarante Elimina(const QString& ruc);
+    [[nodiscard]] VeredictoDeclarante Elimina(const Ruc& ruc);
 
   private:
     /// Which of the two ways of writing a declarant is meant, and what the owner may be.
     enum class Modo { Cualquiera, Nuevo, Existente };
     [[nodiscard]] VeredictoDeclarante Escribe(Declarante declarante, Modo modo);
-    [[nodiscard]] bool TieneDeclaraciones(const QString& ruc) const;
+    [[nodiscard]] bool TieneDeclaraciones(const Ruc& ruc) const;
 
     Base* m_base;
 };

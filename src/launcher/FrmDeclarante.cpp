@@ -4,6 +4,7 @@
 #include "ui_FrmDeclarante.h"
 #include "values/Text.h"
 #include "widgets/Application.h"
+#include "widgets/FieldFilters.h"
 #include "widgets/FieldKeys.h"
 #include "widgets/WidgetHelpers.h"
 
@@ -28,9 +29,9 @@ FrmDeclarante::FrmDeclarante(Avisos& avisos, const Declarante& inicial, const QS
 FrmDeclarante::~FrmDeclarante() = default;
 
 void FrmDeclarante::Muestra(const Declarante& inicial, const QStringList& usuarios) {
-    const bool nuevo = inicial.ruc.isEmpty();
+    const bool nuevo = inicial.ruc.EstaVacio();
     setWindowTitle(nuevo ? u"Agregar declarante"_s : u"Modificar declarante"_s);
-    m_ui->TxtRuc->setText(inicial.ruc);
+    m_ui->TxtRuc->setText(inicial.ruc.Texto());
     m_ui->TxtRuc->setEnabled(nuevo);
     m_ui->TxtNombre->setText(inicial.nombre);
     m_ui->CmbUsuario->addItems(usuarios);
@@ -39,10 +40,12 @@ void FrmDeclarante::Muestra(const Declarante& inicial, const QStringList& usuari
 }
 
 void FrmDeclarante::Acepta() {
-    const Declarante declarante{m_ui->TxtRuc->text(), m_ui->TxtNombre->text(), m_ui->CmbUsuario->currentText()};
+    const Declarante declarante{.ruc = Ruc(m_ui->TxtRuc->text()),
+                                .nombre = m_ui->TxtNombre->text(),
+                                .usuario = m_ui->CmbUsuario->currentText()};
     const VeredictoDeclarante veredicto = m_escribe(declarante);
     if (veredicto) {
-        m_guardado = Recorta(declarante.ruc).toString();
+        m_guardado = declarante.ruc;
         Termina();
         return;
     }

@@ -26,7 +26,7 @@ class FrmDeclarante final : public Forma {
     ~FrmDeclarante() override;
 
     /// The number of the declarant who was written; nothing when the form was left without it.
-    [[nodiscard]] const std::optional<QString>& Guardado() const { return m_guardado; }
+    [[nodiscard]] const std::optional<Ruc>& Guardado() const { return m_guardado; }
 
   private:
     void Muestra(const Declarante& inicial, const QStringList& usuarios);
@@ -36,7 +36,7 @@ class FrmDeclarante final : public Forma {
     std::unique_ptr<Ui::FrmDeclarante> m_ui;
     Avisos* m_avisos;
     Escritura m_escribe;
-    std::optional<QString> m_guardado;
+    std::optional<Ruc> m_guardado;
 };
 
 } // namespace xa518

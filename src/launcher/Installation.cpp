@@ -121,7 +121,8 @@ QStringList Instalacion::InstalaEjemploDe(const Formulario& formulario, Base& ba
         if (const Veredicto veredicto = declarantes.Registra(empresa); !veredicto)
             throw Error(NumeroError::ArgumentoInvalido, veredicto.Motivo().texto);
     }
-    return QStringList{u"Ejemplo: declarante %1 %2, archivos en %3"_s.arg(empresa.ruc, empresa.nombre, carpeta)} +
+    return QStringList{
+               u"Ejemplo: declarante %1 %2, archivos en %3"_s.arg(empresa.ruc.Texto(), empresa.nombre, carpeta)} +
            ejemplo.CopiaArchivos();
 }
 

@@ -38,9 +38,9 @@ void PagDeclarantes::Carga(Base& base) {
 void PagDeclarantes::Muestra(const QStringList& propios) {
     QList<FilaDeLista> filas;
     for (const Declarante& declarante : m_lista) {
-        const bool propio = propios.contains(declarante.ruc);
+        const bool propio = propios.contains(declarante.ruc.Texto());
         const QString usuario = propio ? declarante.usuario : u"%1 (otro usuario)"_s.arg(declarante.usuario);
-        filas.append({declarante.ruc, {declarante.ruc, declarante.nombre, usuario}});
+        filas.append({declarante.ruc.Texto(), {declarante.ruc.Texto(), declarante.nombre, usuario}});
     }
     m_ui->GrdDeclarantes->Llena(filas);
     QString texto = u"Declarantes registrados: %1"_s.arg(m_lista.size());
@@ -74,14 +74,14 @@ void PagDeclarantes::Abre(const Declarante& inicial, VeredictoDeclarante (Declar
     EjecutaSobre(*window(), forma);
     if (forma.Guardado())
         Carga(*LaSesion().Abre());
-    m_ui->GrdDeclarantes->Elige(forma.Guardado().value_or(inicial.ruc));
+    m_ui->GrdDeclarantes->Elige(forma.Guardado().value_or(inicial.ruc).Texto());
 }
 
 void PagDeclarantes::Elimina() {
     const Declarante declarante = m_lista.at(m_ui->GrdDeclarantes->Fila());
     const Mensaje pregunta{
         Icono::Pregunta,
-        u"¿Confirma que va a eliminar al declarante %1, %2?"_s.arg(declarante.ruc, declarante.nombre),
+        u"¿Confirma que va a eliminar al declarante %1, %2?"_s.arg(declarante.ruc.Texto(), declarante.nombre),
         {}};
     if (LosAvisos().Pregunta(pregunta, Respuesta::No) == Respuesta::No)
         return;

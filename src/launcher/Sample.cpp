@@ -37,7 +37,7 @@ QString CopiaArchivo(const QString& origen, const QString& destino) {
 
 Declarante Ejemplo::Empresa() const {
     const QStringList fila = LeeArchivoCsv(m_recurso + u'/' + kArchivoEmpresa, {u"ruc"_s, u"nombre"_s}).constFirst();
-    return {.ruc = fila[0], .nombre = fila[1], .usuario = {}};
+    return {.ruc = Ruc(fila[0]), .nombre = fila[1], .usuario = {}};
 }
 
 QStringList Ejemplo::CopiaArchivos() const {

@@ -34,7 +34,7 @@ int SinVentana(int argc, char** argv, const EntornoConsola& entorno) {
 VistaDeInforme VistaPreliminar(const Reloj& reloj, Avisos& avisos, DialogosDeArchivo& archivos) {
     return [&reloj, &avisos, &archivos](QWidget& ventana, const QString& carpeta, const InformeRegistrado& informe) {
         const QString titulo = u"%1 - RUC %2"_s.arg(informe.titulo, informe.ruc);
-        MuestraReporte({carpeta, informe.usuario, reloj, avisos, archivos}, {informe.archivo, titulo, {}}, &ventana);
+        MuestraReporte({carpeta, informe.usuario, reloj, avisos, archivos}, {informe.archivo, titulo, {}}, ventana);
     };
 }
 

@@ -4,6 +4,7 @@
 #include "family/Process.h"
 #include "printouts/AnnexReport.h"
 #include "printouts/DeclarationReport.h"
+#include "reports/FollowedReport.h"
 #include "reports/SpoolFile.h"
 #include "reports/SpoolRegistry.h"
 
@@ -53,7 +54,8 @@ Registrado RegistroDe(const PedidoInforme& pedido) {
 }
 
 QString EscribeConRuta(Proceso& proceso, const PedidoInforme& pedido) {
-    return RutaDeInforme(proceso.rutaRPT, EscribeInforme(proceso, pedido));
+    SinAvance nadie;
+    return RutaDeInforme(proceso.rutaRPT, EscribeInforme(proceso, pedido, nadie));
 }
 
 } // namespace
@@ -67,11 +69,18 @@ void EjecutaReporte(Proceso& proceso, const PedidoInforme& pedido, DestinoInform
     destino.Termina();
 }
 
-QString EscribeInforme(Proceso& proceso, const PedidoInforme& pedido) {
+QString EscribeInforme(Proceso& proceso, const PedidoInforme& pedido, Avance& avance) {
     const auto [codigo, doc] = RegistroDe(pedido);
     QString archivo = NuevoReporte(proceso, codigo, kTipoRuc, doc);
-    ArchivoSpool spool(RutaDeInforme(proceso.rutaRPT, archivo));
-    EjecutaReporte(proceso, pedido, spool);
+    const QString ruta = RutaDeInforme(proceso.rutaRPT, archivo);
+    try {
+        ArchivoSpool spool(ruta);
+        InformeSeguido seguido(spool, avance);
+        EjecutaReporte(proceso, pedido, seguido);
+    } catch (const Detenido&) {
+        QFile::remove(ruta);
+        throw;
+    }
     return archivo;
 }
 

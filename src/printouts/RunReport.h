@@ -10,6 +10,7 @@
 
 namespace xa518 {
 
+class Avance;
 struct Proceso;
 
 /// A declaration's print-out, PER006, or its annex, PER007.
@@ -26,7 +27,8 @@ void EjecutaReporte(Proceso& proceso, const PedidoInforme& pedido, DestinoInform
 
 /// Allocates a spool file, writes the report to it and returns the file's name, without folder.
 /// Raises `ErrorBase`, and `Error` (`AccesoAlDisco`) when the folder can't be written.
-[[nodiscard]] QString EscribeInforme(Proceso& proceso, const PedidoInforme& pedido);
+/// Stopped by `avance` it leaves no file, and like any report that is never written its number taken.
+[[nodiscard]] QString EscribeInforme(Proceso& proceso, const PedidoInforme& pedido, Avance& avance);
 
 /// The spool files that were written, by their full names, and why the rest wasn't.
 struct InformesEmitidos {

@@ -10,7 +10,7 @@
 #include "reports/frmImpxPag.h"
 #include "values/Text.h"
 #include "widgets/Application.h"
-#include "widgets/HourGlass.h"
+#include "widgets/LongTask.h"
 #include "widgets/QueryModel.h"
 #include "widgets/StatusBar.h"
 
@@ -115,28 +115,34 @@ std::optional<PedidoDeclaracion> frmImprimir::Pedido() {
     return PedidoDeclaracion{*datos, anexo};
 }
 
-void frmImprimir::Preliminar() {
-    RelojDeArena reloj;
+/// Builds the report that is asked for, and goes on with it.
+void frmImprimir::Escribe(std::function<void(const PedidoDeclaracion&, const ReportePedido&)> sigue) {
     const std::optional<PedidoDeclaracion> pedido = Pedido();
     if (!pedido)
         return;
-    const QString archivo = EscribeInforme(m_proceso, *pedido);
-    reloj.Suelta();
-    MuestraReporte(m_entorno, {archivo, TituloDe(pedido->datos.clave, pedido->anexo), {}}, this);
+    CorreTarea(
+        *this, {.titulo = u"Preparando el reporte"_s},
+        [aparte = ProcesoAparte(m_proceso), pedido = *pedido](Avance& avance) {
+            Proceso proceso = aparte.Abre();
+            return EscribeInforme(proceso, pedido, avance);
+        },
+        [pedido = *pedido, sigue = std::move(sigue)](const QString& archivo) {
+            sigue(pedido, {archivo, TituloDe(pedido.datos.clave, pedido.anexo), {}});
+        });
+}
+
+void frmImprimir::Preliminar() {
+    Escribe(
+        [this](const PedidoDeclaracion&, const ReportePedido& reporte) { MuestraReporte(m_entorno, reporte, *this); });
 }
 
 /// Always by way of the range, however short the report.
 void frmImprimir::Imprimir() {
-    RelojDeArena reloj;
-    const std::optional<PedidoDeclaracion> pedido = Pedido();
-    if (!pedido)
-        return;
-    const QString archivo = EscribeInforme(m_proceso, *pedido);
-    const int hojas = HojasDeImpresion(*pedido, LeeNumeroHojas(RutaDeInforme(m_entorno.rutaRPT, archivo)));
-    reloj.Suelta();
-    frmImpxPag dialogo(m_entorno, {archivo, TituloDe(pedido->datos.clave, pedido->anexo), {}},
-                       {hojas, TituloImpresion(hojas)}, this);
-    AbreModal(dialogo);
+    Escribe([this](const PedidoDeclaracion& pedido, const ReportePedido& reporte) {
+        const int hojas = HojasDeImpresion(pedido, LeeNumeroHojas(RutaDeInforme(m_entorno.rutaRPT, reporte.archivo)));
+        frmImpxPag dialogo(m_entorno, reporte, {hojas, TituloImpresion(hojas)}, this);
+        AbreModal(dialogo);
+    });
 }
 
 void frmImprimir::Salir() {

@@ -35,6 +35,7 @@ class frmImprimir final : public Forma {
 
     /// What was chosen, ready to be reported; nothing when it can't be, of which the user has been told.
     [[nodiscard]] std::optional<PedidoDeclaracion> Pedido();
+    void Escribe(std::function<void(const PedidoDeclaracion&, const ReportePedido&)> sigue);
     void Preliminar();
     void Imprimir();
 

@@ -27,34 +27,32 @@ QString ReportePedido::Titulo() const {
     return titulo.isEmpty() ? u"Reporte "_s + QFileInfo(archivo).completeBaseName() : titulo;
 }
 
-void VerReporte(const EntornoInformes& entorno, const ReportePedido& pedido, ModoReporte modo, QWidget* padre) {
+void VerReporte(const EntornoInformes& entorno, const ReportePedido& pedido, ModoReporte modo, QWidget& padre) {
     if (modo == ModoReporte::Impresora) {
         ImprimeReporte(entorno, pedido, padre);
         return;
     }
-    frmPreview vista(entorno, pedido, padre);
+    frmPreview vista(entorno, pedido, &padre);
     AbreSobre(vista, padre);
 }
 
 /// A file that is missing or can't be read counts as a short one: the preview is who tells it.
-void MuestraReporte(const EntornoInformes& entorno, const ReportePedido& pedido, QWidget* padre) {
+void MuestraReporte(const EntornoInformes& entorno, const ReportePedido& pedido, QWidget& padre) {
     const QString ruta = RutaDeInforme(entorno.rutaRPT, pedido.archivo);
     const int hojas = NumeroDeHojasDe(ruta).value_or(0);
     if (ViaPara(hojas) == ViaInforme::Directa) {
         VerReporte(entorno, {pedido.archivo, pedido.titulo, {}}, ModoReporte::Vprevia, padre);
         return;
     }
-    frmImpxPag dialogo(entorno, pedido, {hojas, TituloPaginas(hojas)}, padre);
+    frmImpxPag dialogo(entorno, pedido, {hojas, TituloPaginas(hojas)}, &padre);
     AbreSobre(dialogo, padre);
 }
 
-void AbreSobre(QDialog& forma, QWidget* ventana) {
-    if (auto* debajo = qobject_cast<Forma*>(ventana))
+void AbreSobre(QDialog& forma, QWidget& ventana) {
+    if (auto* debajo = qobject_cast<Forma*>(&ventana))
         debajo->AbreModal(forma);
-    else if (ventana)
-        EjecutaSobre(*ventana, forma);
     else
-        forma.exec();
+        EjecutaSobre(ventana, forma);
 }
 
 } // namespace xa518

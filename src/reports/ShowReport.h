@@ -39,13 +39,13 @@ struct ReportePedido {
 enum class ModoReporte { Vprevia, Impresora };
 
 /// Shows the preview modally over a window, or prints the report without showing anything.
-void VerReporte(const EntornoInformes& entorno, const ReportePedido& pedido, ModoReporte modo, QWidget* padre);
+void VerReporte(const EntornoInformes& entorno, const ReportePedido& pedido, ModoReporte modo, QWidget& padre);
 
 /// A finished report on its way to the user: short ones go straight to the preview, those of 16 pages or more by way of
 /// the dialog of the page range.
-void MuestraReporte(const EntornoInformes& entorno, const ReportePedido& pedido, QWidget* padre);
+void MuestraReporte(const EntornoInformes& entorno, const ReportePedido& pedido, QWidget& padre);
 
-/// Opens a form modally over a window, which may be none or no form.
-void AbreSobre(QDialog& forma, QWidget* ventana);
+/// Opens a form modally over a window, which may be no form.
+void AbreSobre(QDialog& forma, QWidget& ventana);
 
 } // namespace xa518

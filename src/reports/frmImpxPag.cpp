@@ -6,6 +6,7 @@
 #include "reports/PageRange.h"
 #include "reports/SpoolRegistry.h"
 #include "widgets/Application.h"
+#include "widgets/FieldFilters.h"
 #include "widgets/FieldKeys.h"
 #include "widgets/WidgetHelpers.h"
 
@@ -51,7 +52,7 @@ void frmImpxPag::Preliminar() {
         return;
     }
     m_pedido.rango = TomaRango(desde, hasta);
-    VerReporte(m_entorno, m_pedido, ModoReporte::Vprevia, this);
+    VerReporte(m_entorno, m_pedido, ModoReporte::Vprevia, *this);
 }
 
 } // namespace xa518

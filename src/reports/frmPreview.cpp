@@ -9,7 +9,7 @@
 #include "reports/SpoolRegistry.h"
 #include "values/Error.h"
 #include "widgets/Application.h"
-#include "widgets/HourGlass.h"
+#include "widgets/LongTask.h"
 
 #include <QKeyEvent>
 #include <QShortcut>
@@ -41,13 +41,13 @@ frmPreview::frmPreview(EntornoInformes entorno, ReportePedido pedido, QWidget* p
     m_ui->setupUi(this);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     LlenaAmpliaciones();
-    Lee();
     Conecta();
     ConectaTeclas();
     Prepara({m_ui->tlbPrevia_5});
     PonIconos(*this);
-    Mostrar(Direccion::Primera);
+    MuestraLoLeido();
     m_ui->picFondo->setFocus();
+    Lee();
 }
 
 frmPreview::~frmPreview() = default;
@@ -58,14 +58,25 @@ void frmPreview::Lee() {
     const QString ruta = RutaDeInforme(m_entorno.rutaRPT, m_pedido.archivo);
     if (const Veredicto veredicto = ValidaArchivoInforme(ruta); !veredicto) {
         m_entorno.avisos.Muestra(veredicto.Motivo());
-    } else {
-        try {
-            const RelojDeArena reloj;
-            m_informe = InformeSpool::Abre(ruta);
-        } catch (const Error& falla) {
-            qWarning().noquote() << falla.Texto();
-        }
+        return;
     }
+    const auto sinPalabras = [](const std::exception_ptr& falla) {
+        try {
+            std::rethrow_exception(falla);
+        } catch (const Error& error) {
+            qWarning().noquote() << error.Texto();
+        }
+    };
+    CorreTarea(
+        *this, {.titulo = u"Abriendo el reporte"_s, .seDetiene = false, .alFallar = sinPalabras},
+        [ruta](Avance& /*avance*/) { return std::shared_ptr(InformeSpool::Abre(ruta)); },
+        [this](std::shared_ptr<InformeSpool> informe) {
+            m_informe = std::move(informe);
+            MuestraLoLeido();
+        });
+}
+
+void frmPreview::MuestraLoLeido() {
     m_ui->picFondo->PonInforme(m_informe.get());
     m_ui->txtPagina->setMaximum(Ultima() + 1);
     m_ui->lblPaginas->setText(u"de %1"_s.arg(Ultima() + 1));
@@ -73,6 +84,8 @@ void frmPreview::Lee() {
     m_ui->CmdPdf->setEnabled(m_informe != nullptr);
     m_ui->lblRango->setVisible(m_pedido.rango.usar);
     m_ui->lblRango->setText(TextoRango(m_pedido.rango, Ultima() + 1));
+    Mostrar(Direccion::Primera);
+    Amplia(); // its sheets may lie
 }
 
 void frmPreview::Conecta() {
@@ -196,12 +209,12 @@ void frmPreview::wheelEvent(QWheelEvent* evento) {
 }
 
 void frmPreview::Imprime() {
-    ImprimeReporte(m_entorno, m_pedido, this);
+    ImprimeReporte(m_entorno, m_pedido, *this);
 }
 
 /// The whole report: the range limits what is printed.
 void frmPreview::GuardaPdf() {
-    GuardaReporteComoPdf(m_entorno, m_pedido, {});
+    GuardaReporteComoPdf(m_entorno, m_pedido, {}, *this);
 }
 
 } // namespace xa518

@@ -28,6 +28,7 @@ class frmPreview final : public Forma {
     enum class Direccion { Anterior = -2, Siguiente = -1, Primera = 0 };
 
     void Lee();
+    void MuestraLoLeido();
     void Conecta();
     void ConectaTeclas();
     void LlenaAmpliaciones();
@@ -46,7 +47,7 @@ class frmPreview final : public Forma {
 
     EntornoInformes m_entorno;
     ReportePedido m_pedido;
-    std::unique_ptr<InformeSpool> m_informe;
+    std::shared_ptr<InformeSpool> m_informe;
     int m_paginaVista = 0; ///< from 0
     std::unique_ptr<Ui::frmPreview> m_ui;
 };

@@ -209,6 +209,11 @@ std::strong_ordering operator<=>(const Decimal& a, const Decimal& b) {
                                  : std::strong_ordering::equal;
 }
 
+std::optional<Importe> Importe::Lee(QStringView texto) {
+    const std::optional<Decimal> valor = Decimal::Lee(texto);
+    return valor ? std::optional(De(*valor)) : std::nullopt;
+}
+
 Importe Importe::De(const Decimal& valor) {
     const Entero128 fijo = valor.RedondeaPar(4).Mantisa();
     if (fijo > std::numeric_limits<qint64>::max() || fijo < -std::numeric_limits<qint64>::max())

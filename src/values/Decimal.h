@@ -72,6 +72,9 @@ class Importe {
     /// The leading numeric part of a text, fixed to four decimals.
     [[nodiscard]] static Importe Valor(QStringView texto) { return De(Decimal::Valor(texto)); }
 
+    /// The amount that the whole text reads as; nothing when it isn't numeric.
+    [[nodiscard]] static std::optional<Importe> Lee(QStringView texto);
+
     [[nodiscard]] Decimal ADecimal() const { return {m_diezmilesimos, 4}; }
     [[nodiscard]] int Signo() const { return m_diezmilesimos < 0 ? -1 : m_diezmilesimos > 0 ? 1 : 0; }
     [[nodiscard]] QString Texto() const { return ADecimal().Texto(); }

@@ -1,7 +1,8 @@
-#include "widgets/FieldKeys.h"
+#include "widgets/FieldFilters.h"
 
 #include "values/ObjetoUtil.h"
 #include "values/Text.h"
+#include "widgets/FieldKeys.h"
 
 #include <QLineEdit>
 

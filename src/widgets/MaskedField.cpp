@@ -1,6 +1,6 @@
 #include "widgets/MaskedField.h"
 
-#include "widgets/FieldKeys.h"
+#include "widgets/FieldFilters.h"
 
 #include <QFocusEvent>
 

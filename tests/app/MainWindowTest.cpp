@@ -21,10 +21,11 @@ class MainWindowTest : public ModuloDePrueba {
   protected:
     void SetUp() override {
         Dialogos dialogos;
-        dialogos.declaracion = [this](BarradeEstadoQMD&, const std::optional<DeclaracionElegida>& elegida,
-                                      QWidget* padre) {
-            EXPECT_FALSE(elegida);
-            return Falso(u"Frm518"_s, padre);
+        dialogos.declaracion = [](BarradeEstadoQMD&, const AperturaPedida& pedida) {
+            EXPECT_FALSE(pedida.elegida);
+            QDialog forma(pedida.padre);
+            forma.setObjectName(u"Frm518"_s);
+            pedida.muestra(forma);
         };
         dialogos.impresion = [this](BarradeEstadoQMD&, bool enviadas, QWidget* padre) {
             return Falso(enviadas ? u"frmImprimir sent"_s : u"frmImprimir"_s, padre);

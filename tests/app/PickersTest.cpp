@@ -22,15 +22,16 @@ class PickersTest : public ModuloDePrueba {
         Declarante(6, kBeto, u"ALMACEN BETO"_s, u"JEFA"_s);
         Declarante(6, u"20300000007"_s, u"DE OTRO"_s, u"OTRO"_s);
         AbreElProceso();
-        dialogos.declaracion = [this](BarradeEstadoQMD&, const std::optional<DeclaracionElegida>& elegida,
-                                      QWidget* padre) {
+        dialogos.declaracion = [this](BarradeEstadoQMD&, const AperturaPedida& pedida) {
             if (alAbrir)
                 alAbrir();
-            const ClaveDeclaracion& clave = elegida.value().clave;
-            elegidas.append(QStringList{clave.ruc.Texto(), elegida->nombre, clave.periodo.EnLista(), elegida->norden,
-                                        elegida->control, clave.correl}
+            const DeclaracionElegida& elegida = pedida.elegida.value();
+            const ClaveDeclaracion& clave = elegida.clave;
+            elegidas.append(QStringList{clave.ruc.Texto(), elegida.nombre, clave.periodo.EnLista(), elegida.norden,
+                                        elegida.control, clave.correl}
                                 .join(u'|'));
-            return std::make_unique<QDialog>(padre);
+            QDialog forma(pedida.padre);
+            pedida.muestra(forma);
         };
     }
     void Registradas() const {
@@ -93,12 +94,14 @@ TEST_F(PickersTest, OpensTheRowHiddenAndComesBackToIt) {
     Registradas();
     const auto lista = Abre<FrmContAbrir>(OpcionDeLista::Modificar);
     EXPECT_EQ(barra.Ruc() + barra.Nombre() + barra.Periodo(), kAna + u"ANA  S.A."_s + u"10/2026"_s);
-    alAbrir = [&] { EXPECT_FALSE(lista->isVisible()); };
     const QList<std::function<void()>> gestos = {[&] { DobleClic(*lista, 1); },
                                                  [&] { QTest::keyClick(&Grilla(*lista), Qt::Key_Return); },
                                                  [&] { Boton(*lista, 0); }};
     for (const auto& gesto : gestos) {
-        AlAbrir({}, [&](QWidget& /*forma*/) { barra.Limpia({}); });
+        AlAbrir({}, [&](QWidget& /*forma*/) {
+            EXPECT_FALSE(lista->isVisible());
+            barra.Limpia({});
+        });
         gesto();
         EXPECT_TRUE(lista->isVisible());
         EXPECT_EQ(elegidas.takeLast(), kBeto + u"|ALMACEN BETO|092026|||"_s);

@@ -40,7 +40,7 @@ TEST_F(CatalogTest, DocumentsAreOfferedByFlagInTheOrderOfTheirKey) {
         QStringList lista;
         for (const TipoDocumento& tipo : DocumentosOfrecidos(*m_base, {u"uso", bandera, 1}))
             lista.append(
-                QStringList{tipo.codigo, tipo.corto, tipo.lenDoc, tipo.tipoDato, tipo.tipoLongitud}.join(u'|'));
+                QStringList{tipo.codigo.Texto(), tipo.corto, tipo.lenDoc, tipo.tipoDato, tipo.tipoLongitud}.join(u'|'));
         return lista;
     };
     EXPECT_EQ(ofrecidos(49),
@@ -51,15 +51,17 @@ TEST_F(CatalogTest, DocumentsAreOfferedByFlagInTheOrderOfTheirKey) {
 TEST_F(CatalogTest, DocumentTypesDecideWhichNumbersFit) {
     Documentos();
     for (const QString& buena : u" 01 =12345678|4=AB12"_s.split(u'|'))
-        EXPECT_TRUE(ValidaDocumento(*m_base, {buena.section(u'=', 0, 0), buena.section(u'=', 1)})) << qPrintable(buena);
+        EXPECT_TRUE(ValidaDocumento(*m_base, {CodigoDocumento::De(buena.section(u'=', 0, 0)), buena.section(u'=', 1)}))
+            << qPrintable(buena);
     // The last one's type has no row.
     for (const QString& mala : u"1=1234567|1=1234567A|1=  |4=AB12-3|4=1234567890123|4=ñ1|9=123|=12345678|"
                                "6=20555123451"_s.split(u'|'))
-        EXPECT_FALSE(ValidaDocumento(*m_base, {mala.section(u'=', 0, 0), mala.section(u'=', 1)})) << qPrintable(mala);
+        EXPECT_FALSE(ValidaDocumento(*m_base, {CodigoDocumento::De(mala.section(u'=', 0, 0)), mala.section(u'=', 1)}))
+            << qPrintable(mala);
     Documento(u"6"_s, u"RUC"_s, u"11"_s, u"01"_s, u"0 0"_s);
-    EXPECT_TRUE(ValidaDocumento(*m_base, {u"6"_s, u"2055512345"_s}));
+    EXPECT_TRUE(ValidaDocumento(*m_base, {CodigoDocumento(6), u"2055512345"_s}));
     Documento(u"6"_s, u"RUC"_s, u"11"_s, u"01"_s, u"0 1"_s);
-    EXPECT_FALSE(ValidaDocumento(*m_base, {u"6"_s, u"2055512345"_s}));
+    EXPECT_FALSE(ValidaDocumento(*m_base, {CodigoDocumento(6), u"2055512345"_s}));
 }
 
 class RecordChecksumTest : public BaseDePrueba {

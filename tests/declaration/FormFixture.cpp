@@ -28,8 +28,14 @@ void ConFormulario::SetUp() {
 
 void ConFormulario::Abre(const std::optional<DeclaracionElegida>& elegida) {
     m_forma.reset(); // one form at a time holds the work tables
-    m_forma = std::make_unique<Frm518>(m_proceso, m_avisos, m_barra, m_dialogos, elegida);
-    Muestra(*m_forma);
+    QWidget detras;
+    TomaTablas(detras, m_proceso, elegida, [&](const TablasTomadas& tablas) {
+        m_forma =
+            std::make_unique<Frm518>(EntornoDeclaracion{m_proceso, m_avisos, m_barra, m_dialogos}, tablas, elegida);
+    });
+    EsperaTrabajos();
+    if (m_forma)
+        Muestra(*m_forma);
 }
 
 void ConFormulario::AbreNueva() {

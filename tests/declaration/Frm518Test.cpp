@@ -332,7 +332,7 @@ TEST_F(Frm518Test, ABaseThatFailsIsToldAndLeavesWhatWasTyped) {
     } casos[] = {
         {"locked", [&] { ajena.emplace(m_base->Comienza()); }, u"La base de datos está ocupada por otro programa."_s},
         {"moved away", [&] { EXPECT_TRUE(QFile::rename(ruta, ruta + u'_')); },
-         u"El archivo de la base de datos ya no está en su lugar."_s},
+         u"No se encuentra el archivo '%1'."_s.arg(ruta)},
         {"overwritten", [&] { EscribeEn(ruta, QByteArray(100'000, 'x')); },
          u"El archivo está dañado o no es una base de datos."_s},
         {"emptied", [&] { EscribeEn(ruta, {}); }, u"A la base de datos le falta una tabla."_s}};

@@ -1,14 +1,32 @@
 #include "declaration/Save.h"
 
+#include "data/FollowedWork.h"
 #include "declaration/ClientGrid.h"
 #include "form518/Form0518.h"
+#include "form518/RowCounts.h"
 #include "form518/WorkTables.h"
 #include "support/TemporaryBase.h"
+#include "values/Progress.h"
 
 namespace {
 
 const QDate kHoy(2026, 11, 21);
 const ClaveDeclaracion kClave{.ruc = Ruc(u"20100000009"), .periodo = Periodo(2026, 10), .formulario = kNumFormulario};
+
+/// Somebody who thinks better of it once half of the rows are there.
+class HastaLaMitad final : public Avance {
+  public:
+    void Va(qint64 hecho, qint64 total) override {
+        EXPECT_LE(m_hecho, hecho);
+        EXPECT_LE(hecho, total);
+        m_hecho = hecho;
+        if (hecho * 2 >= total)
+            throw Detenido();
+    }
+
+  private:
+    qint64 m_hecho = 0;
+};
 
 class Save : public testing::Test {
   protected:
@@ -104,7 +122,7 @@ TEST_F(Save, SavingAgainReplacesEveryRowOrNone) {
     base->Ejecuta(u"UPDATE TMPF518PDETCP SET mto_detcp=? WHERE num_detcp='00000012'"_s, {QString(400, u'Z')});
     EXPECT_THROW((void)GrabaDeclaracion(*base, Nueva(), kHoy.addDays(1)), Desbordamiento);
     EXPECT_EQ(Retrato(*base), primero);
-    TablasTrabajo(*base).EliminaCliente(6, u"20500000007"_s);
+    TablasTrabajo(*base).EliminaCliente({CodigoDocumento(6), u"20500000007"_s});
     ASSERT_EQ(GrabaDeclaracion(*base, Nueva(), kHoy).estado, 0);
     EXPECT_EQ(base.Filas(u"SELECT count(*) FROM F518PDETCP"_s), QStringList{u"0"_s});
     EXPECT_EQ(Casilla(u"501"_s), u"1"_s);
@@ -138,6 +156,31 @@ TEST_F(Save, WithoutClientsTheTotalsLeaveNoRow) {
     ASSERT_EQ(GrabaDeclaracion(*base, Nueva(), kHoy).estado, 0);
     EXPECT_TRUE(base.Filas(u"SELECT num_doc_per FROM F518PCAB"_s).isEmpty());
     EXPECT_EQ(Casilla(u"501"_s), u"0"_s);
+}
+
+/// A save, or an opening, that is stopped in the middle of a statement leaves the base as it was.
+TEST_F(Save, StoppedInTheMiddleNothingHasHappened) {
+    Detalle();
+    ASSERT_EQ(GrabaDeclaracion(*base, Nueva(), kHoy).estado, 0);
+    base->Ejecuta(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 5000) "
+                  "INSERT INTO TMPF518PDET SELECT 6, '20500000007', '0002', printf('%08d', i), '', '1', '0', '9', "
+                  "'05/10/2026', '1.00', '0.02', '2.00' FROM n"_s);
+    const QString guardada = Retrato(*base);
+    const auto seDetiene = [&](const std::function<void()>& trabajo) {
+        HastaLaMitad avance;
+        const TrabajoSeguido seguido(*base, avance, FilasDelDetalle(*base, kClave));
+        EXPECT_THROW(trabajo(), Detenido);
+    };
+    seDetiene([&] { (void)GrabaDeclaracion(*base, Nueva(), kHoy.addDays(1)); });
+    EXPECT_EQ(Retrato(*base), guardada);
+
+    ASSERT_EQ(GrabaDeclaracion(*base, Nueva(), kHoy).estado, 0);
+    base->Ejecuta(u"DELETE * FROM TMPF518PDETCP"_s);
+    seDetiene([&] { TablasTrabajo(*base).Reconstruye(kClave); });
+    EXPECT_EQ(base.Filas(u"SELECT count(*) FROM TMPF518PDET"_s), QStringList{u"5003"_s});
+    EXPECT_EQ(base.Filas(u"SELECT count(*) FROM TMPF518PDETCP"_s), QStringList{u"0"_s});
+    TablasTrabajo(*base).Reconstruye(kClave);
+    EXPECT_EQ(base.Filas(u"SELECT count(*) FROM TMPF518PDETCP"_s), QStringList{u"2"_s}) << "the base goes on";
 }
 
 } // namespace

@@ -37,7 +37,7 @@ class ClientDialogTest : public DetailTest {
         return lista(u"num_doc_per"_s, u"TMPF518PCAB"_s) + u" / "_s + lista(u"num_cp & tip_cp"_s, u"TMPF518PDET"_s) +
                u" / "_s + lista(u"num_cp"_s, u"TMPF518PDETCP"_s);
     }
-    const FilaCliente m_fila{u"06"_s, kEmpresa + u' ', u"ACME S.A."_s, {}, {}, {}};
+    const FilaCliente m_fila{CodigoDocumento(6), kEmpresa + u' ', u"ACME S.A."_s, {}, {}, {}};
 };
 
 TEST_F(ClientDialogTest, RefusesInItsOrder) {
@@ -174,7 +174,7 @@ TEST_F(ClientDialogTest, AClientOfATypeThatIsNotOfferedOpensOnHisVouchers) {
     m_base.Param(u"044"_s, u"2"_s, Funcion({{32, u"CARNET F.P."_s}, {46, u"12"_s}, {128, u"0"_s}, {130, u"0"_s}}));
     MeteComprobante(u"555"_s, u"1"_s);
     m_base->Ejecuta(u"UPDATE TMPF518PDET SET tip_doc_per=2"_s);
-    const auto forma = Abre(FilaCliente{u"2"_s, u"555"_s, {}, u"ROJAS"_s, {}, u"ANA"_s});
+    const auto forma = Abre(FilaCliente{CodigoDocumento(2), u"555"_s, {}, u"ROJAS"_s, {}, u"ANA"_s});
     EXPECT_EQ(De<QTableView>(*forma, "GrdPer").model()->rowCount(), 1);
     AlAbrir(u"FrmDetAgePer"_s,
             [](QWidget& detalle) { EXPECT_EQ(De<QComboBox>(detalle, "CmbTipDoc").currentText().left(2), u"02"_s); });

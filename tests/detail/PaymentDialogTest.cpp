@@ -10,8 +10,8 @@ class PaymentDialogTest : public DetailTest {
   protected:
     std::unique_ptr<frmPerDet> Abre(ModoDetalle modo, const ClavePago& clave = {}, const QString& fecha = {},
                                     const QString& monto = {}) {
-        ComprobanteDePago pago{clave, fecha, monto};
-        pago.clave.comprobante = {{6, kEmpresa}, u"P001"_s, u"00000001"_s, {}};
+        ComprobanteDePago pago{clave, fecha, MontoEscrito(monto)};
+        pago.clave.comprobante = {{CodigoDocumento(6), kEmpresa}, u"P001"_s, u"00000001"_s, {}};
         auto forma = std::make_unique<frmPerDet>(m_entorno, modo, pago, u"1"_s);
         Muestra(*forma);
         return forma;

@@ -51,7 +51,7 @@ TEST(VoucherChecks, SeriesByDateOfIssue) {
 }
 
 TEST(ClientLayout, ReadsTheRulesOfATypeBackFromItsItem) {
-    const QString item = ItemDe({u"04"_s, u"CARNE EXT. "_s, u"12"_s, u"5"_s, u"0"_s});
+    const QString item = ItemDe({CodigoDocumento(4), u"CARNE EXT. "_s, u"12"_s, u"5"_s, u"0"_s});
     EXPECT_EQ(item, u"04  -  "_s + u"CARNE EXT. "_s.leftJustified(60) + u"12 5 0"_s);
     EXPECT_EQ(ReglaDe(item).limite, 12);
     EXPECT_TRUE(ReglaDe(item).soloDigitos);

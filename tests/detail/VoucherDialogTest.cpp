@@ -11,12 +11,14 @@ const QString kFaltaPago = u"Ingrese al menos un comprobante de pago"_s;
 
 class VoucherDialogTest : public DetailTest {
   protected:
-    std::unique_ptr<FrmDetAgePer> Nuevo() { return Abre(ModoDetalle::Nuevo, {{{6, kEmpresa}, {}, {}, {}}, {}}); }
+    std::unique_ptr<FrmDetAgePer> Nuevo() {
+        return Abre(ModoDetalle::Nuevo, {{{CodigoDocumento(6), kEmpresa}, {}, {}, {}}, {}});
+    }
     /// The stored voucher P001-1, with its answers.
     std::unique_ptr<FrmDetAgePer> Modifica(const QString& contado = {}) {
-        return Abre(ModoDetalle::Modificar,
-                    {{{6, kEmpresa}, u"P001"_s, u"00000001"_s, contado},
-                     {u"1"_s, u"0"_s, u"0"_s, u"15/10/2026"_s, u"100.00"_s, u"9.99"_s, u"9"_s}});
+        return Abre(ModoDetalle::Modificar, {{{CodigoDocumento(6), kEmpresa}, u"P001"_s, u"00000001"_s, contado},
+                                             {u"1"_s, u"0"_s, u"0"_s, u"15/10/2026"_s, MontoEscrito(u"100.00"_s),
+                                              Importe::Valor(u"9.99"), u"9"_s}});
     }
     void MeteComprobante(const QString& contado = {}) {
         m_base->Ejecuta(

@@ -71,10 +71,17 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
         Ve(FrmAyuda(QStringLiteral(XA518_AYUDA)), u"help"_s, mira);
         Ve(FrmConsola(entorno, avisos, {}), u"launcher"_s, mira);
         for (const QString& ruc : {QString(), kRuc})
-            Ve(FrmDeclarante(avisos, {ruc, {}, {}}, {u"CONTADOR"_s}, {}, nullptr), u"declarant"_s, mira);
+            Ve(FrmDeclarante(avisos, {Ruc(ruc), {}, {}}, {u"CONTADOR"_s}, {}, nullptr), u"declarant"_s, mira);
     }
 
   private:
+    void EnLaDeclaracion(const std::optional<DeclaracionElegida>& elegida, const QString& nombre, const Mirada& mira) {
+        QWidget detras;
+        TomaTablas(detras, proceso, elegida, [&](const TablasTomadas& tablas) {
+            Ve(Frm518({proceso, avisos, barra}, tablas, elegida), nombre, mira);
+        });
+        EsperaTrabajos();
+    }
     void EnElDetalle(const Mirada& mira) {
         const DeclaracionElegida registrada{
             .clave = {.ruc = Ruc(kRuc), .periodo = Periodo(2026, 10), .formulario = kNumFormulario},
@@ -85,14 +92,15 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
         enviada.clave.correl = u"1"_s;
         enviada.norden = u"0"_s;
         enviada.control = u"00000017"_s;
-        Ve(Frm518(proceso, avisos, barra, {}, enviada), u"sent"_s, mira);
-        Ve(Frm518(proceso, avisos, barra, {}, registrada), u"registered"_s, mira);
+        EnLaDeclaracion(enviada, u"sent"_s, mira);
+        EnLaDeclaracion(registrada, u"registered"_s, mira);
         const EntornoDetalle detalle{*proceso.baseDatos,    avisos, reloj, Ruc(kRuc), Periodo(2026, 10),
                                      proceso.fechaPrimerIgv};
-        for (const FilaCliente& fila : {FilaCliente{u"6"_s, kEmpresa, u"EMPRESA"_s, {}, {}, {}},
-                                        FilaCliente{u"1"_s, u"45678901"_s, {}, u"ROJAS"_s, u"LUNA"_s, u"ANA"_s}})
+        for (const FilaCliente& fila :
+             {FilaCliente{CodigoDocumento(6), kEmpresa, u"EMPRESA"_s, {}, {}, {}},
+              FilaCliente{CodigoDocumento(1), u"45678901"_s, {}, u"ROJAS"_s, u"LUNA"_s, u"ANA"_s}})
             Ve(FrmAgePer(detalle, ModoDetalle::Modificar, fila), u"client"_s, mira);
-        const ClaveComprobante clave{{6, kEmpresa}, u"P001"_s, u"00000001"_s, {}};
+        const ClaveComprobante clave{{CodigoDocumento(6), kEmpresa}, u"P001"_s, u"00000001"_s, {}};
         for (const ModoDetalle modo : {ModoDetalle::Nuevo, ModoDetalle::Modificar}) {
             Ve(FrmDetAgePer(detalle, modo, {clave, {}}), u"voucher"_s, mira);
             Ve(frmPerDet(detalle, modo, {{clave, u"01"_s, {}, {}}, {}, {}}, u"1"_s), u"payment"_s, mira);
@@ -100,7 +108,7 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
         Ve(FrmAgePer(detalle, ModoDetalle::Nuevo), u"new"_s, mira);
         Ve(frmTransferencia(proceso, avisos, registrada.clave, {.perfil = PerfilCompartido(), .archivos = archivos}),
            u"import"_s, mira);
-        Ve(Frm518(proceso, avisos, barra, {}), u"new form"_s, mira);
+        EnLaDeclaracion(std::nullopt, u"new form"_s, mira);
         const QString mens = raiz.filePath(u"Mens.txt"_s);
         EscribeEn(mens, "Indique la forma de pago.\n");
         Ve(FrmConsist(mens), u"faults"_s, mira);

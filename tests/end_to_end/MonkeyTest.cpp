@@ -254,7 +254,7 @@ TEST_F(MonkeyTest, TheLauncherStandsAnything) {
     qputenv("PATH", raiz.path().toLocal8Bit()); // the button of the module mustn't start one that is installed here
     const VistaDeInforme vista = [this](QWidget& ventana, const QString& informes, const InformeRegistrado& informe) {
         MuestraReporte({informes, informe.usuario, reloj, avisos, archivos}, {informe.archivo, informe.titulo, {}},
-                       &ventana);
+                       ventana);
     };
     while (mono.Sigue()) {
         FrmConsola principal(entorno, avisos, raiz.filePath(u"nada"_s), vista);

@@ -57,8 +57,8 @@ TEST_F(WorkTablesTest, AreRebuiltFromTheRegisteredDeclaration) {
               u"<null>|APELLIDO PATERNO LARGO|ROJAS"_s);
     EXPECT_EQ(Lista(u"SELECT num_cp FROM TMPF518PDET WHERE TIP_CP = ''"_s), u"1|2"_s);
     EXPECT_EQ(Lista(u"SELECT cp_fact FROM TMPF518PDET"_s), u"1|<null>|<null>"_s);
-    EXPECT_EQ(m_tablas.CuentaDocs(6, u"20444123450"_s), 3); // cash sales count
-    EXPECT_EQ(m_tablas.CuentaDocs(1, u"20444123450"_s), 0);
+    EXPECT_EQ(m_tablas.CuentaDocs({CodigoDocumento(6), u"20444123450"_s}), 3); // cash sales count
+    EXPECT_EQ(m_tablas.CuentaDocs({CodigoDocumento(1), u"20444123450"_s}), 0);
 }
 
 TEST_F(WorkTablesTest, AreRebuiltFromOneSentCopy) {
@@ -109,7 +109,7 @@ TEST_F(WorkTablesTest, LoseAClientWithAllThatHangsOnIt) {
     m_base.Agrega(u"TMPF518PCAB"_s, {{u"tip_doc_per"_s, 1}, {u"num_doc_per"_s, u"20444123450"_s}});
     m_base.Agrega(u"TMPF518PDET"_s,
                   {{u"tip_doc_per"_s, 1}, {u"num_doc_per"_s, u"20444123450"_s}, {u"num_cp"_s, u"9"_s}});
-    m_tablas.EliminaCliente(6, u"20444123450"_s);
+    m_tablas.EliminaCliente({CodigoDocumento(6), u"20444123450"_s});
     EXPECT_EQ(Trabajo(), u"20444123450|20345678|10444123451; 9 -; "_s);
     EXPECT_EQ(Lista(u"SELECT count(*) FROM F518PCAB"_s), u"6"_s); // the saved rows are nobody's business here
 }

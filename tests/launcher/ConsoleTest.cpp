@@ -57,7 +57,7 @@ TEST_F(Console, InstallsPrivatelyWithTheRowsThatTheModulesRelyOn) {
     EXPECT_EQ(perfil.Lee(u"Options", u"DBPath") + perfil.Lee(u"Options", u"DBName"), RutaBase());
     EXPECT_EQ(perfil.Lee(u"Options", u"SysUser"), u"CONTADOR"_s);
     const auto base = Abre();
-    EXPECT_EQ(Declarantes(*base).Busca(kRucMuestra).value().usuario, u"CONTADOR"_s);
+    EXPECT_EQ(Declarantes(*base).Busca(Ruc(kRucMuestra)).value().usuario, u"CONTADOR"_s);
     const Catalogo catalogo(*base);
     // The row that the modules use when this one is missing: any piece out of its column would show.
     EXPECT_EQ(catalogo.Funcion(u"044"_s, u"6"_s),
@@ -65,7 +65,7 @@ TEST_F(Console, InstallsPrivatelyWithTheRowsThatTheModulesRelyOn) {
               "                                           0 5 0"_s);
     QStringList ofrecidos; // the types that the import takes are all there for a person, too
     for (const TipoDocumento& tipo : DocumentosOfrecidos(*base, UsosDocumento::kEnSujetos))
-        ofrecidos += tipo.codigo;
+        ofrecidos += tipo.codigo.Texto();
     EXPECT_EQ(ofrecidos.join(u' '), u"06 01 04 07 03 02 11"_s);
     const QString codigos =
         u"1 3 9 10 151 201 221 228 239 532 853 854 855 857 858 859 868 869 870 871 872 873 874 875 876 "
@@ -99,7 +99,7 @@ TEST_F(Console, ReinstallingRenewsTheCatalogueAndKeepsWhatTheUserMade) {
               u"209912de otro módulo"_s);
     EXPECT_FALSE(catalogo.DescError(u"0151"_s).isEmpty());
     EXPECT_EQ(catalogo.TipoUsuario(u"USUARIO"_s) + catalogo.TipoUsuario(u"CONTADOR"_s), u"00"_s);
-    EXPECT_EQ(Declarantes(*base).Busca(kRucMuestra).value().nombre, u"OTRO NOMBRE"_s);
+    EXPECT_EQ(Declarantes(*base).Busca(Ruc(kRucMuestra)).value().nombre, u"OTRO NOMBRE"_s);
     EXPECT_TRUE(base->Lee(u"SELECT 1 FROM CAB"_s).Siguiente());
 }
 
@@ -129,7 +129,7 @@ TEST_F(Console, RegistersDeclarantsByTheRulesOfTheirNumber) {
     const auto base = Abre();
     QStringList lista;
     for (const Declarante& declarante : Declarantes(*base).Lista())
-        lista.append(declarante.ruc + u' ' + declarante.nombre + u' ' + declarante.usuario);
+        lista.append(declarante.ruc.Texto() + u' ' + declarante.nombre + u' ' + declarante.usuario);
     EXPECT_EQ(lista, QStringList({u"12345678 ANTIGUO JEFE"_s, kRucMuestra + u" LOS MOLLES CONTADOR"_s}));
 }
 
@@ -202,10 +202,10 @@ TEST_F(Console, WhileADeclarationIsOpenNothingIsTakenFromUnderIt) {
         }
         const auto base = Abre();
         base->Ejecuta(u"DELETE * FROM CAB"_s);
-        EXPECT_THROW((void)Declarantes(*base).Elimina(kRucMuestra), TrabajoAjeno);
+        EXPECT_THROW((void)Declarantes(*base).Elimina(Ruc(kRucMuestra)), TrabajoAjeno);
     }
     EXPECT_EQ(QDir(carpeta + u"/RESPALDOS"_s).entryList(QDir::Files), copias);
-    EXPECT_TRUE(Declarantes(*Abre()).Elimina(kRucMuestra));
+    EXPECT_TRUE(Declarantes(*Abre()).Elimina(Ruc(kRucMuestra)));
 }
 
 TEST_F(Console, RefusesWhatItDoesNotUnderstand) {

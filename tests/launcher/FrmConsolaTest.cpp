@@ -82,7 +82,7 @@ class FrmConsolaTest : public testing::Test {
 
 TEST_F(FrmConsolaTest, ADeclarantIsAddedAndChangedByKeyboardAndAFaultKeepsWhatWasTyped) {
     Abre();
-    const QString anterior = Declarantes(*LaBase()).Busca(kRucMuestra)->nombre;
+    const QString anterior = Declarantes(*LaBase()).Busca(Ruc(kRucMuestra))->nombre;
     avisos.Espera({Icono::Critico, u"El RUC '20990518019' no es válido."_s, u"Agregar declarante"_s});
     avisos.Espera(u"El declarante %1 ya está registrado, con el nombre '%2'."_s.arg(kRucMuestra, anterior));
     AlAbrir(u"FrmDeclarante", [](QWidget& forma) {
@@ -103,7 +103,7 @@ TEST_F(FrmConsolaTest, ADeclarantIsAddedAndChangedByKeyboardAndAFaultKeepsWhatWa
     TablaFilas& tabla = Tabla("GrdDeclarantes");
     EXPECT_EQ(Fila(tabla, tabla.Fila()), u"10412345679|LOS MOLLES|CONTADOR"_s);
     EXPECT_EQ(Declarantes(*LaBase()).Lista().size(), 2);
-    EXPECT_EQ(Declarantes(*LaBase()).Busca(kRucMuestra)->nombre, anterior);
+    EXPECT_EQ(Declarantes(*LaBase()).Busca(Ruc(kRucMuestra))->nombre, anterior);
 
     AlAbrir(u"FrmDeclarante", [](QWidget& forma) {
         EXPECT_FALSE(De<QLineEdit>(forma, "TxtRuc").isEnabled());
@@ -144,7 +144,7 @@ TEST_F(FrmConsolaTest, ADeclarantGoesAfterAQuestionAndOnlyWithoutDeclarations) {
     Graba(u"202609"_s, 0);
     Abre();
     const QString pregunta = u"¿Confirma que va a eliminar al declarante %1, %2?"_s.arg(
-        kRucMuestra, Declarantes(*LaBase()).Busca(kRucMuestra)->nombre);
+        kRucMuestra, Declarantes(*LaBase()).Busca(Ruc(kRucMuestra))->nombre);
     avisos.EsperaPregunta(pregunta, Respuesta::Si);
     avisos.Espera(u"El declarante %1 tiene declaraciones: elimínelas primero."_s.arg(kRucMuestra));
     Pulsa("CmdEliminarDeclarante");
@@ -152,10 +152,10 @@ TEST_F(FrmConsolaTest, ADeclarantGoesAfterAQuestionAndOnlyWithoutDeclarations) {
     avisos.EsperaPregunta(pregunta, Respuesta::No);
     Pulsa("CmdEliminarDeclarante");
     EXPECT_EQ(avisos.Mostrados().last().preseleccionada, Respuesta::No);
-    EXPECT_TRUE(Declarantes(*LaBase()).Busca(kRucMuestra));
+    EXPECT_TRUE(Declarantes(*LaBase()).Busca(Ruc(kRucMuestra)));
     avisos.EsperaPregunta(pregunta, Respuesta::Si);
     Pulsa("CmdEliminarDeclarante");
-    EXPECT_FALSE(Declarantes(*LaBase()).Busca(kRucMuestra));
+    EXPECT_FALSE(Declarantes(*LaBase()).Busca(Ruc(kRucMuestra)));
     EXPECT_FALSE(Control<QPushButton>("CmdEliminarDeclarante").isEnabled());
 }
 
@@ -174,7 +174,7 @@ TEST_F(FrmConsolaTest, SendsOnlyWhatIsCleanAfterAQuestion) {
     const QString pregunta =
         u"¿Confirma el envío de la declaración?\n\nRUC: %1\nNombre: %2\nPeríodo: 09/2026\n\n"
         "Enviarla es pasarla a las copias enviadas de este equipo, donde ya no se puede modificar. "
-        "%3"_s.arg(kRucMuestra, Declarantes(*LaBase()).Busca(kRucMuestra)->nombre, kNadaSeTransmite);
+        "%3"_s.arg(kRucMuestra, Declarantes(*LaBase()).Busca(Ruc(kRucMuestra))->nombre, kNadaSeTransmite);
     avisos.EsperaPregunta(pregunta, Respuesta::No);
     Alt(Qt::Key_E);
     EXPECT_EQ(tabla.model()->rowCount(), 2);

@@ -2,6 +2,7 @@
 #include "printouts/PrintOutFixture.h"
 #include "printouts/RunReport.h"
 #include "reports/SpoolRegistry.h"
+#include "values/Progress.h"
 
 #include <gmock/gmock.h>
 
@@ -59,8 +60,11 @@ TEST(ErrorReport, IsRegisteredUnderItsOwnCodeAndNeedsItsList) {
     const QString lista = taller.base.Carpeta() + u"/viejo.Err"_s;
     EscribeEn(lista, "a\xf1o de otra \xe9poca\n"); // as an older program wrote it
     const DatosErrores datos{lista, taller.clave.ruc, u"ÑAUPARI"_s, Periodo(2026, 1)};
-    const QByteArray spool = BytesDe(RutaDeInforme(taller.proceso.rutaRPT, EscribeInforme(taller.proceso, datos)));
+    SinAvance nadie;
+    const QByteArray spool =
+        BytesDe(RutaDeInforme(taller.proceso.rutaRPT, EscribeInforme(taller.proceso, datos, nadie)));
     EXPECT_TRUE(spool.contains("\npPos|10|1400|                    año de otra época|False|8|0|\n"));
     EXPECT_THAT(taller.base.Filas(u"SELECT CodRep, Doc_id_d FROM SPOOL"_s), ElementsAre(u"PER005|20990518018"_s));
-    EXPECT_THROW(static_cast<void>(EscribeInforme(taller.proceso, DatosErrores{lista + u"x"_s, {}, {}, {}})), Error);
+    EXPECT_THROW(static_cast<void>(EscribeInforme(taller.proceso, DatosErrores{lista + u"x"_s, {}, {}, {}}, nadie)),
+                 Error);
 }

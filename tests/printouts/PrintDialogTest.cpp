@@ -32,6 +32,7 @@ TEST_F(PrintDialogTest, ShowsAndPrintsTheChosenDeclaration) {
     AlAbrir({}, [](QWidget& vista) { Clic(vista, u"tlbPrevia_4"_s); });
     QTest::mouseClick(grilla.viewport(), Qt::LeftButton, {}, celda);
     QTest::mouseDClick(grilla.viewport(), Qt::LeftButton, {}, celda);
+    EsperaTrabajos();
     EXPECT_TRUE(Impreso().value(0).contains(u"1,234"_s));
     forma.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&forma));
@@ -79,6 +80,7 @@ TEST_F(PrintDialogTest, KeepsCopiesApartAndIsSilentWithoutDeclarations) {
     EsperaEnvio(u"1 página"_s);
     AlAbrir({}, [](QWidget& vista) { Clic(vista, u"tlbPrevia_4"_s); });
     QTest::keyClick(&grilla, Qt::Key_Return);
+    EsperaTrabajos();
     const QString hoja = Impreso().value(0);
     EXPECT_TRUE(hoja.contains(u"NRO. CONTROL: 10000001"_s)) << qPrintable(hoja);
     EXPECT_TRUE(hoja.contains(correl + u",000"_s)) << qPrintable(hoja);

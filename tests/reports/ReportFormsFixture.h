@@ -71,6 +71,7 @@ class FormasDeInformesTest : public testing::Test {
         return {u"a.PRN"_s, u"Reporte"_s, rango};
     }
 
+    QWidget m_ventana; ///< over which they open
     static int Pagina(QWidget& vista) { return De<QSpinBox>(vista, u"txtPagina"_s).value(); }
 
     TallerDe m_taller;

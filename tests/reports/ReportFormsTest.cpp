@@ -52,10 +52,12 @@ TEST_F(ReportFormsTest, PrintsTheWholeReportOrItsRange) {
         EXPECT_EQ(Impreso(), hojas);
     }
     EsperaEnvio(u"2 páginas"_s);
-    VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, nullptr);
+    VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, m_ventana);
+    EsperaTrabajos();
     EXPECT_EQ(Impreso().size(), 2);
     m_avisos.Espera({Icono::Critico, u"El reporte no llega a la página 3: tiene 2 páginas."_s, u"Error al Imprimir"_s});
-    VerReporte(m_entorno, Reporte(2, {true, 3, 9}), ModoReporte::Impresora, nullptr);
+    VerReporte(m_entorno, Reporte(2, {true, 3, 9}), ModoReporte::Impresora, m_ventana);
+    EsperaTrabajos();
     EXPECT_FALSE(QFile::exists(Ruta(u"impreso.pdf"_s))) << "not even an empty sheet";
 }
 
@@ -80,7 +82,8 @@ TEST_F(ReportFormsTest, SaysWhyNothingIsPrintedAndOffersThePdfOfTheRange) {
                 m_archivos.respuesta = Ruta(u"guardado.pdf"_s);
                 m_avisos.Espera(u"Se guardó en «%1»: 1 página."_s.arg(Ruta(u"guardado.pdf"_s)));
             }
-            VerReporte(m_entorno, Reporte(3, {true, 2, 2}), ModoReporte::Impresora, nullptr);
+            VerReporte(m_entorno, Reporte(3, {true, 2, 2}), ModoReporte::Impresora, m_ventana);
+            EsperaTrabajos();
         }
         EXPECT_EQ(Impreso(u"guardado.pdf"_s), QStringList{u"hoja 2"_s}) << qPrintable(motivo);
     }
@@ -100,18 +103,21 @@ TEST_F(ReportFormsTest, SeveralPrintersAreOfferedWithTheDefaultOneChosen) {
                 QTest::keyClick(eleccion.focusWidget(), tecla);
         });
         m_avisos.Espera(dicho);
-        VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, nullptr);
+        VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, m_ventana);
+        EsperaTrabajos();
         EXPECT_EQ(Impreso().size(), 2);
     }
     AlAbrir(u"frmImpresora"_s, [](QWidget& eleccion) { Clic(eleccion, u"CmdImpresora_2"_s); });
-    VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, nullptr);
+    VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, m_ventana);
+    EsperaTrabajos();
     EXPECT_FALSE(QFile::exists(Ruta(u"impreso.pdf"_s)));
     AlAbrir(u"frmImpresora"_s, [this](QWidget& eleccion) {
         m_archivos.respuesta = Ruta(u"guardado.pdf"_s);
         m_avisos.Espera(u"Se guardó en «%1»: 2 páginas."_s.arg(Ruta(u"guardado.pdf"_s)));
         Clic(eleccion, u"CmdImpresora_1"_s);
     });
-    VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, nullptr);
+    VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, m_ventana);
+    EsperaTrabajos();
     EXPECT_EQ(Impreso(u"guardado.pdf"_s).size(), 2);
 }
 
@@ -136,7 +142,7 @@ TEST_F(ReportFormsTest, SurvivesAMissingFileAndTenMegabytesOfRubbish) {
         Clic(basura, u"tlbPrevia_4"_s);
         EXPECT_EQ(Impreso().size(), 1);
     });
-    MuestraReporte(m_entorno, {u"a.PRN"_s, {}, {}}, nullptr);
+    MuestraReporte(m_entorno, {u"a.PRN"_s, {}, {}}, m_ventana);
     QFile::remove(m_taller.proceso.rutaRPT + u"/a.PRN"_s);
     m_avisos.Espera(falta);
     Clic(perdido, u"tlbPrevia_4"_s);
@@ -159,7 +165,7 @@ TEST_F(ReportFormsTest, KeepsTheWholeReportAsPdf) {
 
 TEST_F(ReportFormsTest, TheRangeIsAskedForFromSixteenPagesOn) {
     AlAbrir(u"frmPreview"_s, [](QWidget&) {});
-    MuestraReporte(m_entorno, Reporte(15, {true, 1, 1}), nullptr);
+    MuestraReporte(m_entorno, Reporte(15, {true, 1, 1}), m_ventana);
     AlAbrir(u"frmImpxPag"_s, [this](QWidget& forma) {
         EXPECT_EQ(forma.windowTitle(), u"16 páginas"_s);
         auto& desde = De<QLineEdit>(forma, u"txtPagDesde"_s);
@@ -187,7 +193,7 @@ TEST_F(ReportFormsTest, TheRangeIsAskedForFromSixteenPagesOn) {
         Clic(forma, u"cmdAccion_1"_s);
         EXPECT_FALSE(forma.isVisible());
     });
-    MuestraReporte(m_entorno, Reporte(16), nullptr);
+    MuestraReporte(m_entorno, Reporte(16), m_ventana);
 }
 
 /// The pages that the head of an annex tells are an estimate.

@@ -1,15 +1,34 @@
 #include "support/FormDriver.h"
 
+#include "platform/WorkThread.h"
+
 #include <QPointer>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace xa518::prueba {
+
+namespace {
+
+bool HayTrabajo() {
+    const QWidgetList ventanas = QApplication::topLevelWidgets();
+    return std::any_of(ventanas.begin(), ventanas.end(), [](const QWidget* ventana) {
+        return ventana->findChild<QObject*>(HiloDeTrabajo::kEnMarcha) != nullptr;
+    });
+}
+
+} // namespace
 
 void Muestra(QWidget& forma) {
     forma.show();
     forma.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&forma));
+    EsperaTrabajos();
+}
+
+void EsperaTrabajos() {
+    EXPECT_TRUE(QTest::qWaitFor([] { return !HayTrabajo(); }, 30'000)) << "work that doesn't end";
 }
 
 namespace {
@@ -29,7 +48,8 @@ void AlAbrir(QAnyStringView forma, std::function<void(QWidget&)> trabajo) {
     int vueltas = 0;
     QObject::connect(espera, &QTimer::timeout, espera, [=, nombre = forma.toString()]() mutable {
         const QPointer<QWidget> abierta = QApplication::activeModalWidget();
-        if (abierta && (nombre.isEmpty() || abierta->objectName() == nombre) && TieneElFoco(*abierta)) {
+        if (abierta && (nombre.isEmpty() || abierta->objectName() == nombre) && !HayTrabajo() &&
+            TieneElFoco(*abierta)) {
             const auto hace = std::move(trabajo);
             delete espera; // the work may wait for another form
             hace(*abierta);

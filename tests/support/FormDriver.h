@@ -23,12 +23,16 @@ template <typename Control = QWidget>
     return *control;
 }
 
-/// Shows a form and waits until its keys arrive.
+/// Shows a form and waits until its keys arrive and what it reads is there.
 void Muestra(QWidget& forma);
+
+/// Waits until no window of the program has work going on beside its thread.
+void EsperaTrabajos();
 
 inline void Clic(const QWidget& forma, QAnyStringView control) {
     QWidget& donde = De(forma, control);
     QTest::mouseClick(&donde, Qt::LeftButton, {}, {8, donde.height() / 2});
+    EsperaTrabajos();
 }
 
 /// Runs once the named form, or any, has opened over the others, and closes it afterwards if it still stands. The test

@@ -1,3 +1,4 @@
+#include "widgets/FieldFilters.h"
 #include "widgets/FieldFocus.h"
 #include "widgets/FieldKeys.h"
 #include "widgets/MaskedField.h"
