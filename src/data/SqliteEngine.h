@@ -38,8 +38,8 @@ class MotorSqlite final : public Motor {
     qint64 m_filasAntes = 0; ///< changed before the watch began
 };
 
-/// Adds the dialect's functions to a connection: `val`, `format` with a mask, `importe`, an amount not below 0, and a `sum` that adds decimals exactly
-/// from their texts and takes no binary number.
+/// Adds the dialect's functions to a connection: `val`, `format` with a mask, `importe`, an amount not below 0, and a
+/// `sum` that adds decimals exactly from their texts and takes no binary number.
 void RegistraFunciones(sqlite3* conexion);
 
 /// The number of the `Error` that one of these functions ended with, out of the engine's code; nothing for a code of

@@ -174,8 +174,7 @@ std::optional<AltasTrabajo::Cobro> AltasTrabajo::BuscaCobro(const ClaveComproban
     quint32 fecha = 0;
     std::copy_n(texto.data() + largos, sizeof fecha, reinterpret_cast<char*>(&fecha));
     return Cobro{.fecha = QString::fromUtf8(texto.data(), static_cast<qsizetype>(fecha)),
-                 .base =
-                     MontoEscrito(QString::fromUtf8(texto.data() + fecha, static_cast<qsizetype>(largos - fecha)))};
+                 .base = MontoEscrito(QString::fromUtf8(texto.data() + fecha, static_cast<qsizetype>(largos - fecha)))};
 }
 
 void AltasTrabajo::Agrega(const ClaveCliente& cliente, const NombresCliente& nombres, qint64 linea) {

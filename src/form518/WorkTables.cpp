@@ -117,11 +117,11 @@ TablasTrabajo::Totales TablasTrabajo::TotalesDeCarga() const {
 }
 
 void TablasTrabajo::CalculaTotales() {
-    static const QString sql = u"UPDATE TMPF518PCAB SET (%1, %2) = (SELECT importe(%3), importe(%4) FROM TMPF518PDET "
-                               "AS D WHERE D.%5 = TMPF518PCAB.%5 AND D.%6 = TMPF518PCAB.%6)"_s.arg(
-                                   ColumnaDe(DatoCliente::MontoBase), ColumnaDe(DatoCliente::Percepcion),
-                                   SumaDe(DatoComprobante::MontoBase), SumaDe(DatoComprobante::Percepcion),
-                                   ColumnaDe(DatoCliente::TipoDoc), ColumnaDe(DatoCliente::NumDoc));
+    static const QString sql =
+        u"UPDATE TMPF518PCAB SET (%1, %2) = (SELECT importe(%3), importe(%4) FROM TMPF518PDET "
+        "AS D WHERE D.%5 = TMPF518PCAB.%5 AND D.%6 = TMPF518PCAB.%6)"_s.arg(
+            ColumnaDe(DatoCliente::MontoBase), ColumnaDe(DatoCliente::Percepcion), SumaDe(DatoComprobante::MontoBase),
+            SumaDe(DatoComprobante::Percepcion), ColumnaDe(DatoCliente::TipoDoc), ColumnaDe(DatoCliente::NumDoc));
     Transaccion transaccion = m_base->Comienza();
     m_base->Ejecuta(sql);
     // Wanted: the family's programs open an empty set on each table after a rewrite, which finds a lost one.

@@ -96,8 +96,9 @@ TEST(ImportStore, ABatchThatTheTablesCantTakeIsLostWholeAndTold) {
     EXPECT_EQ(resultado.fin, FinImportacion::Fallida);
     EXPECT_EQ(resultado.transferidos, 10'000);
     EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 10'000, 10'000));
-    EXPECT_THAT(resultado.noConservado, ElementsAre(testing::Truly(
-                                            [](const QString& t) { return t.endsWith(u": 5. Se conservan: 10000."_s); })));
+    EXPECT_THAT(resultado.noConservado, ElementsAre(testing::Truly([](const QString& t) {
+                    return t.endsWith(u": 5. Se conservan: 10000."_s);
+                })));
 }
 
 /// The fixture's rows bear the number of their class as rate. The answers: credit, sale, list, amount.
