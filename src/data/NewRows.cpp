@@ -10,6 +10,13 @@ namespace {
 constexpr QChar kMarca(0xFEFF);
 constexpr char16_t kUltimoAscii = 0x7F;
 
+/// Before each value stands a byte: what it is, and of a short text its length.
+constexpr char kNulo = 0;
+constexpr char kEntero = 1;
+constexpr char kTextoLargo = 2; ///< its length follows
+constexpr int kTextoCorto = 3;
+constexpr size_t kMasLargoCorto = 255 - kTextoCorto;
+
 template <typename Numero>
 void AgregaNumero(std::string& bytes, Numero numero) {
     bytes.append(reinterpret_cast<const char*>(&numero), sizeof numero);
@@ -47,23 +54,27 @@ FilasNuevas::FilasNuevas(const Tabla& tabla, QStringList columnas)
     : m_tabla(tabla.nombre), m_columnas(std::move(columnas)) {}
 
 FilasNuevas& FilasNuevas::Pon(int entero) {
-    m_bytes.push_back(static_cast<char>(Valor::Clase::Entero));
-    AgregaNumero(m_bytes, qint64(entero));
+    m_bytes.push_back(kEntero);
+    AgregaNumero(m_bytes, entero);
     return *this;
 }
 
 FilasNuevas& FilasNuevas::Pon(QStringView texto) {
-    m_bytes.push_back(static_cast<char>(Valor::Clase::Texto));
-    const size_t largo = m_bytes.size();
-    AgregaNumero(m_bytes, quint32(0));
+    const size_t marca = m_bytes.size();
+    m_bytes.push_back(kTextoLargo);
     AgregaUtf8(m_bytes, texto);
-    const auto bytes = static_cast<quint32>(m_bytes.size() - largo - sizeof(quint32));
-    std::memcpy(m_bytes.data() + largo, &bytes, sizeof bytes);
+    const size_t largo = m_bytes.size() - marca - 1;
+    if (largo <= kMasLargoCorto) {
+        m_bytes[marca] = static_cast<char>(kTextoCorto + largo);
+    } else {
+        const auto bytes = static_cast<quint32>(largo);
+        m_bytes.insert(marca + 1, reinterpret_cast<const char*>(&bytes), sizeof bytes);
+    }
     return *this;
 }
 
 FilasNuevas& FilasNuevas::PonNulo() {
-    m_bytes.push_back(static_cast<char>(Valor::Clase::Nulo));
+    m_bytes.push_back(kNulo);
     return *this;
 }
 
@@ -79,15 +90,16 @@ void FilasNuevas::Vacia() {
 }
 
 FilasNuevas::Valor FilasNuevas::Lector::Siguiente() {
-    const auto clase = static_cast<Valor::Clase>(*m_lugar++);
-    if (clase == Valor::Clase::Entero)
-        return {clase, TomaNumero<qint64>(m_lugar), {}};
-    if (clase == Valor::Clase::Nulo)
+    const char marca = *m_lugar++;
+    if (marca == kNulo)
         return {};
-    const auto largo = static_cast<qsizetype>(TomaNumero<quint32>(m_lugar));
+    if (marca == kEntero)
+        return {Valor::Clase::Entero, TomaNumero<int>(m_lugar), {}};
+    const auto largo = marca == kTextoLargo ? static_cast<qsizetype>(TomaNumero<quint32>(m_lugar))
+                                            : static_cast<unsigned char>(marca) - kTextoCorto;
     const QByteArrayView texto(m_lugar, largo);
     m_lugar += largo;
-    return {clase, 0, texto};
+    return {Valor::Clase::Texto, 0, texto};
 }
 
 } // namespace xa518

@@ -33,7 +33,7 @@ class FilasNuevas {
     struct Valor {
         enum class Clase : char { Nulo, Entero, Texto };
         Clase clase = Clase::Nulo;
-        qint64 entero = 0;
+        int entero = 0;
         QByteArrayView texto; ///< UTF-8; as long as no row is put
     };
     /// Walks over the values of a row.

@@ -94,7 +94,7 @@ int Acaba(sqlite3_vtab_cursor* cursor) {
 int DaColumna(sqlite3_vtab_cursor* cursor, sqlite3_context* contexto, int columna) {
     const FilasNuevas::Valor& valor = Propio(cursor)->valores[static_cast<size_t>(columna)];
     if (valor.clase == FilasNuevas::Valor::Clase::Entero)
-        sqlite3_result_int64(contexto, valor.entero);
+        sqlite3_result_int(contexto, valor.entero);
     else if (valor.clase == FilasNuevas::Valor::Clase::Texto)
         sqlite3_result_text(contexto, valor.texto.data(), static_cast<int>(valor.texto.size()), SQLITE_STATIC);
     return SQLITE_OK;
@@ -132,7 +132,7 @@ void AgregaOrden(std::string& bytes, const FilasNuevas::Valor& valor) {
 
 struct Clave {
     size_t desde = 0;
-    size_t largo = 0;
+    quint32 largo = 0;
     quint32 fila = 0;
 };
 
@@ -152,7 +152,7 @@ std::vector<quint32> OrdenDeClave(const FilasNuevas& filas, const QStringList& c
             if (deClave)
                 AgregaOrden(bytes, valor);
         }
-        claves.push_back({desde, bytes.size() - desde, static_cast<quint32>(fila)});
+        claves.push_back({desde, static_cast<quint32>(bytes.size() - desde), static_cast<quint32>(fila)});
     }
     const auto texto = [&](const Clave& c) { return std::string_view(bytes).substr(c.desde, c.largo); };
     std::sort(claves.begin(), claves.end(), [&](const Clave& a, const Clave& b) { return texto(a) < texto(b); });

@@ -16,6 +16,7 @@ constexpr int kBitsDeBloque = 20;
 constexpr size_t kBloque = size_t(1) << kBitsDeBloque;
 constexpr size_t kMaximoBloques = size_t(1) << (32 - kBitsDeBloque);
 constexpr size_t kPrimerasCasillas = 1024;
+constexpr size_t kLargoEnUnByte = 255;
 constexpr size_t kCabecera = sizeof(quint32) + sizeof(quint16);
 
 size_t Mezcla(std::string_view clave) {
@@ -34,6 +35,13 @@ void PasaAMinusculas(std::string& clave, size_t desde) {
         clave[i] = c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
     }
     std::fill(clave.begin() + static_cast<std::ptrdiff_t>(cero), clave.end(), '\0');
+}
+
+/// One byte nearly always; read from the end, so that no text behind another can look like it.
+void AgregaLargo(std::string& clave, size_t largo) {
+    if (largo >= kLargoEnUnByte)
+        clave.append(reinterpret_cast<const char*>(&largo), sizeof largo);
+    clave.push_back(static_cast<char>(std::min(largo, kLargoEnUnByte)));
 }
 
 } // namespace
@@ -126,8 +134,7 @@ void AgregaAClave(std::string& clave, QStringView texto) {
     const size_t antes = clave.size();
     AgregaUtf8(clave, texto);
     PasaAMinusculas(clave, antes);
-    const auto largo = static_cast<quint16>(clave.size() - antes);
-    clave.append(reinterpret_cast<const char*>(&largo), sizeof largo);
+    AgregaLargo(clave, clave.size() - antes);
 }
 
 } // namespace xa518
