@@ -130,9 +130,9 @@ void ComparaTamanios(Orden orden) {
     const bool seguidos = orden == Orden::Cliente;
     const double memoria = static_cast<double>(mayor.importacion.memoriaKb) / 1024;
     Resume(seguidos ? "Import of 100,000 lines, client after client" : "Import of 100,000 lines, clients scattered",
-           menor.razon, " x the floor", "5");
+           menor.razon, " x the floor", "2.5");
     Resume(seguidos ? "Import of 1,000,000 lines, client after client" : "Import of 1,000,000 lines, clients scattered",
-           mayor.importacion.segundos / menor.importacion.segundos, " x the time of 100,000", "11");
+           mayor.importacion.segundos / menor.importacion.segundos, " x the time of 100,000", "10");
     Resume("Most memory of these imports", memoria, " MB", "200");
 }
 

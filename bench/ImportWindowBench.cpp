@@ -126,7 +126,7 @@ int main() {
                " x the batch tool", "1.15");
         Informa("all refused", {20'000, true});
         Resume("100,000 lines, all refused, logs closed per line", Informa("all refused", {100'000, true}).lote, " s",
-               "10 s");
+               "1.5 s");
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return 1;

@@ -3,6 +3,7 @@
 #include "data/Dialect.h"
 #include "data/Engine.h"
 #include "data/FollowedWork.h"
+#include "data/NewRows.h"
 #include "data/Transaction.h"
 #include "values/Progress.h"
 
@@ -177,6 +178,23 @@ QString Base::NumeroDeFila(const QString& tabla) const {
 
 void Base::Agrega(const Registro& registro) {
     Ejecuta(registro.DeTabla().sqlAlta, registro.Valores());
+}
+
+QList<size_t> Base::AgregaFilas(const FilasNuevas& filas) {
+    if (filas.Cuantas() == 0)
+        return {};
+    try {
+        return m_motor->AgregaFilas(filas);
+    } catch (const ErrorBase&) {
+        if (m_seguido && m_seguido->TomaElCorte())
+            throw Detenido();
+        throw;
+    }
+}
+
+qint64 Base::Version() {
+    Registros fila = Lee(m_motor->SqlVersion());
+    return fila.Siguiente() ? fila.Entero(0) : 0;
 }
 
 std::optional<Registro> Base::Busca(const QString& tabla, const QString& condicion, const QVariantList& valores) {

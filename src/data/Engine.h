@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QString>
@@ -10,6 +11,7 @@
 namespace xa518 {
 
 class ErrorBase;
+class FilasNuevas;
 
 enum class ModoApertura { Existente, Nueva };
 enum class Memoria { Amplia, Corta };
@@ -38,6 +40,10 @@ class Motor {
     /// How much memory the connection may take: for the rows that it keeps at hand, and as much for each order that it
     /// puts rows in.
     [[nodiscard]] virtual QString SqlMemoria(Memoria memoria) const = 0;
+    /// A query of one number, which stays the same as long as no other connection changes the base.
+    [[nodiscard]] virtual QString SqlVersion() const = 0;
+    /// Adds rows, see `Base::AgregaFilas`.
+    virtual QList<size_t> AgregaFilas(const FilasNuevas& filas) = 0;
     /// A query of two columns, name and declared type, over the columns of a table in their order.
     [[nodiscard]] virtual QString SqlColumnas(const QString& tabla) const = 0;
     /// A column that numbers the rows of a table, spoken of by its alias, in the order in which they were entered.

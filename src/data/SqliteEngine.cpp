@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "data/Dialect.h"
+#include "data/SqliteNewRows.h"
 #include "values/FileFailure.h"
 
 #include <QFile>
@@ -129,6 +130,8 @@ void MotorSqlite::Prepara() {
     sqlite3* manija = Manija(Conexion());
     sqlite3_db_config(manija, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     RegistraFunciones(manija);
+    if (RegistraFilasNuevas(manija) != SQLITE_OK)
+        throw ErrorDe(sqlite3_extended_errcode(manija), QString::fromUtf8(sqlite3_errmsg(manija)));
     Pide(u"PRAGMA trusted_schema=OFF"_s);
     Pide(u"PRAGMA foreign_keys=ON"_s);
     Pide(u"SELECT count(*) FROM sqlite_master"_s); // the first read finds a locked file or one that is no base
@@ -156,8 +159,10 @@ QString MotorSqlite::Traduce(const QString& sql) const {
 }
 
 ErrorBase MotorSqlite::ErrorDe(const QSqlError& error) const {
-    const int codigo = error.nativeErrorCode().toInt();
-    const QString motor = error.databaseText();
+    return ErrorDe(error.nativeErrorCode().toInt(), error.databaseText());
+}
+
+ErrorBase MotorSqlite::ErrorDe(int codigo, const QString& motor) const {
     if (const std::optional<int> numero = NumeroDeFuncion(codigo))
         return {*numero, motor}; // these words are our own
     return {NumeroDe(codigo, motor), ExplicacionDe(codigo, motor), motor};
@@ -194,6 +199,44 @@ QString MotorSqlite::SqlComienza() const {
 /// 64 MB: the indexes of a large declaration, filled in no order, fit. What is put in order beyond 16 MB waits on disk.
 QString MotorSqlite::SqlMemoria(Memoria memoria) const {
     return memoria == Memoria::Amplia ? u"PRAGMA cache_size=-65536"_s : u"PRAGMA cache_size=-16384"_s;
+}
+
+QString MotorSqlite::SqlVersion() const {
+    return u"PRAGMA data_version"_s;
+}
+
+QStringList MotorSqlite::ClaveDe(const QString& tabla) const {
+    QStringList clave;
+    QSqlQuery consulta(Conexion());
+    if (!consulta.exec(u"SELECT name FROM pragma_table_info('%1') WHERE pk > 0"_s.arg(tabla)))
+        throw ErrorDe(consulta.lastError());
+    while (consulta.next())
+        clave.append(consulta.value(0).toString());
+    return clave;
+}
+
+/// A set that the engine refuses for a key is undone by it, and gone through row by row.
+QList<size_t> MotorSqlite::AgregaFilas(const FilasNuevas& filas) {
+    sqlite3* manija = Manija(Conexion());
+    if (sqlite3_get_autocommit(manija) != 0) // a failing disk makes the engine undo a transaction by itself
+        throw ErrorBase(NumeroError::AccesoAlDisco, u"La base de datos no pudo hacer lo que se le pidió."_s);
+    AltaSqlite alta(manija, filas, ClaveDe(filas.NombreDeTabla()));
+    const auto entra = [&](int codigo) {
+        if (codigo == SQLITE_OK)
+            return true;
+        const ErrorBase error = ErrorDe(sqlite3_extended_errcode(manija), QString::fromUtf8(sqlite3_errmsg(manija)));
+        if (!error.Es(NumeroError::ClaveDuplicada))
+            throw error;
+        return false;
+    };
+    QList<size_t> rechazadas;
+    if (entra(alta.Todas()))
+        return rechazadas;
+    for (size_t lugar = 0; lugar < filas.Cuantas(); ++lugar) {
+        if (!entra(alta.Una(lugar)))
+            rechazadas.append(alta.Fila(lugar));
+    }
+    return rechazadas;
 }
 
 QString MotorSqlite::SqlColumnas(const QString& tabla) const {

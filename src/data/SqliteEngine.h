@@ -21,10 +21,14 @@ class MotorSqlite final : public Motor {
     void PonVigia(Vigia vigia) override;
     [[nodiscard]] QString SqlComienza() const override;
     [[nodiscard]] QString SqlMemoria(Memoria memoria) const override;
+    [[nodiscard]] QString SqlVersion() const override;
+    QList<size_t> AgregaFilas(const FilasNuevas& filas) override;
     [[nodiscard]] QString SqlColumnas(const QString& tabla) const override;
     [[nodiscard]] QString NumeroDeFila(const QString& tabla) const override;
 
   private:
+    [[nodiscard]] QStringList ClaveDe(const QString& tabla) const;
+    [[nodiscard]] ErrorBase ErrorDe(int codigo, const QString& motor) const;
     void Prepara();
     [[nodiscard]] QString ExplicacionDe(int codigo, const QString& motor) const;
     void Pide(const QString& sql) const;
@@ -35,8 +39,8 @@ class MotorSqlite final : public Motor {
     qint64 m_filasAntes = 0; ///< changed before the watch began
 };
 
-/// Adds the dialect's functions to a connection: `val`, `format` with a mask, the `checksum` of a row, and a `sum` that
-/// adds decimals exactly from their texts and takes no binary number.
+/// Adds the dialect's functions to a connection: `val`, `format` with a mask, `importe`, an amount not below 0, the
+/// `checksum` of a row, and a `sum` that adds decimals exactly from their texts and takes no binary number.
 void RegistraFunciones(sqlite3* conexion);
 
 /// The number of the `Error` that one of these functions ended with, out of the engine's code; nothing for a code of

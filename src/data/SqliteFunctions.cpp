@@ -84,6 +84,14 @@ Decimal DecimalDe(sqlite3_value* valor) {
     return Decimal::Valor(Texto(valor));
 }
 
+/// What a sum is worth to a client: an amount of money, never below 0. A sum of nothing is 0.
+void ImporteDeSql(sqlite3_context* contexto, int, sqlite3_value** argumentos) {
+    Protege(contexto, [&] {
+        const Importe importe = Importe::Valor(Texto(argumentos[0]));
+        Responde(contexto, importe.Signo() < 0 ? u"0"_s : importe.Texto());
+    });
+}
+
 void Izquierda(sqlite3_context* contexto, int, sqlite3_value** argumentos) {
     Protege(contexto, [&] {
         if (sqlite3_value_type(argumentos[0]) != SQLITE_NULL)
@@ -138,6 +146,7 @@ void RegistraFunciones(sqlite3* conexion) {
     constexpr int kPura = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
     sqlite3_create_function(conexion, "val", 1, kPura, nullptr, Val, nullptr, nullptr);
     sqlite3_create_function(conexion, "format", 2, kPura, nullptr, FormatDeSql, nullptr, nullptr);
+    sqlite3_create_function(conexion, "importe", 1, kPura, nullptr, ImporteDeSql, nullptr, nullptr);
     sqlite3_create_function(conexion, "izquierda", 2, kPura, nullptr, Izquierda, nullptr, nullptr);
     sqlite3_create_function(conexion, "checksum", -1, kPura, nullptr, ChecksumDeSql, nullptr, nullptr);
     sqlite3_create_function(conexion, "sum", 1, kPura, nullptr, nullptr, PasoDeSuma, FinDeSuma);

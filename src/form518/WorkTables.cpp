@@ -26,10 +26,6 @@ const QString& DeUnCliente() {
     return condicion;
 }
 
-Importe SoloPositivo(Importe total) {
-    return total.Signo() < 0 ? Importe() : total;
-}
-
 } // namespace
 
 const QString& SqlSumasDeCliente() {
@@ -123,30 +119,16 @@ TablasTrabajo::Totales TablasTrabajo::TotalesDeCarga() const {
 }
 
 void TablasTrabajo::CalculaTotales() {
+    static const QString sql =
+        u"UPDATE TMPF518PCAB SET (%1, %2) = (SELECT importe(%3), importe(%4) FROM TMPF518PDET "
+        "AS D WHERE D.%5 = TMPF518PCAB.%5 AND D.%6 = TMPF518PCAB.%6)"_s.arg(
+            ColumnaDe(DatoCliente::MontoBase), ColumnaDe(DatoCliente::Percepcion), SumaDe(DatoComprobante::MontoBase),
+            SumaDe(DatoComprobante::Percepcion), ColumnaDe(DatoCliente::TipoDoc), ColumnaDe(DatoCliente::NumDoc));
     Transaccion transaccion = m_base->Comienza();
-    {
-        Registros clientes = m_base->Lee(u"SELECT * FROM TMPF518PCAB"_s);
-        const int tipo = clientes.Columna(ColumnaDe(DatoCliente::TipoDoc));
-        const int numero = clientes.Columna(ColumnaDe(DatoCliente::NumDoc));
-        while (clientes.Siguiente())
-            CalculaTotalesDe(clientes.Valor(tipo), clientes.Valor(numero));
-    }
+    m_base->Ejecuta(sql);
     // Wanted: the family's programs open an empty set on each table after a rewrite, which finds a lost one.
     const Registros vacia = m_base->Lee(u"SELECT * FROM F518PDET WHERE doc_id_d='0'"_s);
     transaccion.Confirma();
-}
-
-void TablasTrabajo::CalculaTotalesDe(const QVariant& tipoDoc, const QVariant& numero) {
-    Totales totales;
-    {
-        Registros suma = m_base->Lee(SqlSumasDeCliente(), {tipoDoc, numero});
-        if (suma.Siguiente())
-            totales = {SoloPositivo(Importe::Valor(suma.Texto(0))), SoloPositivo(Importe::Valor(suma.Texto(1)))};
-    }
-    static const QString sql = u"UPDATE TMPF518PCAB SET %1=?, %2=?"_s.arg(ColumnaDe(DatoCliente::MontoBase),
-                                                                          ColumnaDe(DatoCliente::Percepcion)) +
-                               DeUnCliente();
-    m_base->Ejecuta(sql, {totales.base.Texto(), totales.percepcion.Texto(), tipoDoc, numero});
 }
 
 void TablasTrabajo::EliminaCliente(const ClaveCliente& cliente) {

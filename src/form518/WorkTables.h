@@ -49,7 +49,6 @@ class TablasTrabajo {
     void CopiaClientes(const ClaveDeclaracion& clave);
     void CopiaComprobantes(const ClaveDeclaracion& clave, const QString& tabla);
     void CopiaPagos(const ClaveDeclaracion& clave);
-    void CalculaTotalesDe(const QVariant& tipoDoc, const QVariant& numero);
 
     Base* m_base;
 };

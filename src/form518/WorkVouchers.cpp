@@ -68,15 +68,6 @@ bool ComprobantesTrabajo::Existe(const ClaveComprobante& clave) const {
     return fila.Siguiente() && fila.Entero(0) > 0;
 }
 
-std::optional<ComprobantesTrabajo::Cobro> ComprobantesTrabajo::BuscaCobro(const ClaveComprobante& clave) const {
-    static const QString sql =
-        u"SELECT %1 FROM TMPF518PDET"_s.arg(ListaDe<DatoComprobante>({Fecha, MontoBase})) + DelComprobante();
-    Registros fila = m_base->Lee(sql, Valores(clave));
-    if (!fila.Siguiente())
-        return std::nullopt;
-    return Cobro{.fecha = fila.Texto(0), .base = MontoEscrito(fila.Texto(1))};
-}
-
 void ComprobantesTrabajo::Agrega(const ClaveComprobante& clave, const CamposComprobante& campos) {
     Registro fila(*m_tabla);
     fila.Pon(m_lugar[TipoDoc], clave.cliente.tipoDoc.Valor())

@@ -47,14 +47,6 @@ class ComprobantesTrabajo {
 
     [[nodiscard]] bool Existe(const ClaveComprobante& clave) const;
 
-    /// By what two readings of a voucher are told to be the same, as its row has it.
-    struct Cobro {
-        QString fecha;
-        MontoEscrito base;
-    };
-    /// Of a voucher in the table; nothing when it isn't there.
-    [[nodiscard]] std::optional<Cobro> BuscaCobro(const ClaveComprobante& clave) const;
-
     /// A row whose key stands there already raises `ErrorBase` (`ClaveDuplicada`).
     void Agrega(const ClaveComprobante& clave, const CamposComprobante& campos);
     /// Nothing is written when the row is gone.

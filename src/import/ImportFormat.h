@@ -1,5 +1,6 @@
 #pragma once
 
+#include "form518/WorkAdditions.h"
 #include "import/FieldChecks.h"
 
 #include <QVarLengthArray>
@@ -9,22 +10,30 @@
 
 namespace xa518 {
 
-class Base;
-
 /// Codes of what the tables have against a line, in the order in which they were met; none when all of it was written.
 using Objeciones = QVarLengthArray<Codigo, 3>;
 inline constexpr Codigo kClaveDuplicada{"0228"};
 
-/// Writes accepted lines to the work tables.
+/// Adds accepted lines to the work tables, a batch of them at a time.
 class Almacen {
   public:
-    Almacen() = default;
+    explicit Almacen(Base& base) : m_tablas(base) {}
     Almacen(const Almacen&) = delete;
     Almacen& operator=(const Almacen&) = delete;
     virtual ~Almacen() = default;
 
-    /// Raises `Error` for a failure that ends the run.
-    [[nodiscard]] virtual Objeciones Guarda(const LineaComprobada& linea) = 0;
+    /// Before the first line of a batch, within its transaction.
+    void Empieza() { m_tablas.Empieza(); }
+
+    /// Takes the rows of a line, `numero` in its file, as far as the tables have nothing against them. Raises `Error`
+    /// for a failure that ends the run.
+    [[nodiscard]] virtual Objeciones Guarda(const LineaComprobada& linea, qint64 numero) = 0;
+
+    /// Writes the rows taken; see `AltasTrabajo::Escribe`.
+    [[nodiscard]] QList<qint64> Escribe() { return m_tablas.Escribe(); }
+
+  protected:
+    AltasTrabajo m_tablas; // NOLINT(cppcoreguidelines-non-private-member-variables-in-classes)
 };
 
 /// A field as whoever makes a file has to know it.

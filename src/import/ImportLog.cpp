@@ -8,6 +8,9 @@
 
 #include <QFile>
 
+#include <filesystem>
+#include <fstream>
+
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
@@ -32,14 +35,36 @@ QString RutaDe(const Proceso& proceso, const ClaveDeclaracion& clave, const QStr
 } // namespace
 
 void ArchivoLog::Agrega(QByteArrayView linea) {
+    QByteArray bytes = linea.toByteArray();
+    bytes.append(kFinDeLinea);
+    if (!m_empezado || !AgregaDeprisa(bytes))
+        AgregaConMotivo(bytes);
+}
+
+/// With no more calls to the system than it takes, since a whole month may be refused. False when it can't, and then
+/// the file is as it was.
+bool ArchivoLog::AgregaDeprisa(const QByteArray& bytes) const {
+    std::fstream archivo(std::filesystem::path(m_ruta.toStdU16String()),
+                         std::ios::in | std::ios::out | std::ios::binary | std::ios::ate);
+    const std::streamoff antes = archivo.tellp();
+    if (!archivo.is_open() || antes < 0)
+        return false;
+    archivo.write(bytes.constData(), bytes.size());
+    archivo.close();
+    if (archivo)
+        return true;
+    QFile::resize(m_ruta, antes);
+    return false;
+}
+
+/// Tells what is wrong.
+void ArchivoLog::AgregaConMotivo(const QByteArray& bytes) {
     QFile archivo(m_ruta);
     const auto modo = QIODevice::Unbuffered | (m_empezado ? QIODevice::Append : QIODevice::Truncate);
     if (!archivo.open(QIODevice::WriteOnly | modo, QFile::ReadOwner | QFile::WriteOwner))
         throw FallaDeArchivo(Intento::Escribir, archivo);
     m_empezado = true;
     const qint64 antes = archivo.pos();
-    QByteArray bytes = linea.toByteArray();
-    bytes.append(kFinDeLinea);
     if (archivo.write(bytes) == bytes.size())
         return;
     const Error falla = FallaDeArchivo(Intento::Escribir, archivo);
@@ -71,13 +96,25 @@ void LogImportacion::Anota(const Escritura& escritura) {
 
 /// Wanted: a code without a row in `ERROR` gets the general text and a shorter key, even when its text is fixed
 /// here: the list says what the table says.
-QString LogImportacion::LineaDeLista(const QString& clave, Codigo codigo) const {
-    Registros fila = m_base->Lee(u"SELECT DescError FROM ERROR WHERE CodError=?"_s, {QString(codigo)});
-    if (!fila.Siguiente())
+QString LogImportacion::LineaDeLista(const QString& clave, Codigo codigo) {
+    const std::optional<QString> texto = TextoDe(codigo);
+    if (!texto)
         return clave.left(kAnchoClaveSinTexto).leftJustified(kAnchoClaveSinTexto + kBlancosSinTexto) + kOtroError;
-    const QString fijo = TextoFijo(codigo);
-    return ObjetoUtil::AlineaIzquierda(clave.left(kAnchoClave), kAnchoClave) + u' ' +
-           (fijo.isEmpty() ? fila.Texto(0) : fijo);
+    return ObjetoUtil::AlineaIzquierda(clave.left(kAnchoClave), kAnchoClave) + u' ' + *texto;
+}
+
+/// Read once in a run.
+std::optional<QString> LogImportacion::TextoDe(const QString& codigo) {
+    const auto leido = m_textos.constFind(codigo);
+    if (leido != m_textos.cend())
+        return *leido;
+    std::optional<QString> texto;
+    Registros fila = m_base->Lee(u"SELECT DescError FROM ERROR WHERE CodError=?"_s, {codigo});
+    if (fila.Siguiente())
+        texto = fila.Texto(0);
+    if (const QString fijo = TextoFijo(Codigo(codigo.toLatin1())); texto && !fijo.isEmpty())
+        texto = fijo;
+    return *m_textos.insert(codigo, texto);
 }
 
 } // namespace xa518

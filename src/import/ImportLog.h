@@ -3,7 +3,10 @@
 #include "import/CheckedLine.h"
 
 #include <QByteArrayView>
+#include <QHash>
 #include <QString>
+
+#include <optional>
 
 namespace xa518 {
 
@@ -24,6 +27,9 @@ class ArchivoLog {
     [[nodiscard]] bool Empezado() const { return m_empezado; }
 
   private:
+    [[nodiscard]] bool AgregaDeprisa(const QByteArray& bytes) const;
+    void AgregaConMotivo(const QByteArray& bytes);
+
     QString m_ruta;
     bool m_empezado = false;
 };
@@ -46,7 +52,8 @@ class LogImportacion {
     [[nodiscard]] const QString& Falla() const { return m_falla; }
 
   private:
-    [[nodiscard]] QString LineaDeLista(const QString& clave, Codigo codigo) const;
+    [[nodiscard]] QString LineaDeLista(const QString& clave, Codigo codigo);
+    [[nodiscard]] std::optional<QString> TextoDe(const QString& codigo);
     template <typename Escritura>
     void Anota(const Escritura& escritura);
 
@@ -54,6 +61,7 @@ class LogImportacion {
     ArchivoLog m_log;
     ArchivoLog m_err;
     QString m_falla;
+    QHash<QString, std::optional<QString>> m_textos; ///< of the codes met so far; none that the table lacks
 };
 
 } // namespace xa518

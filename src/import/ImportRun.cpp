@@ -99,17 +99,32 @@ void Transferencia::RechazaEntero() {
 
 void Transferencia::ImportaLineas(ObservadorImportacion& observador, const AlEmpezar& alEmpezar) {
     Lotes lotes(*m_proceso.baseDatos, m_opciones.prueba, m_resultado.transferidos);
+    lotes.Empieza();
+    if (alEmpezar)
+        alEmpezar();
+    const std::unique_ptr<Almacen> almacen =
+        m_formato.almacen(*m_proceso.baseDatos, m_clave.periodo, m_proceso.fechaPrimerIgv);
+    if (m_formato.tipos)
+        m_contexto.ventas = m_formato.tipos(*m_proceso.baseDatos);
     try {
-        lotes.Empieza();
-        if (alEmpezar)
-            alEmpezar();
-        RecorreLineas(observador, lotes);
+        RecorreLineas(observador, lotes, *almacen);
+        EscribeLote(lotes, *almacen);
         lotes.Cierra();
     } catch (const Error&) {
-        if (!lotes.Conserva())
+        if (!Conserva(lotes, *almacen))
             Pierde(m_resultado.transferidos - lotes.Conservadas());
         throw;
     }
+}
+
+/// The lines before an error stay, so their rows are still to be written.
+bool Transferencia::Conserva(Lotes& lotes, Almacen& almacen) {
+    try {
+        EscribeLote(lotes, almacen);
+    } catch (const Error&) {
+        return lotes.Conserva();
+    }
+    return lotes.Conserva();
 }
 
 /// Lines whose rows are gone aren't claimed.
@@ -118,11 +133,7 @@ void Transferencia::Pierde(qint64 lineas) {
     m_resultado.noConservado.append(NoSeConservaron(lineas, m_resultado.transferidos));
 }
 
-void Transferencia::RecorreLineas(ObservadorImportacion& observador, Lotes& lotes) {
-    const std::unique_ptr<Almacen> almacen =
-        m_formato.almacen(*m_proceso.baseDatos, m_clave.periodo, m_proceso.fechaPrimerIgv);
-    if (m_formato.tipos)
-        m_contexto.ventas = m_formato.tipos(*m_proceso.baseDatos);
+void Transferencia::RecorreLineas(ObservadorImportacion& observador, Lotes& lotes, Almacen& almacen) {
     LectorLineas lector(m_archivo);
     while (LeeLinea(lector)) {
         if (!observador.Sigue(
@@ -130,12 +141,49 @@ void Transferencia::RecorreLineas(ObservadorImportacion& observador, Lotes& lote
             m_resultado.fin = FinImportacion::Cancelada;
             return;
         }
-        lotes.Linea();
+        if (lotes.EstaLleno()) {
+            EscribeLote(lotes, almacen);
+            lotes.Termina();
+        }
+        if (lotes.Linea())
+            almacen.Empieza();
         ++m_numeroLinea;
-        ImportaLinea(lector.Linea(), *almacen);
+        ImportaLinea(lector.Linea(), almacen);
     }
     if (lector.BytesLeidos() != m_revision.bytes)
         throw ArchivoCambiado();
+}
+
+/// Half a batch could be half of a line's rows: it is kept whole or not at all.
+void Transferencia::EscribeLote(Lotes& lotes, Almacen& almacen) {
+    QList<qint64> rechazadas;
+    try {
+        rechazadas = almacen.Escribe();
+    } catch (const Error&) {
+        lotes.Abandona();
+        throw;
+    }
+    if (!rechazadas.isEmpty())
+        RechazaEscritas(rechazadas);
+}
+
+/// Rows that met another one in the tables after all. Their lines are read again, for the logs.
+void Transferencia::RechazaEscritas(const QList<qint64>& lineas) {
+    const qint64 ultima = m_numeroLinea;
+    QFile archivo;
+    Abre(archivo, m_archivo.fileName());
+    LectorLineas lector(archivo);
+    m_numeroLinea = 0;
+    for (const qint64 linea : lineas) {
+        for (; m_numeroLinea < linea; ++m_numeroLinea) {
+            if (!LeeLinea(lector))
+                throw ArchivoCambiado();
+        }
+        SeparaCampos(Decodifica(lector.Linea(), m_revision.codificacion), m_formato.Campos(), m_campos);
+        --m_resultado.transferidos;
+        Rechaza(lector.Linea(), {kClaveDuplicada});
+    }
+    m_numeroLinea = ultima;
 }
 
 void Transferencia::ImportaLinea(QByteArrayView bytes, Almacen& almacen) {
@@ -144,7 +192,7 @@ void Transferencia::ImportaLinea(QByteArrayView bytes, Almacen& almacen) {
     if (refutacion)
         return Rechaza(bytes, refutacion);
     ++m_resultado.transferidos;
-    for (const Codigo objecion : almacen.Guarda(m_linea)) {
+    for (const Codigo objecion : almacen.Guarda(m_linea, m_numeroLinea)) {
         // Wanted: only a duplicate key takes the line back from the transferred ones; see `ResultadoImportacion`.
         if (objecion == kClaveDuplicada)
             --m_resultado.transferidos;

@@ -102,7 +102,10 @@ class Transferencia {
 
     [[nodiscard]] bool EsApto();
     void ImportaLineas(ObservadorImportacion& observador, const AlEmpezar& alEmpezar);
-    void RecorreLineas(ObservadorImportacion& observador, Lotes& lotes);
+    void RecorreLineas(ObservadorImportacion& observador, Lotes& lotes, Almacen& almacen);
+    void EscribeLote(Lotes& lotes, Almacen& almacen);
+    [[nodiscard]] bool Conserva(Lotes& lotes, Almacen& almacen);
+    void RechazaEscritas(const QList<qint64>& lineas);
     void Pierde(qint64 lineas);
     void ImportaLinea(QByteArrayView bytes, Almacen& almacen);
     void Rechaza(QByteArrayView bytes, const Refutacion& refutacion);

@@ -1,6 +1,5 @@
 #include "import/PerceptionStore.h"
 
-#include "import/Attempt.h"
 #include "values/Dates.h"
 #include "values/Format.h"
 
@@ -18,7 +17,7 @@ QString Huella(const QString& fecha, const QString& monto) {
 }
 
 /// Texts that are the same need no format to be found so, and most are.
-bool MismoComprobante(const ComprobantesTrabajo::Cobro& guardado, const LineaComprobada& linea) {
+bool MismoComprobante(const AltasTrabajo::Cobro& guardado, const LineaComprobada& linea) {
     const QString& fecha = linea[Campo::FechaEmision];
     const QString& monto = linea[Campo::MontoCobrado];
     return (guardado.fecha == fecha && guardado.base.Texto() == monto) ||
@@ -28,23 +27,22 @@ bool MismoComprobante(const ComprobantesTrabajo::Cobro& guardado, const LineaCom
 } // namespace
 
 AlmacenPercepciones::AlmacenPercepciones(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv)
-    : m_clientes(base), m_comprobantes(base), m_pagos(base), m_tasas(base, periodoDeclarado, fechaPrimerIgv) {}
+    : Almacen(base), m_tasas(base, periodoDeclarado, fechaPrimerIgv) {}
 
-Objeciones AlmacenPercepciones::Guarda(const LineaComprobada& linea) {
-    Objeciones objeciones;
-    if (const ClaveCliente cliente = ClienteDe(linea); !m_clientes.Existe(cliente))
-        Intenta(objeciones, [&] { m_clientes.Agrega(cliente, NombresDe(linea)); });
+Objeciones AlmacenPercepciones::Guarda(const LineaComprobada& linea, qint64 numero) {
+    if (const ClaveCliente cliente = ClienteDe(linea); !m_tablas.Existe(cliente))
+        m_tablas.Agrega(cliente, NombresDe(linea), numero);
     const ComprobanteDePago pago = PagoDe(linea);
     const ClaveComprobante& clave = pago.clave.comprobante;
-    const std::optional<ComprobantesTrabajo::Cobro> guardado = m_comprobantes.BuscaCobro(clave);
-    if (guardado && !MismoComprobante(*guardado, linea)) {
-        objeciones.append(kComprobanteDistinto);
-        return objeciones;
-    }
+    const std::optional<AltasTrabajo::Cobro> guardado = m_tablas.BuscaCobro(clave);
+    if (guardado && !MismoComprobante(*guardado, linea))
+        return {kComprobanteDistinto};
     if (!guardado)
-        Intenta(objeciones, [&] { m_comprobantes.Agrega(clave, CamposDe(linea, m_tasas)); });
-    Intenta(objeciones, [&] { m_pagos.Agrega(pago.clave, pago.fecha, pago.monto); });
-    return objeciones;
+        m_tablas.Agrega(clave, CamposDe(linea, m_tasas), numero);
+    if (m_tablas.Existe(pago.clave))
+        return {kClaveDuplicada};
+    m_tablas.Agrega(pago, numero);
+    return {};
 }
 
 } // namespace xa518

@@ -10,12 +10,9 @@ class AlmacenPercepciones final : public Almacen {
   public:
     AlmacenPercepciones(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv);
 
-    [[nodiscard]] Objeciones Guarda(const LineaComprobada& linea) override;
+    [[nodiscard]] Objeciones Guarda(const LineaComprobada& linea, qint64 numero) override;
 
   private:
-    ClientesTrabajo m_clientes;
-    ComprobantesTrabajo m_comprobantes;
-    PagosTrabajo m_pagos;
     TasaImportacion m_tasas;
 };
 

@@ -20,11 +20,21 @@ void Lotes::Empieza() {
 
 /// A batch is as long as all before it. Clients come in no order, so that each batch writes most pages of the indexes
 /// again: with short ones to the end, what is written would grow with the square of the lines.
-void Lotes::Linea() {
-    if (m_lineas == m_confirmadas + std::clamp(m_confirmadas, kLoteMinimo, kLoteMaximo) && !m_prueba)
+bool Lotes::EstaLleno() const {
+    return m_lineas == m_confirmadas + std::clamp(m_confirmadas, kLoteMinimo, kLoteMaximo);
+}
+
+void Lotes::Termina() {
+    if (!m_prueba)
         Cierra();
+    m_confirmadas = m_lineas;
+}
+
+bool Lotes::Linea() {
+    const bool primera = m_lineas == m_confirmadas;
     Abre();
     ++m_lineas;
+    return primera;
 }
 
 void Lotes::Abre() {
@@ -40,7 +50,14 @@ void Lotes::Cierra() {
     m_conservadas = m_transferidas;
 }
 
+void Lotes::Abandona() {
+    m_abierta.reset();
+    m_abandonada = true;
+}
+
 bool Lotes::Conserva() {
+    if (m_abandonada)
+        return m_prueba; // where nothing was to be kept
     try {
         Cierra();
     } catch (const Error&) {

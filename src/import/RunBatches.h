@@ -21,13 +21,22 @@ class Lotes {
     /// What is written from here on belongs to the trial; does nothing for a real run.
     void Empieza();
 
-    /// Makes room for a line's rows; raises `ErrorBase` when another program holds the base.
-    void Linea();
+    /// Whether the batch has all its lines, so that its rows are to be written before the next one.
+    [[nodiscard]] bool EstaLleno() const;
+    /// Makes a full batch permanent; in a trial it only ends.
+    void Termina();
+
+    /// Makes room for a line's rows; true when it is the first of its batch. Raises `ErrorBase` when another program
+    /// holds the base.
+    [[nodiscard]] bool Linea();
 
     /// Makes what has been written permanent, or undoes a trial. Without it the rows of the last batch are undone.
     void Cierra();
 
-    /// The same after an error; false when the rows of the last batch are lost, which the engine may have undone by
+    /// Undoes the batch, whose rows could only be written in part. No more lines may follow.
+    void Abandona();
+
+    /// Closes after an error; false when the rows of the last batch are lost, which the engine may have undone by
     /// itself, as it does on a full disk.
     [[nodiscard]] bool Conserva();
 
@@ -40,9 +49,10 @@ class Lotes {
     Base* m_base;
     bool m_prueba;
     std::optional<Transaccion> m_abierta;
+    bool m_abandonada = false;
     const qint64& m_transferidas;
     qint64 m_lineas = 0;
-    qint64 m_confirmadas = 0; ///< lines in the batches that are permanent
+    qint64 m_confirmadas = 0; ///< lines in the batches that are ended
     qint64 m_conservadas = 0; ///< of these, the transferred ones
 };
 

@@ -1,7 +1,5 @@
 #include "import/SaleStore.h"
 
-#include "import/Attempt.h"
-
 namespace xa518 {
 
 namespace {
@@ -11,20 +9,18 @@ constexpr Codigo kRegistroDuplicado{"0871"};
 } // namespace
 
 AlmacenVentas::AlmacenVentas(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv)
-    : m_clientes(base), m_comprobantes(base), m_tasas(base, periodoDeclarado, fechaPrimerIgv) {}
+    : Almacen(base), m_tasas(base, periodoDeclarado, fechaPrimerIgv) {}
 
 /// Wanted: a voucher that is there is a duplicate even when date or amount differ, since its key stands in the
 /// table; and its client has been added.
-Objeciones AlmacenVentas::Guarda(const LineaComprobada& linea) {
-    Objeciones objeciones;
-    if (const ClaveCliente cliente = ClienteDe(linea); !m_clientes.Existe(cliente))
-        Intenta(objeciones, [&] { m_clientes.Agrega(cliente, NombresDe(linea)); });
+Objeciones AlmacenVentas::Guarda(const LineaComprobada& linea, qint64 numero) {
+    if (const ClaveCliente cliente = ClienteDe(linea); !m_tablas.Existe(cliente))
+        m_tablas.Agrega(cliente, NombresDe(linea), numero);
     const ClaveComprobante clave = ComprobanteDe(linea, linea[Campo::TipoCp]);
-    if (m_comprobantes.Existe(clave))
-        objeciones.append(kRegistroDuplicado);
-    else
-        Intenta(objeciones, [&] { m_comprobantes.Agrega(clave, CamposDe(linea, m_tasas)); });
-    return objeciones;
+    if (m_tablas.Existe(clave))
+        return {kRegistroDuplicado};
+    m_tablas.Agrega(clave, CamposDe(linea, m_tasas), numero);
+    return {};
 }
 
 } // namespace xa518

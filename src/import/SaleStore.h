@@ -10,11 +10,9 @@ class AlmacenVentas final : public Almacen {
   public:
     AlmacenVentas(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv);
 
-    [[nodiscard]] Objeciones Guarda(const LineaComprobada& linea) override;
+    [[nodiscard]] Objeciones Guarda(const LineaComprobada& linea, qint64 numero) override;
 
   private:
-    ClientesTrabajo m_clientes;
-    ComprobantesTrabajo m_comprobantes;
     TasaImportacion m_tasas;
 };
 

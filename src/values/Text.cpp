@@ -21,6 +21,8 @@ constexpr bool EsLatino(char16_t codigo) {
 }
 
 QChar Mayuscula(QChar c) {
+    if (c.unicode() < kPrimerAlto) // most are
+        return c >= u'a' && c <= u'z' ? QChar(char16_t(c.unicode() - (u'a' - u'A'))) : c;
     const QChar mayor = c.toUpper();
     const bool existe = CodigoWindows1252(mayor) != kSinCodigo;
     return existe ? mayor : c;

@@ -2,6 +2,7 @@
 
 #include "data/LongList.h"
 #include "data/LongReading.h"
+#include "data/NewRows.h"
 #include "data/Transaction.h"
 #include "data/Workgroup.h"
 
@@ -47,6 +48,43 @@ TEST_F(BaseTest, NumbersTheErrorsAsTheMessagesKnowThem) {
     EXPECT_EQ(NumeroDe([&] { (void)m_base->Describe(u"NOHAY"_s); }), 3011);
     EXPECT_EQ(NumeroDe([&] { Registro(m_base->Describe(u"CLIENTE"_s)).Pon(u"nohay", 1); }), 3061);
     EXPECT_EQ(NumeroDe([&] { Registro(m_base->Describe(u"CLIENTE"_s)).Pon(u"Numero", 1); }), 0);
+}
+
+/// They are entered in their own order, whatever order they are written in.
+TEST_F(BaseTest, AddsManyRowsAndTellsWhichOnesStandThere) {
+    Agrega(u"5"_s);
+    FilasNuevas filas(m_base->Describe(u"CLIENTE"_s), {u"orden"_s, u"numero"_s, u"nombre"_s});
+    filas.Pon(-7).Pon(u"9").PonNulo().CierraFila();
+    filas.Pon(2).Pon(u"5").Pon(u"dos").CierraFila();
+    filas.PonNulo().Pon(u"1").Pon(u"\uFEFFñ'\"").CierraFila();
+    filas.Pon(4).Pon(u"3").Pon(u"").CierraFila();
+    EXPECT_NE(NumeroDe([&] { (void)m_base->AgregaFilas(filas); }), 0); // without a transaction
+    EXPECT_EQ(Numeros(), u"5"_s);
+    Transaccion transaccion = m_base->Comienza();
+    EXPECT_EQ(m_base->AgregaFilas(filas), QList<size_t>{1});
+    filas.Vacia();
+    filas.Pon(5).Pon(u"0").Pon(u"cinco").CierraFila();
+    EXPECT_EQ(m_base->AgregaFilas(filas), QList<size_t>());
+    transaccion.Confirma();
+    EXPECT_EQ(m_base.Filas(u"SELECT numero, serie, nombre, orden FROM CLIENTE ORDER BY rowid"_s).join(u'/'),
+              u"5||<null>|<null>/9||<null>|-7/1||ñ'\"|<null>/3|||4/0||cinco|5"_s);
+}
+
+TEST_F(BaseTest, ARowThatATableCantTakeKeepsOutTheOthers) {
+    FilasNuevas filas(m_base->Describe(u"CLIENTE"_s), {u"numero"_s, u"serie"_s});
+    filas.Pon(u"1").Pon(u"").CierraFila();
+    filas.Pon(u"2").PonNulo().CierraFila();
+    Transaccion transaccion = m_base->Comienza();
+    EXPECT_EQ(NumeroDe([&] { (void)m_base->AgregaFilas(filas); }), SQLITE_CONSTRAINT_NOTNULL);
+    EXPECT_EQ(Numeros(), QString());
+}
+
+TEST_F(BaseTest, TheVersionTellsOfOtherConnectionsAlone) {
+    const qint64 antes = m_base->Version();
+    Agrega(u"1"_s);
+    EXPECT_EQ(m_base->Version(), antes);
+    Base::Abre(m_base.Ruta())->Ejecuta(u"DELETE * FROM CLIENTE"_s);
+    EXPECT_NE(m_base->Version(), antes);
 }
 
 TEST_F(BaseTest, StoresNullOnlyForAValueThatIsMissing) {

@@ -71,6 +71,36 @@ TEST(ImportStore, AfterADuplicateKeyTheLineGoesOnWithItsNextRow) {
     }
 }
 
+/// Its own line is told, though others have followed.
+TEST(ImportStore, ARowThatMeetsAnotherAtTheEndOfItsBatchIsRefusedWithItsLine) {
+    Escenario escenario;
+    escenario.base->Ejecuta(u"CREATE TABLE unica (x UNIQUE)"_s);
+    escenario.base->Ejecuta(u"INSERT INTO unica VALUES (1)"_s);
+    escenario.base->Ejecuta(u"CREATE TRIGGER doble BEFORE INSERT ON TMPF518PDETCP WHEN NEW.num_detcp = '00000078' "
+                            "BEGIN INSERT INTO unica VALUES (1); END"_s);
+    const QString mala = LineaDe({{NumeroCp, u"78"_s}});
+    const ResultadoImportacion resultado = escenario.Importa({LineaDe(), mala, LineaDe({{NumeroCp, u"79"_s}})});
+    EXPECT_EQ(resultado.transferidos, 2);
+    EXPECT_EQ(resultado.rechazados, 1);
+    EXPECT_EQ(BytesDe(resultado.rutaLog), mala.toUtf8() + '\n');
+    EXPECT_TRUE(BytesDe(resultado.rutaErr).endsWith(" De la tabla 0228\n"));
+    EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 2));
+}
+
+/// No line is kept by half.
+TEST(ImportStore, ABatchThatTheTablesCantTakeIsLostWholeAndTold) {
+    Escenario escenario;
+    escenario.base->Ejecuta(u"CREATE TRIGGER no BEFORE INSERT ON TMPF518PDETCP WHEN NEW.num_cp = '00010002' "
+                            "BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+    const ResultadoImportacion resultado = escenario.Importa(Muchas(10'005));
+    EXPECT_EQ(resultado.fin, FinImportacion::Fallida);
+    EXPECT_EQ(resultado.transferidos, 10'000);
+    EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 10'000, 10'000));
+    EXPECT_THAT(resultado.noConservado, ElementsAre(testing::Truly([](const QString& t) {
+                    return t.endsWith(u": 5. Se conservan: 10000."_s);
+                })));
+}
+
 /// The fixture's rows bear the number of their class as rate. The answers: credit, sale, list, amount.
 TEST(ImportStore, RateOfEachBandAndAnswer) {
     Escenario escenario;

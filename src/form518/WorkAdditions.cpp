@@ -1,0 +1,231 @@
+#include "form518/WorkAdditions.h"
+
+#include "data/Base.h"
+#include "values/Format.h"
+
+#include <algorithm>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kTablaClientes = u"TMPF518PCAB"_s;
+const QString kTablaComprobantes = u"TMPF518PDET"_s;
+const QString kTablaPagos = u"TMPF518PDETCP"_s;
+
+constexpr quint32 kEnTabla = 1;
+
+QStringList ColumnasDeClientes() {
+    using enum DatoCliente;
+    return ColumnasDe<DatoCliente>({TipoDoc, NumDoc, Razon, ApellidoP, ApellidoM, Nombres});
+}
+
+QString SqlDe(const QString& tabla, const QStringList& columnas) {
+    return u"SELECT %1 FROM %2"_s.arg(columnas.join(u", "_s), tabla);
+}
+
+ClaveCliente ClienteLeido(const Registros& filas) {
+    return {.tipoDoc = CodigoDocumento(static_cast<int>(filas.Entero(0))), .numero = filas.Texto(1)};
+}
+
+template <typename Numero>
+void AgregaNumero(std::string& clave, Numero numero) {
+    clave.append(reinterpret_cast<const char*>(&numero), sizeof numero);
+}
+
+void PonSiHay(FilasNuevas& filas, const std::optional<QString>& texto) {
+    if (texto)
+        filas.Pon(*texto);
+    else
+        filas.PonNulo();
+}
+
+void PonSinVacio(FilasNuevas& filas, const QString& texto) {
+    if (texto.isEmpty())
+        filas.PonNulo();
+    else
+        filas.Pon(texto);
+}
+
+} // namespace
+
+AltasTrabajo::AltasTrabajo(Base& base)
+    : m_base(&base)
+    , m_nuevosClientes{FilasNuevas(base.Describe(kTablaClientes), ColumnasDeClientes()), {}}
+    , m_nuevosComprobantes{FilasNuevas(base.Describe(kTablaComprobantes), ColumnasDe(DatosDeComprobantes())), {}}
+    , m_nuevosPagos{FilasNuevas(base.Describe(kTablaPagos), ColumnasDe(DatosDePagos())), {}} {}
+
+void AltasTrabajo::Empieza() {
+    const qint64 version = m_base->Version();
+    if (m_version == version)
+        return;
+    m_clientes = {};
+    m_comprobantes = {};
+    m_pagos = {};
+    m_cobros = {};
+    LeeClientes();
+    LeeComprobantes();
+    LeePagos();
+    m_version = version;
+}
+
+void AltasTrabajo::LeeClientes() {
+    Registros filas = m_base->Lee(SqlDe(kTablaClientes, ColumnasDe(ClaveDeClientes())));
+    while (filas.Siguiente())
+        m_clientes.PonNumero(m_clientes.Pon(Clave(ClienteLeido(filas))), kEnTabla);
+}
+
+void AltasTrabajo::LeeComprobantes() {
+    const QStringList columnas = ColumnasDe(ClaveDeComprobantes()) +
+                                 ColumnasDe<DatoComprobante>({DatoComprobante::Fecha, DatoComprobante::MontoBase});
+    Registros filas = m_base->Lee(SqlDe(kTablaComprobantes, columnas));
+    while (filas.Siguiente()) {
+        const Lugar lugar = Pon({.cliente = ClienteLeido(filas),
+                                 .serie = filas.Texto(2),
+                                 .numero = filas.Texto(3),
+                                 .tipCp = filas.Texto(4)});
+        m_comprobantes.PonNumero(lugar, PonCobro(filas.Texto(5), filas.Texto(6)));
+    }
+}
+
+void AltasTrabajo::LeePagos() {
+    Registros filas = m_base->Lee(SqlDe(kTablaPagos, ColumnasDe(ClaveDePagos())));
+    while (filas.Siguiente()) {
+        const ClavePago clave{
+            .comprobante = {.cliente = ClienteLeido(filas), .serie = filas.Texto(2), .numero = filas.Texto(3)},
+            .tipo = filas.Texto(4),
+            .serie = filas.Texto(5),
+            .numero = filas.Texto(6)};
+        m_pagos.Pon(Clave(clave, Pon(clave.comprobante)));
+    }
+}
+
+const std::string& AltasTrabajo::Clave(const ClaveCliente& cliente) {
+    m_clave.clear();
+    AgregaNumero(m_clave, cliente.tipoDoc.Valor());
+    AgregaAClave(m_clave, cliente.numero);
+    return m_clave;
+}
+
+const std::string& AltasTrabajo::Clave(const ClaveComprobante& clave, Lugar cliente) {
+    m_clave.clear();
+    AgregaNumero(m_clave, cliente);
+    AgregaAClave(m_clave, clave.serie);
+    AgregaAClave(m_clave, clave.numero);
+    AgregaAClave(m_clave, clave.tipCp);
+    return m_clave;
+}
+
+/// A payment hangs on the ordinary voucher of its key, whose type is the empty text.
+const std::string& AltasTrabajo::Clave(const ClavePago& clave, Lugar comprobante) {
+    m_clave.clear();
+    AgregaNumero(m_clave, comprobante);
+    AgregaAClave(m_clave, clave.tipo);
+    AgregaAClave(m_clave, clave.serie);
+    AgregaAClave(m_clave, clave.numero);
+    return m_clave;
+}
+
+AltasTrabajo::Lugar AltasTrabajo::Busca(const ClaveComprobante& clave) {
+    const Lugar cliente = m_clientes.Busca(Clave(clave.cliente));
+    return cliente == MemoriaDeClaves::kNinguno ? cliente : m_comprobantes.Busca(Clave(clave, cliente));
+}
+
+AltasTrabajo::Lugar AltasTrabajo::Pon(const ClaveComprobante& clave) {
+    const Lugar cliente = m_clientes.Pon(Clave(clave.cliente));
+    return m_comprobantes.Pon(Clave(clave, cliente));
+}
+
+/// One for all vouchers of that day and amount. Returns its place and 1 more, so never 0.
+quint32 AltasTrabajo::PonCobro(QStringView fecha, QStringView base) {
+    m_clave.clear();
+    AgregaUtf8(m_clave, fecha);
+    const auto largo = static_cast<quint32>(m_clave.size());
+    AgregaUtf8(m_clave, base);
+    AgregaNumero(m_clave, largo);
+    const Lugar lugar = m_cobros.Pon(m_clave);
+    return lugar + 1;
+}
+
+bool AltasTrabajo::Existe(const ClaveCliente& cliente) {
+    const Lugar lugar = m_clientes.Busca(Clave(cliente));
+    return lugar != MemoriaDeClaves::kNinguno && m_clientes.Numero(lugar) == kEnTabla;
+}
+
+bool AltasTrabajo::Existe(const ClaveComprobante& clave) {
+    const Lugar lugar = Busca(clave);
+    return lugar != MemoriaDeClaves::kNinguno && m_comprobantes.Numero(lugar) != 0;
+}
+
+bool AltasTrabajo::Existe(const ClavePago& clave) {
+    const Lugar comprobante = Busca(clave.comprobante);
+    return comprobante != MemoriaDeClaves::kNinguno &&
+           m_pagos.Busca(Clave(clave, comprobante)) != MemoriaDeClaves::kNinguno;
+}
+
+std::optional<AltasTrabajo::Cobro> AltasTrabajo::BuscaCobro(const ClaveComprobante& clave) {
+    const Lugar lugar = Busca(clave);
+    if (lugar == MemoriaDeClaves::kNinguno || m_comprobantes.Numero(lugar) == 0)
+        return std::nullopt;
+    const std::string_view texto = m_cobros.Texto(m_comprobantes.Numero(lugar) - 1);
+    const size_t largos = texto.size() - sizeof(quint32);
+    quint32 fecha = 0;
+    std::copy_n(texto.data() + largos, sizeof fecha, reinterpret_cast<char*>(&fecha));
+    return Cobro{.fecha = QString::fromUtf8(texto.data(), static_cast<qsizetype>(fecha)),
+                 .base = MontoEscrito(QString::fromUtf8(texto.data() + fecha, static_cast<qsizetype>(largos - fecha)))};
+}
+
+void AltasTrabajo::Agrega(const ClaveCliente& cliente, const NombresCliente& nombres, qint64 linea) {
+    m_clientes.PonNumero(m_clientes.Pon(Clave(cliente)), kEnTabla);
+    FilasNuevas& filas = m_nuevosClientes.filas;
+    filas.Pon(cliente.tipoDoc.Valor()).Pon(cliente.numero);
+    for (const auto* nombre : {&nombres.razon, &nombres.apellidoP, &nombres.apellidoM, &nombres.nombres})
+        PonSiHay(filas, *nombre);
+    filas.CierraFila();
+    m_nuevosClientes.lineas.push_back(linea);
+}
+
+/// In the order of `DatosDeComprobantes`.
+void AltasTrabajo::Agrega(const ClaveComprobante& clave, const CamposComprobante& campos, qint64 linea) {
+    m_comprobantes.PonNumero(Pon(clave), PonCobro(campos.fecha, campos.base.Texto()));
+    FilasNuevas& filas = m_nuevosComprobantes.filas;
+    filas.Pon(clave.cliente.tipoDoc.Valor()).Pon(clave.cliente.numero).Pon(clave.serie).Pon(clave.numero);
+    filas.Pon(clave.tipCp);
+    PonSinVacio(filas, campos.cpFact);
+    filas.Pon(campos.listaClie).Pon(campos.medPago).Pon(campos.fecha);
+    PonSinVacio(filas, campos.base.Texto());
+    PonSinVacio(filas, campos.percepcion ? Format(*campos.percepcion, u"###########0.#0") : QString());
+    filas.Pon(campos.tasa);
+    filas.CierraFila();
+    m_nuevosComprobantes.lineas.push_back(linea);
+}
+
+/// In the order of `DatosDePagos`.
+void AltasTrabajo::Agrega(const ComprobanteDePago& pago, qint64 linea) {
+    const ClaveComprobante& comprobante = pago.clave.comprobante;
+    m_pagos.Pon(Clave(pago.clave, Pon(comprobante)));
+    FilasNuevas& filas = m_nuevosPagos.filas;
+    filas.Pon(comprobante.cliente.tipoDoc.Valor()).Pon(comprobante.cliente.numero);
+    filas.Pon(comprobante.serie).Pon(comprobante.numero);
+    filas.Pon(pago.clave.tipo).Pon(pago.clave.serie).Pon(pago.clave.numero).Pon(pago.fecha).Pon(pago.monto.Texto());
+    filas.CierraFila();
+    m_nuevosPagos.lineas.push_back(linea);
+}
+
+QList<qint64> AltasTrabajo::Escribe() {
+    QList<qint64> rechazadas;
+    for (Nuevas* nuevas : {&m_nuevosClientes, &m_nuevosComprobantes, &m_nuevosPagos}) {
+        for (const size_t fila : m_base->AgregaFilas(nuevas->filas))
+            rechazadas.append(nuevas->lineas[fila]);
+        nuevas->filas.Vacia();
+        nuevas->lineas.clear();
+    }
+    if (!rechazadas.isEmpty())
+        m_version.reset(); // a row is remembered that isn't there
+    std::sort(rechazadas.begin(), rechazadas.end());
+    return rechazadas;
+}
+
+} // namespace xa518
