@@ -8,7 +8,6 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEvent>
-#include <QKeyEvent>
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
@@ -61,13 +60,24 @@ const QWidget* VentanaDe(const QObject* objeto) {
     return nullptr;
 }
 
-using Teclas = std::vector<std::unique_ptr<QKeyEvent>>;
+/// What a fast hand does ahead: keys, clicks and access keys.
+bool SeAdelanta(QEvent::Type tipo) {
+    return tipo == QEvent::KeyPress || tipo == QEvent::KeyRelease || tipo == QEvent::Shortcut ||
+           tipo == QEvent::MouseButtonPress || tipo == QEvent::MouseButtonRelease ||
+           tipo == QEvent::MouseButtonDblClick;
+}
 
-/// What a fast hand has typed ahead goes where it would have gone. Not into a box that has come up meanwhile.
-void TecleaDeNuevo(const Teclas& teclas) {
-    for (const auto& tecla : teclas) {
-        if (QWidget* campo = QApplication::focusWidget())
-            QCoreApplication::postEvent(campo, tecla->clone());
+struct Adelantado {
+    QPointer<QObject> donde;
+    std::unique_ptr<QEvent> evento;
+};
+using Adelantados = std::vector<Adelantado>;
+
+/// Each goes where it would have gone.
+void HazlosAhora(Adelantados adelantados) {
+    for (auto& [donde, evento] : adelantados) {
+        if (donde)
+            QCoreApplication::postEvent(donde, evento.release());
     }
 }
 
@@ -99,7 +109,7 @@ class TareaLarga final : public QObject, private Avance {
     std::atomic<bool> m_detener = false;
     std::optional<RelojDeArena> m_reloj;
     QPointer<CajaDeTarea> m_caja;
-    Teclas m_teclas; ///< typed before the box told that nothing is taken
+    Adelantados m_adelantados; ///< done before the box told that nothing is taken
     QElapsedTimer m_desde;
     QTimer m_ritmo;
     std::unique_ptr<HiloDeTrabajo> m_hilo; ///< the last: the work uses the others
@@ -132,10 +142,10 @@ bool TareaLarga::eventFilter(QObject* objeto, QEvent* evento) {
         return false;
     if (VentanaDe(objeto) != m_ventana->window())
         return false;
-    const bool esTecla = evento->type() == QEvent::KeyPress || evento->type() == QEvent::KeyRelease;
-    if (esTecla && !m_caja)
-        m_teclas.emplace_back(static_cast<QKeyEvent*>(evento->clone()));
-    evento->setAccepted(esTecla); // or it would be offered to the widgets around it, and a window would close
+    const bool seAdelanta = SeAdelanta(evento->type());
+    if (seAdelanta && !m_caja)
+        m_adelantados.push_back({objeto, std::unique_ptr<QEvent>(evento->clone())});
+    evento->setAccepted(seAdelanta); // or it would be offered to the widgets around it; a window would close
     return true;
 }
 
@@ -172,7 +182,7 @@ void TareaLarga::Acaba(const std::exception_ptr& falla) {
     Suelta();
     const QPointer<TareaLarga> yo = this; // what follows may end the window, and this with it
     const QPointer<QWidget> ventana = m_ventana;
-    const auto teclas = std::exchange(m_teclas, {});
+    Adelantados adelantados = std::exchange(m_adelantados, {});
     QElapsedTimer reloj;
     reloj.start();
     Protegido([&] {
@@ -183,8 +193,9 @@ void TareaLarga::Acaba(const std::exception_ptr& falla) {
     })();
     if (yo)
         yo->deleteLater();
+    // Not into a box that has come up meanwhile.
     if (ventana && ventana->window()->isActiveWindow() && reloj.elapsed() < kHastaLaCaja)
-        TecleaDeNuevo(teclas);
+        HazlosAhora(std::move(adelantados));
 }
 
 void TareaLarga::Atiende(const std::exception_ptr& falla) const {

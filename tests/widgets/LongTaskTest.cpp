@@ -60,10 +60,10 @@ TEST_F(LongTask, TheWindowLivesAndTakesNothingUntilTheEnd) {
     QTimer latido;
     QObject::connect(&latido, &QTimer::timeout, [&] { ++latidos; });
     latido.start(10);
-    QTest::mouseClick(m_boton, Qt::LeftButton);
-    QTest::keyClick(m_ventana.get(), Qt::Key_B, Qt::AltModifier);
     EXPECT_FALSE(m_ventana->close());
     CajaDeTarea& caja = Caja();
+    QTest::mouseClick(m_boton, Qt::LeftButton);
+    QTest::keyClick(m_ventana.get(), Qt::Key_B, Qt::AltModifier);
     EXPECT_EQ(caja.windowTitle(), u"Declaración"_s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return caja.findChild<QProgressBar*>()->value() > 0; }));
     EXPECT_GT(latidos, 10);
@@ -95,16 +95,20 @@ TEST_F(LongTask, AShortWorkIsWaitedForAndAFailureIsTold) {
     EXPECT_EQ(m_resultados.size(), 1);
 }
 
-TEST_F(LongTask, WhatIsTypedAheadArrivesWhereItWasMeant) {
+TEST_F(LongTask, WhatIsDoneAheadArrivesWhereItWasMeant) {
     QLineEdit campo(m_ventana.get());
     campo.show();
     campo.setFocus();
     Lanza({.titulo = u"Sumando"_s});
     QTest::keyClicks(&campo, u"123"_s);
+    QTest::mouseClick(m_boton, Qt::LeftButton);
     EXPECT_EQ(campo.text(), QString());
+    EXPECT_EQ(m_pulsado, 0);
     Termina();
     QTest::qWait(0);
     EXPECT_EQ(campo.text(), u"123"_s);
+    EXPECT_EQ(m_pulsado, 1);
+    campo.setFocus();
 
     Lanza({.titulo = u"Sumando"_s});
     (void)Caja();
