@@ -119,9 +119,10 @@ std::unique_ptr<QSqlQuery> Base::Prepara(const QString& sql) {
 }
 
 const QString& Base::Corre(const QString& sql, const QVariantList& valores, std::unique_ptr<QSqlQuery>& consulta) {
-    const auto [entrada, esNueva] = m_sentencias.try_emplace(sql);
-    Sentencia& sentencia = entrada->second;
-    if (esNueva)
+    const auto puesta = m_sentencias.try_emplace(sql);
+    const QString& texto = puesta.first->first;
+    Sentencia& sentencia = puesta.first->second;
+    if (puesta.second)
         sentencia.lugares = LugaresDeValores(sql);
     ExigeValores(sql, sentencia.lugares, valores.size());
     if (sentencia.libres.empty()) {
@@ -133,10 +134,10 @@ const QString& Base::Corre(const QString& sql, const QVariantList& valores, std:
     for (int i = 0; i < valores.size(); ++i)
         consulta->bindValue(i, SinTextoNulo(valores[i]));
     if (!consulta->exec()) {
-        const auto devuelve = qScopeGuard([&] { Devuelve(entrada->first, std::move(consulta)); });
+        const auto devuelve = qScopeGuard([&] { Devuelve(texto, std::move(consulta)); });
         Falla(*consulta);
     }
-    return entrada->first;
+    return texto;
 }
 
 void Base::Devuelve(const QString& sql, std::unique_ptr<QSqlQuery> consulta) noexcept {

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum ColumnaCliente { TipoDoc, Numero, Razon, Paterno, Materno, Nombres, MontoBase, MontoImp };
+enum class ColumnaImpresa : int { TipoDoc, Numero, Razon, Paterno, Materno, Nombres, MontoBase, MontoImp };
 
 } // namespace
 
@@ -22,14 +22,16 @@ QStringList ClienteImpreso::Columnas() {
 }
 
 ClienteImpreso ClienteImpreso::De(const Registros& fila, int primera) {
-    const auto texto = [&](ColumnaCliente columna) { return fila.Texto(primera + columna); };
-    return {static_cast<int>(fila.Entero(primera + TipoDoc)), texto(Numero),
+    const auto texto = [&](ColumnaImpresa columna) { return fila.Texto(primera + static_cast<int>(columna)); };
+    using enum ColumnaImpresa;
+    return {static_cast<int>(fila.Entero(primera + static_cast<int>(TipoDoc))), texto(Numero),
             NombreCliente(texto(Razon), texto(Paterno), texto(Materno), texto(Nombres)), texto(MontoBase),
             texto(MontoImp)};
 }
 
 ClienteImpreso ClienteImpreso::De(const FilaUnida& fila) {
-    const auto texto = [&](ColumnaCliente columna) { return fila.Campo(columna).toString(); };
+    const auto texto = [&](ColumnaImpresa columna) { return fila.Campo(static_cast<size_t>(columna)).toString(); };
+    using enum ColumnaImpresa;
     return {texto(TipoDoc).toInt(), texto(Numero),
             NombreCliente(texto(Razon), texto(Paterno), texto(Materno), texto(Nombres)), texto(MontoBase),
             texto(MontoImp)};

@@ -45,8 +45,8 @@ QSize TamanoPdf(bool apaisado) {
 /// From here on a unit is a twip, and places count from where reports begin; PDF counts upward.
 ContenidoPdf::ContenidoPdf(LetrasPdf& letras, bool apaisado)
     : m_letras(&letras), m_letra(&letras.normal), m_apaisado(apaisado), m_trazado(*this, TamanoHoja(apaisado).width()) {
-    constexpr int kTwipsPorPunto = 20;
-    constexpr int kMargen = TrazadoPagina::kMargen / kTwipsPorPunto;
+    constexpr int kTwipsDeUnPunto = 20;
+    constexpr int kMargen = TrazadoPagina::kMargen / kTwipsDeUnPunto;
     m_operadores = "/A gs .05 0 0 .05 " + QByteArray::number(kMargen) + ' ' +
                    QByteArray::number(TamanoPdf(apaisado).height() - kMargen) + " cm " +
                    QByteArray::number(TrazadoPagina::kGrosor) + " w 2 J\n";

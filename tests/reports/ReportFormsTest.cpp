@@ -49,6 +49,7 @@ TEST_F(ReportFormsTest, PrintsTheWholeReportOrItsRange) {
         EXPECT_EQ(De<QSpinBox>(vista, u"txtPagina"_s).maximum(), 4) << "all pages can be looked at";
         EsperaEnvio(CuantasPaginas(static_cast<int>(hojas.size())));
         QTest::keyClick(&vista, Qt::Key_P, Qt::ControlModifier);
+        EsperaTrabajos();
         EXPECT_EQ(Impreso(), hojas);
     }
     EsperaEnvio(u"2 páginas"_s);
