@@ -37,6 +37,28 @@ packages_package=(
   appstream
 )
 
+packages_windows=(
+  g++-mingw-w64-x86-64-posix # with what packages_build names: Qt's tools for this machine, the letter, the CSV library
+  qt6-base-dev-tools
+  libgtest-dev # brings GoogleTest's sources
+  librsvg2-bin # draws the icons that the programs carry
+  imagemagick
+  wine64 # runs what comes out
+  python3
+  poppler-utils # reads printed pages back
+)
+
+packages_windows_libraries=(
+  perl
+  tcl
+  autoconf
+  automake
+  libtool
+  make
+  dpkg-dev
+  postgresql-client-common
+)
+
 packages_clang=(
   clang # the sanitizers, and the fuzzers
 )

@@ -9,6 +9,7 @@
 #include "form518/Form0518.h"
 #include "platform/Clock.h"
 #include "platform/Display.h"
+#include "platform/ParentConsole.h"
 #include "platform/SingleInstance.h"
 #include "platform/SystemWindows.h"
 #include "widgets/Application.h"
@@ -37,6 +38,7 @@ int Corre(Proceso& proceso, Avisos& avisos) {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    const ConsolaQueLlama consola;
     QStringList argumentos;
     std::transform(argv + 1, argv + argc, std::back_inserter(argumentos),
                    [](const char* argumento) { return QString::fromLocal8Bit(argumento); });

@@ -1,6 +1,7 @@
 #include "batch/Batch.h"
 
 #include "family/Configuration.h"
+#include "platform/ParentConsole.h"
 
 #include <QGuiApplication>
 #include <QTextStream>
@@ -42,6 +43,7 @@ std::unique_ptr<QCoreApplication> HazAplicacion(int& argc, char** argv) {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    const xa518::ConsolaQueLlama consola;
     const std::unique_ptr<QCoreApplication> aplicacion = HazAplicacion(argc, argv);
     QTextStream salida(stdout);
     QTextStream errores(stderr);

@@ -28,6 +28,17 @@ sqlite3* Manija(const QSqlDatabase& conexion) {
     return *static_cast<sqlite3* const*>(manija.constData());
 }
 
+/// Qt's driver and the functions of this file hand each other the engine's own objects: both have to have been linked
+/// with the same one, down to its build.
+void ExigeUnSoloMotor(QSqlQuery consulta) {
+    const bool contesta = consulta.exec(u"SELECT sqlite_source_id()"_s) && consulta.next();
+    const QString delControlador = contesta ? consulta.value(0).toString() : QString();
+    const QString propio = QString::fromUtf8(sqlite3_sourceid());
+    if (delControlador != propio)
+        throw ErrorBase(NumeroError::MotorAjeno, u"El programa está instalado con dos motores de base de datos."_s,
+                        u"%1 / %2"_s.arg(delControlador, propio));
+}
+
 QString UriDe(const QString& ruta, ModoApertura modo) {
     const auto camino = QString::fromLatin1(QUrl::toPercentEncoding(QFileInfo(ruta).absoluteFilePath(), "/:"));
     return u"file:%1?mode=%2"_s.arg(camino, modo == ModoApertura::Nueva ? u"rwc"_s : u"rw"_s);
@@ -127,6 +138,7 @@ void MotorSqlite::Abre(const QString& ruta, ModoApertura modo) {
 }
 
 void MotorSqlite::Prepara() {
+    ExigeUnSoloMotor(QSqlQuery(Conexion()));
     sqlite3* manija = Manija(Conexion());
     sqlite3_db_config(manija, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     RegistraFunciones(manija);

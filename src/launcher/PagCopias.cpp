@@ -5,6 +5,7 @@
 #include "ui_PagCopias.h"
 #include "widgets/HourGlass.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 
@@ -57,7 +58,9 @@ void PagCopias::Haz() {
     RelojDeArena reloj;
     const QString ruta = LaSesion().Copias().Haz();
     reloj.Suelta();
-    LosAvisos().Muestra({Icono::Informacion, u"La copia de respaldo quedó guardada en '%1'."_s.arg(ruta), {}});
+    LosAvisos().Muestra({Icono::Informacion,
+                         u"La copia de respaldo quedó guardada en '%1'."_s.arg(QDir::toNativeSeparators(ruta)),
+                         {}});
     Carga();
     m_ui->GrdCopias->Elige(ruta);
 }

@@ -5,6 +5,7 @@
 #include "launcher/PagInformes.h"
 #include "platform/Clock.h"
 #include "platform/Display.h"
+#include "platform/ParentConsole.h"
 #include "platform/SystemWindows.h"
 #include "platform/WindowSearch.h"
 #include "reports/ShowReport.h"
@@ -71,6 +72,7 @@ int ConVentana(int argc, char** argv, const EntornoConsola& entorno, bool conMod
 } // namespace
 
 int main(int argc, char* argv[]) {
+    const ConsolaQueLlama salidas;
     const RelojSistema reloj;
     const EntornoConsola entorno = EntornoConsola::DelSistema(reloj, FormulariosConocidos());
     PrefiereX11();

@@ -2,6 +2,9 @@
 
 #include "values/FileFailure.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 #include <qt_windows.h>
 
 #include <array>
@@ -48,6 +51,8 @@ QString ArchivoPerfil::Lee(QStringView seccion, QStringView clave) const {
 }
 
 void ArchivoPerfil::Escribe(QStringView seccion, QStringView clave, QStringView valor) const {
+    if (const QFileInfo archivo(m_ruta); archivo.isAbsolute())
+        QDir().mkpath(archivo.path()); // where that fails, so does the call below
     const QString enSeccion = seccion.toString();
     const QString conClave = clave.toString();
     const QString puesto = valor.toString();

@@ -8,7 +8,7 @@ namespace xa518 {
 
 namespace {
 
-constexpr int kLargoDeClase = 257;
+constexpr int kLargoDelNombre = 257;
 
 HWND DeManejador(Manejador ventana) {
     return reinterpret_cast<HWND>(ventana); // NOLINT(*-reinterpret-cast, *-int-to-ptr)
@@ -40,8 +40,8 @@ class VentanasWindows final : public VentanasDelSistema {
     }
 
     QString Clase(Manejador ventana) override {
-        std::array<wchar_t, kLargoDeClase> texto{};
-        const int copiados = GetClassNameW(DeManejador(ventana), texto.data(), kLargoDeClase);
+        std::array<wchar_t, kLargoDelNombre> texto{};
+        const int copiados = GetClassNameW(DeManejador(ventana), texto.data(), kLargoDelNombre);
         return QString::fromWCharArray(texto.data(), copiados);
     }
 

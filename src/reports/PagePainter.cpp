@@ -1,7 +1,12 @@
 #include "reports/PagePainter.h"
 
+#include <QCoreApplication>
+#include <QDir>
+#include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QPainter>
+
+#include <mutex>
 
 namespace xa518 {
 
@@ -11,7 +16,17 @@ QColor ColorDe(const ColorPagina& color, const QColor& ventana) {
     return color.delSistema ? ventana : QColor(color.rojo, color.verde, color.azul);
 }
 
+void TraeLetrasDelPrograma() {
+    static std::once_flag traidas; // the toolkit keeps them for the whole process
+    std::call_once(traidas, [] {
+        const QDir carpeta(QCoreApplication::applicationDirPath() + u"/fonts"_s);
+        for (const QFileInfo& letra : carpeta.entryInfoList({u"*.ttf"_s}, QDir::Files))
+            QFontDatabase::addApplicationFont(letra.filePath());
+    });
+}
+
 QFont FuenteInforme() {
+    TraeLetrasDelPrograma();
     QFont fuente;
     fuente.setFamilies({u"Courier New"_s, u"Liberation Mono"_s, u"Cousine"_s, u"Nimbus Mono PS"_s});
     fuente.setStyleHint(QFont::TypeWriter);

@@ -10,6 +10,13 @@ class QPainter;
 
 namespace xa518 {
 
+/// What to do where there is no letter to print with.
+#ifdef Q_OS_WIN
+inline constexpr QStringView kComoTenerLetra = u"reponga la carpeta 'fonts' junto al programa";
+#else
+inline constexpr QStringView kComoTenerLetra = u"instale fonts-liberation";
+#endif
+
 /// What lies behind a page on the screen; `ventana` is the desktop's background of windows.
 [[nodiscard]] QColor ColorDe(const ColorPagina& color, const QColor& ventana);
 
@@ -33,6 +40,11 @@ class PintorPagina final : private LienzoPagina {
 
 /// Paints a page of a report, from 0, so that its whole sheet takes `ancho` units of the painter.
 void PintaPagina(QPainter& pintor, InformeSpool& informe, int pagina, qreal ancho);
+
+/// Where the system brings no letter of fixed width, or the platform sees none of the system's, as Qt's offscreen one
+/// on Windows, those of the folder `fonts` beside the program do. To be called with an application object, as often as
+/// one likes; the fonts below have it done.
+void TraeLetrasDelPrograma();
 
 /// The fixed-pitch font of all reports, "Courier New" or what stands for it with the same widths.
 [[nodiscard]] QFont FuenteInforme();

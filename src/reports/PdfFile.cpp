@@ -1,6 +1,7 @@
 #include "reports/PdfFile.h"
 
 #include "reports/FollowedReport.h"
+#include "reports/PagePainter.h"
 #include "reports/PartialFile.h"
 #include "reports/PdfDocument.h"
 #include "values/Error.h"
@@ -19,8 +20,9 @@ namespace {
 void ExigeLetras() {
     if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) == nullptr)
         throw Error(NumeroError::ArgumentoInvalido, u"No hay dónde dibujar las páginas."_s);
+    TraeLetrasDelPrograma();
     if (QFontDatabase::families().isEmpty())
-        throw Error(NumeroError::ArgumentoInvalido, u"No hay ninguna letra instalada: instale fonts-liberation."_s);
+        throw Error(NumeroError::ArgumentoInvalido, u"No hay ninguna letra instalada: %1."_s.arg(kComoTenerLetra));
 }
 
 /// A text in hexadecimal UTF-16, which needs no escapes and holds every letter.

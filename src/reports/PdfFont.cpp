@@ -42,7 +42,7 @@ LetraPdf::LetraPdf(bool negrita)
     , m_glifos{0} {
     if (m_letra.fontTable("glyf").isEmpty()) // outlines of another form than TrueType's
         throw Error(NumeroError::ArgumentoInvalido,
-                    u"La letra instalada no sirve para un PDF: instale fonts-liberation."_s);
+                    u"La letra instalada no sirve para un PDF: %1."_s.arg(kComoTenerLetra));
 }
 
 quint16 LetraPdf::Numera(QChar c) {

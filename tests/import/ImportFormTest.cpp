@@ -104,19 +104,19 @@ TEST_F(ImportForm, TheListShowsTheExpectedFileAlone) {
     lista.setCurrentItem(lista.findItems(u"dentro"_s, Qt::MatchExactly).first());
     lista.setFocus();
     QTest::keyClick(&lista, Qt::Key_Return);
-    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), carpeta + u"/dentro"_s);
+    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), QDir::toNativeSeparators(carpeta + u"/dentro"_s));
     EXPECT_THAT(Archivos(), ElementsAre());
 }
 
 TEST_F(ImportForm, ThePersonsOwnFoldersAreNear) {
     TecleaCarpeta(u"~"_s);
-    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), QDir::homePath());
+    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), QDir::toNativeSeparators(QDir::homePath()));
     EXPECT_EQ(De<QComboBox>("Drive1").currentData().toString(), QDir::homePath());
     Pulsa("cmdExaminar"); // and thinks better of it
-    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), QDir::homePath());
+    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), QDir::toNativeSeparators(QDir::homePath()));
     m_archivos.respuesta = m_escenario.base.Carpeta();
     Pulsa("cmdExaminar");
-    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), m_archivos.respuesta);
+    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), QDir::toNativeSeparators(m_archivos.respuesta));
 }
 
 TEST_F(ImportForm, ADroppedFileBringsItsFolderAndItsKind) {
@@ -129,7 +129,7 @@ TEST_F(ImportForm, ADroppedFileBringsItsFolderAndItsKind) {
     QApplication::sendEvent(m_forma.get(), &entra);
     QDropEvent suelta({20, 20}, Qt::CopyAction, &datos, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(m_forma.get(), &suelta);
-    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), m_escenario.base.Carpeta());
+    EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), QDir::toNativeSeparators(m_escenario.base.Carpeta()));
     EXPECT_THAT(Archivos(), ElementsAre(u"051820990518018202610VC.TXT"_s));
 }
 

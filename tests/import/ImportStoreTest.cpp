@@ -82,8 +82,8 @@ TEST(ImportStore, ARowThatMeetsAnotherAtTheEndOfItsBatchIsRefusedWithItsLine) {
     const ResultadoImportacion resultado = escenario.Importa({LineaDe(), mala, LineaDe({{NumeroCp, u"79"_s}})});
     EXPECT_EQ(resultado.transferidos, 2);
     EXPECT_EQ(resultado.rechazados, 1);
-    EXPECT_EQ(BytesDe(resultado.rutaLog), mala.toUtf8() + '\n');
-    EXPECT_TRUE(BytesDe(resultado.rutaErr).endsWith(" De la tabla 0228\n"));
+    EXPECT_EQ(BytesDeTexto(resultado.rutaLog), mala.toUtf8() + '\n');
+    EXPECT_TRUE(BytesDeTexto(resultado.rutaErr).endsWith(" De la tabla 0228\n"));
     EXPECT_THAT(escenario.Cuenta(), ElementsAre(1, 1, 2));
 }
 
@@ -155,7 +155,7 @@ TEST(ImportStore, CashSales) {
          VentaDe({{MontoCobrado, u"7"_s}}),
          VentaDe(Empresa({{CreditoFiscal, u"0"_s}, {TipoCp, u"3"_s}, {SeriePercepcion, u"b001"_s}}))});
     EXPECT_EQ(resultado.transferidos, 5);
-    EXPECT_TRUE(BytesDe(resultado.rutaErr).endsWith(" Registro Duplicado\n"));
+    EXPECT_TRUE(BytesDeTexto(resultado.rutaErr).endsWith(" Registro Duplicado\n"));
     EXPECT_EQ(resultado.rechazados, 1);
     EXPECT_THAT(escenario.Cuenta(), ElementsAre(3, 4, 0));
     EXPECT_THAT(escenario.base.Filas(u"SELECT * FROM TMPF518PDET ORDER BY rowid"_s),

@@ -53,8 +53,9 @@ TEST_F(Console, InstallsPrivatelyWithTheRowsThatTheModulesRelyOn) {
         EXPECT_EQ(QFile::permissions(carpeta + u'/' + nombre) & kDeOtros, QFile::Permissions());
     }
     const ArchivoPerfil perfil(rutaIni);
-    EXPECT_EQ(perfil.Lee(u"Options", u"SysPath"), carpeta + u'/');
-    EXPECT_EQ(perfil.Lee(u"Options", u"DBPath") + perfil.Lee(u"Options", u"DBName"), RutaBase());
+    EXPECT_EQ(perfil.Lee(u"Options", u"SysPath"), QDir::toNativeSeparators(carpeta + u'/'));
+    EXPECT_EQ(perfil.Lee(u"Options", u"DBPath") + perfil.Lee(u"Options", u"DBName"),
+              QDir::toNativeSeparators(RutaBase()));
     EXPECT_EQ(perfil.Lee(u"Options", u"SysUser"), u"CONTADOR"_s);
     const auto base = Abre();
     EXPECT_EQ(Declarantes(*base).Busca(Ruc(kRucMuestra)).value().usuario, u"CONTADOR"_s);

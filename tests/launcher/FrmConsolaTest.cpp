@@ -247,8 +247,8 @@ TEST_F(FirstStartTest, OffersToInstall) {
     avisos.EsperaPregunta(
         u"¿Desea agregar también la empresa de ejemplo, con archivos para practicar la importación?"_s, Respuesta::Si);
     avisos.Espera(
-        u"La instalación quedó lista en la carpeta '%1/'.\n\nLos archivos para practicar están en su subcarpeta"
-        " EJEMPLO."_s.arg(carpeta));
+        u"La instalación quedó lista en la carpeta '%1'.\n\nLos archivos para practicar están en su subcarpeta"
+        " EJEMPLO."_s.arg(QDir::toNativeSeparators(carpeta + u'/')));
     Pulsa("CmdInstalar");
     EXPECT_EQ(Aviso(), QString());
     EXPECT_TRUE(Fila(Tabla("GrdDeclarantes"), 0).startsWith(kRucMuestra));
@@ -270,7 +270,7 @@ TEST_F(FrmConsolaTest, AReportOpensInThePreviewAndGoesWithItsFile) {
     EscribeEn(rpt + u"00000001.PRN"_s, "<!nHojas!>12<!/nHojas!>\npPos|1|1|x|False|8|12|\n");
     QStringList vistos;
     Abre([&](QWidget&, const QString& en, const InformeRegistrado& informe) {
-        vistos.append(en + u'/' + informe.archivo);
+        vistos.append(QDir::fromNativeSeparators(en) + u'/' + informe.archivo);
     });
     Alt(Qt::Key_I);
     TablaFilas& tabla = Tabla("GrdInformes");
@@ -301,7 +301,8 @@ TEST_F(FrmConsolaTest, AReportOpensInThePreviewAndGoesWithItsFile) {
 TEST_F(FrmConsolaTest, ABrokenBaseIsToldAtTheStartAndACopyTakesItsPlaceAfterAQuestion) {
     Abre();
     Alt(Qt::Key_C);
-    avisos.Espera(u"La copia de respaldo quedó guardada en '%1/RESPALDOS/XA000-20261121-100000.DB'."_s.arg(carpeta));
+    avisos.Espera(u"La copia de respaldo quedó guardada en '%1'."_s.arg(
+        QDir::toNativeSeparators(carpeta + u"/RESPALDOS/XA000-20261121-100000.DB"_s)));
     Alt(Qt::Key_H);
     EscribeEn(RutaBase(), QByteArray(8192, 'x'));
     const QString falta =

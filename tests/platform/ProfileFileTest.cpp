@@ -23,17 +23,23 @@ TEST_F(ProfileFileTest, ReadsByTheRulesOfTheProfileCalls) {
         "SysUserX=no\r\n"
         "Doble=\"C:\\Con blanco \"\r\n"
         "Igual=a=b\r\nVacia=\r\n"
-        "Utf8=A\xC3\xB1o\r\nAnsi=A\xF1o\r\n"
+        "Ansi=A\xF1o\r\n"
         "[Options]\r\nTarde=no\r\n"
         "[Final]\nSinFin=si");
     const QMap<QString, QString> valores = {
         {u"SysUser"_s, u"JEFA 1"_s}, {u"SYSUSER"_s, u"JEFA 1"_s}, {u"Doble"_s, u"C:\\Con blanco "_s},
-        {u"Igual"_s, u"a=b"_s},      {u"Vacia"_s, u""_s},         {u"Utf8"_s, u"Año"_s},
-        {u"Ansi"_s, u"Año"_s},       {u"Tarde"_s, u""_s}, // a section that appears twice counts once
+        {u"Igual"_s, u"a=b"_s},      {u"Vacia"_s, u""_s},         {u"Ansi"_s, u"Año"_s},
+        {u"Tarde"_s, u""_s}, // a section that appears twice counts once
         {u"SysUse"_s, u""_s}};
     for (auto valor = valores.begin(); valor != valores.end(); ++valor)
         EXPECT_EQ(m_perfil.Lee(u"Options", valor.key()), valor.value()) << valor.key().toStdString();
     EXPECT_EQ(m_perfil.Lee(u"final", u"sinfin"), u"si"_s);
+}
+
+TEST_F(ProfileFileTest, ReadsUtf8WhereItIsUtf8) {
+    Pon("[Options]\r\nUtf8=A\xC3\xB1o\r\nAnsi=A\xF1o\r\n");
+    EXPECT_EQ(m_perfil.Lee(u"Options", u"Utf8"), u"Año"_s);
+    EXPECT_EQ(m_perfil.Lee(u"Options", u"Ansi"), u"Año"_s);
 }
 
 /// The launcher and the older programs of the family keep their own lines in the file.
@@ -63,7 +69,7 @@ TEST_F(ProfileFileTest, MakesThePrivateFileAndItsFolderOrSaysThatItCannot) {
     const ArchivoPerfil nuevo(m_carpeta.filePath(u"config/mia/XA000.INI"_s));
     nuevo.Escribe(u"Options", u"SysPath", u"/srv/año/");
     EXPECT_EQ(nuevo.Lee(u"Options", u"SysPath"), u"/srv/año/"_s);
-    EXPECT_EQ(QFile::permissions(nuevo.Ruta()) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+    EXPECT_EQ(QFile::permissions(nuevo.Ruta()) & kDeOtros, QFile::Permissions());
     Pon("a file where a folder would have to be");
     const ArchivoPerfil imposible(m_perfil.Ruta() + u"/XA000.INI"_s);
     EXPECT_THROW(imposible.Escribe(u"Options", u"SysPath", u"x"), Error);

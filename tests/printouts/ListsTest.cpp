@@ -62,7 +62,7 @@ TEST(ErrorReport, IsRegisteredUnderItsOwnCodeAndNeedsItsList) {
     const DatosErrores datos{lista, taller.clave.ruc, u"ÑAUPARI"_s, Periodo(2026, 1)};
     SinAvance nadie;
     const QByteArray spool =
-        BytesDe(RutaDeInforme(taller.proceso.rutaRPT, EscribeInforme(taller.proceso, datos, nadie)));
+        BytesDeTexto(RutaDeInforme(taller.proceso.rutaRPT, EscribeInforme(taller.proceso, datos, nadie)));
     EXPECT_TRUE(spool.contains("\npPos|10|1400|                    año de otra época|False|8|0|\n"));
     EXPECT_THAT(taller.base.Filas(u"SELECT CodRep, Doc_id_d FROM SPOOL"_s), ElementsAre(u"PER005|20990518018"_s));
     EXPECT_THROW(static_cast<void>(EscribeInforme(taller.proceso, DatosErrores{lista + u"x"_s, {}, {}, {}}, nadie)),

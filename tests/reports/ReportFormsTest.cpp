@@ -81,7 +81,8 @@ TEST_F(ReportFormsTest, SaysWhyNothingIsPrintedAndOffersThePdfOfTheRange) {
             m_avisos.EsperaPregunta(motivo + u"\n¿Desea guardar el reporte como PDF?"_s, respuesta);
             if (respuesta == Respuesta::Si) {
                 m_archivos.respuesta = Ruta(u"guardado.pdf"_s);
-                m_avisos.Espera(u"Se guardó en «%1»: 1 página."_s.arg(Ruta(u"guardado.pdf"_s)));
+                m_avisos.Espera(
+                    u"Se guardó en «%1»: 1 página."_s.arg(QDir::toNativeSeparators(Ruta(u"guardado.pdf"_s))));
             }
             VerReporte(m_entorno, Reporte(3, {true, 2, 2}), ModoReporte::Impresora, m_ventana);
             EsperaTrabajos();
@@ -114,7 +115,7 @@ TEST_F(ReportFormsTest, SeveralPrintersAreOfferedWithTheDefaultOneChosen) {
     EXPECT_FALSE(QFile::exists(Ruta(u"impreso.pdf"_s)));
     AlAbrir(u"frmImpresora"_s, [this](QWidget& eleccion) {
         m_archivos.respuesta = Ruta(u"guardado.pdf"_s);
-        m_avisos.Espera(u"Se guardó en «%1»: 2 páginas."_s.arg(Ruta(u"guardado.pdf"_s)));
+        m_avisos.Espera(u"Se guardó en «%1»: 2 páginas."_s.arg(QDir::toNativeSeparators(Ruta(u"guardado.pdf"_s))));
         Clic(eleccion, u"CmdImpresora_1"_s);
     });
     VerReporte(m_entorno, Reporte(2), ModoReporte::Impresora, m_ventana);
@@ -154,7 +155,7 @@ TEST_F(ReportFormsTest, KeepsTheWholeReportAsPdf) {
     frmPreview vista(m_entorno, Reporte(3, {true, 2, 2}));
     Muestra(vista);
     AvisosDelPrograma().Espera(FallaDeArchivo(Intento::Escribir, u"/proc/x.pdf"_s).Texto());
-    m_avisos.Espera(u"Se guardó en «%1»: 3 páginas."_s.arg(Ruta(u"guardado.pdf"_s)));
+    m_avisos.Espera(u"Se guardó en «%1»: 3 páginas."_s.arg(QDir::toNativeSeparators(Ruta(u"guardado.pdf"_s))));
     for (const QString& ruta : {QString(), u"/proc/x.pdf"_s, Ruta(u"guardado.pdf"_s)}) {
         m_archivos.respuesta = ruta;
         Clic(vista, u"CmdPdf"_s);

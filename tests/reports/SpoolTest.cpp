@@ -66,12 +66,12 @@ TEST(SpoolFile, GivesBackWhatWasWrittenAndNoTextBecomesACommand) {
     spool.Recibe(LineaVacia());
     spool.Recibe(TextoEnPagina{10, 350, u"a|b\nc\td"_s, false, 8, 1});
     spool.Termina();
-    EXPECT_TRUE(BytesDe(ruta).endsWith("\n \npPos|10|350|a b c d|False|8|1|\n"));
+    EXPECT_TRUE(BytesDeTexto(ruta).endsWith("\n \npPos|10|350|a b c d|False|8|1|\n"));
 
     Libreta libreta;
     InformeSpool::Abre(ruta)->Imprime({}, libreta);
     EXPECT_EQ(libreta.comandos.first(6), comandos);
-    EXPECT_EQ(QFile::permissions(ruta) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+    EXPECT_EQ(QFile::permissions(ruta) & kDeOtros, QFile::Permissions());
     EXPECT_THROW(ArchivoSpool(ruta + u"/a.PRN"_s), Error) << "a file is no folder";
     ArchivoSpool discoLleno(u"/dev/full"_s);
     discoLleno.Recibe(NuevaHoja());

@@ -30,8 +30,22 @@ inline void EscribeEn(const QString& ruta, const QByteArray& bytes) {
     return archivo.readAll();
 }
 
-/// What nobody but the owner may do with a private file.
+/// The same with the ends of lines that the rules speak of, whatever the system's own are.
+[[nodiscard]] inline QByteArray BytesDeTexto(const QString& ruta) {
+    QByteArray bytes = BytesDe(ruta);
+#ifdef Q_OS_WIN
+    bytes.replace("\r\n", "\n");
+#endif
+    return bytes;
+}
+
+/// What nobody but the owner may do with a private file. On Windows a file has what its folder has, and the folders of
+/// a person are private.
+#ifdef Q_OS_WIN
+inline constexpr QFile::Permissions kDeOtros{};
+#else
 inline constexpr QFile::Permissions kDeOtros{0x0077};
+#endif
 
 } // namespace xa518::prueba
 

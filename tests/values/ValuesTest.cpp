@@ -5,7 +5,9 @@
 #include "values/Format.h"
 #include "values/Text.h"
 
+#ifndef Q_OS_WIN
 #include <unistd.h>
+#endif
 
 namespace {
 
@@ -142,8 +144,33 @@ TEST(Text, TellsUtf8FromOtherBytes) {
         EXPECT_FALSE(EsUtf8Valido(otros)) << otros;
 }
 
-/// What is missing or forbidden is named, whoever runs the tests: to the superuser nothing is forbidden.
-TEST(FileFailure, NamesWhatStandsInTheWay) {
+TEST(FileFailure, NamesWhatIsMissing) {
+    const QTemporaryDir lugar(QDir::tempPath() + u"/falla"_s);
+    const QString carpeta = lugar.path();
+    EscribeEn(carpeta + u"/archivo"_s, "x");
+    using enum Intento;
+    const struct {
+        QString nombre;
+        NumeroError numero;
+        QString texto;
+    } casos[] = {
+        {u"/nada"_s, NumeroError::ArchivoNoEncontrado, u"No se encuentra el archivo '%1/nada'."_s},
+        {u"/no/hay/nada"_s, NumeroError::ArchivoNoEncontrado,
+         u"No se encuentra el archivo '%1/no/hay/nada': no existe la carpeta '%1/no/hay'."_s},
+        {u"/archivo/x"_s, NumeroError::AccesoAlDisco,
+         u"No se puede leer el archivo '%1/archivo/x': '%1/archivo' no es una carpeta."_s},
+    };
+    for (const auto& [nombre, numero, texto] : casos) {
+        const Error falla = FallaDeArchivo(Leer, carpeta + nombre);
+        EXPECT_EQ(falla.Texto(), texto.arg(carpeta));
+        EXPECT_TRUE(falla.Es(numero)) << qPrintable(nombre);
+    }
+}
+
+#ifndef Q_OS_WIN
+
+/// Whoever runs the tests: to the superuser nothing is forbidden.
+TEST(FileFailure, NamesWhatIsForbidden) {
     const QTemporaryDir lugar(QDir::tempPath() + u"/falla"_s);
     const QString carpeta = lugar.path();
     EscribeEn(carpeta + u"/archivo"_s, "x");
@@ -152,25 +179,10 @@ TEST(FileFailure, NamesWhatStandsInTheWay) {
     const bool todoPuede = geteuid() == 0;
     ASSERT_TRUE(!todoPuede || setresuid(65534, 65534, 0) == 0);
     using enum Intento;
-    const struct {
-        Intento intento;
-        QString nombre;
-        NumeroError numero;
-        QString texto;
-    } casos[] = {
-        {Leer, u"/nada"_s, NumeroError::ArchivoNoEncontrado, u"No se encuentra el archivo '%1/nada'."_s},
-        {Leer, u"/no/hay/nada"_s, NumeroError::ArchivoNoEncontrado,
-         u"No se encuentra el archivo '%1/no/hay/nada': no existe la carpeta '%1/no/hay'."_s},
-        {Leer, u"/archivo/x"_s, NumeroError::AccesoAlDisco,
-         u"No se puede leer el archivo '%1/archivo/x': '%1/archivo' no es una carpeta."_s},
-        {Escribir, u"/nuevo"_s, NumeroError::AccesoAlDisco,
-         u"No se puede escribir el archivo '%1/nuevo': no hay permiso para escribir en la carpeta '%1'."_s},
-    };
-    for (const auto& [intento, nombre, numero, texto] : casos) {
-        const Error falla = FallaDeArchivo(intento, carpeta + nombre);
-        EXPECT_EQ(falla.Texto(), texto.arg(carpeta));
-        EXPECT_TRUE(falla.Es(numero)) << qPrintable(nombre);
-    }
+    const Error nuevo = FallaDeArchivo(Escribir, carpeta + u"/nuevo"_s);
+    EXPECT_EQ(nuevo.Texto(), u"No se puede escribir el archivo '%1/nuevo': no hay permiso para escribir en la "
+                             "carpeta '%1'."_s.arg(carpeta));
+    EXPECT_TRUE(nuevo.Es(NumeroError::AccesoAlDisco));
     QFile cerrado(carpeta + u"/archivo"_s);
     EXPECT_FALSE(cerrado.open(QIODevice::ReadWrite));
     const Error falla = FallaDeArchivo(Escribir, cerrado);
@@ -180,6 +192,8 @@ TEST(FileFailure, NamesWhatStandsInTheWay) {
     ASSERT_TRUE(!todoPuede || setresuid(0, 0, 0) == 0);
     QFile::setPermissions(carpeta, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
+
+#endif
 
 TEST(Dates, AreRealDaysInTenCharacters) {
     for (const QString& texto : u"01/01/1850|29/02/2024|29/02/2000|31/12/2500"_s.split(u'|'))

@@ -1,0 +1,13 @@
+# GoogleTest: the system's own, or for another system built from the sources that the same package brings.
+if(CMAKE_CROSSCOMPILING)
+  set(INSTALL_GTEST OFF)
+  add_subdirectory(/usr/src/googletest "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL SYSTEM)
+  foreach(library gtest gtest_main gmock gmock_main)
+    set_target_properties(${library} PROPERTIES UNITY_BUILD OFF)
+    if(NOT TARGET GTest::${library})
+      add_library(GTest::${library} ALIAS ${library})
+    endif()
+  endforeach()
+else()
+  find_package(GTest REQUIRED)
+endif()
