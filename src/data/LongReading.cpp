@@ -12,7 +12,7 @@ LecturaLarga::LecturaLarga(Base& base) : m_base(&base) {
 LecturaLarga::~LecturaLarga() {
     try {
         m_base->Ejecuta(m_base->m_motor->SqlMemoria(Memoria::Amplia));
-    } catch (const Error&) { // NOLINT(bugprone-empty-catch)
+    } catch (const std::exception&) { // NOLINT(bugprone-empty-catch)
         // What comes after works with little memory too, only slower.
     }
 }

@@ -48,7 +48,8 @@ struct Proceso : Configurado {
 /// since a connection belongs to the thread that has opened it.
 class ProcesoAparte {
   public:
-    explicit ProcesoAparte(const Proceso& proceso) : m_configurado(proceso), m_ruta(proceso.baseDatos->Ruta()) {}
+    explicit ProcesoAparte(const Proceso& proceso)
+        : m_configurado(static_cast<const Configurado&>(proceso)), m_ruta(proceso.baseDatos->Ruta()) {}
 
     /// Raises `ErrorBase`.
     [[nodiscard]] Proceso Abre() const { return {m_configurado, Base::Abre(m_ruta)}; }

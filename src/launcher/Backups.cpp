@@ -80,11 +80,13 @@ QString CuentaDefectos(const QStringList& defectos) {
     return defectos.size() == 1 ? u"un defecto"_s : u"%1 defectos"_s.arg(defectos.size());
 }
 
-Respaldos::Respaldos(QString rutaBase, const QString& carpeta, const Reloj& reloj, Formularios formularios)
+Respaldos::Respaldos(QString rutaBase, QString carpeta, const Reloj& reloj, Formularios formularios)
     : m_rutaBase(std::move(rutaBase))
-    , m_carpeta(QDir::fromNativeSeparators(carpeta)) // as the list spells its files: they are compared
+    , m_carpeta(std::move(carpeta))
     , m_reloj(&reloj)
-    , m_formularios(std::move(formularios)) {}
+    , m_formularios(std::move(formularios)) {
+    m_carpeta = QDir::fromNativeSeparators(m_carpeta); // as the list spells its files: they are compared
+}
 
 QStringList Respaldos::Defectos(Base& base) {
     QStringList defectos;

@@ -28,7 +28,7 @@ class Respaldos {
     static constexpr qsizetype kConservados = 20;
 
     /// The forms are those whose tables and numbers a restored base gets.
-    Respaldos(QString rutaBase, const QString& carpeta, const Reloj& reloj, Formularios formularios);
+    Respaldos(QString rutaBase, QString carpeta, const Reloj& reloj, Formularios formularios);
 
     /// Makes a copy and returns its full name. Raises `Error`, and then the folder is as it was.
     [[nodiscard]] QString Haz() const;

@@ -12,7 +12,7 @@ class ConsolaQueLlama final {
     ConsolaQueLlama& operator=(ConsolaQueLlama&&) = delete;
     ConsolaQueLlama(const ConsolaQueLlama&) = delete;
     ConsolaQueLlama& operator=(const ConsolaQueLlama&) = delete;
-    ~ConsolaQueLlama();
+    ~ConsolaQueLlama(); // NOLINT(performance-trivially-destructible): not on Windows
 
   private:
     [[maybe_unused]] unsigned m_codigosDeAntes = 0; ///< the console's code page; 0: there is no console

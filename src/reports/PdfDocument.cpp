@@ -37,10 +37,10 @@ void DocumentoPdf::Pon(int objeto, const QByteArray& contenido) {
     m_archivo->Escribe(contenido + "\nendobj\n");
 }
 
-void DocumentoPdf::PonFlujo(int objeto, const QByteArray& entradas, const QByteArray& bytes) {
-    const QByteArray comprimido = Comprimido(bytes);
+void DocumentoPdf::PonFlujo(int objeto, const FlujoPdf& flujo) {
+    const QByteArray comprimido = Comprimido(flujo.bytes);
     Empieza(objeto);
-    m_archivo->Escribe("<<" + entradas + "/Filter/FlateDecode/Length " + QByteArray::number(comprimido.size()) +
+    m_archivo->Escribe("<<" + flujo.entradas + "/Filter/FlateDecode/Length " + QByteArray::number(comprimido.size()) +
                        ">>\nstream\n");
     m_archivo->Escribe(comprimido);
     m_archivo->Escribe("\nendstream\nendobj\n");

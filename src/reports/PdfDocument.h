@@ -8,6 +8,12 @@ namespace xa518 {
 
 class ArchivoParcial;
 
+/// An object with bytes, which are compressed.
+struct FlujoPdf {
+    QByteArray entradas{}; ///< of its dictionary, beside those that tell so
+    QByteArray bytes;
+};
+
 /// Writes a PDF object by object, in any order, and at the end the table of where they lie. It keeps their places
 /// alone: what an object holds is on the disk as soon as it is written.
 class DocumentoPdf {
@@ -18,8 +24,7 @@ class DocumentoPdf {
     /// A number for an object, which others may name before it is written.
     [[nodiscard]] int Reserva();
     void Pon(int objeto, const QByteArray& contenido);
-    /// An object with bytes, which are compressed; `entradas` stand in its dictionary beside those that tell so.
-    void PonFlujo(int objeto, const QByteArray& entradas, const QByteArray& bytes);
+    void PonFlujo(int objeto, const FlujoPdf& flujo);
     /// The end: every number reserved must have its object by now.
     void Termina(int raiz, int informacion);
 

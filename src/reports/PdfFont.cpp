@@ -134,8 +134,8 @@ void LetraPdf::Escribe(DocumentoPdf& documento, int objeto) const {
                                     "/FontDescriptor " + ReferenciaPdf(descriptor) + ">>");
     documento.Pon(descriptor, Descriptor(archivo));
     const QByteArray letra = SubconjuntoTrueType(m_letra, m_glifos);
-    documento.PonFlujo(archivo, "/Length1 " + QByteArray::number(letra.size()), letra);
-    documento.PonFlujo(mapa, {}, MapaUnicode());
+    documento.PonFlujo(archivo, {.entradas = "/Length1 " + QByteArray::number(letra.size()), .bytes = letra});
+    documento.PonFlujo(mapa, {.bytes = MapaUnicode()});
 }
 
 } // namespace xa518

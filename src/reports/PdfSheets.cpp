@@ -33,7 +33,7 @@ void HojasPdf::TerminaHoja() {
     const int contenido = m_documento->Reserva();
     const int hoja = m_documento->Reserva();
     const QSize tamano = TamanoPdf(m_hoja->Apaisado());
-    m_documento->PonFlujo(contenido, {}, m_hoja->Cierra());
+    m_documento->PonFlujo(contenido, {.bytes = m_hoja->Cierra()});
     m_documento->Pon(hoja, "<</Type /Page\n/Parent " + ReferenciaPdf(m_rama) + "/MediaBox [0 0 " +
                                QByteArray::number(tamano.width()) + ' ' + QByteArray::number(tamano.height()) +
                                "]/Contents " + ReferenciaPdf(contenido) + ">>");

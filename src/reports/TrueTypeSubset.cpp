@@ -52,10 +52,10 @@ struct Tablas {
 
 class Subconjunto {
   public:
-    Subconjunto(const QRawFont& letra, const std::vector<quint32>& glifos)
+    Subconjunto(const QRawFont& letra, std::vector<quint32> glifos)
         : m_original{letra.fontTable("glyf"), letra.fontTable("head"), letra.fontTable("hhea"),
                      letra.fontTable("hmtx"), letra.fontTable("loca"), letra.fontTable("maxp")}
-        , m_glifos(glifos) {}
+        , m_glifos(std::move(glifos)) {}
 
     [[nodiscard]] QByteArray Hace();
 
@@ -117,7 +117,7 @@ QByteArray Subconjunto::Compuesta(QByteArray glifo) {
 
 /// Composed glyphs add theirs to the end of the list while it is gone through.
 void Subconjunto::Trazos() {
-    for (size_t i = 0; i < m_glifos.size(); ++i) {
+    for (size_t i = 0; i < m_glifos.size(); ++i) { // NOLINT(modernize-loop-convert): it grows
         Agrega(m_nuevas.loca, static_cast<quint32>(m_nuevas.glyf.size()));
         const QByteArray glifo = Descripcion(m_glifos[i]);
         if (glifo.isEmpty())
@@ -148,7 +148,7 @@ quint32 Suma(const QByteArray& tabla) {
 }
 
 /// The tables, by name, behind their directory.
-QByteArray Archivo(std::vector<std::pair<QByteArray, QByteArray>> tablas) {
+QByteArray Archivo(const std::vector<std::pair<QByteArray, QByteArray>>& tablas) {
     constexpr qsizetype kEncabezado = 12;
     constexpr qsizetype kEntrada = 16;
     const auto cuantas = static_cast<quint16>(tablas.size());
@@ -161,7 +161,8 @@ QByteArray Archivo(std::vector<std::pair<QByteArray, QByteArray>> tablas) {
     for (const quint16 numero : {cuantas, alcance, potencia, static_cast<quint16>(kEntrada * cuantas - alcance)})
         Agrega(directorio, numero);
     QByteArray cuerpo;
-    for (auto& [nombre, tabla] : tablas) {
+    for (const auto& [nombre, deLargoPropio] : tablas) {
+        QByteArray tabla = deLargoPropio;
         directorio += nombre;
         const auto largo = static_cast<quint32>(tabla.size());
         Empareja(tabla);

@@ -74,7 +74,7 @@ struct Adelantado {
 using Adelantados = std::vector<Adelantado>;
 
 /// Each goes where it would have gone.
-void HazlosAhora(Adelantados adelantados) {
+void HazlosAhora(Adelantados& adelantados) {
     for (auto& [donde, evento] : adelantados) {
         if (donde)
             QCoreApplication::postEvent(donde, evento.release());
@@ -195,7 +195,7 @@ void TareaLarga::Acaba(const std::exception_ptr& falla) {
         yo->deleteLater();
     // Not into a box that has come up meanwhile.
     if (ventana && ventana->window()->isActiveWindow() && reloj.elapsed() < kHastaLaCaja)
-        HazlosAhora(std::move(adelantados));
+        HazlosAhora(adelantados);
 }
 
 void TareaLarga::Atiende(const std::exception_ptr& falla) const {
