@@ -162,7 +162,7 @@ TEST_F(Pdf, ShowsWhatTheScreenShows) {
                             "pPos|10|5500|" +
                             largo.repeated(2).toUtf8() +
                             "|False|8|0|\n"
-                            "pCuadro|8000|7000|15900|9000|0|\npPos|8100|7100|detrás de todo|False|12|0|\n";
+                            "pCuadro|8000|7000|15900|9000|0|\npPos|8100|7100|detrás del resto|False|12|0|\n";
     Escribe({Spool(u"a.PRN"_s, hoja)});
     QImage enPdf;
     ASSERT_TRUE(
