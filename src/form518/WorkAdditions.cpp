@@ -110,21 +110,19 @@ const std::string& AltasTrabajo::Clave(const ClaveCliente& cliente) {
 }
 
 const std::string& AltasTrabajo::Clave(const ClaveComprobante& clave, Lugar cliente) {
-    m_clave.clear();
-    AgregaNumero(m_clave, cliente);
-    AgregaAClave(m_clave, clave.serie);
-    AgregaAClave(m_clave, clave.numero);
-    AgregaAClave(m_clave, clave.tipCp);
-    return m_clave;
+    return ClaveBajo(cliente, {&clave.serie, &clave.numero, &clave.tipCp});
 }
 
 /// A payment hangs on the ordinary voucher of its key, whose type is the empty text.
 const std::string& AltasTrabajo::Clave(const ClavePago& clave, Lugar comprobante) {
+    return ClaveBajo(comprobante, {&clave.tipo, &clave.serie, &clave.numero});
+}
+
+const std::string& AltasTrabajo::ClaveBajo(Lugar padre, const std::array<const QString*, 3>& partes) {
     m_clave.clear();
-    AgregaNumero(m_clave, comprobante);
-    AgregaAClave(m_clave, clave.tipo);
-    AgregaAClave(m_clave, clave.serie);
-    AgregaAClave(m_clave, clave.numero);
+    AgregaNumero(m_clave, padre);
+    for (const QString* parte : partes)
+        AgregaAClave(m_clave, *parte);
     return m_clave;
 }
 

@@ -59,6 +59,8 @@ class AltasTrabajo {
     const std::string& Clave(const ClaveCliente& cliente);
     const std::string& Clave(const ClaveComprobante& clave, Lugar cliente);
     const std::string& Clave(const ClavePago& clave, Lugar comprobante);
+    /// The key of what hangs on another row.
+    const std::string& ClaveBajo(Lugar padre, const std::array<const QString*, 3>& partes);
     [[nodiscard]] Lugar Busca(const ClaveComprobante& clave);
     [[nodiscard]] Lugar Pon(const ClaveComprobante& clave);
     [[nodiscard]] quint32 PonCobro(QStringView fecha, QStringView base);
