@@ -4,6 +4,7 @@
 #include "data/Dialect.h"
 #include "data/SqliteNewRows.h"
 #include "values/FileFailure.h"
+#include "values/PrivateAccess.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -52,11 +53,14 @@ void ExigeArchivo(const QString& ruta) {
 /// Makes the empty file first, so that it is never, not even for a moment, readable by others.
 void CreaArchivoPrivado(const QString& ruta) {
     QFile archivo(ruta);
-    if (archivo.open(QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner))
+    const bool hecho = archivo.open(QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner);
+    if (hecho && HazPrivado(archivo))
         return;
     const Error falla = FallaDeArchivo(Intento::Escribir, archivo);
     throw ErrorBase(falla.Numero(), falla.Texto(), falla.Detalle());
 }
+    if (hecho)
+        archivo.remove();
 
 /// The engine has no code for these two: its words are all that tells them.
 bool FaltaTabla(const QString& motor) {

@@ -11,6 +11,7 @@
 #include "platform/Clock.h"
 #include "values/FileFailure.h"
 
+#include "values/PrivateAccess.h"
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -63,7 +64,7 @@ void Mueve(const QString& origen, const QString& destino) {
 class LugarDePaso {
   public:
     explicit LugarDePaso(const QString& carpeta) : m_lugar(carpeta + u"/.respaldo-XXXXXX"_s) {
-        if (!m_lugar.isValid())
+        if (!m_lugar.isValid() || !HazPrivado(m_lugar.path()))
             throw FallaDeCarpeta(carpeta);
     }
     [[nodiscard]] QString Archivo() const { return m_lugar.filePath(u"copia"_s); }

@@ -8,6 +8,7 @@
 #include "launcher/Schema.h"
 #include "launcher/Sending.h"
 #include "platform/Clock.h"
+#include "support/PrivateFile.h"
 #include "support/TemporaryBase.h"
 
 #include <QProcess>
@@ -120,7 +121,7 @@ TEST_F(Backups, KeepsTheLastTwentyEvenWhenTheClockIsSetBack) {
     const QString reciente = Respaldos(base.Ruta(), Copias().Carpeta(), ayer, formularios).Haz();
     EXPECT_EQ(Copias().Lista().size(), 20);
     EXPECT_EQ(Copias().Lista().last().ruta, reciente);
-    EXPECT_EQ(QFile::permissions(reciente) & kDeOtros, QFile::Permissions());
+    EXPECT_TRUE(EsPrivado(reciente));
 }
 
 TEST_F(Backups, RestoresTheCopyToTheByteAndKeepsWhatWasThere) {
