@@ -40,9 +40,11 @@ void ExigeUnSoloMotor(QSqlQuery consulta) {
                         u"%1 / %2"_s.arg(delControlador, propio));
 }
 
+/// The name of a machine in the network stands behind two slashes, where the engine looks for a machine to ask.
 QString UriDe(const QString& ruta, ModoApertura modo) {
     const auto camino = QString::fromLatin1(QUrl::toPercentEncoding(QFileInfo(ruta).absoluteFilePath(), "/:"));
-    return u"file:%1?mode=%2"_s.arg(camino, modo == ModoApertura::Nueva ? u"rwc"_s : u"rw"_s);
+    const QString sinMaquina = camino.startsWith("//"_L1) ? u"//"_s : QString();
+    return u"file:%1%2?mode=%3"_s.arg(sinMaquina, camino, modo == ModoApertura::Nueva ? u"rwc"_s : u"rw"_s);
 }
 
 void ExigeArchivo(const QString& ruta) {
@@ -57,10 +59,10 @@ void CreaArchivoPrivado(const QString& ruta) {
     if (hecho && HazPrivado(archivo))
         return;
     const Error falla = FallaDeArchivo(Intento::Escribir, archivo);
-    throw ErrorBase(falla.Numero(), falla.Texto(), falla.Detalle());
-}
     if (hecho)
         archivo.remove();
+    throw ErrorBase(falla.Numero(), falla.Texto(), falla.Detalle());
+}
 
 /// The engine has no code for these two: its words are all that tells them.
 bool FaltaTabla(const QString& motor) {
