@@ -9,9 +9,10 @@
 #include "launcher/PrivateFiles.h"
 #include "launcher/Schema.h"
 #include "platform/Clock.h"
+#include "platform/TakePlace.h"
 #include "values/FileFailure.h"
-
 #include "values/PrivateAccess.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -19,7 +20,6 @@
 #include <QtDebug>
 
 #include <algorithm>
-#include <filesystem>
 
 namespace xa518 {
 
@@ -54,9 +54,7 @@ QString MotivoDeRechazo(const QString& ruta, const Formularios& formularios) {
 }
 
 void Mueve(const QString& origen, const QString& destino) {
-    std::error_code falla;
-    std::filesystem::rename(QFileInfo(origen).filesystemFilePath(), QFileInfo(destino).filesystemFilePath(), falla);
-    if (falla)
+    if (!TomaElLugar(origen, destino))
         throw Error(NumeroError::AccesoAlDisco, u"No se puede reemplazar el archivo '%1'."_s.arg(destino));
 }
 
@@ -167,21 +165,36 @@ Veredicto Respaldos::Restaura(const QString& archivo) const {
     const TrabajoUnico trabajo(m_rutaBase);
     const QString guardado = GuardaLoQueHay();
     ConservaLoNumerado(lugar.Archivo(), guardado);
-    // What a broken base left behind must not be played back over the sound one.
-    if (QFileInfo::exists(m_rutaBase + kDiario))
-        Mueve(m_rutaBase + kDiario, guardado + kDiario);
-    Mueve(lugar.Archivo(), m_rutaBase);
+    Reemplaza(lugar.Archivo(), guardado);
     QuitaSobrantes(guardado); // only now: the oldest may be the one that was asked for
     return Veredicto::Bien();
 }
 
+/// What a broken base left behind must not be played back over the sound one; but it is needed where the base stays.
+void Respaldos::Reemplaza(const QString& nueva, const QString& guardado) const {
+    const bool conDiario = QFileInfo::exists(m_rutaBase + kDiario);
+    if (conDiario)
+        Mueve(m_rutaBase + kDiario, guardado + kDiario);
+    try {
+        Mueve(nueva, m_rutaBase);
+    } catch (const Error&) {
+        if (conDiario)
+            Mueve(guardado + kDiario, m_rutaBase + kDiario);
+        throw;
+    }
+}
+
 /// A program that opens the base in the very moment between this and the change keeps the old file, and the engine
-/// refuses its writes because the file has moved.
+/// refuses its writes because the file has moved; on Windows it makes the change fail, and all stays as it was.
 Veredicto Respaldos::ExigeLibre() const {
     const QStringList programas = ProgramasQueUsan(m_rutaBase);
     if (!programas.isEmpty())
         return Veredicto::Critico(
             u"La base está en uso por otro programa: %1. Ciérrelo antes de restaurar."_s.arg(programas.join(u", "_s)));
+    if (LoImpideOtro(Intento::Escribir, m_rutaBase))
+        return Veredicto::Critico(
+            u"La base está en uso por otro programa: la consola, el módulo o xa518-lote. Cierre los demás programas"
+            " antes de restaurar."_s);
     try {
         const std::unique_ptr<Base> base = Base::Abre(m_rutaBase);
         base->Ejecuta(u"BEGIN EXCLUSIVE"_s);

@@ -6,7 +6,7 @@
 namespace xa518 {
 
 /// The other programs of this user that have the file open, each as "name (process)". Where the system doesn't tell,
-/// as outside Linux, none.
+/// none.
 [[nodiscard]] QStringList ProgramasQueUsan(const QString& ruta);
 
 } // namespace xa518

@@ -6,6 +6,12 @@
 #include <QFileInfo>
 #include <QStorageInfo>
 
+#ifdef Q_OS_WIN
+#include <QDir>
+
+#include <qt_windows.h>
+#endif
+
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
@@ -58,6 +64,8 @@ Causa DelArchivo(Intento intento, const QFileInfo& archivo) {
     if (lee ? !archivo.isReadable() : !archivo.isWritable())
         return {NumeroError::AccesoAlDisco,
                 lee ? u"no hay permiso para leerlo"_s : u"no hay permiso para escribirlo"_s};
+    if (LoImpideOtro(intento, archivo.filePath()))
+        return {NumeroError::AccesoAlDisco, u"otro programa lo tiene abierto"_s};
     return {};
 }
 
@@ -88,6 +96,23 @@ Causa CausaEn(Intento intento, const QString& ruta) {
 }
 
 } // namespace
+
+#ifdef Q_OS_WIN
+bool LoImpideOtro(Intento intento, const QString& ruta) {
+    const DWORD quiere = intento == Intento::Leer ? GENERIC_READ : GENERIC_WRITE | DELETE;
+    constexpr DWORD kConTodos = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const std::wstring nombre = QDir::toNativeSeparators(ruta).toStdWString();
+    const HANDLE abierto = CreateFileW(nombre.c_str(), quiere, kConTodos, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (abierto == INVALID_HANDLE_VALUE)
+        return GetLastError() == ERROR_SHARING_VIOLATION;
+    CloseHandle(abierto);
+    return false;
+}
+#else
+bool LoImpideOtro(Intento /*intento*/, const QString& /*ruta*/) {
+    return false;
+}
+#endif
 
 Error FallaDeArchivo(Intento intento, const QString& ruta) {
     return ErrorDe(intento, ruta, CausaEn(intento, ruta), {});

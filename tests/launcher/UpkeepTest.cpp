@@ -127,11 +127,19 @@ TEST_F(Backups, KeepsTheLastTwentyEvenWhenTheClockIsSetBack) {
 TEST_F(Backups, RestoresTheCopyToTheByteAndKeepsWhatWasThere) {
     const QString copia = Copias().Haz();
     Graba(u"202610"_s);
+#ifdef Q_OS_WIN
+    const Veredicto veredicto = Copias().Restaura(copia);
+    ASSERT_FALSE(veredicto) << "the system lets nobody replace what is open";
+    EXPECT_TRUE(veredicto.Motivo().texto.contains(u"en uso por otro programa"_s));
+    EXPECT_EQ(Periodos(), u"202609,202610"_s);
+    base.Cierra();
+#endif
     ASSERT_TRUE(Copias().Restaura(copia));
     EXPECT_EQ(BytesDe(base.Ruta()), BytesDe(copia));
     EXPECT_EQ(Periodos(), u"202609"_s);
-    // Whoever still has the old file open must not write into the void.
+#ifndef Q_OS_WIN // whoever still has the old file open must not write into the void
     EXPECT_THROW(Graba(u"202611"_s), ErrorBase);
+#endif
     ASSERT_EQ(Copias().Lista().size(), 2);
     ASSERT_TRUE(Copias().Restaura(Copias().Lista().first().ruta));
     EXPECT_EQ(Periodos(), u"202609,202610"_s);
@@ -184,6 +192,7 @@ TEST_F(Backups, RefusesWhileAnotherProgramUsesTheBase) {
 
 TEST_F(Backups, TakesThePlaceOfABrokenOrMissingBase) {
     const QString copia = Copias().Haz();
+    base.Cierra();
     Archivo(u"XA.DB"_s, "restos de una base");
     Archivo(u"XA.DB-journal"_s, "diario de la base rota");
     ASSERT_TRUE(Copias().Restaura(copia));
@@ -211,6 +220,7 @@ TEST_F(Backups, ACopyOfAnEarlierVersionGetsTheTablesOfThisOne) {
     const QString pasos = base.Carpeta() + u"/pasos"_s;
     ASSERT_TRUE(QDir().mkpath(pasos) &&
                 QFile::copy(u":/esquema/0001_shared_tables.sql"_s, pasos + u"/0001_shared_tables.sql"_s));
+    base.Cierra();
     const QString anterior = base.Carpeta() + u"/anterior"_s;
     ASSERT_EQ(Esquema({pasos}).Aplica(*Base::Crea(anterior)).version, 1);
     ASSERT_TRUE(Copias().Restaura(anterior));
