@@ -191,7 +191,7 @@ Veredicto Respaldos::ExigeLibre() const {
     if (!programas.isEmpty())
         return Veredicto::Critico(
             u"La base está en uso por otro programa: %1. Ciérrelo antes de restaurar."_s.arg(programas.join(u", "_s)));
-    if (LoImpideOtro(Intento::Escribir, m_rutaBase))
+    if (!SeDejaReemplazar(m_rutaBase))
         return Veredicto::Critico(
             u"La base está en uso por otro programa: la consola, el módulo o xa518-lote. Cierre los demás programas"
             " antes de restaurar."_s);

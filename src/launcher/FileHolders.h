@@ -9,4 +9,7 @@ namespace xa518 {
 /// none.
 [[nodiscard]] QStringList ProgramasQueUsan(const QString& ruta);
 
+/// Another file can get this one's name. Not on Windows while somebody, be it this program, has it open.
+[[nodiscard]] bool SeDejaReemplazar(const QString& ruta);
+
 } // namespace xa518

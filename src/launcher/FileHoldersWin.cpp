@@ -68,4 +68,14 @@ QStringList ProgramasQueUsan(const QString& ruta) {
     return nombres;
 }
 
+bool SeDejaReemplazar(const QString& ruta) {
+    constexpr DWORD kConTodos = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const std::wstring archivo = QDir::toNativeSeparators(ruta).toStdWString();
+    const HANDLE abierto = CreateFileW(archivo.c_str(), DELETE, kConTodos, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (abierto == INVALID_HANDLE_VALUE)
+        return GetLastError() != ERROR_SHARING_VIOLATION;
+    CloseHandle(abierto);
+    return true;
+}
+
 } // namespace xa518

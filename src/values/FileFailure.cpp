@@ -53,6 +53,25 @@ Causa DeLaCarpeta(const QString& carpeta) {
     return {};
 }
 
+#ifdef Q_OS_WIN
+/// Another program has the file open and lets nobody read, or write, it meanwhile. What this one has open itself, by
+/// the toolkit, keeps nobody out.
+bool LoImpideOtro(Intento intento, const QString& ruta) {
+    const DWORD quiere = intento == Intento::Leer ? GENERIC_READ : GENERIC_WRITE;
+    constexpr DWORD kConTodos = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const std::wstring nombre = QDir::toNativeSeparators(ruta).toStdWString();
+    const HANDLE abierto = CreateFileW(nombre.c_str(), quiere, kConTodos, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (abierto == INVALID_HANDLE_VALUE)
+        return GetLastError() == ERROR_SHARING_VIOLATION;
+    CloseHandle(abierto);
+    return false;
+}
+#else
+bool LoImpideOtro(Intento /*intento*/, const QString& /*ruta*/) {
+    return false;
+}
+#endif
+
 Causa DelArchivo(Intento intento, const QFileInfo& archivo) {
     const bool lee = intento == Intento::Leer;
     if (Causa camino = lee ? DelCamino(archivo.path()) : DeLaCarpeta(archivo.path()); !camino.motivo.isEmpty())
@@ -96,23 +115,6 @@ Causa CausaEn(Intento intento, const QString& ruta) {
 }
 
 } // namespace
-
-#ifdef Q_OS_WIN
-bool LoImpideOtro(Intento intento, const QString& ruta) {
-    const DWORD quiere = intento == Intento::Leer ? GENERIC_READ : GENERIC_WRITE | DELETE;
-    constexpr DWORD kConTodos = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const std::wstring nombre = QDir::toNativeSeparators(ruta).toStdWString();
-    const HANDLE abierto = CreateFileW(nombre.c_str(), quiere, kConTodos, nullptr, OPEN_EXISTING, 0, nullptr);
-    if (abierto == INVALID_HANDLE_VALUE)
-        return GetLastError() == ERROR_SHARING_VIOLATION;
-    CloseHandle(abierto);
-    return false;
-}
-#else
-bool LoImpideOtro(Intento /*intento*/, const QString& /*ruta*/) {
-    return false;
-}
-#endif
 
 Error FallaDeArchivo(Intento intento, const QString& ruta) {
     return ErrorDe(intento, ruta, CausaEn(intento, ruta), {});

@@ -15,9 +15,6 @@ enum class Intento { Leer, Escribir };
 // be read that isn't there is `ArchivoNoEncontrado`, anything else `AccesoAlDisco`. The system's own words are the
 // detail.
 
-/// Another program has the file open and lets nobody read, or change or replace, it meanwhile. Only on Windows can it.
-[[nodiscard]] bool LoImpideOtro(Intento intento, const QString& ruta);
-
 [[nodiscard]] Error FallaDeArchivo(Intento intento, const QString& ruta);
 /// For a device that has just failed.
 [[nodiscard]] Error FallaDeArchivo(Intento intento, const QIODevice& dispositivo);
