@@ -31,7 +31,7 @@ int Campo(ColumnaPago columna) {
 }
 
 QString SinGrupos(const QString& monto) {
-    return Format(monto, u"###########0.#0");
+    return Format(monto, kMascaraDeMonto);
 }
 
 QString ConGrupos(const QString& monto) {

@@ -21,8 +21,7 @@ struct ComprobanteDePago {
 /// The columns of the query over a voucher's payment vouchers.
 enum class ColumnaPago { Descripcion, Serie, Numero, Fecha, Tipo, Monto };
 
-/// The payment vouchers of the open declaration. Where the columns stand is found when the object is made, so that one
-/// object serves a whole import.
+/// The payment vouchers of the open declaration, each by itself; many at once are `AltasTrabajo`'s.
 class PagosTrabajo {
   public:
     explicit PagosTrabajo(Base& base);
