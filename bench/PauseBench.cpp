@@ -13,6 +13,7 @@
 #include "widgets/StatusBar.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -70,6 +71,7 @@ class Ventanas {
         m_proceso.sysPath = m_taller.base.Carpeta() + u'/';
         m_proceso.rutaRPT = m_taller.base.Carpeta();
         m_detras.show();
+        QApplication::processEvents(); // the letters are loaded by whoever shows the first text
     }
 
     void AbreDeclaracion() {
@@ -107,7 +109,7 @@ class Ventanas {
     Callado m_avisos;
     UnArchivo m_archivos{m_taller.base.Carpeta() + u"/anexo.pdf"_s};
     BarradeEstadoQMD m_barra;
-    QWidget m_detras;
+    QLabel m_detras{u"Declaraciones registradas"_s};
     QTimer m_cierre;
     std::unique_ptr<Frm518> m_declaracion;
     std::unique_ptr<frmImprimir> m_impresion;
