@@ -26,9 +26,8 @@ class PagosTrabajo {
   public:
     explicit PagosTrabajo(Base& base);
 
-    /// The payment vouchers of an ordinary voucher (type and number of the client, series, number), in the order in
-    /// which they were entered.
-    [[nodiscard]] static QString SqlDeComprobante();
+    /// The payment vouchers of an ordinary voucher, in the order in which they were entered.
+    [[nodiscard]] static ConsultaDeLista SqlDeComprobante(const ClaveComprobante& comprobante);
     /// What the grid of a cash sale runs instead: it finds nothing.
     [[nodiscard]] static QString SqlDeNinguno();
 
