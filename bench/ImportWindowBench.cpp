@@ -115,9 +115,8 @@ Medida MideVentana(const Trabajo& trabajo) {
         const auto aplicacion = std::make_shared<QApplication>(argc, argv);
         const auto taller = HazTaller(trabajo);
         const ArchivoPerfil perfil = HazPerfil(*taller);
-        return [aplicacion, taller, perfil, &trabajo] {
-            Transfiere(*taller, perfil, trabajo, [] { EsperaTrabajos(); });
-        };
+        return
+            [aplicacion, taller, perfil, &trabajo] { Transfiere(*taller, perfil, trabajo, [] { EsperaTrabajos(); }); };
     });
 }
 

@@ -32,8 +32,8 @@ class ModeloDeConsulta : public QAbstractTableModel {
     /// Runs the query of a short list anew and reads it whole; raises `ErrorBase`, and then the model stays as it was:
     /// a list that can't be read mustn't pass for an empty one.
     void Consulta(Base& base, const QString& sql);
-    /// The same over a list that may be long, whose rows are read by pages when they are looked at; any of them is found
-    /// at once. The base must outlive the model's use.
+    /// The same over a list that may be long, whose rows are read by pages when they are looked at; any of them is
+    /// found at once. The base must outlive the model's use.
     void Consulta(Base& base, const ConsultaDeLista& consulta);
 
     /// A field of a row as text, also of one that no column shows; empty for a row that isn't there.
