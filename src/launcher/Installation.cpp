@@ -3,6 +3,7 @@
 #include "data/Base.h"
 #include "data/SchemaVersion.h"
 #include "data/Workgroup.h"
+#include "family/ChangeLog.h"
 #include "family/Configuration.h"
 #include "family/SchemaSteps.h"
 #include "family/Startup.h"
@@ -100,17 +101,17 @@ QStringList Instalacion::Instala(const QString& usuario) {
     return hecho;
 }
 
-QStringList Instalacion::InstalaEjemplo() {
+QStringList Instalacion::InstalaEjemplo(const Reloj& reloj) {
     const std::unique_ptr<Base> base = Base::Abre(m_carpetaBase + m_nombreBase);
     QStringList hecho;
     for (const Formulario& formulario : m_formularios) {
         if (!formulario.ejemplo.isEmpty())
-            hecho += InstalaEjemploDe(formulario, *base);
+            hecho += InstalaEjemploDe(formulario, *base, reloj);
     }
     return hecho;
 }
 
-QStringList Instalacion::InstalaEjemploDe(const Formulario& formulario, Base& base) const {
+QStringList Instalacion::InstalaEjemploDe(const Formulario& formulario, Base& base, const Reloj& reloj) const {
     const QString carpeta = m_carpeta + kCarpetaEjemplo;
     CreaCarpetaPrivada(carpeta);
     const Ejemplo ejemplo(formulario.ejemplo, carpeta);
@@ -118,7 +119,7 @@ QStringList Instalacion::InstalaEjemploDe(const Formulario& formulario, Base& ba
     Declarante empresa = ejemplo.Empresa();
     empresa.usuario = m_perfil.Lee(kSeccionOpciones, u"SysUser");
     if (!declarantes.Busca(empresa.ruc)) {
-        if (const Veredicto veredicto = declarantes.Registra(empresa); !veredicto)
+        if (const Veredicto veredicto = declarantes.Registra(empresa, FirmaDe(empresa.usuario, reloj)); !veredicto)
             throw Error(NumeroError::ArgumentoInvalido, veredicto.Motivo().texto);
     }
     return QStringList{
