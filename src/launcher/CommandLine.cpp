@@ -1,6 +1,7 @@
 #include "launcher/CommandLine.h"
 
 #include "family/Configuration.h"
+#include "family/Startup.h"
 #include "family/WorkLock.h"
 #include "launcher/Declarants.h"
 #include "launcher/Installation.h"
@@ -296,7 +297,10 @@ int EjecutaConsola(const QStringList& argumentos, const SalidasConsola& salidas,
         QCommandLineParser opciones;
         Define(opciones);
         Lee(opciones, argumentos);
-        OrdenPedida(opciones, argumentos).ejecuta({opciones, salida, entorno, ArchivoPerfil(entorno.rutaIni)});
+        const ArchivoPerfil perfil(entorno.rutaIni);
+        OrdenPedida(opciones, argumentos).ejecuta({opciones, salida, entorno, perfil});
+        if (const std::optional<Mensaje> aviso = AvisoDeRed(BaseConfigurada(perfil)))
+            errores << u"consola: "_s << aviso->texto << '\n';
         return Hecho;
     } catch (const Rechazo& rechazo) {
         errores << u"consola: "_s << rechazo.Texto() << '\n';

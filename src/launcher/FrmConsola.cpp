@@ -110,6 +110,8 @@ void FrmConsola::Arranca() {
         m_avisos->Muestra({Icono::Critico, m_falta, {}});
     else
         RevisaBase();
+    if (const std::optional<Mensaje> aviso = AvisoDeRed(m_sesion.RutaBase()))
+        m_avisos->Muestra(*aviso);
 }
 
 void FrmConsola::OfreceInstalar() {

@@ -14,6 +14,7 @@
 #include "launcher/Sample.h"
 #include "launcher/Schema.h"
 #include "launcher/TextChecks.h"
+#include "platform/NetworkFolder.h"
 #include "values/Error.h"
 
 #include <QDir>
@@ -82,6 +83,10 @@ QString Instalacion::CarpetaVigente(const ArchivoPerfil& perfil, const QString& 
 Veredicto Instalacion::Valida(const QString& usuario) const {
     if (Veredicto veredicto = ValidaCarpeta(m_carpeta); !veredicto)
         return veredicto;
+    if (!QFileInfo::exists(m_carpetaBase + m_nombreBase) && EstaEnRed(m_carpetaBase))
+        return Veredicto::Critico(
+            u"La carpeta '%1' está en otra máquina: un archivo compartido por la red puede perder"
+            " datos. Instale la base en una carpeta de este equipo, o en un servidor."_s.arg(m_carpetaBase));
     return ValidaUsuario(usuario);
 }
 

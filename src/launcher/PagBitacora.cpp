@@ -12,6 +12,12 @@ namespace {
 
 /// Nobody reads further back on a screen: the console prints the whole log.
 constexpr int kTope = 1000;
+constexpr qsizetype kEnUnaCelda = 90;
+
+/// The whole stands below the list.
+QString Abreviado(const QString& texto) {
+    return texto.size() <= kEnUnaCelda ? texto : texto.first(kEnUnaCelda) + u'…';
+}
 
 } // namespace
 
@@ -60,7 +66,7 @@ QStringList PagBitacora::Celdas(const Asiento& asiento) {
             asiento.ruc,
             Periodo::DeTabla(asiento.periodo).value_or(Periodo()).EnPantalla(),
             asiento.correl,
-            asiento.Diferencias()};
+            Abreviado(asiento.Diferencias())};
 }
 
 void PagBitacora::Filtra() {
