@@ -1,9 +1,9 @@
 #include "data/Base.h"
 
-#include "data/Dialect.h"
 #include "data/Engine.h"
 #include "data/FollowedWork.h"
 #include "data/NewRows.h"
+#include "data/SqlTokens.h"
 #include "data/Transaction.h"
 #include "values/Progress.h"
 
@@ -181,6 +181,14 @@ QString Base::NumeroDeFila(const QString& tabla) const {
     return m_motor->NumeroDeFila(tabla);
 }
 
+QString Base::EnOrdenDeAlta(const QString& tabla, const QString& condicion) const {
+    return m_motor->SqlEnOrdenDeAlta(tabla, condicion);
+}
+
+QString Base::SqlUnidas(const QStringList& columnas) const {
+    return m_motor->SqlUnidas(columnas);
+}
+
 void Base::Agrega(const Registro& registro) {
     Ejecuta(registro.DeTabla().sqlAlta, registro.Valores());
 }
@@ -196,9 +204,37 @@ QList<size_t> Base::AgregaFilas(const FilasNuevas& filas) {
     }
 }
 
+void Base::CopiaConChecksum(const CopiaDeFilas& copia, int primeros) {
+    m_motor->CopiaConChecksum(*this, copia, primeros);
+}
+
 qint64 Base::Version() {
-    Registros fila = Lee(m_motor->SqlVersion());
+    return LeeNumero(m_motor->SqlVersion());
+}
+
+int Base::VersionDelEsquema() {
+    return static_cast<int>(LeeNumero(m_motor->SqlVersionDelEsquema()));
+}
+
+void Base::PonVersionDelEsquema(int version) {
+    Ejecuta(m_motor->SqlPonVersionDelEsquema(version));
+}
+
+qint64 Base::LeeNumero(const QString& sql) {
+    Registros fila = Lee(sql);
     return fila.Siguiente() ? fila.Entero(0) : 0;
+}
+
+QStringList Base::Defectos() {
+    return m_motor->Defectos();
+}
+
+void Base::CopiaEn(const QString& archivo) {
+    m_motor->CopiaEn(archivo);
+}
+
+void Base::ExigeSola() {
+    m_motor->ExigeSola();
 }
 
 std::optional<Registro> Base::Busca(const QString& tabla, const QString& condicion, const QVariantList& valores) {

@@ -18,6 +18,7 @@ class FilasNuevas;
 class Motor;
 class TrabajoSeguido;
 class Transaccion;
+struct CopiaDeFilas;
 
 /// A failure of the database engine: `Numero` as the messages know it (see `NumeroError`), `Texto` what happened in
 /// plain words, `Detalle` the engine's.
@@ -84,6 +85,11 @@ class Base {
     /// A column that numbers the rows of a table, spoken of by its alias in a query, in the order in which they were
     /// entered.
     [[nodiscard]] QString NumeroDeFila(const QString& tabla) const;
+    /// The end of a query, from "FROM" on, that reads the rows of one table which a condition ("WHERE ...") finds in the
+    /// order in which they were entered.
+    [[nodiscard]] QString EnOrdenDeAlta(const QString& tabla, const QString& condicion) const;
+    /// An expression that gives several columns as one text, a JSON array, which costs less than each by itself.
+    [[nodiscard]] QString SqlUnidas(const QStringList& columnas) const;
     /// Adds a row. `ClaveDuplicada` when its key stands there already.
     void Agrega(const Registro& registro);
 
@@ -91,14 +97,26 @@ class Base {
     /// which of them, counted from 0, the table doesn't take since their key stands there already: the others are in.
     /// Within a transaction, without which it refuses; after any other error that is only good to be undone.
     [[nodiscard]] QList<size_t> AgregaFilas(const FilasNuevas& filas);
-    /// A number that stays the same as long as no other connection changes the base.
+    /// Copies rows by the engine itself; for `xa518::CopiaConChecksum`.
+    void CopiaConChecksum(const CopiaDeFilas& copia, int primeros);
+    /// A number that stays the same as long as no other connection changes the work tables.
     [[nodiscard]] qint64 Version();
+    /// The version of the tables that the base carries; 0 for one without tables.
+    [[nodiscard]] int VersionDelEsquema();
+    void PonVersionDelEsquema(int version);
 
     /// The one row of a table that a condition ("WHERE ...") finds; nothing when there is none.
     [[nodiscard]] std::optional<Registro> Busca(const QString& tabla, const QString& condicion,
                                                 const QVariantList& valores);
     /// Writes a row over those that a condition finds.
     void Actualiza(const Registro& registro, const QString& condicion, const QVariantList& valores);
+
+    /// What is wrong with the stored bytes, in the engine's words; none when all is well.
+    [[nodiscard]] QStringList Defectos();
+    /// Writes a copy of the whole base into a file that isn't there yet.
+    void CopiaEn(const QString& archivo);
+    /// Raises `BaseBloqueada` when another program works on the base at this moment.
+    void ExigeSola();
 
     /// Starts a transaction with the right to write, which waits a short while for other writers.
     [[nodiscard]] Transaccion Comienza();
@@ -121,6 +139,7 @@ class Base {
     const QString& Corre(const QString& sql, const QVariantList& valores, std::unique_ptr<QSqlQuery>& consulta);
     void Devuelve(const QString& sql, std::unique_ptr<QSqlQuery> consulta) noexcept;
 
+    [[nodiscard]] qint64 LeeNumero(const QString& sql);
     void PonSeguido(TrabajoSeguido* seguido);
     [[noreturn]] void Falla(const QSqlQuery& consulta) const;
     /// Raises `Detenido` when what failed did so because the work was stopped.

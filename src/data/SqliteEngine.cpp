@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "data/Dialect.h"
+#include "data/RecordChecksum.h"
 #include "data/SqliteNewRows.h"
 #include "values/FileFailure.h"
 
@@ -151,7 +152,7 @@ void MotorSqlite::Prepara() {
     // the file. EXTRA also makes the journal's removal durable, so that a power cut never brings an old state back.
     Pide(u"PRAGMA journal_mode=DELETE"_s);
     Pide(u"PRAGMA synchronous=EXTRA"_s);
-    Pide(SqlMemoria(Memoria::Amplia));
+    PonMemoria(Memoria::Amplia);
     if (sqlite3_db_readonly(manija, "main") == 1)
         throw ErrorBase(NumeroError::BaseBloqueada, u"La base '%1' es de sólo lectura."_s.arg(m_ruta));
 }
@@ -209,12 +210,20 @@ QString MotorSqlite::SqlComienza() const {
 }
 
 /// 64 MB: the indexes of a large declaration, filled in no order, fit. What is put in order beyond 16 MB waits on disk.
-QString MotorSqlite::SqlMemoria(Memoria memoria) const {
-    return memoria == Memoria::Amplia ? u"PRAGMA cache_size=-65536"_s : u"PRAGMA cache_size=-16384"_s;
+void MotorSqlite::PonMemoria(Memoria memoria) {
+    Pide(memoria == Memoria::Amplia ? u"PRAGMA cache_size=-65536"_s : u"PRAGMA cache_size=-16384"_s);
 }
 
 QString MotorSqlite::SqlVersion() const {
     return u"PRAGMA data_version"_s;
+}
+
+QString MotorSqlite::SqlVersionDelEsquema() const {
+    return u"PRAGMA user_version"_s;
+}
+
+QString MotorSqlite::SqlPonVersionDelEsquema(int version) const {
+    return u"PRAGMA user_version=%1"_s.arg(version);
 }
 
 QStringList MotorSqlite::ClaveDe(const QString& tabla) const {
@@ -257,6 +266,52 @@ QString MotorSqlite::SqlColumnas(const QString& tabla) const {
 
 QString MotorSqlite::NumeroDeFila(const QString& tabla) const {
     return tabla + u".rowid"_s;
+}
+
+/// The rows are found first, by the condition alone, and then read in their order: read as they are found they would all
+/// have to be put in order, which takes as long as copying them.
+QString MotorSqlite::SqlEnOrdenDeAlta(const QString& tabla, const QString& condicion) const {
+    return u"FROM %1 WHERE rowid IN (SELECT rowid FROM %1 %2) ORDER BY rowid"_s.arg(tabla, condicion);
+}
+
+/// The bytes that the array is made of needn't be turned into another encoding.
+QString MotorSqlite::SqlUnidas(const QStringList& columnas) const {
+    return u"CAST(json_array("_s + columnas.join(u", "_s) + u") AS BLOB)"_s;
+}
+
+QStringList MotorSqlite::Defectos() {
+    QSqlQuery lineas(Conexion());
+    if (!lineas.exec(u"PRAGMA integrity_check(10)"_s))
+        throw ErrorDe(lineas.lastError());
+    QStringList defectos;
+    while (lineas.next()) {
+        if (lineas.value(0).toString() != u"ok")
+            defectos += lineas.value(0).toString().split(u'\n', Qt::SkipEmptyParts);
+    }
+    if (lineas.lastError().isValid())
+        throw ErrorDe(lineas.lastError());
+    return defectos;
+}
+
+void MotorSqlite::CopiaEn(const QString& archivo) {
+    QSqlQuery consulta(Conexion());
+    consulta.prepare(u"VACUUM INTO ?"_s);
+    consulta.bindValue(0, archivo);
+    if (!consulta.exec())
+        throw ErrorDe(consulta.lastError());
+}
+
+void MotorSqlite::ExigeSola() {
+    Pide(u"BEGIN EXCLUSIVE"_s);
+    Pide(u"ROLLBACK"_s);
+}
+
+// The fields stand in the statement twice, as what is stored and as what is summed.
+void MotorSqlite::CopiaConChecksum(Base& base, const CopiaDeFilas& copia, int primeros) {
+    const CamposDeCopia campos(base.Describe(copia.tabla), copia);
+    const QString lista = campos.expresiones.join(u", "_s);
+    const QString sql = u"INSERT INTO %1 SELECT %2, checksum(%3, %2) "_s.arg(copia.tabla, lista).arg(primeros);
+    base.Ejecuta(sql + copia.desde, campos.valores + campos.valores + copia.valores);
 }
 
 } // namespace xa518

@@ -250,7 +250,7 @@ void FrmDetAgePer::LigaGrilla() {
     Base& base = m_entorno.base;
     if (m_ui->PreguntaDeContado->Tipo().isEmpty()) {
         const ClaveComprobante clave = Clave();
-        m_pagos.Consulta(base, PagosTrabajo::SqlDeComprobante(),
+        m_pagos.Consulta(base, PagosTrabajo::SqlDeComprobante(base),
                          {clave.cliente.tipoDoc.Valor(), clave.cliente.numero, clave.serie, clave.numero});
     } else {
         m_pagos.Consulta(base, PagosTrabajo::SqlDeNinguno());

@@ -38,12 +38,12 @@ QVariantList Valores(const ClavePago& clave) {
 } // namespace
 
 /// In the order of `ColumnaPago`.
-QString PagosTrabajo::SqlDeComprobante() {
+QString PagosTrabajo::SqlDeComprobante(const Base& base) {
     return u"SELECT %1 AS TIP_CP, %2 FROM TMPF518PDETCP AS A, PARAM AS B WHERE %3 AND B.NUMERO='233' AND "
-           "VAL(B.ARGUMENTO) = VAL(A.%4) ORDER BY A.rowid"_s.arg(
+           "VAL(B.ARGUMENTO) = VAL(A.%4) ORDER BY %5"_s.arg(
                TramosTipoComprobante::kDescripcionEnPagos.Sql(u"B.FUNCION"),
                ListaDe<DatoPago>({Serie, Numero, Fecha, Tipo, Monto}, u"A"_s), IgualesA(ClaveDeSuComprobante(), u"A"_s),
-               ColumnaDe(Tipo));
+               ColumnaDe(Tipo), base.NumeroDeFila(u"A"_s));
 }
 
 QString PagosTrabajo::SqlDeNinguno() {

@@ -28,7 +28,7 @@ class PagosTrabajo {
 
     /// The payment vouchers of an ordinary voucher (type and number of the client, series, number), in the order in
     /// which they were entered.
-    [[nodiscard]] static QString SqlDeComprobante();
+    [[nodiscard]] static QString SqlDeComprobante(const Base& base);
     /// What the grid of a cash sale runs instead: it finds nothing.
     [[nodiscard]] static QString SqlDeNinguno();
 

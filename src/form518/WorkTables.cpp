@@ -11,13 +11,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Rows keep the order in which they were entered, so every copy follows the source's own order. The declaration's rows
-/// are found first, by the key alone, and then read in that order: read as they are found they would all have to be put
-/// in order, which takes as long as the copy.
-QString CopiaSql(const QString& destino, const QString& columnas, const QString& valores, const QString& origen,
-                 const QString& condicion) {
-    return u"INSERT INTO %1 (%2) SELECT %3 FROM %4 WHERE rowid IN (SELECT rowid FROM %4 %5) ORDER BY rowid"_s.arg(
-        destino, columnas, valores, origen, condicion);
+/// Rows keep the order in which they were entered: `desde` reads in the source's own.
+QString CopiaSql(const QString& destino, const QString& columnas, const QString& valores, const QString& desde) {
+    return u"INSERT INTO %1 (%2) SELECT %3 %4"_s.arg(destino, columnas, valores, desde);
 }
 
 /// The three tables name their client alike.
@@ -69,8 +65,8 @@ void TablasTrabajo::CopiaClientes(const ClaveDeclaracion& clave) {
     const QList<DatoCliente> tambien = {TipoDoc, NumDoc, CtdDocs, MontoBase, Percepcion};
     m_base->Ejecuta(CopiaSql(u"TMPF518PCAB"_s,
                              ListaDe<DatoCliente>({Razon, ApellidoP, ApellidoM, Nombres}) + u", "_s + ListaDe(tambien),
-                             nombres.join(u", "_s) + u", "_s + ListaDe(tambien), clave.Tabla(u"F518PCAB"_s),
-                             clave.Condicion()),
+                             nombres.join(u", "_s) + u", "_s + ListaDe(tambien),
+                             m_base->EnOrdenDeAlta(clave.Tabla(u"F518PCAB"_s), clave.Condicion())),
                     clave.Valores());
 }
 
@@ -80,15 +76,16 @@ void TablasTrabajo::CopiaComprobantes(const ClaveDeclaracion& clave, const QStri
     QStringList valores = columnas;
     if (tabla != u"F518PDETVC")
         valores.replace(columnas.indexOf(ColumnaDe(DatoComprobante::TipCp)), u"''"_s);
-    m_base->Ejecuta(CopiaSql(u"TMPF518PDET"_s, columnas.join(u", "_s), valores.join(u", "_s), clave.Tabla(tabla),
-                             clave.Condicion()),
+    m_base->Ejecuta(CopiaSql(u"TMPF518PDET"_s, columnas.join(u", "_s), valores.join(u", "_s),
+                             m_base->EnOrdenDeAlta(clave.Tabla(tabla), clave.Condicion())),
                     clave.Valores());
 }
 
 void TablasTrabajo::CopiaPagos(const ClaveDeclaracion& clave) {
     const QString columnas = ListaDe(DatosDePagos());
     m_base->Ejecuta(
-        CopiaSql(u"TMPF518PDETCP"_s, columnas, columnas, clave.Tabla(u"F518PDETCP"_s), clave.CondicionSinTipo()),
+        CopiaSql(u"TMPF518PDETCP"_s, columnas, columnas,
+                 m_base->EnOrdenDeAlta(clave.Tabla(u"F518PDETCP"_s), clave.CondicionSinTipo())),
         clave.Valores());
 }
 

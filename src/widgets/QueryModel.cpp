@@ -20,13 +20,13 @@ constexpr int kFilasPorPagina = 500;
 constexpr int kPaginasGuardadas = 20;
 
 int CuentaFilas(Base& base, const QString& sql, const QVariantList& valores) {
-    Registros cuenta = base.Lee(u"SELECT count(*) FROM ("_s + sql + u")"_s, valores);
+    Registros cuenta = base.Lee(u"SELECT count(*) FROM ("_s + sql + u") AS q"_s, valores);
     return cuenta.Siguiente() ? static_cast<int>(cuenta.Entero(0)) : 0;
 }
 
 std::vector<QStringList> LeePagina(Base& base, const QString& sql, QVariantList valores, int primera) {
     valores << kFilasPorPagina << primera;
-    Registros filas = base.Lee(u"SELECT * FROM ("_s + sql + u") LIMIT ? OFFSET ?"_s, valores);
+    Registros filas = base.Lee(u"SELECT * FROM ("_s + sql + u") AS q LIMIT ? OFFSET ?"_s, valores);
     const int campos = filas.Columnas();
     std::vector<QStringList> pagina;
     while (filas.Siguiente()) {

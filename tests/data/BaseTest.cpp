@@ -66,7 +66,7 @@ TEST_F(BaseTest, AddsManyRowsAndTellsWhichOnesStandThere) {
     filas.Pon(5).Pon(u"0").Pon(u"cinco").CierraFila();
     EXPECT_EQ(m_base->AgregaFilas(filas), QList<size_t>());
     transaccion.Confirma();
-    EXPECT_EQ(m_base.Filas(u"SELECT numero, serie, nombre, orden FROM CLIENTE ORDER BY rowid"_s).join(u'/'),
+    EXPECT_EQ(m_base.Filas(u"SELECT numero, serie, nombre, orden FROM CLIENTE ORDER BY "_s + m_base->NumeroDeFila(u"CLIENTE"_s)).join(u'/'),
               u"5||<null>|<null>/9||<null>|-7/1||ñ'\"|<null>/3|||4/0||cinco|5"_s);
 }
 

@@ -235,7 +235,7 @@ TEST_F(Console, DatabaseAndFileFailuresHaveTheirOwnCode) {
         EXPECT_EQ(Corre(envio), 3);
         EXPECT_TRUE(errores.contains(u"3051"_s)) << qPrintable(errores);
     }
-    Abre()->Ejecuta(u"PRAGMA user_version=99"_s);
+    Abre()->PonVersionDelEsquema(99);
     for (const QStringList& argumentos : {envio, QStringList{u"--instalar"_s}}) {
         EXPECT_EQ(Corre(argumentos), 3);
         EXPECT_TRUE(errores.contains(u"versión 99"_s)) << qPrintable(errores);

@@ -76,7 +76,7 @@ void AgregaCabecera(Base& base, const QString& ruc, const QString& periodo, int 
 QString Retrato(Base& base) {
     QString retrato;
     for (const QString& tabla : kTablas) {
-        Registros filas = base.Lee(u"SELECT * FROM %1 ORDER BY rowid"_s.arg(tabla));
+        Registros filas = base.Lee(u"SELECT * FROM %1 ORDER BY %2"_s.arg(tabla, base.NumeroDeFila(tabla)));
         while (filas.Siguiente()) {
             for (int i = 0; i < filas.Columnas(); ++i)
                 retrato += filas.Texto(i) + u'|';
