@@ -1,13 +1,19 @@
 #pragma once
 
+#include "data/BasePlace.h"
+
 #include <QList>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QString>
 #include <QStringList>
+#include <QVariantList>
 
 #include <functional>
 #include <memory>
+#include <optional>
+
+class QSqlQuery;
 
 namespace xa518 {
 
@@ -16,8 +22,13 @@ class ErrorBase;
 class FilasNuevas;
 struct CopiaDeFilas;
 
-enum class ModoApertura { Existente, Nueva };
+enum class ModoApertura {
+    Existente,
+    Nueva,
+    Cualquiera, ///< made where there is none
+};
 enum class Memoria { Amplia, Corta };
+enum class Turno;
 
 /// What differs between database engines: opening, the dialect, the meaning of error codes, and whatever the dialect has
 /// no words for.
@@ -29,7 +40,7 @@ class Motor {
     virtual ~Motor() = default;
 
     /// Opens the database and sets the engine's rules; raises `ErrorBase`.
-    virtual void Abre(const QString& ruta, ModoApertura modo) = 0;
+    virtual void Abre(const LugarDeBase& lugar, ModoApertura modo) = 0;
     [[nodiscard]] virtual QSqlDatabase Conexion() const = 0;
     /// Turns the system's dialect into the engine's.
     [[nodiscard]] virtual QString Traduce(const QString& sql) const = 0;
@@ -40,7 +51,8 @@ class Motor {
     /// many rows have been changed since it was put there. An empty one asks nobody.
     using Vigia = std::function<bool(qint64 filas)>;
     virtual void PonVigia(Vigia vigia) = 0;
-    [[nodiscard]] virtual QString SqlComienza() const = 0;
+    /// The statements that start a transaction.
+    [[nodiscard]] virtual QStringList SqlComienza(Turno turno) const = 0;
     /// How much memory the connection may take: for the rows that it keeps at hand, and as much for each order that it
     /// puts rows in.
     virtual void PonMemoria(Memoria memoria) = 0;
@@ -68,9 +80,36 @@ class Motor {
     virtual void CopiaEn(const QString& archivo) = 0;
     /// Raises `BaseBloqueada` when somebody else works on the base at this moment.
     virtual void ExigeSola() = 0;
+
+    // What follows only an engine at the other end of a wire does otherwise than by doing nothing.
+
+    /// Whether a query reads its rows one by one off the engine: no other one's rows then get lost.
+    [[nodiscard]] virtual bool LeeDeUnaEnUna() const { return true; }
+    /// Whether a text is prepared, and kept to be run again.
+    [[nodiscard]] virtual bool SePrepara(const QString& /*sql*/) const { return true; }
+    /// Runs a text that isn't prepared; false when it fails, and then the query has its error.
+    [[nodiscard]] virtual bool CorreSinPreparar(QSqlQuery& consulta, const QString& sql, const QVariantList& valores);
+    /// More rows of a reading that comes by portions; none as a rule. Past them, or when it fails, false.
+    [[nodiscard]] virtual bool TraeMas(QSqlQuery& /*consulta*/) { return false; }
+    /// A reading that isn't kept ends.
+    virtual void Suelta(QSqlQuery& /*consulta*/) noexcept {}
+    /// Runs a statement so that the watch is asked meanwhile; nothing when every statement does.
+    [[nodiscard]] virtual std::optional<int> EjecutaConVigia(const QString& /*sql*/, const QVariantList& /*valores*/) {
+        return std::nullopt;
+    }
+    /// Raises `ErrorBase` when the engine would undo the transaction instead of confirming it.
+    virtual void ExigeConfirmable() const {}
+    /// Whether the connection is lost; what was open on it is gone.
+    [[nodiscard]] virtual bool EstaPerdida() const { return false; }
+    /// Connects again, as it was opened. Raises `ErrorBase`.
+    virtual void Reconecta() {}
+    /// Takes the mark of whoever works on the declaration of its work tables, until it is let go or the connection ends;
+    /// false while another connection has it. Nothing where the mark is no affair of the engine.
+    [[nodiscard]] virtual std::optional<bool> TomaTrabajo() { return std::nullopt; }
+    virtual void SueltaTrabajo() noexcept {}
 };
 
-/// Picks the engine by the database's name: a file is SQLite.
+/// Picks the engine by the database's name: a file is SQLite, a server PostgreSQL.
 [[nodiscard]] std::unique_ptr<Motor> MotorPara(const QString& ruta);
 
 } // namespace xa518

@@ -113,19 +113,16 @@ QString ExplicacionDeClase(int codigo, const QString& motor) {
 
 } // namespace
 
-std::unique_ptr<Motor> MotorPara(const QString& ruta) {
-    if (ruta.contains("://"_L1))
-        throw ErrorBase(NumeroError::MotorAjeno, u"No hay un motor de base de datos para '%1'."_s.arg(ruta));
-    return std::make_unique<MotorSqlite>();
-}
-
 MotorSqlite::MotorSqlite() : m_nombre(QUuid::createUuid().toString(QUuid::WithoutBraces)) {}
 
 MotorSqlite::~MotorSqlite() {
     QSqlDatabase::removeDatabase(m_nombre);
 }
 
-void MotorSqlite::Abre(const QString& ruta, ModoApertura modo) {
+void MotorSqlite::Abre(const LugarDeBase& lugar, ModoApertura modo) {
+    const QString& ruta = lugar.ruta;
+    if (modo == ModoApertura::Cualquiera)
+        modo = QFileInfo::exists(ruta) ? ModoApertura::Existente : ModoApertura::Nueva;
     if (modo == ModoApertura::Nueva)
         CreaArchivoPrivado(ruta);
     ExigeArchivo(ruta);
@@ -205,8 +202,8 @@ void MotorSqlite::PonVigia(Vigia vigia) {
     sqlite3_progress_handler(manija, kPasos, m_vigia ? +pregunta : nullptr, this);
 }
 
-QString MotorSqlite::SqlComienza() const {
-    return u"BEGIN IMMEDIATE"_s;
+QStringList MotorSqlite::SqlComienza(Turno /*turno*/) const {
+    return {u"BEGIN IMMEDIATE"_s};
 }
 
 /// 64 MB: the indexes of a large declaration, filled in no order, fit. What is put in order beyond 16 MB waits on disk.

@@ -14,12 +14,12 @@ class MotorSqlite final : public Motor {
     MotorSqlite();
     ~MotorSqlite() override;
 
-    void Abre(const QString& ruta, ModoApertura modo) override;
+    void Abre(const LugarDeBase& lugar, ModoApertura modo) override;
     [[nodiscard]] QSqlDatabase Conexion() const override;
     [[nodiscard]] QString Traduce(const QString& sql) const override;
     [[nodiscard]] ErrorBase ErrorDe(const QSqlError& error) const override;
     void PonVigia(Vigia vigia) override;
-    [[nodiscard]] QString SqlComienza() const override;
+    [[nodiscard]] QStringList SqlComienza(Turno turno) const override;
     void PonMemoria(Memoria memoria) override;
     [[nodiscard]] QString SqlVersion() const override;
     [[nodiscard]] QString SqlVersionDelEsquema() const override;

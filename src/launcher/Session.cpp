@@ -32,7 +32,7 @@ Sesion::Sesion(const EntornoConsola& entorno)
     : m_entorno(entorno), m_perfil(entorno.rutaIni), m_proceso(entorno.reloj, entorno.formularios, {}) {}
 
 bool Sesion::HayInstalacion() const {
-    const QStringList claves{u"SysPath"_s, u"DBPath"_s, u"DBName"_s};
+    const QStringList claves = ClavesExigidas(m_perfil);
     return std::none_of(claves.cbegin(), claves.cend(),
                         [this](const QString& clave) { return m_perfil.Lee(kSeccionOpciones, clave).isEmpty(); });
 }
