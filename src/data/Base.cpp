@@ -127,7 +127,7 @@ void Base::ExigeConexion() {
     if (!m_motor->EstaPerdida())
         return;
     if (m_enTransaccion)
-        throw m_motor->ErrorDe(QSqlError());
+        std::rethrow_exception(m_motor->FallaDe(QSqlError()));
     for (auto& [sql, sentencia] : m_sentencias)
         sentencia.libres.clear();
     ++m_conexion;
@@ -138,7 +138,7 @@ std::unique_ptr<QSqlQuery> Base::Prepara(const QString& sql) {
     auto consulta = std::make_unique<QSqlQuery>(m_motor->Conexion());
     consulta->setForwardOnly(m_motor->LeeDeUnaEnUna());
     if (!consulta->prepare(m_motor->Traduce(sql)))
-        throw m_motor->ErrorDe(consulta->lastError());
+        std::rethrow_exception(m_motor->FallaDe(consulta->lastError()));
     return consulta;
 }
 
@@ -198,7 +198,7 @@ void Base::Falla(const QSqlQuery& consulta) const {
 
 void Base::Falla(const QSqlError& error) const {
     AvisaElCorte();
-    throw m_motor->ErrorDe(error);
+    std::rethrow_exception(m_motor->FallaDe(error));
 }
 
 void Base::AvisaElCorte() const {

@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <QVariantList>
 
+#include <exception>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -44,9 +45,9 @@ class Motor {
     [[nodiscard]] virtual QSqlDatabase Conexion() const = 0;
     /// Turns the system's dialect into the engine's.
     [[nodiscard]] virtual QString Traduce(const QString& sql) const = 0;
-    /// The engine's error in the vocabulary of the messages: its number, what happened in plain words, and as its
-    /// detail the engine's own.
-    [[nodiscard]] virtual ErrorBase ErrorDe(const QSqlError& error) const = 0;
+    /// The engine's error in the vocabulary of the messages, an `ErrorBase` or one of its kinds: its number, what
+    /// happened in plain words, and as its detail the engine's own.
+    [[nodiscard]] virtual std::exception_ptr FallaDe(const QSqlError& error) const = 0;
     /// Asked now and then while a statement runs, which ends with an error when the answer is false. It is told how
     /// many rows have been changed since it was put there. An empty one asks nobody.
     using Vigia = std::function<bool(qint64 filas)>;

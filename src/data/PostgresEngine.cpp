@@ -196,11 +196,11 @@ QString MotorPostgres::Traduce(const QString& sql) const {
     return TraduceAPostgres(sql);
 }
 
-ErrorBase MotorPostgres::ErrorDe(const QSqlError& error) const {
+std::exception_ptr MotorPostgres::FallaDe(const QSqlError& error) const {
     const QString motor = error.databaseText().trimmed();
     if (EstaPerdida())
-        return ConexionPerdida(motor);
-    return ErrorDeEstado(error.nativeErrorCode(), motor);
+        return std::make_exception_ptr(ConexionPerdida(motor));
+    return std::make_exception_ptr(ErrorDeEstado(error.nativeErrorCode(), motor));
 }
 
 void MotorPostgres::PonVigia(Vigia vigia) {

@@ -16,7 +16,7 @@ class MotorPostgres final : public Motor {
     void Abre(const LugarDeBase& lugar, ModoApertura modo) override;
     [[nodiscard]] QSqlDatabase Conexion() const override;
     [[nodiscard]] QString Traduce(const QString& sql) const override;
-    [[nodiscard]] ErrorBase ErrorDe(const QSqlError& error) const override;
+    [[nodiscard]] std::exception_ptr FallaDe(const QSqlError& error) const override;
     void PonVigia(Vigia vigia) override;
     [[nodiscard]] QStringList SqlComienza(Turno turno) const override;
     void PonMemoria(Memoria memoria) override { m_memoria = memoria; }

@@ -168,6 +168,10 @@ QString MotorSqlite::Traduce(const QString& sql) const {
     return TraduceASqlite(sql);
 }
 
+std::exception_ptr MotorSqlite::FallaDe(const QSqlError& error) const {
+    return std::make_exception_ptr(ErrorDe(error));
+}
+
 ErrorBase MotorSqlite::ErrorDe(const QSqlError& error) const {
     return ErrorDe(error.nativeErrorCode().toInt(), error.databaseText());
 }

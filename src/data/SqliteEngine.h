@@ -17,7 +17,7 @@ class MotorSqlite final : public Motor {
     void Abre(const LugarDeBase& lugar, ModoApertura modo) override;
     [[nodiscard]] QSqlDatabase Conexion() const override;
     [[nodiscard]] QString Traduce(const QString& sql) const override;
-    [[nodiscard]] ErrorBase ErrorDe(const QSqlError& error) const override;
+    [[nodiscard]] std::exception_ptr FallaDe(const QSqlError& error) const override;
     void PonVigia(Vigia vigia) override;
     [[nodiscard]] QStringList SqlComienza(Turno turno) const override;
     void PonMemoria(Memoria memoria) override;
@@ -35,6 +35,7 @@ class MotorSqlite final : public Motor {
     void ExigeSola() override;
 
   private:
+    [[nodiscard]] ErrorBase ErrorDe(const QSqlError& error) const;
     [[nodiscard]] QStringList ClaveDe(const QString& tabla) const;
     [[nodiscard]] ErrorBase ErrorDe(int codigo, const QString& motor) const;
     void Prepara();

@@ -74,21 +74,34 @@ CREATE OR REPLACE FUNCTION dialecto.por(text, integer) RETURNS numeric LANGUAGE 
 CREATE OR REPLACE FUNCTION dialecto.une(text, text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
     'SELECT coalesce($1, '''') OPERATOR(pg_catalog.||) coalesce($2, '''')';
 
+CREATE OR REPLACE FUNCTION dialecto.une(text, numeric) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
+    'SELECT dialecto.une($1, $2::pg_catalog.text)';
+CREATE OR REPLACE FUNCTION dialecto.une(numeric, text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
+    'SELECT dialecto.une($1::pg_catalog.text, $2)';
+
 DO $crea$
+DECLARE
+    signo text;
+    funcion text;
+    izquierda text;
+    derecha text;
 BEGIN
-    IF pg_catalog.to_regoperator('dialecto.*(text,integer)') IS NULL THEN
-        CREATE OPERATOR dialecto.* (LEFTARG = text, RIGHTARG = integer, FUNCTION = dialecto.por);
-    END IF;
-    IF pg_catalog.to_regoperator('dialecto.&(text,text)') IS NULL THEN
-        CREATE OPERATOR dialecto.& (LEFTARG = text, RIGHTARG = text, FUNCTION = dialecto.une);
-    END IF;
+    FOR signo, funcion, izquierda, derecha IN
+        VALUES ('*', 'por', 'text', 'integer'), ('&', 'une', 'text', 'text'), ('&', 'une', 'text', 'numeric'),
+               ('&', 'une', 'numeric', 'text')
+    LOOP
+        IF pg_catalog.to_regoperator(pg_catalog.format('dialecto.%s(%s,%s)', signo, izquierda, derecha)) IS NULL THEN
+            EXECUTE pg_catalog.format('CREATE OPERATOR dialecto.%s (LEFTARG = %s, RIGHTARG = %s, FUNCTION = dialecto.%I)',
+                                      signo, izquierda, derecha, funcion);
+        END IF;
+    END LOOP;
 END $crea$;
 
 -- A sum of amounts: exact, in its shortest form, nothing over no rows, and no more digits than the programs reckon with.
 CREATE OR REPLACE FUNCTION dialecto.fin_de_suma(numeric) RETURNS numeric LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE
 SET search_path = pg_catalog AS $$
 BEGIN
-    IF abs($1) >= 1e36 THEN
+    IF abs($1) * 10::numeric ^ scale($1) >= 1e36 THEN
         RAISE numeric_value_out_of_range;
     END IF;
     RETURN trim_scale($1);
