@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/Record.h"
 #include "data/BasePlace.h"
+#include "data/Record.h"
 #include "values/Error.h"
 
 #include <QSqlError>
@@ -86,8 +86,8 @@ class Base {
     /// when another program holds it or it can't be written.
     [[nodiscard]] static std::unique_ptr<Base> Abre(const LugarDeBase& lugar);
     [[nodiscard]] static std::unique_ptr<Base> Abre(const QString& ruta) { return Abre(LugarDeBase{ruta}); }
-    /// Makes an empty database where there is none, private to the user, and opens it. That of a server must exist, with
-    /// nothing in it.
+    /// Makes an empty database where there is none, private to the user, and opens it. That of a server must exist,
+    /// with nothing in it.
     [[nodiscard]] static std::unique_ptr<Base> Crea(const QString& ruta);
     /// Opens a database, and makes it first where there is none.
     [[nodiscard]] static std::unique_ptr<Base> AbreOCrea(const QString& ruta);
@@ -105,8 +105,8 @@ class Base {
     /// A column that numbers the rows of a table, spoken of by its alias in a query, in the order in which they were
     /// entered.
     [[nodiscard]] QString NumeroDeFila(const QString& tabla) const;
-    /// The end of a query, from "FROM" on, that reads the rows of one table which a condition ("WHERE ...") finds in the
-    /// order in which they were entered.
+    /// The end of a query, from "FROM" on, that reads the rows of one table which a condition ("WHERE ...") finds in
+    /// the order in which they were entered.
     [[nodiscard]] QString EnOrdenDeAlta(const QString& tabla, const QString& condicion) const;
     /// An expression that gives several columns as one text, a JSON array, which costs less than each by itself.
     [[nodiscard]] QString SqlUnidas(const QStringList& columnas) const;
@@ -178,7 +178,7 @@ class Base {
 
     LugarDeBase m_lugar;
     std::unique_ptr<Motor> m_motor;
-    int m_conexion = 0;          ///< how often it was made again
+    int m_conexion = 0; ///< how often it was made again
     bool m_enTransaccion = false;
     TrabajoSeguido* m_seguido = nullptr;
     std::unordered_map<QString, Sentencia> m_sentencias;

@@ -31,8 +31,8 @@ enum class ModoApertura {
 enum class Memoria { Amplia, Corta };
 enum class Turno;
 
-/// What differs between database engines: opening, the dialect, the meaning of error codes, and whatever the dialect has
-/// no words for.
+/// What differs between database engines: opening, the dialect, the meaning of error codes, and whatever the dialect
+/// has no words for.
 class Motor {
   public:
     Motor() = default;
@@ -104,8 +104,8 @@ class Motor {
     [[nodiscard]] virtual bool EstaPerdida() const { return false; }
     /// Connects again, as it was opened. Raises `ErrorBase`.
     virtual void Reconecta() {}
-    /// Takes the mark of whoever works on the declaration of its work tables, until it is let go or the connection ends;
-    /// false while another connection has it. Nothing where the mark is no affair of the engine.
+    /// Takes the mark of whoever works on the declaration of its work tables, until it is let go or the connection
+    /// ends; false while another connection has it. Nothing where the mark is no affair of the engine.
     [[nodiscard]] virtual std::optional<bool> TomaTrabajo() { return std::nullopt; }
     virtual void SueltaTrabajo() noexcept {}
 };

@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kPrimeraVersion = 130000;
 constexpr qint64 kRelojesMs = 120'000;
-constexpr int kFilasPorVez = 2000;
+constexpr int kFilasPorTurno = 2000;
 constexpr std::chrono::milliseconds kCadaMirada{50};
 
 /// The locks that stand for the turn of those who give numbers, and, with the schema, for its work tables.
@@ -84,6 +84,9 @@ MotorPostgres::~MotorPostgres() {
 }
 
 void MotorPostgres::Abre(const LugarDeBase& lugar, ModoApertura modo) {
+    if (!QSqlDatabase::isDriverAvailable(u"QPSQL"_s))
+        throw ErrorBase(NumeroError::MotorAjeno,
+                        u"Para trabajar con un servidor falta instalar el paquete libqt6sql6-psql."_s);
     m_lugar = lugar;
     m_parametros = LeeConexion(lugar.ruta);
     Parametros parametros = m_parametros;
@@ -117,13 +120,15 @@ void MotorPostgres::Reconecta() {
 void MotorPostgres::ExigeServidor() const {
     const int version = PQserverVersion(Manija());
     if (version < kPrimeraVersion)
-        throw ErrorDeServidor(FallaDeServidor::Antiguo,
-                              u"El servidor es PostgreSQL %1, y estos programas necesitan la versión 13 o una posterior."_s
-                                  .arg(version / 10000));
+        throw ErrorDeServidor(
+            FallaDeServidor::Antiguo,
+            u"El servidor es PostgreSQL %1, y estos programas necesitan la versión 13 o una posterior."_s.arg(version /
+                                                                                                              10000));
     const ResultadoPg filas = Pide(Manija(), u"SELECT pg_catalog.current_setting('server_encoding')"_s);
     if (Valor(filas.get(), 0, 0) != "UTF8")
-        throw ErrorDeServidor(FallaDeServidor::BaseAjena,
-                              u"La base de datos del servidor no guarda los textos en UTF-8: hay que crearla de nuevo."_s);
+        throw ErrorDeServidor(
+            FallaDeServidor::BaseAjena,
+            u"La base de datos del servidor no guarda los textos en UTF-8: hay que crearla de nuevo."_s);
     ExigeReloj();
 }
 
@@ -136,17 +141,17 @@ void MotorPostgres::ExigeReloj() const {
     if (std::abs(diferencia) > kRelojesMs)
         throw ErrorDeServidor(
             FallaDeServidor::Reloj,
-            u"El reloj de este equipo y el del servidor difieren en %1 minutos: corrija la hora antes de trabajar."_s.arg(
-                std::abs(diferencia) / 60'000));
+            u"El reloj de este equipo y el del servidor difieren en %1 minutos: corrija la hora antes de trabajar."_s
+                .arg(std::abs(diferencia) / 60'000));
 }
 
 /// A database of these programs has their two schemas; a new one has nothing.
 void MotorPostgres::PreparaContenido(ModoApertura modo) const {
-    const ResultadoPg fila =
-        Pide(Manija(), u"SELECT pg_catalog.to_regnamespace('familia') IS NOT NULL, EXISTS(SELECT 1 FROM"
-                       " pg_catalog.pg_class AS c JOIN pg_catalog.pg_namespace AS n ON n.oid = c.relnamespace"
-                       " WHERE n.nspname <> 'information_schema' AND n.nspname NOT LIKE 'pg\\_%' AND NOT EXISTS(SELECT 1"
-                       " FROM pg_catalog.pg_depend AS d WHERE d.objid = c.oid AND d.deptype = 'e'))"_s);
+    const ResultadoPg fila = Pide(
+        Manija(), u"SELECT pg_catalog.to_regnamespace('familia') IS NOT NULL, EXISTS(SELECT 1 FROM"
+                  " pg_catalog.pg_class AS c JOIN pg_catalog.pg_namespace AS n ON n.oid = c.relnamespace"
+                  " WHERE n.nspname <> 'information_schema' AND n.nspname NOT LIKE 'pg\\_%' AND NOT EXISTS(SELECT 1"
+                  " FROM pg_catalog.pg_depend AS d WHERE d.objid = c.oid AND d.deptype = 'e'))"_s);
     const bool esNuestra = Valor(fila.get(), 0, 0) == "t";
     const bool estaOcupada = Valor(fila.get(), 0, 1) == "t";
     if (!esNuestra && estaOcupada)
@@ -237,7 +242,8 @@ QList<size_t> MotorPostgres::AgregaFilas(const FilasNuevas& filas) {
     return rechazadas;
 }
 
-/// The rows come here and go back: the reckoning of a checksum is a rule of these programs, and so is when it overflows.
+/// The rows come here and go back: the reckoning of a checksum is a rule of these programs, and so is when it
+/// overflows.
 void MotorPostgres::CopiaConChecksum(Base& base, const CopiaDeFilas& copia, int primeros) {
     const Tabla& tabla = base.Describe(copia.tabla);
     const CamposDeCopia campos(tabla, copia);
@@ -246,10 +252,11 @@ void MotorPostgres::CopiaConChecksum(Base& base, const CopiaDeFilas& copia, int 
         columnas.append(columna.nombre);
     const QString sql = u"SELECT %1 %2"_s.arg(campos.expresiones.join(u", "_s), copia.desde);
     const QString lectura = u"copia_%1"_s.arg(++m_lecturas);
-    Pide(Manija(), u"DECLARE %1 NO SCROLL CURSOR FOR %2"_s.arg(lectura, ConLiterales(sql, campos.valores + copia.valores)));
-    int leidas = kFilasPorVez;
-    while (leidas == kFilasPorVez) {
-        const ResultadoPg filas = Pide(Manija(), u"FETCH %1 FROM %2"_s.arg(kFilasPorVez).arg(lectura));
+    Pide(Manija(),
+         u"DECLARE %1 NO SCROLL CURSOR FOR %2"_s.arg(lectura, ConLiterales(sql, campos.valores + copia.valores)));
+    int leidas = kFilasPorTurno;
+    while (leidas == kFilasPorTurno) {
+        const ResultadoPg filas = Pide(Manija(), u"FETCH %1 FROM %2"_s.arg(kFilasPorTurno).arg(lectura));
         leidas = PQntuples(filas.get());
         EntradaDeFilas entrada(Manija(), copia.tabla, columnas);
         for (int fila = 0; fila < leidas; ++fila)
@@ -309,12 +316,12 @@ bool MotorPostgres::CorreSinPreparar(QSqlQuery& consulta, const QString& sql, co
         return consulta.exec(texto);
     const QString lectura = u"lectura_%1"_s.arg(++m_lecturas);
     return consulta.exec(u"DECLARE %1 NO SCROLL CURSOR WITH HOLD FOR %2"_s.arg(lectura, texto)) &&
-           consulta.exec(u"FETCH %1 FROM %2"_s.arg(kFilasPorVez).arg(lectura));
+           consulta.exec(u"FETCH %1 FROM %2"_s.arg(kFilasPorTurno).arg(lectura));
 }
 
 bool MotorPostgres::TraeMas(QSqlQuery& consulta) {
     const QString texto = consulta.lastQuery();
-    const bool hayMas = texto.startsWith("FETCH "_L1) && consulta.size() == kFilasPorVez;
+    const bool hayMas = texto.startsWith("FETCH "_L1) && consulta.size() == kFilasPorTurno;
     return hayMas && consulta.exec(texto) && consulta.next();
 }
 

@@ -64,8 +64,8 @@ class MotorPostgres final : public Motor {
     Parametros m_parametros;
     Memoria m_memoria = Memoria::Amplia;
     Vigia m_vigia;
-    qint64 m_filas = 0;     ///< changed since the watch began
-    qint64 m_lecturas = 0;  ///< by portions, so far
+    qint64 m_filas = 0;    ///< changed since the watch began
+    qint64 m_lecturas = 0; ///< by portions, so far
 };
 
 } // namespace xa518

@@ -19,22 +19,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-NumeroError NumeroDe(FallaDeServidor falla) {
-    switch (falla) {
-    case FallaDeServidor::Texto:
-    case FallaDeServidor::BaseAjena: return NumeroError::MotorAjeno;
-    case FallaDeServidor::Cuenta: return NumeroError::CuentaRechazada;
-    case FallaDeServidor::Antiguo: return NumeroError::VersionAjena;
-    case FallaDeServidor::Reloj: return NumeroError::ArgumentoInvalido;
-    case FallaDeServidor::Perdida: return NumeroError::ConexionPerdida;
-    case FallaDeServidor::Equipo:
-    case FallaDeServidor::Puerto:
-    case FallaDeServidor::SinBase:
-    case FallaDeServidor::SinCifrado: break;
-    }
-    return NumeroError::BaseNoExiste;
-}
-
 /// What the messages know; the other states are told by their class alone.
 struct Conocido {
     NumeroError numero;
@@ -128,8 +112,8 @@ ErrorDeServidor SinRespuesta(const Parametros& parametros, const QString& motor)
     if (!EsDeSocket(equipo) && !SeConoce(equipo))
         return {FallaDeServidor::Equipo,
                 u"No se conoce ningún equipo '%1': revise el nombre del servidor en XA000.INI."_s.arg(equipo), motor};
-    const bool pideCifrado = QStringList{u"require"_s, u"verify-ca"_s, u"verify-full"_s}.contains(
-        parametros.value(u"sslmode"_s));
+    const bool pideCifrado =
+        QStringList{u"require"_s, u"verify-ca"_s, u"verify-full"_s}.contains(parametros.value(u"sslmode"_s));
     if (pideCifrado && Responde(parametros))
         return {FallaDeServidor::SinCifrado,
                 u"El servidor '%1' no ofrece la conexión cifrada que pide sslmode=%2, o su certificado no es el"
@@ -142,9 +126,6 @@ ErrorDeServidor SinRespuesta(const Parametros& parametros, const QString& motor)
 }
 
 } // namespace
-
-ErrorDeServidor::ErrorDeServidor(FallaDeServidor falla, const QString& texto, const QString& detalle)
-    : ErrorBase(NumeroDe(falla), texto, detalle), m_falla(falla) {}
 
 Parametros LeeConexion(const QString& texto) {
     char* queja = nullptr;
@@ -161,13 +142,15 @@ Parametros LeeConexion(const QString& texto) {
             parametros.insert(QString::fromUtf8(opcion->keyword), QString::fromUtf8(opcion->val));
     }
     if (parametros.contains(u"password"_s))
-        throw ErrorDeServidor(FallaDeServidor::Texto,
-                              u"La contraseña del servidor no se escribe en XA000.INI: póngala en el archivo .pgpass del"
-                              " usuario."_s);
+        throw ErrorDeServidor(
+            FallaDeServidor::Texto,
+            u"La contraseña del servidor no se escribe en XA000.INI: póngala en el archivo .pgpass del"
+            " usuario."_s);
     const QStringList nombran{u"host"_s, u"hostaddr"_s, u"service"_s};
     if (std::none_of(nombran.begin(), nombran.end(), [&](const QString& clave) { return parametros.contains(clave); }))
-        throw ErrorDeServidor(FallaDeServidor::Texto,
-                              u"El texto de conexión '%1' no nombra ningún servidor: le falta host o service."_s.arg(texto));
+        throw ErrorDeServidor(
+            FallaDeServidor::Texto,
+            u"El texto de conexión '%1' no nombra ningún servidor: le falta host o service."_s.arg(texto));
     return parametros;
 }
 
@@ -192,13 +175,14 @@ ErrorDeServidor FallaAlConectar(const Parametros& parametros) {
                     QString::fromUtf8(PQdb(conexion.get()))),
                 motor};
     if (estado.startsWith("28"_L1) || PQconnectionNeedsPassword(conexion.get()) != 0)
-        return {FallaDeServidor::Cuenta,
-                u"El servidor no admite al usuario '%1' o su contraseña: revise el usuario en XA000.INI y la contraseña en"
-                " el archivo .pgpass."_s.arg(usuario),
-                motor};
+        return {
+            FallaDeServidor::Cuenta,
+            u"El servidor no admite al usuario '%1' o su contraseña: revise el usuario en XA000.INI y la contraseña en"
+            " el archivo .pgpass."_s.arg(usuario),
+            motor};
     if (!estado.isEmpty())
-        return {FallaDeServidor::Puerto, u"El servidor no admite la conexión. "_s + ErrorDeEstado(estado, motor).Texto(),
-                motor};
+        return {FallaDeServidor::Puerto,
+                u"El servidor no admite la conexión. "_s + ErrorDeEstado(estado, motor).Texto(), motor};
     return SinRespuesta(parametros, motor);
 }
 
@@ -215,10 +199,11 @@ ErrorBase ErrorDeResultado(const PGresult* resultado) {
 }
 
 ErrorDeServidor ConexionPerdida(const QString& motor) {
-    return {FallaDeServidor::Perdida,
-            u"Se perdió la conexión con el servidor de la base de datos. Lo que estaba por grabarse no quedó grabado; lo"
-            " anterior está a salvo. Repita lo último que hizo: el programa volverá a conectarse."_s,
-            motor};
+    return {
+        FallaDeServidor::Perdida,
+        u"Se perdió la conexión con el servidor de la base de datos. Lo que estaba por grabarse no quedó grabado; lo"
+        " anterior está a salvo. Repita lo último que hizo: el programa volverá a conectarse."_s,
+        motor};
 }
 
 } // namespace xa518

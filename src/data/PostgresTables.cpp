@@ -63,7 +63,8 @@ class TablaDelServidor {
 
   private:
     void Clasifica(const QString& parte) {
-        if (parte.startsWith("PRIMARY KEY"_L1, Qt::CaseInsensitive) || parte.startsWith("UNIQUE"_L1, Qt::CaseInsensitive))
+        if (parte.startsWith("PRIMARY KEY"_L1, Qt::CaseInsensitive) ||
+            parte.startsWith("UNIQUE"_L1, Qt::CaseInsensitive))
             PonClave(parte);
         else
             PonColumna(parte);
@@ -97,9 +98,9 @@ class TablaDelServidor {
     [[nodiscard]] QString Indices(const QStringList& clave) const {
         QStringList indices;
         for (const QString& columna : clave)
-            indices.append((m_textos.contains(columna.toLower()) ? u"lower(%1 COLLATE \"C\") NULLS FIRST"_s
-                                                                 : u"%1 NULLS FIRST"_s)
-                               .arg(columna));
+            indices.append(
+                (m_textos.contains(columna.toLower()) ? u"lower(%1 COLLATE \"C\") NULLS FIRST"_s : u"%1 NULLS FIRST"_s)
+                    .arg(columna));
         return indices.join(u", "_s);
     }
 

@@ -269,8 +269,8 @@ QString MotorSqlite::NumeroDeFila(const QString& tabla) const {
     return tabla + u".rowid"_s;
 }
 
-/// The rows are found first, by the condition alone, and then read in their order: read as they are found they would all
-/// have to be put in order, which takes as long as copying them.
+/// The rows are found first, by the condition alone, and then read in their order: read as they are found they would
+/// all have to be put in order, which takes as long as copying them.
 QString MotorSqlite::SqlEnOrdenDeAlta(const QString& tabla, const QString& condicion) const {
     return u"FROM %1 WHERE rowid IN (SELECT rowid FROM %1 %2) ORDER BY rowid"_s.arg(tabla, condicion);
 }

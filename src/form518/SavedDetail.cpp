@@ -13,8 +13,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kPagosGuardados = u"F518PDETCP"_s;
-const QString kComprobantes = u"TMPF518PDET"_s;
-const QString kPagos = u"TMPF518PDETCP"_s;
+const QString kComprobantesDeTrabajo = u"TMPF518PDET"_s;
+const QString kPagosDeTrabajo = u"TMPF518PDETCP"_s;
 
 QList<DatoDeCopia> DeLaClave(const ClaveDeclaracion& clave) {
     return {{u"tip_doc_d"_s, u"6"_s},
@@ -87,7 +87,7 @@ QStringList ColumnasSinTipo() {
 
 /// The vouchers of the work table, by what its column of the type has to be.
 QString Comprobantes(const QString& condicion) {
-    return u"FROM %1 WHERE %2 %3"_s.arg(kComprobantes, ColumnaDe(DatoComprobante::TipCp), condicion);
+    return u"FROM %1 WHERE %2 %3"_s.arg(kComprobantesDeTrabajo, ColumnaDe(DatoComprobante::TipCp), condicion);
 }
 
 QString TextoDeSuma(const Registros& fila, int columna) {
@@ -100,20 +100,20 @@ void GrabaDetalle(Base& base, const ClaveDeclaracion& clave) {
     GrabaClientes(base, clave);
     GrabaCopia(base, clave,
                {.tabla = u"F518PDET"_s,
-                .trabajo = kComprobantes,
+                .trabajo = kComprobantesDeTrabajo,
                 .origen = Comprobantes(u"= ''"_s),
                 .condicion = clave.Condicion(),
                 .columnas = ColumnasSinTipo()});
     GrabaCopia(base, clave,
                {.tabla = u"F518PDETVC"_s,
-                .trabajo = kComprobantes,
+                .trabajo = kComprobantesDeTrabajo,
                 .origen = Comprobantes(u"<> ''"_s),
                 .condicion = clave.Condicion(),
                 .columnas = ColumnasDe(DatosDeComprobantes())});
     GrabaCopia(base, clave,
                {.tabla = kPagosGuardados,
-                .trabajo = kPagos,
-                .origen = u"FROM "_s + kPagos,
+                .trabajo = kPagosDeTrabajo,
+                .origen = u"FROM "_s + kPagosDeTrabajo,
                 .condicion = clave.CondicionSinTipo(),
                 .columnas = ColumnasDe(DatosDePagos())});
 }

@@ -83,10 +83,9 @@ void TablasTrabajo::CopiaComprobantes(const ClaveDeclaracion& clave, const QStri
 
 void TablasTrabajo::CopiaPagos(const ClaveDeclaracion& clave) {
     const QString columnas = ListaDe(DatosDePagos());
-    m_base->Ejecuta(
-        CopiaSql(u"TMPF518PDETCP"_s, columnas, columnas,
-                 m_base->EnOrdenDeAlta(clave.Tabla(u"F518PDETCP"_s), clave.CondicionSinTipo())),
-        clave.Valores());
+    m_base->Ejecuta(CopiaSql(u"TMPF518PDETCP"_s, columnas, columnas,
+                             m_base->EnOrdenDeAlta(clave.Tabla(u"F518PDETCP"_s), clave.CondicionSinTipo())),
+                    clave.Valores());
 }
 
 int TablasTrabajo::CuentaDocs(const ClaveCliente& cliente) const {

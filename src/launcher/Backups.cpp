@@ -147,6 +147,9 @@ void Respaldos::QuitaSobrantes(const QString& reciente) const {
 }
 
 Veredicto Respaldos::Restaura(const QString& archivo) const {
+    if (EsDeServidor(m_rutaBase))
+        return Veredicto::Critico(
+            u"La base de datos está en un servidor: sus copias se restauran con los programas del servidor."_s);
     if (!QFileInfo(archivo).isFile())
         return Veredicto::Critico(u"No se encuentra el archivo '%1'."_s.arg(archivo));
     CreaCarpetaPrivada(m_carpeta);

@@ -1,5 +1,6 @@
 #include "launcher/CommandLine.h"
 
+#include "data/ServerFailure.h"
 #include "family/Configuration.h"
 #include "family/WorkLock.h"
 #include "launcher/Declarants.h"
@@ -272,7 +273,7 @@ int EjecutaConsola(const QStringList& argumentos, const SalidasConsola& salidas,
         errores << u"consola: "_s << error.Texto() << u" (error "_s << error.Numero() << u")\n"_s;
         if (!error.Detalle().isEmpty())
             errores << error.Detalle() << '\n';
-        return Fallo;
+        return CodigoDeSalida(error, Fallo);
     }
 }
 

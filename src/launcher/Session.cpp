@@ -81,7 +81,8 @@ ResultadoEnvio Sesion::Envia(const ClaveDeclaracion& clave, OtroOriginal otro) {
     Envio envio(*base, m_entorno.reloj, m_entorno.formularios);
     if (VeredictoDeEnvio veredicto = envio.Valida(clave, otro); !veredicto)
         return {.veredicto = std::move(veredicto)};
-    (void)Copias().Haz();
+    if (!EsDeServidor(m_proceso.rutaBase)) // whose copies are the server's affair
+        (void)Copias().Haz();
     return envio.Envia(clave, otro);
 }
 

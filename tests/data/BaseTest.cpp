@@ -71,8 +71,11 @@ TEST_F(BaseTest, AddsManyRowsAndTellsWhichOnesStandThere) {
     filas.Pon(5).Pon(u"0").Pon(u"cinco").CierraFila();
     EXPECT_EQ(m_base->AgregaFilas(filas), QList<size_t>());
     transaccion.Confirma();
-    EXPECT_EQ(m_base.Filas(u"SELECT numero, serie, nombre, orden FROM CLIENTE ORDER BY "_s + m_base->NumeroDeFila(u"CLIENTE"_s)).join(u'/'),
-              u"5||<null>|<null>/9||<null>|-7/1||ñ'\"|<null>/3|||4/0||cinco|5"_s);
+    EXPECT_EQ(
+        m_base
+            .Filas(u"SELECT numero, serie, nombre, orden FROM CLIENTE ORDER BY "_s + m_base->NumeroDeFila(u"CLIENTE"_s))
+            .join(u'/'),
+        u"5||<null>|<null>/9||<null>|-7/1||ñ'\"|<null>/3|||4/0||cinco|5"_s);
 }
 
 TEST_F(BaseTest, ARowThatATableCantTakeKeepsOutTheOthers) {
@@ -249,12 +252,14 @@ TEST_F(BaseTest, SaysThatItIsLockedAndWorksAgainAfterwards) {
 
 /// Letter by letter: A to Z as a to z, and nothing else as another thing, whatever the language of the system.
 TEST_F(BaseTest, OrdersAndComparesAwkwardNamesByTheirCodes) {
-    const QStringList nombres{u"Ñandú"_s, u"ñandú"_s, u"NANDU"_s, u"nandu"_s, u"Ángel"_s, u"ángel"_s, u"Angel"_s,
-                              u"ANGEL"_s, u"Zúñiga"_s, u"zuñiga"_s, u"ÜBER"_s, u"über"_s, u"straße"_s, u"STRASSE"_s,
-                              u"İzmir"_s, u"izmir"_s, u"ızmir"_s, u"_guion"_s, u"[corchete"_s, u"~tilde"_s, u" blanco"_s,
-                              u"blanco"_s, u"O'Higgins"_s, u"o\\h"_s, u"\"cita\""_s, u"10"_s, u"9"_s, u"ＡＢＣ"_s, u"ａｂｃ"_s,
-                              u"日本"_s, u"€uro"_s, u"\U0001F600"_s, u"\uFB01n"_s, u"e\u0301"_s, u"é"_s, u"É"_s, u""_s, u"Z"_s,
-                              u"a"_s, u"A b"_s, u"a-b"_s, u"A.b"_s, u"L1"_s, u"l1"_s, u"K"_s, u"k"_s, u"\u212A"_s};
+    const QStringList nombres{u"Ñandú"_s,     u"ñandú"_s,      u"NANDU"_s,   u"nandu"_s,   u"Ángel"_s,     u"ángel"_s,
+                              u"Angel"_s,     u"ANGEL"_s,      u"Zúñiga"_s,  u"zuñiga"_s,  u"ÜBER"_s,      u"über"_s,
+                              u"straße"_s,    u"STRASSE"_s,    u"İzmir"_s,   u"izmir"_s,   u"ızmir"_s,     u"_guion"_s,
+                              u"[corchete"_s, u"~tilde"_s,     u" blanco"_s, u"blanco"_s,  u"O'Higgins"_s, u"o\\h"_s,
+                              u"\"cita\""_s,  u"10"_s,         u"9"_s,       u"ＡＢＣ"_s,  u"ａｂｃ"_s,    u"日本"_s,
+                              u"€uro"_s,      u"\U0001F600"_s, u"\uFB01n"_s, u"e\u0301"_s, u"é"_s,         u"É"_s,
+                              u""_s,          u"Z"_s,          u"a"_s,       u"A b"_s,     u"a-b"_s,       u"A.b"_s,
+                              u"L1"_s,        u"l1"_s,         u"K"_s,       u"k"_s,       u"\u212A"_s};
     const auto clave = [](const QString& nombre) {
         QByteArray bytes = nombre.toUtf8();
         for (char& c : bytes)

@@ -26,8 +26,8 @@ class ServerTest : public BaseDePrueba {
   protected:
     /// As an administrator ends it, or a fall of the line.
     void CortaLaConexion() const {
-        PideAlServidor(u"SELECT pg_terminate_backend(%1, 5000)"_s.arg(
-            m_base.Filas(u"SELECT pg_backend_pid()"_s).constFirst()));
+        PideAlServidor(
+            u"SELECT pg_terminate_backend(%1, 5000)"_s.arg(m_base.Filas(u"SELECT pg_backend_pid()"_s).constFirst()));
     }
     void AgregaUsuario(const QString& usuario) { m_base->Ejecuta(u"INSERT INTO CLAVES VALUES (?, '0')"_s, {usuario}); }
     [[nodiscard]] QString Usuarios() const { return Lista(u"SELECT Usuario FROM CLAVES ORDER BY Usuario"_s); }
@@ -134,7 +134,8 @@ TEST_F(ServerTest, AStatementStopsInTheMiddle) {
 
 TEST(WorkSchema, TakesPlainNamesAlone) {
     EXPECT_EQ(EsquemaDeTrabajo::De(u"puesto_2")->Nombre(), u"puesto_2"_s);
-    for (const QString& malo : {u""_s, u"2puesto"_s, u"Puesto"_s, u"a b"_s, u"a\"b"_s, u"a;drop"_s, u"ñ"_s, QString(49, u'a')})
+    for (const QString& malo :
+         {u""_s, u"2puesto"_s, u"Puesto"_s, u"a b"_s, u"a\"b"_s, u"a;drop"_s, u"ñ"_s, QString(49, u'a')})
         EXPECT_FALSE(EsquemaDeTrabajo::De(malo)) << qPrintable(malo);
 }
 

@@ -26,8 +26,8 @@ class Mando {
     Mando() : m_conexion(PQconnectdb(TextoDe(u"postgres"_s).toUtf8().constData()), PQfinish) {}
 
     QString Pide(const QString& sql) {
-        const std::unique_ptr<PGresult, decltype(&PQclear)> resultado(PQexec(m_conexion.get(), sql.toUtf8().constData()),
-                                                                     PQclear);
+        const std::unique_ptr<PGresult, decltype(&PQclear)> resultado(
+            PQexec(m_conexion.get(), sql.toUtf8().constData()), PQclear);
         const ExecStatusType estado = PQresultStatus(resultado.get());
         if (estado != PGRES_COMMAND_OK && estado != PGRES_TUPLES_OK)
             throw std::runtime_error(PQerrorMessage(m_conexion.get()));

@@ -52,7 +52,7 @@ void BaseTemporal::Agrega(const QString& tabla, QMap<QString, QVariant> valores)
     while (exigidas.Siguiente()) {
         const QString columna = exigidas.Texto(0);
         if (!EstaEn(valores, columna))
-            valores[columna] = exigidas.Texto(1) == u"INTEGER" ? QVariant(6)
+            valores[columna] = exigidas.Texto(1) == u"INTEGER"                              ? QVariant(6)
                                : columna.compare(u"Formulario"_s, Qt::CaseInsensitive) == 0 ? QVariant(u"0518"_s)
                                                                                             : QVariant(u"-"_s);
     }
