@@ -137,7 +137,7 @@ QString SumaDeControl(Base& base, const QString& formulario) {
 
 ResultadoGrabacion GrabaDeclaracion(Base& base, const Declaracion& declaracion, const QDate& hoy) {
     const int estado = Inconsistencias(declaracion).isEmpty() ? 0 : 9;
-    Transaccion transaccion = base.Comienza();
+    Transaccion transaccion = base.Comienza(Turno::Propio);
     GrabaLaCabecera(base, declaracion, estado, hoy);
     GrabaCasillas(base, declaracion, SumaDeControl(base, declaracion.clave.formulario));
     GrabaDetalle(base, declaracion.clave);

@@ -36,7 +36,7 @@ bool EsEmpresa(CodigoDocumento tipo, QStringView numero) {
 }
 
 void TablasTrabajo::Reconstruye(const ClaveDeclaracion& clave) {
-    Transaccion transaccion = m_base->Comienza();
+    Transaccion transaccion = m_base->Comienza(Turno::Propio);
     Llena(clave);
     transaccion.Confirma();
 }
@@ -120,7 +120,7 @@ void TablasTrabajo::CalculaTotales() {
         "AS D WHERE D.%5 = TMPF518PCAB.%5 AND D.%6 = TMPF518PCAB.%6)"_s.arg(
             ColumnaDe(DatoCliente::MontoBase), ColumnaDe(DatoCliente::Percepcion), SumaDe(DatoComprobante::MontoBase),
             SumaDe(DatoComprobante::Percepcion), ColumnaDe(DatoCliente::TipoDoc), ColumnaDe(DatoCliente::NumDoc));
-    Transaccion transaccion = m_base->Comienza();
+    Transaccion transaccion = m_base->Comienza(Turno::Propio);
     m_base->Ejecuta(sql);
     // Wanted: the family's programs open an empty set on each table after a rewrite, which finds a lost one.
     const Registros vacia = m_base->Lee(u"SELECT * FROM F518PDET WHERE doc_id_d='0'"_s);
@@ -129,7 +129,7 @@ void TablasTrabajo::CalculaTotales() {
 
 void TablasTrabajo::EliminaCliente(const ClaveCliente& cliente) {
     const QVariantList valores{cliente.tipoDoc.Valor(), cliente.numero};
-    Transaccion transaccion = m_base->Comienza();
+    Transaccion transaccion = m_base->Comienza(Turno::Propio);
     m_base->Ejecuta(u"DELETE * FROM TMPF518PCAB"_s + DeUnCliente(), valores);
     m_base->Ejecuta(u"DELETE * FROM TMPF518PDET"_s + DeUnCliente(), valores);
     m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP"_s + DeUnCliente(), valores);

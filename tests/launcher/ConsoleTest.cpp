@@ -12,6 +12,7 @@
 #include "launcher/Sending.h"
 #include "platform/Clock.h"
 #include "platform/ProfileFile.h"
+#include "support/ServerInstallation.h"
 #include "support/TemporaryBase.h"
 
 #include <QTextStream>
@@ -31,12 +32,13 @@ class Console : public testing::Test {
         return EjecutaConsola(QStringList{u"consola"_s} + argumentos, {flujoSalida, flujoErrores},
                               {reloj, rutaIni, carpeta, u"CONTADOR"_s, {Formulario0518()}});
     }
-    QString RutaBase() const { return carpeta + u"/XA000.DB"_s; }
+    const QString& RutaBase() const { return lugar.Ruta(); }
     std::unique_ptr<Base> Abre() const { return Base::Abre(RutaBase()); }
 
     QTemporaryDir raiz;
     QString rutaIni;
     QString carpeta;
+    LugarDeInstalacion lugar{ArchivoPerfil(rutaIni), carpeta};
     QString salida;
     QString errores;
     RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
