@@ -56,8 +56,8 @@ Decimal SumaCorrelativos(Base& base, const QString& catalogo) {
 }
 
 QString CatalogosDeControl(Base& base, const QString& formulario) {
-    Registros filas = base.Lee(u"SELECT * FROM PARAM WHERE numero='981' AND %1=? ORDER BY rowid"_s.arg(
-                                   TramosControl::kFormulario.Sql(u"argumento")),
+    Registros filas = base.Lee(u"SELECT * FROM PARAM WHERE numero='981' AND %1=? ORDER BY %2"_s.arg(
+                                   TramosControl::kFormulario.Sql(u"argumento"), base.NumeroDeFila(u"PARAM"_s)),
                                {formulario});
     return filas.Siguiente() ? Recorta(filas.Texto(u"Funcion")).toString() : QString();
 }
@@ -135,15 +135,23 @@ QString SumaDeControl(Base& base, const QString& formulario) {
     return suma.Texto();
 }
 
-ResultadoGrabacion GrabaDeclaracion(Base& base, const Declaracion& declaracion, const QDate& hoy) {
+ResultadoGrabacion GrabaDeclaracion(Base& base, const Declaracion& declaracion, const EstadoGuardado& conocido,
+                                    const Firma& firma) {
+    const ClaveDeclaracion& clave = declaracion.clave;
     const int estado = Inconsistencias(declaracion).isEmpty() ? 0 : 9;
-    Transaccion transaccion = base.Comienza();
-    GrabaLaCabecera(base, declaracion, estado, hoy);
-    GrabaCasillas(base, declaracion, SumaDeControl(base, declaracion.clave.formulario));
-    GrabaDetalle(base, declaracion.clave);
-    GrabaSumas(base, declaracion.clave);
+    Transaccion transaccion = base.Comienza(Turno::Propio);
+    if (Veredicto veredicto = ExigeSinCambios(base, clave, conocido); !veredicto)
+        return {.veredicto = std::move(veredicto)};
+    const QString antes = CasillasEnLineas(base, clave);
+    GrabaLaCabecera(base, declaracion, estado, firma.momento.date());
+    GrabaCasillas(base, declaracion, SumaDeControl(base, clave.formulario));
+    GrabaDetalle(base, clave);
+    GrabaSumas(base, clave);
+    Bitacora(base).Anota(
+        firma, {.suceso = Suceso::Grabacion, .clave = clave, .antes = antes, .despues = CasillasEnLineas(base, clave)});
+    const EstadoGuardado guardado = EstadoGuardado::De(base, clave);
     transaccion.Confirma();
-    return {estado, MensajesDe(declaracion, estado)};
+    return {.estado = estado, .mensajes = MensajesDe(declaracion, estado), .guardado = guardado};
 }
 
 } // namespace xa518

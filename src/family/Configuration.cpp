@@ -38,13 +38,17 @@ Cuenta CuentaConfigurada(const ArchivoPerfil& perfil) {
             TextoDeCodigos(CodigosDe(perfil, u"Clave", XA518_PASSWORD_CODES))};
 }
 
+QString BaseConfigurada(const ArchivoPerfil& perfil) {
+    return Opcion(perfil, u"DBPath") + Opcion(perfil, u"DBName");
+}
+
 void LeerIni(Proceso& proceso, const ArchivoPerfil& perfil) {
     const QChar separador = QDir::separator();
     proceso.sysPath = Opcion(perfil, u"SysPath");
     QDir::setCurrent(proceso.sysPath); // fails silently for a folder that doesn't exist
     proceso.rutaTMPBarra = proceso.sysPath + u"TMP"_s + separador;
     proceso.sysVersion = Opcion(perfil, u"SysVersion");
-    proceso.rutaBase = Opcion(perfil, u"DBPath") + Opcion(perfil, u"DBName");
+    proceso.rutaBase = BaseConfigurada(perfil);
     proceso.rutaMenu = proceso.sysPath + Opcion(perfil, u"SysMenu");
     // Without a separator behind them: names of logs and reports are joined directly, and the launcher reads them so.
     proceso.rutaRPT = proceso.sysPath + u"RPT"_s;
@@ -63,11 +67,17 @@ void AbrirBase(Proceso& proceso, const ArchivoPerfil& perfil) {
     proceso.baseDatos = std::move(base);
 }
 
+QStringList ClavesExigidas(const ArchivoPerfil& perfil) {
+    if (EsDeServidor(Opcion(perfil, u"DBName")))
+        return {u"SysPath"_s, u"DBName"_s};
+    return {u"SysPath"_s, u"DBPath"_s, u"DBName"_s};
+}
+
 void ExigeInstalacion(const ArchivoPerfil& perfil) {
     if (!perfil.Existe())
         throw Error(NumeroError::ArchivoNoEncontrado,
                     u"No se encuentra '%1'. Ejecute primero consola --instalar."_s.arg(perfil.Ruta()));
-    for (const QString& clave : {u"SysPath"_s, u"DBPath"_s, u"DBName"_s}) {
+    for (const QString& clave : ClavesExigidas(perfil)) {
         if (Opcion(perfil, clave).isEmpty())
             throw Error(NumeroError::ArgumentoInvalido,
                         u"Falta la clave %1 en '%2'. Ejecute consola --instalar."_s.arg(clave, perfil.Ruta()));

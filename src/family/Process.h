@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/Base.h"
+#include "family/ChangeLog.h"
 #include "family/DeclarationKey.h"
 #include "family/FormDescription.h"
 
@@ -22,13 +23,16 @@ struct Configurado {
     QString sysPath{}; ///< installation folder, its trailing separator as it stands in the file
     QString sysVersion{};
     QString sysUser{};  ///< whose rows of CONT, CLAVES and SPOOL are meant
-    QString rutaBase{}; ///< full name of the database
+    QString rutaBase{}; ///< full name of the database's file, or the text of the connection to its server
     QString rutaMenu{};
     QString rutaTMPBarra{}; ///< with its separator
     QString rutaTMP{};      ///< without separator, and so are the report and the log names that begin with `rutaRPT`
     QString rutaRPT{};
     QString rutaBMP{};
     Periodo fechaPrimerIgv{}; ///< of catalogue "830"; none when the row is missing
+
+    /// Beneath a change made now.
+    [[nodiscard]] Firma SuFirma() const { return FirmaDe(sysUser, reloj); }
 };
 
 /// What holds for the whole program: its configuration, the open base, the clock. One record, made by the program's
@@ -49,14 +53,14 @@ struct Proceso : Configurado {
 class ProcesoAparte {
   public:
     explicit ProcesoAparte(const Proceso& proceso)
-        : m_configurado(static_cast<const Configurado&>(proceso)), m_ruta(proceso.baseDatos->Ruta()) {}
+        : m_configurado(static_cast<const Configurado&>(proceso)), m_lugar(proceso.baseDatos->Lugar()) {}
 
     /// Raises `ErrorBase`.
-    [[nodiscard]] Proceso Abre() const { return {m_configurado, Base::Abre(m_ruta)}; }
+    [[nodiscard]] Proceso Abre() const { return {m_configurado, Base::Abre(m_lugar)}; }
 
   private:
     Configurado m_configurado;
-    QString m_ruta;
+    LugarDeBase m_lugar;
 };
 
 } // namespace xa518

@@ -2,6 +2,8 @@
 
 #include "data/Base.h"
 #include "data/SchemaVersion.h"
+#include "data/Transaction.h"
+#include "family/ChangeLog.h"
 #include "family/SchemaSteps.h"
 #include "family/WorkLock.h"
 #include "launcher/FileHolders.h"
@@ -58,6 +60,14 @@ void Mueve(const QString& origen, const QString& destino) {
         throw Error(NumeroError::AccesoAlDisco, u"No se puede reemplazar el archivo '%1'."_s.arg(destino));
 }
 
+void Anota(const QString& base, const QString& copia, const Firma& firma) {
+    const std::unique_ptr<Base> restaurada = Base::Abre(base);
+    Transaccion transaccion = restaurada->Comienza();
+    Bitacora(*restaurada)
+        .Anota(firma, {.suceso = Suceso::Restauracion, .despues = u"copia="_s + QFileInfo(copia).fileName()});
+    transaccion.Confirma();
+}
+
 /// A folder beside the files that are to get their place by a rename, gone with the object.
 class LugarDePaso {
   public:
@@ -88,19 +98,13 @@ Respaldos::Respaldos(QString rutaBase, QString carpeta, const Reloj& reloj, Form
 }
 
 QStringList Respaldos::Defectos(Base& base) {
-    QStringList defectos;
-    Registros lineas = base.Lee(u"PRAGMA integrity_check(10)"_s);
-    while (lineas.Siguiente()) {
-        if (lineas.Texto(0) != u"ok")
-            defectos += lineas.Texto(0).split(u'\n', Qt::SkipEmptyParts);
-    }
-    return defectos;
+    return base.Defectos();
 }
 
 QString Respaldos::HazUna() const {
     CreaCarpetaPrivada(m_carpeta);
     const LugarDePaso lugar(m_carpeta);
-    Base::Abre(m_rutaBase)->Ejecuta(u"VACUUM INTO ?"_s, {lugar.Archivo()});
+    Base::Abre(m_rutaBase)->CopiaEn(lugar.Archivo());
     const QStringList defectos = Defectos(*Base::Abre(lugar.Archivo()));
     if (!defectos.isEmpty())
         throw Error(NumeroError::AccesoAlDisco,
@@ -151,7 +155,10 @@ void Respaldos::QuitaSobrantes(const QString& reciente) const {
         QFile::remove(copia.ruta);
 }
 
-Veredicto Respaldos::Restaura(const QString& archivo) const {
+Veredicto Respaldos::Restaura(const QString& archivo, const Firma& firma) const {
+    if (EsDeServidor(m_rutaBase))
+        return Veredicto::Critico(
+            u"La base de datos está en un servidor: sus copias se restauran con los programas del servidor."_s);
     if (!QFileInfo(archivo).isFile())
         return Veredicto::Critico(u"No se encuentra el archivo '%1'."_s.arg(archivo));
     CreaCarpetaPrivada(m_carpeta);
@@ -165,6 +172,7 @@ Veredicto Respaldos::Restaura(const QString& archivo) const {
     const TrabajoUnico trabajo(m_rutaBase);
     const QString guardado = GuardaLoQueHay();
     ConservaLoNumerado(lugar.Archivo(), guardado);
+    Anota(lugar.Archivo(), archivo, firma);
     Reemplaza(lugar.Archivo(), guardado);
     QuitaSobrantes(guardado); // only now: the oldest may be the one that was asked for
     return Veredicto::Bien();
@@ -196,9 +204,7 @@ Veredicto Respaldos::ExigeLibre() const {
             u"La base está en uso por otro programa: la consola, el módulo o xa518-lote. Cierre los demás programas"
             " antes de restaurar."_s);
     try {
-        const std::unique_ptr<Base> base = Base::Abre(m_rutaBase);
-        base->Ejecuta(u"BEGIN EXCLUSIVE"_s);
-        base->Ejecuta(u"ROLLBACK"_s);
+        Base::Abre(m_rutaBase)->ExigeSola();
     } catch (const ErrorBase& error) {
         if (error.Es(NumeroError::BaseBloqueada))
             return Veredicto::Critico(

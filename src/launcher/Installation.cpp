@@ -3,6 +3,7 @@
 #include "data/Base.h"
 #include "data/SchemaVersion.h"
 #include "data/Workgroup.h"
+#include "family/ChangeLog.h"
 #include "family/Configuration.h"
 #include "family/SchemaSteps.h"
 #include "family/Startup.h"
@@ -13,6 +14,7 @@
 #include "launcher/Sample.h"
 #include "launcher/Schema.h"
 #include "launcher/TextChecks.h"
+#include "platform/NetworkFolder.h"
 #include "values/Error.h"
 
 #include <QDir>
@@ -70,8 +72,8 @@ Instalacion::Instalacion(const QString& carpeta, ArchivoPerfil perfil, Formulari
     : m_carpeta(ConSeparador(carpeta))
     , m_perfil(std::move(perfil))
     , m_formularios(std::move(formularios))
-    , m_carpetaBase(OpcionVigente(u"DBPath", m_carpeta))
-    , m_nombreBase(OpcionVigente(u"DBName", kArchivoBase)) {}
+    , m_nombreBase(OpcionVigente(u"DBName", kArchivoBase))
+    , m_carpetaBase(EsDeServidor(m_nombreBase) ? QString() : OpcionVigente(u"DBPath", m_carpeta)) {}
 
 QString Instalacion::CarpetaVigente(const ArchivoPerfil& perfil, const QString& porOmision) {
     const QString vigente = perfil.Lee(kSeccionOpciones, u"SysPath");
@@ -81,6 +83,10 @@ QString Instalacion::CarpetaVigente(const ArchivoPerfil& perfil, const QString& 
 Veredicto Instalacion::Valida(const QString& usuario) const {
     if (Veredicto veredicto = ValidaCarpeta(m_carpeta); !veredicto)
         return veredicto;
+    if (!QFileInfo::exists(m_carpetaBase + m_nombreBase) && EstaEnRed(m_carpetaBase))
+        return Veredicto::Critico(
+            u"La carpeta '%1' está en otra máquina: un archivo compartido por la red puede perder"
+            " datos. Instale la base en una carpeta de este equipo, o en un servidor."_s.arg(m_carpetaBase));
     return ValidaUsuario(usuario);
 }
 
@@ -100,17 +106,17 @@ QStringList Instalacion::Instala(const QString& usuario) {
     return hecho;
 }
 
-QStringList Instalacion::InstalaEjemplo() {
+QStringList Instalacion::InstalaEjemplo(const Reloj& reloj) {
     const std::unique_ptr<Base> base = Base::Abre(m_carpetaBase + m_nombreBase);
     QStringList hecho;
     for (const Formulario& formulario : m_formularios) {
         if (!formulario.ejemplo.isEmpty())
-            hecho += InstalaEjemploDe(formulario, *base);
+            hecho += InstalaEjemploDe(formulario, *base, reloj);
     }
     return hecho;
 }
 
-QStringList Instalacion::InstalaEjemploDe(const Formulario& formulario, Base& base) const {
+QStringList Instalacion::InstalaEjemploDe(const Formulario& formulario, Base& base, const Reloj& reloj) const {
     const QString carpeta = m_carpeta + kCarpetaEjemplo;
     CreaCarpetaPrivada(carpeta);
     const Ejemplo ejemplo(formulario.ejemplo, carpeta);
@@ -118,7 +124,7 @@ QStringList Instalacion::InstalaEjemploDe(const Formulario& formulario, Base& ba
     Declarante empresa = ejemplo.Empresa();
     empresa.usuario = m_perfil.Lee(kSeccionOpciones, u"SysUser");
     if (!declarantes.Busca(empresa.ruc)) {
-        if (const Veredicto veredicto = declarantes.Registra(empresa); !veredicto)
+        if (const Veredicto veredicto = declarantes.Registra(empresa, FirmaDe(empresa.usuario, reloj)); !veredicto)
             throw Error(NumeroError::ArgumentoInvalido, veredicto.Motivo().texto);
     }
     return QStringList{
@@ -136,7 +142,7 @@ void Instalacion::CreaCarpetas() const {
 
 std::unique_ptr<Base> Instalacion::PreparaBase(QStringList& hecho) const {
     const QString ruta = m_carpetaBase + m_nombreBase;
-    std::unique_ptr<Base> base = QFileInfo::exists(ruta) ? Base::Abre(ruta) : Base::Crea(ruta);
+    std::unique_ptr<Base> base = Base::AbreOCrea(ruta);
     AplicaEsquema(*base, m_formularios, hecho);
     return base;
 }

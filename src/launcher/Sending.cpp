@@ -3,10 +3,10 @@
 #include "data/Base.h"
 #include "data/RecordChecksum.h"
 #include "data/Transaction.h"
+#include "family/ChangeLog.h"
 #include "family/WorkLock.h"
 #include "launcher/DeclarationList.h"
 #include "launcher/SentNumbers.h"
-#include "platform/Clock.h"
 #include "values/Dates.h"
 
 #include <QHash>
@@ -24,25 +24,22 @@ Veredicto Rechaza(const QString& motivo, const ClaveDeclaracion& clave) {
     return Veredicto::Critico(motivo.arg(clave.ruc.Texto(), clave.periodo.Texto()));
 }
 
-/// For each column of the copy the position of the source's column of that name; -1 for one that the seal fills.
-QList<int> LugaresEn(const Tabla& origen, const Registro& copia, const Sello& sello) {
-    QList<int> lugares;
-    for (const Columna& columna : copia.DeTabla().columnas)
-        lugares.append(sello.contains(columna.nombre.toLower()) ? -1 : origen.Indice(columna.nombre));
-    return lugares;
-}
-
 void Copia(Base& base, const ClaveDeclaracion& clave, const TablaDeDeclaracion& tabla, const Sello& sello) {
     const Tabla& destino = base.Describe(u'H' + tabla.nombre);
-    Registro copia(destino);
-    const QList<int> lugares = LugaresEn(base.Describe(tabla.nombre), copia, sello);
-    Registros filas =
-        base.Lee(u"SELECT * FROM "_s + tabla.nombre + u' ' + clave.Condicion() + u" ORDER BY rowid"_s, clave.Valores());
-    while (filas.Siguiente()) {
-        for (int i = 0; i < lugares.size(); ++i)
-            copia.Pon(i, lugares[i] < 0 ? sello.value(destino.columnas[i].nombre.toLower()) : filas.Valor(lugares[i]));
-        AgregaConChecksum(base, copia, tabla.numericasEnviada);
+    const Tabla& origen = base.Describe(tabla.nombre);
+    CopiaDeFilas copia{.tabla = destino.nombre,
+                       .datos = {},
+                       .desde = base.EnOrdenDeAlta(tabla.nombre, clave.Condicion()),
+                       .valores = clave.Valores()};
+    for (qsizetype i = 0; i + 1 < destino.columnas.size(); ++i) {
+        const QString& columna = destino.columnas[i].nombre;
+        const auto propio = sello.constFind(columna.toLower());
+        if (propio != sello.cend())
+            copia.datos.append({columna, u"?"_s, {*propio}});
+        else
+            copia.datos.append({columna, origen.columnas[origen.Indice(columna)].nombre});
     }
+    CopiaConChecksum(base, copia, tabla.numericasEnviada);
 }
 
 void Mueve(Base& base, const ClaveDeclaracion& clave, const TablaDeDeclaracion& tabla, const Sello& sello) {
@@ -57,7 +54,7 @@ VeredictoDeEnvio Envio::Valida(const ClaveDeclaracion& clave, OtroOriginal otro)
     return Revisa(clave, otro);
 }
 
-ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave, OtroOriginal otro) {
+ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave, OtroOriginal otro, const Firma& firma) {
     const Formulario& formulario = FormularioDe(m_formularios, clave.formulario);
     const TrabajoUnico trabajo(*m_base);
     Transaccion transaccion = m_base->Comienza();
@@ -70,9 +67,14 @@ ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave, OtroOriginal otro) {
                       {u"control"_s, control},
                       {u"norden"_s, u"0"_s},
                       {u"estado"_s, kEstadoEnviada},
-                      {u"fec_env"_s, FormatFecha(m_reloj->Hoy(), u"dd/mm/yyyy")}};
+                      {u"fec_env"_s, FormatFecha(firma.momento.date(), u"dd/mm/yyyy")}};
+    const QString casillas = CasillasEnLineas(*m_base, clave);
     for (const TablaDeDeclaracion& tabla : formulario.tablas)
         Mueve(*m_base, clave, tabla, sello);
+    Bitacora(*m_base).Anota(firma, {.suceso = Suceso::Envio,
+                                    .clave = clave,
+                                    .antes = casillas,
+                                    .despues = casillas + u"\ncorrel=%1\ncontrol=%2"_s.arg(correl, control)});
     transaccion.Confirma();
     return {.correl = correl, .control = control};
 }

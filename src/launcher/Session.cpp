@@ -32,7 +32,7 @@ Sesion::Sesion(const EntornoConsola& entorno)
     : m_entorno(entorno), m_perfil(entorno.rutaIni), m_proceso(entorno.reloj, entorno.formularios, {}) {}
 
 bool Sesion::HayInstalacion() const {
-    const QStringList claves{u"SysPath"_s, u"DBPath"_s, u"DBName"_s};
+    const QStringList claves = ClavesExigidas(m_perfil);
     return std::none_of(claves.cbegin(), claves.cend(),
                         [this](const QString& clave) { return m_perfil.Lee(kSeccionOpciones, clave).isEmpty(); });
 }
@@ -44,7 +44,7 @@ QString Sesion::Carpeta() const {
 QStringList Sesion::Instala(bool conEjemplo) {
     Instalacion instalacion(Carpeta(), m_perfil, m_entorno.formularios);
     QStringList hecho = instalacion.Instala(m_entorno.usuario);
-    return conEjemplo ? hecho + instalacion.InstalaEjemplo() : hecho;
+    return conEjemplo ? hecho + instalacion.InstalaEjemplo(m_entorno.reloj) : hecho;
 }
 
 void Sesion::Lee() {
@@ -72,17 +72,18 @@ Respaldos Sesion::Copias() {
 
 RevisionEnvio Sesion::RevisaEnvio(const ClaveDeclaracion& clave) {
     const std::unique_ptr<Base> base = Abre();
-    const Envio envio(*base, m_entorno.reloj, m_entorno.formularios);
+    const Envio envio(*base, m_entorno.formularios);
     return {.veredicto = envio.Valida(clave, OtroOriginal::Admitido), .original = envio.OriginalYaEnviado(clave)};
 }
 
 ResultadoEnvio Sesion::Envia(const ClaveDeclaracion& clave, OtroOriginal otro) {
     const std::unique_ptr<Base> base = Abre();
-    Envio envio(*base, m_entorno.reloj, m_entorno.formularios);
+    Envio envio(*base, m_entorno.formularios);
     if (VeredictoDeEnvio veredicto = envio.Valida(clave, otro); !veredicto)
         return {.veredicto = std::move(veredicto)};
-    (void)Copias().Haz();
-    return envio.Envia(clave, otro);
+    if (!EsDeServidor(m_proceso.rutaBase)) // whose copies are the server's affair
+        (void)Copias().Haz();
+    return envio.Envia(clave, otro, SuFirma());
 }
 
 QString TextoDeFalla(const Error& error) {

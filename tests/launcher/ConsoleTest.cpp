@@ -3,6 +3,7 @@
 #include "data/DocumentTypes.h"
 #include "data/SchemaVersion.h"
 #include "data/Transaction.h"
+#include "family/ChangeLog.h"
 #include "family/WorkLock.h"
 #include "form518/Form0518.h"
 #include "form518/FormCatalogs.h"
@@ -13,6 +14,7 @@
 #include "platform/Clock.h"
 #include "platform/ProfileFile.h"
 #include "support/PrivateFile.h"
+#include "support/ServerInstallation.h"
 #include "support/TemporaryBase.h"
 
 #include <QTextStream>
@@ -32,12 +34,13 @@ class Console : public testing::Test {
         return EjecutaConsola(QStringList{u"consola"_s} + argumentos, {flujoSalida, flujoErrores},
                               {reloj, rutaIni, carpeta, u"CONTADOR"_s, {Formulario0518()}});
     }
-    QString RutaBase() const { return carpeta + u"/XA000.DB"_s; }
+    const QString& RutaBase() const { return lugar.Ruta(); }
     std::unique_ptr<Base> Abre() const { return Base::Abre(RutaBase()); }
 
     QTemporaryDir raiz;
     QString rutaIni;
     QString carpeta;
+    LugarDeInstalacion lugar{ArchivoPerfil(rutaIni), carpeta};
     QString salida;
     QString errores;
     RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
@@ -204,10 +207,10 @@ TEST_F(Console, WhileADeclarationIsOpenNothingIsTakenFromUnderIt) {
         }
         const auto base = Abre();
         base->Ejecuta(u"DELETE * FROM CAB"_s);
-        EXPECT_THROW((void)Declarantes(*base).Elimina(Ruc(kRucMuestra)), TrabajoAjeno);
+        EXPECT_THROW((void)Declarantes(*base).Elimina(Ruc(kRucMuestra), FirmaDe(u"ANA"_s, reloj)), TrabajoAjeno);
     }
     EXPECT_EQ(QDir(carpeta + u"/RESPALDOS"_s).entryList(QDir::Files), copias);
-    EXPECT_TRUE(Declarantes(*Abre()).Elimina(Ruc(kRucMuestra)));
+    EXPECT_TRUE(Declarantes(*Abre()).Elimina(Ruc(kRucMuestra), FirmaDe(u"ANA"_s, reloj)));
 }
 
 TEST_F(Console, RefusesWhatItDoesNotUnderstand) {
@@ -236,7 +239,7 @@ TEST_F(Console, DatabaseAndFileFailuresHaveTheirOwnCode) {
         EXPECT_EQ(Corre(envio), 3);
         EXPECT_TRUE(errores.contains(u"3051"_s)) << qPrintable(errores);
     }
-    Abre()->Ejecuta(u"PRAGMA user_version=99"_s);
+    Abre()->PonVersionDelEsquema(99);
     for (const QStringList& argumentos : {envio, QStringList{u"--instalar"_s}}) {
         EXPECT_EQ(Corre(argumentos), 3);
         EXPECT_TRUE(errores.contains(u"versión 99"_s)) << qPrintable(errores);
