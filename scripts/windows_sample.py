@@ -19,6 +19,7 @@ import tempfile
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 SAMPLE = "20990518018"
 USER = "USUARIO"
+COMPANY = "Peña & Añaños"  # letters and signs that a folder's name may have
 
 
 class System:
@@ -44,7 +45,7 @@ class System:
         return USER
 
     def works(self):
-        self.runs("install", "consola", "--instalar", "--ejemplo")
+        self.runs("install", "consola", "--instalar", "--carpeta", self.path(self.installed), "--ejemplo")
         sample, out = self.path(self.installed / "EJEMPLO"), self.path(self._folder)
         month = ["--ruc", SAMPLE, "--periodo", "202609", "--hoy", "15/10/2026"]
         self.runs("declare", "xa518-lote", "declarar", *month, "--percepciones", sample, "--ventas", sample, "--efectivo",
@@ -111,15 +112,13 @@ class Wine(System):
 
 def systems(native, windows, folder):
     home = folder / "native"
-    data = home / ".local/share/xa518"
-    yield System("here", native, home / "out", data,
+    yield System("here", native, home / "out", home / COMPANY,
                  {"HOME": str(home), "XDG_CONFIG_HOME": "", "XDG_DATA_HOME": "", "USER": USER, "LC_ALL": "C.UTF-8", "TZ": "UTC"})
     drive = pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c"
     ini = drive / "windows/XA000.INI"
     ini.unlink(missing_ok=True)
-    person = next(path for path in (drive / "users").iterdir() if path.name != "Public")
-    shutil.rmtree(person / "AppData/Local/xa518", ignore_errors=True)
-    yield Wine("under Wine", windows, folder / "wine", person / "AppData/Local/xa518", {"LC_ALL": "C.UTF-8", "TZ": "UTC"})
+    shutil.rmtree(drive / COMPANY, ignore_errors=True)
+    yield Wine("under Wine", windows, folder / "wine", drive / COMPANY, {"LC_ALL": "C.UTF-8", "TZ": "UTC"})
 
 
 def differences(here, there):

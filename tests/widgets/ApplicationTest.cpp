@@ -8,6 +8,7 @@
 #include "widgets/StatusBar.h"
 
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPainter>
@@ -67,6 +68,13 @@ TEST(ApplicationTest, AFailureShowsUnderTheFormsCaptionAndTheFormGoesOn) {
         });
         EXPECT_EQ(forma.exec(), QDialog::Accepted);
     }
+}
+
+/// On Windows they travel in the program.
+TEST(ApplicationTest, TheToolkitsOwnTextsAreSpanish) {
+    const QDialogButtonBox botones(QDialogButtonBox::Cancel | QDialogButtonBox::Yes);
+    EXPECT_EQ(botones.button(QDialogButtonBox::Cancel)->text().remove(u'&'), u"Cancelar"_s);
+    EXPECT_EQ(botones.button(QDialogButtonBox::Yes)->text().remove(u'&'), u"Sí"_s);
 }
 
 /// A window that can't be painted fails again under each box that tells so.
