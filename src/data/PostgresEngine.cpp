@@ -35,8 +35,8 @@ constexpr const char* kSueltaTrabajo =
 
 /// The server notices within a minute that a machine is gone, and lets its locks go.
 const QString& AtencionDelServidor() {
-    static const QString opciones =
-        u"-c tcp_keepalives_idle=30 -c tcp_keepalives_interval=10 -c tcp_keepalives_count=3"_s;
+    static const QString opciones = u"-c tcp_keepalives_idle=30 -c tcp_keepalives_interval=10 -c tcp_keepalives_count=3"
+                                    " -c client_min_messages=warning"_s;
     return opciones;
 }
 
@@ -184,8 +184,7 @@ void MotorPostgres::Instala() const {
 void MotorPostgres::Viste() const {
     const QString trabajo = m_lugar.trabajo ? m_lugar.trabajo->Nombre() + u", "_s : QString();
     Pide(Manija(), u"SET search_path = %1familia, dialecto, pg_catalog, pg_temp;"
-                   " SET default_transaction_isolation = 'read committed'; SET lock_timeout = '5s';"
-                   " SET client_min_messages = warning"_s.arg(trabajo));
+                   " SET default_transaction_isolation = 'read committed'; SET lock_timeout = '5s'"_s.arg(trabajo));
 }
 
 QSqlDatabase MotorPostgres::Conexion() const {
