@@ -1,0 +1,36 @@
+"""The keyboard of a journey's screen."""
+
+import ctypes
+
+NAMES = {"alt": "Alt_L", "ctrl": "Control_L"}
+
+
+class Keyboard:
+    """Presses keys and lets them go in one go: under Wine whose window closes over the one never hears of the other, and
+    takes the key for held down ever after. A person's finger isn't as quick as a tool that does one after the other."""
+
+    def __init__(self, display):
+        self._x = ctypes.CDLL("libX11.so.6")
+        self._test = ctypes.CDLL("libXtst.so.6")
+        self._x.XOpenDisplay.restype = ctypes.c_void_p
+        self._x.XStringToKeysym.restype = ctypes.c_ulong
+        self._display = ctypes.c_void_p(self._x.XOpenDisplay(display.encode()))
+        if not self._display:
+            raise OSError(f"no screen {display}")
+
+    def _code(self, name):
+        sign = self._x.XStringToKeysym(NAMES.get(name, name).encode())
+        code = self._x.XKeysymToKeycode(self._display, ctypes.c_ulong(sign))
+        if not code:
+            raise ValueError(f"no key {name}")
+        return code
+
+    def presses(self, *names):
+        """Each a key's name, with "alt+" or "ctrl+" in front of it or not."""
+        for name in names:
+            codes = [self._code(part) for part in name.split("+")]
+            for code in codes:
+                self._test.XTestFakeKeyEvent(self._display, code, 1, ctypes.c_ulong(0))
+            for code in reversed(codes):
+                self._test.XTestFakeKeyEvent(self._display, code, 0, ctypes.c_ulong(0))
+            self._x.XFlush(self._display)
