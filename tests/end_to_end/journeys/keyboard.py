@@ -1,13 +1,15 @@
 """The keyboard of a journey's screen."""
 
 import ctypes
+import time
 
 NAMES = {"alt": "Alt_L", "ctrl": "Control_L"}
+PAUSE = 0.005  # what comes at the moment that it was let go counts as one key held down
 
 
 class Keyboard:
-    """Presses keys and lets them go in one go: under Wine whose window closes over the one never hears of the other, and
-    takes the key for held down ever after. A person's finger isn't as quick as a tool that does one after the other."""
+    """Presses a key and lets it go in one request: a program under Wine whose window closes between the two never hears
+    of the second, and takes that key for held down from then on."""
 
     def __init__(self, display):
         self._x = ctypes.CDLL("libX11.so.6")
@@ -26,7 +28,7 @@ class Keyboard:
         return code
 
     def presses(self, *names):
-        """Each a key's name, with "alt+" or "ctrl+" in front of it or not."""
+        """One after the other, each a key's name, maybe with "alt+" or "ctrl+" in front."""
         for name in names:
             codes = [self._code(part) for part in name.split("+")]
             for code in codes:
@@ -34,3 +36,4 @@ class Keyboard:
             for code in reversed(codes):
                 self._test.XTestFakeKeyEvent(self._display, code, 0, ctypes.c_ulong(0))
             self._x.XFlush(self._display)
+            time.sleep(PAUSE)

@@ -163,7 +163,7 @@ class Screen:
 
     def switches(self, title):
         """Goes over to the other program."""
-        self._ask("xdotool", "key", "--delay", "2", "alt+Tab")  # the window manager has to see Alt held
+        self._ask("xdotool", "keydown", "alt", "key", "Tab", "sleep", "0.1", "keyup", "alt")
         self.comes_back(title)
 
     def comes_back(self, title):
