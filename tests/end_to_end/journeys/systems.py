@@ -7,8 +7,6 @@ import subprocess
 
 ROOT = pathlib.Path(__file__).resolve().parents[3]
 
-# Otherwise the window manager gives a program that a person starts no keyboard while another one has it.
-TAKES_THE_KEYBOARD = '\n[Software\\\\Wine\\\\X11 Driver]\n"UseTakeFocus"="Y"\n'
 
 
 class Here:
@@ -49,8 +47,6 @@ class Wine(Here):
         made = pathlib.Path(os.environ.get("WINEPREFIX", self._programs.parent / "wine"))
         shutil.copytree(made, self._system, symlinks=True, copy_function=self._takes,
                         ignore=shutil.ignore_patterns("XA000.INI", "xa518"))
-        with (self._system / "user.reg").open("a", encoding="ascii") as registry:
-            registry.write(TAKES_THE_KEYBOARD)
         self.data.parent.mkdir()
 
     @staticmethod
