@@ -71,7 +71,7 @@ void AdmiteSinEspera(const QString& ruta, const Cuenta& cuenta) {
 QString Instala(const prueba::BaseTemporal& base) {
     const QString carpeta = base.Carpeta() + u'/';
     const ArchivoPerfil perfil(carpeta + kArchivoIni);
-    base->Ejecuta(u"PRAGMA user_version=%1"_s.arg(VersionDelEsquema({Formulario0518()})));
+    base->PonVersionDelEsquema(VersionDelEsquema({Formulario0518()}));
     perfil.Escribe(kSeccionOpciones, u"SysPath", carpeta);
     perfil.Escribe(kSeccionOpciones, u"DBPath", carpeta);
     perfil.Escribe(kSeccionOpciones, u"DBName", u"XA.DB");

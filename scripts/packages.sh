@@ -11,14 +11,17 @@ packages_build=(
   qt6-base-dev
   libxcb1-dev # finds the launcher's window
   qt6-translations-l10n # the toolkit's own windows in Spanish, loaded at run time
-  libqt6sql6-sqlite # the database driver, which Qt loads at run time
+  libqt6sql6-sqlite # the database drivers, which Qt loads at run time
+  libqt6sql6-psql
   libsqlite3-dev
+  libpq-dev
   libsodium-dev
   libfccp-dev
   fonts-liberation # the print-outs' fixed-width letter
 )
 
 packages_test=(
+  postgresql-15 # a private server for the tests, and for nothing else
   libgtest-dev
   libgmock-dev
   clang-format

@@ -4,6 +4,7 @@
 #include "batch/ExitCode.h"
 #include "batch/ProgressLine.h"
 #include "batch/Session.h"
+#include "data/ServerFailure.h"
 #include "family/Startup.h"
 #include "platform/Clock.h"
 
@@ -36,7 +37,7 @@ Informe Ejecuta(const Argumentos& argumentos, const EntornoLote& entorno) {
         if (!rechazo.detalle.isEmpty())
             informe.mensajes.append({Icono::Critico, rechazo.detalle, {}});
     } catch (const Error& error) {
-        informe.codigo = kSalidaFallo;
+        informe.codigo = CodigoDeSalida(error, kSalidaFallo);
         informe.mensajes.append({Icono::Critico, u"%1 (error %2)"_s.arg(error.Texto()).arg(error.Numero()), {}});
         informe.detalle = error.Detalle();
     }

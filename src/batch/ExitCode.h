@@ -8,5 +8,6 @@ inline constexpr int kSalidaObservaciones = 1; ///< done, with refused lines or 
 inline constexpr int kSalidaRechazado = 2;     ///< refused: nothing was written
 inline constexpr int kSalidaFallo = 3;         ///< the database or a file failed
 inline constexpr int kSalidaIncompleta = 4;    ///< done, but for a part that there was nothing or no place for
+inline constexpr int kSalidaServidor = 10;     ///< from here on: what is wrong with the server of the base
 
 } // namespace xa518

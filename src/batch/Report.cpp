@@ -83,7 +83,7 @@ void EscribeImportacion(const Informe& informe, QTextStream& salida) {
 } // namespace
 
 bool Informe::SeDetuvo() const {
-    return codigo == kSalidaRechazado || codigo == kSalidaFallo;
+    return codigo == kSalidaRechazado || codigo == kSalidaFallo || codigo >= kSalidaServidor;
 }
 
 void EscribeMensajes(const Informe& informe, QTextStream& salida) {

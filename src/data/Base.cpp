@@ -1,9 +1,9 @@
 #include "data/Base.h"
 
-#include "data/Dialect.h"
 #include "data/Engine.h"
 #include "data/FollowedWork.h"
 #include "data/NewRows.h"
+#include "data/SqlTokens.h"
 #include "data/Transaction.h"
 #include "values/Progress.h"
 
@@ -32,117 +32,159 @@ void ExigeValores(const QString& sql, qsizetype lugares, qsizetype valores) {
 
 } // namespace
 
-Registros::Registros(Base& base, const QString& sql, std::unique_ptr<QSqlQuery> consulta)
-    : m_base(&base), m_sql(&sql), m_consulta(std::move(consulta)) {}
+Registros::Registros(Base& base, Corrida corrida) : m_base(&base), m_corrida(std::move(corrida)) {}
 
 Registros::Registros(Registros&& otro) noexcept = default;
 
 Registros::~Registros() {
-    if (m_consulta)
-        m_base->Devuelve(*m_sql, std::move(m_consulta));
+    if (m_corrida.consulta)
+        m_base->Devuelve(std::move(m_corrida));
 }
 
 bool Registros::Siguiente() {
-    if (m_consulta->next())
+    QSqlQuery& consulta = *m_corrida.consulta;
+    if (consulta.next() || m_base->m_motor->TraeMas(consulta))
         return true;
-    if (m_consulta->lastError().isValid())
-        m_base->Falla(*m_consulta);
+    if (consulta.lastError().isValid())
+        m_base->Falla(consulta);
     return false;
 }
 
 QString Registros::Texto(int columna) const {
-    return m_consulta->value(columna).toString();
+    return m_corrida.consulta->value(columna).toString();
 }
 
 qint64 Registros::Entero(int columna) const {
-    return m_consulta->value(columna).toLongLong();
+    return m_corrida.consulta->value(columna).toLongLong();
 }
 
 bool Registros::EsNulo(int columna) const {
-    return m_consulta->isNull(columna);
+    return m_corrida.consulta->isNull(columna);
 }
 
 QVariant Registros::Valor(int columna) const {
     // The driver hands null out as a default text, which bound again would be the empty text.
-    return m_consulta->isNull(columna) ? QVariant() : m_consulta->value(columna);
+    return m_corrida.consulta->isNull(columna) ? QVariant() : m_corrida.consulta->value(columna);
 }
 
 int Registros::Columna(QStringView nombre) const {
-    const int columna = m_consulta->record().indexOf(nombre.toString());
+    const int columna = m_corrida.consulta->record().indexOf(nombre.toString());
     if (columna < 0)
         throw ErrorBase(NumeroError::CampoNoExiste, u"La consulta no tiene la columna %1"_s.arg(nombre));
     return columna;
 }
 
 int Registros::Columnas() const {
-    return m_consulta->record().count();
+    return m_corrida.consulta->record().count();
 }
 
-std::unique_ptr<Base> Base::Abre(const QString& ruta) {
-    std::unique_ptr<Motor> motor = MotorPara(ruta);
-    motor->Abre(ruta, ModoApertura::Existente);
-    return std::unique_ptr<Base>(new Base(ruta, std::move(motor)));
+std::unique_ptr<Base> Base::Abre(const LugarDeBase& lugar, ModoApertura modo) {
+    std::unique_ptr<Motor> motor = MotorPara(lugar.ruta);
+    motor->Abre(lugar, modo);
+    return std::unique_ptr<Base>(new Base(lugar, std::move(motor)));
+}
+
+std::unique_ptr<Base> Base::Abre(const LugarDeBase& lugar) {
+    return Abre(lugar, ModoApertura::Existente);
 }
 
 std::unique_ptr<Base> Base::Crea(const QString& ruta) {
-    std::unique_ptr<Motor> motor = MotorPara(ruta);
-    motor->Abre(ruta, ModoApertura::Nueva);
-    return std::unique_ptr<Base>(new Base(ruta, std::move(motor)));
+    return Abre({ruta}, ModoApertura::Nueva);
 }
 
-Base::Base(QString ruta, std::unique_ptr<Motor> motor) : m_ruta(std::move(ruta)), m_motor(std::move(motor)) {}
+std::unique_ptr<Base> Base::AbreOCrea(const QString& ruta) {
+    return Abre({ruta}, ModoApertura::Cualquiera);
+}
+
+Base::Base(LugarDeBase lugar, std::unique_ptr<Motor> motor) : m_lugar(std::move(lugar)), m_motor(std::move(motor)) {}
 
 Base::~Base() {
     m_sentencias.clear(); // the statements go before the connection that they belong to
 }
 
 Registros Base::Lee(const QString& sql, const QVariantList& valores) {
-    std::unique_ptr<QSqlQuery> consulta;
-    const QString& texto = Corre(sql, valores, consulta);
-    return {*this, texto, std::move(consulta)};
+    return {*this, Corre(sql, valores)};
 }
 
 int Base::Ejecuta(const QString& sql, const QVariantList& valores) {
-    std::unique_ptr<QSqlQuery> consulta;
-    const QString& texto = Corre(sql, valores, consulta);
-    const int cambiadas = consulta->numRowsAffected();
-    Devuelve(texto, std::move(consulta));
+    if (m_seguido) {
+        try {
+            if (const std::optional<int> cambiadas = m_motor->EjecutaConVigia(sql, valores))
+                return *cambiadas;
+        } catch (const ErrorBase&) {
+            AvisaElCorte();
+            throw;
+        }
+    }
+    Corrida corrida = Corre(sql, valores);
+    const int cambiadas = corrida.consulta->numRowsAffected();
+    Devuelve(std::move(corrida));
     return cambiadas;
+}
+
+/// What a lost connection had begun is gone: within a transaction nothing goes on as if it weren't.
+void Base::ExigeConexion() {
+    if (!m_motor->EstaPerdida())
+        return;
+    if (m_enTransaccion)
+        std::rethrow_exception(m_motor->FallaDe(QSqlError()));
+    for (auto& [sql, sentencia] : m_sentencias)
+        sentencia.libres.clear();
+    ++m_conexion;
+    m_motor->Reconecta();
 }
 
 std::unique_ptr<QSqlQuery> Base::Prepara(const QString& sql) {
     auto consulta = std::make_unique<QSqlQuery>(m_motor->Conexion());
-    consulta->setForwardOnly(true);
+    consulta->setForwardOnly(m_motor->LeeDeUnaEnUna());
     if (!consulta->prepare(m_motor->Traduce(sql)))
-        throw m_motor->ErrorDe(consulta->lastError());
+        std::rethrow_exception(m_motor->FallaDe(consulta->lastError()));
     return consulta;
 }
 
-const QString& Base::Corre(const QString& sql, const QVariantList& valores, std::unique_ptr<QSqlQuery>& consulta) {
+Corrida Base::Corre(const QString& sql, const QVariantList& valores) {
+    ExigeConexion();
     const auto puesta = m_sentencias.try_emplace(sql);
-    const QString& texto = puesta.first->first;
     Sentencia& sentencia = puesta.first->second;
     if (puesta.second)
         sentencia.lugares = LugaresDeValores(sql);
     ExigeValores(sql, sentencia.lugares, valores.size());
+    Corrida corrida{.consulta = nullptr, .sql = &puesta.first->first, .conexion = m_conexion};
+    if (m_motor->SePrepara(sql)) {
+        CorrePreparada(corrida, sentencia, valores);
+        return corrida;
+    }
+    corrida.sql = nullptr;
+    corrida.consulta = std::make_unique<QSqlQuery>(m_motor->Conexion());
+    if (!m_motor->CorreSinPreparar(*corrida.consulta, sql, valores))
+        Falla(*corrida.consulta);
+    return corrida;
+}
+
+void Base::CorrePreparada(Corrida& corrida, Sentencia& sentencia, const QVariantList& valores) {
     if (sentencia.libres.empty()) {
-        consulta = Prepara(sql);
+        corrida.consulta = Prepara(*corrida.sql);
     } else {
-        consulta = std::move(sentencia.libres.back());
+        corrida.consulta = std::move(sentencia.libres.back());
         sentencia.libres.pop_back();
     }
     for (int i = 0; i < valores.size(); ++i)
-        consulta->bindValue(i, SinTextoNulo(valores[i]));
-    if (!consulta->exec()) {
-        const auto devuelve = qScopeGuard([&] { Devuelve(texto, std::move(consulta)); });
-        Falla(*consulta);
+        corrida.consulta->bindValue(i, SinTextoNulo(valores[i]));
+    if (!corrida.consulta->exec()) {
+        const QSqlError error = corrida.consulta->lastError();
+        Devuelve(std::move(corrida));
+        Falla(error);
     }
-    return texto;
 }
 
-void Base::Devuelve(const QString& sql, std::unique_ptr<QSqlQuery> consulta) noexcept {
-    consulta->finish();
-    m_sentencias[sql].libres.push_back(std::move(consulta));
+void Base::Devuelve(Corrida corrida) noexcept {
+    if (corrida.sql == nullptr) {
+        m_motor->Suelta(*corrida.consulta);
+        return;
+    }
+    corrida.consulta->finish();
+    if (corrida.conexion == m_conexion)
+        m_sentencias[*corrida.sql].libres.push_back(std::move(corrida.consulta));
 }
 
 void Base::PonSeguido(TrabajoSeguido* seguido) {
@@ -151,8 +193,12 @@ void Base::PonSeguido(TrabajoSeguido* seguido) {
 }
 
 void Base::Falla(const QSqlQuery& consulta) const {
+    Falla(consulta.lastError());
+}
+
+void Base::Falla(const QSqlError& error) const {
     AvisaElCorte();
-    throw m_motor->ErrorDe(consulta.lastError());
+    std::rethrow_exception(m_motor->FallaDe(error));
 }
 
 void Base::AvisaElCorte() const {
@@ -181,6 +227,14 @@ QString Base::NumeroDeFila(const QString& tabla) const {
     return m_motor->NumeroDeFila(tabla);
 }
 
+QString Base::EnOrdenDeAlta(const QString& tabla, const QString& condicion) const {
+    return m_motor->SqlEnOrdenDeAlta(tabla, condicion);
+}
+
+QString Base::SqlUnidas(const QStringList& columnas) const {
+    return m_motor->SqlUnidas(columnas);
+}
+
 void Base::Agrega(const Registro& registro) {
     Ejecuta(registro.DeTabla().sqlAlta, registro.Valores());
 }
@@ -188,6 +242,7 @@ void Base::Agrega(const Registro& registro) {
 QList<size_t> Base::AgregaFilas(const FilasNuevas& filas) {
     if (filas.Cuantas() == 0)
         return {};
+    ExigeConexion();
     try {
         return m_motor->AgregaFilas(filas);
     } catch (const ErrorBase&) {
@@ -196,9 +251,43 @@ QList<size_t> Base::AgregaFilas(const FilasNuevas& filas) {
     }
 }
 
+void Base::CopiaConChecksum(const CopiaDeFilas& copia, int primeros) {
+    ExigeConexion();
+    try {
+        m_motor->CopiaConChecksum(*this, copia, primeros);
+    } catch (const ErrorBase&) {
+        AvisaElCorte();
+        throw;
+    }
+}
+
 qint64 Base::Version() {
-    Registros fila = Lee(m_motor->SqlVersion());
+    return LeeNumero(m_motor->SqlVersion());
+}
+
+int Base::VersionDelEsquema() {
+    return static_cast<int>(LeeNumero(m_motor->SqlVersionDelEsquema()));
+}
+
+void Base::PonVersionDelEsquema(int version) {
+    Ejecuta(m_motor->SqlPonVersionDelEsquema(version));
+}
+
+qint64 Base::LeeNumero(const QString& sql) {
+    Registros fila = Lee(sql);
     return fila.Siguiente() ? fila.Entero(0) : 0;
+}
+
+QStringList Base::Defectos() {
+    return m_motor->Defectos();
+}
+
+void Base::CopiaEn(const QString& archivo) {
+    m_motor->CopiaEn(archivo);
+}
+
+void Base::ExigeSola() {
+    m_motor->ExigeSola();
 }
 
 std::optional<Registro> Base::Busca(const QString& tabla, const QString& condicion, const QVariantList& valores) {
@@ -219,8 +308,17 @@ void Base::Actualiza(const Registro& registro, const QString& condicion, const Q
             registro.Valores() + valores);
 }
 
-Transaccion Base::Comienza() {
-    return Transaccion(*this);
+Transaccion Base::Comienza(Turno turno) {
+    return Transaccion(*this, turno);
+}
+
+std::optional<bool> Base::TomaTrabajo() {
+    ExigeConexion();
+    return m_motor->TomaTrabajo();
+}
+
+void Base::SueltaTrabajo() noexcept {
+    m_motor->SueltaTrabajo();
 }
 
 } // namespace xa518

@@ -10,7 +10,4 @@ namespace xa518 {
 /// because `sum` reads the text itself.
 [[nodiscard]] QString TraduceASqlite(const QString& sql);
 
-/// How many values the system's SQL takes: each `?` outside quotes and brackets.
-[[nodiscard]] qsizetype LugaresDeValores(const QString& sql);
-
 } // namespace xa518

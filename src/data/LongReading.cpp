@@ -6,12 +6,12 @@
 namespace xa518 {
 
 LecturaLarga::LecturaLarga(Base& base) : m_base(&base) {
-    base.Ejecuta(base.m_motor->SqlMemoria(Memoria::Corta));
+    base.m_motor->PonMemoria(Memoria::Corta);
 }
 
 LecturaLarga::~LecturaLarga() {
     try {
-        m_base->Ejecuta(m_base->m_motor->SqlMemoria(Memoria::Amplia));
+        m_base->m_motor->PonMemoria(Memoria::Amplia);
     } catch (const std::exception&) { // NOLINT(bugprone-empty-catch)
         // What comes after works with little memory too, only slower.
     }

@@ -62,23 +62,21 @@ void AgregaConChecksum(Base& base, Registro& registro, int primeros) {
     base.Agrega(registro);
 }
 
-// The fields stand in the statement twice, as what is stored and as what is summed.
-void CopiaConChecksum(Base& base, const CopiaDeFilas& copia, int primeros) {
-    const Tabla& tabla = base.Describe(copia.tabla);
-    QStringList campos(tabla.columnas.size() - 1, u"NULL"_s);
-    QList<QVariantList> valoresDe(campos.size());
+CamposDeCopia::CamposDeCopia(const Tabla& tabla, const CopiaDeFilas& copia)
+    : expresiones(tabla.columnas.size() - 1, u"NULL"_s) {
+    QList<QVariantList> valoresDe(expresiones.size());
     for (const DatoDeCopia& dato : copia.datos) {
         const int lugar = tabla.Indice(dato.columna);
-        campos[lugar] = dato.expresion;
+        expresiones[lugar] = dato.expresion;
         valoresDe[lugar] = dato.valores;
     }
-    QVariantList valores;
     for (const QVariantList& suyos : valoresDe)
         valores += suyos;
-    const QString lista = campos.join(u", "_s);
-    const QString sql = u"INSERT INTO %1 SELECT %2, checksum(%3, %2) "_s.arg(copia.tabla, lista).arg(primeros);
+}
+
+void CopiaConChecksum(Base& base, const CopiaDeFilas& copia, int primeros) {
     try {
-        base.Ejecuta(sql + copia.desde, valores + valores);
+        base.CopiaConChecksum(copia, primeros);
     } catch (const ErrorBase& falla) {
         if (falla.Es(NumeroError::Desbordamiento))
             throw Desbordamiento();

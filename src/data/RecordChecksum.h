@@ -4,12 +4,14 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QVariantList>
 
 namespace xa518 {
 
 class Base;
 class Registro;
+struct Tabla;
 
 /// The six digits that the tax administration receives as `cNumero` with each row, out of its fields: three digits of
 /// the sum of those that count as numbers, three of the others', by character code times position, which starts again
@@ -47,9 +49,19 @@ struct CopiaDeFilas {
     QString tabla;
     QList<DatoDeCopia> datos; ///< a column that isn't named gets null
     QString desde;            ///< "FROM ... WHERE ... ORDER BY ...": the rows enter in this order
+    QVariantList valores{};   ///< of its `?`
 };
 
-/// Copies rows, each with its checksum, in one statement: for tables of any length. Raises as `Checksum`.
+/// What each column of the copied table gets but its last one, in their order.
+struct CamposDeCopia {
+    /// Raises `Error` (`CampoNoExiste`) for a column that the table lacks.
+    CamposDeCopia(const Tabla& tabla, const CopiaDeFilas& copia);
+
+    QStringList expresiones;
+    QVariantList valores; ///< of the expressions' `?`
+};
+
+/// Copies rows, each with its checksum, as a set: for tables of any length. Raises as `Checksum`.
 void CopiaConChecksum(Base& base, const CopiaDeFilas& copia, int primeros);
 
 } // namespace xa518

@@ -7,8 +7,7 @@ namespace xa518 {
 using namespace Qt::StringLiterals;
 
 int VersionDe(Base& base) {
-    Registros fila = base.Lee(u"PRAGMA user_version"_s);
-    return fila.Siguiente() ? static_cast<int>(fila.Entero(0)) : 0;
+    return base.VersionDelEsquema();
 }
 
 void ExigeVersion(Base& base, int esperada) {

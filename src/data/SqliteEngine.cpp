@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "data/Dialect.h"
+#include "data/RecordChecksum.h"
 #include "data/SqliteNewRows.h"
 #include "values/FileFailure.h"
 
@@ -112,19 +113,16 @@ QString ExplicacionDeClase(int codigo, const QString& motor) {
 
 } // namespace
 
-std::unique_ptr<Motor> MotorPara(const QString& ruta) {
-    if (ruta.contains("://"_L1))
-        throw ErrorBase(NumeroError::MotorAjeno, u"No hay un motor de base de datos para '%1'."_s.arg(ruta));
-    return std::make_unique<MotorSqlite>();
-}
-
 MotorSqlite::MotorSqlite() : m_nombre(QUuid::createUuid().toString(QUuid::WithoutBraces)) {}
 
 MotorSqlite::~MotorSqlite() {
     QSqlDatabase::removeDatabase(m_nombre);
 }
 
-void MotorSqlite::Abre(const QString& ruta, ModoApertura modo) {
+void MotorSqlite::Abre(const LugarDeBase& lugar, ModoApertura modo) {
+    const QString& ruta = lugar.ruta;
+    if (modo == ModoApertura::Cualquiera)
+        modo = QFileInfo::exists(ruta) ? ModoApertura::Existente : ModoApertura::Nueva;
     if (modo == ModoApertura::Nueva)
         CreaArchivoPrivado(ruta);
     ExigeArchivo(ruta);
@@ -151,7 +149,7 @@ void MotorSqlite::Prepara() {
     // the file. EXTRA also makes the journal's removal durable, so that a power cut never brings an old state back.
     Pide(u"PRAGMA journal_mode=DELETE"_s);
     Pide(u"PRAGMA synchronous=EXTRA"_s);
-    Pide(SqlMemoria(Memoria::Amplia));
+    PonMemoria(Memoria::Amplia);
     if (sqlite3_db_readonly(manija, "main") == 1)
         throw ErrorBase(NumeroError::BaseBloqueada, u"La base '%1' es de sólo lectura."_s.arg(m_ruta));
 }
@@ -168,6 +166,10 @@ QSqlDatabase MotorSqlite::Conexion() const {
 
 QString MotorSqlite::Traduce(const QString& sql) const {
     return TraduceASqlite(sql);
+}
+
+std::exception_ptr MotorSqlite::FallaDe(const QSqlError& error) const {
+    return std::make_exception_ptr(ErrorDe(error));
 }
 
 ErrorBase MotorSqlite::ErrorDe(const QSqlError& error) const {
@@ -204,17 +206,25 @@ void MotorSqlite::PonVigia(Vigia vigia) {
     sqlite3_progress_handler(manija, kPasos, m_vigia ? +pregunta : nullptr, this);
 }
 
-QString MotorSqlite::SqlComienza() const {
-    return u"BEGIN IMMEDIATE"_s;
+QStringList MotorSqlite::SqlComienza(Turno /*turno*/) const {
+    return {u"BEGIN IMMEDIATE"_s};
 }
 
 /// 64 MB: the indexes of a large declaration, filled in no order, fit. What is put in order beyond 16 MB waits on disk.
-QString MotorSqlite::SqlMemoria(Memoria memoria) const {
-    return memoria == Memoria::Amplia ? u"PRAGMA cache_size=-65536"_s : u"PRAGMA cache_size=-16384"_s;
+void MotorSqlite::PonMemoria(Memoria memoria) {
+    Pide(memoria == Memoria::Amplia ? u"PRAGMA cache_size=-65536"_s : u"PRAGMA cache_size=-16384"_s);
 }
 
 QString MotorSqlite::SqlVersion() const {
     return u"PRAGMA data_version"_s;
+}
+
+QString MotorSqlite::SqlVersionDelEsquema() const {
+    return u"PRAGMA user_version"_s;
+}
+
+QString MotorSqlite::SqlPonVersionDelEsquema(int version) const {
+    return u"PRAGMA user_version=%1"_s.arg(version);
 }
 
 QStringList MotorSqlite::ClaveDe(const QString& tabla) const {
@@ -257,6 +267,52 @@ QString MotorSqlite::SqlColumnas(const QString& tabla) const {
 
 QString MotorSqlite::NumeroDeFila(const QString& tabla) const {
     return tabla + u".rowid"_s;
+}
+
+/// The rows are found first, by the condition alone, and then read in their order: read as they are found they would
+/// all have to be put in order, which takes as long as copying them.
+QString MotorSqlite::SqlEnOrdenDeAlta(const QString& tabla, const QString& condicion) const {
+    return u"FROM %1 WHERE rowid IN (SELECT rowid FROM %1 %2) ORDER BY rowid"_s.arg(tabla, condicion);
+}
+
+/// The bytes that the array is made of needn't be turned into another encoding.
+QString MotorSqlite::SqlUnidas(const QStringList& columnas) const {
+    return u"CAST(json_array("_s + columnas.join(u", "_s) + u") AS BLOB)"_s;
+}
+
+QStringList MotorSqlite::Defectos() {
+    QSqlQuery lineas(Conexion());
+    if (!lineas.exec(u"PRAGMA integrity_check(10)"_s))
+        throw ErrorDe(lineas.lastError());
+    QStringList defectos;
+    while (lineas.next()) {
+        if (lineas.value(0).toString() != u"ok")
+            defectos += lineas.value(0).toString().split(u'\n', Qt::SkipEmptyParts);
+    }
+    if (lineas.lastError().isValid())
+        throw ErrorDe(lineas.lastError());
+    return defectos;
+}
+
+void MotorSqlite::CopiaEn(const QString& archivo) {
+    QSqlQuery consulta(Conexion());
+    consulta.prepare(u"VACUUM INTO ?"_s);
+    consulta.bindValue(0, archivo);
+    if (!consulta.exec())
+        throw ErrorDe(consulta.lastError());
+}
+
+void MotorSqlite::ExigeSola() {
+    Pide(u"BEGIN EXCLUSIVE"_s);
+    Pide(u"ROLLBACK"_s);
+}
+
+// The fields stand in the statement twice, as what is stored and as what is summed.
+void MotorSqlite::CopiaConChecksum(Base& base, const CopiaDeFilas& copia, int primeros) {
+    const CamposDeCopia campos(base.Describe(copia.tabla), copia);
+    const QString lista = campos.expresiones.join(u", "_s);
+    const QString sql = u"INSERT INTO %1 SELECT %2, checksum(%3, %2) "_s.arg(copia.tabla, lista).arg(primeros);
+    base.Ejecuta(sql + copia.desde, campos.valores + campos.valores + copia.valores);
 }
 
 } // namespace xa518

@@ -14,19 +14,28 @@ class MotorSqlite final : public Motor {
     MotorSqlite();
     ~MotorSqlite() override;
 
-    void Abre(const QString& ruta, ModoApertura modo) override;
+    void Abre(const LugarDeBase& lugar, ModoApertura modo) override;
     [[nodiscard]] QSqlDatabase Conexion() const override;
     [[nodiscard]] QString Traduce(const QString& sql) const override;
-    [[nodiscard]] ErrorBase ErrorDe(const QSqlError& error) const override;
+    [[nodiscard]] std::exception_ptr FallaDe(const QSqlError& error) const override;
     void PonVigia(Vigia vigia) override;
-    [[nodiscard]] QString SqlComienza() const override;
-    [[nodiscard]] QString SqlMemoria(Memoria memoria) const override;
+    [[nodiscard]] QStringList SqlComienza(Turno turno) const override;
+    void PonMemoria(Memoria memoria) override;
     [[nodiscard]] QString SqlVersion() const override;
+    [[nodiscard]] QString SqlVersionDelEsquema() const override;
+    [[nodiscard]] QString SqlPonVersionDelEsquema(int version) const override;
     QList<size_t> AgregaFilas(const FilasNuevas& filas) override;
+    void CopiaConChecksum(Base& base, const CopiaDeFilas& copia, int primeros) override;
     [[nodiscard]] QString SqlColumnas(const QString& tabla) const override;
     [[nodiscard]] QString NumeroDeFila(const QString& tabla) const override;
+    [[nodiscard]] QString SqlEnOrdenDeAlta(const QString& tabla, const QString& condicion) const override;
+    [[nodiscard]] QString SqlUnidas(const QStringList& columnas) const override;
+    [[nodiscard]] QStringList Defectos() override;
+    void CopiaEn(const QString& archivo) override;
+    void ExigeSola() override;
 
   private:
+    [[nodiscard]] ErrorBase ErrorDe(const QSqlError& error) const;
     [[nodiscard]] QStringList ClaveDe(const QString& tabla) const;
     [[nodiscard]] ErrorBase ErrorDe(int codigo, const QString& motor) const;
     void Prepara();

@@ -7,15 +7,30 @@
 
 namespace xa518 {
 
-Transaccion::Transaccion(Base& base) : m_base(&base) {
-    base.Ejecuta(base.m_motor->SqlComienza());
+Transaccion::Transaccion(Base& base, Turno turno) : m_base(&base) {
+    const QStringList comienzo = base.m_motor->SqlComienza(turno);
+    base.Ejecuta(comienzo.constFirst());
+    base.m_enTransaccion = true;
+    try {
+        for (const QString& sql : comienzo.sliced(1))
+            base.Ejecuta(sql);
+    } catch (...) {
+        Deshace();
+        throw;
+    }
 }
 
 Transaccion::Transaccion(Transaccion&& otra) noexcept : m_base(std::exchange(otra.m_base, nullptr)) {}
 
 Transaccion::~Transaccion() {
-    if (m_base == nullptr)
-        return;
+    if (m_base != nullptr)
+        Deshace();
+}
+
+void Transaccion::Deshace() noexcept {
+    m_base->m_enTransaccion = false;
+    if (m_base->m_motor->EstaPerdida())
+        return; // the engine has undone it with the connection
     try {
         m_base->Ejecuta(QStringLiteral("ROLLBACK"));
     } catch (const Error&) { // NOLINT(bugprone-empty-catch)
@@ -24,7 +39,9 @@ Transaccion::~Transaccion() {
 }
 
 void Transaccion::Confirma() {
+    m_base->m_motor->ExigeConfirmable();
     m_base->Ejecuta(QStringLiteral("COMMIT"));
+    m_base->m_enTransaccion = false;
     m_base = nullptr;
 }
 

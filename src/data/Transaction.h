@@ -3,6 +3,7 @@
 namespace xa518 {
 
 class Base;
+enum class Turno;
 
 /// A transaction of the base: what isn't confirmed is undone when it goes out of scope.
 class Transaccion {
@@ -18,7 +19,9 @@ class Transaccion {
 
   private:
     friend class Base;
-    explicit Transaccion(Base& base);
+    Transaccion(Base& base, Turno turno);
+
+    void Deshace() noexcept;
 
     Base* m_base;
 };

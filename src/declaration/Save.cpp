@@ -56,8 +56,8 @@ Decimal SumaCorrelativos(Base& base, const QString& catalogo) {
 }
 
 QString CatalogosDeControl(Base& base, const QString& formulario) {
-    Registros filas = base.Lee(u"SELECT * FROM PARAM WHERE numero='981' AND %1=? ORDER BY rowid"_s.arg(
-                                   TramosControl::kFormulario.Sql(u"argumento")),
+    Registros filas = base.Lee(u"SELECT * FROM PARAM WHERE numero='981' AND %1=? ORDER BY %2"_s.arg(
+                                   TramosControl::kFormulario.Sql(u"argumento"), base.NumeroDeFila(u"PARAM"_s)),
                                {formulario});
     return filas.Siguiente() ? Recorta(filas.Texto(u"Funcion")).toString() : QString();
 }
@@ -139,7 +139,7 @@ ResultadoGrabacion GrabaDeclaracion(Base& base, const Declaracion& declaracion, 
                                     const Firma& firma) {
     const ClaveDeclaracion& clave = declaracion.clave;
     const int estado = Inconsistencias(declaracion).isEmpty() ? 0 : 9;
-    Transaccion transaccion = base.Comienza();
+    Transaccion transaccion = base.Comienza(Turno::Propio);
     if (Veredicto veredicto = ExigeSinCambios(base, clave, conocido); !veredicto)
         return {.veredicto = std::move(veredicto)};
     const QString antes = CasillasEnLineas(base, clave);

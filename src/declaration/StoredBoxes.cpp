@@ -48,8 +48,10 @@ void MuestraCasilla(Declaracion& declaracion, const CasillaGuardada& guardada) {
 void CargaCasillas(Base& base, Declaracion& declaracion) {
     const ClaveDeclaracion& clave = declaracion.clave;
     // In the order in which they were saved, so that a stored result comes after the arithmetic that it answers.
-    Registros filas = base.Lee(
-        u"SELECT * FROM %1 %2 ORDER BY rowid"_s.arg(clave.Tabla(u"DET"_s), clave.CondicionSinTipo()), clave.Valores());
+    const QString tabla = clave.Tabla(u"DET"_s);
+    Registros filas =
+        base.Lee(u"SELECT * FROM %1 %2 ORDER BY %3"_s.arg(tabla, clave.CondicionSinTipo(), base.NumeroDeFila(tabla)),
+                 clave.Valores());
     const int casilla = filas.Columna(u"Casilla");
     const int valor = filas.Columna(u"i_valor");
     while (filas.Siguiente())

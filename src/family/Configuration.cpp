@@ -67,11 +67,17 @@ void AbrirBase(Proceso& proceso, const ArchivoPerfil& perfil) {
     proceso.baseDatos = std::move(base);
 }
 
+QStringList ClavesExigidas(const ArchivoPerfil& perfil) {
+    if (EsDeServidor(Opcion(perfil, u"DBName")))
+        return {u"SysPath"_s, u"DBName"_s};
+    return {u"SysPath"_s, u"DBPath"_s, u"DBName"_s};
+}
+
 void ExigeInstalacion(const ArchivoPerfil& perfil) {
     if (!perfil.Existe())
         throw Error(NumeroError::ArchivoNoEncontrado,
                     u"No se encuentra '%1'. Ejecute primero consola --instalar."_s.arg(perfil.Ruta()));
-    for (const QString& clave : {u"SysPath"_s, u"DBPath"_s, u"DBName"_s}) {
+    for (const QString& clave : ClavesExigidas(perfil)) {
         if (Opcion(perfil, clave).isEmpty())
             throw Error(NumeroError::ArgumentoInvalido,
                         u"Falta la clave %1 en '%2'. Ejecute consola --instalar."_s.arg(clave, perfil.Ruta()));

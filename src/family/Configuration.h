@@ -3,6 +3,8 @@
 #include "data/Workgroup.h"
 #include "platform/ProfileFile.h"
 
+#include <QStringList>
+
 namespace xa518 {
 
 struct Proceso;
@@ -28,6 +30,9 @@ void LeerIni(Proceso& proceso, const ArchivoPerfil& perfil);
 
 /// Writes `SystemDB`, checks the account against the workgroup file and opens the database. Raises `ErrorBase`.
 void AbrirBase(Proceso& proceso, const ArchivoPerfil& perfil);
+
+/// The keys of the profile file that a program can't start without. A base on a server has no folder.
+[[nodiscard]] QStringList ClavesExigidas(const ArchivoPerfil& perfil);
 
 /// What the tools without a window ask before they open: the profile file is there and names folder and base. Without
 /// it there is nothing to find the base by, and writing a new one would only hide that. Raises `Error`.

@@ -23,7 +23,7 @@ struct Configurado {
     QString sysPath{}; ///< installation folder, its trailing separator as it stands in the file
     QString sysVersion{};
     QString sysUser{};  ///< whose rows of CONT, CLAVES and SPOOL are meant
-    QString rutaBase{}; ///< full name of the database
+    QString rutaBase{}; ///< full name of the database's file, or the text of the connection to its server
     QString rutaMenu{};
     QString rutaTMPBarra{}; ///< with its separator
     QString rutaTMP{};      ///< without separator, and so are the report and the log names that begin with `rutaRPT`
@@ -53,14 +53,14 @@ struct Proceso : Configurado {
 class ProcesoAparte {
   public:
     explicit ProcesoAparte(const Proceso& proceso)
-        : m_configurado(static_cast<const Configurado&>(proceso)), m_ruta(proceso.baseDatos->Ruta()) {}
+        : m_configurado(static_cast<const Configurado&>(proceso)), m_lugar(proceso.baseDatos->Lugar()) {}
 
     /// Raises `ErrorBase`.
-    [[nodiscard]] Proceso Abre() const { return {m_configurado, Base::Abre(m_ruta)}; }
+    [[nodiscard]] Proceso Abre() const { return {m_configurado, Base::Abre(m_lugar)}; }
 
   private:
     Configurado m_configurado;
-    QString m_ruta;
+    LugarDeBase m_lugar;
 };
 
 } // namespace xa518

@@ -13,6 +13,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kPagosGuardados = u"F518PDETCP"_s;
+const QString kComprobantesDeTrabajo = u"TMPF518PDET"_s;
+const QString kPagosDeTrabajo = u"TMPF518PDETCP"_s;
 
 QList<DatoDeCopia> DeLaClave(const ClaveDeclaracion& clave) {
     return {{u"tip_doc_d"_s, u"6"_s},
@@ -26,12 +28,11 @@ void AbreVacia(Base& base, const QString& tabla) {
     const Registros vacia = base.Lee(u"SELECT * FROM %1 WHERE doc_id_d='0'"_s.arg(tabla));
 }
 
-/// How many vouchers each client has, as what the clients are joined with.
+/// How many vouchers each client has, as what the clients are joined with. Its number may be written in several ways.
 QString CuentasPorCliente() {
     using enum DatoComprobante;
-    const QString cliente = ListaDe<DatoComprobante>({TipoDoc, NumDoc});
-    return u"LEFT JOIN (SELECT %1, count(*) AS cont FROM TMPF518PDET GROUP BY %1) AS C"
-           " ON C.%2 = A.%2 AND C.%3 = A.%3"_s.arg(cliente, ColumnaDe(TipoDoc), ColumnaDe(NumDoc));
+    return u"LEFT JOIN (SELECT min(%1) AS %1, min(%2) AS %2, count(*) AS cont FROM TMPF518PDET GROUP BY %1, %2) AS C"
+           " ON C.%1 = A.%1 AND C.%2 = A.%2"_s.arg(ColumnaDe(TipoDoc), ColumnaDe(NumDoc));
 }
 
 /// A company keeps its name, a person the three parts; the other columns stay null. The count of vouchers is taken
@@ -62,6 +63,7 @@ void GrabaClientes(Base& base, const ClaveDeclaracion& clave) {
 /// A detail table that is copied column by column.
 struct Copia {
     QString tabla;
+    QString trabajo;   ///< whose rows are copied
     QString origen;    ///< "FROM ... WHERE ..."
     QString condicion; ///< of the delete
     QStringList columnas;
@@ -72,7 +74,7 @@ void GrabaCopia(Base& base, const ClaveDeclaracion& clave, const Copia& copia) {
     QList<DatoDeCopia> datos = DeLaClave(clave);
     for (const QString& columna : copia.columnas)
         datos.append({columna, columna});
-    CopiaConChecksum(base, {copia.tabla, datos, copia.origen + u" ORDER BY rowid"_s},
+    CopiaConChecksum(base, {copia.tabla, datos, copia.origen + u" ORDER BY "_s + base.NumeroDeFila(copia.trabajo)},
                      Formulario0518().NumericasDe(copia.tabla));
     AbreVacia(base, copia.tabla);
 }
@@ -85,7 +87,7 @@ QStringList ColumnasSinTipo() {
 
 /// The vouchers of the work table, by what its column of the type has to be.
 QString Comprobantes(const QString& condicion) {
-    return u"FROM TMPF518PDET WHERE %1 %2"_s.arg(ColumnaDe(DatoComprobante::TipCp), condicion);
+    return u"FROM %1 WHERE %2 %3"_s.arg(kComprobantesDeTrabajo, ColumnaDe(DatoComprobante::TipCp), condicion);
 }
 
 QString TextoDeSuma(const Registros& fila, int columna) {
@@ -98,17 +100,20 @@ void GrabaDetalle(Base& base, const ClaveDeclaracion& clave) {
     GrabaClientes(base, clave);
     GrabaCopia(base, clave,
                {.tabla = u"F518PDET"_s,
+                .trabajo = kComprobantesDeTrabajo,
                 .origen = Comprobantes(u"= ''"_s),
                 .condicion = clave.Condicion(),
                 .columnas = ColumnasSinTipo()});
     GrabaCopia(base, clave,
                {.tabla = u"F518PDETVC"_s,
+                .trabajo = kComprobantesDeTrabajo,
                 .origen = Comprobantes(u"<> ''"_s),
                 .condicion = clave.Condicion(),
                 .columnas = ColumnasDe(DatosDeComprobantes())});
     GrabaCopia(base, clave,
                {.tabla = kPagosGuardados,
-                .origen = u"FROM TMPF518PDETCP"_s,
+                .trabajo = kPagosDeTrabajo,
+                .origen = u"FROM "_s + kPagosDeTrabajo,
                 .condicion = clave.CondicionSinTipo(),
                 .columnas = ColumnasDe(DatosDePagos())});
 }

@@ -11,13 +11,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Rows keep the order in which they were entered, so every copy follows the source's own order. The declaration's rows
-/// are found first, by the key alone, and then read in that order: read as they are found they would all have to be put
-/// in order, which takes as long as the copy.
-QString CopiaSql(const QString& destino, const QString& columnas, const QString& valores, const QString& origen,
-                 const QString& condicion) {
-    return u"INSERT INTO %1 (%2) SELECT %3 FROM %4 WHERE rowid IN (SELECT rowid FROM %4 %5) ORDER BY rowid"_s.arg(
-        destino, columnas, valores, origen, condicion);
+/// Rows keep the order in which they were entered: `desde` reads in the source's own.
+QString CopiaSql(const QString& destino, const QString& columnas, const QString& valores, const QString& desde) {
+    return u"INSERT INTO %1 (%2) SELECT %3 %4"_s.arg(destino, columnas, valores, desde);
 }
 
 /// The three tables name their client alike.
@@ -40,7 +36,7 @@ bool EsEmpresa(CodigoDocumento tipo, QStringView numero) {
 }
 
 void TablasTrabajo::Reconstruye(const ClaveDeclaracion& clave) {
-    Transaccion transaccion = m_base->Comienza();
+    Transaccion transaccion = m_base->Comienza(Turno::Propio);
     Llena(clave);
     transaccion.Confirma();
 }
@@ -69,8 +65,8 @@ void TablasTrabajo::CopiaClientes(const ClaveDeclaracion& clave) {
     const QList<DatoCliente> tambien = {TipoDoc, NumDoc, CtdDocs, MontoBase, Percepcion};
     m_base->Ejecuta(CopiaSql(u"TMPF518PCAB"_s,
                              ListaDe<DatoCliente>({Razon, ApellidoP, ApellidoM, Nombres}) + u", "_s + ListaDe(tambien),
-                             nombres.join(u", "_s) + u", "_s + ListaDe(tambien), clave.Tabla(u"F518PCAB"_s),
-                             clave.Condicion()),
+                             nombres.join(u", "_s) + u", "_s + ListaDe(tambien),
+                             m_base->EnOrdenDeAlta(clave.Tabla(u"F518PCAB"_s), clave.Condicion())),
                     clave.Valores());
 }
 
@@ -80,16 +76,16 @@ void TablasTrabajo::CopiaComprobantes(const ClaveDeclaracion& clave, const QStri
     QStringList valores = columnas;
     if (tabla != u"F518PDETVC")
         valores.replace(columnas.indexOf(ColumnaDe(DatoComprobante::TipCp)), u"''"_s);
-    m_base->Ejecuta(CopiaSql(u"TMPF518PDET"_s, columnas.join(u", "_s), valores.join(u", "_s), clave.Tabla(tabla),
-                             clave.Condicion()),
+    m_base->Ejecuta(CopiaSql(u"TMPF518PDET"_s, columnas.join(u", "_s), valores.join(u", "_s),
+                             m_base->EnOrdenDeAlta(clave.Tabla(tabla), clave.Condicion())),
                     clave.Valores());
 }
 
 void TablasTrabajo::CopiaPagos(const ClaveDeclaracion& clave) {
     const QString columnas = ListaDe(DatosDePagos());
-    m_base->Ejecuta(
-        CopiaSql(u"TMPF518PDETCP"_s, columnas, columnas, clave.Tabla(u"F518PDETCP"_s), clave.CondicionSinTipo()),
-        clave.Valores());
+    m_base->Ejecuta(CopiaSql(u"TMPF518PDETCP"_s, columnas, columnas,
+                             m_base->EnOrdenDeAlta(clave.Tabla(u"F518PDETCP"_s), clave.CondicionSinTipo())),
+                    clave.Valores());
 }
 
 int TablasTrabajo::CuentaDocs(const ClaveCliente& cliente) const {
@@ -124,7 +120,7 @@ void TablasTrabajo::CalculaTotales() {
         "AS D WHERE D.%5 = TMPF518PCAB.%5 AND D.%6 = TMPF518PCAB.%6)"_s.arg(
             ColumnaDe(DatoCliente::MontoBase), ColumnaDe(DatoCliente::Percepcion), SumaDe(DatoComprobante::MontoBase),
             SumaDe(DatoComprobante::Percepcion), ColumnaDe(DatoCliente::TipoDoc), ColumnaDe(DatoCliente::NumDoc));
-    Transaccion transaccion = m_base->Comienza();
+    Transaccion transaccion = m_base->Comienza(Turno::Propio);
     m_base->Ejecuta(sql);
     // Wanted: the family's programs open an empty set on each table after a rewrite, which finds a lost one.
     const Registros vacia = m_base->Lee(u"SELECT * FROM F518PDET WHERE doc_id_d='0'"_s);
@@ -133,7 +129,7 @@ void TablasTrabajo::CalculaTotales() {
 
 void TablasTrabajo::EliminaCliente(const ClaveCliente& cliente) {
     const QVariantList valores{cliente.tipoDoc.Valor(), cliente.numero};
-    Transaccion transaccion = m_base->Comienza();
+    Transaccion transaccion = m_base->Comienza(Turno::Propio);
     m_base->Ejecuta(u"DELETE * FROM TMPF518PCAB"_s + DeUnCliente(), valores);
     m_base->Ejecuta(u"DELETE * FROM TMPF518PDET"_s + DeUnCliente(), valores);
     m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP"_s + DeUnCliente(), valores);

@@ -93,7 +93,7 @@ void ComprobantesTrabajo::Borra(const ClaveComprobante& clave) {
 }
 
 void ComprobantesTrabajo::Elimina(const ClaveComprobante& clave) {
-    Transaccion transaccion = m_base->Comienza();
+    Transaccion transaccion = m_base->Comienza(Turno::Propio);
     if (clave.tipCp.trimmed().isEmpty())
         PagosTrabajo(*m_base).BorraDe(clave);
     Borra(clave);

@@ -39,7 +39,7 @@ bool Lotes::Linea() {
 
 void Lotes::Abre() {
     if (!m_abierta)
-        m_abierta.emplace(m_base->Comienza());
+        m_abierta.emplace(m_base->Comienza(Turno::Propio));
 }
 
 void Lotes::Cierra() {

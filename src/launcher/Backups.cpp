@@ -99,19 +99,13 @@ Respaldos::Respaldos(QString rutaBase, QString carpeta, const Reloj& reloj, Form
 }
 
 QStringList Respaldos::Defectos(Base& base) {
-    QStringList defectos;
-    Registros lineas = base.Lee(u"PRAGMA integrity_check(10)"_s);
-    while (lineas.Siguiente()) {
-        if (lineas.Texto(0) != u"ok")
-            defectos += lineas.Texto(0).split(u'\n', Qt::SkipEmptyParts);
-    }
-    return defectos;
+    return base.Defectos();
 }
 
 QString Respaldos::HazUna() const {
     CreaCarpetaPrivada(m_carpeta);
     const LugarDePaso lugar(m_carpeta);
-    Base::Abre(m_rutaBase)->Ejecuta(u"VACUUM INTO ?"_s, {lugar.Archivo()});
+    Base::Abre(m_rutaBase)->CopiaEn(lugar.Archivo());
     const QStringList defectos = Defectos(*Base::Abre(lugar.Archivo()));
     if (!defectos.isEmpty())
         throw Error(NumeroError::AccesoAlDisco,
@@ -163,6 +157,9 @@ void Respaldos::QuitaSobrantes(const QString& reciente) const {
 }
 
 Veredicto Respaldos::Restaura(const QString& archivo, const Firma& firma) const {
+    if (EsDeServidor(m_rutaBase))
+        return Veredicto::Critico(
+            u"La base de datos está en un servidor: sus copias se restauran con los programas del servidor."_s);
     if (!QFileInfo(archivo).isFile())
         return Veredicto::Critico(u"No se encuentra el archivo '%1'."_s.arg(archivo));
     CreaCarpetaPrivada(m_carpeta);
@@ -193,9 +190,7 @@ Veredicto Respaldos::ExigeLibre() const {
         return Veredicto::Critico(
             u"La base está en uso por otro programa: %1. Ciérrelo antes de restaurar."_s.arg(programas.join(u", "_s)));
     try {
-        const std::unique_ptr<Base> base = Base::Abre(m_rutaBase);
-        base->Ejecuta(u"BEGIN EXCLUSIVE"_s);
-        base->Ejecuta(u"ROLLBACK"_s);
+        Base::Abre(m_rutaBase)->ExigeSola();
     } catch (const ErrorBase& error) {
         if (error.Es(NumeroError::BaseBloqueada))
             return Veredicto::Critico(

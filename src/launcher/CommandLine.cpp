@@ -1,5 +1,6 @@
 #include "launcher/CommandLine.h"
 
+#include "data/ServerFailure.h"
 #include "family/Configuration.h"
 #include "family/Startup.h"
 #include "family/WorkLock.h"
@@ -312,7 +313,7 @@ int EjecutaConsola(const QStringList& argumentos, const SalidasConsola& salidas,
         errores << u"consola: "_s << error.Texto() << u" (error "_s << error.Numero() << u")\n"_s;
         if (!error.Detalle().isEmpty())
             errores << error.Detalle() << '\n';
-        return Fallo;
+        return CodigoDeSalida(error, Fallo);
     }
 }
 

@@ -84,12 +84,15 @@ std::optional<Declarante> Declarantes::Busca(const Ruc& ruc) const {
     return filas.Siguiente() ? std::optional(LectorDeDeclarantes(filas).Lee()) : std::nullopt;
 }
 
+/// In the order of the tables; a user that is written in two ways is one.
 QStringList Declarantes::Usuarios() const {
-    Registros filas = m_base->Lee(u"SELECT Usuario FROM CLAVES UNION SELECT Usuario FROM CONT ORDER BY 1"_s);
+    Registros filas = m_base->Lee(u"SELECT Usuario FROM (SELECT Usuario, 1 AS tabla FROM CLAVES UNION ALL"
+                                  " SELECT Usuario, 2 FROM CONT) AS q ORDER BY Usuario, tabla"_s);
     QStringList usuarios;
     while (filas.Siguiente()) {
-        if (!filas.Texto(0).isEmpty())
-            usuarios.append(filas.Texto(0));
+        const QString usuario = filas.Texto(0);
+        if (!usuario.isEmpty() && (usuarios.isEmpty() || std::is_neq(ComparaSinCaja(usuarios.constLast(), usuario))))
+            usuarios.append(usuario);
     }
     return usuarios;
 }

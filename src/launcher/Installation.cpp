@@ -72,8 +72,8 @@ Instalacion::Instalacion(const QString& carpeta, ArchivoPerfil perfil, Formulari
     : m_carpeta(ConSeparador(carpeta))
     , m_perfil(std::move(perfil))
     , m_formularios(std::move(formularios))
-    , m_carpetaBase(OpcionVigente(u"DBPath", m_carpeta))
-    , m_nombreBase(OpcionVigente(u"DBName", kArchivoBase)) {}
+    , m_nombreBase(OpcionVigente(u"DBName", kArchivoBase))
+    , m_carpetaBase(EsDeServidor(m_nombreBase) ? QString() : OpcionVigente(u"DBPath", m_carpeta)) {}
 
 QString Instalacion::CarpetaVigente(const ArchivoPerfil& perfil, const QString& porOmision) {
     const QString vigente = perfil.Lee(kSeccionOpciones, u"SysPath");
@@ -142,7 +142,7 @@ void Instalacion::CreaCarpetas() const {
 
 std::unique_ptr<Base> Instalacion::PreparaBase(QStringList& hecho) const {
     const QString ruta = m_carpetaBase + m_nombreBase;
-    std::unique_ptr<Base> base = QFileInfo::exists(ruta) ? Base::Abre(ruta) : Base::Crea(ruta);
+    std::unique_ptr<Base> base = Base::AbreOCrea(ruta);
     AplicaEsquema(*base, m_formularios, hecho);
     return base;
 }

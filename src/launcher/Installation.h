@@ -51,8 +51,8 @@ class Instalacion {
     QString m_carpeta; ///< with its separator
     ArchivoPerfil m_perfil;
     Formularios m_formularios;
-    QString m_carpetaBase;
     QString m_nombreBase;
+    QString m_carpetaBase; ///< empty for a base on a server
 };
 
 } // namespace xa518

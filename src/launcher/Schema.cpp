@@ -45,7 +45,7 @@ void DaPaso(Base& base, const PasoDeEsquema& paso) {
         return;
     for (const QString& sentencia : SentenciasDe(LeeSql(paso.ruta)))
         base.Ejecuta(sentencia);
-    base.Ejecuta(u"PRAGMA user_version=%1"_s.arg(paso.version));
+    base.PonVersionDelEsquema(paso.version);
     transaccion.Confirma();
 }
 

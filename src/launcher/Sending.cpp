@@ -24,25 +24,22 @@ Veredicto Rechaza(const QString& motivo, const ClaveDeclaracion& clave) {
     return Veredicto::Critico(motivo.arg(clave.ruc.Texto(), clave.periodo.Texto()));
 }
 
-/// For each column of the copy the position of the source's column of that name; -1 for one that the seal fills.
-QList<int> LugaresEn(const Tabla& origen, const Registro& copia, const Sello& sello) {
-    QList<int> lugares;
-    for (const Columna& columna : copia.DeTabla().columnas)
-        lugares.append(sello.contains(columna.nombre.toLower()) ? -1 : origen.Indice(columna.nombre));
-    return lugares;
-}
-
 void Copia(Base& base, const ClaveDeclaracion& clave, const TablaDeDeclaracion& tabla, const Sello& sello) {
     const Tabla& destino = base.Describe(u'H' + tabla.nombre);
-    Registro copia(destino);
-    const QList<int> lugares = LugaresEn(base.Describe(tabla.nombre), copia, sello);
-    Registros filas =
-        base.Lee(u"SELECT * FROM "_s + tabla.nombre + u' ' + clave.Condicion() + u" ORDER BY rowid"_s, clave.Valores());
-    while (filas.Siguiente()) {
-        for (int i = 0; i < lugares.size(); ++i)
-            copia.Pon(i, lugares[i] < 0 ? sello.value(destino.columnas[i].nombre.toLower()) : filas.Valor(lugares[i]));
-        AgregaConChecksum(base, copia, tabla.numericasEnviada);
+    const Tabla& origen = base.Describe(tabla.nombre);
+    CopiaDeFilas copia{.tabla = destino.nombre,
+                       .datos = {},
+                       .desde = base.EnOrdenDeAlta(tabla.nombre, clave.Condicion()),
+                       .valores = clave.Valores()};
+    for (qsizetype i = 0; i + 1 < destino.columnas.size(); ++i) {
+        const QString& columna = destino.columnas[i].nombre;
+        const auto propio = sello.constFind(columna.toLower());
+        if (propio != sello.cend())
+            copia.datos.append({columna, u"?"_s, {*propio}});
+        else
+            copia.datos.append({columna, origen.columnas[origen.Indice(columna)].nombre});
     }
+    CopiaConChecksum(base, copia, tabla.numericasEnviada);
 }
 
 void Mueve(Base& base, const ClaveDeclaracion& clave, const TablaDeDeclaracion& tabla, const Sello& sello) {

@@ -32,7 +32,7 @@ Sesion::Sesion(const EntornoConsola& entorno)
     : m_entorno(entorno), m_perfil(entorno.rutaIni), m_proceso(entorno.reloj, entorno.formularios, {}) {}
 
 bool Sesion::HayInstalacion() const {
-    const QStringList claves{u"SysPath"_s, u"DBPath"_s, u"DBName"_s};
+    const QStringList claves = ClavesExigidas(m_perfil);
     return std::none_of(claves.cbegin(), claves.cend(),
                         [this](const QString& clave) { return m_perfil.Lee(kSeccionOpciones, clave).isEmpty(); });
 }
@@ -81,7 +81,8 @@ ResultadoEnvio Sesion::Envia(const ClaveDeclaracion& clave, OtroOriginal otro) {
     Envio envio(*base, m_entorno.formularios);
     if (VeredictoDeEnvio veredicto = envio.Valida(clave, otro); !veredicto)
         return {.veredicto = std::move(veredicto)};
-    (void)Copias().Haz();
+    if (!EsDeServidor(m_proceso.rutaBase)) // whose copies are the server's affair
+        (void)Copias().Haz();
     return envio.Envia(clave, otro, SuFirma());
 }
 

@@ -57,7 +57,7 @@ int InformeAnexo::TotalPaginas(Base& base, const ClaveDeclaracion& clave) {
     const auto filasDe = [&](const QString& tabla) {
         return Cuenta(base, clave.Tabla(tabla) + u' ' + clave.Condicion(), clave.Valores());
     };
-    const qint64 leyenda = Cuenta(base, u"("_s + SqlLeyenda() + u')');
+    const qint64 leyenda = Cuenta(base, u"("_s + SqlLeyenda() + u") AS q"_s);
     const qint64 lineas = leyenda + kLineasFijasLeyenda + 2 * filasDe(u"F518PCAB"_s) + 2 * filasDe(u"F518PDET"_s) +
                           2 * filasDe(u"F518PDETVC"_s);
     return static_cast<int>(lineas / kLineasPorPaginaEstimadas);

@@ -1,6 +1,7 @@
 #include "printouts/AnnexRows.h"
 
 #include "form518/DetailColumns.h"
+#include "values/Text.h"
 
 #include <algorithm>
 
@@ -13,18 +14,15 @@ namespace {
 /// Rows of one client and one table that are kept in memory.
 constexpr size_t kFilasMaximas = 20'000;
 
-QString UnidasComprobante(const QStringList& detras) {
+QStringList ColumnasDeComprobante() {
     using enum DatoComprobante;
-    return FilaUnida::Sql(QStringList{u"rowid"_s} +
-                          ColumnasDe<DatoComprobante>(
-                              {NumDoc, Serie, Numero, Fecha, MontoBase, Tasa, Percepcion, CpFact, ListaClie, MedPago}) +
-                          detras);
+    return ColumnasDe<DatoComprobante>(
+        {NumDoc, Serie, Numero, Fecha, MontoBase, Tasa, Percepcion, CpFact, ListaClie, MedPago});
 }
 
-QString UnidasPago() {
+QStringList ColumnasDePago() {
     using enum DatoPago;
-    return FilaUnida::Sql(QStringList{u"rowid"_s} +
-                          ColumnasDe<DatoPago>({NumDoc, SerieCp, NumeroCp, Tipo, Serie, Numero, Fecha, Monto}));
+    return ColumnasDe<DatoPago>({NumDoc, SerieCp, NumeroCp, Tipo, Serie, Numero, Fecha, Monto});
 }
 
 qint64 Entero(QStringView digitos) {
@@ -38,14 +36,6 @@ FilaAnexo FilaDe(const Registros& filas) {
     FilaUnida campos(filas.Valor(0).toByteArray());
     const qint64 alta = Entero(campos.Campo(FilaAnexo::Alta));
     return {alta, std::move(campos)};
-}
-
-/// As the tables compare texts: code by code, A to Z as a to z.
-std::strong_ordering ComparaSinCaja(QStringView a, QStringView b) {
-    const auto minuscula = [](QChar c) { return c >= u'A' && c <= u'Z' ? char16_t(c.unicode() + 32) : c.unicode(); };
-    return std::lexicographical_compare_three_way(
-        a.begin(), a.end(), b.begin(), b.end(),
-        [&](QChar x, QChar y) -> std::strong_ordering { return minuscula(x) <=> minuscula(y); });
 }
 
 /// By series and number of the voucher.
@@ -62,8 +52,8 @@ bool PorAlta(const FilaAnexo& a, const FilaAnexo& b) {
 }
 
 /// By number, then by type.
-QString SqlClientes(const ClaveDeclaracion& clave) {
-    return u"Select %1 from %2 %3 Order by %4"_s.arg(FilaUnida::Sql(ClienteImpreso::Columnas()),
+QString SqlClientes(const Base& base, const ClaveDeclaracion& clave) {
+    return u"Select %1 from %2 %3 Order by %4"_s.arg(base.SqlUnidas(ClienteImpreso::Columnas()),
                                                      clave.Tabla(u"F518PCAB"_s), clave.Condicion(),
                                                      ListaDe<DatoCliente>({DatoCliente::NumDoc, DatoCliente::TipoDoc}));
 }
@@ -139,23 +129,28 @@ bool FilasPorAlta::Siguiente() {
 }
 
 FilasAnexo::FilasAnexo(Base& base, const ClaveDeclaracion& clave)
-    : m_base(&base), m_clave(clave), m_clientes(base.Lee(SqlClientes(clave), clave.Valores())) {}
+    : m_base(&base), m_clave(clave), m_clientes(base.Lee(SqlClientes(base, clave), clave.Valores())) {}
 
-QString FilasAnexo::Unidas(Clase clase) {
+QStringList FilasAnexo::Columnas(Clase clase) {
     switch (clase) {
-    case Clase::Comprobantes: return UnidasComprobante({});
-    case Clase::Contados: return UnidasComprobante({ColumnaDe(DatoComprobante::TipCp)});
+    case Clase::Comprobantes: return ColumnasDeComprobante();
+    case Clase::Contados: return ColumnasDeComprobante() + QStringList{ColumnaDe(DatoComprobante::TipCp)};
     case Clase::Pagos: break;
     }
-    return UnidasPago();
+    return ColumnasDePago();
+}
+
+QString FilasAnexo::TablaDe(Clase clase) const {
+    return m_clave.Tabla(clase == Clase::Comprobantes ? u"F518PDET"_s
+                         : clase == Clase::Contados   ? u"F518PDETVC"_s
+                                                      : u"F518PDETCP"_s);
 }
 
 /// Of the clients with a type of document.
 QString FilasAnexo::SqlDe(Clase clase) const {
-    const QString tabla = clase == Clase::Comprobantes ? u"F518PDET"_s
-                          : clase == Clase::Contados   ? u"F518PDETVC"_s
-                                                       : u"F518PDETCP"_s;
-    return u"SELECT %1 FROM %2 %3 AND %4"_s.arg(Unidas(clase), m_clave.Tabla(tabla), m_clave.Condicion(),
+    const QString tabla = TablaDe(clase);
+    const QString unidas = m_base->SqlUnidas(QStringList{m_base->NumeroDeFila(tabla)} + Columnas(clase));
+    return u"SELECT %1 FROM %2 %3 AND %4"_s.arg(unidas, tabla, m_clave.Condicion(),
                                                 IgualesA<DatoCliente>({DatoCliente::TipoDoc}));
 }
 
@@ -200,7 +195,7 @@ void FilasAnexo::Empieza(Clase clase, FilasPorAlta& destino) {
 
 Registros FilasAnexo::PideDelCliente(Clase clase, const QString& condicion, const QVariantList& valores) {
     return m_base->Lee(SqlDe(clase) + u" AND "_s + IgualesA<DatoCliente>({DatoCliente::NumDoc}) + condicion +
-                           u" ORDER BY rowid"_s,
+                           u" ORDER BY "_s + m_base->NumeroDeFila(TablaDe(clase)),
                        m_clave.Valores() + QVariantList{m_cliente.tipoDoc, m_cliente.numero} + valores);
 }
 

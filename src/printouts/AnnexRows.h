@@ -129,7 +129,8 @@ class FilasAnexo {
     using DeTipo = std::array<FilasEnPaso, kClases>;
 
     [[nodiscard]] static ComprobanteImpreso De(const FilasPorAlta& filas);
-    [[nodiscard]] static QString Unidas(Clase clase);
+    [[nodiscard]] static QStringList Columnas(Clase clase);
+    [[nodiscard]] QString TablaDe(Clase clase) const;
     [[nodiscard]] QString SqlDe(Clase clase) const;
     [[nodiscard]] FilasEnPaso EnPaso(Clase clase, int tipoDoc);
     [[nodiscard]] DeTipo& FilasDelTipo();

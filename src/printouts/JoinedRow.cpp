@@ -74,10 +74,6 @@ QStringView Lector::Palabra() {
 
 } // namespace
 
-QString FilaUnida::Sql(const QStringList& columnas) {
-    return u"CAST(json_array("_s + columnas.join(u", "_s) + u") AS BLOB)"_s;
-}
-
 FilaUnida::FilaUnida(const QByteArray& json) : m_texto(QString::fromUtf8(json)) {
     Lector lector(m_texto);
     for (size_t i = 0; i < kCampos && lector.HayOtro(); ++i) {

@@ -2,7 +2,6 @@
 
 #include <QByteArray>
 #include <QString>
-#include <QStringList>
 
 #include <array>
 
@@ -14,11 +13,8 @@ class FilaUnida {
   public:
     static constexpr size_t kCampos = 12;
 
-    /// What a query selects for it: a JSON array, which the engine writes sooner than any other text of several values,
-    /// as the bytes that it is made of, which the engine needn't turn into another encoding.
-    [[nodiscard]] static QString Sql(const QStringList& columnas);
-
     FilaUnida() = default;
+    /// Of what `Base::SqlUnidas` selects.
     explicit FilaUnida(const QByteArray& json);
 
     /// Valid as long as the row is. Empty for one that the row doesn't have.

@@ -19,6 +19,8 @@ enum class NumeroError : int {
     CuentaRechazada = 3029,
     BaseBloqueada = 3051,
     CampoNoExiste = 3061,
+    FallaDelMotor = 3146,
+    ConexionPerdida = 3151,
     VersionAjena = 3343,
     MotorAjeno = 3170,
 };

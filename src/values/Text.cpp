@@ -45,6 +45,13 @@ QStringView Mid(QStringView texto, qsizetype desde, qsizetype largo) {
     return texto.sliced(inicio, std::clamp<qsizetype>(largo, 0, texto.size() - inicio));
 }
 
+std::strong_ordering ComparaSinCaja(QStringView a, QStringView b) {
+    const auto minuscula = [](QChar c) { return c >= u'A' && c <= u'Z' ? char16_t(c.unicode() + 32) : c.unicode(); };
+    return std::lexicographical_compare_three_way(
+        a.begin(), a.end(), b.begin(), b.end(),
+        [&](QChar x, QChar y) -> std::strong_ordering { return minuscula(x) <=> minuscula(y); });
+}
+
 QString Mayusculas(QStringView texto) {
     QString resultado = texto.toString();
     for (QChar& c : resultado)

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringView>
 
+#include <compare>
+
 namespace xa518 {
 
 /// Cuts blanks (code 32 only, not tabs) from both ends.
@@ -14,6 +16,9 @@ namespace xa518 {
 
 /// Upper case character by character, within Windows-1252: "ñ" and accents follow, "ß" and "µ" stay.
 [[nodiscard]] QString Mayusculas(QStringView texto);
+
+/// As the tables compare texts: code by code, A to Z as a to z, no other letter as another.
+[[nodiscard]] std::strong_ordering ComparaSinCaja(QStringView a, QStringView b);
 
 /// The character's code in Windows-1252; 63, the code of "?", for a character that it lacks.
 [[nodiscard]] int CodigoWindows1252(QChar caracter);

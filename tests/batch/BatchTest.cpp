@@ -6,6 +6,7 @@
 #include "family/WorkLock.h"
 #include "launcher/Installation.h"
 #include "platform/Clock.h"
+#include "support/ServerInstallation.h"
 #include "support/Test.h"
 
 #include <QJsonArray>
@@ -22,7 +23,10 @@ const QString kClave = u" --ruc 20990518018 --periodo 202609 --hoy 21/11/2026"_s
 /// An installation with the sample company in a folder of its own.
 class Batch : public testing::Test {
   protected:
-    Batch() : m_antes(QDir::currentPath()), m_perfil(m_carpeta.filePath(u"conf/XA000.INI"_s)) {
+    Batch()
+        : m_antes(QDir::currentPath())
+        , m_perfil(m_carpeta.filePath(u"conf/XA000.INI"_s))
+        , m_lugar(m_perfil, Casa()) {
         Instalacion instalacion(Casa(), m_perfil, FormulariosConocidos());
         (void)instalacion.Instala(u"USUARIO"_s);
         (void)instalacion.InstalaEjemplo(RelojSistema());
@@ -46,7 +50,7 @@ class Batch : public testing::Test {
         return Json()[u"casillas"_s].toObject()[casilla].toString();
     }
     [[nodiscard]] qint64 Cuenta(const QString& tabla) const {
-        const auto base = Base::Abre(Casa() + u"/XA000.DB"_s);
+        const auto base = Base::Abre(m_lugar.Ruta());
         Registros fila = base->Lee(u"SELECT count(*) FROM "_s + tabla);
         return fila.Siguiente() ? fila.Entero(0) : -1;
     }
@@ -55,6 +59,7 @@ class Batch : public testing::Test {
     QTemporaryDir m_carpeta;
     QString m_antes;
     ArchivoPerfil m_perfil;
+    LugarDeInstalacion m_lugar;
     QString m_salida;
     QString m_errores;
     bool m_enTerminal = false;
@@ -206,7 +211,7 @@ TEST_F(Batch, PrintsWithNoDisplay) {
     EXPECT_EQ(imprime(u"imprimir"_s + kClave + u" --pdf no/hay/otro.pdf"_s), 3);
     EXPECT_EQ(hojas(u"otro.pdf"_s), -1);
     EXPECT_EQ(Cuenta(u"SPOOL"_s), registrados);
-    Base::Abre(Casa() + u"/XA000.DB"_s)->Ejecuta(u"UPDATE DET SET i_valor = '0' WHERE Casilla = '501'"_s);
+    Base::Abre(m_lugar.Ruta())->Ejecuta(u"UPDATE DET SET i_valor = '0' WHERE Casilla = '501'"_s);
     EXPECT_EQ(imprime(u"imprimir"_s + kClave + u" --anexos --pdf solo.pdf"_s), 4);
     EXPECT_GE(hojas(u"solo.pdf"_s), 1);
 }
@@ -224,7 +229,7 @@ TEST_F(Batch, TellsWhatFailed) {
     EXPECT_EQ(m_errores, u"'/proc/version' no es una carpeta. (error 57)\n"_s);
     EXPECT_EQ(Cuenta(u"TMPF518PCAB"_s), 0);
     {
-        const auto otro = Base::Abre(Casa() + u"/XA000.DB"_s);
+        const auto otro = Base::Abre(m_lugar.Ruta());
         const TrabajoUnico formaAbierta(*otro);
         for (const QString& orden : {u"importar"_s, u"declarar"_s}) {
             EXPECT_EQ(Corre(orden + kClave + u" --percepciones "_s + Ejemplo()), 3);

@@ -90,13 +90,16 @@ TEST_F(Save, WritesHeadBoxesAndDetailWithTheirChecksums) {
               "506=123 510=2 511=201 512=4 513=1 514=100 515=2 516=2 517=100 599=E 721=1.5 722=9838 871=0 999=E"_s);
     EXPECT_EQ(base.Filas(u"SELECT Casilla FROM DET WHERE idcasilla='05'"_s), QStringList{u"410"_s});
     EXPECT_EQ(base.Filas(u"SELECT num_doc_per,des_razon,des_apellido_p,des_apellido_m,des_nombres,ctd_docs,mto_imp_p,"
-                         "ind_ruc FROM F518PCAB ORDER BY rowid"_s),
+                         "ind_ruc FROM F518PCAB ORDER BY "_s +
+                         base->NumeroDeFila(u"F518PCAB"_s)),
               (QStringList{u"20500000007|Ñandú \"O'Hara\"|<null>|<null>|<null>|2|1000.00|1"_s,
                            u"10400000001|<null>|P|M|N|1|2.01|1"_s}));
     EXPECT_EQ(base.Filas(u"SELECT num_cp, tip_cp FROM F518PDETVC"_s), QStringList{u"00000003|01"_s});
-    EXPECT_EQ(base.Filas(u"SELECT num_cp FROM F518PDET ORDER BY rowid"_s), (QStringList{u"00000001"_s, u"00000002"_s}));
-    EXPECT_EQ(base.Filas(u"SELECT num_detcp, mto_detcp FROM F518PDETCP ORDER BY rowid"_s),
-              (QStringList{u"00000011|150.40"_s, u"00000012|-50.20"_s}));
+    EXPECT_EQ(base.Filas(u"SELECT num_cp FROM F518PDET ORDER BY "_s + base->NumeroDeFila(u"F518PDET"_s)),
+              (QStringList{u"00000001"_s, u"00000002"_s}));
+    EXPECT_EQ(
+        base.Filas(u"SELECT num_detcp, mto_detcp FROM F518PDETCP ORDER BY "_s + base->NumeroDeFila(u"F518PDETCP"_s)),
+        (QStringList{u"00000011|150.40"_s, u"00000012|-50.20"_s}));
     // Both of these checksums were worked out by hand from the fields.
     EXPECT_EQ(base.Filas(u"SELECT cNumero FROM CAB"_s), QStringList{u"143397"_s});
     EXPECT_EQ(base.Filas(u"SELECT cNumero FROM DET WHERE Casilla='401'"_s), QStringList{u"546146"_s});

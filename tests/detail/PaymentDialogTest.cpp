@@ -18,7 +18,8 @@ class PaymentDialogTest : public DetailTest {
     }
     [[nodiscard]] QStringList Filas() const {
         return m_base.Filas(u"SELECT tip_doc_detcp, num_serie_detcp, num_detcp, fec_emis_detcp, mto_detcp "
-                            "FROM TMPF518PDETCP ORDER BY rowid"_s);
+                            "FROM TMPF518PDETCP ORDER BY "_s +
+                            m_base->NumeroDeFila(u"TMPF518PDETCP"_s));
     }
 };
 

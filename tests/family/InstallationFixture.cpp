@@ -9,12 +9,12 @@ InstalacionDePrueba::InstalacionDePrueba(Formularios formularios, QString numero
     : carpetaAnterior(QDir::currentPath())
     , proceso(reloj, std::move(formularios), std::move(numero))
     , perfil(base.Carpeta() + u"/XA000.INI"_s) {
-    base->Ejecuta(u"PRAGMA user_version=%1"_s.arg(VersionDelEsquema(proceso.formularios)));
+    base->PonVersionDelEsquema(VersionDelEsquema(proceso.formularios));
     base.Param(u"830"_s, u"01"_s, u"209912"_s);
     const QString carpeta = base.Carpeta() + u'/';
     for (const auto& [clave, valor] : {std::pair{u"SysPath"_s, carpeta},
-                                       {u"DBPath"_s, carpeta},
-                                       {u"DBName"_s, u"XA.DB"_s},
+                                       {u"DBPath"_s, base.DBPath()},
+                                       {u"DBName"_s, base.DBName()},
                                        {u"SysUser"_s, u"JEFA"_s}})
         perfil.Escribe(kSeccionOpciones, clave, valor);
     GrupoTrabajo(carpeta + kArchivoGrupo).Admite(CuentaConfigurada(perfil));

@@ -82,7 +82,8 @@ TEST_F(WorkAdditionsTest, TellsTheLinesOfRowsThatMeetAnother) {
     m_base->Ejecuta(u"INSERT INTO TMPF518PDET (tip_doc_per, num_doc_per, num_serie_cp, num_cp, tip_cp) "
                     "VALUES (6, '20x', 'b001', '12', '')"_s);
     EXPECT_EQ(m_altas.Escribe(), QList<qint64>{12});
-    EXPECT_EQ(Lista(u"SELECT num_cp FROM TMPF518PDET ORDER BY rowid"_s), u"12|11|13"_s);
+    EXPECT_EQ(Lista(u"SELECT num_cp FROM TMPF518PDET ORDER BY "_s + m_base->NumeroDeFila(u"TMPF518PDET"_s)),
+              u"12|11|13"_s);
     EXPECT_EQ(m_altas.Escribe(), QList<qint64>()); // nothing is written twice
 }
 

@@ -35,9 +35,9 @@ TEST(ImportStore, TheDocumentTypeIsStoredByItsValueAndQuotesChangeNoStatement) {
     Escenario escenario;
     (void)escenario.Importa({LineaDe({{TipoDoc, u"07"_s}, {NumDoc, u"O'\""_s}, {ApellidoPaterno, u"D'\"A"_s}}),
                              LineaDe({{TipoDoc, u"1-"_s}}), LineaDe({{TipoDoc, {}}, {NumDoc, {}}})});
-    EXPECT_THAT(
-        escenario.base.Filas(u"SELECT tip_doc_per, num_doc_per, des_apellido_p FROM TMPF518PCAB ORDER BY rowid"_s),
-        ElementsAre(u"7|O'\"|D'\"A"_s, u"1|45678901|QUISPE"_s, u"0||QUISPE"_s));
+    EXPECT_THAT(escenario.base.Filas(u"SELECT tip_doc_per, num_doc_per, des_apellido_p FROM TMPF518PCAB ORDER BY "_s +
+                                     escenario.base->NumeroDeFila(u"TMPF518PCAB"_s)),
+                ElementsAre(u"7|O'\"|D'\"A"_s, u"1|45678901|QUISPE"_s, u"0||QUISPE"_s));
 }
 
 /// It may have been entered by hand, with its amount written in another way.
@@ -158,12 +158,14 @@ TEST(ImportStore, CashSales) {
     EXPECT_TRUE(BytesDeTexto(resultado.rutaErr).endsWith(" Registro Duplicado\n"));
     EXPECT_EQ(resultado.rechazados, 1);
     EXPECT_THAT(escenario.Cuenta(), ElementsAre(3, 4, 0));
-    EXPECT_THAT(escenario.base.Filas(u"SELECT * FROM TMPF518PDET ORDER BY rowid"_s),
-                ElementsAre(u"1|45678901|0001|00000123|01|1|1|0|15/10/2026|100.5|1.01|1.00"_s,
-                            u"1|45678901|0001|00000123|08|1|1|0|15/10/2026|100.5|1.01|1.00"_s,
-                            u"1|45678902|0001|00000123|01|1|1|0|15/10/2026|7|0.07|1.00"_s,
-                            u"6|20500000008|B001|00000123|03|0|1|0|15/10/2026|100.5|2.01|2.00"_s));
-    EXPECT_THAT(escenario.base.Filas(u"SELECT mto_base_p, mto_imp_p FROM TMPF518PCAB ORDER BY rowid"_s),
+    EXPECT_THAT(
+        escenario.base.Filas(u"SELECT * FROM TMPF518PDET ORDER BY "_s + escenario.base->NumeroDeFila(u"TMPF518PDET"_s)),
+        ElementsAre(u"1|45678901|0001|00000123|01|1|1|0|15/10/2026|100.5|1.01|1.00"_s,
+                    u"1|45678901|0001|00000123|08|1|1|0|15/10/2026|100.5|1.01|1.00"_s,
+                    u"1|45678902|0001|00000123|01|1|1|0|15/10/2026|7|0.07|1.00"_s,
+                    u"6|20500000008|B001|00000123|03|0|1|0|15/10/2026|100.5|2.01|2.00"_s));
+    EXPECT_THAT(escenario.base.Filas(u"SELECT mto_base_p, mto_imp_p FROM TMPF518PCAB ORDER BY "_s +
+                                     escenario.base->NumeroDeFila(u"TMPF518PCAB"_s)),
                 ElementsAre(u"201|2.02"_s, u"7|0.07"_s, u"100.5|2.01"_s));
 }
 

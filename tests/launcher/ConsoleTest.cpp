@@ -13,6 +13,7 @@
 #include "launcher/Sending.h"
 #include "platform/Clock.h"
 #include "platform/ProfileFile.h"
+#include "support/ServerInstallation.h"
 #include "support/TemporaryBase.h"
 
 #include <QTextStream>
@@ -32,12 +33,13 @@ class Console : public testing::Test {
         return EjecutaConsola(QStringList{u"consola"_s} + argumentos, {flujoSalida, flujoErrores},
                               {reloj, rutaIni, carpeta, u"CONTADOR"_s, {Formulario0518()}});
     }
-    QString RutaBase() const { return carpeta + u"/XA000.DB"_s; }
+    const QString& RutaBase() const { return lugar.Ruta(); }
     std::unique_ptr<Base> Abre() const { return Base::Abre(RutaBase()); }
 
     QTemporaryDir raiz;
     QString rutaIni;
     QString carpeta;
+    LugarDeInstalacion lugar{ArchivoPerfil(rutaIni), carpeta};
     QString salida;
     QString errores;
     RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
@@ -236,7 +238,7 @@ TEST_F(Console, DatabaseAndFileFailuresHaveTheirOwnCode) {
         EXPECT_EQ(Corre(envio), 3);
         EXPECT_TRUE(errores.contains(u"3051"_s)) << qPrintable(errores);
     }
-    Abre()->Ejecuta(u"PRAGMA user_version=99"_s);
+    Abre()->PonVersionDelEsquema(99);
     for (const QStringList& argumentos : {envio, QStringList{u"--instalar"_s}}) {
         EXPECT_EQ(Corre(argumentos), 3);
         EXPECT_TRUE(errores.contains(u"versión 99"_s)) << qPrintable(errores);

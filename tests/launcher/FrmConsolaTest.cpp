@@ -6,6 +6,7 @@
 #include "launcher/RowTable.h"
 #include "platform/Clock.h"
 #include "support/FormDriver.h"
+#include "support/ServerInstallation.h"
 #include "support/TemporaryBase.h"
 
 #include <QFrame>
@@ -61,7 +62,7 @@ class FrmConsolaTest : public testing::Test {
         return celdas.join(u'|');
     }
     [[nodiscard]] std::unique_ptr<Base> LaBase() const { return Base::Abre(RutaBase()); }
-    [[nodiscard]] QString RutaBase() const { return carpeta + u"/XA000.DB"_s; }
+    [[nodiscard]] const QString& RutaBase() const { return lugar.Ruta(); }
     void Graba(const QString& periodo, int estado) const { AgregaCabecera(*LaBase(), kRucMuestra, periodo, estado); }
     void Registra(const QString& secuencia, const QString& archivo) const {
         LaBase()->Ejecuta(u"INSERT INTO SPOOL VALUES ('PER006', ?, ?, '2026-11-21 09:05:00', 'CONTADOR', 6, ?)"_s,
@@ -73,6 +74,7 @@ class FrmConsolaTest : public testing::Test {
 
     QTemporaryDir raiz;
     QString carpeta{raiz.filePath(u"xa518"_s)};
+    LugarDeInstalacion lugar{ArchivoPerfil(raiz.filePath(u"XA000.INI"_s)), carpeta};
     QString programas{raiz.filePath(u"bin"_s)};
     RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
     EntornoConsola entorno{reloj, raiz.filePath(u"XA000.INI"_s), carpeta, u"CONTADOR"_s, {Formulario0518()}};

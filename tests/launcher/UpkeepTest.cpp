@@ -29,7 +29,7 @@ class SchemaTest : public testing::Test {
 class Backups : public testing::Test {
   protected:
     Backups() {
-        base->Ejecuta(u"PRAGMA user_version=%1"_s.arg(VersionDelEsquema(formularios)));
+        base->PonVersionDelEsquema(VersionDelEsquema(formularios));
         Graba(u"202609"_s);
     }
 
@@ -153,7 +153,7 @@ TEST_F(Backups, RefusesWhatIsNoSoundBaseOfThesePrograms) {
     const auto ajena = Base::Crea(base.Carpeta() + u"/ajena"_s);
     ajena->Ejecuta(u"CREATE TABLE T (A)"_s);
     const auto futura = CreaBase(base.Carpeta() + u"/futura"_s);
-    futura->Ejecuta(u"PRAGMA user_version=99"_s);
+    futura->PonVersionDelEsquema(99);
     const QStringList malas = {base.Carpeta() + u"/ausente"_s,
                                base.Carpeta(),
                                Archivo(u"texto"_s, "no soy una base"),

@@ -7,6 +7,23 @@
 
 namespace xa518::prueba {
 
+namespace {
+
+/// Name and type of a table's columns that can't be null.
+QString SqlDeExigidas() {
+    if (!HayServidorDePrueba())
+        return u"SELECT name, type FROM pragma_table_info(?) WHERE [notnull]=1"_s;
+    return u"SELECT attname::text, upper(pg_catalog.format_type(atttypid, NULL)) FROM pg_catalog.pg_attribute"
+           " WHERE attrelid = pg_catalog.to_regclass(?) AND attnum > 0 AND attnotnull AND attname::text <> 'alta'"_s;
+}
+
+bool EstaEn(const QMap<QString, QVariant>& valores, const QString& columna) {
+    const QStringList puestas = valores.keys();
+    return puestas.contains(columna, Qt::CaseInsensitive);
+}
+
+} // namespace
+
 std::unique_ptr<Base> CreaBase(const QString& ruta) {
     std::unique_ptr<Base> base = Base::Crea(ruta);
     const QDir fuentes(QStringLiteral(XA518_SOURCE_DIR));
@@ -25,20 +42,20 @@ std::unique_ptr<Base> CreaBase(const QString& ruta) {
     return base;
 }
 
-BaseTemporal::BaseTemporal() : m_base(CreaBase(Ruta())) {}
+BaseTemporal::BaseTemporal() : m_base(m_enServidor ? Base::Abre(Ruta()) : CreaBase(Ruta())) {}
 
 void BaseTemporal::Param(const QString& numero, const QString& argumento, const QString& funcion, int correl) const {
     m_base->Ejecuta(u"INSERT INTO PARAM VALUES (?,?,?,?)"_s, {numero, argumento, funcion, correl});
 }
 
 void BaseTemporal::Agrega(const QString& tabla, QMap<QString, QVariant> valores) const {
-    Registros exigidas = m_base->Lee(u"SELECT name, type FROM pragma_table_info(?) WHERE [notnull]=1"_s, {tabla});
+    Registros exigidas = m_base->Lee(SqlDeExigidas(), {tabla});
     while (exigidas.Siguiente()) {
         const QString columna = exigidas.Texto(0);
-        if (!valores.contains(columna))
-            valores[columna] = exigidas.Texto(1) == u"INTEGER" ? QVariant(6)
-                               : columna == u"Formulario"      ? QVariant(u"0518"_s)
-                                                               : QVariant(u"-"_s);
+        if (!EstaEn(valores, columna))
+            valores[columna] = exigidas.Texto(1) == u"INTEGER"                              ? QVariant(6)
+                               : columna.compare(u"Formulario"_s, Qt::CaseInsensitive) == 0 ? QVariant(u"0518"_s)
+                                                                                            : QVariant(u"-"_s);
     }
     m_base->Ejecuta(u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(tabla, valores.keys().join(u','),
                                                              QStringList(valores.size(), u"?"_s).join(u',')),
@@ -77,7 +94,7 @@ void AgregaCabecera(Base& base, const QString& ruc, const QString& periodo, int 
 QString Retrato(Base& base) {
     QString retrato;
     for (const QString& tabla : kTablas) {
-        Registros filas = base.Lee(u"SELECT * FROM %1 ORDER BY rowid"_s.arg(tabla));
+        Registros filas = base.Lee(u"SELECT * FROM %1 ORDER BY %2"_s.arg(tabla, base.NumeroDeFila(tabla)));
         while (filas.Siguiente()) {
             for (int i = 0; i < filas.Columnas(); ++i)
                 retrato += filas.Texto(i) + u'|';

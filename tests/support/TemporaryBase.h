@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/Base.h"
+#include "support/ServerBase.h"
 #include "support/Test.h"
 
 #include <memory>
@@ -10,7 +11,7 @@ namespace xa518::prueba {
 /// Makes a base with the shipped tables and nothing in them.
 std::unique_ptr<Base> CreaBase(const QString& ruta);
 
-/// A base in a folder of its own, gone with it.
+/// A base in a folder of its own, or on the server of the tests beside that folder, gone with it.
 class BaseTemporal {
   public:
     BaseTemporal();
@@ -18,7 +19,11 @@ class BaseTemporal {
     [[nodiscard]] Base& operator*() const { return *m_base; }
     [[nodiscard]] Base* operator->() const { return m_base.get(); }
     [[nodiscard]] QString Carpeta() const { return m_carpeta.path(); }
-    [[nodiscard]] QString Ruta() const { return m_carpeta.filePath(QStringLiteral("XA.DB")); }
+    /// The file, or the text of the connection.
+    [[nodiscard]] QString Ruta() const { return m_enServidor ? m_enServidor->Texto() : Archivo(); }
+    /// What the profile file says of it: the folder, empty on a server, and the name.
+    [[nodiscard]] QString DBPath() const { return m_enServidor ? QString() : Carpeta() + u'/'; }
+    [[nodiscard]] QString DBName() const { return m_enServidor ? m_enServidor->Texto() : QStringLiteral("XA.DB"); }
 
     void Param(const QString& numero, const QString& argumento, const QString& funcion, int correl = 0) const;
     /// A row of the columns that matter; the others that can't be null get something.
@@ -28,7 +33,10 @@ class BaseTemporal {
     [[nodiscard]] QStringList Filas(const QString& sql, const QVariantList& valores = {}) const;
 
   private:
+    [[nodiscard]] QString Archivo() const { return m_carpeta.filePath(QStringLiteral("XA.DB")); }
+
     QTemporaryDir m_carpeta;
+    std::unique_ptr<BaseEnServidor> m_enServidor = BaseEnServidor::ConTablas();
     std::unique_ptr<Base> m_base;
 };
 

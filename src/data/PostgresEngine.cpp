@@ -1,0 +1,411 @@
+#include "data/PostgresEngine.h"
+
+#include "data/PostgresConnection.h"
+#include "data/PostgresDialect.h"
+#include "data/RecordChecksum.h"
+#include "data/SqlTokens.h"
+#include "values/Text.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QFile>
+#include <QSqlDriver>
+#include <QSqlField>
+#include <QSqlQuery>
+#include <QUuid>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPrimeraVersion = 130000;
+constexpr qint64 kRelojesMs = 120'000;
+constexpr int kFilasPorTurno = 2000;
+constexpr std::chrono::milliseconds kCadaMirada{50};
+
+/// The locks that stand for the turn of those who give numbers, and, with the schema, for its work tables.
+constexpr const char* kTomaTurno = "SELECT pg_catalog.pg_advisory_xact_lock(22593, 1)";
+constexpr const char* kTomaTrabajo =
+    "SELECT pg_catalog.pg_try_advisory_lock(22594, pg_catalog.hashtext(pg_catalog.current_schema()::text))";
+
+constexpr const char* kSueltaTrabajo =
+    "SELECT pg_catalog.pg_advisory_unlock(22594, pg_catalog.hashtext(pg_catalog.current_schema()::text))";
+
+/// The server notices within a minute that a machine is gone, and lets its locks go.
+const QString& AtencionDelServidor() {
+    static const QString opciones =
+        u"-c tcp_keepalives_idle=30 -c tcp_keepalives_interval=10 -c tcp_keepalives_count=3"_s;
+    return opciones;
+}
+
+QString PrimeraPalabra(const QString& sql) {
+    const QStringList fichas = Fichas(sql);
+    const qsizetype primera = SiguienteFicha(fichas, -1, 1);
+    return primera < fichas.size() ? fichas[primera].toUpper() : QString();
+}
+
+QByteArrayView Valor(const PGresult* filas, int fila, int columna) {
+    return {PQgetvalue(filas, fila, columna), PQgetlength(filas, fila, columna)};
+}
+
+QString LeeSql(const QString& ruta) {
+    QFile archivo(ruta);
+    if (!archivo.open(QIODevice::ReadOnly))
+        throw ErrorBase(NumeroError::ArchivoNoEncontrado, u"No se puede leer '%1'."_s.arg(ruta));
+    return QString::fromUtf8(archivo.readAll());
+}
+
+/// Puts a row that was read, and behind it the checksum of what it holds.
+void PonConChecksum(EntradaDeFilas& entrada, const PGresult* filas, int fila, int primeros) {
+    Checksum checksum;
+    for (int columna = 0; columna < PQnfields(filas); ++columna) {
+        const QString texto = QString::fromUtf8(Valor(filas, fila, columna));
+        if (columna < primeros)
+            checksum.Numero(texto);
+        else
+            checksum.Texto(texto);
+        if (PQgetisnull(filas, fila, columna) != 0)
+            entrada.PonNulo();
+        else
+            entrada.Pon(Valor(filas, fila, columna));
+    }
+    entrada.Pon(checksum.Digitos().toUtf8());
+    entrada.CierraFila();
+}
+
+} // namespace
+
+MotorPostgres::MotorPostgres() : m_nombre(QUuid::createUuid().toString(QUuid::WithoutBraces)) {}
+
+MotorPostgres::~MotorPostgres() {
+    QSqlDatabase::removeDatabase(m_nombre);
+}
+
+void MotorPostgres::Abre(const LugarDeBase& lugar, ModoApertura modo) {
+    if (!QSqlDatabase::isDriverAvailable(u"QPSQL"_s))
+        throw ErrorBase(NumeroError::MotorAjeno,
+                        u"Para trabajar con un servidor falta instalar el paquete libqt6sql6-psql."_s);
+    m_lugar = lugar;
+    m_parametros = LeeConexion(lugar.ruta);
+    Parametros parametros = m_parametros;
+    parametros.insert(u"client_encoding"_s, u"UTF8"_s);
+    parametros.insert(u"options"_s, (AtencionDelServidor() + u' ' + parametros.value(u"options"_s)).trimmed());
+    for (const auto& [clave, valor] : {std::pair{u"connect_timeout"_s, u"10"_s},
+                                       {u"tcp_user_timeout"_s, u"30000"_s},
+                                       {u"application_name"_s, QCoreApplication::applicationName()}}) {
+        if (!parametros.contains(clave))
+            parametros.insert(clave, valor);
+    }
+    QSqlDatabase conexion = QSqlDatabase::addDatabase(u"QPSQL"_s, m_nombre);
+    conexion.setNumericalPrecisionPolicy(QSql::HighPrecision);
+    conexion.setConnectOptions(TextoDeConexion(parametros));
+    Conecta();
+    ExigeServidor();
+    PreparaContenido(modo);
+    Viste();
+}
+
+void MotorPostgres::Conecta() {
+    if (!Conexion().open())
+        throw FallaAlConectar(m_parametros);
+}
+
+void MotorPostgres::Reconecta() {
+    Conecta();
+    Viste();
+}
+
+void MotorPostgres::ExigeServidor() const {
+    const int version = PQserverVersion(Manija());
+    if (version < kPrimeraVersion)
+        throw ErrorDeServidor(
+            FallaDeServidor::Antiguo,
+            u"El servidor es PostgreSQL %1, y estos programas necesitan la versión 13 o una posterior."_s.arg(version /
+                                                                                                              10000));
+    const ResultadoPg filas = Pide(Manija(), u"SELECT pg_catalog.current_setting('server_encoding')"_s);
+    if (Valor(filas.get(), 0, 0) != "UTF8")
+        throw ErrorDeServidor(
+            FallaDeServidor::BaseAjena,
+            u"La base de datos del servidor no guarda los textos en UTF-8: hay que crearla de nuevo."_s);
+    ExigeReloj();
+}
+
+/// What two seats write carries the time of each.
+void MotorPostgres::ExigeReloj() const {
+    const ResultadoPg fila =
+        Pide(Manija(), u"SELECT (extract(epoch FROM pg_catalog.clock_timestamp()) * 1000)::bigint"_s);
+    const qint64 servidor = Valor(fila.get(), 0, 0).toByteArray().toLongLong();
+    const qint64 diferencia = QDateTime::currentMSecsSinceEpoch() - servidor;
+    if (std::abs(diferencia) > kRelojesMs)
+        throw ErrorDeServidor(
+            FallaDeServidor::Reloj,
+            u"El reloj de este equipo y el del servidor difieren en %1 minutos: corrija la hora antes de trabajar."_s
+                .arg(std::abs(diferencia) / 60'000));
+}
+
+/// A database of these programs has their two schemas; a new one has nothing.
+void MotorPostgres::PreparaContenido(ModoApertura modo) const {
+    const ResultadoPg fila = Pide(
+        Manija(), u"SELECT pg_catalog.to_regnamespace('familia') IS NOT NULL, EXISTS(SELECT 1 FROM"
+                  " pg_catalog.pg_class AS c JOIN pg_catalog.pg_namespace AS n ON n.oid = c.relnamespace"
+                  " WHERE n.nspname <> 'information_schema' AND n.nspname NOT LIKE 'pg\\_%' AND NOT EXISTS(SELECT 1"
+                  " FROM pg_catalog.pg_depend AS d WHERE d.objid = c.oid AND d.deptype = 'e'))"_s);
+    const bool esNuestra = Valor(fila.get(), 0, 0) == "t";
+    const bool estaOcupada = Valor(fila.get(), 0, 1) == "t";
+    if (!esNuestra && estaOcupada)
+        throw ErrorDeServidor(
+            FallaDeServidor::BaseAjena,
+            u"La base de datos del servidor guarda otras cosas: estos programas necesitan una para ellos solos."_s);
+    if (!esNuestra && modo == ModoApertura::Existente)
+        throw ErrorDeServidor(FallaDeServidor::SinBase,
+                              u"La base de datos del servidor está vacía. Ejecute consola --instalar."_s);
+    if (esNuestra && modo == ModoApertura::Nueva)
+        throw ErrorBase(NumeroError::AccesoAlDisco, u"La base de datos del servidor ya está instalada."_s);
+    if (modo != ModoApertura::Existente)
+        Instala();
+}
+
+/// Two installers may run at once.
+void MotorPostgres::Instala() const {
+    Pide(Manija(), u"BEGIN"_s);
+    try {
+        Pide(Manija(), QString::fromLatin1(kTomaTurno));
+        Pide(Manija(), LeeSql(u":/postgres/dialecto.sql"_s));
+        Pide(Manija(), u"COMMIT"_s);
+    } catch (const ErrorBase&) {
+        PQclear(PQexec(Manija(), "ROLLBACK"));
+        throw;
+    }
+}
+
+/// Everything that a connection needs, when it is opened and when it is opened again.
+void MotorPostgres::Viste() const {
+    const QString trabajo = m_lugar.trabajo ? m_lugar.trabajo->Nombre() + u", "_s : QString();
+    Pide(Manija(), u"SET search_path = %1familia, dialecto, pg_catalog, pg_temp;"
+                   " SET default_transaction_isolation = 'read committed'; SET lock_timeout = '5s';"
+                   " SET client_min_messages = warning"_s.arg(trabajo));
+}
+
+QSqlDatabase MotorPostgres::Conexion() const {
+    return QSqlDatabase::database(m_nombre, false);
+}
+
+PGconn* MotorPostgres::Manija() const {
+    const QVariant manija = Conexion().driver()->handle();
+    return manija.isValid() ? *static_cast<PGconn* const*>(manija.constData()) : nullptr;
+}
+
+QString MotorPostgres::Traduce(const QString& sql) const {
+    return TraduceAPostgres(sql);
+}
+
+std::exception_ptr MotorPostgres::FallaDe(const QSqlError& error) const {
+    const QString motor = error.databaseText().trimmed();
+    if (EstaPerdida())
+        return std::make_exception_ptr(ConexionPerdida(motor));
+    return std::make_exception_ptr(ErrorDeEstado(error.nativeErrorCode(), motor));
+}
+
+void MotorPostgres::PonVigia(Vigia vigia) {
+    m_vigia = std::move(vigia);
+    m_filas = 0;
+}
+
+/// Read committed, and the lock as a statement of its own: what is read behind it sees what its last holder wrote.
+QStringList MotorPostgres::SqlComienza(Turno turno) const {
+    QStringList comienzo{u"BEGIN"_s};
+    if (turno == Turno::DeTodos)
+        comienzo.append(QString::fromLatin1(kTomaTurno));
+    return comienzo;
+}
+
+/// Who wrote last is this connection or another one, which will be the first to change it back.
+QString MotorPostgres::SqlVersion() const {
+    return u"SELECT veces + CASE WHEN escritor = pg_backend_pid() THEN 0 ELSE 1 END FROM cambios"_s;
+}
+
+QString MotorPostgres::SqlVersionDelEsquema() const {
+    return u"SELECT version FROM version_esquema"_s;
+}
+
+QString MotorPostgres::SqlPonVersionDelEsquema(int version) const {
+    return u"UPDATE version_esquema SET version = %1"_s.arg(version);
+}
+
+QList<size_t> MotorPostgres::AgregaFilas(const FilasNuevas& filas) {
+    if (PQtransactionStatus(Manija()) != PQTRANS_INTRANS)
+        throw ErrorBase(NumeroError::AccesoAlDisco, u"La base de datos no pudo hacer lo que se le pidió."_s);
+    QList<size_t> rechazadas = AltaPostgres(Manija(), filas);
+    m_filas += static_cast<qint64>(filas.Cuantas());
+    return rechazadas;
+}
+
+/// The rows come here and go back: the reckoning of a checksum is a rule of these programs, and so is when it
+/// overflows.
+void MotorPostgres::CopiaConChecksum(Base& base, const CopiaDeFilas& copia, int primeros) {
+    const Tabla& tabla = base.Describe(copia.tabla);
+    const CamposDeCopia campos(tabla, copia);
+    QStringList columnas;
+    for (const Columna& columna : tabla.columnas)
+        columnas.append(columna.nombre);
+    const QString sql = u"SELECT %1 %2"_s.arg(campos.expresiones.join(u", "_s), copia.desde);
+    const QString lectura = u"copia_%1"_s.arg(++m_lecturas);
+    Pide(Manija(),
+         u"DECLARE %1 NO SCROLL CURSOR FOR %2"_s.arg(lectura, ConLiterales(sql, campos.valores + copia.valores)));
+    int leidas = kFilasPorTurno;
+    while (leidas == kFilasPorTurno) {
+        const ResultadoPg filas = Pide(Manija(), u"FETCH %1 FROM %2"_s.arg(kFilasPorTurno).arg(lectura));
+        leidas = PQntuples(filas.get());
+        EntradaDeFilas entrada(Manija(), copia.tabla, columnas);
+        for (int fila = 0; fila < leidas; ++fila)
+            PonConChecksum(entrada, filas.get(), fila, primeros);
+        entrada.Termina();
+        m_filas += leidas;
+        if (!Sigue())
+            throw ErrorDeEstado(u"57014"_s, {});
+    }
+    Pide(Manija(), u"CLOSE "_s + lectura);
+}
+
+QString MotorPostgres::SqlColumnas(const QString& tabla) const {
+    return u"SELECT attname::text, pg_catalog.format_type(atttypid, NULL) FROM pg_catalog.pg_attribute"
+           " WHERE attrelid = pg_catalog.to_regclass('%1') AND attnum > 0 AND NOT attisdropped"
+           " AND attname::text <> '%2' ORDER BY pg_attribute.attnum::integer"_s.arg(tabla, ColumnaDeAlta());
+}
+
+QString MotorPostgres::NumeroDeFila(const QString& tabla) const {
+    return tabla + u'.' + ColumnaDeAlta();
+}
+
+QString MotorPostgres::SqlEnOrdenDeAlta(const QString& tabla, const QString& condicion) const {
+    return u"FROM %1 %2 ORDER BY %3"_s.arg(tabla, condicion, ColumnaDeAlta());
+}
+
+QString MotorPostgres::SqlUnidas(const QStringList& columnas) const {
+    return u"CAST(pg_catalog.json_build_array("_s + columnas.join(u", "_s) + u") AS text)"_s;
+}
+
+void MotorPostgres::CopiaEn(const QString& /*archivo*/) {
+    throw ErrorBase(NumeroError::MotorAjeno,
+                    u"La base de datos está en un servidor: sus copias se hacen con los programas del servidor."_s);
+}
+
+void MotorPostgres::ExigeSola() {
+    const ResultadoPg fila =
+        Pide(Manija(), u"SELECT count(*) FROM pg_catalog.pg_stat_activity WHERE datname OPERATOR(pg_catalog.=)"
+                       " pg_catalog.current_database() AND pid <> pg_catalog.pg_backend_pid()"_s);
+    if (Valor(fila.get(), 0, 0) != "0")
+        throw ErrorBase(NumeroError::BaseBloqueada, u"La base de datos está ocupada por otro programa."_s);
+}
+
+/// Neither a transaction's words nor those that make tables can be prepared.
+bool MotorPostgres::SePrepara(const QString& sql) const {
+    static const QStringList preparables{u"SELECT"_s, u"INSERT"_s, u"UPDATE"_s, u"DELETE"_s, u"WITH"_s, u"VALUES"_s};
+    return preparables.contains(PrimeraPalabra(sql)) && !LeePorPartes(sql);
+}
+
+bool MotorPostgres::LeePorPartes(const QString& sql) const {
+    return m_memoria == Memoria::Corta && PrimeraPalabra(sql) == u"SELECT";
+}
+
+bool MotorPostgres::CorreSinPreparar(QSqlQuery& consulta, const QString& sql, const QVariantList& valores) {
+    const QString texto = ConLiterales(sql, valores);
+    if (!LeePorPartes(sql))
+        return consulta.exec(texto);
+    const QString lectura = u"lectura_%1"_s.arg(++m_lecturas);
+    return consulta.exec(u"DECLARE %1 NO SCROLL CURSOR WITH HOLD FOR %2"_s.arg(lectura, texto)) &&
+           consulta.exec(u"FETCH %1 FROM %2"_s.arg(kFilasPorTurno).arg(lectura));
+}
+
+bool MotorPostgres::TraeMas(QSqlQuery& consulta) {
+    const QString texto = consulta.lastQuery();
+    const bool hayMas = texto.startsWith("FETCH "_L1) && consulta.size() == kFilasPorTurno;
+    return hayMas && consulta.exec(texto) && consulta.next();
+}
+
+void MotorPostgres::Suelta(QSqlQuery& consulta) noexcept {
+    const QString texto = consulta.lastQuery();
+    if (texto.startsWith("FETCH "_L1) && !EstaPerdida())
+        consulta.exec(u"CLOSE "_s + texto.section(u' ', -1));
+}
+
+/// Only what may take long and can be undone is watched.
+std::optional<int> MotorPostgres::EjecutaConVigia(const QString& sql, const QVariantList& valores) {
+    static const QStringList vigiladas{u"INSERT"_s, u"UPDATE"_s, u"DELETE"_s};
+    if (!m_vigia || EstaPerdida() || !vigiladas.contains(PrimeraPalabra(sql)))
+        return std::nullopt;
+    if (PQsendQuery(Manija(), ConLiterales(sql, valores).toUtf8().constData()) == 0)
+        throw ConexionPerdida(QString::fromUtf8(PQerrorMessage(Manija())).trimmed());
+    const ResultadoPg resultado = EsperaFin();
+    if (EstaPerdida())
+        throw ConexionPerdida(QString::fromUtf8(PQerrorMessage(Manija())).trimmed());
+    const ExecStatusType estado = PQresultStatus(resultado.get());
+    if (estado != PGRES_COMMAND_OK && estado != PGRES_TUPLES_OK)
+        throw ErrorDeResultado(resultado.get());
+    const int cambiadas = QByteArray(PQcmdTuples(resultado.get())).toInt();
+    m_filas += cambiadas;
+    return cambiadas;
+}
+
+ResultadoPg MotorPostgres::EsperaFin() const {
+    bool cortada = false;
+    while (PQisBusy(Manija()) != 0) {
+        if (!Sigue() && !std::exchange(cortada, true)) {
+            const std::unique_ptr<PGcancel, decltype(&PQfreeCancel)> corte(PQgetCancel(Manija()), PQfreeCancel);
+            std::array<char, 256> queja{};
+            PQcancel(corte.get(), queja.data(), static_cast<int>(queja.size()));
+        }
+        (void)EsperaEnLinea(Manija(), Espera::Lectura, kCadaMirada);
+        if (PQconsumeInput(Manija()) == 0)
+            break;
+    }
+    ResultadoPg resultado(PQgetResult(Manija()));
+    while (const ResultadoPg resto{PQgetResult(Manija())}) {
+    }
+    return resultado;
+}
+
+/// A transaction in which a statement failed would be undone without a word.
+void MotorPostgres::ExigeConfirmable() const {
+    if (!EstaPerdida() && PQtransactionStatus(Manija()) == PQTRANS_INERROR)
+        throw ErrorBase(NumeroError::FallaDelMotor, u"La base de datos no pudo hacer lo que se le pidió."_s);
+}
+
+bool MotorPostgres::EstaPerdida() const {
+    return !Conexion().isOpen() || PQstatus(Manija()) == CONNECTION_BAD;
+}
+
+std::optional<bool> MotorPostgres::TomaTrabajo() {
+    const ResultadoPg fila = Pide(Manija(), QString::fromLatin1(kTomaTrabajo));
+    return Valor(fila.get(), 0, 0) == "t";
+}
+
+void MotorPostgres::SueltaTrabajo() noexcept {
+    if (!EstaPerdida())
+        PQclear(PQexec(Manija(), kSueltaTrabajo));
+}
+
+/// The text for the server with each value written where its `?` stands.
+QString MotorPostgres::ConLiterales(const QString& sql, const QVariantList& valores) const {
+    QStringList fichas = Fichas(TraduceAPostgres(sql));
+    qsizetype siguiente = 0;
+    for (QString& ficha : fichas) {
+        if (ficha != u"?" || siguiente >= valores.size())
+            continue;
+        QVariant valor = valores[siguiente++];
+        if (!valor.isValid()) {
+            ficha = u"NULL"_s;
+            continue;
+        }
+        if (valor.metaType() == QMetaType::fromType<QString>() && valor.toString().isNull())
+            valor = u""_s; // a text is never null
+        QSqlField campo(QString(), valor.metaType());
+        campo.setValue(valor);
+        ficha = Conexion().driver()->formatValue(campo);
+    }
+    return fichas.join(QString());
+}
+
+} // namespace xa518

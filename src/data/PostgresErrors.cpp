@@ -1,0 +1,209 @@
+#include "data/PostgresErrors.h"
+
+#include "data/PostgresConnection.h"
+
+#include <QHash>
+
+#ifdef Q_OS_WIN
+#include <winsock2.h>
+#include <ws2tcpip.h>
+#else
+#include <netdb.h>
+#endif
+
+#include <memory>
+
+namespace xa518 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What the messages know; the other states are told by their class alone.
+struct Conocido {
+    NumeroError numero;
+    QString texto;
+};
+
+const QHash<QString, Conocido>& Conocidos() {
+    static const QString ocupada = u"La base de datos está ocupada por otro programa."_s;
+    static const QHash<QString, Conocido> conocidos = {
+        {u"23505"_s, {NumeroError::ClaveDuplicada, u"La base de datos no admite uno de los datos."_s}},
+        {u"42P01"_s, {NumeroError::TablaNoExiste, u"A la base de datos le falta una tabla."_s}},
+        {u"3F000"_s, {NumeroError::TablaNoExiste, u"A la base de datos le falta una tabla."_s}},
+        {u"42703"_s, {NumeroError::CampoNoExiste, u"A una tabla de la base de datos le falta una columna."_s}},
+        {u"42501"_s, {NumeroError::BaseBloqueada, u"La cuenta del servidor no tiene permiso para hacerlo."_s}},
+        {u"25006"_s, {NumeroError::BaseBloqueada, u"La base de datos es de sólo lectura."_s}},
+        {u"55P03"_s, {NumeroError::BaseBloqueada, ocupada}},
+        {u"40001"_s, {NumeroError::BaseBloqueada, ocupada}},
+        {u"40P01"_s, {NumeroError::BaseBloqueada, ocupada}},
+        {u"57014"_s, {NumeroError::BaseBloqueada, u"El servidor interrumpió la operación."_s}},
+        {u"53300"_s, {NumeroError::BaseBloqueada, u"El servidor no admite más conexiones."_s}},
+        {u"53100"_s, {NumeroError::AccesoAlDisco, u"El disco del servidor está lleno."_s}},
+        {u"58030"_s, {NumeroError::AccesoAlDisco, u"El disco del servidor falló."_s}},
+        {u"22003"_s, {NumeroError::Desbordamiento, Desbordamiento().Texto()}},
+    };
+    return conocidos;
+}
+
+QString ExplicacionDeClase(const QString& estado) {
+    if (estado.startsWith("22"_L1) || estado.startsWith("23"_L1))
+        return u"La base de datos no admite uno de los datos."_s;
+    if (estado.startsWith("53"_L1))
+        return u"Al servidor de la base de datos le faltan recursos."_s;
+    if (estado.startsWith("XX"_L1))
+        return u"La base de datos del servidor está dañada."_s;
+    return u"La base de datos no pudo hacer lo que se le pidió."_s;
+}
+
+constexpr std::chrono::seconds kEsperaDeConexion{10};
+
+struct CierraConexion {
+    void operator()(PGconn* conexion) const { PQfinish(conexion); }
+};
+using Conexion = std::unique_ptr<PGconn, CierraConexion>;
+
+/// Tried anew with the server's code in its words, which the driver doesn't hand on.
+Conexion Intenta(const Parametros& parametros) {
+    Conexion conexion(PQconnectStart(TextoDeConexion(parametros).toUtf8().constData()));
+    PQsetErrorVerbosity(conexion.get(), PQERRORS_VERBOSE);
+    PostgresPollingStatusType paso = PGRES_POLLING_WRITING;
+    while (PQstatus(conexion.get()) != CONNECTION_BAD && paso != PGRES_POLLING_OK && paso != PGRES_POLLING_FAILED) {
+        if (!EsperaEnLinea(conexion.get(), paso == PGRES_POLLING_READING ? Espera::Lectura : Espera::Escritura,
+                           kEsperaDeConexion))
+            break; // as long as the driver had waited before
+        paso = PQconnectPoll(conexion.get());
+    }
+    return conexion;
+}
+
+/// The five characters before the first colon behind the severity: "FATAL:  28P01: ...".
+QString EstadoEn(const QString& motor) {
+    for (const QString& palabra : motor.split(u' ', Qt::SkipEmptyParts)) {
+        const bool esEstado = palabra.size() == 6 && palabra.endsWith(u':') && palabra.front().isDigit();
+        if (esEstado)
+            return palabra.chopped(1);
+    }
+    return {};
+}
+
+bool EsDeSocket(const QString& equipo) {
+    return equipo.isEmpty() || equipo.startsWith(u'/') || equipo.startsWith(u'@');
+}
+
+bool SeConoce(const QString& equipo) {
+    addrinfo* direcciones = nullptr;
+    const bool conocido = getaddrinfo(equipo.toUtf8().constData(), nullptr, nullptr, &direcciones) == 0;
+    if (direcciones != nullptr)
+        freeaddrinfo(direcciones);
+    return conocido;
+}
+
+/// Whether something that speaks as a server does answers there, ciphered or not.
+bool Responde(Parametros parametros) {
+    parametros[u"sslmode"_s] = u"prefer"_s;
+    const PGPing eco = PQping(TextoDeConexion(parametros).toUtf8().constData());
+    return eco == PQPING_OK || eco == PQPING_REJECT;
+}
+
+ErrorDeServidor SinRespuesta(const Parametros& parametros, const QString& motor) {
+    const QString equipo = parametros.value(u"host"_s, parametros.value(u"hostaddr"_s));
+    const QString puerto = parametros.value(u"port"_s, u"5432"_s);
+    if (!EsDeSocket(equipo) && !SeConoce(equipo))
+        return {FallaDeServidor::Equipo,
+                u"No se conoce ningún equipo '%1': revise el nombre del servidor en XA000.INI."_s.arg(equipo), motor};
+    const bool pideCifrado =
+        QStringList{u"require"_s, u"verify-ca"_s, u"verify-full"_s}.contains(parametros.value(u"sslmode"_s));
+    if (pideCifrado && Responde(parametros))
+        return {FallaDeServidor::SinCifrado,
+                u"El servidor '%1' no ofrece la conexión cifrada que pide sslmode=%2, o su certificado no es el"
+                " esperado."_s.arg(equipo, parametros.value(u"sslmode"_s)),
+                motor};
+    return {FallaDeServidor::Puerto,
+            u"El servidor de la base de datos no responde en '%1', puerto %2: revise que esté encendido, el puerto y la"
+            " red."_s.arg(equipo, puerto),
+            motor};
+}
+
+} // namespace
+
+Parametros LeeConexion(const QString& texto) {
+    char* queja = nullptr;
+    const std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)> opciones(
+        PQconninfoParse(texto.toUtf8().constData(), &queja), PQconninfoFree);
+    const std::unique_ptr<char, decltype(&PQfreemem)> suQueja(queja, PQfreemem);
+    if (!opciones)
+        throw ErrorDeServidor(FallaDeServidor::Texto,
+                              u"El texto de conexión '%1' no es el de ningún servidor."_s.arg(texto),
+                              QString::fromUtf8(queja));
+    Parametros parametros;
+    for (const PQconninfoOption* opcion = opciones.get(); opcion->keyword != nullptr; ++opcion) {
+        if (opcion->val != nullptr)
+            parametros.insert(QString::fromUtf8(opcion->keyword), QString::fromUtf8(opcion->val));
+    }
+    if (parametros.contains(u"password"_s))
+        throw ErrorDeServidor(
+            FallaDeServidor::Texto,
+            u"La contraseña del servidor no se escribe en XA000.INI: póngala en el archivo .pgpass del"
+            " usuario."_s);
+    const QStringList nombran{u"host"_s, u"hostaddr"_s, u"service"_s};
+    if (std::none_of(nombran.begin(), nombran.end(), [&](const QString& clave) { return parametros.contains(clave); }))
+        throw ErrorDeServidor(
+            FallaDeServidor::Texto,
+            u"El texto de conexión '%1' no nombra ningún servidor: le falta host o service."_s.arg(texto));
+    return parametros;
+}
+
+QString TextoDeConexion(const Parametros& parametros) {
+    QStringList partes;
+    for (const auto& [clave, valor] : parametros.asKeyValueRange()) {
+        QString escrito = valor;
+        escrito.replace(u'\\', u"\\\\"_s).replace(u'\'', u"\\'"_s);
+        partes.append(u"%1='%2'"_s.arg(clave, escrito));
+    }
+    return partes.join(u' ');
+}
+
+ErrorDeServidor FallaAlConectar(const Parametros& parametros) {
+    const Conexion conexion = Intenta(parametros);
+    const QString motor = QString::fromUtf8(PQerrorMessage(conexion.get())).trimmed();
+    const QString estado = EstadoEn(motor);
+    const QString usuario = QString::fromUtf8(PQuser(conexion.get()));
+    if (estado == u"3D000")
+        return {FallaDeServidor::SinBase,
+                u"El servidor no tiene la base de datos '%1': revise dbname en XA000.INI."_s.arg(
+                    QString::fromUtf8(PQdb(conexion.get()))),
+                motor};
+    if (estado.startsWith("28"_L1) || PQconnectionNeedsPassword(conexion.get()) != 0)
+        return {
+            FallaDeServidor::Cuenta,
+            u"El servidor no admite al usuario '%1' o su contraseña: revise el usuario en XA000.INI y la contraseña en"
+            " el archivo .pgpass."_s.arg(usuario),
+            motor};
+    if (!estado.isEmpty())
+        return {FallaDeServidor::Puerto,
+                u"El servidor no admite la conexión. "_s + ErrorDeEstado(estado, motor).Texto(), motor};
+    return SinRespuesta(parametros, motor);
+}
+
+ErrorBase ErrorDeEstado(const QString& estado, const QString& motor) {
+    const auto conocido = Conocidos().constFind(estado);
+    if (conocido != Conocidos().cend())
+        return {conocido->numero, conocido->texto, motor};
+    return {NumeroError::FallaDelMotor, ExplicacionDeClase(estado), estado + u' ' + motor};
+}
+
+ErrorBase ErrorDeResultado(const PGresult* resultado) {
+    return ErrorDeEstado(QString::fromLatin1(PQresultErrorField(resultado, PG_DIAG_SQLSTATE)),
+                         QString::fromUtf8(PQresultErrorMessage(resultado)).trimmed());
+}
+
+ErrorDeServidor ConexionPerdida(const QString& motor) {
+    return {
+        FallaDeServidor::Perdida,
+        u"Se perdió la conexión con el servidor de la base de datos. Lo que estaba por grabarse no quedó grabado; lo"
+        " anterior está a salvo. Repita lo último que hizo: el programa volverá a conectarse."_s,
+        motor};
+}
+
+} // namespace xa518
