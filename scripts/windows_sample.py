@@ -10,6 +10,7 @@ exit codes as they are. Paths differ, and are made alike first, and so does the 
 import contextlib
 import os
 import pathlib
+import platform
 import re
 import shutil
 import sqlite3
@@ -77,6 +78,8 @@ class System:
         text = text.replace("\\\\", "/").replace("\\", "/")
         text = re.sub(r"(?<=: )\S*XA000\.INI", "INI", text)  # Windows is asked for the file by its bare name
         text = re.sub(r"XA000-\d{8}-\d{6}", "XA000-MOMENT", text)
+        if text.lower() == platform.node().lower():  # Windows may spell it in capitals
+            return "MACHINE"
         text = re.sub(r"^\d{4}-\d\d-\d\d \d\d:\d\d:\d\d$", "MOMENT", text)
         text = re.sub(r"^[0-9a-f]{8}(-[0-9a-f]{4}){3}-[0-9a-f]{12}$", "MARK", text)
         for path, name in ((self.installed, "INSTALLED"), (self._folder, "FOLDER")):
