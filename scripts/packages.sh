@@ -49,6 +49,9 @@ packages_windows=(
   wine64 # runs what comes out
   python3
   poppler-utils # reads printed pages back
+  xvfb # the programs with windows are tried on a screen of the tests' own
+  openbox
+  xdotool
 )
 
 packages_windows_libraries=(

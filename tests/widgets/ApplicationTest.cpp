@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPainter>
+#include <QPalette>
 #include <QPushButton>
 #include <QTest>
 #include <QTextDocument>
@@ -169,6 +170,15 @@ TEST(NoticeBoxesTest, AQuestionIsAnsweredByItsButtonsOnly) {
 }
 
 /// The sign for what doesn't fit in a bar comes late, and is the desktop's own.
+/// Whatever the desktop thinks of it: otherwise Modificar and Eliminar act on a row that can't be told from the others.
+TEST(ApplicationTest, AMarkedRowShowsWhereverTheKeyboardIs) {
+    QPalette delEscritorio(Qt::lightGray);
+    delEscritorio.setColor(QPalette::Active, QPalette::Highlight, Qt::darkBlue);
+    delEscritorio.setColor(QPalette::Inactive, QPalette::Highlight, Qt::lightGray);
+    QApplication::style()->polish(delEscritorio);
+    EXPECT_EQ(delEscritorio.color(QPalette::Inactive, QPalette::Highlight), QColor(Qt::darkBlue));
+}
+
 TEST(ApplicationTest, ABarThatIsTooShortSaysSoAsTheDesktopDoes) {
     const QStyle* estilo = QApplication::style();
     const auto* deLaCasa = qobject_cast<const EstiloDeLaCasa*>(estilo);
