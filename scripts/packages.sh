@@ -16,6 +16,7 @@ packages_build=(
   libsodium-dev
   libfccp-dev
   fonts-liberation # the print-outs' fixed-width letter
+  libpq5 # its licence goes with the programs
 )
 
 packages_test=(
@@ -46,6 +47,10 @@ packages_windows=(
   wine64 # runs what comes out
   python3
   poppler-utils # reads printed pages back
+)
+
+packages_windows_package=(
+  nsis # makes the installer
 )
 
 packages_windows_libraries=(
