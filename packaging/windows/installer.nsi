@@ -53,11 +53,17 @@ VIAddVersionKey /LANG=0 LegalCopyright ""
 !define MUI_ICON "${ICONS}\consola.ico"
 !define MUI_UNICON "${ICONS}\consola.ico"
 !define MUI_ABORTWARNING
+!define MUI_WELCOMEPAGE_TITLE "${NAME} ${VERSION}"
 !define MUI_WELCOMEPAGE_TEXT "Se instalará la consola de presentaciones con el módulo 0518 y xa518-lote.$\r$\n$\r$\nSi ya hay una versión instalada se pone ésta en su lugar. La base de datos, las declaraciones y las copias de respaldo no se tocan.$\r$\n$\r$\nCierre antes la consola y el módulo."
 !insertmacro MUI_PAGE_WELCOME
+!define MULTIUSER_INSTALLMODEPAGE_TEXT_TOP "Elija para quién se instalan los programas."
+!define MULTIUSER_INSTALLMODEPAGE_TEXT_ALLUSERS "Para todos los usuarios de este equipo"
+!define MULTIUSER_INSTALLMODEPAGE_TEXT_CURRENTUSER "Sólo para mí"
 !insertmacro MULTIUSER_PAGE_INSTALLMODE
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
+!define MUI_FINISHPAGE_TITLE "La instalación terminó"
+!define MUI_FINISHPAGE_TEXT "Los programas están en el menú Inicio, en '${NAME}'."
 !define MUI_FINISHPAGE_RUN "$INSTDIR\consola.exe"
 !define MUI_FINISHPAGE_RUN_TEXT "Abrir la consola de presentaciones"
 !define MUI_FINISHPAGE_NOREBOOTSUPPORT

@@ -32,6 +32,7 @@ frmAcercade::frmAcercade(QWidget* padre) : Forma(padre), m_ui(std::make_unique<U
     connect(m_ui->cmdLicencias, &QPushButton::clicked, this, [this] { MuestraLicencias(); });
     m_ui->cmdLicencias->setEnabled(!PaginaDeLicencias().isEmpty());
     Prepara({m_ui->cmdAceptar});
+    m_ui->cmdAceptar->setFocus(); // Enter closes the box, as it does without the other button
 }
 
 frmAcercade::~frmAcercade() = default;
