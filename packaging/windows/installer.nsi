@@ -181,9 +181,14 @@ Function un.onInit
   !insertmacro MULTIUSER_UNINIT
 FunctionEnd
 
-; Where the data lie, as the programs themselves are told.
+; Where the data lie, as the programs themselves are told: by the person's own file where the account may not write the shared
+; one.
 Function un.NombraDatos
-  ReadINIStr $Datos "XA000.INI" "Options" "SysPath"
+  ReadEnvStr $0 LOCALAPPDATA
+  ReadINIStr $Datos "$0\VirtualStore\Windows\XA000.INI" "Options" "SysPath"
+  ${If} $Datos == ""
+    ReadINIStr $Datos "XA000.INI" "Options" "SysPath"
+  ${EndIf}
 FunctionEnd
 
 Section "Uninstall"
