@@ -17,7 +17,7 @@ namespace {
 QString PaginaDeLicencias() {
     const QString programas = QCoreApplication::applicationDirPath();
     for (const QString& carpeta : {u"/licencias"_s, u"/../share/doc/xa518/licencias"_s})
-        if (const QString pagina = programas + carpeta + u"/licencias.md"_s; QFileInfo::exists(pagina))
+        if (QString pagina = programas + carpeta + u"/licencias.md"_s; QFileInfo::exists(pagina))
             return pagina;
     return {};
 }

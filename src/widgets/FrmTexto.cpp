@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 /// The base takes every text for a page.
 QVariant VisorTexto::loadResource(int clase, const QUrl& nombre) {
-    const QVariant leido = QTextBrowser::loadResource(clase, nombre);
+    QVariant leido = QTextBrowser::loadResource(clase, nombre);
     if (!nombre.path().endsWith(u".txt"))
         return leido;
     const QString texto = QString::fromUtf8(leido.toByteArray());
