@@ -1,3 +1,4 @@
+#include "Await.h"
 #include "BareBase.h"
 #include "Measure.h"
 #include "SavedSample.h"
@@ -6,7 +7,6 @@
 #include "family/Process.h"
 #include "form518/Form0518.h"
 #include "platform/Clock.h"
-#include "platform/WorkThread.h"
 #include "widgets/NoticeBoxes.h"
 #include "widgets/StatusBar.h"
 
@@ -53,9 +53,7 @@ void AbreFormulario(const QString& ruta) {
         forma = std::make_unique<Frm518>(EntornoDeclaracion{proceso, avisos, barra}, tablas, elegida);
         forma->show();
     });
-    while (!forma || forma->findChild<QObject*>(HiloDeTrabajo::kEnMarcha))
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    QApplication::processEvents();
+    EsperaTrabajos();
 }
 
 /// The work of one measure, with the window system's own start outside of it.

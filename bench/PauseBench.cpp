@@ -1,3 +1,4 @@
+#include "Await.h"
 #include "Measure.h"
 #include "Pause.h"
 #include "SavedSample.h"
@@ -7,12 +8,12 @@
 #include "platform/Clock.h"
 #include "platform/FileDialogs.h"
 #include "platform/Notices.h"
-#include "platform/WorkThread.h"
 #include "printouts/frmImprimir.h"
 #include "reports/PrintReport.h"
 #include "widgets/StatusBar.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -45,22 +46,13 @@ class UnArchivo final : public DialogosDeArchivo {
     QString m_ruta;
 };
 
-bool Trabaja() {
-    const QWidgetList ventanas = QApplication::topLevelWidgets();
-    return std::any_of(ventanas.begin(), ventanas.end(), [](const QWidget* ventana) {
-        return ventana->findChild<QObject*>(HiloDeTrabajo::kEnMarcha) != nullptr;
-    });
-}
-
 /// Does it, waits for its end, and says what it cost and how long its window didn't answer.
 void Informa(const char* que, const std::function<void()>& trabajo) {
     MayorPausa pausa;
     QElapsedTimer reloj;
     reloj.start();
     trabajo();
-    while (Trabaja())
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    QApplication::processEvents();
+    EsperaTrabajos();
     const double mayor = pausa.Milisegundos();
     std::printf("%-44s %7.2f s   longest pause %6.0f ms\n", que, static_cast<double>(reloj.elapsed()) / 1000, mayor);
     std::fflush(stdout);
@@ -79,6 +71,7 @@ class Ventanas {
         m_proceso.sysPath = m_taller.base.Carpeta() + u'/';
         m_proceso.rutaRPT = m_taller.base.Carpeta();
         m_detras.show();
+        QApplication::processEvents(); // the letters are loaded by whoever shows the first text
     }
 
     void AbreDeclaracion() {
@@ -116,7 +109,7 @@ class Ventanas {
     Callado m_avisos;
     UnArchivo m_archivos{m_taller.base.Carpeta() + u"/anexo.pdf"_s};
     BarradeEstadoQMD m_barra;
-    QWidget m_detras;
+    QLabel m_detras{u"Declaraciones registradas"_s};
     QTimer m_cierre;
     std::unique_ptr<Frm518> m_declaracion;
     std::unique_ptr<frmImprimir> m_impresion;

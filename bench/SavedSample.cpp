@@ -45,7 +45,8 @@ void Graba(Base& base) {
     declaracion.montos.Cambia(410, declaracion.montos.Texto(405));
     declaracion.pago = {.forma = FormaDePago::Efectivo, .importe = declaracion.montos.ImportePagar()};
     declaracion.rectifica = Rectificacion::No;
-    if (GrabaDeclaracion(base, declaracion, QDate(2026, 11, 1)).estado != 0)
+    const Firma firma{.usuario = u"ANA"_s, .equipo = u"CAJA-2"_s, .momento = QDate(2026, 11, 1).startOfDay()};
+    if (GrabaDeclaracion(base, declaracion, EstadoGuardado::De(base, kClave), firma).estado != 0)
         throw std::runtime_error("the save was not clean");
 }
 

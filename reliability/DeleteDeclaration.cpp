@@ -1,7 +1,9 @@
 #include "data/Base.h"
+#include "family/ChangeLog.h"
 #include "family/DeclarationKey.h"
 #include "family/StoredDeclaration.h"
 #include "form518/Form0518.h"
+#include "platform/Clock.h"
 
 #include <QCoreApplication>
 
@@ -19,7 +21,7 @@ int main(int argc, char* argv[]) {
         const ClaveDeclaracion clave{.ruc = Ruc(argumentos.at(2)),
                                      .periodo = Periodo::DeTabla(argumentos.at(3)).value(),
                                      .formulario = kNumFormulario};
-        EliminaDeclaracion(*base, Formulario0518(), clave);
+        EliminaDeclaracion(*base, Formulario0518(), clave, FirmaDe(QStringLiteral("ANA"), RelojSistema()));
     } catch (const Error& error) {
         std::fprintf(stderr, "%s (error %d)\n", qUtf8Printable(error.Texto()), error.Numero());
         return 3;

@@ -163,7 +163,8 @@ void FormaSeleccion::Elimina() {
         return;
     const ClaveDeclaracion clave = Elegida(fila).clave;
     const Proceso& proceso = m_entorno.proceso;
-    EliminaDeclaracion(*proceso.baseDatos, FormularioDe(proceso.formularios, clave.formulario), clave);
+    EliminaDeclaracion(*proceso.baseDatos, FormularioDe(proceso.formularios, clave.formulario), clave,
+                       proceso.SuFirma());
     Refresca();
 }
 

@@ -68,6 +68,8 @@ bool MDIFrm::Carga() {
     m_ayuda->PonArchivo(RutaAyuda(m_proceso->sysPath, FormularioDe(m_proceso->formularios, m_proceso->numFormulario)));
     Barra().Limpia(m_proceso->numFormulario);
     LeerCatalogoInicial(*m_proceso);
+    if (const std::optional<Mensaje> aviso = AvisoDeRed(m_proceso->rutaBase))
+        m_avisos->Muestra(*aviso);
     return true;
 }
 

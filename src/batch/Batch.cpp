@@ -4,6 +4,7 @@
 #include "batch/ExitCode.h"
 #include "batch/ProgressLine.h"
 #include "batch/Session.h"
+#include "family/Startup.h"
 #include "platform/Clock.h"
 
 #include <QTextStream>
@@ -26,6 +27,8 @@ Informe Ejecuta(const Argumentos& argumentos, const EntornoLote& entorno) {
     Informe informe;
     try {
         const std::unique_ptr<Proceso> proceso = AbreSesion(entorno.perfil, *reloj);
+        if (const std::optional<Mensaje> aviso = AvisoDeRed(proceso->rutaBase))
+            informe.mensajes.append(*aviso);
         EjecutaOrden(*proceso, argumentos, avance, informe);
     } catch (const Rechazo& rechazo) {
         informe.codigo = kSalidaRechazado;

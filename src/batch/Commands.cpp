@@ -127,6 +127,7 @@ void Declarar(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& ava
     Exige(RechazaRucDeOcho(declaracion.clave.ruc));
     ExigeBanco(base, argumentos.banco);
     const TrabajoUnico trabajo(base);
+    const EstadoGuardado conocida = EstadoGuardado::De(base, declaracion.clave);
     CargaTrabajo(proceso, argumentos, declaracion.clave, avance, informe);
     if (argumentos.pdf)
         PreparaCarpeta(*argumentos.pdf);
@@ -135,7 +136,8 @@ void Declarar(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& ava
     LlenaMontos(declaracion, argumentos);
     LlenaPago(declaracion, argumentos);
     avance.Dice(kGrabando);
-    const ResultadoGrabacion grabacion = GrabaDeclaracion(base, declaracion, proceso.reloj.Hoy());
+    const ResultadoGrabacion grabacion = GrabaDeclaracion(base, declaracion, conocida, proceso.SuFirma());
+    Exige(grabacion.veredicto);
     AnotaInconsistencias(proceso, declaracion, informe);
     informe.estado = grabacion.estado;
     informe.casillas = CasillasGrabadas(base, declaracion.clave);

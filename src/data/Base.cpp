@@ -151,9 +151,13 @@ void Base::PonSeguido(TrabajoSeguido* seguido) {
 }
 
 void Base::Falla(const QSqlQuery& consulta) const {
+    AvisaElCorte();
+    throw m_motor->ErrorDe(consulta.lastError());
+}
+
+void Base::AvisaElCorte() const {
     if (m_seguido && m_seguido->TomaElCorte())
         throw Detenido();
-    throw m_motor->ErrorDe(consulta.lastError());
 }
 
 const Tabla& Base::Describe(const QString& tabla) {
@@ -187,8 +191,7 @@ QList<size_t> Base::AgregaFilas(const FilasNuevas& filas) {
     try {
         return m_motor->AgregaFilas(filas);
     } catch (const ErrorBase&) {
-        if (m_seguido && m_seguido->TomaElCorte())
-            throw Detenido();
+        AvisaElCorte();
         throw;
     }
 }

@@ -123,6 +123,8 @@ class Base {
 
     void PonSeguido(TrabajoSeguido* seguido);
     [[noreturn]] void Falla(const QSqlQuery& consulta) const;
+    /// Raises `Detenido` when what failed did so because the work was stopped.
+    void AvisaElCorte() const;
 
     QString m_ruta;
     std::unique_ptr<Motor> m_motor;

@@ -19,6 +19,14 @@ QString Condicion(QStringList partes) {
     return partes.isEmpty() ? QString() : u" WHERE "_s + partes.join(u" AND "_s);
 }
 
+/// The row's columns from one of them on.
+QStringList Textos(const Registros& fila, int desde) {
+    QStringList textos;
+    for (int columna = desde, columnas = fila.Columnas(); columna < columnas; ++columna)
+        textos.append(fila.Texto(columna));
+    return textos;
+}
+
 } // namespace
 
 ListaLarga::ListaLarga(Base& base, ConsultaDeLista consulta) : m_base(&base), m_consulta(std::move(consulta)) {
@@ -38,39 +46,44 @@ int ListaLarga::Filas() const {
     return static_cast<int>(m_lugares.size() / static_cast<size_t>(m_numeros.size()));
 }
 
-// The engine gives the rows as it finds them; their numbers tell where each belongs.
 std::vector<QStringList> ListaLarga::Lee(int primera, int cuantas) const {
     std::vector<QStringList> leidas(static_cast<size_t>(std::min(cuantas, Filas() - primera)));
-    const auto ancho = m_numeros.size();
     const QString pedidas = QStringList(kFilasPorVez, u"?"_s).join(u',');
     const QString sql = u"SELECT %1, %2 %3%4"_s.arg(
         m_numeros.join(u", "_s), m_consulta.columnas, m_consulta.desde,
         Condicion({m_consulta.vinculo, m_numeros.constFirst() + u" IN ("_s + pedidas + u')'}));
-    for (size_t desde = 0; desde < leidas.size(); desde += kFilasPorVez) {
-        const size_t hasta = std::min(leidas.size(), desde + kFilasPorVez);
-        std::map<Lugar, size_t> puestos;
-        QVariantList valores;
-        for (size_t fila = desde; fila < hasta; ++fila) {
-            const auto lugar = m_lugares.begin() + (primera + static_cast<qsizetype>(fila)) * ancho;
-            puestos.emplace(Lugar(lugar, lugar + ancho), fila);
-            valores.append(*lugar);
-        }
-        valores.resize(kFilasPorVez, valores.constLast());
-        Registros filas = m_base->Lee(sql, valores);
-        const int columnas = filas.Columnas();
-        while (filas.Siguiente()) {
-            Lugar lugar;
-            for (int tabla = 0; tabla < ancho; ++tabla)
-                lugar.push_back(filas.Entero(tabla));
-            const auto puesto = puestos.find(lugar);
-            if (puesto == puestos.end())
-                continue;
-            QStringList& fila = leidas[puesto->second];
-            for (int columna = static_cast<int>(ancho); columna < columnas; ++columna)
-                fila.append(filas.Texto(columna));
-        }
+    const std::span<QStringList> todas(leidas);
+    for (size_t desde = 0; desde < todas.size(); desde += kFilasPorVez) {
+        const size_t filas = std::min<size_t>(kFilasPorVez, todas.size() - desde);
+        LeeGrupo(sql, static_cast<size_t>(primera) + desde, todas.subspan(desde, filas));
     }
     return leidas;
+}
+
+// The engine gives the rows as it finds them; their numbers tell where each belongs.
+void ListaLarga::LeeGrupo(const QString& sql, size_t primera, std::span<QStringList> leidas) const {
+    const auto ancho = static_cast<size_t>(m_numeros.size());
+    std::map<Lugar, size_t> puestos;
+    QVariantList valores;
+    for (size_t fila = 0; fila < leidas.size(); ++fila) {
+        const auto lugar = m_lugares.begin() + static_cast<qsizetype>((primera + fila) * ancho);
+        puestos.emplace(Lugar(lugar, lugar + m_numeros.size()), fila);
+        valores.append(*lugar);
+    }
+    valores.resize(kFilasPorVez, valores.constLast());
+    Registros filas = m_base->Lee(sql, valores);
+    while (filas.Siguiente()) {
+        const auto puesto = puestos.find(LugarDe(filas));
+        if (puesto != puestos.end())
+            leidas[puesto->second] = Textos(filas, static_cast<int>(ancho));
+    }
+}
+
+ListaLarga::Lugar ListaLarga::LugarDe(const Registros& fila) const {
+    Lugar lugar;
+    for (int tabla = 0; tabla < m_numeros.size(); ++tabla)
+        lugar.push_back(fila.Entero(tabla));
+    return lugar;
 }
 
 } // namespace xa518

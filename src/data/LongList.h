@@ -4,11 +4,13 @@
 #include <QStringList>
 #include <QVariantList>
 
+#include <span>
 #include <vector>
 
 namespace xa518 {
 
 class Base;
+class Registros;
 
 /// The query of a long list, in the parts of which its two readings are made: which rows it has, and what they hold.
 struct ConsultaDeLista {
@@ -36,6 +38,9 @@ class ListaLarga {
 
   private:
     using Lugar = std::vector<qint64>; ///< the number of the row in each table
+
+    void LeeGrupo(const QString& sql, size_t primera, std::span<QStringList> leidas) const;
+    [[nodiscard]] Lugar LugarDe(const Registros& fila) const;
 
     Base* m_base;
     ConsultaDeLista m_consulta;

@@ -68,11 +68,12 @@ void TomaTablas(QWidget& ventana, const Proceso& proceso, const std::optional<De
         [aparte = ProcesoAparte(proceso), clave](Avance& avance) {
             const Proceso suyo = aparte.Abre();
             const TrabajoSeguido seguido(*suyo.baseDatos, avance, FilasDelDetalle(*suyo.baseDatos, clave));
+            const EstadoGuardado guardado = EstadoGuardado::De(*suyo.baseDatos, clave);
             TablasTrabajo(*suyo.baseDatos).Reconstruye(clave);
-            return LeeTotalesDeCarga(*suyo.baseDatos);
+            return std::pair(LeeTotalesDeCarga(*suyo.baseDatos), guardado);
         },
-        [marca, alTenerlas = std::move(alTenerlas)](const TotalesDeGrilla& totales) {
-            alTenerlas({marca, totales});
+        [marca, alTenerlas = std::move(alTenerlas)](const std::pair<TotalesDeGrilla, EstadoGuardado>& leido) {
+            alTenerlas({marca, leido.first, leido.second});
         });
 }
 
@@ -420,13 +421,17 @@ void Frm518::GrabaTodo(const std::function<void()>& despues) {
     RefrescaGrilla([this, despues] {
         CorreTarea(
             *this, {.titulo = u"Grabando la declaración"_s},
-            [aparte = ProcesoAparte(m_proceso), declaracion = m_declaracion](Avance& avance) {
+            [aparte = ProcesoAparte(m_proceso), declaracion = m_declaracion,
+             conocido = m_tablas.guardado](Avance& avance) {
                 const Proceso suyo = aparte.Abre();
                 Base& base = *suyo.baseDatos;
                 const TrabajoSeguido seguido(base, avance, FilasDelDetalle(base, declaracion.clave));
-                return GrabaDeclaracion(base, declaracion, suyo.reloj.Hoy());
+                return GrabaDeclaracion(base, declaracion, conocido, suyo.SuFirma());
             },
             [this, despues](const ResultadoGrabacion& grabacion) {
+                if (!grabacion.veredicto)
+                    return m_avisos.Muestra(
+                        grabacion.veredicto.Motivo()); // and what was typed stays, even when leaving
                 AlGrabar(grabacion);
                 if (despues)
                     despues();
@@ -439,6 +444,7 @@ void Frm518::AlGrabar(const ResultadoGrabacion& grabacion) {
         m_ui->PaginaIdentificacion->CongelaClave(); // the declaration exists from here on
     for (const Mensaje& mensaje : grabacion.mensajes)
         m_avisos.Muestra(mensaje);
+    m_tablas.guardado = grabacion.guardado;
     m_modificado = false;
 }
 
@@ -446,7 +452,7 @@ void Frm518::RegistraOrden() {
     const NumeroDeOrden orden = m_ui->PaginaIdentificacion->Orden(m_elegida.control);
     if (!Acata(ValidaNumeroDeOrden(orden, MomentoOrden::Boton)))
         return;
-    m_avisos.Muestra(RegistraNumeroDeOrden(BaseDatos(), m_declaracion.clave, orden.numero));
+    m_avisos.Muestra(RegistraNumeroDeOrden(BaseDatos(), m_declaracion.clave, orden.numero, m_proceso.SuFirma()));
     m_modificado = false;
 }
 

@@ -4,6 +4,7 @@
 #include "declaration/ClientGrid.h"
 #include "declaration/Declaration.h"
 #include "declaration/TaxPeriod.h"
+#include "family/StoredState.h"
 #include "family/WorkLock.h"
 #include "form518/WorkClients.h"
 #include "values/Message.h"
@@ -56,6 +57,7 @@ struct EntornoDeclaracion {
 struct TablasTomadas {
     std::shared_ptr<TrabajoUnico> marca;
     TotalesDeGrilla totales;
+    EstadoGuardado guardado; ///< how the declaration stood when its rows were read
 };
 
 /// Takes the work tables for the declaration that was picked, or for a new one, and fills them, beside the window's

@@ -4,6 +4,7 @@
 #include "data/Catalog.h"
 #include "data/RecordChecksum.h"
 #include "data/Transaction.h"
+#include "family/ChangeLog.h"
 #include "family/StoredDeclaration.h"
 #include "values/CheckDigits.h"
 
@@ -30,13 +31,18 @@ VeredictoDeclaracion ValidaNumeroDeOrden(const NumeroDeOrden& orden, MomentoOrde
     return Veredicto::Bien();
 }
 
-Mensaje RegistraNumeroDeOrden(Base& base, const ClaveDeclaracion& clave, const QString& numero) {
+Mensaje RegistraNumeroDeOrden(Base& base, const ClaveDeclaracion& clave, const QString& numero, const Firma& firma) {
     Transaccion transaccion = base.Comienza();
     std::optional<Registro> cabecera = base.Busca(u"HCAB"_s, clave.Condicion(), clave.Valores());
     if (cabecera) {
+        const QString anterior = cabecera->Valor(u"norden").toString();
         cabecera->Pon(u"norden", numero);
         PonChecksum(*cabecera, kTablaCabecera.numericasEnviada);
         base.Actualiza(*cabecera, clave.Condicion(), clave.Valores());
+        Bitacora(base).Anota(firma, {.suceso = Suceso::NumeroDeOrden,
+                                     .clave = clave,
+                                     .antes = u"norden="_s + anterior,
+                                     .despues = u"norden="_s + numero});
     }
     transaccion.Confirma();
     return {Icono::Exclamacion, Catalogo(base).DescError(u"0151"_s), {}};

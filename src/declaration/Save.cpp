@@ -135,15 +135,23 @@ QString SumaDeControl(Base& base, const QString& formulario) {
     return suma.Texto();
 }
 
-ResultadoGrabacion GrabaDeclaracion(Base& base, const Declaracion& declaracion, const QDate& hoy) {
+ResultadoGrabacion GrabaDeclaracion(Base& base, const Declaracion& declaracion, const EstadoGuardado& conocido,
+                                    const Firma& firma) {
+    const ClaveDeclaracion& clave = declaracion.clave;
     const int estado = Inconsistencias(declaracion).isEmpty() ? 0 : 9;
     Transaccion transaccion = base.Comienza();
-    GrabaLaCabecera(base, declaracion, estado, hoy);
-    GrabaCasillas(base, declaracion, SumaDeControl(base, declaracion.clave.formulario));
-    GrabaDetalle(base, declaracion.clave);
-    GrabaSumas(base, declaracion.clave);
+    if (Veredicto veredicto = ExigeSinCambios(base, clave, conocido); !veredicto)
+        return {.veredicto = std::move(veredicto)};
+    const QString antes = CasillasEnLineas(base, clave);
+    GrabaLaCabecera(base, declaracion, estado, firma.momento.date());
+    GrabaCasillas(base, declaracion, SumaDeControl(base, clave.formulario));
+    GrabaDetalle(base, clave);
+    GrabaSumas(base, clave);
+    Bitacora(base).Anota(
+        firma, {.suceso = Suceso::Grabacion, .clave = clave, .antes = antes, .despues = CasillasEnLineas(base, clave)});
+    const EstadoGuardado guardado = EstadoGuardado::De(base, clave);
     transaccion.Confirma();
-    return {estado, MensajesDe(declaracion, estado)};
+    return {.estado = estado, .mensajes = MensajesDe(declaracion, estado), .guardado = guardado};
 }
 
 } // namespace xa518

@@ -31,7 +31,7 @@ int Campo(ColumnaPago columna) {
 }
 
 QString SinGrupos(const QString& monto) {
-    return Format(monto, u"###########0.#0");
+    return Format(monto, kMascaraDeMonto);
 }
 
 QString ConGrupos(const QString& monto) {
@@ -248,13 +248,10 @@ void FrmDetAgePer::CalculaMontos() {
 
 void FrmDetAgePer::LigaGrilla() {
     Base& base = m_entorno.base;
-    if (m_ui->PreguntaDeContado->Tipo().isEmpty()) {
-        const ClaveComprobante clave = Clave();
-        m_pagos.Consulta(base, PagosTrabajo::SqlDeComprobante(),
-                         {clave.cliente.tipoDoc.Valor(), clave.cliente.numero, clave.serie, clave.numero});
-    } else {
+    if (m_ui->PreguntaDeContado->Tipo().isEmpty())
+        m_pagos.Consulta(base, PagosTrabajo::SqlDeComprobante(Clave()));
+    else
         m_pagos.Consulta(base, PagosTrabajo::SqlDeNinguno());
-    }
     m_ui->lblNumTrab->setText(u"   Registros      "_s + QString::number(m_pagos.rowCount()));
 }
 

@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "data/CatalogLayout.h"
+#include "form518/DetailColumns.h"
 #include "values/Format.h"
 
 namespace xa518 {
@@ -11,7 +12,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kMontoMaximo = u"999999999999.99"_s;
-constexpr QStringView kDosDecimales = u"###########0.#0";
 
 QString ClaseEnBandaA(const Respuestas& r) {
     if (!*r.cpFact)
@@ -72,19 +72,15 @@ QString TextoFactor(const QString& factor) {
 }
 
 QString LimitaMonto(const QString& monto) {
-    const Decimal valor = Decimal::Valor(Format(monto, kDosDecimales));
+    const Decimal valor = Decimal::Valor(Format(monto, kMascaraDeMonto));
     return valor > Decimal::Valor(kMontoMaximo) ? kMontoMaximo : monto;
 }
 
 QString Percepcion(const QString& monto, const FilaTasa& fila) {
     if (monto.isEmpty())
         return u" "_s; // one blank, not the empty text: wanted, it is no amount of 0
-    const Decimal cobrado = Decimal::Valor(Format(monto, kDosDecimales));
-    return Format(Importe::De(cobrado * Decimal::Valor(fila.factor)), kDosDecimales);
-}
-
-QString TextoDePercepcion(const std::optional<Importe>& percepcion) {
-    return percepcion ? Format(*percepcion, kDosDecimales) : QString();
+    const Decimal cobrado = Decimal::Valor(Format(monto, kMascaraDeMonto));
+    return Format(Importe::De(cobrado * Decimal::Valor(fila.factor)), kMascaraDeMonto);
 }
 
 QString IniIgv(Base& base, const QString& argumento, const QString& numeroIgv, Periodo periodo) {

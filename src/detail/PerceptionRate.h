@@ -42,9 +42,6 @@ class TasaPercepcion {
 /// twice, in this order. One blank for an empty amount. Raises `Desbordamiento`.
 [[nodiscard]] QString Percepcion(const QString& monto, const FilaTasa& fila);
 
-/// The stored perception as its field shows it; empty for null.
-[[nodiscard]] QString TextoDePercepcion(const std::optional<Importe>& percepcion);
-
 /// The general sales tax in force in a period, from catalogue `numeroIgv`: the row with the latest start not after it,
 /// as a number in its shortest form. Empty when there is none.
 [[nodiscard]] QString IniIgv(Base& base, const QString& argumento, const QString& numeroIgv, Periodo periodo);

@@ -38,13 +38,17 @@ Cuenta CuentaConfigurada(const ArchivoPerfil& perfil) {
             TextoDeCodigos(CodigosDe(perfil, u"Clave", XA518_PASSWORD_CODES))};
 }
 
+QString BaseConfigurada(const ArchivoPerfil& perfil) {
+    return Opcion(perfil, u"DBPath") + Opcion(perfil, u"DBName");
+}
+
 void LeerIni(Proceso& proceso, const ArchivoPerfil& perfil) {
     const QChar separador = QDir::separator();
     proceso.sysPath = Opcion(perfil, u"SysPath");
     QDir::setCurrent(proceso.sysPath); // fails silently for a folder that doesn't exist
     proceso.rutaTMPBarra = proceso.sysPath + u"TMP"_s + separador;
     proceso.sysVersion = Opcion(perfil, u"SysVersion");
-    proceso.rutaBase = Opcion(perfil, u"DBPath") + Opcion(perfil, u"DBName");
+    proceso.rutaBase = BaseConfigurada(perfil);
     proceso.rutaMenu = proceso.sysPath + Opcion(perfil, u"SysMenu");
     // Without a separator behind them: names of logs and reports are joined directly, and the launcher reads them so.
     proceso.rutaRPT = proceso.sysPath + u"RPT"_s;

@@ -19,6 +19,9 @@ inline const QString kArchivoGrupo = QStringLiteral("XA000.MDW");
 /// and `Clave` in section `Grupo` of the profile file.
 [[nodiscard]] Cuenta CuentaConfigurada(const ArchivoPerfil& perfil);
 
+/// The full name of the base that the profile file names.
+[[nodiscard]] QString BaseConfigurada(const ArchivoPerfil& perfil);
+
 /// Fills the process-wide values from the profile file and makes the installation folder the current one.
 /// A missing key reads as the empty text, and nothing is tested: the next operation that needs the value fails.
 void LeerIni(Proceso& proceso, const ArchivoPerfil& perfil);

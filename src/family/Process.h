@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/Base.h"
+#include "family/ChangeLog.h"
 #include "family/DeclarationKey.h"
 #include "family/FormDescription.h"
 
@@ -29,6 +30,9 @@ struct Configurado {
     QString rutaRPT{};
     QString rutaBMP{};
     Periodo fechaPrimerIgv{}; ///< of catalogue "830"; none when the row is missing
+
+    /// Beneath a change made now.
+    [[nodiscard]] Firma SuFirma() const { return FirmaDe(sysUser, reloj); }
 };
 
 /// What holds for the whole program: its configuration, the open base, the clock. One record, made by the program's

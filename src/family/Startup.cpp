@@ -1,6 +1,7 @@
 #include "family/Startup.h"
 
 #include "family/FormDescription.h"
+#include "platform/NetworkFolder.h"
 #include "platform/Notices.h"
 #include "platform/SingleInstance.h"
 #include "platform/WindowSearch.h"
@@ -42,6 +43,17 @@ Mensaje MensajeDeConexion(const Error& falla) {
     const QString texto =
         falla.Es(NumeroError::BaseBloqueada) ? numero + u"- Base esta bloqueda"_s : falla.Texto() + u'\n' + numero;
     return {Icono::Ninguno, texto, u"Error de Conección"_s};
+}
+
+std::optional<Mensaje> AvisoDeRed(const QString& rutaBase) {
+    if (!QFileInfo(rutaBase).isFile() || !EstaEnRed(rutaBase))
+        return std::nullopt;
+    return Mensaje{
+        Icono::Exclamacion,
+        u"La base de datos está en una carpeta de red: '%1'.\n\nUn archivo compartido por la red puede perder"
+        " datos cuando lo usan varios equipos o cuando la red se corta. Para que trabajen varios puestos,"
+        " múdela a un servidor con «consola --mudar»."_s.arg(rutaBase),
+        {}};
 }
 
 QString RutaAyuda(const QString& sysPath, const Formulario& formulario) {

@@ -23,6 +23,9 @@ inline const QString kTituloIntegrador = QStringLiteral("Consola Orvel de Presen
 /// What is told when the database can't be opened.
 [[nodiscard]] Mensaje MensajeDeConexion(const Error& falla);
 
+/// What is told of an open base whose file lies on another machine; nothing of any other.
+[[nodiscard]] std::optional<Mensaje> AvisoDeRed(const QString& rutaBase);
+
 /// The name of a form's help file below the installation folder.
 [[nodiscard]] QString RutaAyuda(const QString& sysPath, const Formulario& formulario);
 

@@ -3,6 +3,7 @@
 #include "data/Base.h"
 #include "data/RecordChecksum.h"
 #include "data/Transaction.h"
+#include "family/ChangeLog.h"
 #include "family/DeclarationKey.h"
 #include "values/Format.h"
 #include "values/Text.h"
@@ -76,13 +77,15 @@ void GrabaCasilla(Base& base, const ReglaDeCasillas& regla, const ClaveDeclaraci
     lugar.Escribe(std::move(fila));
 }
 
-void EliminaDeclaracion(Base& base, const Formulario& formulario, const ClaveDeclaracion& clave) {
+void EliminaDeclaracion(Base& base, const Formulario& formulario, const ClaveDeclaracion& clave, const Firma& firma) {
     QList<TablaDeDeclaracion> tablas = formulario.tablas;
     if (clave.enviada)
         tablas.removeIf([](const TablaDeDeclaracion& tabla) { return tabla.copiaQueda; });
     std::sort(tablas.begin(), tablas.end(),
               [](const auto& una, const auto& otra) { return una.turnoAlEliminar < otra.turnoAlEliminar; });
     Transaccion transaccion = base.Comienza();
+    Bitacora(base).Anota(firma,
+                         {.suceso = Suceso::Eliminacion, .clave = clave, .antes = CasillasEnLineas(base, clave)});
     for (const TablaDeDeclaracion& tabla : tablas)
         base.Ejecuta(u"DELETE * FROM "_s + clave.Tabla(tabla.nombre) + u' ' + clave.Condicion(), clave.Valores());
     transaccion.Confirma();

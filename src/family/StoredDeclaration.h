@@ -11,6 +11,7 @@ namespace xa518 {
 class Base;
 class Registro;
 struct ClaveDeclaracion;
+struct Firma;
 
 /// The two tables that every form has: the head of a declaration and its boxes.
 inline const TablaDeDeclaracion kTablaCabecera{
@@ -32,7 +33,7 @@ struct CasillaGuardada {
 /// declarant, writes nothing.
 void GrabaCasilla(Base& base, const ReglaDeCasillas& regla, const ClaveDeclaracion& clave, const CasillaGuardada& una);
 
-/// Deletes a declaration of that form, registered or sent as the key says, in one transaction.
-void EliminaDeclaracion(Base& base, const Formulario& formulario, const ClaveDeclaracion& clave);
+/// Deletes a declaration of that form, registered or sent as the key says, in one transaction, and notes it.
+void EliminaDeclaracion(Base& base, const Formulario& formulario, const ClaveDeclaracion& clave, const Firma& firma);
 
 } // namespace xa518

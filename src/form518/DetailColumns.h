@@ -47,6 +47,9 @@ enum class DatoComprobante {
 /// Of a payment voucher: the key of its perception voucher, its own, the rest.
 enum class DatoPago { TipoDoc, NumDoc, SerieCp, NumeroCp, Tipo, Serie, Numero, Fecha, Monto };
 
+/// How a row of the work tables writes an amount that was computed.
+inline constexpr QStringView kMascaraDeMonto = u"###########0.#0";
+
 /// The column's name.
 [[nodiscard]] QString ColumnaDe(DatoCliente dato);
 [[nodiscard]] QString ColumnaDe(DatoComprobante dato);

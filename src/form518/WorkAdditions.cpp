@@ -194,7 +194,7 @@ void AltasTrabajo::Agrega(const ClaveComprobante& clave, const CamposComprobante
     PonSinVacio(filas, campos.cpFact);
     filas.Pon(campos.listaClie).Pon(campos.medPago).Pon(campos.fecha);
     PonSinVacio(filas, campos.base.Texto());
-    PonSinVacio(filas, campos.percepcion ? Format(*campos.percepcion, u"###########0.#0") : QString());
+    PonSinVacio(filas, TextoDePercepcion(campos.percepcion));
     filas.Pon(campos.tasa);
     filas.CierraFila();
     m_nuevosComprobantes.lineas.push_back(linea);

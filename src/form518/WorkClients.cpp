@@ -71,7 +71,7 @@ void ClientesTrabajo::PonNombres(Registro& fila, const NombresCliente& nombres) 
 void ClientesTrabajo::PonTotales(Registro& fila, const TotalesCliente& totales) const {
     fila.Pon(m_lugar[CtdDocs], QString::number(totales.ctdDocs))
         .Pon(m_lugar[MontoBase], BaseDeFila(totales.base))
-        .Pon(m_lugar[Percepcion], Format(totales.percepcion, u"###########0.#0"));
+        .Pon(m_lugar[Percepcion], Format(totales.percepcion, kMascaraDeMonto));
 }
 
 bool ClientesTrabajo::Existe(const ClaveCliente& cliente) const {
@@ -81,12 +81,11 @@ bool ClientesTrabajo::Existe(const ClaveCliente& cliente) const {
 }
 
 void ClientesTrabajo::Agrega(const ClaveCliente& cliente, const NombresCliente& nombres,
-                             const std::optional<TotalesCliente>& totales) {
+                             const TotalesCliente& totales) {
     Registro fila(*m_tabla);
     fila.Pon(m_lugar[TipoDoc], cliente.tipoDoc.Valor()).Pon(m_lugar[NumDoc], cliente.numero);
     PonNombres(fila, nombres);
-    if (totales)
-        PonTotales(fila, *totales);
+    PonTotales(fila, totales);
     m_base->Agrega(fila);
 }
 

@@ -64,8 +64,7 @@ enum class ColumnaCliente {
 /// How many rows it has.
 [[nodiscard]] int CuentaClientes(Base& base);
 
-/// The clients of the open declaration. Where the columns stand is found when the object is made, so that one object
-/// serves a whole import.
+/// The clients of the open declaration, each by itself; many at once are `AltasTrabajo`'s.
 class ClientesTrabajo {
   public:
     explicit ClientesTrabajo(Base& base);
@@ -73,8 +72,7 @@ class ClientesTrabajo {
     [[nodiscard]] bool Existe(const ClaveCliente& cliente) const;
 
     /// A row whose key stands there already raises `ErrorBase` (`ClaveDuplicada`).
-    void Agrega(const ClaveCliente& cliente, const NombresCliente& nombres,
-                const std::optional<TotalesCliente>& totales = std::nullopt);
+    void Agrega(const ClaveCliente& cliente, const NombresCliente& nombres, const TotalesCliente& totales);
     /// Nothing is written when the row is gone.
     void Modifica(const ClaveCliente& cliente, const NombresCliente& nombres, const TotalesCliente& totales);
     void EscribeTotales(const ClaveCliente& cliente, const TotalesCliente& totales);

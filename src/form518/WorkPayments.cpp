@@ -38,12 +38,14 @@ QVariantList Valores(const ClavePago& clave) {
 } // namespace
 
 /// In the order of `ColumnaPago`.
-QString PagosTrabajo::SqlDeComprobante() {
-    return u"SELECT %1 AS TIP_CP, %2 FROM TMPF518PDETCP AS A, PARAM AS B WHERE %3 AND B.NUMERO='233' AND "
-           "VAL(B.ARGUMENTO) = VAL(A.%4) ORDER BY A.rowid"_s.arg(
-               TramosTipoComprobante::kDescripcionEnPagos.Sql(u"B.FUNCION"),
-               ListaDe<DatoPago>({Serie, Numero, Fecha, Tipo, Monto}, u"A"_s), IgualesA(ClaveDeSuComprobante(), u"A"_s),
-               ColumnaDe(Tipo));
+ConsultaDeLista PagosTrabajo::SqlDeComprobante(const ClaveComprobante& comprobante) {
+    return {.columnas = u"%1 AS TIP_CP, "_s.arg(TramosTipoComprobante::kDescripcionEnPagos.Sql(u"B.FUNCION")) +
+                        ListaDe<DatoPago>({Serie, Numero, Fecha, Tipo, Monto}, u"A"_s),
+            .desde = u"FROM TMPF518PDETCP AS A, PARAM AS B"_s,
+            .tablas = {u"A"_s, u"B"_s},
+            .vinculo = u"B.NUMERO='233' AND VAL(B.ARGUMENTO) = VAL(A.%1)"_s.arg(ColumnaDe(Tipo)),
+            .filtro = IgualesA(ClaveDeSuComprobante(), u"A"_s),
+            .valores = ValoresDelComprobante(comprobante)};
 }
 
 QString PagosTrabajo::SqlDeNinguno() {

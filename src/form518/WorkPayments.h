@@ -21,15 +21,13 @@ struct ComprobanteDePago {
 /// The columns of the query over a voucher's payment vouchers.
 enum class ColumnaPago { Descripcion, Serie, Numero, Fecha, Tipo, Monto };
 
-/// The payment vouchers of the open declaration. Where the columns stand is found when the object is made, so that one
-/// object serves a whole import.
+/// The payment vouchers of the open declaration, each by itself; many at once are `AltasTrabajo`'s.
 class PagosTrabajo {
   public:
     explicit PagosTrabajo(Base& base);
 
-    /// The payment vouchers of an ordinary voucher (type and number of the client, series, number), in the order in
-    /// which they were entered.
-    [[nodiscard]] static QString SqlDeComprobante();
+    /// The payment vouchers of an ordinary voucher, in the order in which they were entered.
+    [[nodiscard]] static ConsultaDeLista SqlDeComprobante(const ClaveComprobante& comprobante);
     /// What the grid of a cash sale runs instead: it finds nothing.
     [[nodiscard]] static QString SqlDeNinguno();
 

@@ -99,7 +99,7 @@ int TablasTrabajo::CuentaDocs(const ClaveCliente& cliente) const {
 }
 
 TablasTrabajo::Totales TablasTrabajo::TotalesDeClientes() const {
-    const auto monto = [](const QString& texto) { return Importe::Valor(Format(texto, u"###########0.#0")); };
+    const auto monto = [](const QString& texto) { return Importe::Valor(Format(texto, kMascaraDeMonto)); };
     Totales totales;
     Registros filas = m_base->Lee(
         u"SELECT %1 FROM TMPF518PCAB"_s.arg(ListaDe<DatoCliente>({DatoCliente::MontoBase, DatoCliente::Percepcion})));

@@ -23,15 +23,16 @@ QVariantList Valores(const ClaveComprobante& clave) {
     return {clave.cliente.tipoDoc.Valor(), clave.cliente.numero, clave.serie, clave.numero, clave.tipCp};
 }
 
-QVariant Valor(const MontoEscrito& monto) {
-    return monto.EstaVacio() ? QVariant() : QVariant(monto.Texto());
-}
-
-QVariant Valor(const std::optional<Importe>& percepcion) {
-    return percepcion ? QVariant(Format(*percepcion, u"###########0.#0")) : QVariant();
+/// An empty text is kept as null.
+QVariant SinVacio(const QString& texto) {
+    return texto.isEmpty() ? QVariant() : QVariant(texto);
 }
 
 } // namespace
+
+QString TextoDePercepcion(const std::optional<Importe>& percepcion) {
+    return percepcion ? Format(*percepcion, kMascaraDeMonto) : QString();
+}
 
 /// In the order of `ColumnaComprobante`.
 ConsultaDeLista ComprobantesTrabajo::SqlDeCliente(const ClaveCliente& cliente) {
@@ -57,8 +58,8 @@ void ComprobantesTrabajo::PonCampos(Registro& fila, const CamposComprobante& cam
     fila.Pon(m_lugar[ListaClie], campos.listaClie)
         .Pon(m_lugar[MedPago], campos.medPago)
         .Pon(m_lugar[Fecha], campos.fecha)
-        .Pon(m_lugar[MontoBase], Valor(campos.base))
-        .Pon(m_lugar[Percepcion], Valor(campos.percepcion))
+        .Pon(m_lugar[MontoBase], SinVacio(campos.base.Texto()))
+        .Pon(m_lugar[Percepcion], SinVacio(TextoDePercepcion(campos.percepcion)))
         .Pon(m_lugar[Tasa], campos.tasa);
 }
 

@@ -36,8 +36,10 @@ struct Comprobante {
 /// The columns of the query over a client's vouchers.
 enum class ColumnaComprobante { Serie, Numero, Fecha, Base, Tasa, Percepcion, CpFact, ListaClie, MedPago, TipCp };
 
-/// The vouchers of the open declaration.
-/// Where the columns stand is found when the object is made, so that one object serves a whole import.
+/// A perception as its row keeps it and its field shows it; a null text for none.
+[[nodiscard]] QString TextoDePercepcion(const std::optional<Importe>& percepcion);
+
+/// The vouchers of the open declaration, each by itself; many at once are `AltasTrabajo`'s.
 class ComprobantesTrabajo {
   public:
     explicit ComprobantesTrabajo(Base& base);

@@ -2,6 +2,8 @@
 
 #include "data/Base.h"
 #include "data/SchemaVersion.h"
+#include "data/Transaction.h"
+#include "family/ChangeLog.h"
 #include "family/SchemaSteps.h"
 #include "family/WorkLock.h"
 #include "launcher/FileHolders.h"
@@ -57,6 +59,14 @@ void Mueve(const QString& origen, const QString& destino) {
     std::filesystem::rename(QFileInfo(origen).filesystemFilePath(), QFileInfo(destino).filesystemFilePath(), falla);
     if (falla)
         throw Error(NumeroError::AccesoAlDisco, u"No se puede reemplazar el archivo '%1'."_s.arg(destino));
+}
+
+void Anota(const QString& base, const QString& copia, const Firma& firma) {
+    const std::unique_ptr<Base> restaurada = Base::Abre(base);
+    Transaccion transaccion = restaurada->Comienza();
+    Bitacora(*restaurada)
+        .Anota(firma, {.suceso = Suceso::Restauracion, .despues = u"copia="_s + QFileInfo(copia).fileName()});
+    transaccion.Confirma();
 }
 
 /// A folder beside the files that are to get their place by a rename, gone with the object.
@@ -152,7 +162,7 @@ void Respaldos::QuitaSobrantes(const QString& reciente) const {
         QFile::remove(copia.ruta);
 }
 
-Veredicto Respaldos::Restaura(const QString& archivo) const {
+Veredicto Respaldos::Restaura(const QString& archivo, const Firma& firma) const {
     if (!QFileInfo(archivo).isFile())
         return Veredicto::Critico(u"No se encuentra el archivo '%1'."_s.arg(archivo));
     CreaCarpetaPrivada(m_carpeta);
@@ -166,6 +176,7 @@ Veredicto Respaldos::Restaura(const QString& archivo) const {
     const TrabajoUnico trabajo(m_rutaBase);
     const QString guardado = GuardaLoQueHay();
     ConservaLoNumerado(lugar.Archivo(), guardado);
+    Anota(lugar.Archivo(), archivo, firma);
     // What a broken base left behind must not be played back over the sound one.
     if (QFileInfo::exists(m_rutaBase + kDiario))
         Mueve(m_rutaBase + kDiario, guardado + kDiario);

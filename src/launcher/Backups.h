@@ -12,6 +12,7 @@ namespace xa518 {
 
 class Base;
 class Reloj;
+struct Firma;
 
 /// A copy of the base as it stood at a moment.
 struct Respaldo {
@@ -38,9 +39,9 @@ class Respaldos {
 
     /// Puts a copy in the base's place, whole or not at all; one of an earlier version gets the tables of this one.
     /// What stood there is kept first: as one more copy, or byte by byte when it can't be read any more. Refused for a
-    /// file that is no sound base of these programs, and while another program uses the base. Numbers of sendings and
-    /// the register of reports don't go back with it. Raises `Error`, `TrabajoAjeno` among them.
-    [[nodiscard]] Veredicto Restaura(const QString& archivo) const;
+    /// file that is no sound base of these programs, and while another program uses the base. Numbers of sendings, the
+    /// register of reports and the log of changes don't go back with it. Raises `Error`, `TrabajoAjeno` among them.
+    [[nodiscard]] Veredicto Restaura(const QString& archivo, const Firma& firma) const;
 
     /// What the engine finds wrong in the base, a line for each thing; nothing in a sound one.
     [[nodiscard]] static QStringList Defectos(Base& base);

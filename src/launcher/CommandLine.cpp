@@ -1,6 +1,7 @@
 #include "launcher/CommandLine.h"
 
 #include "family/Configuration.h"
+#include "family/Startup.h"
 #include "family/WorkLock.h"
 #include "launcher/Declarants.h"
 #include "launcher/Installation.h"
@@ -50,6 +51,11 @@ Sin ninguna orden abre su ventana, que hace lo mismo e inicia el módulo.
                              en la subcarpeta RESPALDOS de la instalación.
   --restaurar ARCHIVO        Pone una copia de respaldo en el lugar de la base, después de guardar la que había.
                              Los números ya dados y los informes registrados no vuelven atrás.
+  --bitacora                 Escribe quién cambió qué, y cuándo: lo más reciente primero, un cambio por línea.
+      --ruc RUC              Sólo los cambios de ese declarante.
+      --periodo AAAAMM       Sólo los de ese período.
+      --usuario U            Sólo los de ese usuario.
+      --csv                  En columnas separadas por comas, con su encabezado.
   --help                     Muestra esta ayuda.
   --version                  Muestra la versión.
 
@@ -92,7 +98,7 @@ void Instala(const Pedido& pedido) {
     Exige(instalacion.Valida(pedido.entorno.usuario));
     QStringList hecho = instalacion.Instala(pedido.entorno.usuario);
     if (pedido.opciones.isSet(u"ejemplo"_s))
-        hecho += instalacion.InstalaEjemplo();
+        hecho += instalacion.InstalaEjemplo(pedido.entorno.reloj);
     pedido.salida << hecho.join(u'\n') << '\n';
 }
 
@@ -108,13 +114,12 @@ void RegistraDeclarante(const Pedido& pedido) {
     const bool estaba = declarantes.Busca(declarante.ruc).has_value();
     if (!estaba && declarante.usuario.isEmpty())
         declarante.usuario = sesion.Usuario();
-    Exige(declarantes.Registra(declarante));
+    Exige(declarantes.Registra(declarante, sesion.SuFirma()));
     pedido.salida << (estaba ? u"Declarante cambiado: "_s : u"Declarante registrado: "_s) << declarante.ruc.Texto()
                   << '\n';
 }
 
-Periodo PeriodoPedido(const Pedido& pedido) {
-    const QString periodo = pedido.opciones.positionalArguments().constFirst();
+Periodo LeePeriodo(const QString& periodo) {
     const std::optional<Periodo> leido = Periodo::DeTabla(periodo);
     if (!leido || leido->EsNinguno())
         throw Rechazo(u"El período «%1» no es válido: va como AAAAMM."_s.arg(periodo));
@@ -135,7 +140,7 @@ QString FormularioPedido(const Pedido& pedido) {
 
 void Envia(const Pedido& pedido) {
     const ClaveDeclaracion clave{.ruc = Ruc(pedido.opciones.value(u"enviar"_s)),
-                                 .periodo = PeriodoPedido(pedido),
+                                 .periodo = LeePeriodo(pedido.opciones.positionalArguments().constFirst()),
                                  .formulario = FormularioPedido(pedido)};
     const bool admite = pedido.opciones.isSet(u"otro-original"_s);
     const ResultadoEnvio resultado =
@@ -155,8 +160,35 @@ void Respalda(const Pedido& pedido) {
 
 void Restaura(const Pedido& pedido) {
     const QString archivo = QFileInfo(pedido.opciones.value(u"restaurar"_s)).absoluteFilePath();
-    Exige(Sesion(pedido.entorno).Copias().Restaura(archivo));
+    Sesion sesion(pedido.entorno);
+    const Respaldos copias = sesion.Copias();
+    Exige(copias.Restaura(archivo, sesion.SuFirma()));
     pedido.salida << u"Base restaurada de: "_s << archivo << '\n';
+}
+
+QString EnCsv(const QStringList& campos) {
+    QStringList citados;
+    for (QString campo : campos)
+        citados.append(u'"' + campo.replace(u'"', u"\"\""_s) + u'"');
+    return citados.join(u',');
+}
+
+void EscribeBitacora(const Pedido& pedido) {
+    FiltroDeBitacora filtro{.ruc = pedido.opciones.value(u"ruc"_s), .usuario = pedido.opciones.value(u"usuario"_s)};
+    if (pedido.opciones.isSet(u"periodo"_s))
+        filtro.periodo = LeePeriodo(pedido.opciones.value(u"periodo"_s));
+    const bool csv = pedido.opciones.isSet(u"csv"_s);
+    const QStringList titulos{u"Momento"_s, u"Usuario"_s, u"Equipo"_s, u"Suceso"_s,
+                              u"RUC"_s,     u"Período"_s, u"Copia"_s,  u"Qué cambió"_s};
+    if (csv)
+        pedido.salida << EnCsv(titulos) << '\n';
+    Sesion sesion(pedido.entorno);
+    const std::unique_ptr<Base> base = sesion.Abre();
+    for (const Asiento& asiento : Bitacora(*base).Lista(filtro)) {
+        const QStringList campos{asiento.momento, asiento.usuario, asiento.equipo, TextoDeSuceso(asiento.suceso),
+                                 asiento.ruc,     asiento.periodo, asiento.correl, asiento.Diferencias()};
+        pedido.salida << (csv ? EnCsv(campos) : campos.join(u"  "_s).trimmed()) << '\n';
+    }
 }
 
 /// With a screen the window has taken it.
@@ -189,6 +221,7 @@ const QList<Orden>& Ordenes() {
         {u"declarante"_s, {u"nombre"_s, u"usuario"_s}, 0, RegistraDeclarante},
         {u"enviar"_s, {u"otro-original"_s, u"formulario"_s}, 1, Envia},
         {u"respaldar"_s, {}, 0, Respalda},
+        {u"bitacora"_s, {u"ruc"_s, u"periodo"_s, u"usuario"_s, u"csv"_s}, 0, EscribeBitacora},
         {u"restaurar"_s, {}, 0, Restaura},
     };
     return ordenes;
@@ -208,6 +241,10 @@ void Define(QCommandLineParser& opciones) {
                          {u"otro-original"_s, {}},
                          {u"formulario"_s, {}, u"NNNN"_s},
                          {u"respaldar"_s, {}},
+                         {u"bitacora"_s, {}},
+                         {u"ruc"_s, {}, u"RUC"_s},
+                         {u"periodo"_s, {}, u"AAAAMM"_s},
+                         {u"csv"_s, {}},
                          {u"restaurar"_s, {}, u"ARCHIVO"_s}});
 }
 
@@ -260,7 +297,10 @@ int EjecutaConsola(const QStringList& argumentos, const SalidasConsola& salidas,
         QCommandLineParser opciones;
         Define(opciones);
         Lee(opciones, argumentos);
-        OrdenPedida(opciones, argumentos).ejecuta({opciones, salida, entorno, ArchivoPerfil(entorno.rutaIni)});
+        const ArchivoPerfil perfil(entorno.rutaIni);
+        OrdenPedida(opciones, argumentos).ejecuta({opciones, salida, entorno, perfil});
+        if (const std::optional<Mensaje> aviso = AvisoDeRed(BaseConfigurada(perfil)))
+            errores << u"consola: "_s << aviso->texto << '\n';
         return Hecho;
     } catch (const Rechazo& rechazo) {
         errores << u"consola: "_s << rechazo.Texto() << '\n';

@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "data/Transaction.h"
+#include "family/ChangeLog.h"
 #include "family/OfferedDeclarants.h"
 #include "family/WorkLock.h"
 #include "launcher/TextChecks.h"
@@ -103,19 +104,19 @@ QStringList Declarantes::QueVe(const QString& usuario) const {
     return numeros;
 }
 
-VeredictoDeclarante Declarantes::Registra(Declarante declarante) {
-    return Escribe(std::move(declarante), Modo::Cualquiera);
+VeredictoDeclarante Declarantes::Registra(Declarante declarante, const Firma& firma) {
+    return Escribe(std::move(declarante), Modo::Cualquiera, firma);
 }
 
-VeredictoDeclarante Declarantes::Agrega(Declarante declarante) {
-    return Escribe(std::move(declarante), Modo::Nuevo);
+VeredictoDeclarante Declarantes::Agrega(Declarante declarante, const Firma& firma) {
+    return Escribe(std::move(declarante), Modo::Nuevo, firma);
 }
 
-VeredictoDeclarante Declarantes::Modifica(Declarante declarante) {
-    return Escribe(std::move(declarante), Modo::Existente);
+VeredictoDeclarante Declarantes::Modifica(Declarante declarante, const Firma& firma) {
+    return Escribe(std::move(declarante), Modo::Existente, firma);
 }
 
-VeredictoDeclarante Declarantes::Escribe(Declarante declarante, Modo modo) {
+VeredictoDeclarante Declarantes::Escribe(Declarante declarante, Modo modo, const Firma& firma) {
     declarante = {.ruc = declarante.ruc,
                   .nombre = Recorta(declarante.nombre).toString(),
                   .usuario = Recorta(declarante.usuario).toString()};
@@ -137,21 +138,35 @@ VeredictoDeclarante Declarantes::Escribe(Declarante declarante, Modo modo) {
         Cambia(*m_base, declarante, *anterior);
     else
         Inserta(*m_base, declarante);
+    Anota(firma, declarante.ruc, anterior, Busca(declarante.ruc));
     transaccion.Confirma();
     return Veredicto::Bien();
 }
 
-VeredictoDeclarante Declarantes::Elimina(const Ruc& ruc) {
+VeredictoDeclarante Declarantes::Elimina(const Ruc& ruc, const Firma& firma) {
     const TrabajoUnico trabajo(*m_base);
     Transaccion transaccion = m_base->Comienza();
     if (TieneDeclaraciones(ruc))
         return VeredictoDeclarante::Critico(
             u"El declarante %1 tiene declaraciones: elimínelas primero."_s.arg(ruc.Texto()), CampoDeclarante::Ruc);
+    const std::optional<Declarante> anterior = Busca(ruc);
     if (m_base->Ejecuta(u"DELETE * FROM CONT WHERE Tip_doc_d = 6 AND Doc_id_d = ?"_s, {ruc.Texto()}) == 0)
         return VeredictoDeclarante::Critico(u"El declarante %1 no está registrado."_s.arg(ruc.Texto()),
                                             CampoDeclarante::Ruc);
+    Anota(firma, ruc, anterior, std::nullopt);
     transaccion.Confirma();
     return Veredicto::Bien();
+}
+
+void Declarantes::Anota(const Firma& firma, const Ruc& ruc, const std::optional<Declarante>& antes,
+                        const std::optional<Declarante>& despues) {
+    const auto lineas = [](const std::optional<Declarante>& uno) {
+        return uno ? u"nombre=%1\nusuario=%2"_s.arg(uno->nombre, uno->usuario) : QString();
+    };
+    Bitacora(*m_base).Anota(firma, {.suceso = Suceso::Declarante,
+                                    .clave = {.ruc = ruc, .periodo = {}, .formulario = {}},
+                                    .antes = lineas(antes),
+                                    .despues = lineas(despues)});
 }
 
 bool Declarantes::TieneDeclaraciones(const Ruc& ruc) const {

@@ -12,6 +12,7 @@
 namespace xa518 {
 
 class Base;
+struct Firma;
 
 /// A taxpayer whose declarations are kept, and the user who owns him.
 struct Declarante {
@@ -24,7 +25,7 @@ struct Declarante {
 enum class CampoDeclarante { Ruc, Nombre, Usuario };
 using VeredictoDeclarante = VeredictoDe<CampoDeclarante>;
 
-/// The register of declarants, table `CONT`.
+/// The register of declarants, table `CONT`. Each change is noted.
 class Declarantes {
   public:
     explicit Declarantes(Base& base) : m_base(&base) {}
@@ -40,22 +41,24 @@ class Declarantes {
 
     /// Adds the declarant, or changes the name and the owner of one who is there; an empty `usuario` leaves the owner.
     /// A number of the old form, eight digits, may be registered: only its declarations can't be saved.
-    [[nodiscard]] VeredictoDeclarante Registra(Declarante declarante);
+    [[nodiscard]] VeredictoDeclarante Registra(Declarante declarante, const Firma& firma);
 
     /// Adds one who isn't there yet.
-    [[nodiscard]] VeredictoDeclarante Agrega(Declarante declarante);
+    [[nodiscard]] VeredictoDeclarante Agrega(Declarante declarante, const Firma& firma);
     /// Changes the name and the owner of one who is there.
-    [[nodiscard]] VeredictoDeclarante Modifica(Declarante declarante);
+    [[nodiscard]] VeredictoDeclarante Modifica(Declarante declarante, const Firma& firma);
 
     /// Refused while he has declarations, registered or sent: without his row they could be neither seen nor printed.
     /// Raises `TrabajoAjeno` while another program has a declaration open: it may be one of his, not saved yet.
-    [[nodiscard]] VeredictoDeclarante Elimina(const Ruc& ruc);
+    [[nodiscard]] VeredictoDeclarante Elimina(const Ruc& ruc, const Firma& firma);
 
   private:
     /// Which of the two ways of writing a declarant is meant, and what the owner may be.
     enum class Modo { Cualquiera, Nuevo, Existente };
-    [[nodiscard]] VeredictoDeclarante Escribe(Declarante declarante, Modo modo);
+    [[nodiscard]] VeredictoDeclarante Escribe(Declarante declarante, Modo modo, const Firma& firma);
     [[nodiscard]] bool TieneDeclaraciones(const Ruc& ruc) const;
+    void Anota(const Firma& firma, const Ruc& ruc, const std::optional<Declarante>& antes,
+               const std::optional<Declarante>& despues);
 
     Base* m_base;
 };

@@ -3,6 +3,7 @@
 #include "family/HelpWindow.h"
 #include "family/Startup.h"
 #include "launcher/ModuleStart.h"
+#include "launcher/PagBitacora.h"
 #include "launcher/PagCopias.h"
 #include "launcher/PagDeclarantes.h"
 #include "launcher/PagEnviadas.h"
@@ -80,7 +81,8 @@ void FrmConsola::PonFichas(VistaDeInforme vista) {
     m_paginas = {agrega(new PagDeclarantes(entorno, &fichas), u"&Declarantes"_s),
                  agrega(new PagRegistradas(entorno, &fichas), u"&Registradas"_s),
                  agrega(new PagEnviadas(entorno, &fichas), u"Enviada&s"_s),
-                 agrega(new PagInformes(entorno, std::move(vista), &fichas), u"&Informes"_s)};
+                 agrega(new PagInformes(entorno, std::move(vista), &fichas), u"&Informes"_s),
+                 agrega(new PagBitacora(entorno, &fichas), u"&Bitácora"_s)};
     m_copias = new PagCopias(entorno, &fichas);
     agrega(m_copias, u"&Copias de respaldo"_s);
     connect(&fichas, &QTabWidget::currentChanged, this, [&fichas] {
@@ -109,6 +111,8 @@ void FrmConsola::Arranca() {
         m_avisos->Muestra({Icono::Critico, m_falta, {}});
     else
         RevisaBase();
+    if (const std::optional<Mensaje> aviso = AvisoDeRed(m_sesion.RutaBase()))
+        m_avisos->Muestra(*aviso);
     MuestraNovedades();
 }
 

@@ -3,6 +3,7 @@
 #include "data/Base.h"
 #include "data/SchemaVersion.h"
 #include "data/Workgroup.h"
+#include "family/ChangeLog.h"
 #include "family/Configuration.h"
 #include "family/SchemaSteps.h"
 #include "family/Startup.h"
@@ -13,6 +14,7 @@
 #include "launcher/Sample.h"
 #include "launcher/Schema.h"
 #include "launcher/TextChecks.h"
+#include "platform/NetworkFolder.h"
 #include "values/Error.h"
 
 #include <QDir>
@@ -81,6 +83,10 @@ QString Instalacion::CarpetaVigente(const ArchivoPerfil& perfil, const QString& 
 Veredicto Instalacion::Valida(const QString& usuario) const {
     if (Veredicto veredicto = ValidaCarpeta(m_carpeta); !veredicto)
         return veredicto;
+    if (!QFileInfo::exists(m_carpetaBase + m_nombreBase) && EstaEnRed(m_carpetaBase))
+        return Veredicto::Critico(
+            u"La carpeta '%1' está en otra máquina: un archivo compartido por la red puede perder"
+            " datos. Instale la base en una carpeta de este equipo, o en un servidor."_s.arg(m_carpetaBase));
     return ValidaUsuario(usuario);
 }
 
@@ -100,17 +106,17 @@ QStringList Instalacion::Instala(const QString& usuario) {
     return hecho;
 }
 
-QStringList Instalacion::InstalaEjemplo() {
+QStringList Instalacion::InstalaEjemplo(const Reloj& reloj) {
     const std::unique_ptr<Base> base = Base::Abre(m_carpetaBase + m_nombreBase);
     QStringList hecho;
     for (const Formulario& formulario : m_formularios) {
         if (!formulario.ejemplo.isEmpty())
-            hecho += InstalaEjemploDe(formulario, *base);
+            hecho += InstalaEjemploDe(formulario, *base, reloj);
     }
     return hecho;
 }
 
-QStringList Instalacion::InstalaEjemploDe(const Formulario& formulario, Base& base) const {
+QStringList Instalacion::InstalaEjemploDe(const Formulario& formulario, Base& base, const Reloj& reloj) const {
     const QString carpeta = m_carpeta + kCarpetaEjemplo;
     CreaCarpetaPrivada(carpeta);
     const Ejemplo ejemplo(formulario.ejemplo, carpeta);
@@ -118,7 +124,7 @@ QStringList Instalacion::InstalaEjemploDe(const Formulario& formulario, Base& ba
     Declarante empresa = ejemplo.Empresa();
     empresa.usuario = m_perfil.Lee(kSeccionOpciones, u"SysUser");
     if (!declarantes.Busca(empresa.ruc)) {
-        if (const Veredicto veredicto = declarantes.Registra(empresa); !veredicto)
+        if (const Veredicto veredicto = declarantes.Registra(empresa, FirmaDe(empresa.usuario, reloj)); !veredicto)
             throw Error(NumeroError::ArgumentoInvalido, veredicto.Motivo().texto);
     }
     return QStringList{

@@ -12,6 +12,7 @@
 namespace xa518 {
 
 class Base;
+class Reloj;
 
 /// What the launcher puts on a machine: the folder of the family with its subfolders, the base with its tables and
 /// catalogue, the workgroup file, the help of each form, and the profile file that names them. Doing it again over an
@@ -35,14 +36,14 @@ class Instalacion {
     [[nodiscard]] QStringList Instala(const QString& usuario);
 
     /// Registers the sample company of each form that has one, if nobody has yet, and copies its files.
-    [[nodiscard]] QStringList InstalaEjemplo();
+    [[nodiscard]] QStringList InstalaEjemplo(const Reloj& reloj);
 
   private:
     void CreaCarpetas() const;
     [[nodiscard]] std::unique_ptr<Base> PreparaBase(QStringList& hecho) const;
     [[nodiscard]] QString PreparaGrupo() const;
     [[nodiscard]] QString InstalaAyuda(const Formulario& formulario) const;
-    [[nodiscard]] QStringList InstalaEjemploDe(const Formulario& formulario, Base& base) const;
+    [[nodiscard]] QStringList InstalaEjemploDe(const Formulario& formulario, Base& base, const Reloj& reloj) const;
     void EscribePerfil(const QString& usuario) const;
     [[nodiscard]] bool EsLaVigente() const;
     [[nodiscard]] QString OpcionVigente(QStringView clave, const QString& porOmision) const;

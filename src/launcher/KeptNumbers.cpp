@@ -41,21 +41,35 @@ CuentaDeEnvios NumerosDados(const QString& vigente, const QStringList& copias, c
                    loSabeLaBase ? deCopias : CuentaDeTodas(copias, formulario, &NumerosDeEnvio::DadosTrasOtroEnvio));
 }
 
-QList<Registro> InformesDe(const QString& ruta, const Tabla& spool) {
-    QList<Registro> informes;
+/// Of a base that can't be read or hasn't the table, nothing.
+QList<Registro> FilasDe(const QString& ruta, const Tabla& tabla) {
+    QList<Registro> leidas;
     try {
         const std::unique_ptr<Base> base = Base::Abre(ruta);
-        Registros filas = base->Lee(u"SELECT * FROM SPOOL"_s);
+        Registros filas =
+            base->Lee(u"SELECT * FROM %1 ORDER BY %2"_s.arg(tabla.nombre, base->NumeroDeFila(tabla.nombre)));
         QStringList columnas;
-        for (const Columna& columna : spool.columnas)
+        for (const Columna& columna : tabla.columnas)
             columnas.append(columna.nombre);
-        const CopiaColumnas copia(filas, spool, columnas);
+        const CopiaColumnas copia(filas, tabla, columnas);
         while (filas.Siguiente())
-            copia.Copia(filas, informes.emplaceBack(spool));
+            copia.Copia(filas, leidas.emplaceBack(tabla));
     } catch (const ErrorBase&) {
         return {};
     }
-    return informes;
+    return leidas;
+}
+
+/// Adds the rows of that file that the base hasn't, as their key tells.
+void Agrega(Base& base, const QString& archivo, const QString& tabla, const QStringList& clave) {
+    const QString condicion = u"WHERE "_s + clave.join(u" = ? AND "_s) + u" = ?"_s;
+    for (const Registro& fila : FilasDe(archivo, base.Describe(tabla))) {
+        QVariantList valores;
+        for (const QString& columna : clave)
+            valores.append(fila.Valor(columna));
+        if (!base.Busca(tabla, condicion, valores))
+            base.Agrega(fila);
+    }
 }
 
 } // namespace
@@ -66,11 +80,8 @@ void ConservaNumeros(const QString& nueva, const CopiasConNumeros& copias, const
     Transaccion transaccion = base->Comienza();
     for (const Formulario& formulario : formularios)
         NumerosDeEnvio(*base, formulario).Respeta(NumerosDados(copias.vigente, copias.todas, formulario));
-    for (const Registro& informe : InformesDe(ultima, base->Describe(u"SPOOL"_s))) {
-        const QVariantList clave{informe.Valor(u"CodRep"), informe.Valor(u"Secuencia")};
-        if (!base->Busca(u"SPOOL"_s, u"WHERE CodRep = ? AND Secuencia = ?"_s, clave))
-            base->Agrega(informe);
-    }
+    Agrega(*base, ultima, u"SPOOL"_s, {u"CodRep"_s, u"Secuencia"_s});
+    Agrega(*base, ultima, u"BITACORA"_s, {u"Doc_id_d"_s, u"periodo"_s, u"Formulario"_s, u"Marca"_s});
     transaccion.Confirma();
 }
 

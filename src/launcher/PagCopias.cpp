@@ -73,7 +73,7 @@ void PagCopias::Restaura() {
     if (LosAvisos().Pregunta({Icono::Pregunta, texto, {}}, Respuesta::No) == Respuesta::No)
         return;
     RelojDeArena reloj;
-    const Veredicto veredicto = LaSesion().Copias().Restaura(copia.ruta);
+    const Veredicto veredicto = LaSesion().Copias().Restaura(copia.ruta, LaSesion().SuFirma());
     reloj.Suelta();
     if (!veredicto) {
         LosAvisos().Muestra(veredicto.Motivo());

@@ -64,12 +64,13 @@ void PagDeclarantes::Modifica() {
 }
 
 /// A failure while the dialog is open is a refusal like any other: what was typed stays.
-void PagDeclarantes::Abre(const Declarante& inicial, VeredictoDeclarante (Declarantes::*escribe)(Declarante)) {
+void PagDeclarantes::Abre(const Declarante& inicial,
+                          VeredictoDeclarante (Declarantes::*escribe)(Declarante, const Firma&)) {
     const auto guarda = [this, escribe](const Declarante& declarante) -> VeredictoDeclarante {
         try {
             const std::unique_ptr<Base> base = LaSesion().Abre();
             Declarantes declarantes(*base);
-            return (declarantes.*escribe)(declarante);
+            return (declarantes.*escribe)(declarante, LaSesion().SuFirma());
         } catch (const Error& error) {
             return Veredicto::Critico(TextoDeFalla(error));
         }
@@ -90,7 +91,7 @@ void PagDeclarantes::Elimina() {
     if (LosAvisos().Pregunta(pregunta, Respuesta::No) == Respuesta::No)
         return;
     const std::unique_ptr<Base> base = LaSesion().Abre();
-    if (const Veredicto veredicto = Declarantes(*base).Elimina(declarante.ruc); !veredicto)
+    if (const Veredicto veredicto = Declarantes(*base).Elimina(declarante.ruc, LaSesion().SuFirma()); !veredicto)
         LosAvisos().Muestra(veredicto.Motivo());
 }
 

@@ -28,7 +28,7 @@ class PagDeclarantes final : public Pagina {
     void Agrega();
     void Modifica();
     void Elimina();
-    void Abre(const Declarante& inicial, VeredictoDeclarante (Declarantes::*escribe)(Declarante));
+    void Abre(const Declarante& inicial, VeredictoDeclarante (Declarantes::*escribe)(Declarante, const Firma&));
     void ActualizaBotones();
 
     std::unique_ptr<Ui::PagDeclarantes> m_ui;

@@ -3,10 +3,10 @@
 #include "data/Base.h"
 #include "data/RecordChecksum.h"
 #include "data/Transaction.h"
+#include "family/ChangeLog.h"
 #include "family/WorkLock.h"
 #include "launcher/DeclarationList.h"
 #include "launcher/SentNumbers.h"
-#include "platform/Clock.h"
 #include "values/Dates.h"
 
 #include <QHash>
@@ -57,7 +57,7 @@ VeredictoDeEnvio Envio::Valida(const ClaveDeclaracion& clave, OtroOriginal otro)
     return Revisa(clave, otro);
 }
 
-ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave, OtroOriginal otro) {
+ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave, OtroOriginal otro, const Firma& firma) {
     const Formulario& formulario = FormularioDe(m_formularios, clave.formulario);
     const TrabajoUnico trabajo(*m_base);
     Transaccion transaccion = m_base->Comienza();
@@ -70,9 +70,14 @@ ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave, OtroOriginal otro) {
                       {u"control"_s, control},
                       {u"norden"_s, u"0"_s},
                       {u"estado"_s, kEstadoEnviada},
-                      {u"fec_env"_s, FormatFecha(m_reloj->Hoy(), u"dd/mm/yyyy")}};
+                      {u"fec_env"_s, FormatFecha(firma.momento.date(), u"dd/mm/yyyy")}};
+    const QString casillas = CasillasEnLineas(*m_base, clave);
     for (const TablaDeDeclaracion& tabla : formulario.tablas)
         Mueve(*m_base, clave, tabla, sello);
+    Bitacora(*m_base).Anota(firma, {.suceso = Suceso::Envio,
+                                    .clave = clave,
+                                    .antes = casillas,
+                                    .despues = casillas + u"\ncorrel=%1\ncontrol=%2"_s.arg(correl, control)});
     transaccion.Confirma();
     return {.correl = correl, .control = control};
 }

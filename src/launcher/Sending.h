@@ -9,7 +9,7 @@
 namespace xa518 {
 
 class Base;
-class Reloj;
+struct Firma;
 
 /// What every answer to a sending says, lest the person takes the word at its face.
 inline const QString kNadaSeTransmite =
@@ -40,15 +40,14 @@ enum class OtroOriginal { Rechazado, Admitido };
 class Envio {
   public:
     /// Of a declaration of one of these forms.
-    Envio(Base& base, const Reloj& reloj, Formularios formularios)
-        : m_base(&base), m_reloj(&reloj), m_formularios(std::move(formularios)) {}
+    Envio(Base& base, Formularios formularios) : m_base(&base), m_formularios(std::move(formularios)) {}
 
     /// Refused when there is no such declaration, or when it was saved with inconsistencies, or at its answer about
     /// rectifying for another original that isn't admitted.
     [[nodiscard]] VeredictoDeEnvio Valida(const ClaveDeclaracion& clave, OtroOriginal otro) const;
 
-    /// One transaction, which asks the same once more.
-    [[nodiscard]] ResultadoEnvio Envia(const ClaveDeclaracion& clave, OtroOriginal otro);
+    /// One transaction, which asks the same once more, and notes it.
+    [[nodiscard]] ResultadoEnvio Envia(const ClaveDeclaracion& clave, OtroOriginal otro, const Firma& firma);
 
     /// The number of the copy by which the month was sent last, if the registered declaration doesn't say that it
     /// rectifies another; otherwise empty.
@@ -58,7 +57,6 @@ class Envio {
     [[nodiscard]] VeredictoDeEnvio Revisa(const ClaveDeclaracion& clave, OtroOriginal otro) const;
 
     Base* m_base;
-    const Reloj* m_reloj;
     Formularios m_formularios;
 };
 

@@ -47,7 +47,7 @@ QString Sesion::Carpeta() const {
 QStringList Sesion::Instala(bool conEjemplo) {
     Instalacion instalacion(Carpeta(), m_perfil, m_entorno.formularios);
     QStringList hecho = instalacion.Instala(m_entorno.usuario);
-    return conEjemplo ? hecho + instalacion.InstalaEjemplo() : hecho;
+    return conEjemplo ? hecho + instalacion.InstalaEjemplo(m_entorno.reloj) : hecho;
 }
 
 QString Sesion::TomaNovedades() const {
@@ -81,17 +81,17 @@ Respaldos Sesion::Copias() {
 
 RevisionEnvio Sesion::RevisaEnvio(const ClaveDeclaracion& clave) {
     const std::unique_ptr<Base> base = Abre();
-    const Envio envio(*base, m_entorno.reloj, m_entorno.formularios);
+    const Envio envio(*base, m_entorno.formularios);
     return {.veredicto = envio.Valida(clave, OtroOriginal::Admitido), .original = envio.OriginalYaEnviado(clave)};
 }
 
 ResultadoEnvio Sesion::Envia(const ClaveDeclaracion& clave, OtroOriginal otro) {
     const std::unique_ptr<Base> base = Abre();
-    Envio envio(*base, m_entorno.reloj, m_entorno.formularios);
+    Envio envio(*base, m_entorno.formularios);
     if (VeredictoDeEnvio veredicto = envio.Valida(clave, otro); !veredicto)
         return {.veredicto = std::move(veredicto)};
     (void)Copias().Haz();
-    return envio.Envia(clave, otro);
+    return envio.Envia(clave, otro, SuFirma());
 }
 
 QString TextoDeFalla(const Error& error) {

@@ -37,8 +37,9 @@ class Sesion {
     /// Sends a declaration, see `Envio`, a copy of the base being made first. Refused or raised, nothing has been sent.
     [[nodiscard]] ResultadoEnvio Envia(const ClaveDeclaracion& clave, OtroOriginal otro);
 
-    [[nodiscard]] const Reloj& ElReloj() const { return m_entorno.reloj; }
     [[nodiscard]] const Formularios& LosFormularios() const { return m_entorno.formularios; }
+    /// Beneath a change made now.
+    [[nodiscard]] Firma SuFirma() const { return m_proceso.SuFirma(); }
     /// As they stood in the profile file at the last opening.
     [[nodiscard]] const QString& Usuario() const { return m_proceso.sysUser; }
     [[nodiscard]] const QString& RutaBase() const { return m_proceso.rutaBase; }

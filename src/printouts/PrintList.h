@@ -1,6 +1,6 @@
 #pragma once
 
-#include "family/OfferedDeclarants.h"
+#include "data/LongList.h"
 
 namespace xa518 {
 
@@ -15,6 +15,6 @@ struct ColumnaImprimirEnviada {
 };
 
 /// The declarations that the print dialog offers, registered or sent, those of the user or all, by his kind.
-[[nodiscard]] ConsultaSql SqlParaImprimir(const Proceso& proceso, bool enviadas);
+[[nodiscard]] ConsultaDeLista SqlParaImprimir(const Proceso& proceso, bool enviadas);
 
 } // namespace xa518

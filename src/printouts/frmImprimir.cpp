@@ -67,9 +67,7 @@ frmImprimir::frmImprimir(Proceso& proceso, EntornoInformes entorno, BarradeEstad
 frmImprimir::~frmImprimir() = default;
 
 void frmImprimir::CargaLista() {
-    const ConsultaSql consulta = SqlParaImprimir(m_proceso, m_enviadas);
-    m_dta1->Consulta(*m_proceso.baseDatos, consulta.texto,
-                     QVariantList(consulta.valores.begin(), consulta.valores.end()));
+    m_dta1->Consulta(*m_proceso.baseDatos, SqlParaImprimir(m_proceso, m_enviadas));
     m_ui->grdContrib->AjustaColumnas(kColumnaNombre);
     m_ui->grdContrib->PonFila(0);
     m_ui->grdContrib->setFocus();

@@ -20,8 +20,8 @@ namespace xa518 {
 
 namespace {
 
-/// A window that doesn't answer for so long isn't noticed.
-constexpr int kSinNotarse = 20;
+/// A window that doesn't answer for so long isn't noticed, nor are two or three such works one behind the other.
+constexpr int kSinNotarse = 10;
 /// A box that goes at once is a flicker.
 constexpr int kHastaLaCaja = 300;
 constexpr int kRitmo = 100;

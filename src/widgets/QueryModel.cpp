@@ -7,6 +7,7 @@
 
 #include <QTimer>
 
+#include <algorithm>
 #include <exception>
 #include <utility>
 
@@ -19,23 +20,24 @@ namespace {
 constexpr int kFilasPorPagina = 500;
 constexpr int kPaginasGuardadas = 20;
 
-int CuentaFilas(Base& base, const QString& sql, const QVariantList& valores) {
-    Registros cuenta = base.Lee(u"SELECT count(*) FROM ("_s + sql + u")"_s, valores);
-    return cuenta.Siguiente() ? static_cast<int>(cuenta.Entero(0)) : 0;
-}
-
-std::vector<QStringList> LeePagina(Base& base, const QString& sql, QVariantList valores, int primera) {
-    valores << kFilasPorPagina << primera;
-    Registros filas = base.Lee(u"SELECT * FROM ("_s + sql + u") LIMIT ? OFFSET ?"_s, valores);
+/// All rows of a query.
+std::vector<QStringList> LeeFilas(Base& base, const QString& sql) {
+    Registros filas = base.Lee(sql);
     const int campos = filas.Columnas();
-    std::vector<QStringList> pagina;
+    std::vector<QStringList> leidas;
     while (filas.Siguiente()) {
         QStringList fila;
         for (int campo = 0; campo < campos; ++campo)
             fila << filas.Texto(campo);
-        pagina.push_back(std::move(fila));
+        leidas.push_back(std::move(fila));
     }
-    return pagina;
+    return leidas;
+}
+
+/// A page of rows that have been read.
+std::vector<QStringList> Tramo(const std::vector<QStringList>& filas, int primera) {
+    const auto desde = filas.begin() + primera;
+    return {desde, desde + std::min<std::ptrdiff_t>(kFilasPorPagina, filas.end() - desde)};
 }
 
 } // namespace
@@ -43,9 +45,10 @@ std::vector<QStringList> LeePagina(Base& base, const QString& sql, QVariantList 
 ModeloDeConsulta::ModeloDeConsulta(QList<ColumnaDeGrilla> columnas, QObject* padre)
     : QAbstractTableModel(padre), m_columnas(std::move(columnas)), m_paginas(kPaginasGuardadas) {}
 
-void ModeloDeConsulta::Consulta(Base& base, const QString& sql, const QVariantList& valores) {
-    Muestra(CuentaFilas(base, sql, valores),
-            [&base, sql, valores](int primera) { return LeePagina(base, sql, valores, primera); });
+void ModeloDeConsulta::Consulta(Base& base, const QString& sql) {
+    std::vector<QStringList> filas = LeeFilas(base, sql);
+    const auto cuantas = static_cast<int>(filas.size());
+    Muestra(cuantas, [filas = std::move(filas)](int primera) { return Tramo(filas, primera); });
 }
 
 void ModeloDeConsulta::Consulta(Base& base, const ConsultaDeLista& consulta) {

@@ -22,19 +22,18 @@ struct ColumnaDeGrilla {
     std::function<QString(const QStringList& fila)> texto = {}; ///< made of several fields of the row, instead of one
 };
 
-/// The rows of a query, read-only. The count is exact at once, the rows are read by pages when they are looked at, and
-/// no statement stays open in between, which would keep other programs from writing.
+/// The rows of a query, read-only, as they were when it was run. No statement stays open behind it, which would keep
+/// other programs from writing.
 class ModeloDeConsulta : public QAbstractTableModel {
     Q_OBJECT
   public:
     explicit ModeloDeConsulta(QList<ColumnaDeGrilla> columnas, QObject* padre = nullptr);
 
-    /// Runs the query anew; raises `ErrorBase`, and then the model stays as it was: a list that can't be read mustn't
-    /// pass for an empty one. The base must outlive the model's use. The query must give its rows in the same order
-    /// each time.
-    void Consulta(Base& base, const QString& sql, const QVariantList& valores = {});
-    /// The same over a list that may be long: any of its pages is found at once, and they are those that it had when it
-    /// was run.
+    /// Runs the query of a short list anew and reads it whole; raises `ErrorBase`, and then the model stays as it was:
+    /// a list that can't be read mustn't pass for an empty one.
+    void Consulta(Base& base, const QString& sql);
+    /// The same over a list that may be long, whose rows are read by pages when they are looked at; any of them is
+    /// found at once. The base must outlive the model's use.
     void Consulta(Base& base, const ConsultaDeLista& consulta);
 
     /// A field of a row as text, also of one that no column shows; empty for a row that isn't there.

@@ -5,6 +5,7 @@
 #include "family/Configuration.h"
 #include "family/WorkLock.h"
 #include "launcher/Installation.h"
+#include "platform/Clock.h"
 #include "support/Test.h"
 
 #include <QJsonArray>
@@ -24,7 +25,7 @@ class Batch : public testing::Test {
     Batch() : m_antes(QDir::currentPath()), m_perfil(m_carpeta.filePath(u"conf/XA000.INI"_s)) {
         Instalacion instalacion(Casa(), m_perfil, FormulariosConocidos());
         (void)instalacion.Instala(u"USUARIO"_s);
-        (void)instalacion.InstalaEjemplo();
+        (void)instalacion.InstalaEjemplo(RelojSistema());
     }
     ~Batch() override { QDir::setCurrent(m_antes); }
 

@@ -2,11 +2,14 @@
 
 #include "data/FollowedWork.h"
 #include "declaration/ClientGrid.h"
+#include "family/StoredDeclaration.h"
 #include "form518/Form0518.h"
 #include "form518/RowCounts.h"
 #include "form518/WorkTables.h"
 #include "support/ProgressScript.h"
 #include "support/TemporaryBase.h"
+
+#include <gmock/gmock.h>
 
 namespace {
 
@@ -59,6 +62,12 @@ class Save : public testing::Test {
         declaracion.rectifica = Rectificacion::No;
         return declaracion;
     }
+    [[nodiscard]] ResultadoGrabacion Graba(const Declaracion& declaracion, const QDate& hoy = kHoy) const {
+        return GrabaDeclaracion(*base, declaracion, EstadoGuardado::De(*base, declaracion.clave), De(u"ANA"_s, hoy));
+    }
+    [[nodiscard]] static Firma De(const QString& usuario, const QDate& hoy = kHoy) {
+        return {.usuario = usuario, .equipo = u"CAJA-2"_s, .momento = QDateTime(hoy, QTime(10, 42))};
+    }
     [[nodiscard]] QString Casilla(const QString& casilla) const {
         return base.Filas(u"SELECT i_valor FROM DET WHERE Casilla='%1'"_s.arg(casilla)).value(0, u"-"_s);
     }
@@ -68,7 +77,7 @@ class Save : public testing::Test {
 
 TEST_F(Save, WritesHeadBoxesAndDetailWithTheirChecksums) {
     Detalle();
-    const ResultadoGrabacion resultado = GrabaDeclaracion(*base, Nueva(), kHoy);
+    const ResultadoGrabacion resultado = Graba(Nueva());
     EXPECT_EQ(resultado.estado, 0);
     EXPECT_EQ(resultado.mensajes.last().texto,
               u"Toda la información de la declaración fue grabada satisfactoriamente."_s);
@@ -99,16 +108,16 @@ TEST_F(Save, WritesHeadBoxesAndDetailWithTheirChecksums) {
 
 TEST_F(Save, SavingAgainReplacesEveryRowOrNone) {
     Detalle();
-    ASSERT_EQ(GrabaDeclaracion(*base, Nueva(), kHoy).estado, 0);
+    ASSERT_EQ(Graba(Nueva()).estado, 0);
     const QString primero = Retrato(*base);
-    ASSERT_EQ(GrabaDeclaracion(*base, Nueva(), kHoy).estado, 0);
+    ASSERT_EQ(Graba(Nueva()).estado, 0);
     EXPECT_EQ(Retrato(*base), primero);
     // The last table to be written takes a text whose checksum overflows.
     base->Ejecuta(u"UPDATE TMPF518PDETCP SET mto_detcp=? WHERE num_detcp='00000012'"_s, {QString(400, u'Z')});
-    EXPECT_THROW((void)GrabaDeclaracion(*base, Nueva(), kHoy.addDays(1)), Desbordamiento);
+    EXPECT_THROW((void)Graba(Nueva(), kHoy.addDays(1)), Desbordamiento);
     EXPECT_EQ(Retrato(*base), primero);
     TablasTrabajo(*base).EliminaCliente({CodigoDocumento(6), u"20500000007"_s});
-    ASSERT_EQ(GrabaDeclaracion(*base, Nueva(), kHoy).estado, 0);
+    ASSERT_EQ(Graba(Nueva()).estado, 0);
     EXPECT_EQ(base.Filas(u"SELECT count(*) FROM F518PDETCP"_s), QStringList{u"0"_s});
     EXPECT_EQ(Casilla(u"501"_s), u"1"_s);
 }
@@ -117,11 +126,11 @@ TEST_F(Save, WithoutAWayOfPaymentTheStoredOneStays) {
     Declaracion declaracion = Nueva();
     declaracion.pago = {
         .forma = FormaDePago::Cheque, .banco = u"02"_s, .numeroCheque = u"007"_s, .importe = u"1,250"_s};
-    ASSERT_EQ(GrabaDeclaracion(*base, declaracion, kHoy).estado, 0);
+    ASSERT_EQ(Graba(declaracion).estado, 0);
     EXPECT_EQ(Casilla(u"015"_s), u"2"_s); // the bank goes through the number mask
     EXPECT_EQ(Casilla(u"012"_s), u"007"_s);
     declaracion.pago = {};
-    const ResultadoGrabacion resultado = GrabaDeclaracion(*base, declaracion, kHoy);
+    const ResultadoGrabacion resultado = Graba(declaracion);
     EXPECT_EQ(resultado.estado, 9);
     EXPECT_EQ(
         resultado.mensajes.last().texto,
@@ -132,13 +141,13 @@ TEST_F(Save, WithoutAWayOfPaymentTheStoredOneStays) {
 
 /// Nor does one of an unknown type, who is lost.
 TEST_F(Save, WithoutClientsTheTotalsLeaveNoRow) {
-    ASSERT_EQ(GrabaDeclaracion(*base, Nueva(), kHoy).estado, 0);
+    ASSERT_EQ(Graba(Nueva()).estado, 0);
     for (const QString& ausente : {u"502"_s, u"503"_s, u"401"_s})
         EXPECT_EQ(Casilla(ausente), u"-"_s) << qPrintable(ausente);
     for (const QString& cero : {u"501"_s, u"510"_s, u"511"_s, u"514"_s, u"516"_s, u"517"_s})
         EXPECT_EQ(Casilla(cero), u"0"_s) << cero.toStdString();
     Cliente(5, u"X1"_s, u"5.00"_s);
-    ASSERT_EQ(GrabaDeclaracion(*base, Nueva(), kHoy).estado, 0);
+    ASSERT_EQ(Graba(Nueva()).estado, 0);
     EXPECT_TRUE(base.Filas(u"SELECT num_doc_per FROM F518PCAB"_s).isEmpty());
     EXPECT_EQ(Casilla(u"501"_s), u"0"_s);
 }
@@ -146,7 +155,7 @@ TEST_F(Save, WithoutClientsTheTotalsLeaveNoRow) {
 /// A save, or an opening, that is stopped in the middle of a statement leaves the base as it was.
 TEST_F(Save, StoppedInTheMiddleNothingHasHappened) {
     Detalle();
-    ASSERT_EQ(GrabaDeclaracion(*base, Nueva(), kHoy).estado, 0);
+    ASSERT_EQ(Graba(Nueva()).estado, 0);
     base->Ejecuta(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 5000) "
                   "INSERT INTO TMPF518PDET SELECT 6, '20500000007', '0002', printf('%08d', i), '', '1', '0', '9', "
                   "'05/10/2026', '1.00', '0.02', '2.00' FROM n"_s);
@@ -161,10 +170,10 @@ TEST_F(Save, StoppedInTheMiddleNothingHasHappened) {
         const TrabajoSeguido seguido(*base, avance, FilasDelDetalle(*base, kClave));
         EXPECT_THROW(trabajo(), Detenido);
     };
-    seDetiene([&] { (void)GrabaDeclaracion(*base, Nueva(), kHoy.addDays(1)); });
+    seDetiene([&] { (void)Graba(Nueva(), kHoy.addDays(1)); });
     EXPECT_EQ(Retrato(*base), guardada);
 
-    ASSERT_EQ(GrabaDeclaracion(*base, Nueva(), kHoy).estado, 0);
+    ASSERT_EQ(Graba(Nueva()).estado, 0);
     base->Ejecuta(u"DELETE * FROM TMPF518PDETCP"_s);
     seDetiene([&] { TablasTrabajo(*base).Reconstruye(kClave); });
     EXPECT_EQ(base.Filas(u"SELECT count(*) FROM TMPF518PDET"_s), QStringList{u"5003"_s});
@@ -174,3 +183,46 @@ TEST_F(Save, StoppedInTheMiddleNothingHasHappened) {
 }
 
 } // namespace
+
+TEST_F(Save, WritesNothingOverWhatAnotherHasChangedSinceAndTellsWhoDidIt) {
+    Detalle();
+    const Declaracion declaracion = Nueva();
+    const auto graba = [&](const EstadoGuardado& conocido) {
+        return GrabaDeclaracion(*base, declaracion, conocido, De(u"LUIS"_s));
+    };
+    const EstadoGuardado ninguna;
+    const EstadoGuardado primera = Graba(declaracion).guardado;
+    const struct {
+        const char* cual;
+        std::function<void()> hace;
+        QString dice;
+    } casos[] = {
+        {"saved", [&] { ASSERT_TRUE(Graba(declaracion).veredicto); }, u"fue grabada por ANA en CAJA-2 el"_s},
+        {"deleted", [&] { EliminaDeclaracion(*base, Formulario0518(), kClave, De(u"EVA"_s)); },
+         u"fue eliminada por EVA en CAJA-2 el"_s},
+        {"past the programs", [&] { base->Ejecuta(u"UPDATE CAB SET cNumero = 'x' || cNumero"_s); },
+         u"fue cambiada por otro medio"_s},
+        {"gone past the programs", [&] { base->Ejecuta(u"DELETE * FROM CAB"_s); }, u"fue quitada por otro medio"_s},
+    };
+    for (const auto& [cual, hace, dice] : casos) {
+        SCOPED_TRACE(cual);
+        const EstadoGuardado conocido = Graba(declaracion).guardado;
+        hace();
+        const QString antes = Retrato(*base);
+        const ResultadoGrabacion resultado = graba(conocido);
+        ASSERT_FALSE(resultado.veredicto);
+        EXPECT_THAT(resultado.veredicto.Motivo().texto.toStdString(), testing::HasSubstr(dice.toStdString()));
+        EXPECT_EQ(Retrato(*base), antes);
+    }
+    (void)Graba(declaracion);
+    EXPECT_FALSE(graba(ninguna).veredicto) << "a new one over one that another has registered";
+    EXPECT_FALSE(graba(primera).veredicto);
+    EXPECT_TRUE(graba(EstadoGuardado::De(*base, kClave)).veredicto);
+    Bitacora(*base).Anota(De(u"ANA"_s), {.suceso = Suceso::NumeroDeOrden,
+                                         .clave = {.ruc = kClave.ruc,
+                                                   .periodo = kClave.periodo,
+                                                   .formulario = kClave.formulario,
+                                                   .enviada = true,
+                                                   .correl = u"1"_s}});
+    EXPECT_TRUE(graba(EstadoGuardado::De(*base, kClave)).veredicto) << "what is done with a sent copy is another thing";
+}

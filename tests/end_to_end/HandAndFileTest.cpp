@@ -46,7 +46,7 @@ class HandAndFileTest : public DetailTest {
         RefrescaTotales(*m_base, declaracion);
         declaracion.pago.forma = FormaDePago::Efectivo;
         declaracion.rectifica = Rectificacion::No;
-        (void)GrabaDeclaracion(*m_base, declaracion, m_reloj.Hoy());
+        (void)GrabaDeclaracion(*m_base, declaracion, EstadoGuardado::De(*m_base, m_clave), FirmaDe(u"ANA"_s, m_reloj));
         const QString retrato = Retrato(*m_base);
         for (const QString& tabla : kTablas + QStringList{u"TMPF518PCAB"_s, u"TMPF518PDET"_s, u"TMPF518PDETCP"_s})
             m_base->Ejecuta(u"DELETE * FROM "_s + tabla);

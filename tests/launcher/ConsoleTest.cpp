@@ -3,6 +3,7 @@
 #include "data/DocumentTypes.h"
 #include "data/SchemaVersion.h"
 #include "data/Transaction.h"
+#include "family/ChangeLog.h"
 #include "family/WorkLock.h"
 #include "form518/Form0518.h"
 #include "form518/FormCatalogs.h"
@@ -203,10 +204,10 @@ TEST_F(Console, WhileADeclarationIsOpenNothingIsTakenFromUnderIt) {
         }
         const auto base = Abre();
         base->Ejecuta(u"DELETE * FROM CAB"_s);
-        EXPECT_THROW((void)Declarantes(*base).Elimina(Ruc(kRucMuestra)), TrabajoAjeno);
+        EXPECT_THROW((void)Declarantes(*base).Elimina(Ruc(kRucMuestra), FirmaDe(u"ANA"_s, reloj)), TrabajoAjeno);
     }
     EXPECT_EQ(QDir(carpeta + u"/RESPALDOS"_s).entryList(QDir::Files), copias);
-    EXPECT_TRUE(Declarantes(*Abre()).Elimina(Ruc(kRucMuestra)));
+    EXPECT_TRUE(Declarantes(*Abre()).Elimina(Ruc(kRucMuestra), FirmaDe(u"ANA"_s, reloj)));
 }
 
 TEST_F(Console, RefusesWhatItDoesNotUnderstand) {

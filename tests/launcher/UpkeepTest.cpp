@@ -2,6 +2,7 @@
 #include "data/RecordChecksum.h"
 #include "data/SchemaVersion.h"
 #include "data/Transaction.h"
+#include "family/ChangeLog.h"
 #include "family/SchemaSteps.h"
 #include "form518/Form0518.h"
 #include "launcher/Backups.h"
@@ -71,7 +72,7 @@ class Sending : public testing::Test {
     ResultadoEnvio Envia(const QString& periodo) {
         const ClaveDeclaracion clave{
             .ruc = Ruc(kRucMuestra), .periodo = *Periodo::DeTabla(periodo), .formulario = kNumFormulario};
-        return Envio(*base, reloj, formularios).Envia(clave, OtroOriginal::Rechazado);
+        return Envio(*base, formularios).Envia(clave, OtroOriginal::Rechazado, FirmaDe(u"ANA"_s, reloj));
     }
 
     QString Valor(const QString& sql) const { return base.Filas(sql).value(0); }
@@ -123,16 +124,24 @@ TEST_F(Backups, KeepsTheLastTwentyEvenWhenTheClockIsSetBack) {
     EXPECT_EQ(QFile::permissions(reciente) & kDeOtros, QFile::Permissions());
 }
 
-TEST_F(Backups, RestoresTheCopyToTheByteAndKeepsWhatWasThere) {
+TEST_F(Backups, RestoresTheCopyAndKeepsWhatWasThere) {
+    const QString antes = Retrato(*base);
     const QString copia = Copias().Haz();
     Graba(u"202610"_s);
-    ASSERT_TRUE(Copias().Restaura(copia));
-    EXPECT_EQ(BytesDe(base.Ruta()), BytesDe(copia));
+    Bitacora(*base).Anota(FirmaDe(u"ANA"_s, reloj), {.suceso = Suceso::Grabacion, .despues = u"401=10"_s});
+    ASSERT_TRUE(Copias().Restaura(copia, FirmaDe(u"LUIS"_s, reloj)));
+    EXPECT_EQ(Retrato(*Base::Abre(base.Ruta())), antes);
     EXPECT_EQ(Periodos(), u"202609"_s);
+    QStringList sucesos;
+    for (const Asiento& asiento : Bitacora(*Base::Abre(base.Ruta())).Lista())
+        sucesos.append(asiento.usuario + u' ' + asiento.suceso + u' ' + asiento.Diferencias());
+    EXPECT_EQ(sucesos,
+              (QStringList{u"LUIS RESTAURAR copia:  → "_s + QFileInfo(copia).fileName(), u"ANA GRABAR 401:  → 10"_s}))
+        << "who changed what doesn't go back";
     // Whoever still has the old file open must not write into the void.
     EXPECT_THROW(Graba(u"202611"_s), ErrorBase);
     ASSERT_EQ(Copias().Lista().size(), 2);
-    ASSERT_TRUE(Copias().Restaura(Copias().Lista().first().ruta));
+    ASSERT_TRUE(Copias().Restaura(Copias().Lista().first().ruta, FirmaDe(u"ANA"_s, reloj)));
     EXPECT_EQ(Periodos(), u"202609,202610"_s);
 }
 
@@ -154,7 +163,7 @@ TEST_F(Backups, RefusesWhatIsNoSoundBaseOfThesePrograms) {
                                futura->Ruta()};
     const QByteArray antes = BytesDe(base.Ruta());
     for (const QString& mala : malas) {
-        const Veredicto veredicto = Copias().Restaura(mala);
+        const Veredicto veredicto = Copias().Restaura(mala, FirmaDe(u"ANA"_s, reloj));
         ASSERT_FALSE(veredicto) << qPrintable(mala);
         EXPECT_TRUE(veredicto.Motivo().texto.contains(mala)) << qPrintable(veredicto.Motivo().texto);
     }
@@ -167,25 +176,25 @@ TEST_F(Backups, RefusesWhileAnotherProgramUsesTheBase) {
     Graba(u"202610"_s);
     {
         const Transaccion ocupada = base->Comienza();
-        EXPECT_FALSE(Copias().Restaura(copia));
+        EXPECT_FALSE(Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj)));
     }
     QProcess otro; // it only has the file open, as a module between two statements
     otro.start(u"sh"_s, {u"-c"_s, u"exec 3<'%1'; echo listo; read fin"_s.arg(base.Ruta())});
     ASSERT_TRUE(otro.waitForReadyRead());
-    const Veredicto veredicto = Copias().Restaura(copia);
+    const Veredicto veredicto = Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj));
     ASSERT_FALSE(veredicto);
     EXPECT_TRUE(veredicto.Motivo().texto.contains(u"sh (%1)"_s.arg(otro.processId())));
     otro.closeWriteChannel();
     ASSERT_TRUE(otro.waitForFinished());
     EXPECT_EQ(Periodos(), u"202609,202610"_s);
-    EXPECT_TRUE(Copias().Restaura(copia));
+    EXPECT_TRUE(Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj)));
 }
 
 TEST_F(Backups, TakesThePlaceOfABrokenOrMissingBase) {
     const QString copia = Copias().Haz();
     Archivo(u"XA.DB"_s, "restos de una base");
     Archivo(u"XA.DB-journal"_s, "diario de la base rota");
-    ASSERT_TRUE(Copias().Restaura(copia));
+    ASSERT_TRUE(Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj)));
     EXPECT_EQ(Periodos(), u"202609"_s);
     EXPECT_FALSE(QFile::exists(base.Ruta() + u"-journal"_s));
     const QDir carpeta(Copias().Carpeta());
@@ -196,13 +205,13 @@ TEST_F(Backups, TakesThePlaceOfABrokenOrMissingBase) {
     QFile::remove(base.Ruta());
     Archivo(u"XA.DB-journal"_s, "diario de la base perdida");
     EXPECT_THROW((void)Copias().Haz(), ErrorBase);
-    ASSERT_TRUE(Copias().Restaura(copia));
+    ASSERT_TRUE(Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj)));
     EXPECT_EQ(Periodos(), u"202609"_s);
     EXPECT_FALSE(QFile::exists(base.Ruta() + u"-journal"_s));
 
     RompeIndice(base.Ruta()); // it reads well, and its fault goes into every copy
     ASSERT_FALSE(Respaldos::Defectos(*Base::Abre(base.Ruta())).isEmpty());
-    ASSERT_TRUE(Copias().Restaura(copia));
+    ASSERT_TRUE(Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj)));
     EXPECT_TRUE(Respaldos::Defectos(*Base::Abre(base.Ruta())).isEmpty());
 }
 
@@ -212,7 +221,7 @@ TEST_F(Backups, ACopyOfAnEarlierVersionGetsTheTablesOfThisOne) {
                 QFile::copy(u":/esquema/0001_shared_tables.sql"_s, pasos + u"/0001_shared_tables.sql"_s));
     const QString anterior = base.Carpeta() + u"/anterior"_s;
     ASSERT_EQ(Esquema({pasos}).Aplica(*Base::Crea(anterior)).version, 1);
-    ASSERT_TRUE(Copias().Restaura(anterior));
+    ASSERT_TRUE(Copias().Restaura(anterior, FirmaDe(u"ANA"_s, reloj)));
     EXPECT_NO_THROW(ExigeVersion(*Base::Abre(base.Ruta()), VersionDelEsquema(formularios)));
     EXPECT_EQ(VersionDe(*Base::Abre(anterior)), 1);
 }

@@ -20,10 +20,12 @@ TEST(PrintList, OffersTheUsersDeclarationsOfTheKindAskedFor) {
     }
     Base& base = *taller.base;
     const auto resumen = [&](bool enviadas) {
-        const ConsultaSql consulta = SqlParaImprimir(taller.proceso, enviadas);
-        return taller.base.Filas(
-            u"SELECT PERIODOf, %1 FROM (%2)"_s.arg(enviadas ? u"correl"_s : u"rectifica"_s, consulta.texto),
-            {consulta.valores.begin(), consulta.valores.end()});
+        const ListaLarga lista(base, SqlParaImprimir(taller.proceso, enviadas));
+        QStringList filas;
+        for (const QStringList& fila : lista.Lee(0, lista.Filas()))
+            filas += fila[ColumnaImprimir::PeriodoMostrado] + u'|' +
+                     fila[enviadas ? +ColumnaImprimirEnviada::Correl : +ColumnaImprimir::Rectifica];
+        return filas;
     };
     EXPECT_THAT(resumen(false), ElementsAre(u"022026|0"_s, u"012026|1"_s));
     EXPECT_THAT(resumen(true), testing::UnorderedElementsAre(u"022026|1"_s, u"022026|2"_s));

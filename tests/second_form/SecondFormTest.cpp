@@ -26,7 +26,7 @@ Formulario Formulario0999(const QString& carpeta) {
     for (const QByteArray tabla : {"F999LIB", "F999RES"})
         sql += "CREATE TABLE " + tabla + " (" + clave + ", monto TEXT, cNumero TEXT);\nCREATE TABLE H" + tabla + " (" +
                clave + ", correl TEXT, monto TEXT, cNumero TEXT);\n";
-    EscribeEn(carpeta + u"/0003_form_0999.sql"_s, sql);
+    EscribeEn(carpeta + u"/0004_form_0999.sql"_s, sql);
     EscribeEn(carpeta + u"/tasas.csv"_s, "codigo,tasa,correl\n01,18.00,1\n");
     EscribeEn(carpeta + u"/Xa999.hlp"_s, "ayuda");
     return {
@@ -118,7 +118,7 @@ TEST_F(SecondForm, IsInstalledSavedListedSentAndDeletedBesideTheFirst) {
     EXPECT_EQ(Valor(u"SELECT group_concat(Formulario) FROM CAB"_s), u"0518"_s);
     EXPECT_EQ(Valor(u"SELECT (SELECT count(*) FROM F999LIB) & correl & monto FROM HF999LIB"_s), u"0112.50"_s);
 
-    EliminaDeclaracion(*proceso.baseDatos, propio, enviadas.first().clave);
+    EliminaDeclaracion(*proceso.baseDatos, propio, enviadas.first().clave, proceso.SuFirma());
     EXPECT_EQ(Valor(u"SELECT (SELECT count(*) FROM HCAB) & (SELECT count(*) FROM HF999LIB) & (SELECT count(*) FROM"
                     " HF999RES)"_s),
               u"001"_s);
