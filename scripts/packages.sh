@@ -18,6 +18,7 @@ packages_build=(
   libsodium-dev
   libfccp-dev
   fonts-liberation # the print-outs' fixed-width letter
+  libpq5 # its licence goes with the programs
 )
 
 packages_test=(
@@ -52,6 +53,10 @@ packages_windows=(
   xvfb # the programs with windows are tried on a screen of the tests' own
   openbox
   xdotool
+)
+
+packages_windows_package=(
+  nsis # makes the installer
 )
 
 packages_windows_libraries=(

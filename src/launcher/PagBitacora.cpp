@@ -24,7 +24,7 @@ QString Abreviado(const QString& texto) {
 PagBitacora::PagBitacora(const EntornoPagina& entorno, QWidget* padre)
     : Pagina(entorno, padre), m_ui(std::make_unique<Ui::PagBitacora>()) {
     m_ui->setupUi(this);
-    setFocusProxy(m_ui->GrdBitacora);
+    setFocusProxy(m_ui->CmbSuceso);
     m_ui->CmbSuceso->addItem(u"(todos)"_s, QString());
     for (const Suceso suceso : LosSucesos())
         m_ui->CmbSuceso->addItem(TextoDeSuceso(CodigoDe(suceso)), CodigoDe(suceso));
