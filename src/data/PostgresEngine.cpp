@@ -58,7 +58,7 @@ QString LeeSql(const QString& ruta) {
 }
 
 /// Puts a row that was read, and behind it the checksum of what it holds.
-void PonConChecksum(EntradaDeFilas& entrada, const PGresult* filas, int fila, int primeros) {
+void PonConChecksum(EntradaDeFilas& entrada, int primeros, const PGresult* filas, int fila) {
     Checksum checksum;
     for (int columna = 0; columna < PQnfields(filas); ++columna) {
         const QString texto = QString::fromUtf8(Valor(filas, fila, columna));
@@ -259,7 +259,7 @@ void MotorPostgres::CopiaConChecksum(Base& base, const CopiaDeFilas& copia, int 
         leidas = PQntuples(filas.get());
         EntradaDeFilas entrada(Manija(), copia.tabla, columnas);
         for (int fila = 0; fila < leidas; ++fila)
-            PonConChecksum(entrada, filas.get(), fila, primeros);
+            PonConChecksum(entrada, primeros, filas.get(), fila);
         entrada.Termina();
         m_filas += leidas;
         if (!Sigue())

@@ -60,7 +60,7 @@ void Mueve(const QString& origen, const QString& destino) {
         throw Error(NumeroError::AccesoAlDisco, u"No se puede reemplazar el archivo '%1'."_s.arg(destino));
 }
 
-void Anota(const QString& base, const QString& copia, const Firma& firma) {
+void Anota(const QString& base, const Firma& firma, const QString& copia) {
     const std::unique_ptr<Base> restaurada = Base::Abre(base);
     Transaccion transaccion = restaurada->Comienza();
     Bitacora(*restaurada)
@@ -80,6 +80,20 @@ class LugarDePaso {
   private:
     QTemporaryDir m_lugar;
 };
+
+/// What a broken base left behind must not be played back over the sound one; but it is needed where the base stays.
+void Reemplaza(const QString& rutaBase, const LugarDePaso& nueva, const QString& guardado) {
+    const bool conDiario = QFileInfo::exists(rutaBase + kDiario);
+    if (conDiario)
+        Mueve(rutaBase + kDiario, guardado + kDiario);
+    try {
+        Mueve(nueva.Archivo(), rutaBase);
+    } catch (const Error&) {
+        if (conDiario)
+            Mueve(guardado + kDiario, rutaBase + kDiario);
+        throw;
+    }
+}
 
 } // namespace
 
@@ -172,24 +186,10 @@ Veredicto Respaldos::Restaura(const QString& archivo, const Firma& firma) const 
     const TrabajoUnico trabajo(m_rutaBase);
     const QString guardado = GuardaLoQueHay();
     ConservaLoNumerado(lugar.Archivo(), guardado);
-    Anota(lugar.Archivo(), archivo, firma);
-    Reemplaza(lugar.Archivo(), guardado);
+    Anota(lugar.Archivo(), firma, archivo);
+    Reemplaza(m_rutaBase, lugar, guardado);
     QuitaSobrantes(guardado); // only now: the oldest may be the one that was asked for
     return Veredicto::Bien();
-}
-
-/// What a broken base left behind must not be played back over the sound one; but it is needed where the base stays.
-void Respaldos::Reemplaza(const QString& nueva, const QString& guardado) const {
-    const bool conDiario = QFileInfo::exists(m_rutaBase + kDiario);
-    if (conDiario)
-        Mueve(m_rutaBase + kDiario, guardado + kDiario);
-    try {
-        Mueve(nueva, m_rutaBase);
-    } catch (const Error&) {
-        if (conDiario)
-            Mueve(guardado + kDiario, m_rutaBase + kDiario);
-        throw;
-    }
 }
 
 /// A program that opens the base in the very moment between this and the change keeps the old file, and the engine

@@ -55,7 +55,6 @@ class Respaldos {
     [[nodiscard]] QString HazUna() const;
     /// Keeps the base as it is, if need be byte by byte; returns the name that its remains have now.
     [[nodiscard]] QString GuardaLoQueHay() const;
-    void Reemplaza(const QString& nueva, const QString& guardado) const;
     void ConservaLoNumerado(const QString& nueva, const QString& guardado) const;
     void QuitaSobrantes(const QString& reciente) const;
 
