@@ -73,6 +73,12 @@ struct Adelantado {
 };
 using Adelantados = std::vector<Adelantado>;
 
+/// Whether a person could do something to the window.
+bool EstaEnfrente(const QWidget& ventana) {
+    const QWidget* delante = QApplication::activeModalWidget();
+    return ventana.isVisible() && ventana.isActiveWindow() && (!delante || delante == &ventana);
+}
+
 /// Each goes where it would have gone, once the one before it has done its work: that may have opened a box, and what
 /// was done before it showed isn't meant for it, nor for the window that it keeps waiting.
 void HazlosAhora(QWidget& ventana, Adelantados adelantados) {
@@ -81,7 +87,7 @@ void HazlosAhora(QWidget& ventana, Adelantados adelantados) {
     const auto hace = [yo = QPointer<QWidget>(&ventana), desde,
                        suyos = std::make_shared<Adelantados>(std::move(adelantados))] {
         for (const auto& [donde, evento] : *suyos) {
-            if (!yo || !yo->window()->isActiveWindow() || desde.elapsed() >= kHastaLaCaja)
+            if (!yo || !EstaEnfrente(*yo->window()) || desde.elapsed() >= kHastaLaCaja)
                 return;
             if (donde)
                 QCoreApplication::sendEvent(donde, evento.get());
@@ -203,7 +209,7 @@ void TareaLarga::Acaba(const std::exception_ptr& falla) {
     if (yo)
         yo->deleteLater();
     // Not into a box that has come up meanwhile.
-    if (ventana && ventana->window()->isActiveWindow() && reloj.elapsed() < kHastaLaCaja)
+    if (ventana && EstaEnfrente(*ventana->window()) && reloj.elapsed() < kHastaLaCaja)
         HazlosAhora(*ventana, std::move(adelantados));
 }
 
