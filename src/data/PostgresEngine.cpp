@@ -37,8 +37,8 @@ constexpr std::chrono::milliseconds kEntreMiradas{100};
 
 /// The server notices within a minute that a machine is gone, and lets its locks go.
 const QString& AtencionDelServidor() {
-    static const QString opciones =
-        u"-c tcp_keepalives_idle=30 -c tcp_keepalives_interval=10 -c tcp_keepalives_count=3"_s;
+    static const QString opciones = u"-c tcp_keepalives_idle=30 -c tcp_keepalives_interval=10 -c tcp_keepalives_count=3"
+                                    " -c client_min_messages=warning"_s;
     return opciones;
 }
 
@@ -60,7 +60,7 @@ QString LeeSql(const QString& ruta) {
 }
 
 /// Puts a row that was read, and behind it the checksum of what it holds.
-void PonConChecksum(EntradaDeFilas& entrada, const PGresult* filas, int fila, int primeros) {
+void PonConChecksum(EntradaDeFilas& entrada, int primeros, const PGresult* filas, int fila) {
     Checksum checksum;
     for (int columna = 0; columna < PQnfields(filas); ++columna) {
         const QString texto = QString::fromUtf8(Valor(filas, fila, columna));
@@ -206,8 +206,7 @@ void MotorPostgres::Instala() const {
 
 /// Everything that a connection needs, when it is opened and when it is opened again.
 void MotorPostgres::Viste() {
-    Pide(Manija(), u"SET default_transaction_isolation = 'read committed'; SET lock_timeout = '5s';"
-                   " SET client_min_messages = warning"_s);
+    Pide(Manija(), u"SET default_transaction_isolation = 'read committed'; SET lock_timeout = '5s'"_s);
     PonCamino();
     const ResultadoPg fila = Pide(
         Manija(), u"SELECT backend_start::text FROM pg_catalog.pg_stat_get_activity(pg_catalog.pg_backend_pid())"_s);
@@ -306,7 +305,7 @@ void MotorPostgres::CopiaConChecksum(Base& base, const CopiaDeFilas& copia, int 
         leidas = PQntuples(filas.get());
         EntradaDeFilas entrada(Manija(), copia.tabla, columnas);
         for (int fila = 0; fila < leidas; ++fila)
-            PonConChecksum(entrada, filas.get(), fila, primeros);
+            PonConChecksum(entrada, primeros, filas.get(), fila);
         entrada.Termina();
         m_filas += leidas;
         if (!Sigue())
