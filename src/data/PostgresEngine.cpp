@@ -179,6 +179,7 @@ void MotorPostgres::Instala() const {
     Pide(Manija(), u"BEGIN"_s);
     try {
         Pide(Manija(), QString::fromLatin1(kTomaTurno));
+        Pide(Manija(), u"SET LOCAL client_min_messages = warning"_s);
         Pide(Manija(), LeeSql(u":/postgres/dialecto.sql"_s));
         Pide(Manija(), u"COMMIT"_s);
     } catch (const ErrorBase&) {
@@ -305,9 +306,9 @@ void MotorPostgres::CopiaEn(const QString& /*archivo*/) {
 }
 
 void MotorPostgres::ExigeSola() {
-    const ResultadoPg fila =
-        Pide(Manija(), u"SELECT count(*) FROM pg_catalog.pg_stat_activity WHERE datname OPERATOR(pg_catalog.=)"
-                       " pg_catalog.current_database() AND pid <> pg_catalog.pg_backend_pid() AND usesysid IS NOT NULL"_s);
+    const ResultadoPg fila = Pide(
+        Manija(), u"SELECT count(*) FROM pg_catalog.pg_stat_activity WHERE datname OPERATOR(pg_catalog.=)"
+                  " pg_catalog.current_database() AND pid <> pg_catalog.pg_backend_pid() AND usesysid IS NOT NULL"_s);
     if (Valor(fila.get(), 0, 0) != "0")
         throw ErrorBase(NumeroError::BaseBloqueada, u"La base de datos está ocupada por otro programa."_s);
 }

@@ -5,8 +5,8 @@
 
 namespace xa518 {
 
-/// The groups of a server's logins: who makes and changes the tables, who works in them, who only reads. A login belongs
-/// to one of them; nobody logs in as the group itself.
+/// The groups of a server's logins: who makes and changes the tables, who works in them, who only reads. A login
+/// belongs to one of them; nobody logs in as the group itself.
 inline const QString kGrupoDueno = QStringLiteral("xa518_dueno");
 inline const QString kGrupoTrabajo = QStringLiteral("xa518_trabajo");
 inline const QString kGrupoLectura = QStringLiteral("xa518_lectura");

@@ -90,7 +90,8 @@ bool SeAbre(const QString& conexion) {
         (void)Base::Abre(conexion);
         return true;
     } catch (const ErrorDeServidor& falla) {
-        const bool esDeLaBase = falla.Falla() == FallaDeServidor::SinBase || falla.Falla() == FallaDeServidor::BaseAjena;
+        const bool esDeLaBase =
+            falla.Falla() == FallaDeServidor::SinBase || falla.Falla() == FallaDeServidor::BaseAjena;
         if (!esDeLaBase)
             throw;
         return false;

@@ -18,10 +18,11 @@ FrmMudanza::FrmMudanza(Avisos& avisos, Hacia hacia, const QString& propuesto, Re
     setWindowTitle(aServidor ? u"Mudar a un servidor"_s : u"Volver a un archivo"_s);
     m_ui->LblDestino->setText(aServidor ? u"&Conexión:"_s : u"&Archivo:"_s);
     m_ui->LblExplica->setText(
-        aServidor ? u"Por ejemplo «host=servidor dbname=base sslmode=verify-full» o «service=nombre». La contraseña no va"
-                    " aquí, sino en el archivo .pgpass del usuario. La base de este equipo queda como está."_s
-                  : u"El nombre de un archivo que todavía no existe, en este equipo. La base del servidor queda como"
-                    " está."_s);
+        aServidor
+            ? u"Por ejemplo «host=servidor dbname=base sslmode=verify-full» o «service=nombre». La contraseña no va"
+              " aquí, sino en el archivo .pgpass del usuario. La base de este equipo queda como está."_s
+            : u"El nombre de un archivo que todavía no existe, en este equipo. La base del servidor queda como"
+              " está."_s);
     m_ui->TxtDestino->setText(propuesto);
     TextoSinCorte(*m_ui->TxtDestino);
     connect(m_ui->CmdAceptar, &QPushButton::clicked, this, Protegido([this] { Acepta(); }));

@@ -45,8 +45,7 @@ QString InstalaCatalogo(Base& base, const Formularios& formularios) {
 
 } // namespace
 
-Instalacion::Instalacion(const QString& carpeta, ArchivoPerfil perfil, Formularios formularios,
-                         const QString& servidor)
+Instalacion::Instalacion(const QString& carpeta, ArchivoPerfil perfil, Formularios formularios, const QString& servidor)
     : m_carpeta(ConSeparador(carpeta))
     , m_perfil(std::move(perfil))
     , m_formularios(std::move(formularios))

@@ -60,7 +60,7 @@ void Desocupa(Base& destino, const QStringList& tablas) {
 /// Nobody else is in it, and nobody gets to change it as long as this lives.
 class BaseParaMudar {
   public:
-    /// Raises `BaseEnUso`. A window that only looks at its lists is gone in a moment, and is waited for.
+    /// Raises `BaseEnUso`. Who only looked at a list, or has just left, takes a moment to be gone on a busy server.
     explicit BaseParaMudar(Base& base) : m_trabajo(base) {
         for (int intento = 1; !EstaSola(base); ++intento) {
             if (intento == kIntentos)
@@ -70,7 +70,7 @@ class BaseParaMudar {
     }
 
   private:
-    static constexpr int kIntentos = 10;
+    static constexpr int kIntentos = 50;
     static constexpr int kEntreIntentos = 100; ///< milliseconds
 
     [[nodiscard]] static bool EstaSola(Base& base) {
@@ -117,7 +117,8 @@ Mudanza::Mudanza(QString origen, QString destino, ArchivoPerfil perfil, Formular
 Veredicto Mudanza::Valida() const {
     const bool aServidor = EsDeServidor(m_destino);
     if (aServidor && EsDeServidor(m_origen))
-        return Veredicto::Critico(u"La base ya está en un servidor: '%1'. Múdela primero a un archivo."_s.arg(m_origen));
+        return Veredicto::Critico(
+            u"La base ya está en un servidor: '%1'. Múdela primero a un archivo."_s.arg(m_origen));
     if (!aServidor && !EsDeServidor(m_origen))
         return Veredicto::Critico(u"La base ya está en un archivo: '%1'. Se muda a un servidor, con el texto de su"
                                   " conexión."_s.arg(m_origen));

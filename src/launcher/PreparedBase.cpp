@@ -46,9 +46,10 @@ QStringList EnLineas(const QString& titulo, const QStringList& sentencias) {
 
 QStringList RelatoDePermisos(const PermisosDados& permisos) {
     QStringList lineas = EnLineas(u"Permisos dados en el servidor:"_s, permisos.dados);
-    lineas += EnLineas(u"Esta cuenta no puede hacer lo que sigue. Pídale al administrador del servidor que lo ejecute en"
-                       " esta base, y vuelva a instalar:"_s,
-                       permisos.pendientes);
+    lineas +=
+        EnLineas(u"Esta cuenta no puede hacer lo que sigue. Pídale al administrador del servidor que lo ejecute en"
+                 " esta base, y vuelva a instalar:"_s,
+                 permisos.pendientes);
     lineas += EnLineas(u"Para cada persona, el administrador crea una cuenta en uno de los grupos:"_s,
                        {u"CREATE ROLE ana LOGIN PASSWORD '...' IN ROLE %1"_s.arg(kGrupoTrabajo),
                         u"CREATE ROLE auditor LOGIN PASSWORD '...' IN ROLE %1"_s.arg(kGrupoLectura)});

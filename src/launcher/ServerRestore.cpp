@@ -20,7 +20,7 @@ namespace {
 /// A server cuts a longer name.
 constexpr qsizetype kLargoDeNombre = 40;
 
-constexpr int kIntentos = 10;
+constexpr int kIntentos = 50;
 constexpr int kEntreIntentos = 100; ///< milliseconds
 
 QString NombreDePaso(const QString& base) {

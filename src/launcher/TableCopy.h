@@ -12,7 +12,7 @@ class Base;
 /// What two tables must have in common to hold the same: their rows in the order in which they were entered.
 struct HuellaDeTabla {
     qint64 filas = 0;
-    qint64 suma = 0;   ///< of the checksums `cNumero`; 0 for a table without them
+    qint64 suma = 0;    ///< of the checksums `cNumero`; 0 for a table without them
     QByteArray firma{}; ///< of every value of every row
 
     bool operator==(const HuellaDeTabla&) const = default;

@@ -119,14 +119,18 @@ TEST_F(ServerUpkeep, AMoveThatFailsOrIsStoppedLeavesProfileAndOldBase) {
     EXPECT_THROW((void)mudanza.Muda(FirmaDe(u"ANA"_s, reloj), freno), Detenido);
     EXPECT_EQ(CuentaDeFilas(*Base::Abre(Servidor()), u"CONT"_s), 0);
     MandoDeServidor(Servidor(), MandoDeServidor::Lugar::EnLaBase)
-        .Pide(u"CREATE FUNCTION familia.estropea() RETURNS trigger LANGUAGE plpgsql AS"
-              " $$BEGIN NEW.nombre := NEW.nombre || '.'; RETURN NEW; END$$;"
-              "CREATE TRIGGER estropea BEFORE INSERT ON familia.cont FOR EACH ROW EXECUTE FUNCTION familia.estropea()"_s);
+        .Pide(
+            u"CREATE FUNCTION familia.estropea() RETURNS trigger LANGUAGE plpgsql AS"
+            " $$BEGIN NEW.nombre := NEW.nombre || '.'; RETURN NEW; END$$;"
+            "CREATE TRIGGER estropea BEFORE INSERT ON familia.cont FOR EACH ROW EXECUTE FUNCTION familia.estropea()"_s);
     EXPECT_EQ(Corre({u"--mudar"_s, Servidor()}), 3);
     EXPECT_TRUE(errores.contains(u"La tabla CONT no quedó igual"_s)) << qPrintable(errores);
     EXPECT_EQ(CuentaDeFilas(*Base::Abre(Servidor()), u"CONT"_s), 0);
     EXPECT_EQ(Vigente(), archivo);
     EXPECT_EQ(BytesDe(archivo), bytes);
+    MandoDeServidor(Servidor(), MandoDeServidor::Lugar::EnLaBase)
+        .Pide(u"DROP TRIGGER estropea ON familia.cont; INSERT INTO familia.cont SELECT 6, i::text FROM"
+              " generate_series(1, 9) AS i"_s);
     const QString vuelta = raiz.filePath(u"vuelta.db"_s);
     const Mudanza atras(Servidor(), vuelta, perfil, formularios);
     EXPECT_THROW((void)atras.Muda(FirmaDe(u"ANA"_s, reloj), freno), Detenido);
