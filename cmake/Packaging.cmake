@@ -1,4 +1,11 @@
 # What is installed beside the programs, and the Debian package (`scripts/check-package`).
+if(WIN32)
+  include(WindowsPackaging)
+  return()
+endif()
+
+install(FILES packaging/man/consola.1 packaging/man/xa518.1 packaging/man/xa518-lote.1
+        DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
 install(FILES packaging/desktop/consola.desktop packaging/desktop/xa518.desktop
         DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
 install(FILES packaging/icons/consola.svg packaging/icons/xa518.svg

@@ -38,6 +38,8 @@ def demand(holds, what):
 class Installation:
     """The sample company in a folder of its own, its base put back as it was before each attempt."""
 
+    killed = -9  # what a program ends with that dies at once
+
     def __init__(self, build, folder, moments):
         self.build, self.folder, self.base = build, folder / "xa518", folder / "xa518" / "XA000.DB"
         self.moments = moments  # at how many of them it is killed or damaged
@@ -97,21 +99,43 @@ class Installation:
             beside.unlink()
         self.base.write_bytes(content or self.kept)
 
-    def rows(self, table, columns="*"):
-        with sqlite3.connect(self.base) as base:
+    def rows(self, table, columns="*", path=None):
+        with sqlite3.connect(path or self.base) as base:
             return base.execute(f"SELECT {columns} FROM {table} ORDER BY rowid").fetchall()
 
     def saved(self):
-        """All that is stored of the declarations, once the engine has found the base sound."""
-        with sqlite3.connect(self.base) as base:
-            demand(base.execute("PRAGMA integrity_check").fetchone() == ("ok",), "the base isn't sound")
-        return {table: self.rows(table) for table in SAVED}
+        """All that is stored of the declarations, once the engine has found the base sound. Read from a copy: whoever
+        reads a base first mends it, and that is left to the programs."""
+        with tempfile.TemporaryDirectory() as apart:
+            for file in self.base.parent.glob(f"{self.base.name}*"):
+                if file.suffix != ".trabajo":
+                    shutil.copy(file, apart)
+            copy = Path(apart) / self.base.name
+            with sqlite3.connect(copy) as base:
+                demand(base.execute("PRAGMA integrity_check").fetchone() == ("ok",), "the base isn't sound")
+            return {table: self.rows(table, path=copy) for table in SAVED}
+
+
+class UnderWine(Installation):
+    """The same by the programs of a Windows build. What a save changes is counted by a program of its own; Wine's folder
+    and libraries come from the environment."""
+
+    killed = 9
+
+    def run(self, program, *arguments, fault=None, **options):
+        name = "killed_batch" if fault else Path(program).name
+        environment = {**os.environ, "LC_ALL": "C.UTF-8", "TZ": "UTC"}
+        if fault:
+            environment |= {"FALLA_MODO": fault[0], "FALLA_EN": str(fault[1])}
+        known = [f"Z:{argument}" if isinstance(argument, Path) else argument for argument in arguments]
+        return subprocess.run([ROOT / "scripts/wine", self.build / "bin" / f"{name}.exe", *known], env=environment,
+                              capture_output=True, text=True, timeout=120, check=False, **options)
 
 
 def spread(total, moments):
-    """All moments when they are not too many, otherwise so many evenly spread ones."""
+    """All moments when they are not too many, otherwise so many evenly spread ones, the first and the last among them."""
     count = total if total <= 2 * moments else moments
-    return [i * total // count for i in range(count)]
+    return [i * (total - 1) // (count - 1) for i in range(count)]
 
 
 def changes_of(work):
@@ -128,7 +152,7 @@ def killed(place, work):
     for moment in spread(2 * total, place.moments):
         place.restore()
         fault = (("mata", "rasga")[moment % 2], moment // 2 + 1)
-        demand(work(fault=fault).returncode == -9, f"not killed at {fault}")
+        demand(work(fault=fault).returncode == place.killed, f"not killed at {fault}")
         found = place.saved()
         demand(found in (place.old, new), f"half a state, {fault}")
         seen["new" if found == new else "old"] += 1
@@ -351,8 +375,8 @@ def monkey(place, window, seconds, seed, forms):
     return f"{steps} steps", f"no crash; {len(met & set(forms.split()))} of {len(forms.split())} forms met, base sound"
 
 
-def main(build, seconds, seed, moments, wanted):
-    trials = [
+def main(build, seconds, seed, moments, wanted, wine):
+    trials = [("Killed in a save", lambda p: killed(p, p.save))] if wine else [
         ("Killed in a save", lambda p: killed(p, p.save)),
         ("Killed in a delete", lambda p: killed(p, p.delete)),
         ("Killed in an import", import_killed),
@@ -371,7 +395,7 @@ def main(build, seconds, seed, moments, wanted):
     print("| trial | how often | what was seen |\n|---|---|---|")
     with tempfile.TemporaryDirectory() as folder:
         os.chmod(folder, 0o755)
-        place = Installation(build, Path(folder), moments)
+        place = (UnderWine if wine else Installation)(build, Path(folder), moments)
         for name, trial in trials:
             if not any(part.lower() in name.lower() for part in wanted or [""]):
                 continue

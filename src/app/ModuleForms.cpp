@@ -2,9 +2,9 @@
 
 #include "declaration/Frm518.h"
 #include "detail/FrmAgePer.h"
-#include "family/Configuration.h"
 #include "family/Process.h"
 #include "import/frmTransferencia.h"
+#include "platform/ProfileFile.h"
 #include "printouts/RunReport.h"
 #include "printouts/frmImprimir.h"
 #include "reports/ShowReport.h"
@@ -23,6 +23,7 @@ struct Modulo {
     Proceso& proceso;
     Avisos& avisos;
     DialogosDeArchivo& archivos;
+    ArchivoPerfil perfil;
 };
 
 /// The client dialog over the declaration form, on the row of its grid.
@@ -68,7 +69,7 @@ void AbreImportacion(const Modulo& modulo, Forma& sobre, const ImportacionPedida
     };
     frmTransferencia dialogo(
         modulo.proceso, modulo.avisos, pedida.clave,
-        {.perfil = PerfilCompartido(), .archivos = modulo.archivos, .reporte = reporte, .refresca = pedida.refresca},
+        {.perfil = modulo.perfil, .archivos = modulo.archivos, .reporte = reporte, .refresca = pedida.refresca},
         &sobre);
     sobre.AbreModal(dialogo);
 }
@@ -98,8 +99,8 @@ void AbreDeclaracion(const Modulo& modulo, BarradeEstadoQMD& barra, const Apertu
 
 } // namespace
 
-Dialogos FormasDelModulo(Proceso& proceso, Avisos& avisos, DialogosDeArchivo& archivos) {
-    const Modulo modulo{proceso, avisos, archivos};
+Dialogos FormasDelModulo(Proceso& proceso, Avisos& avisos, DialogosDeArchivo& archivos, const ArchivoPerfil& perfil) {
+    const Modulo modulo{proceso, avisos, archivos, perfil};
     Dialogos dialogos;
     dialogos.declaracion = [modulo](BarradeEstadoQMD& barra, const AperturaPedida& pedida) {
         AbreDeclaracion(modulo, barra, pedida);

@@ -35,8 +35,8 @@ constexpr const char* kSueltaTrabajo =
 
 /// The server notices within a minute that a machine is gone, and lets its locks go.
 const QString& AtencionDelServidor() {
-    static const QString opciones =
-        u"-c tcp_keepalives_idle=30 -c tcp_keepalives_interval=10 -c tcp_keepalives_count=3"_s;
+    static const QString opciones = u"-c tcp_keepalives_idle=30 -c tcp_keepalives_interval=10 -c tcp_keepalives_count=3"
+                                    " -c client_min_messages=warning"_s;
     return opciones;
 }
 
@@ -58,7 +58,7 @@ QString LeeSql(const QString& ruta) {
 }
 
 /// Puts a row that was read, and behind it the checksum of what it holds.
-void PonConChecksum(EntradaDeFilas& entrada, const PGresult* filas, int fila, int primeros) {
+void PonConChecksum(EntradaDeFilas& entrada, int primeros, const PGresult* filas, int fila) {
     Checksum checksum;
     for (int columna = 0; columna < PQnfields(filas); ++columna) {
         const QString texto = QString::fromUtf8(Valor(filas, fila, columna));
@@ -192,8 +192,7 @@ void MotorPostgres::Instala() const {
 void MotorPostgres::Viste() const {
     const QString trabajo = m_lugar.trabajo ? m_lugar.trabajo->Nombre() + u", "_s : QString();
     Pide(Manija(), u"SET search_path = %1familia, dialecto, pg_catalog, pg_temp;"
-                   " SET default_transaction_isolation = 'read committed'; SET lock_timeout = '5s';"
-                   " SET client_min_messages = warning"_s.arg(trabajo));
+                   " SET default_transaction_isolation = 'read committed'; SET lock_timeout = '5s'"_s.arg(trabajo));
 }
 
 QSqlDatabase MotorPostgres::Conexion() const {
@@ -268,7 +267,7 @@ void MotorPostgres::CopiaConChecksum(Base& base, const CopiaDeFilas& copia, int 
         leidas = PQntuples(filas.get());
         EntradaDeFilas entrada(Manija(), copia.tabla, columnas);
         for (int fila = 0; fila < leidas; ++fila)
-            PonConChecksum(entrada, filas.get(), fila, primeros);
+            PonConChecksum(entrada, primeros, filas.get(), fila);
         entrada.Termina();
         m_filas += leidas;
         if (!Sigue())

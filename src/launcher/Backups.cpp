@@ -14,7 +14,9 @@
 #include "launcher/Schema.h"
 #include "launcher/ServerRestore.h"
 #include "platform/Clock.h"
+#include "platform/TakePlace.h"
 #include "values/FileFailure.h"
+#include "values/PrivateAccess.h"
 
 #include <QDir>
 #include <QFile>
@@ -23,7 +25,6 @@
 #include <QtDebug>
 
 #include <algorithm>
-#include <filesystem>
 
 namespace xa518 {
 
@@ -61,13 +62,11 @@ QString MotivoDeRechazo(const QString& ruta, const Formularios& formularios) {
 }
 
 void Mueve(const QString& origen, const QString& destino) {
-    std::error_code falla;
-    std::filesystem::rename(QFileInfo(origen).filesystemFilePath(), QFileInfo(destino).filesystemFilePath(), falla);
-    if (falla)
+    if (!TomaElLugar(origen, destino))
         throw Error(NumeroError::AccesoAlDisco, u"No se puede reemplazar el archivo '%1'."_s.arg(destino));
 }
 
-void Anota(const QString& base, const QString& copia, const Firma& firma) {
+void Anota(const QString& base, const Firma& firma, const QString& copia) {
     const std::unique_ptr<Base> restaurada = Base::Abre(base);
     Transaccion transaccion = restaurada->Comienza();
     Bitacora(*restaurada)
@@ -102,7 +101,7 @@ bool SeAbre(const QString& conexion) {
 class LugarDePaso {
   public:
     explicit LugarDePaso(const QString& carpeta) : m_lugar(carpeta + u"/.respaldo-XXXXXX"_s) {
-        if (!m_lugar.isValid())
+        if (!m_lugar.isValid() || !HazPrivado(m_lugar.path()))
             throw FallaDeCarpeta(carpeta);
     }
     [[nodiscard]] QString Archivo() const { return m_lugar.filePath(u"copia"_s); }
@@ -110,6 +109,20 @@ class LugarDePaso {
   private:
     QTemporaryDir m_lugar;
 };
+
+/// What a broken base left behind must not be played back over the sound one; but it is needed where the base stays.
+void Reemplaza(const QString& rutaBase, const LugarDePaso& nueva, const QString& guardado) {
+    const bool conDiario = QFileInfo::exists(rutaBase + kDiario);
+    if (conDiario)
+        Mueve(rutaBase + kDiario, guardado + kDiario);
+    try {
+        Mueve(nueva.Archivo(), rutaBase);
+    } catch (const Error&) {
+        if (conDiario)
+            Mueve(guardado + kDiario, rutaBase + kDiario);
+        throw;
+    }
+}
 
 } // namespace
 
@@ -244,22 +257,23 @@ Veredicto Respaldos::RestauraArchivo(const QString& archivo, const Firma& firma)
     const TrabajoUnico trabajo(m_rutaBase);
     const QString guardado = GuardaLoQueHay();
     ConservaLoNumerado(lugar.Archivo(), guardado);
-    Anota(lugar.Archivo(), archivo, firma);
-    // What a broken base left behind must not be played back over the sound one.
-    if (QFileInfo::exists(m_rutaBase + kDiario))
-        Mueve(m_rutaBase + kDiario, guardado + kDiario);
-    Mueve(lugar.Archivo(), m_rutaBase);
+    Anota(lugar.Archivo(), firma, archivo);
+    Reemplaza(m_rutaBase, lugar, guardado);
     QuitaSobrantes(guardado); // only now: the oldest may be the one that was asked for
     return Veredicto::Bien();
 }
 
 /// A program that opens the base in the very moment between this and the change keeps the old file, and the engine
-/// refuses its writes because the file has moved.
+/// refuses its writes because the file has moved; on Windows it makes the change fail, and all stays as it was.
 Veredicto Respaldos::ExigeLibre() const {
     const QStringList programas = ProgramasQueUsan(m_rutaBase);
     if (!programas.isEmpty())
         return Veredicto::Critico(
             u"La base está en uso por otro programa: %1. Ciérrelo antes de restaurar."_s.arg(programas.join(u", "_s)));
+    if (!SeDejaReemplazar(m_rutaBase))
+        return Veredicto::Critico(
+            u"La base está en uso por otro programa: la consola, el módulo o xa518-lote. Cierre los demás programas"
+            " antes de restaurar."_s);
     try {
         Base::Abre(m_rutaBase)->ExigeSola();
     } catch (const ErrorBase& error) {

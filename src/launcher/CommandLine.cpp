@@ -9,6 +9,7 @@
 #include "launcher/Moving.h"
 #include "launcher/Session.h"
 #include "launcher/TextChecks.h"
+#include "platform/UserName.h"
 #include "values/Error.h"
 #include "values/Message.h"
 #include "values/Progress.h"
@@ -329,7 +330,7 @@ const Orden& OrdenPedida(const QCommandLineParser& opciones, const QStringList& 
 
 EntornoConsola EntornoConsola::DelSistema(const Reloj& reloj, Formularios formularios) {
     const QString datos = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    const QString usuario = qEnvironmentVariable("USER", qEnvironmentVariable("USERNAME"));
+    const QString usuario = NombreDelUsuario();
     return {.reloj = reloj,
             .rutaIni = PerfilCompartido().Ruta(),
             .carpeta = datos + u"/xa518"_s,

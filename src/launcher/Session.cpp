@@ -5,7 +5,10 @@
 #include "family/SchemaSteps.h"
 #include "family/WorkLock.h"
 #include "launcher/Installation.h"
+#include "launcher/ReleaseNotes.h"
 #include "platform/Clock.h"
+
+#include <QFile>
 
 #include <algorithm>
 #include <array>
@@ -45,6 +48,12 @@ QStringList Sesion::Instala(bool conEjemplo) {
     Instalacion instalacion(Carpeta(), m_perfil, m_entorno.formularios);
     QStringList hecho = instalacion.Instala(m_entorno.usuario);
     return conEjemplo ? hecho + instalacion.InstalaEjemplo(m_entorno.reloj) : hecho;
+}
+
+QString Sesion::TomaNovedades() const {
+    QFile pagina(u":/novedades.md"_s);
+    const QString texto = pagina.open(QIODevice::ReadOnly) ? QString::fromUtf8(pagina.readAll()) : QString();
+    return NovedadesPorVer(m_perfil, texto, QVersionNumber::fromString(QLatin1StringView(XA518_VERSION)));
 }
 
 void Sesion::Lee() {

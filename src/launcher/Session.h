@@ -22,6 +22,10 @@ class Sesion {
     /// Installs there and returns what was done, a line for each thing. Raises `Error`.
     [[nodiscard]] QStringList Instala(bool conEjemplo);
 
+    /// What is new in this version of the programs, the first time that it is asked for after an update; otherwise
+    /// empty.
+    [[nodiscard]] QString TomaNovedades() const;
+
     /// Raises `Error`.
     [[nodiscard]] std::unique_ptr<Base> Abre();
 

@@ -24,9 +24,7 @@ const QString kClave = u" --ruc 20990518018 --periodo 202609 --hoy 21/11/2026"_s
 class Batch : public testing::Test {
   protected:
     Batch()
-        : m_antes(QDir::currentPath())
-        , m_perfil(m_carpeta.filePath(u"conf/XA000.INI"_s))
-        , m_lugar(m_perfil, Casa()) {
+        : m_antes(QDir::currentPath()), m_perfil(m_carpeta.filePath(u"conf/XA000.INI"_s)), m_lugar(m_perfil, Casa()) {
         Instalacion instalacion(Casa(), m_perfil, FormulariosConocidos());
         (void)instalacion.Instala(u"USUARIO"_s);
         (void)instalacion.InstalaEjemplo(RelojSistema());

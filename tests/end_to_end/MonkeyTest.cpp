@@ -1,7 +1,6 @@
 #include "app/MDIFrm.h"
 #include "app/ModuleForms.h"
 #include "end_to_end/SampleModule.h"
-#include "family/Configuration.h"
 #include "family/Process.h"
 #include "form518/Form0518.h"
 #include "launcher/FrmConsola.h"
@@ -243,7 +242,7 @@ class MonkeyTest : public ModuloDeMuestra {
 TEST_F(MonkeyTest, TheModuleStandsAnything) {
     while (mono.Sigue()) {
         Proceso proceso(reloj, {Formulario0518()}, kNumFormulario);
-        MDIFrm principal(proceso, avisos, PerfilCompartido(), FormasDelModulo(proceso, avisos, archivos));
+        MDIFrm principal(proceso, avisos, perfil, FormasDelModulo(proceso, avisos, archivos, perfil));
         ASSERT_TRUE(principal.Carga());
         // Nobody finds the way to every form by chance alone: a command opens one now and then.
         mono.Juega(principal, principal.findChildren<QAction*>());

@@ -8,9 +8,11 @@
 #include "support/FormDriver.h"
 #include "support/ServerInstallation.h"
 #include "support/TemporaryBase.h"
+#include "widgets/FrmTexto.h"
 
 #include <QFrame>
 #include <QLabel>
+#include <QTextBrowser>
 
 namespace {
 
@@ -254,6 +256,21 @@ TEST_F(FirstStartTest, OffersToInstall) {
     Pulsa("CmdInstalar");
     EXPECT_EQ(Aviso(), QString());
     EXPECT_TRUE(Fila(Tabla("GrdDeclarantes"), 0).startsWith(kRucMuestra));
+}
+
+TEST_F(FrmConsolaTest, AnUpdateTellsOnceWhatIsNew) {
+    const ArchivoPerfil perfil(entorno.rutaIni);
+    const QString propia = perfil.Lee(u"Options", u"SysVersion");
+    const auto novedades = [this] {
+        Abre();
+        const auto* forma = ventana->findChild<FrmTexto*>();
+        return forma ? De<QTextBrowser>(*forma, "visor").toPlainText() : QString();
+    };
+    EXPECT_EQ(novedades(), QString()); // just installed
+    perfil.Escribe(u"Options", u"SysVersion", u"1.0.0");
+    const QString texto = novedades();
+    EXPECT_TRUE(texto.contains(u"Versión "_s + propia) && texto.contains(u"Versión 1.5.0"_s)) << qPrintable(texto);
+    EXPECT_EQ(novedades(), QString());
 }
 
 TEST_F(FrmConsolaTest, F1OpensTheHelpThatIsInstalled) {
