@@ -28,5 +28,5 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Loaded at run time, so that no library names them: the database driver, the letter of the print-outs, and the words of
 # the toolkit's own windows.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6sql6-sqlite, fonts-liberation, qt6-translations-l10n")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libqt6sql6-psql") # for a base on a server
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libqt6sql6-psql, postgresql-client") # for a base on a server, and its copies
 include(CPack)

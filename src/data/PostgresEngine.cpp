@@ -186,8 +186,15 @@ void MotorPostgres::PreparaContenido(ModoApertura modo) {
                               u"La base de datos del servidor está vacía. Ejecute consola --instalar."_s);
     if (esNuestra && modo == ModoApertura::Nueva)
         throw ErrorBase(NumeroError::AccesoAlDisco, u"La base de datos del servidor ya está instalada."_s);
-    if (modo != ModoApertura::Existente)
+    if (modo != ModoApertura::Existente && (!esNuestra || EsSuDueno()))
         Instala();
+}
+
+/// Whoever only works in it finds it made.
+bool MotorPostgres::EsSuDueno() const {
+    const ResultadoPg fila = Pide(Manija(), u"SELECT pg_catalog.pg_has_role(nspowner, 'USAGE') FROM"
+                                            " pg_catalog.pg_namespace WHERE nspname = 'familia'"_s);
+    return Valor(fila.get(), 0, 0) == "t";
 }
 
 /// Two installers may run at once.
@@ -195,6 +202,7 @@ void MotorPostgres::Instala() const {
     Pide(Manija(), u"BEGIN"_s);
     try {
         Pide(Manija(), QString::fromLatin1(kTomaTurno));
+        Pide(Manija(), u"SET LOCAL client_min_messages = warning"_s);
         Pide(Manija(), LeeSql(u":/postgres/dialecto.sql"_s));
         Pide(Manija(), LeeSql(u":/postgres/puestos.sql"_s));
         Pide(Manija(), u"COMMIT"_s);
@@ -320,6 +328,11 @@ QString MotorPostgres::SqlColumnas(const QString& tabla) const {
            " AND attname::text <> '%2' ORDER BY pg_attribute.attnum::integer"_s.arg(tabla, ColumnaDeAlta());
 }
 
+QString MotorPostgres::SqlTablas() const {
+    return u"SELECT relname::text FROM pg_catalog.pg_class WHERE relnamespace = pg_catalog.to_regnamespace('familia')"
+           " AND relkind = 'r' AND relname::text NOT IN ('version_esquema', 'cambios') ORDER BY pg_class.oid"_s;
+}
+
 QString MotorPostgres::NumeroDeFila(const QString& tabla) const {
     return tabla + u'.' + ColumnaDeAlta();
 }
@@ -338,9 +351,9 @@ void MotorPostgres::CopiaEn(const QString& /*archivo*/) {
 }
 
 void MotorPostgres::ExigeSola() {
-    const ResultadoPg fila =
-        Pide(Manija(), u"SELECT count(*) FROM pg_catalog.pg_stat_activity WHERE datname OPERATOR(pg_catalog.=)"
-                       " pg_catalog.current_database() AND pid <> pg_catalog.pg_backend_pid()"_s);
+    const ResultadoPg fila = Pide(
+        Manija(), u"SELECT count(*) FROM pg_catalog.pg_stat_activity WHERE datname OPERATOR(pg_catalog.=)"
+                  " pg_catalog.current_database() AND pid <> pg_catalog.pg_backend_pid() AND usesysid IS NOT NULL"_s);
     if (Valor(fila.get(), 0, 0) != "0")
         throw ErrorBase(NumeroError::BaseBloqueada, u"La base de datos está ocupada por otro programa."_s);
 }

@@ -271,6 +271,10 @@ QString MotorSqlite::SqlColumnas(const QString& tabla) const {
     return u"SELECT name, type FROM pragma_table_info('%1') ORDER BY cid"_s.arg(tabla);
 }
 
+QString MotorSqlite::SqlTablas() const {
+    return u"SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%' ORDER BY name"_s;
+}
+
 QString MotorSqlite::NumeroDeFila(const QString& tabla) const {
     return tabla + u".rowid"_s;
 }

@@ -2,6 +2,8 @@
 
 #include "data/Base.h"
 #include "data/SchemaVersion.h"
+#include "data/ServerDump.h"
+#include "data/ServerFailure.h"
 #include "data/Transaction.h"
 #include "family/ChangeLog.h"
 #include "family/SchemaSteps.h"
@@ -10,6 +12,7 @@
 #include "launcher/KeptNumbers.h"
 #include "launcher/PrivateFiles.h"
 #include "launcher/Schema.h"
+#include "launcher/ServerRestore.h"
 #include "platform/Clock.h"
 #include "platform/TakePlace.h"
 #include "values/FileFailure.h"
@@ -32,8 +35,11 @@ namespace {
 const QString kPrefijo = u"XA000-"_s;
 const QString kMarca = u"yyyyMMdd-HHmmss"_s;
 const QString kExtension = u".DB"_s;
+const QString kExtensionDeServidor = u".dump"_s;
 const QString kExtensionDanada = u".DANADA"_s; ///< no copy to restore, but what is left of a broken base
 const QString kDiario = u"-journal"_s;
+const QString kServidorEnUso =
+    u"Otro puesto trabaja en la base del servidor. Cierre los módulos en todos los puestos antes de restaurar."_s;
 constexpr qint64 kRafaga = 3600; ///< seconds that a row of quick copies may run ahead of the clock
 
 /// Why the file, a copy of a copy, can't take the base's place; empty when it can. Its tables are brought up to date.
@@ -66,6 +72,29 @@ void Anota(const QString& base, const Firma& firma, const QString& copia) {
     Bitacora(*restaurada)
         .Anota(firma, {.suceso = Suceso::Restauracion, .despues = u"copia="_s + QFileInfo(copia).fileName()});
     transaccion.Confirma();
+}
+
+/// Copies the file's base and reads the copy through.
+void CopiaArchivo(const QString& base, const QString& copia) {
+    Base::Abre(base)->CopiaEn(copia);
+    const QStringList defectos = Respaldos::Defectos(*Base::Abre(copia));
+    if (!defectos.isEmpty())
+        throw Error(NumeroError::AccesoAlDisco,
+                    u"La copia de respaldo salió dañada, con %1."_s.arg(CuentaDefectos(defectos)));
+}
+
+/// Whether a server's base opens as one of these programs.
+bool SeAbre(const QString& conexion) {
+    try {
+        (void)Base::Abre(conexion);
+        return true;
+    } catch (const ErrorDeServidor& falla) {
+        const bool esDeLaBase =
+            falla.Falla() == FallaDeServidor::SinBase || falla.Falla() == FallaDeServidor::BaseAjena;
+        if (!esDeLaBase)
+            throw;
+        return false;
+    }
 }
 
 /// A folder beside the files that are to get their place by a rename, gone with the object.
@@ -115,15 +144,18 @@ QStringList Respaldos::Defectos(Base& base) {
     return base.Defectos();
 }
 
+const QString& Respaldos::Extension() const {
+    return EsDeServidor(m_rutaBase) ? kExtensionDeServidor : kExtension;
+}
+
 QString Respaldos::HazUna() const {
     CreaCarpetaPrivada(m_carpeta);
     const LugarDePaso lugar(m_carpeta);
-    Base::Abre(m_rutaBase)->CopiaEn(lugar.Archivo());
-    const QStringList defectos = Defectos(*Base::Abre(lugar.Archivo()));
-    if (!defectos.isEmpty())
-        throw Error(NumeroError::AccesoAlDisco,
-                    u"La copia de respaldo salió dañada, con %1."_s.arg(CuentaDefectos(defectos)));
-    QString destino = NombreLibre(kExtension);
+    if (EsDeServidor(m_rutaBase))
+        VuelcaBase(m_rutaBase, lugar.Archivo());
+    else
+        CopiaArchivo(m_rutaBase, lugar.Archivo());
+    QString destino = NombreLibre(Extension());
     CopiaPrivada(lugar.Archivo(), destino); // the engine doesn't wait for the disk in a copy of its own
     return destino;
 }
@@ -153,7 +185,7 @@ QList<Respaldo> Respaldos::Lista() const {
     QList<Respaldo> lista;
     const QDir::SortFlags alReves = QDir::Name | QDir::Reversed;
     for (const QFileInfo& archivo :
-         QDir(m_carpeta).entryInfoList({kPrefijo + u'*' + kExtension}, QDir::Files, alReves)) {
+         QDir(m_carpeta).entryInfoList({kPrefijo + u'*' + Extension()}, QDir::Files, alReves)) {
         const QDateTime fecha = QDateTime::fromString(archivo.completeBaseName().sliced(kPrefijo.size()), kMarca);
         if (fecha.isValid())
             lista.append({archivo.filePath(), fecha, archivo.size()});
@@ -170,12 +202,51 @@ void Respaldos::QuitaSobrantes(const QString& reciente) const {
 }
 
 Veredicto Respaldos::Restaura(const QString& archivo, const Firma& firma) const {
-    if (EsDeServidor(m_rutaBase))
-        return Veredicto::Critico(
-            u"La base de datos está en un servidor: sus copias se restauran con los programas del servidor."_s);
     if (!QFileInfo(archivo).isFile())
         return Veredicto::Critico(u"No se encuentra el archivo '%1'."_s.arg(archivo));
     CreaCarpetaPrivada(m_carpeta);
+    return EsDeServidor(m_rutaBase) ? RestauraEnServidor(archivo, firma) : RestauraArchivo(archivo, firma);
+}
+
+/// The new database is whole before anybody is asked to leave the old one, and nobody changes that one between the copy
+/// of it and the change of names.
+Veredicto Respaldos::RestauraEnServidor(const QString& archivo, const Firma& firma) const {
+    BaseDePaso nueva(m_rutaBase);
+    if (const QString motivo = nueva.Llena(archivo, m_formularios); !motivo.isEmpty())
+        return Veredicto::Critico(u"El archivo '%1' no se puede restaurar: %2"_s.arg(archivo, motivo));
+    QString guardado;
+    {
+        const bool seAbre = SeAbre(m_rutaBase);
+        const std::optional<BaseQuieta> vigente = seAbre ? BaseQuieta::De(m_rutaBase) : std::nullopt;
+        if (seAbre && !vigente)
+            return Veredicto::Critico(kServidorEnUso);
+        if (seAbre)
+            guardado = HazUna();
+        ConservaLoNumeradoEnServidor(nueva.Conexion(), seAbre);
+        Anota(nueva.Conexion(), archivo, firma);
+    }
+    if (nueva.TomaElLugar(guardado.isEmpty()) == BaseDePaso::Cambio::EnUso)
+        return Veredicto::Critico(kServidorEnUso);
+    if (!guardado.isEmpty())
+        QuitaSobrantes(guardado);
+    return Veredicto::Bien();
+}
+
+/// The numbers are read from the base itself or, when it is gone, from its newest copy.
+void Respaldos::ConservaLoNumeradoEnServidor(const QString& nueva, bool seAbre) const {
+    if (seAbre) {
+        ConservaNumeros(nueva, {m_rutaBase, {}}, m_formularios);
+        return;
+    }
+    const QList<Respaldo> copias = Lista();
+    if (copias.isEmpty())
+        return;
+    const BaseDePaso ultima(m_rutaBase);
+    if (ultima.Llena(copias.constFirst().ruta, m_formularios).isEmpty())
+        ConservaNumeros(nueva, {QString(), {ultima.Conexion()}}, m_formularios);
+}
+
+Veredicto Respaldos::RestauraArchivo(const QString& archivo, const Firma& firma) const {
     const LugarDePaso lugar(QFileInfo(m_rutaBase).absolutePath());
     CopiaPrivada(archivo, lugar.Archivo());
     const QString motivo = MotivoDeRechazo(lugar.Archivo(), m_formularios);

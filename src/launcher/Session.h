@@ -3,6 +3,7 @@
 #include "family/Process.h"
 #include "launcher/Backups.h"
 #include "launcher/CommandLine.h"
+#include "launcher/Moving.h"
 #include "launcher/Sending.h"
 #include "platform/ProfileFile.h"
 
@@ -30,6 +31,9 @@ class Sesion {
 
     /// The dated copies of the base; they need no base that opens. Raises `Error` when nothing is installed.
     [[nodiscard]] Respaldos Copias();
+
+    /// A move of the base to another place. Raises `Error` when nothing is installed.
+    [[nodiscard]] Mudanza MudanzaA(const QString& destino);
 
     /// What to tell before the question whether to send. Raises `Error`.
     [[nodiscard]] RevisionEnvio RevisaEnvio(const ClaveDeclaracion& clave);
