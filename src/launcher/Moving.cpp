@@ -61,7 +61,7 @@ void Desocupa(Base& destino, const QStringList& tablas) {
 class BaseParaMudar {
   public:
     /// Raises `BaseEnUso`. Who only looked at a list, or has just left, takes a moment to be gone on a busy server.
-    explicit BaseParaMudar(Base& base) : m_trabajo(base) {
+    explicit BaseParaMudar(Base& base) : m_trabajo(base.Ruta()) {
         for (int intento = 1; !EstaSola(base); ++intento) {
             if (intento == kIntentos)
                 throw BaseEnUso(base.Ruta());
