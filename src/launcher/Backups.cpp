@@ -223,7 +223,7 @@ Veredicto Respaldos::RestauraEnServidor(const QString& archivo, const Firma& fir
         if (seAbre)
             guardado = HazUna();
         ConservaLoNumeradoEnServidor(nueva.Conexion(), seAbre);
-        Anota(nueva.Conexion(), archivo, firma);
+        Anota(nueva.Conexion(), firma, archivo);
     }
     if (nueva.TomaElLugar(guardado.isEmpty()) == BaseDePaso::Cambio::EnUso)
         return Veredicto::Critico(kServidorEnUso);
