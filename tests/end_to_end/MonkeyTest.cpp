@@ -5,6 +5,7 @@
 #include "form518/Form0518.h"
 #include "launcher/FrmConsola.h"
 #include "reports/ShowReport.h"
+#include "platform/WorkThread.h"
 #include "support/FileDialogScript.h"
 #include "support/NoticeScript.h"
 
@@ -170,8 +171,9 @@ class Mono {
         QTest::mouseClick(paginas, Qt::LeftButton, {}, paginas->tabRect(cual).center());
     }
 
+    /// Past the window, which holds what a person does while a work goes on beside it.
     void Ordena() {
-        if (m_ordenes.isEmpty())
+        if (m_ordenes.isEmpty() || m_ventana->findChild<QObject*>(HiloDeTrabajo::kEnMarcha))
             return;
         QAction* orden = m_ordenes[Azar(m_ordenes.size())];
         if (orden->isEnabled())

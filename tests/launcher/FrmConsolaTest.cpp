@@ -12,6 +12,7 @@
 
 #include <QFrame>
 #include <QLabel>
+#include <QTabWidget>
 #include <QTextBrowser>
 
 namespace {
@@ -374,6 +375,12 @@ TEST_F(FrmConsolaTest, AModuleThatCannotStartIsTold) {
     avisos.Espera(u"No se pudo iniciar '%1'. Revise que el programa esté completo y que se pueda ejecutar."_s.arg(
         QDir::toNativeSeparators(modulo)));
     Alt(Qt::Key_M);
+}
+
+TEST_F(FrmConsolaTest, SeatsAreNoAffairOfAFile) {
+    Abre();
+    const auto& fichas = Control<QTabWidget>("TabFichas");
+    EXPECT_FALSE(fichas.isTabVisible(fichas.indexOf(&Control<QWidget>("PagPuestos"))));
 }
 
 } // namespace
