@@ -100,6 +100,7 @@ bool EsDuenoDeLaBase(const QString& conexion) {
 
 PermisosDados DaPermisos(const QString& conexion, const QStringList& soloAltas) {
     MandoDeServidor mando(conexion, MandoDeServidor::Lugar::EnLaBase);
+    mando.Pide(u"SELECT pg_advisory_lock(22593, 2)"_s); // another installer waits until this connection ends
     Reparto reparto(mando);
     for (const QString& grupo : {kGrupoDueno, kGrupoTrabajo, kGrupoLectura})
         reparto.CreaGrupo(grupo);

@@ -13,12 +13,14 @@ namespace {
 using CuentaDeEnvios = NumerosDeEnvio::Cuenta;
 using LecturaDeCuenta = CuentaDeEnvios (NumerosDeEnvio::*)() const;
 
-/// Of a base that can't be read, nothing.
+/// Of a base that can't be read, nothing; but a server that doesn't answer must not pass for one.
 CuentaDeEnvios CuentaDe(const QString& ruta, const Formulario& formulario, LecturaDeCuenta cuenta) {
     try {
         const std::unique_ptr<Base> base = Base::Abre(ruta);
         return (NumerosDeEnvio(*base, formulario).*cuenta)();
     } catch (const ErrorBase&) {
+        if (EsDeServidor(ruta))
+            throw;
         return {};
     }
 }
@@ -41,7 +43,7 @@ CuentaDeEnvios NumerosDados(const QString& vigente, const QStringList& copias, c
                    loSabeLaBase ? deCopias : CuentaDeTodas(copias, formulario, &NumerosDeEnvio::DadosTrasOtroEnvio));
 }
 
-/// Of a base that can't be read or hasn't the table, nothing.
+/// Of a base that can't be read or hasn't the table, nothing; of a server as above.
 QList<Registro> FilasDe(const QString& ruta, const Tabla& tabla) {
     QList<Registro> leidas;
     try {
@@ -55,6 +57,8 @@ QList<Registro> FilasDe(const QString& ruta, const Tabla& tabla) {
         while (filas.Siguiente())
             copia.Copia(filas, leidas.emplaceBack(tabla));
     } catch (const ErrorBase&) {
+        if (EsDeServidor(ruta))
+            throw;
         return {};
     }
     return leidas;
