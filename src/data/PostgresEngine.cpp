@@ -94,6 +94,9 @@ void MotorPostgres::Abre(const LugarDeBase& lugar, ModoApertura modo) {
     parametros.insert(u"options"_s, (AtencionDelServidor() + u' ' + parametros.value(u"options"_s)).trimmed());
     for (const auto& [clave, valor] : {std::pair{u"connect_timeout"_s, u"10"_s},
                                        {u"tcp_user_timeout"_s, u"30000"_s},
+                                       {u"keepalives_idle"_s, u"30"_s}, // an answer that is waited for on a dead wire
+                                       {u"keepalives_interval"_s, u"10"_s},
+                                       {u"keepalives_count"_s, u"3"_s},
                                        {u"application_name"_s, QCoreApplication::applicationName()}}) {
         if (!parametros.contains(clave))
             parametros.insert(clave, valor);

@@ -37,10 +37,14 @@ const QHash<QString, Conocido>& Conocidos() {
         {u"55P03"_s, {NumeroError::BaseBloqueada, ocupada}},
         {u"40001"_s, {NumeroError::BaseBloqueada, ocupada}},
         {u"40P01"_s, {NumeroError::BaseBloqueada, ocupada}},
-        {u"57014"_s, {NumeroError::BaseBloqueada, u"El servidor interrumpió la operación."_s}},
-        {u"53300"_s, {NumeroError::BaseBloqueada, u"El servidor no admite más conexiones."_s}},
-        {u"53100"_s, {NumeroError::AccesoAlDisco, u"El disco del servidor está lleno."_s}},
-        {u"58030"_s, {NumeroError::AccesoAlDisco, u"El disco del servidor falló."_s}},
+        {u"57014"_s, {NumeroError::BaseBloqueada, u"El servidor interrumpió la operación: vuelva a intentarlo."_s}},
+        {u"53300"_s,
+         {NumeroError::BaseBloqueada,
+          u"El servidor no admite más conexiones: espere a que termine otro puesto y vuelva a intentarlo."_s}},
+        {u"53100"_s,
+         {NumeroError::AccesoAlDisco,
+          u"El disco del servidor está lleno: libere espacio en él y vuelva a intentarlo."_s}},
+        {u"58030"_s, {NumeroError::AccesoAlDisco, u"El disco del servidor falló: avise a quien lo administra."_s}},
         {u"22003"_s, {NumeroError::Desbordamiento, Desbordamiento().Texto()}},
     };
     return conocidos;
