@@ -53,10 +53,19 @@ class Server:
                                         stderr=log, **self.owner)
         log.close()
         deadline = time.monotonic() + PATIENCE
-        while subprocess.run([self.programs / "pg_isready", "-q", "-h", self.folder], check=False).returncode != 0:
+        while not self.answers():
             if time.monotonic() > deadline:
                 raise RuntimeError((self.folder / "server.log").read_text()[-2000:])
             time.sleep(0.05)
+
+    def answers(self):
+        try:
+            connection = holds_a_connection(self, "postgres", "postgres")
+        except OSError:
+            return False
+        if connection:
+            connection.close()
+        return bool(connection)
 
     def _backends(self):
         """Those that serve somebody, or do the server's own work."""

@@ -62,11 +62,11 @@ class Office(Installation):
         return [tuple(line.split("\t")[:-1] if columns == "*" else line.split("\t")) for line in lines]
 
     def stored(self):
-        """Declarations, copies and what the log tells of, each row behind the name of its table."""
+        """Declarations and copies, each row behind the name of its table; and what the log tells of."""
         tables = [f"SELECT '{table}', t.* FROM familia.{table} AS t ORDER BY alta" for table in (*SAVED, *COPIES)]
         lines = self.server.asks(";".join(tables), BASE)
         log = self.server.asks("SELECT Doc_id_d, periodo, Suceso FROM familia.bitacora ORDER BY alta", BASE)
-        return [line.rpartition("\t")[0] for line in lines] + log
+        return [line.rpartition("\t")[0] for line in lines], log
 
     def work_rows(self):
         """Clients, vouchers and payments of every seat."""
@@ -127,13 +127,14 @@ def struck(place, work, happens):
         seen["new" if found == new else "old"] += 1
         place.wire.waits_for(0)
         patiently(place, work)
-        demand(place.stored() == new, f"the repetition differs, {what}")
+        demand(place.stored()[0] == new[0], f"the repetition differs, {what}")
     return sum(seen.values()), f"{total} sendings; {seen['old']} left the old state, {seen['new']} the new one"
 
 
 def struck_import(place, happens):
     """Of the lines whole batches stay, and what is saved stays untouched."""
     place.restore()
+    start = place.work_rows()
     place.must(place.imports())
     total, whole = place.wire.sent, place.work_rows()
     demand(len(whole[2]) == BIG_LINES, "the whole file isn't there")
@@ -146,17 +147,24 @@ def struck_import(place, happens):
         what = f"at {moment + 1} of {total}"
         place.server.revive()
         demand(place.stored() == place.old, f"the import touched what is saved, {what}")
-        clients, vouchers, payments = place.work_rows()
-        demand(len(payments) % BATCH == 0 or len(payments) == BIG_LINES, f"half a batch: {len(payments)}, {what}")
-        demand(len(vouchers) == len(payments) and bool(clients) == bool(vouchers), f"half a line's rows, {what}")
+        found = place.work_rows()
         if run.returncode in DONE:
-            demand([len(rows) for rows in (clients, vouchers, payments)] == [len(rows) for rows in whole],
-                   f"done, but not whole, {what}")
+            demand(sizes(found) == sizes(whole), f"done, but not whole, {what}")
         else:
             demand_told(run, what)
-        seen[len(payments)] += 1
-    return sum(seen.values()), f"{total} sendings; " + ", ".join(f"{n} with {lines} lines"
-                                                                 for lines, n in sorted(seen.items()))
+        seen["as before" if found == start else state_of(found, what)] += 1
+    return sum(seen.values()), f"{total} sendings; " + ", ".join(f"{seen[state]} {state}" for state in sorted(seen))
+
+
+def sizes(found):
+    return [len(rows) for rows in found]
+
+
+def state_of(found, what):
+    clients, vouchers, payments = sizes(found)
+    demand(payments % BATCH == 0 or payments == BIG_LINES, f"half a batch: {payments}, {what}")
+    demand(vouchers == payments and bool(clients) == bool(vouchers), f"half a line's rows, {what}")
+    return f"with {payments} lines"
 
 
 def works(place):

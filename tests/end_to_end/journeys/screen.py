@@ -48,11 +48,14 @@ class Screen:
             self._start_server()
             self._start("openbox", "--sm-disable", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
             self.until(lambda: self._ask("xdotool", "get_desktop"), "the window manager")
-            self.runs(self._programs / "consola", "--instalar", "--carpeta", self.folder / "xa", "--ejemplo")
+            self._installs()
         except BaseException:
             self._end()
             raise
         return self
+
+    def _installs(self):
+        self.runs(self._programs / "consola", "--instalar", "--carpeta", self.folder / "xa", "--ejemplo")
 
     def __exit__(self, kind, fault, trace):
         if kind:
