@@ -122,6 +122,8 @@ void MotorPostgres::Reconecta() {
 
 void MotorPostgres::ExigeServidor() const {
     const int version = PQserverVersion(Manija());
+    if (EstaPerdida() || version == 0) // a server that ended right after it was reached tells none
+        throw ConexionPerdida(QString::fromUtf8(PQerrorMessage(Manija())).trimmed());
     if (version < kPrimeraVersion)
         throw ErrorDeServidor(
             FallaDeServidor::Antiguo,
