@@ -56,13 +56,14 @@ struct Labor {
     std::function<void(Proceso&, const Taller&)> trabajo;
 };
 
+void Prepara(Proceso& proceso, const Taller& taller) {
+    PonTipos(*proceso.baseDatos);
+    Importa(proceso, taller);
+}
+
 const Labor kImportacion{[](Proceso&, const Taller&) {}, Importa};
-const Labor kGrabacion{[](Proceso& proceso, const Taller& taller) {
-                           PonTipos(*proceso.baseDatos);
-                           Importa(proceso, taller);
-                       },
-                       [](Proceso& proceso, const Taller&) { Graba(*proceso.baseDatos); }};
-const Labor kLista{Importa, [](Proceso& proceso, const Taller&) { AbreLista(*proceso.baseDatos); }};
+const Labor kGrabacion{Prepara, [](Proceso& proceso, const Taller&) { Graba(*proceso.baseDatos); }};
+const Labor kLista{Prepara, [](Proceso& proceso, const Taller&) { AbreLista(*proceso.baseDatos); }};
 
 /// Where the base lies while a labour is made ready, and while it is timed; a file where nothing is named.
 struct Camino {

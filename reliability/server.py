@@ -83,15 +83,25 @@ class Server:
         if self.process.poll() is not None:
             self.start()
 
-    def end_backends(self, user):
-        """What an administrator's pg_terminate_backend does to each connection of that user."""
+    def _backends_of(self, user):
         for pid in self._backends():
             try:
                 title = Path(f"/proc/{pid}/cmdline").read_text()
             except (FileNotFoundError, ProcessLookupError):
                 continue
             if title.startswith(f"postgres: {user} "):
-                self._signal(pid, signal.SIGTERM)
+                yield pid
+
+    def end_backends(self, user):
+        """What an administrator's pg_terminate_backend does to each connection of that user."""
+        for pid in self._backends_of(user):
+            self._signal(pid, signal.SIGTERM)
+
+    def forgets(self, user):
+        """Waits until every connection of that user, which nobody holds any more, has ended."""
+        deadline = time.monotonic() + PATIENCE
+        while self.process.poll() is None and any(self._backends_of(user)) and time.monotonic() < deadline:
+            time.sleep(0.02)
 
     @staticmethod
     def _signal(pid, which):
@@ -207,7 +217,7 @@ class Wire:
                     carrier.join(0.05)
 
     def drops_the_rest(self):
-        """What was cut ends for the server too."""
+        """What was cut ends for the server too, which on a wire of its own its keepalives see to."""
         for connection in self._connections:
             for end in (connection.program, connection.server):
                 try:
@@ -228,7 +238,13 @@ def holds_a_connection(server, user, base):
     connection = socket.socket(socket.AF_UNIX)
     connection.connect(str(server.folder / ".s.PGSQL.5432"))
     connection.sendall(struct.pack("!ii", len(words) + 8, 196608) + words)
-    if connection.recv(1) == b"R":
-        return connection
+    answer = connection.makefile("rb")
+    while len(head := answer.read(5)) == 5:
+        kind, length = struct.unpack("!ci", head)
+        if kind == b"E":
+            break
+        answer.read(length - 4)
+        if kind == b"Z":  # ready for whatever is asked
+            return connection
     connection.close()
     return None

@@ -56,6 +56,13 @@ class Office(Installation):
         self.server.asks(f"DROP DATABASE IF EXISTS {BASE} WITH (FORCE)")
         self.server.asks(f"CREATE DATABASE {BASE} TEMPLATE {KEPT} OWNER {USER} {self.space}")
 
+    def ends_what_is_left(self):
+        """Nothing is under way any more, on either side of the wire."""
+        self.wire.settles()
+        self.wire.waits_for(0)
+        self.wire.drops_the_rest()
+        self.server.forgets(USER)
+
     def rows(self, table, columns="*"):
         """In the order in which they were entered, which stands in a column of its own behind the others."""
         lines = self.server.asks(f"SELECT {columns} FROM familia.{table} ORDER BY alta", BASE)
@@ -72,7 +79,8 @@ class Office(Installation):
         """Clients, vouchers and payments of every seat."""
         schemas = self.server.asks("SELECT nspname FROM pg_class AS c JOIN pg_namespace AS n ON n.oid = c.relnamespace"
                                    " WHERE relname = 'tmpf518pdetcp' ORDER BY 1", BASE)
-        return [[line for schema in schemas for line in self.server.asks(f"SELECT * FROM {schema}.{table}", BASE)]
+        return [[line for schema in schemas for line in self.server.asks(f"SELECT * FROM {schema}.{table} ORDER BY alta",
+                                                                        BASE)]
                 for table in ("tmpf518pcab", "tmpf518pdet", "tmpf518pdetcp")]
 
     # The works
@@ -114,7 +122,7 @@ def struck(place, work, happens):
         place.restore()
         place.wire.waits_for(moment + 1, happens, late=i % 2 == 1)
         run = work()
-        place.wire.settles()
+        place.ends_what_is_left()
         what = f"at {moment + 1} of {total}"
         place.server.revive()
         found = place.stored()
@@ -125,7 +133,6 @@ def struck(place, work, happens):
             demand_told(run, what)
             demand(found == place.old or LOST_FOR_GOOD not in run.stderr, f"told as lost, yet stored, {what}")
         seen["new" if found == new else "old"] += 1
-        place.wire.waits_for(0)
         patiently(place, work)
         demand(place.stored()[0] == new[0], f"the repetition differs, {what}")
     return sum(seen.values()), f"{total} sendings; {seen['old']} left the old state, {seen['new']} the new one"
@@ -143,7 +150,7 @@ def struck_import(place, happens):
         place.restore()
         place.wire.waits_for(moment + 1, happens, late=i % 2 == 1)
         run = place.imports()
-        place.wire.settles()
+        place.ends_what_is_left()
         what = f"at {moment + 1} of {total}"
         place.server.revive()
         demand(place.stored() == place.old, f"the import touched what is saved, {what}")

@@ -28,7 +28,8 @@ class Lost(Exception):
 class Screen:
     """An X server, a window manager and a fresh installation with the sample company, until the block ends."""
 
-    def __init__(self, programs, environment=None, folder=None):
+    def __init__(self, programs, environment=None, folder=None, whose=""):
+        self._whose = whose  # of several screens
         self._programs = pathlib.Path(programs)
         self._running = []
         self._stack = []  # the windows in front of one another, the active one last
@@ -59,7 +60,7 @@ class Screen:
 
     def __exit__(self, kind, fault, trace):
         if kind:
-            picture = pathlib.Path.cwd() / "journey_fault.png"
+            picture = pathlib.Path.cwd() / f"journey_fault{self._whose}.png"
             self.picture(picture, whole=True)
             print("The screen at that moment:", picture, flush=True)
         self._end()

@@ -28,7 +28,7 @@ class Seat(Screen):
     """A screen whose installation has its base on the server."""
 
     def __init__(self, programs, user):
-        super().__init__(programs, {"USER": user})
+        super().__init__(programs, {"USER": user}, whose=f"_{user}")
         self._user = user
 
     def _installs(self):
