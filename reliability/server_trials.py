@@ -239,12 +239,12 @@ def fills_up(place, small):
     seen, filler = Counter(), small / "filler"
     steps = max(place.moments // 10, 2)
     for room, (name, work) in itertools.product(range(steps), (("save", place.declares), ("import", place.imports))):
-        filler.unlink(missing_ok=True)
         place.restore()
         system = os.statvfs(small)
         left = room * (400 if name == "save" else 8000) * 1024 // steps
         filler.write_bytes(bytes(max(system.f_bavail * system.f_frsize - left, 0)))
         run = work()
+        filler.unlink()  # looking takes room as well
         found = place.stored()
         if run.returncode in DONE:
             demand(name == "import" or found != place.old, "said to be done")
@@ -253,7 +253,6 @@ def fills_up(place, small):
             demand("disco" in run.stderr.lower(), f"not told of the disk: {run.stderr}")
             demand(found == place.old, f"a refused {name} left something, {left} bytes left")
         seen[name, run.returncode in DONE] += 1
-    filler.unlink()
     demand(seen["save", False] and seen["import", False], f"never full: {seen}")
     patiently(place, place.declares)
     return sum(seen.values()), "; ".join(f"{name}: {seen[name, False]} told, old state, {seen[name, True]} done"

@@ -84,7 +84,8 @@ Conexion Intenta(const Parametros& parametros) {
 /// The five characters before the first colon behind the severity: "FATAL:  28P01: ...".
 QString EstadoEn(const QString& motor) {
     for (const QString& palabra : motor.split(u' ', Qt::SkipEmptyParts)) {
-        const bool esEstado = palabra.size() == 6 && palabra.endsWith(u':') && palabra.front().isDigit();
+        const bool esEstado =
+            palabra.size() == 6 && palabra.endsWith(u':') && (palabra.front().isDigit() || palabra.startsWith("XX"_L1));
         if (esEstado)
             return palabra.chopped(1);
     }
@@ -183,6 +184,11 @@ ErrorDeServidor FallaAlConectar(const Parametros& parametros) {
             FallaDeServidor::Cuenta,
             u"El servidor no admite al usuario '%1' o su contraseña: revise el usuario en XA000.INI y la contraseña en"
             " el archivo .pgpass."_s.arg(usuario),
+            motor};
+    if (estado.startsWith("XX"_L1)) // without room to write down what it has read
+        return {
+            FallaDeServidor::Puerto,
+            u"El servidor falló al recibir la conexión: revise que su disco tenga espacio, y su registro de sucesos."_s,
             motor};
     if (!estado.isEmpty())
         return {FallaDeServidor::Puerto,
