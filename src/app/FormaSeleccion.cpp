@@ -2,6 +2,7 @@
 
 #include "app/DeclarationLists.h"
 #include "declaration/TaxPeriod.h"
+#include "family/Presence.h"
 #include "family/Process.h"
 #include "family/StoredDeclaration.h"
 #include "platform/Notices.h"
@@ -163,8 +164,13 @@ void FormaSeleccion::Elimina() {
         return;
     const ClaveDeclaracion clave = Elegida(fila).clave;
     const Proceso& proceso = m_entorno.proceso;
-    EliminaDeclaracion(*proceso.baseDatos, FormularioDe(proceso.formularios, clave.formulario), clave,
-                       proceso.SuFirma());
+    try {
+        const Presencia presencia(*proceso.baseDatos, clave);
+        EliminaDeclaracion(*proceso.baseDatos, FormularioDe(proceso.formularios, clave.formulario), clave,
+                           proceso.SuFirma());
+    } catch (const TrabajoAjeno& ajeno) {
+        m_entorno.avisos.Muestra({Icono::Exclamacion, ajeno.Texto(), windowTitle()});
+    }
     Refresca();
 }
 

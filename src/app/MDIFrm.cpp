@@ -9,6 +9,7 @@
 #include "family/HelpWindow.h"
 #include "family/Process.h"
 #include "family/Startup.h"
+#include "family/WorkSeat.h"
 #include "platform/Notices.h"
 #include "widgets/Application.h"
 #include "widgets/HourGlass.h"
@@ -18,6 +19,7 @@
 
 #include "ui_MDIFrm.h"
 
+#include <QAction>
 #include <QScreen>
 
 namespace xa518 {
@@ -68,9 +70,46 @@ bool MDIFrm::Carga() {
     m_ayuda->PonArchivo(RutaAyuda(m_proceso->sysPath, FormularioDe(m_proceso->formularios, m_proceso->numFormulario)));
     Barra().Limpia(m_proceso->numFormulario);
     LeerCatalogoInicial(*m_proceso);
+    const std::optional<Puesto> puesto = OcupaPuesto(*m_proceso);
+    ImpideEscribir();
+    if (puesto && puesto->TieneAbierta())
+        OfreceRecuperar(*puesto);
     if (const std::optional<Mensaje> aviso = AvisoDeRed(m_proceso->rutaBase))
         m_avisos->Muestra(*aviso);
     return true;
+}
+
+/// What can't be written can still be opened, shown and printed, as long as there are work tables to open it in.
+void MDIFrm::ImpideEscribir() {
+    const QString motivo = PorQueNoSeEscribe(*m_proceso->baseDatos);
+    if (motivo.isEmpty())
+        return;
+    QList<QAction*> ordenes{m_ui->mnuNueva, m_ui->mnuEliminar, m_ui->mnuEliminarE, m_ui->Toolbar1_1, m_ui->Toolbar1_3};
+    if (!m_proceso->baseDatos->Lugar().trabajo)
+        ordenes += QList<QAction*>{m_ui->mnuModificar, m_ui->mnuModificarE, m_ui->Toolbar1_2, m_ui->Toolbar1_7};
+    for (QAction* orden : ordenes)
+        Impide(*orden, motivo);
+    m_ui->mnuDeclara->setToolTipsVisible(true);
+    m_ui->mnuDeclaraE->setToolTipsVisible(true);
+}
+
+/// The boxes that were being typed went with the program; clients and vouchers stand in the seat's work tables.
+void MDIFrm::OfreceRecuperar(const Puesto& abandonado) {
+    const DeclaracionOcupada& abierta = abandonado.abierta;
+    const Periodo periodo = Periodo::DeTabla(abierta.periodo).value_or(Periodo());
+    const QString pregunta =
+        u"La última vez el programa se cerró sin terminar con la declaración %1 de %2 del RUC %3. Sus clientes y"
+        " comprobantes siguen en este puesto, sin grabar.\n\n¿Desea recuperarlos?"_s.arg(
+            abierta.formulario, periodo.EnPantalla(), abierta.ruc);
+    const bool esEnviada = !abierta.correl.isEmpty(); // of which nothing but a number can be typed
+    if (esEnviada || m_avisos->Pregunta({Icono::Pregunta, pregunta, {}}) == Respuesta::No)
+        return m_proceso->baseDatos->LosPuestos()->Anota({}, {});
+    Registros fila =
+        m_proceso->baseDatos->Lee(u"SELECT Nombre FROM CONT WHERE Tip_doc_d = 6 AND Doc_id_d = ?"_s, {abierta.ruc});
+    AbreDeclaracion(
+        DeclaracionElegida{.clave = {.ruc = Ruc(abierta.ruc), .periodo = periodo, .formulario = abierta.formulario},
+                           .nombre = fila.Siguiente() ? fila.Texto(0) : QString(),
+                           .recuperada = EstadoGuardado::DeTexto(abandonado.estado)});
 }
 
 void MDIFrm::Coloca() {
@@ -143,9 +182,13 @@ void MDIFrm::Abre(const std::function<std::unique_ptr<QDialog>()>& fabrica) {
 
 void MDIFrm::Nueva() {
     m_enviadas = false;
+    AbreDeclaracion({});
+}
+
+void MDIFrm::AbreDeclaracion(const std::optional<DeclaracionElegida>& elegida) {
     if (m_dialogos.declaracion)
         m_dialogos.declaracion(Barra(),
-                               {.ventana = *this, .padre = this, .elegida = {}, .muestra = [this](QDialog& forma) {
+                               {.ventana = *this, .padre = this, .elegida = elegida, .muestra = [this](QDialog& forma) {
                                     CentraSobre(*this, forma);
                                     EjecutaSobre(*this, forma);
                                 }});

@@ -15,6 +15,7 @@ class MDIFrm;
 namespace xa518 {
 
 class Ayuda;
+struct Puesto;
 
 /// The module's main window. It has no work of its own: each command opens a form and tells it what it is for.
 class MDIFrm final : public QMainWindow {
@@ -42,6 +43,8 @@ class MDIFrm final : public QMainWindow {
     void ConectaMenu();
     void PulsaBarra(BotonBarra boton);
     [[nodiscard]] bool AbreLaBase();
+    void ImpideEscribir();
+    void OfreceRecuperar(const Puesto& abandonado);
 
     void Nueva();
     void Modificar();
@@ -55,6 +58,7 @@ class MDIFrm final : public QMainWindow {
     void MostrarHelp();
     void Acercade();
 
+    void AbreDeclaracion(const std::optional<DeclaracionElegida>& elegida);
     void AbreRegistradas(OpcionDeLista opcion);
     void AbreEnviadas(OpcionDeLista opcion);
     void Abre(const std::function<std::unique_ptr<QDialog>()>& fabrica);

@@ -4,7 +4,9 @@
 #include "detail/FrmAgePer.h"
 #include "family/Configuration.h"
 #include "family/Process.h"
+#include "family/WorkSeat.h"
 #include "import/frmTransferencia.h"
+#include "platform/Notices.h"
 #include "printouts/RunReport.h"
 #include "printouts/frmImprimir.h"
 #include "reports/ShowReport.h"
@@ -26,17 +28,17 @@ struct Modulo {
 };
 
 /// The client dialog over the declaration form, on the row of its grid.
-void AbreCliente(const Modulo& modulo, Forma& sobre, const ClaveDeclaracion& clave,
-                 const std::optional<FilaCliente>& cliente) {
+void AbreCliente(const Modulo& modulo, Forma& sobre, const ClientePedido& pedido) {
     RelojDeArena reloj;
     const EntornoDetalle entorno{.base = *modulo.proceso.baseDatos,
                                  .avisos = modulo.avisos,
                                  .reloj = modulo.proceso.reloj,
-                                 .declarante = clave.ruc,
-                                 .declarado = clave.periodo,
+                                 .declarante = pedido.clave.ruc,
+                                 .declarado = pedido.clave.periodo,
                                  .primerIgv = modulo.proceso.fechaPrimerIgv};
-    const ModoDetalle sobreUno = clave.enviada ? ModoDetalle::Ver : ModoDetalle::Modificar;
-    FrmAgePer dialogo(entorno, cliente ? sobreUno : ModoDetalle::Nuevo, cliente.value_or(FilaCliente()), &sobre);
+    const ModoDetalle sobreUno = pedido.soloSeMira ? ModoDetalle::Ver : ModoDetalle::Modificar;
+    FrmAgePer dialogo(entorno, pedido.cliente ? sobreUno : ModoDetalle::Nuevo, pedido.cliente.value_or(FilaCliente()),
+                      &sobre);
     reloj.Suelta();
     sobre.AbreModal(dialogo);
 }
@@ -75,17 +77,14 @@ void AbreImportacion(const Modulo& modulo, Forma& sobre, const ImportacionPedida
 
 DialogosDeDetalle FormasDelDetalle(const Modulo& modulo) {
     DialogosDeDetalle detalle;
-    detalle.abreCliente = [modulo](Forma& sobre, const ClaveDeclaracion& clave,
-                                   const std::optional<FilaCliente>& cliente) {
-        AbreCliente(modulo, sobre, clave, cliente);
-    };
+    detalle.abreCliente = [modulo](Forma& sobre, const ClientePedido& pedido) { AbreCliente(modulo, sobre, pedido); };
     detalle.abreImportacion = [modulo](Forma& sobre, const ImportacionPedida& pedida) {
         AbreImportacion(modulo, sobre, pedida);
     };
     return detalle;
 }
 
-void AbreDeclaracion(const Modulo& modulo, BarradeEstadoQMD& barra, const AperturaPedida& pedida) {
+void AbreTomada(const Modulo& modulo, BarradeEstadoQMD& barra, const AperturaPedida& pedida) {
     const auto abre = [modulo, &barra, pedida](const TablasTomadas& tablas) {
         RelojDeArena reloj;
         Frm518 forma({modulo.proceso, modulo.avisos, barra, FormasDelDetalle(modulo)}, tablas, pedida.elegida,
@@ -94,6 +93,21 @@ void AbreDeclaracion(const Modulo& modulo, BarradeEstadoQMD& barra, const Apertu
         pedida.muestra(forma);
     };
     TomaTablas(pedida.ventana, modulo.proceso, pedida.elegida, abre, pedida.alFallar);
+}
+
+/// What another seat has open may be looked at.
+void AbreDeclaracion(const Modulo& modulo, BarradeEstadoQMD& barra, AperturaPedida pedida) {
+    if (pedida.elegida)
+        pedida.elegida->soloSeMira = PorQueNoSeEscribe(*modulo.proceso.baseDatos);
+    try {
+        AbreTomada(modulo, barra, pedida);
+    } catch (const DeclaracionAbierta& abierta) {
+        const QString pregunta = abierta.Texto() + u"\n\n¿Desea verla sin modificar?"_s;
+        if (modulo.avisos.Pregunta({Icono::Pregunta, pregunta, {}}) == Respuesta::No)
+            return;
+        pedida.elegida->soloSeMira = abierta.Texto();
+        AbreTomada(modulo, barra, pedida);
+    }
 }
 
 } // namespace

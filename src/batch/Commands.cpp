@@ -13,6 +13,7 @@
 #include "declaration/TaxPeriod.h"
 #include "family/OfferedDeclarants.h"
 #include "family/WorkLock.h"
+#include "family/WorkSeat.h"
 #include "form518/WorkTables.h"
 #include "platform/Clock.h"
 #include "values/Text.h"
@@ -116,7 +117,7 @@ void AnotaInconsistencias(Proceso& proceso, const Declaracion& declaracion, Info
 
 void Importar(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance, Informe& informe) {
     const ClaveDeclaracion clave = ClaveDe(proceso, argumentos);
-    const TrabajoUnico trabajo(*proceso.baseDatos);
+    const TrabajoUnico trabajo(*proceso.baseDatos, clave);
     CargaTrabajo(proceso, argumentos, clave, avance, informe);
 }
 
@@ -126,7 +127,7 @@ void Declarar(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& ava
     declaracion.clave = ClaveDe(proceso, argumentos);
     Exige(RechazaRucDeOcho(declaracion.clave.ruc));
     ExigeBanco(base, argumentos.banco);
-    const TrabajoUnico trabajo(base);
+    const TrabajoUnico trabajo(base, declaracion.clave);
     const EstadoGuardado conocida = EstadoGuardado::De(base, declaracion.clave);
     CargaTrabajo(proceso, argumentos, declaracion.clave, avance, informe);
     if (argumentos.pdf)
@@ -171,6 +172,13 @@ void Validar(Proceso& proceso, const Argumentos& argumentos, Informe& informe) {
     informe.casillas = CasillasGrabadas(base, declaracion.clave);
 }
 
+/// Work tables of its own, on a server; what a crash left in them is of no use to a run that begins anew.
+void TomaPuesto(Proceso& proceso) {
+    if (const QString motivo = PorQueNoSeEscribe(*proceso.baseDatos); !motivo.isEmpty())
+        throw RechazaCon(motivo);
+    (void)OcupaPuesto(proceso);
+}
+
 /// The same declarations as the module's pickers: all of them for a user of kind "0", otherwise the user's own.
 QList<FilaLista> LeeLista(Proceso& proceso, bool enviadas) {
     Base& base = *proceso.baseDatos;
@@ -199,6 +207,8 @@ QList<FilaLista> LeeLista(Proceso& proceso, bool enviadas) {
 } // namespace
 
 void EjecutaOrden(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance, Informe& informe) {
+    if (argumentos.orden == Orden::Importar || argumentos.orden == Orden::Declarar)
+        TomaPuesto(proceso);
     switch (argumentos.orden) {
     case Orden::Importar: return Importar(proceso, argumentos, avance, informe);
     case Orden::Declarar: return Declarar(proceso, argumentos, avance, informe);

@@ -3,6 +3,7 @@
 #include "data/Engine.h"
 #include "data/FollowedWork.h"
 #include "data/NewRows.h"
+#include "data/Seats.h"
 #include "data/SqlTokens.h"
 #include "data/Transaction.h"
 #include "values/Progress.h"
@@ -96,9 +97,14 @@ std::unique_ptr<Base> Base::AbreOCrea(const QString& ruta) {
     return Abre({ruta}, ModoApertura::Cualquiera);
 }
 
-Base::Base(LugarDeBase lugar, std::unique_ptr<Motor> motor) : m_lugar(std::move(lugar)), m_motor(std::move(motor)) {}
+Base::Base(LugarDeBase lugar, std::unique_ptr<Motor> motor)
+    : m_lugar(std::move(lugar))
+    , m_motor(std::move(motor))
+    , m_puestos(m_motor->TienePuestos() ? std::make_unique<Puestos>(*this) : nullptr) {}
 
 Base::~Base() {
+    if (m_puestos && !m_motor->EstaPerdida())
+        m_puestos->Deja();
     m_sentencias.clear(); // the statements go before the connection that they belong to
 }
 
@@ -131,7 +137,21 @@ void Base::ExigeConexion() {
     for (auto& [sql, sentencia] : m_sentencias)
         sentencia.libres.clear();
     ++m_conexion;
-    m_motor->Reconecta();
+    Reconecta();
+}
+
+/// Without its seat it would go on with another one's rows.
+void Base::Reconecta() {
+    const int anterior = m_motor->Reconecta();
+    if (!m_puestos)
+        return;
+    if (!m_puestos->Retoma(anterior)) {
+        m_motor->Conexion().close();
+        throw ErrorBase(NumeroError::BaseBloqueada,
+                        u"Este puesto fue quitado o tomado por otro programa mientras no había conexión con el"
+                        " servidor. Cierre el programa y vuelva a abrirlo."_s);
+    }
+    m_puestos->RetomaOcupadas();
 }
 
 std::unique_ptr<QSqlQuery> Base::Prepara(const QString& sql) {
@@ -312,13 +332,13 @@ Transaccion Base::Comienza(Turno turno) {
     return Transaccion(*this, turno);
 }
 
-std::optional<bool> Base::TomaTrabajo() {
-    ExigeConexion();
-    return m_motor->TomaTrabajo();
+void Base::PonTrabajo(const EsquemaDeTrabajo& trabajo) {
+    m_lugar.trabajo = trabajo;
+    m_motor->PonTrabajo(trabajo);
 }
 
-void Base::SueltaTrabajo() noexcept {
-    m_motor->SueltaTrabajo();
+bool Base::SoloLectura() const {
+    return m_motor->SoloLectura();
 }
 
 } // namespace xa518

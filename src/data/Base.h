@@ -18,6 +18,7 @@ namespace xa518 {
 
 class FilasNuevas;
 class Motor;
+class Puestos;
 enum class ModoApertura;
 class TrabajoSeguido;
 class Transaccion;
@@ -141,10 +142,12 @@ class Base {
     /// Starts a transaction with the right to write, which waits a short while for other writers.
     [[nodiscard]] Transaccion Comienza(Turno turno = Turno::DeTodos);
 
-    /// Takes the mark of whoever works on the declaration of the work tables; false while another connection has it.
-    /// Nothing where that is no affair of the engine.
-    [[nodiscard]] std::optional<bool> TomaTrabajo();
-    void SueltaTrabajo() noexcept;
+    /// The seats of a base that several programs use at once; none on a file.
+    [[nodiscard]] Puestos* LosPuestos() const { return m_puestos.get(); }
+    /// Goes on with that seat's work tables.
+    void PonTrabajo(const EsquemaDeTrabajo& trabajo);
+    /// Whether the account of the connection may read alone. A file that can't be written isn't opened.
+    [[nodiscard]] bool SoloLectura() const;
 
     [[nodiscard]] const QString& Ruta() const { return m_lugar.ruta; }
     /// What another connection to the same is opened by.
@@ -164,6 +167,7 @@ class Base {
     Base(LugarDeBase lugar, std::unique_ptr<Motor> motor);
     static std::unique_ptr<Base> Abre(const LugarDeBase& lugar, ModoApertura modo);
     void ExigeConexion();
+    void Reconecta();
     std::unique_ptr<QSqlQuery> Prepara(const QString& sql);
     [[nodiscard]] Corrida Corre(const QString& sql, const QVariantList& valores);
     void CorrePreparada(Corrida& corrida, Sentencia& sentencia, const QVariantList& valores);
@@ -178,6 +182,7 @@ class Base {
 
     LugarDeBase m_lugar;
     std::unique_ptr<Motor> m_motor;
+    std::unique_ptr<Puestos> m_puestos;
     int m_conexion = 0; ///< how often it was made again
     bool m_enTransaccion = false;
     TrabajoSeguido* m_seguido = nullptr;

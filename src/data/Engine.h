@@ -102,12 +102,15 @@ class Motor {
     virtual void ExigeConfirmable() const {}
     /// Whether the connection is lost; what was open on it is gone.
     [[nodiscard]] virtual bool EstaPerdida() const { return false; }
-    /// Connects again, as it was opened. Raises `ErrorBase`.
-    virtual void Reconecta() {}
-    /// Takes the mark of whoever works on the declaration of its work tables, until it is let go or the connection
-    /// ends; false while another connection has it. Nothing where the mark is no affair of the engine.
-    [[nodiscard]] virtual std::optional<bool> TomaTrabajo() { return std::nullopt; }
-    virtual void SueltaTrabajo() noexcept {}
+    /// Connects again, as it was opened, once what the lost connection had begun is at its end. Returns the number by
+    /// which the other end knew that one. Raises `ErrorBase`.
+    virtual int Reconecta() { return 0; }
+    /// Whether each program has work tables of its own there, see `Puestos`.
+    [[nodiscard]] virtual bool TienePuestos() const { return false; }
+    /// Puts those in the place of the work tables.
+    virtual void PonTrabajo(const EsquemaDeTrabajo& /*trabajo*/) {}
+    /// Whether the account may read alone.
+    [[nodiscard]] virtual bool SoloLectura() const { return false; }
 };
 
 /// Picks the engine by the database's name: a file is SQLite, a server PostgreSQL.

@@ -14,6 +14,9 @@
 #include <QSqlQuery>
 #include <QUuid>
 
+#include <thread>
+#include <utility>
+
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
@@ -25,13 +28,12 @@ constexpr qint64 kRelojesMs = 120'000;
 constexpr int kFilasPorTurno = 2000;
 constexpr std::chrono::milliseconds kCadaMirada{50};
 
-/// The locks that stand for the turn of those who give numbers, and, with the schema, for its work tables.
+/// The lock that stands for the turn of those who give numbers.
 constexpr const char* kTomaTurno = "SELECT pg_catalog.pg_advisory_xact_lock(22593, 1)";
-constexpr const char* kTomaTrabajo =
-    "SELECT pg_catalog.pg_try_advisory_lock(22594, pg_catalog.hashtext(pg_catalog.current_schema()::text))";
 
-constexpr const char* kSueltaTrabajo =
-    "SELECT pg_catalog.pg_advisory_unlock(22594, pg_catalog.hashtext(pg_catalog.current_schema()::text))";
+/// How long the server may take to notice that a connection is gone when it is asked to look.
+constexpr int kMiradasAlAnterior = 50;
+constexpr std::chrono::milliseconds kEntreMiradas{100};
 
 /// The server notices within a minute that a machine is gone, and lets its locks go.
 const QString& AtencionDelServidor() {
@@ -115,9 +117,27 @@ void MotorPostgres::Conecta() {
         throw FallaAlConectar(m_parametros);
 }
 
-void MotorPostgres::Reconecta() {
+int MotorPostgres::Reconecta() {
+    const SesionDelServidor anterior = std::exchange(m_sesion, {});
     Conecta();
     Viste();
+    AcabaCon(anterior);
+    return anterior.pid;
+}
+
+/// What the lost connection had sent may still be under way, a COMMIT too: only behind its end the tables tell what
+/// came of it, and its locks are free.
+void MotorPostgres::AcabaCon(const SesionDelServidor& anterior) const {
+    const QString cual = u"FROM pg_catalog.pg_stat_activity WHERE pid = %1 AND backend_start::text"
+                         " OPERATOR(pg_catalog.=) '%2'"_s.arg(anterior.pid)
+                             .arg(anterior.desde);
+    Pide(Manija(), u"SELECT pg_catalog.pg_terminate_backend(pid) "_s + cual);
+    for (int i = 0; i < kMiradasAlAnterior; ++i) {
+        const ResultadoPg fila = Pide(Manija(), u"SELECT count(*) "_s + cual);
+        if (Valor(fila.get(), 0, 0) == "0")
+            return;
+        std::this_thread::sleep_for(kEntreMiradas);
+    }
 }
 
 void MotorPostgres::ExigeServidor() const {
@@ -151,12 +171,15 @@ void MotorPostgres::ExigeReloj() const {
 }
 
 /// A database of these programs has their two schemas; a new one has nothing.
-void MotorPostgres::PreparaContenido(ModoApertura modo) const {
+void MotorPostgres::PreparaContenido(ModoApertura modo) {
     const ResultadoPg fila = Pide(
         Manija(), u"SELECT pg_catalog.to_regnamespace('familia') IS NOT NULL, EXISTS(SELECT 1 FROM"
                   " pg_catalog.pg_class AS c JOIN pg_catalog.pg_namespace AS n ON n.oid = c.relnamespace"
                   " WHERE n.nspname <> 'information_schema' AND n.nspname NOT LIKE 'pg\\_%' AND NOT EXISTS(SELECT 1"
-                  " FROM pg_catalog.pg_depend AS d WHERE d.objid = c.oid AND d.deptype = 'e'))"_s);
+                  " FROM pg_catalog.pg_depend AS d WHERE d.objid = c.oid AND d.deptype = 'e')),"
+                  " pg_catalog.current_setting('transaction_read_only') = 'on' OR NOT coalesce("
+                  " pg_catalog.has_table_privilege(pg_catalog.to_regclass('familia.cab'), 'INSERT'), true)"_s);
+    m_soloLectura = Valor(fila.get(), 0, 2) == "t";
     const bool esNuestra = Valor(fila.get(), 0, 0) == "t";
     const bool estaOcupada = Valor(fila.get(), 0, 1) == "t";
     if (!esNuestra && estaOcupada)
@@ -178,6 +201,7 @@ void MotorPostgres::Instala() const {
     try {
         Pide(Manija(), QString::fromLatin1(kTomaTurno));
         Pide(Manija(), LeeSql(u":/postgres/dialecto.sql"_s));
+        Pide(Manija(), LeeSql(u":/postgres/puestos.sql"_s));
         Pide(Manija(), u"COMMIT"_s);
     } catch (const ErrorBase&) {
         PQclear(PQexec(Manija(), "ROLLBACK"));
@@ -186,11 +210,33 @@ void MotorPostgres::Instala() const {
 }
 
 /// Everything that a connection needs, when it is opened and when it is opened again.
-void MotorPostgres::Viste() const {
+void MotorPostgres::Viste() {
+    Pide(Manija(), u"SET default_transaction_isolation = 'read committed'; SET lock_timeout = '5s';"
+                   " SET client_min_messages = warning"_s);
+    PonCamino();
+    const ResultadoPg fila = Pide(
+        Manija(), u"SELECT backend_start::text FROM pg_catalog.pg_stat_get_activity(pg_catalog.pg_backend_pid())"_s);
+    m_sesion = {.pid = PQbackendPID(Manija()), .desde = QString::fromUtf8(Valor(fila.get(), 0, 0))};
+}
+
+/// A seat that was cleared doesn't fall back on the tables behind it.
+void MotorPostgres::PonCamino() const {
     const QString trabajo = m_lugar.trabajo ? m_lugar.trabajo->Nombre() + u", "_s : QString();
-    Pide(Manija(), u"SET search_path = %1familia, dialecto, pg_catalog, pg_temp;"
-                   " SET default_transaction_isolation = 'read committed'; SET lock_timeout = '5s';"
-                   " SET client_min_messages = warning"_s.arg(trabajo));
+    Pide(Manija(), u"SET search_path = %1familia, dialecto, pg_catalog, pg_temp"_s.arg(trabajo));
+    if (!m_lugar.trabajo)
+        return;
+    const ResultadoPg fila =
+        Pide(Manija(), u"SELECT pg_catalog.to_regnamespace('%1') IS NOT NULL"_s.arg(m_lugar.trabajo->Nombre()));
+    if (Valor(fila.get(), 0, 0) == "t")
+        return;
+    Conexion().close();
+    throw ErrorBase(NumeroError::BaseBloqueada,
+                    u"Este puesto de trabajo fue quitado del servidor. Cierre el programa y vuelva a abrirlo."_s);
+}
+
+void MotorPostgres::PonTrabajo(const EsquemaDeTrabajo& trabajo) {
+    m_lugar.trabajo = trabajo;
+    PonCamino();
 }
 
 QSqlDatabase MotorPostgres::Conexion() const {
@@ -380,16 +426,6 @@ void MotorPostgres::ExigeConfirmable() const {
 
 bool MotorPostgres::EstaPerdida() const {
     return !Conexion().isOpen() || PQstatus(Manija()) == CONNECTION_BAD;
-}
-
-std::optional<bool> MotorPostgres::TomaTrabajo() {
-    const ResultadoPg fila = Pide(Manija(), QString::fromLatin1(kTomaTrabajo));
-    return Valor(fila.get(), 0, 0) == "t";
-}
-
-void MotorPostgres::SueltaTrabajo() noexcept {
-    if (!EstaPerdida())
-        PQclear(PQexec(Manija(), kSueltaTrabajo));
 }
 
 /// The text for the server with each value written where its `?` stands.

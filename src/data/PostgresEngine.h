@@ -41,18 +41,27 @@ class MotorPostgres final : public Motor {
     [[nodiscard]] std::optional<int> EjecutaConVigia(const QString& sql, const QVariantList& valores) override;
     void ExigeConfirmable() const override;
     [[nodiscard]] bool EstaPerdida() const override;
-    void Reconecta() override;
-    [[nodiscard]] std::optional<bool> TomaTrabajo() override;
-    void SueltaTrabajo() noexcept override;
+    int Reconecta() override;
+    [[nodiscard]] bool TienePuestos() const override { return true; }
+    void PonTrabajo(const EsquemaDeTrabajo& trabajo) override;
+    [[nodiscard]] bool SoloLectura() const override { return m_soloLectura; }
 
   private:
+    /// By which the server knows a connection: the number alone comes back some day.
+    struct SesionDelServidor {
+        int pid = 0;
+        QString desde;
+    };
+
     [[nodiscard]] PGconn* Manija() const;
     void Conecta();
     void ExigeServidor() const;
     void ExigeReloj() const;
-    void PreparaContenido(ModoApertura modo) const;
+    void PreparaContenido(ModoApertura modo);
     void Instala() const;
-    void Viste() const;
+    void Viste();
+    void PonCamino() const;
+    void AcabaCon(const SesionDelServidor& anterior) const;
     [[nodiscard]] QString ConLiterales(const QString& sql, const QVariantList& valores) const;
     /// Waits for the end of what was sent, and asks the watch meanwhile.
     [[nodiscard]] ResultadoPg EsperaFin() const;
@@ -61,6 +70,8 @@ class MotorPostgres final : public Motor {
 
     QString m_nombre;
     LugarDeBase m_lugar;
+    SesionDelServidor m_sesion;
+    bool m_soloLectura = false;
     Parametros m_parametros;
     Memoria m_memoria = Memoria::Amplia;
     Vigia m_vigia;

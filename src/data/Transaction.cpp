@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "data/Engine.h"
+#include "data/ServerFailure.h"
 
 #include <utility>
 
@@ -43,6 +44,34 @@ void Transaccion::Confirma() {
     m_base->Ejecuta(QStringLiteral("COMMIT"));
     m_base->m_enTransaccion = false;
     m_base = nullptr;
+}
+
+void Transaccion::Confirma(const std::function<bool()>& quedo) {
+    Base& base = *m_base;
+    try {
+        Confirma();
+    } catch (const ErrorDeServidor& error) {
+        if (error.Falla() != FallaDeServidor::Perdida)
+            throw;
+        Deshace();
+        m_base = nullptr;
+        if (!Averigua(base, quedo))
+            throw;
+    }
+}
+
+/// Looked up on another connection, which waits for the end of the lost one.
+bool Transaccion::Averigua(Base& base, const std::function<bool()>& quedo) {
+    try {
+        base.ExigeConexion();
+        return quedo();
+    } catch (const ErrorBase& error) {
+        throw ErrorDeServidor(FallaDeServidor::Perdida,
+                              QStringLiteral("Se perdió la conexión con el servidor en el momento de confirmar, y"
+                                             " todavía no se puede saber si lo último quedó grabado. Cuando vuelva la"
+                                             " conexión, búsquelo en la bitácora de la consola antes de repetirlo."),
+                              error.Detalle());
+    }
 }
 
 } // namespace xa518

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "family/DeclarationKey.h"
+#include "family/StoredState.h"
+
+#include <optional>
 
 namespace xa518 {
 
@@ -14,6 +17,10 @@ struct DeclaracionElegida {
     QString nombre;    ///< of the declarant
     QString norden{};  ///< of a sent copy: "0" before the administration gave one
     QString control{}; ///< of a sent copy: the control number of the sending
+    /// Why it may only be looked at: another seat has it, or the account may not write. Empty when it may be changed.
+    QString soloSeMira{};
+    /// Its rows stand in the work tables since a crash: how it stood in the tables when it had been opened.
+    std::optional<EstadoGuardado> recuperada{};
 
     [[nodiscard]] ModoDeclaracion Modo() const {
         return clave.enviada ? ModoDeclaracion::Ver : ModoDeclaracion::Modificar;

@@ -5,13 +5,11 @@
 #include "data/Base.h"
 #include "data/Catalog.h"
 #include "data/FollowedWork.h"
-#include "declaration/ClientGrid.h"
 #include "declaration/Consistency.h"
 #include "declaration/FrmConsist.h"
 #include "declaration/OrderNumber.h"
 #include "declaration/Save.h"
 #include "declaration/StoredBoxes.h"
-#include "declaration/TaxPeriod.h"
 #include "family/OfferedDeclarants.h"
 #include "family/Process.h"
 #include "form518/RowCounts.h"
@@ -24,6 +22,7 @@
 #include "widgets/HourGlass.h"
 #include "widgets/ReadablePalette.h"
 #include "widgets/StatusBar.h"
+#include "widgets/WidgetHelpers.h"
 
 #include <QScopeGuard>
 
@@ -56,26 +55,6 @@ bool TomaFoco(const QWidget& control) {
 }
 
 } // namespace
-
-void TomaTablas(QWidget& ventana, const Proceso& proceso, const std::optional<DeclaracionElegida>& elegida,
-                std::function<void(const TablasTomadas&)> alTenerlas,
-                std::function<void(const std::exception_ptr&)> alFallar) {
-    const auto marca = std::make_shared<TrabajoUnico>(*proceso.baseDatos);
-    const ClaveDeclaracion clave =
-        elegida ? elegida->clave : ClaveDeclaracion{.ruc = {}, .periodo = {}, .formulario = proceso.numFormulario};
-    CorreTarea(
-        ventana, {.titulo = u"Abriendo la declaración"_s, .alFallar = std::move(alFallar)},
-        [aparte = ProcesoAparte(proceso), clave](Avance& avance) {
-            const Proceso suyo = aparte.Abre();
-            const TrabajoSeguido seguido(*suyo.baseDatos, avance, FilasDelDetalle(*suyo.baseDatos, clave));
-            const EstadoGuardado guardado = EstadoGuardado::De(*suyo.baseDatos, clave);
-            TablasTrabajo(*suyo.baseDatos).Reconstruye(clave);
-            return std::pair(LeeTotalesDeCarga(*suyo.baseDatos), guardado);
-        },
-        [marca, alTenerlas = std::move(alTenerlas)](const std::pair<TotalesDeGrilla, EstadoGuardado>& leido) {
-            alTenerlas({marca, leido.first, leido.second});
-        });
-}
 
 Frm518::Frm518(EntornoDeclaracion entorno, TablasTomadas tablas, const std::optional<DeclaracionElegida>& elegida,
                QWidget* padre)
@@ -139,7 +118,9 @@ void Frm518::Carga() {
     m_ui->PaginaPercepcion->MuestraTotales(m_declaracion);
     if (EsEnviada())
         DesTodo();
-    m_modificado = false;
+    if (SoloSeMira())
+        MuestraParaMirar();
+    m_modificado = m_elegida.recuperada.has_value(); // what was left in the work tables isn't saved
     m_cargando = false;
 }
 
@@ -180,6 +161,17 @@ void Frm518::DesTodo() {
     const QString numero = Recorta(m_elegida.norden).toString();
     if (numero.size() >= kLargoMinimo)
         m_ui->PaginaIdentificacion->PonDigitos(DigitosOrden(m_elegida.control, m_elegida.norden));
+}
+
+/// As a sent copy shows, and no button writes.
+void Frm518::MuestraParaMirar() {
+    ComoSoloLectura(*this);
+    m_ui->PaginaIdentificacion->DejaDeCambiar();
+    m_ui->PaginaPercepcion->MuestraEnviada();
+    m_ui->PaginaDeuda->DejaDeCambiar();
+    m_ui->CmdValidar->hide();
+    Impide(*m_ui->CmdGrabar, m_elegida.soloSeMira);
+    setWindowTitle(windowTitle() + u" (sin modificar)"_s);
 }
 
 ClaveDeclaracion Frm518::Clave() const {
@@ -306,7 +298,7 @@ void Frm518::AlCambiarPestania(int nueva) {
     m_ui->PaginaDeuda->DejaCasilla402();
     const bool vale = PestaniaVale(nueva);
     // Entering the detail freezes the key of a new declaration; the page of the debt doesn't.
-    if (vale && EsNueva() && nueva == Percepciones)
+    if (vale && EsNueva() && nueva == Percepciones && TomaLaClave())
         m_ui->PaginaIdentificacion->CongelaClave();
     m_ui->PaginaPercepcion->MuestraCuenta(m_declaracion.clientes);
     if (vale)
@@ -324,7 +316,18 @@ bool Frm518::PestaniaVale(int nueva) {
 bool Frm518::ClaveVale(int nueva) {
     if (!Acata(ValidaClaveElegida(m_ui->PaginaIdentificacion->Lee())))
         return false;
-    return nueva == Identificaciones || IdentificacionVale();
+    return nueva == Identificaciones || SoloSeMira() || IdentificacionVale();
+}
+
+bool Frm518::TomaLaClave() {
+    try {
+        m_tablas.TomaClave(BaseDatos(), Clave());
+        return true;
+    } catch (const TrabajoAjeno& ajeno) {
+        VuelveAIdentificacion();
+        m_avisos.Muestra({Icono::Exclamacion, ajeno.Texto(), {}});
+        return false;
+    }
 }
 
 void Frm518::EnfocaPrimerCampo() {
@@ -353,7 +356,8 @@ bool Frm518::AtiendeOpcion(int indice) {
         [[fallthrough]];
     case Nuevo:
         if (m_dialogos.abreCliente)
-            m_dialogos.abreCliente(*this, clave, indice == Nuevo ? std::nullopt : cliente);
+            m_dialogos.abreCliente(
+                *this, {.clave = clave, .cliente = indice == Nuevo ? std::nullopt : cliente, .soloSeMira = EsFija()});
         return true;
     case Eliminar: return EliminaCliente();
     case Importar:
@@ -402,7 +406,7 @@ void Frm518::Valida() {
 
 void Frm518::Graba(const std::function<void()>& despues) {
     const RelojDeArena reloj;
-    const bool vale = EsEnviada() || IdentificacionVale();
+    const bool vale = EsEnviada() || (IdentificacionVale() && (!EsNueva() || TomaLaClave()));
     if (vale)
         LeePaginas();
     const Veredicto largo = vale ? RechazaRucDeOcho(m_declaracion.clave.ruc) : Veredicto::Bien();
@@ -457,6 +461,8 @@ void Frm518::RegistraOrden() {
 }
 
 void Frm518::Salir() {
+    if (SoloSeMira())
+        return Deja();
     if (m_modificado && EsEnviada()) {
         const Mensaje pregunta{Icono::Pregunta, u" El número de orden ha cambiado. ¿Desea guardar los cambios?"_s, {}};
         if (m_avisos.Pregunta(pregunta) == Respuesta::Si) {

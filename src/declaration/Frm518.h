@@ -3,9 +3,8 @@
 #include "declaration/ChosenDeclaration.h"
 #include "declaration/ClientGrid.h"
 #include "declaration/Declaration.h"
+#include "declaration/TakenTables.h"
 #include "declaration/TaxPeriod.h"
-#include "family/StoredState.h"
-#include "family/WorkLock.h"
 #include "form518/WorkClients.h"
 #include "values/Message.h"
 #include "widgets/FieldFocus.h"
@@ -36,11 +35,17 @@ struct ImportacionPedida {
     std::function<void()> refresca; ///< shows the form's grid anew, and tells nothing when it can't
 };
 
+/// The client that a dialog opens on.
+struct ClientePedido {
+    ClaveDeclaracion clave;
+    std::optional<FilaCliente> cliente;
+    bool soloSeMira = false;
+};
+
 /// The dialogs of other rooms that the declaration form opens over itself. One that is missing does nothing.
 struct DialogosDeDetalle {
-    /// The client dialog: on a row of the grid, or on none for a new client. Of a sent copy it is only looked at.
-    std::function<void(Forma& sobre, const ClaveDeclaracion& clave, const std::optional<FilaCliente>& cliente)>
-        abreCliente;
+    /// The client dialog: on a row of the grid, or on none for a new client. What may not be changed is only looked at.
+    std::function<void(Forma& sobre, const ClientePedido& pedido)> abreCliente;
     /// The import into the work tables of that declaration.
     std::function<void(Forma& sobre, const ImportacionPedida& pedida)> abreImportacion;
 };
@@ -52,19 +57,6 @@ struct EntornoDeclaracion {
     BarradeEstadoQMD& barra;
     DialogosDeDetalle dialogos{};
 };
-
-/// The work tables with the rows of one declaration, held for its form.
-struct TablasTomadas {
-    std::shared_ptr<TrabajoUnico> marca;
-    TotalesDeGrilla totales;
-    EstadoGuardado guardado; ///< how the declaration stood when its rows were read
-};
-
-/// Takes the work tables for the declaration that was picked, or for a new one, and fills them, beside the window's
-/// thread. `alFallar` as in `TareaPedida`.
-void TomaTablas(QWidget& ventana, const Proceso& proceso, const std::optional<DeclaracionElegida>& elegida,
-                std::function<void(const TablasTomadas&)> alTenerlas,
-                std::function<void(const std::exception_ptr&)> alFallar = {});
 
 /// The window in which a declaration is filled in, reviewed and corrected.
 class Frm518 : public Forma {
@@ -83,6 +75,8 @@ class Frm518 : public Forma {
   private:
     [[nodiscard]] bool EsNueva() const { return m_modo == ModoDeclaracion::Nueva; }
     [[nodiscard]] bool EsEnviada() const { return m_modo == ModoDeclaracion::Ver; }
+    [[nodiscard]] bool SoloSeMira() const { return !m_elegida.soloSeMira.isEmpty(); }
+    [[nodiscard]] bool EsFija() const { return EsEnviada() || SoloSeMira(); }
     [[nodiscard]] Base& BaseDatos() const;
 
     // Opening.
@@ -91,6 +85,7 @@ class Frm518 : public Forma {
     void CargaCasillasDeLaClave();
     void CargaOrdenGuardado();
     void DesTodo();
+    void MuestraParaMirar();
     void Conecta();
     void ConectaPaginas();
 
@@ -113,6 +108,7 @@ class Frm518 : public Forma {
     void AlRectificar(bool si);
     void AlCambiarPestania(int nueva);
     [[nodiscard]] bool PestaniaVale(int nueva);
+    [[nodiscard]] bool TomaLaClave();
     [[nodiscard]] bool ClaveVale(int nueva);
     void EnfocaPrimerCampo();
     void Opcion(int indice);

@@ -3,6 +3,7 @@
 #include "data/Base.h"
 #include "data/Catalog.h"
 #include "data/RecordChecksum.h"
+#include "data/Retry.h"
 #include "data/Transaction.h"
 #include "family/ChangeLog.h"
 #include "family/StoredDeclaration.h"
@@ -21,6 +22,24 @@ VeredictoDeclaracion Alto(MomentoOrden momento, const QString& enBoton, const QS
     return VeredictoDeclaracion::Critico(texto, CampoDeclaracion::NumeroDeOrden);
 }
 
+/// A copy that is gone is passed over.
+void Registra(Base& base, const ClaveDeclaracion& clave, const QString& numero, const Firma& firma) {
+    Transaccion transaccion = base.Comienza();
+    std::optional<Registro> cabecera = base.Busca(u"HCAB"_s, clave.Condicion(), clave.Valores());
+    if (!cabecera)
+        return;
+    const QString anterior = cabecera->Valor(u"norden").toString();
+    cabecera->Pon(u"norden", numero);
+    PonChecksum(*cabecera, kTablaCabecera.numericasEnviada);
+    base.Actualiza(*cabecera, clave.Condicion(), clave.Valores());
+    Bitacora bitacora(base);
+    const QString marca = bitacora.Anota(firma, {.suceso = Suceso::NumeroDeOrden,
+                                                 .clave = clave,
+                                                 .antes = u"norden="_s + anterior,
+                                                 .despues = u"norden="_s + numero});
+    bitacora.Confirma(transaccion, marca);
+}
+
 } // namespace
 
 VeredictoDeclaracion ValidaNumeroDeOrden(const NumeroDeOrden& orden, MomentoOrden momento) {
@@ -32,19 +51,7 @@ VeredictoDeclaracion ValidaNumeroDeOrden(const NumeroDeOrden& orden, MomentoOrde
 }
 
 Mensaje RegistraNumeroDeOrden(Base& base, const ClaveDeclaracion& clave, const QString& numero, const Firma& firma) {
-    Transaccion transaccion = base.Comienza();
-    std::optional<Registro> cabecera = base.Busca(u"HCAB"_s, clave.Condicion(), clave.Valores());
-    if (cabecera) {
-        const QString anterior = cabecera->Valor(u"norden").toString();
-        cabecera->Pon(u"norden", numero);
-        PonChecksum(*cabecera, kTablaCabecera.numericasEnviada);
-        base.Actualiza(*cabecera, clave.Condicion(), clave.Valores());
-        Bitacora(base).Anota(firma, {.suceso = Suceso::NumeroDeOrden,
-                                     .clave = clave,
-                                     .antes = u"norden="_s + anterior,
-                                     .despues = u"norden="_s + numero});
-    }
-    transaccion.Confirma();
+    ConReintentos([&] { Registra(base, clave, numero, firma); });
     return {Icono::Exclamacion, Catalogo(base).DescError(u"0151"_s), {}};
 }
 

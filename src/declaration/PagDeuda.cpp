@@ -74,6 +74,12 @@ void PagDeuda::MuestraEnviada() {
     m_ui->FormaDePagoQMD1->setEnabled(false);
 }
 
+void PagDeuda::DejaDeCambiar() {
+    for (const int casilla : {kPagosPrevios, 404, 410})
+        Campo(casilla).setEnabled(false);
+    m_ui->FormaDePagoQMD1->setEnabled(false);
+}
+
 void PagDeuda::Muestra(const Declaracion& declaracion) {
     MuestraMontos(declaracion.montos);
     const Pago& pago = declaracion.pago;

@@ -28,6 +28,8 @@ class PagDeuda : public QWidget {
     void PonBancos(const QList<BancoOfrecido>& bancos);
     /// A sent copy can only be looked at.
     void MuestraEnviada();
+    /// Neither can one that somebody else changes.
+    void DejaDeCambiar();
 
     /// The boxes and the payment of the record.
     void Muestra(const Declaracion& declaracion);

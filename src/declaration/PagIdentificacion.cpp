@@ -155,6 +155,12 @@ void PagIdentificacion::CongelaClave() {
     m_ui->MkePeriodo->setEnabled(false);
 }
 
+void PagIdentificacion::DejaDeCambiar() {
+    CongelaClave();
+    m_ui->OptRectifica_0->setEnabled(false);
+    m_ui->OptRectifica_1->setEnabled(false);
+}
+
 Rectificacion PagIdentificacion::Rectifica() const {
     if (m_ui->OptRectifica_1->isChecked())
         return Rectificacion::Si;

@@ -38,6 +38,8 @@ class PagIdentificacion : public QWidget {
 
     /// From here on the key of a new declaration stays.
     void CongelaClave();
+    /// Nothing of it may be changed.
+    void DejaDeCambiar();
 
     [[nodiscard]] Rectificacion Rectifica() const;
     /// Without an answer the options stay as they are.

@@ -1,6 +1,7 @@
 #include "declaration/Save.h"
 
 #include "data/Base.h"
+#include "data/Retry.h"
 #include "data/Transaction.h"
 #include "declaration/Consistency.h"
 #include "declaration/StoredBoxes.h"
@@ -123,6 +124,35 @@ QList<Mensaje> MensajesDe(const Declaracion& declaracion, int estado) {
     return mensajes;
 }
 
+/// Where several save at once, another one's save of the same declaration is waited for: what is read behind this is
+/// what that one left.
+void EsperaLaCabecera(Base& base, const ClaveDeclaracion& clave) {
+    if (base.LosPuestos() != nullptr)
+        base.Ejecuta(u"UPDATE CAB SET estado = estado "_s + clave.Condicion(), clave.Valores());
+}
+
+/// One try.
+ResultadoGrabacion Graba(Base& base, const Declaracion& declaracion, const EstadoGuardado& conocido,
+                         const Firma& firma) {
+    const ClaveDeclaracion& clave = declaracion.clave;
+    const int estado = Inconsistencias(declaracion).isEmpty() ? 0 : 9;
+    Transaccion transaccion = base.Comienza(Turno::Propio);
+    EsperaLaCabecera(base, clave);
+    if (Veredicto veredicto = ExigeSinCambios(base, clave, conocido); !veredicto)
+        return {.veredicto = std::move(veredicto)};
+    const QString antes = CasillasEnLineas(base, clave);
+    GrabaLaCabecera(base, declaracion, estado, firma.momento.date());
+    GrabaCasillas(base, declaracion, SumaDeControl(base, clave.formulario));
+    GrabaDetalle(base, clave);
+    GrabaSumas(base, clave);
+    Bitacora bitacora(base);
+    const QString marca = bitacora.Anota(
+        firma, {.suceso = Suceso::Grabacion, .clave = clave, .antes = antes, .despues = CasillasEnLineas(base, clave)});
+    const EstadoGuardado guardado = EstadoGuardado::De(base, clave);
+    bitacora.Confirma(transaccion, marca);
+    return {.estado = estado, .mensajes = MensajesDe(declaracion, estado), .guardado = guardado};
+}
+
 } // namespace
 
 QString SumaDeControl(Base& base, const QString& formulario) {
@@ -137,21 +167,7 @@ QString SumaDeControl(Base& base, const QString& formulario) {
 
 ResultadoGrabacion GrabaDeclaracion(Base& base, const Declaracion& declaracion, const EstadoGuardado& conocido,
                                     const Firma& firma) {
-    const ClaveDeclaracion& clave = declaracion.clave;
-    const int estado = Inconsistencias(declaracion).isEmpty() ? 0 : 9;
-    Transaccion transaccion = base.Comienza(Turno::Propio);
-    if (Veredicto veredicto = ExigeSinCambios(base, clave, conocido); !veredicto)
-        return {.veredicto = std::move(veredicto)};
-    const QString antes = CasillasEnLineas(base, clave);
-    GrabaLaCabecera(base, declaracion, estado, firma.momento.date());
-    GrabaCasillas(base, declaracion, SumaDeControl(base, clave.formulario));
-    GrabaDetalle(base, clave);
-    GrabaSumas(base, clave);
-    Bitacora(base).Anota(
-        firma, {.suceso = Suceso::Grabacion, .clave = clave, .antes = antes, .despues = CasillasEnLineas(base, clave)});
-    const EstadoGuardado guardado = EstadoGuardado::De(base, clave);
-    transaccion.Confirma();
-    return {.estado = estado, .mensajes = MensajesDe(declaracion, estado), .guardado = guardado};
+    return ConReintentos([&] { return Graba(base, declaracion, conocido, firma); });
 }
 
 } // namespace xa518

@@ -1,6 +1,7 @@
 #include "family/ChangeLog.h"
 
 #include "data/Base.h"
+#include "data/Transaction.h"
 #include "platform/Clock.h"
 
 #include <QMap>
@@ -156,6 +157,11 @@ QString Bitacora::Anota(const Firma& firma, const Cambio& cambio) {
                      clave.ruc.Texto(), clave.periodo.Texto(), clave.formulario, clave.correl, cambio.antes,
                      cambio.despues, marca});
     return marca;
+}
+
+void Bitacora::Confirma(Transaccion& transaccion, const QString& marca) const {
+    transaccion.Confirma(
+        [&] { return m_base->Lee(u"SELECT Marca FROM BITACORA WHERE Marca = ?"_s, {marca}).Siguiente(); });
 }
 
 QString Bitacora::Sql(const QString& condicion) const {

@@ -12,6 +12,7 @@ namespace xa518 {
 
 class Base;
 class Reloj;
+class Transaccion;
 
 /// Under whose name something is changed, on which machine and when.
 struct Firma {
@@ -82,6 +83,9 @@ class Bitacora {
     /// Within the transaction that makes the change, so that neither is there without the other. Returns the mark by
     /// which the row is found again.
     QString Anota(const Firma& firma, const Cambio& cambio);
+    /// Confirms the transaction that holds the row of that mark. A connection that breaks meanwhile leaves it open
+    /// whether the change arrived: the row tells.
+    void Confirma(Transaccion& transaccion, const QString& marca) const;
 
     /// The newest first.
     [[nodiscard]] QList<Asiento> Lista(const FiltroDeBitacora& filtro = {}, int tope = kTodos) const;

@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "data/RecordChecksum.h"
+#include "data/Retry.h"
 #include "data/Transaction.h"
 #include "family/ChangeLog.h"
 #include "family/DeclarationKey.h"
@@ -83,12 +84,15 @@ void EliminaDeclaracion(Base& base, const Formulario& formulario, const ClaveDec
         tablas.removeIf([](const TablaDeDeclaracion& tabla) { return tabla.copiaQueda; });
     std::sort(tablas.begin(), tablas.end(),
               [](const auto& una, const auto& otra) { return una.turnoAlEliminar < otra.turnoAlEliminar; });
-    Transaccion transaccion = base.Comienza();
-    Bitacora(base).Anota(firma,
-                         {.suceso = Suceso::Eliminacion, .clave = clave, .antes = CasillasEnLineas(base, clave)});
-    for (const TablaDeDeclaracion& tabla : tablas)
-        base.Ejecuta(u"DELETE * FROM "_s + clave.Tabla(tabla.nombre) + u' ' + clave.Condicion(), clave.Valores());
-    transaccion.Confirma();
+    ConReintentos([&] {
+        Transaccion transaccion = base.Comienza();
+        Bitacora bitacora(base);
+        const QString marca = bitacora.Anota(
+            firma, {.suceso = Suceso::Eliminacion, .clave = clave, .antes = CasillasEnLineas(base, clave)});
+        for (const TablaDeDeclaracion& tabla : tablas)
+            base.Ejecuta(u"DELETE * FROM "_s + clave.Tabla(tabla.nombre) + u' ' + clave.Condicion(), clave.Valores());
+        bitacora.Confirma(transaccion, marca);
+    });
 }
 
 } // namespace xa518

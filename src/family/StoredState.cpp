@@ -40,6 +40,19 @@ EstadoGuardado EstadoGuardado::De(Base& base, const ClaveDeclaracion& clave) {
     return estado;
 }
 
+QString EstadoGuardado::Texto() const {
+    return m_marca + u' ' + m_suma;
+}
+
+EstadoGuardado EstadoGuardado::DeTexto(const QString& texto) {
+    EstadoGuardado estado;
+    estado.m_marca = texto.section(u' ', 0, 0);
+    const QString suma = texto.section(u' ', 1);
+    if (!suma.isEmpty()) // one that is there begins with its sign
+        estado.m_suma = suma;
+    return estado;
+}
+
 Veredicto ExigeSinCambios(Base& base, const ClaveDeclaracion& clave, const EstadoGuardado& conocido) {
     const EstadoGuardado ahora = EstadoGuardado::De(base, clave);
     if (ahora == conocido)

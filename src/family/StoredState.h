@@ -17,6 +17,10 @@ class EstadoGuardado {
     EstadoGuardado() = default;
     [[nodiscard]] static EstadoGuardado De(Base& base, const ClaveDeclaracion& clave);
 
+    /// As one text, and from it.
+    [[nodiscard]] QString Texto() const;
+    [[nodiscard]] static EstadoGuardado DeTexto(const QString& texto);
+
     [[nodiscard]] bool Existe() const { return !m_suma.isNull(); }
     [[nodiscard]] bool MismaMarca(const EstadoGuardado& otro) const { return m_marca == otro.m_marca; }
     bool operator==(const EstadoGuardado&) const = default;

@@ -6,29 +6,23 @@ namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
-TrabajoAjeno::TrabajoAjeno()
-    : Error(NumeroError::BaseBloqueada,
-            u"Otro programa tiene abierta una declaración. Ciérrela, o espere a que termine,"
-            " y vuelva a intentarlo."_s) {}
-
-TrabajoUnico::TrabajoUnico(Base& base) {
-    const std::optional<bool> tomado = base.TomaTrabajo();
-    if (!tomado)
+TrabajoUnico::TrabajoUnico(Base& base, const ClaveDeclaracion& clave) {
+    if (base.LosPuestos() == nullptr)
         TomaMarca(base.Ruta());
-    else if (!*tomado)
-        throw TrabajoAjeno();
     else
-        m_base = &base;
+        m_presencia.emplace(base, clave);
+}
+
+TrabajoUnico::TrabajoUnico(Base& base, const Ruc& ruc) {
+    if (base.LosPuestos() == nullptr)
+        TomaMarca(base.Ruta());
+    else
+        ExigeSinAbiertasDe(base, ruc);
 }
 
 TrabajoUnico::TrabajoUnico(const QString& rutaBase) {
     if (!EsDeServidor(rutaBase))
         TomaMarca(rutaBase);
-}
-
-TrabajoUnico::~TrabajoUnico() {
-    if (m_base != nullptr)
-        m_base->SueltaTrabajo();
 }
 
 void TrabajoUnico::TomaMarca(const QString& rutaBase) {

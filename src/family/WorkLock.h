@@ -1,40 +1,36 @@
 #pragma once
 
+#include "family/Presence.h"
 #include "platform/ProcessMark.h"
-#include "values/Error.h"
 
 #include <optional>
 
 namespace xa518 {
 
-class Base;
-
-/// Another program works on a declaration: `BaseBloqueada`, and a text that says what to do.
-class TrabajoAjeno : public Error {
-  public:
-    TrabajoAjeno();
-};
-
-/// Holds the work tables of a base for one program: they have room for one declaration, and a second program that
-/// loaded another one would have it saved under the first one's key. Whoever takes away what an open declaration is to
-/// be saved over, by sending it, removing its declarant or replacing the base, holds them as well. The mark is a lock
-/// file beside the base, or a lock of the server, which a crashed holder doesn't keep.
+/// Holds what a program works on. A file has work tables for one declaration, and a second program that loaded another
+/// one would have it saved under the first one's key: they are held whole, by a lock file beside the base. On a server
+/// each seat has its own, and the declaration is held. Whoever takes away what an open declaration is to be saved over,
+/// by sending it, removing its declarant or replacing the base, holds it as well. A crashed holder keeps nothing.
 class TrabajoUnico {
   public:
-    /// Raises `TrabajoAjeno` while another program works on a declaration. A folder that can't be written is
-    /// no reason to refuse: the base itself tells that better.
-    explicit TrabajoUnico(Base& base);
+    /// Raises `TrabajoAjeno` while another program works on a declaration, on a server on this one. A folder that can't
+    /// be written is no reason to refuse: the base itself tells that better.
+    TrabajoUnico(Base& base, const ClaveDeclaracion& clave);
+    /// The same for all declarations of a declarant.
+    TrabajoUnico(Base& base, const Ruc& ruc);
     /// The same for a base that may be missing or broken. On a server there is nothing to hold before it is opened.
     explicit TrabajoUnico(const QString& rutaBase);
     TrabajoUnico(const TrabajoUnico&) = delete;
     TrabajoUnico& operator=(const TrabajoUnico&) = delete;
-    ~TrabajoUnico();
+
+    /// Of the declaration; nothing where none is held.
+    [[nodiscard]] Presencia* LaPresencia() { return m_presencia ? &*m_presencia : nullptr; }
 
   private:
     void TomaMarca(const QString& rutaBase);
 
     std::optional<MarcaDeProceso> m_marca;
-    Base* m_base = nullptr; ///< whose connection holds the mark, on a server
+    std::optional<Presencia> m_presencia;
 };
 
 } // namespace xa518

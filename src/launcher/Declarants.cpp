@@ -141,13 +141,13 @@ VeredictoDeclarante Declarantes::Escribe(Declarante declarante, Modo modo, const
         Cambia(*m_base, declarante, *anterior);
     else
         Inserta(*m_base, declarante);
-    Anota(firma, declarante.ruc, anterior, Busca(declarante.ruc));
-    transaccion.Confirma();
+    const QString marca = Anota(firma, declarante.ruc, anterior, Busca(declarante.ruc));
+    Bitacora(*m_base).Confirma(transaccion, marca);
     return Veredicto::Bien();
 }
 
 VeredictoDeclarante Declarantes::Elimina(const Ruc& ruc, const Firma& firma) {
-    const TrabajoUnico trabajo(*m_base);
+    const TrabajoUnico trabajo(*m_base, ruc);
     Transaccion transaccion = m_base->Comienza();
     if (TieneDeclaraciones(ruc))
         return VeredictoDeclarante::Critico(
@@ -156,20 +156,20 @@ VeredictoDeclarante Declarantes::Elimina(const Ruc& ruc, const Firma& firma) {
     if (m_base->Ejecuta(u"DELETE * FROM CONT WHERE Tip_doc_d = 6 AND Doc_id_d = ?"_s, {ruc.Texto()}) == 0)
         return VeredictoDeclarante::Critico(u"El declarante %1 no está registrado."_s.arg(ruc.Texto()),
                                             CampoDeclarante::Ruc);
-    Anota(firma, ruc, anterior, std::nullopt);
-    transaccion.Confirma();
+    const QString marca = Anota(firma, ruc, anterior, std::nullopt);
+    Bitacora(*m_base).Confirma(transaccion, marca);
     return Veredicto::Bien();
 }
 
-void Declarantes::Anota(const Firma& firma, const Ruc& ruc, const std::optional<Declarante>& antes,
-                        const std::optional<Declarante>& despues) {
+QString Declarantes::Anota(const Firma& firma, const Ruc& ruc, const std::optional<Declarante>& antes,
+                           const std::optional<Declarante>& despues) {
     const auto lineas = [](const std::optional<Declarante>& uno) {
         return uno ? u"nombre=%1\nusuario=%2"_s.arg(uno->nombre, uno->usuario) : QString();
     };
-    Bitacora(*m_base).Anota(firma, {.suceso = Suceso::Declarante,
-                                    .clave = {.ruc = ruc, .periodo = {}, .formulario = {}},
-                                    .antes = lineas(antes),
-                                    .despues = lineas(despues)});
+    return Bitacora(*m_base).Anota(firma, {.suceso = Suceso::Declarante,
+                                           .clave = {.ruc = ruc, .periodo = {}, .formulario = {}},
+                                           .antes = lineas(antes),
+                                           .despues = lineas(despues)});
 }
 
 bool Declarantes::TieneDeclaraciones(const Ruc& ruc) const {

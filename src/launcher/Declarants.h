@@ -57,8 +57,8 @@ class Declarantes {
     enum class Modo { Cualquiera, Nuevo, Existente };
     [[nodiscard]] VeredictoDeclarante Escribe(Declarante declarante, Modo modo, const Firma& firma);
     [[nodiscard]] bool TieneDeclaraciones(const Ruc& ruc) const;
-    void Anota(const Firma& firma, const Ruc& ruc, const std::optional<Declarante>& antes,
-               const std::optional<Declarante>& despues);
+    [[nodiscard]] QString Anota(const Firma& firma, const Ruc& ruc, const std::optional<Declarante>& antes,
+                                const std::optional<Declarante>& despues);
 
     Base* m_base;
 };

@@ -2,11 +2,13 @@
 
 #include "family/HelpWindow.h"
 #include "family/Startup.h"
+#include "family/WorkSeat.h"
 #include "launcher/ModuleStart.h"
 #include "launcher/PagBitacora.h"
 #include "launcher/PagCopias.h"
 #include "launcher/PagDeclarantes.h"
 #include "launcher/PagEnviadas.h"
+#include "launcher/PagPuestos.h"
 #include "launcher/PagRegistradas.h"
 #include "platform/Notices.h"
 #include "ui_FrmConsola.h"
@@ -82,6 +84,9 @@ void FrmConsola::PonFichas(VistaDeInforme vista) {
                  agrega(new PagEnviadas(entorno, &fichas), u"Enviada&s"_s),
                  agrega(new PagInformes(entorno, std::move(vista), &fichas), u"&Informes"_s),
                  agrega(new PagBitacora(entorno, &fichas), u"&Bitácora"_s)};
+    m_puestos = new PagPuestos(entorno, &fichas);
+    m_paginas.append(agrega(m_puestos, u"&Puestos"_s));
+    fichas.setTabVisible(fichas.indexOf(m_puestos), false); // until a base on a server is open
     m_copias = new PagCopias(entorno, &fichas);
     agrega(m_copias, u"&Copias de respaldo"_s);
     connect(&fichas, &QTabWidget::currentChanged, this, [&fichas] {
@@ -192,10 +197,13 @@ void FrmConsola::EncuentraAyuda() {
 void FrmConsola::MuestraContenido() {
     m_copias->Carga();
     const std::unique_ptr<Base> base = m_sesion.Abre();
+    const QString motivo = PorQueNoSeEscribe(*base);
     for (Pagina* pagina : m_paginas) {
+        pagina->PonSinEscritura(motivo);
         pagina->Carga(*base);
         pagina->setEnabled(true);
     }
+    m_ui->TabFichas->setTabVisible(m_ui->TabFichas->indexOf(m_puestos), base->LosPuestos() != nullptr);
     m_falta.clear();
     const bool sana = m_defectos.isEmpty();
     PonAviso(sana ? QString() : u"La base está dañada: restaure una de sus copias de respaldo."_s, false);

@@ -16,6 +16,7 @@ namespace xa518 {
 
 class Ayuda;
 class PagCopias;
+class PagPuestos;
 
 /// The launcher's window. The modules find it by its title, to the letter, and don't start without it.
 class FrmConsola final : public QMainWindow {
@@ -52,6 +53,7 @@ class FrmConsola final : public QMainWindow {
     Sesion m_sesion;
     Ayuda* m_ayuda;
     QList<Pagina*> m_paginas; ///< those that need the base
+    PagPuestos* m_puestos = nullptr;
     PagCopias* m_copias = nullptr;
     bool m_arrancada = false;
     QString m_falta;    ///< why the base doesn't open

@@ -16,7 +16,7 @@ PagDeclarantes::PagDeclarantes(const EntornoPagina& entorno, QWidget* padre)
     setFocusProxy(m_ui->GrdDeclarantes);
     m_ui->GrdDeclarantes->PonColumnas({u"RUC"_s, u"Nombre o razón social"_s, u"Usuario"_s});
     connect(m_ui->GrdDeclarantes, &TablaFilas::Cambia, this, &PagDeclarantes::ActualizaBotones);
-    connect(m_ui->GrdDeclarantes, &TablaFilas::Decidida, this, Accion([this] { Modifica(); }));
+    connect(m_ui->GrdDeclarantes, &TablaFilas::Decidida, m_ui->CmdModificar, &QPushButton::click);
     connect(m_ui->CmdAgregar, &QPushButton::clicked, this, Accion([this] { Agrega(); }));
     connect(m_ui->CmdModificar, &QPushButton::clicked, this, Accion([this] { Modifica(); }));
     connect(m_ui->CmdEliminarDeclarante, &QPushButton::clicked, this, Accion([this] { Elimina(); }));
@@ -97,8 +97,9 @@ void PagDeclarantes::Elimina() {
 
 void PagDeclarantes::ActualizaBotones() {
     const bool hay = m_ui->GrdDeclarantes->Fila() >= 0;
-    m_ui->CmdModificar->setEnabled(hay);
-    m_ui->CmdEliminarDeclarante->setEnabled(hay);
+    Habilita(*m_ui->CmdAgregar, true);
+    Habilita(*m_ui->CmdModificar, hay);
+    Habilita(*m_ui->CmdEliminarDeclarante, hay);
 }
 
 } // namespace xa518

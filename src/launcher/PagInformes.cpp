@@ -2,6 +2,7 @@
 
 #include "launcher/Session.h"
 #include "platform/Notices.h"
+#include "reports/SharedReports.h"
 #include "ui_PagInformes.h"
 
 namespace xa518 {
@@ -42,7 +43,9 @@ QStringList PagInformes::Celdas(const InformeRegistrado& informe) const {
 }
 
 void PagInformes::Ve() {
-    const InformeRegistrado informe = m_lista.at(m_ui->GrdInformes->Fila()); // the list may be read anew under the view
+    InformeRegistrado informe = m_lista.at(m_ui->GrdInformes->Fila()); // the list may be read anew under the view
+    if (informe.hojasEnLaBase)
+        informe.archivo = TextosDeInformes(*LaSesion().Abre()).Trae(LaSesion().RutaInformes(), informe.archivo);
     m_vista(*window(), LaSesion().RutaInformes(), informe);
 }
 
@@ -60,7 +63,7 @@ void PagInformes::ActualizaBotones() {
     const QString motivo = PorQueNoSeVe();
     m_ui->CmdVer->setEnabled(motivo.isEmpty());
     m_ui->CmdVer->setToolTip(motivo);
-    m_ui->CmdEliminarInforme->setEnabled(m_ui->GrdInformes->Fila() >= 0);
+    Habilita(*m_ui->CmdEliminarInforme, m_ui->GrdInformes->Fila() >= 0);
 }
 
 QString PagInformes::PorQueNoSeVe() const {

@@ -17,8 +17,8 @@ PagRegistradas::PagRegistradas(const EntornoPagina& entorno, QWidget* padre)
         ConFormulario({u"RUC"_s, u"Nombre o razón social"_s, u"Período"_s, u"Rectifica"_s, u"Grabada"_s, u"Estado"_s},
                       u"Formulario"_s));
     connect(m_ui->GrdRegistradas, &TablaFilas::Cambia, this,
-            [this] { m_ui->CmdEnviar->setEnabled(m_ui->GrdRegistradas->Fila() >= 0); });
-    connect(m_ui->GrdRegistradas, &TablaFilas::Decidida, this, Accion([this] { Envia(); }));
+            [this] { Habilita(*m_ui->CmdEnviar, m_ui->GrdRegistradas->Fila() >= 0); });
+    connect(m_ui->GrdRegistradas, &TablaFilas::Decidida, m_ui->CmdEnviar, &QPushButton::click);
     connect(m_ui->CmdEnviar, &QPushButton::clicked, this, Accion([this] { Envia(); }));
 }
 

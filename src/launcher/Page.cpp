@@ -3,6 +3,9 @@
 #include "launcher/Session.h"
 #include "platform/Notices.h"
 #include "widgets/Application.h"
+#include "widgets/WidgetHelpers.h"
+
+#include <QPushButton>
 
 namespace xa518 {
 
@@ -12,6 +15,11 @@ QStringList Pagina::ConFormulario(QStringList celdas, const QString& formulario)
     if (LaSesion().LosFormularios().size() > 1)
         celdas.append(formulario);
     return celdas;
+}
+
+void Pagina::Habilita(QPushButton& boton, bool si) const {
+    Impide(boton, m_sinEscritura);
+    boton.setEnabled(si && m_sinEscritura.isEmpty());
 }
 
 std::function<void()> Pagina::Accion(std::function<void()> trabajo) {

@@ -4,6 +4,8 @@
 
 #include <functional>
 
+class QPushButton;
+
 namespace xa518 {
 
 class Avisos;
@@ -24,6 +26,8 @@ class Pagina : public QWidget {
 
     /// Shows what the base holds now. Raises `Error`.
     virtual void Carga(Base& base) = 0;
+    /// Why what writes can't be used; empty when it can. Before `Carga`.
+    void PonSinEscritura(const QString& motivo) { m_sinEscritura = motivo; }
 
   Q_SIGNALS:
     void Cambio(); ///< the base may hold something else now
@@ -31,6 +35,9 @@ class Pagina : public QWidget {
   protected:
     /// A handler that tells a failure in words and ends with `Cambio`.
     [[nodiscard]] std::function<void()> Accion(std::function<void()> trabajo);
+
+    /// Enables a button that writes, or greys it with the reason.
+    void Habilita(QPushButton& boton, bool si) const;
 
     [[nodiscard]] Sesion& LaSesion() const { return m_entorno.sesion; }
     /// A row with the form's cell behind it, where the launcher serves more than one: with a single one it tells
@@ -40,6 +47,7 @@ class Pagina : public QWidget {
 
   private:
     EntornoPagina m_entorno;
+    QString m_sinEscritura;
 };
 
 } // namespace xa518

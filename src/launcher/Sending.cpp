@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "data/RecordChecksum.h"
+#include "data/Retry.h"
 #include "data/Transaction.h"
 #include "family/ChangeLog.h"
 #include "family/WorkLock.h"
@@ -50,13 +51,17 @@ void Mueve(Base& base, const ClaveDeclaracion& clave, const TablaDeDeclaracion& 
 } // namespace
 
 VeredictoDeEnvio Envio::Valida(const ClaveDeclaracion& clave, OtroOriginal otro) const {
-    const TrabajoUnico trabajo(*m_base);
+    const TrabajoUnico trabajo(*m_base, clave);
     return Revisa(clave, otro);
 }
 
 ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave, OtroOriginal otro, const Firma& firma) {
+    const TrabajoUnico trabajo(*m_base, clave);
+    return ConReintentos([&] { return EnviaUnaVez(clave, otro, firma); });
+}
+
+ResultadoEnvio Envio::EnviaUnaVez(const ClaveDeclaracion& clave, OtroOriginal otro, const Firma& firma) {
     const Formulario& formulario = FormularioDe(m_formularios, clave.formulario);
-    const TrabajoUnico trabajo(*m_base);
     Transaccion transaccion = m_base->Comienza();
     if (VeredictoDeEnvio veredicto = Revisa(clave, otro); !veredicto)
         return {.veredicto = std::move(veredicto)};
@@ -71,11 +76,13 @@ ResultadoEnvio Envio::Envia(const ClaveDeclaracion& clave, OtroOriginal otro, co
     const QString casillas = CasillasEnLineas(*m_base, clave);
     for (const TablaDeDeclaracion& tabla : formulario.tablas)
         Mueve(*m_base, clave, tabla, sello);
-    Bitacora(*m_base).Anota(firma, {.suceso = Suceso::Envio,
-                                    .clave = clave,
-                                    .antes = casillas,
-                                    .despues = casillas + u"\ncorrel=%1\ncontrol=%2"_s.arg(correl, control)});
-    transaccion.Confirma();
+    Bitacora bitacora(*m_base);
+    const QString marca =
+        bitacora.Anota(firma, {.suceso = Suceso::Envio,
+                               .clave = clave,
+                               .antes = casillas,
+                               .despues = casillas + u"\ncorrel=%1\ncontrol=%2"_s.arg(correl, control)});
+    bitacora.Confirma(transaccion, marca);
     return {.correl = correl, .control = control};
 }
 

@@ -54,6 +54,7 @@ class Envio {
     [[nodiscard]] QString OriginalYaEnviado(const ClaveDeclaracion& clave) const;
 
   private:
+    [[nodiscard]] ResultadoEnvio EnviaUnaVez(const ClaveDeclaracion& clave, OtroOriginal otro, const Firma& firma);
     [[nodiscard]] VeredictoDeEnvio Revisa(const ClaveDeclaracion& clave, OtroOriginal otro) const;
 
     Base* m_base;

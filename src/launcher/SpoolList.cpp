@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "data/Transaction.h"
+#include "reports/SharedReports.h"
 #include "reports/SpoolReport.h"
 
 #include <QDateTime>
@@ -33,7 +34,7 @@ QString InformeRegistrado::FechaMostrada() const {
 }
 
 std::optional<int> InformeRegistrado::Hojas(const QString& carpeta) const {
-    return PaginasDe(RutaDeInforme(carpeta, archivo));
+    return hojasEnLaBase ? hojasEnLaBase : PaginasDe(RutaDeInforme(carpeta, archivo));
 }
 
 QString Informes::Titulo(const QString& codigo) const {
@@ -46,6 +47,7 @@ QString Informes::Titulo(const QString& codigo) const {
 
 QList<InformeRegistrado> Informes::Lista() const {
     QList<InformeRegistrado> lista;
+    const QHash<QString, int> hojas = TextosDeInformes(*m_base).Hojas();
     Registros filas = m_base->Lee(u"SELECT * FROM SPOOL ORDER BY Archivo DESC, CodRep"_s);
     const int nombre = filas.Columna(u"Archivo");
     const int codigo = filas.Columna(u"CodRep");
@@ -53,20 +55,24 @@ QList<InformeRegistrado> Informes::Lista() const {
     const int fecha = filas.Columna(u"Fecha");
     const int usuario = filas.Columna(u"Usuario");
     const int ruc = filas.Columna(u"Doc_id_d");
-    while (filas.Siguiente())
+    while (filas.Siguiente()) {
+        const auto suyas = hojas.constFind(filas.Texto(nombre).toUpper());
         lista.append({.codigo = filas.Texto(codigo),
                       .titulo = Titulo(filas.Texto(codigo)),
                       .secuencia = filas.Texto(secuencia),
                       .archivo = SinCarpeta(filas.Texto(nombre)),
                       .fecha = filas.Texto(fecha),
                       .usuario = filas.Texto(usuario),
-                      .ruc = filas.Texto(ruc)});
+                      .ruc = filas.Texto(ruc),
+                      .hojasEnLaBase = suyas == hojas.cend() ? std::nullopt : std::optional(*suyas)});
+    }
     return lista;
 }
 
 void Informes::Elimina(const InformeRegistrado& informe) {
     Transaccion transaccion = m_base->Comienza();
     m_base->Ejecuta(u"DELETE * FROM SPOOL WHERE CodRep = ? AND Secuencia = ?"_s, {informe.codigo, informe.secuencia});
+    TextosDeInformes(*m_base).Elimina(informe.archivo);
     const QString ruta = RutaDeInforme(m_carpeta, informe.archivo);
     if (QFileInfo(ruta).isFile() && !QFile::remove(ruta))
         throw Error(NumeroError::AccesoAlDisco, u"No se puede eliminar el archivo '%1'."_s.arg(ruta));

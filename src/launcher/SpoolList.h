@@ -20,10 +20,11 @@ struct InformeRegistrado {
     QString fecha;   ///< as it is registered
     QString usuario;
     QString ruc;
+    std::optional<int> hojasEnLaBase{}; ///< where its text is kept there too
 
     /// dd/mm/yyyy hh:mm
     [[nodiscard]] QString FechaMostrada() const;
-    /// The pages that its file in that folder has; nothing when it is missing.
+    /// The pages of its text in the base, or of its file in that folder; nothing when both are missing.
     [[nodiscard]] std::optional<int> Hojas(const QString& carpeta) const;
 };
 

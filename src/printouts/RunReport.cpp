@@ -5,6 +5,7 @@
 #include "printouts/AnnexReport.h"
 #include "printouts/DeclarationReport.h"
 #include "reports/FollowedReport.h"
+#include "reports/SharedReports.h"
 #include "reports/SpoolFile.h"
 #include "reports/SpoolRegistry.h"
 
@@ -80,6 +81,7 @@ QString EscribeInforme(const EntornoRegistro& entorno, const PedidoInforme& pedi
         spool.Retira();
         throw;
     }
+    TextosDeInformes(entorno.base).Guarda(entorno.rutaRPT, archivo);
     return archivo;
 }
 

@@ -43,6 +43,16 @@ QString SiguienteArchivo(const EntornoRegistro& entorno) {
     return archivo;
 }
 
+/// For who may not register it: no registered report is named so.
+QString NombreLocal(const QString& rutaRPT) {
+    int numero = 1;
+    QString archivo;
+    do {
+        archivo = u"L%1.PRN"_s.arg(numero++, 7, 10, QChar(u'0'));
+    } while (QFileInfo::exists(RutaDeInforme(rutaRPT, archivo)));
+    return archivo;
+}
+
 } // namespace
 
 EntornoRegistro::EntornoRegistro(const Proceso& proceso)
@@ -50,6 +60,8 @@ EntornoRegistro::EntornoRegistro(const Proceso& proceso)
 
 QString NuevoReporte(const EntornoRegistro& entorno, const QString& codigo, int tipoDoc, const QString& doc) {
     Base& base = entorno.base;
+    if (base.SoloLectura())
+        return NombreLocal(entorno.rutaRPT);
     Transaccion transaccion = base.Comienza();
     const Decimal ultimaSec = Ultimo(base, u"SELECT max(Secuencia) as SecTipo FROM SPOOL Where CodRep = ?"_s, {codigo});
     QString archivo = SiguienteArchivo(entorno);

@@ -25,7 +25,8 @@ struct EntornoRegistro {
 
 /// Allocates the name of a spool file and registers it in `SPOOL`, where the launcher finds it. One transaction, so
 /// that two programs at once never get one name. The row stays even if the report is never written: wanted, its
-/// number is never given again. Raises `ErrorBase`.
+/// number is never given again. An account that may read alone gets a name of its own, which isn't registered. Raises
+/// `ErrorBase`.
 [[nodiscard]] QString NuevoReporte(const EntornoRegistro& entorno, const QString& codigo, int tipoDoc,
                                    const QString& doc);
 

@@ -21,6 +21,7 @@ enum class NumeroError : int {
     CampoNoExiste = 3061,
     FallaDelMotor = 3146,
     ConexionPerdida = 3151,
+    Conflicto = 3197,
     VersionAjena = 3343,
     MotorAjeno = 3170,
 };

@@ -1,6 +1,7 @@
 #include "widgets/WidgetHelpers.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
@@ -53,6 +54,18 @@ void EnviaTecla(const QString& tecla) {
         return;
     QKeyEvent pulsada(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, u"\t"_s);
     QCoreApplication::sendEvent(campo, &pulsada);
+}
+
+void Impide(QWidget& control, const QString& motivo) {
+    control.setEnabled(false);
+    PonSugerencia(control, motivo);
+    control.setStatusTip(motivo);
+}
+
+void Impide(QAction& orden, const QString& motivo) {
+    orden.setEnabled(false);
+    orden.setToolTip(motivo);
+    orden.setStatusTip(motivo);
 }
 
 /// A tip shows markup wherever it finds some; a screen reader takes the description instead.

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+class QAction;
 class QComboBox;
 class QDialog;
 class QWidget;
@@ -28,6 +29,10 @@ void PonSugerencia(QWidget& control, const QString& texto);
 
 /// The same for the labels of a form, whatever they will come to show.
 void ComoTextoLlano(const QWidget& forma);
+
+/// Greys a control or a command, and says why under the mouse and in the status bar.
+void Impide(QWidget& control, const QString& motivo);
+void Impide(QAction& orden, const QString& motivo);
 
 /// Puts the focus on a field, if it is enabled.
 void Enfoca(QWidget& campo);

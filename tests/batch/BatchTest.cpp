@@ -24,9 +24,7 @@ const QString kClave = u" --ruc 20990518018 --periodo 202609 --hoy 21/11/2026"_s
 class Batch : public testing::Test {
   protected:
     Batch()
-        : m_antes(QDir::currentPath())
-        , m_perfil(m_carpeta.filePath(u"conf/XA000.INI"_s))
-        , m_lugar(m_perfil, Casa()) {
+        : m_antes(QDir::currentPath()), m_perfil(m_carpeta.filePath(u"conf/XA000.INI"_s)), m_lugar(m_perfil, Casa()) {
         Instalacion instalacion(Casa(), m_perfil, FormulariosConocidos());
         (void)instalacion.Instala(u"USUARIO"_s);
         (void)instalacion.InstalaEjemplo(RelojSistema());
@@ -49,8 +47,12 @@ class Batch : public testing::Test {
     [[nodiscard]] QString Casilla(const QString& casilla) const {
         return Json()[u"casillas"_s].toObject()[casilla].toString();
     }
+    /// Where the runs have their work tables: each takes the seat that the one before has left.
+    static std::optional<EsquemaDeTrabajo> Puesto() {
+        return HayServidorDePrueba() ? EsquemaDeTrabajo::De(u"puesto_1") : std::nullopt;
+    }
     [[nodiscard]] qint64 Cuenta(const QString& tabla) const {
-        const auto base = Base::Abre(m_lugar.Ruta());
+        const auto base = Base::Abre({m_lugar.Ruta(), Puesto()});
         Registros fila = base->Lee(u"SELECT count(*) FROM "_s + tabla);
         return fila.Siguiente() ? fila.Entero(0) : -1;
     }
@@ -230,7 +232,8 @@ TEST_F(Batch, TellsWhatFailed) {
     EXPECT_EQ(Cuenta(u"TMPF518PCAB"_s), 0);
     {
         const auto otro = Base::Abre(m_lugar.Ruta());
-        const TrabajoUnico formaAbierta(*otro);
+        const TrabajoUnico formaAbierta(
+            *otro, {.ruc = Ruc(kRuc), .periodo = *Periodo::DeTabla(u"202609"_s), .formulario = u"0518"_s});
         for (const QString& orden : {u"importar"_s, u"declarar"_s}) {
             EXPECT_EQ(Corre(orden + kClave + u" --percepciones "_s + Ejemplo()), 3);
             EXPECT_TRUE(m_errores.contains(u"Otro programa tiene abierta una declaración."_s));

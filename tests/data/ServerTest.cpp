@@ -91,12 +91,8 @@ TEST_F(ServerTest, ATransactionWithAFailureIsNotConfirmed) {
     EXPECT_EQ(NumeroDe([&] { transaccion.Confirma(); }), 3146);
 }
 
-TEST_F(ServerTest, WritersWhoGiveNumbersTakeTurnsAndOneHasTheWorkTables) {
+TEST_F(ServerTest, WritersWhoGiveNumbersTakeTurns) {
     const auto otra = Base::Abre(m_base.Ruta());
-    EXPECT_EQ(m_base->TomaTrabajo(), true);
-    EXPECT_EQ(otra->TomaTrabajo(), false);
-    m_base->SueltaTrabajo();
-    EXPECT_EQ(otra->TomaTrabajo(), true);
     const Transaccion turno = m_base->Comienza();
     (void)otra->Comienza(Turno::Propio);
     otra->Ejecuta(u"SET lock_timeout = '50ms'"_s);

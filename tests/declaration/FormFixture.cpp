@@ -17,7 +17,7 @@ void ConFormulario::SetUp() {
     m_proceso.sysPath = m_base.Carpeta() + u'/';
     m_proceso.sysUser = u"ANA"_s;
     m_proceso.baseDatos = Base::Abre(m_base.Ruta());
-    m_dialogos.abreCliente = [this](Forma& sobre, const ClaveDeclaracion&, const std::optional<FilaCliente>&) {
+    m_dialogos.abreCliente = [this](Forma& sobre, const ClientePedido&) {
         if (m_alAgregar)
             m_alAgregar();
         QDialog dialogo;

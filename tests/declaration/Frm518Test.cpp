@@ -1,6 +1,7 @@
 #include "declaration/FormFixture.h"
 
 #include "data/Transaction.h"
+#include "family/StoredDeclaration.h"
 #include "values/CheckDigits.h"
 
 #include <QLabel>
@@ -82,6 +83,17 @@ TEST_F(Frm518Test, ANewDeclarationIsTypedInSavedAndComesBack) {
     EXPECT_EQ(Control<QTableView>(u"GrdDatos"_s).model()->rowCount(), 1);
     Pulsa(u"CmdCancelar"_s); // nothing was changed, nothing is asked
     EXPECT_FALSE(m_forma->isVisible());
+}
+
+/// What became of the one before it is no change under this one.
+TEST_F(Frm518Test, ANewDeclarationMayFollowOneThatWasSentOrDeleted) {
+    GrabaUna();
+    const ClaveDeclaracion clave{
+        .ruc = Ruc(kRucDeclarante), .periodo = *Periodo::DePantalla(u"10/2026"_s), .formulario = kNumFormulario};
+    ASSERT_TRUE(EstadoGuardado::De(*m_base, clave).Existe());
+    EliminaDeclaracion(*m_base, Formulario0518(), clave, FirmaDe(u"EVA"_s, m_reloj));
+    GrabaUna();
+    EXPECT_TRUE(EstadoGuardado::De(*m_base, clave).Existe());
 }
 
 TEST_F(Frm518Test, AnEmptyListOfDeclarantsSaysWhoseItIs) {

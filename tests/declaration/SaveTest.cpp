@@ -1,6 +1,7 @@
 #include "declaration/Save.h"
 
 #include "data/FollowedWork.h"
+#include "data/Transaction.h"
 #include "declaration/ClientGrid.h"
 #include "family/StoredDeclaration.h"
 #include "form518/Form0518.h"
@@ -10,6 +11,8 @@
 #include "support/TemporaryBase.h"
 
 #include <gmock/gmock.h>
+
+#include <thread>
 
 namespace {
 
@@ -228,4 +231,28 @@ TEST_F(Save, WritesNothingOverWhatAnotherHasChangedSinceAndTellsWhoDidIt) {
                                                    .enviada = true,
                                                    .correl = u"1"_s}});
     EXPECT_TRUE(graba(EstadoGuardado::De(*base, kClave)).veredicto) << "what is done with a sent copy is another thing";
+}
+
+/// Even when both began before either had written.
+TEST_F(Save, WaitsForAnotherSaveOfTheSameDeclaration) {
+    if (!HayServidorDePrueba())
+        GTEST_SKIP() << "a file has one writer";
+    Detalle();
+    const Declaracion declaracion = Nueva();
+    const EstadoGuardado conocido = Graba(declaracion).guardado;
+    const auto otra = Base::Abre(base.Ruta());
+    Transaccion suya = otra->Comienza(Turno::Propio);
+    otra->Ejecuta(u"UPDATE CAB SET cNumero = 'otro'"_s);
+    ResultadoGrabacion resultado;
+    std::jthread espera([&] {
+        const auto propia = Base::Abre(base.Ruta());
+        resultado = GrabaDeclaracion(*propia, declaracion, conocido, De(u"LUIS"_s));
+    });
+    while (base.Filas(u"SELECT 1 FROM pg_stat_activity WHERE wait_event_type = 'Lock'"
+                      " AND datname = current_database()"_s)
+               .isEmpty())
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    suya.Confirma();
+    espera.join();
+    EXPECT_FALSE(resultado.veredicto);
 }

@@ -9,9 +9,14 @@
 #include "launcher/Schema.h"
 #include "launcher/Sending.h"
 #include "platform/Clock.h"
+#include "reports/SpoolRegistry.h"
 #include "support/TemporaryBase.h"
 
 #include <QProcess>
+
+#include <mutex>
+#include <thread>
+#include <vector>
 
 namespace {
 
@@ -253,6 +258,57 @@ TEST_F(Sending, NumbersOfADeletedCopyAreNotGivenAgain) {
     ASSERT_TRUE(nueva.veredicto);
     EXPECT_EQ(nueva.correl, u"2"_s);
     EXPECT_GT(nueva.control, borrada.control);
+}
+
+/// One program after the other on a file, all at once on a server; who is refused a moment's turn asks again.
+TEST_F(Sending, NumbersAreGivenOnceHoweverManyProgramsAsk) {
+    constexpr int kProgramas = 4;
+    constexpr int kVeces = 5;
+    for (int i = 0; i < kProgramas * kVeces; ++i)
+        Graba(QString::number(201001 + i / 12 * 100 + i % 12));
+    QStringList periodos = base.Filas(u"SELECT periodo FROM CAB ORDER BY periodo"_s);
+    std::mutex cerrojo;
+    QStringList dados;
+    const auto trabaja = [&] {
+        const auto propia = Base::Abre(base.Ruta());
+        const EntornoRegistro registro(*propia, reloj, base.Carpeta(), u"ANA"_s);
+        for (;;) {
+            QString periodo;
+            {
+                const std::lock_guard guarda(cerrojo);
+                if (periodos.isEmpty())
+                    return;
+                periodo = periodos.takeFirst();
+            }
+            const auto insiste = [](const auto& trabajo) {
+                for (;;) {
+                    try {
+                        return trabajo();
+                    } catch (const Error& error) {
+                        if (!error.Es(NumeroError::BaseBloqueada))
+                            throw;
+                        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+                    }
+                }
+            };
+            const ResultadoEnvio enviada = insiste([&] {
+                const ClaveDeclaracion clave{
+                    .ruc = Ruc(kRucMuestra), .periodo = *Periodo::DeTabla(periodo), .formulario = kNumFormulario};
+                return Envio(*propia, formularios).Envia(clave, OtroOriginal::Rechazado, FirmaDe(u"ANA"_s, reloj));
+            });
+            const QString informe = insiste([&] { return NuevoReporte(registro, u"PER006"_s, 6, kRucMuestra); });
+            const std::lock_guard guarda(cerrojo);
+            dados.append(QStringList{enviada.control, informe});
+        }
+    };
+    {
+        std::vector<std::jthread> programas;
+        for (int i = 0; i < kProgramas; ++i)
+            programas.emplace_back(trabaja);
+    }
+    EXPECT_EQ(dados.size(), 2 * kProgramas * kVeces);
+    dados.removeDuplicates();
+    EXPECT_EQ(dados.size(), 2 * kProgramas * kVeces);
 }
 
 // The last row of the last table can't be summed: all that was moved before it must come back.

@@ -1,4 +1,5 @@
 #include "reports/ReportFixture.h"
+#include "reports/SharedReports.h"
 #include "reports/SpoolFile.h"
 #include "reports/SpoolLines.h"
 #include "reports/SpoolReader.h"
@@ -127,4 +128,31 @@ TEST(SpoolReport, FindsLinesWhateverTheirLength) {
     EXPECT_THAT(TextosDe(*informe, 0), ElementsAre());
     EXPECT_THAT(TextosDe(*informe, 1), ElementsAre(QString::fromLatin1(justo)));
     EXPECT_THAT(TextosDe(*informe, 2), ElementsAre(u"fin"_s));
+}
+
+/// What one machine has written shows on another one, and over no file that was there before.
+TEST(SharedReport, ReachesEverySeatOfAServer) {
+    ProcesoConInformes taller;
+    QTemporaryDir deAqui;
+    QTemporaryDir deAlla;
+    const QString nombre = u"00000001.PRN"_s;
+    const QByteArray texto = QByteArray("pPos|10|175|Ñandú|False|8|0|\nNuevaHoja\n").repeated(20'000);
+    EscribeEn(deAqui.filePath(nombre), texto);
+    TextosDeInformes textos(*taller.base);
+    textos.Guarda(deAqui.path(), nombre);
+    if (!HayServidorDePrueba()) {
+        EXPECT_EQ(textos.Trae(deAlla.path(), nombre), nombre);
+        EXPECT_FALSE(QFile::exists(deAlla.filePath(nombre)));
+        return;
+    }
+    EXPECT_EQ(textos.Hojas(), (QHash<QString, int>{{nombre, PaginasDe(deAqui.filePath(nombre)).value()}}));
+    EXPECT_EQ(textos.Trae(deAlla.path(), nombre), nombre);
+    EXPECT_EQ(BytesDe(deAlla.filePath(nombre)), texto);
+    EscribeEn(deAlla.filePath(nombre), "de otra base");
+    EXPECT_EQ(textos.Trae(deAlla.path(), nombre), u"S-"_s + nombre);
+    EXPECT_EQ(BytesDe(deAlla.filePath(u"S-"_s + nombre)), texto);
+    EXPECT_EQ(BytesDe(deAlla.filePath(nombre)), QByteArray("de otra base"));
+    textos.Elimina(nombre);
+    EXPECT_EQ(textos.Trae(deAqui.path(), nombre), nombre);
+    EXPECT_EQ(textos.Hojas().size(), 0);
 }
