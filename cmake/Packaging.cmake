@@ -1,4 +1,11 @@
 # What is installed beside the programs, and the Debian package (`scripts/check-package`).
+if(WIN32)
+  include(WindowsPackaging)
+  return()
+endif()
+
+install(FILES packaging/man/consola.1 packaging/man/xa518.1 packaging/man/xa518-lote.1
+        DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
 install(FILES packaging/desktop/consola.desktop packaging/desktop/xa518.desktop
         DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
 install(FILES packaging/icons/consola.svg packaging/icons/xa518.svg
@@ -21,5 +28,5 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Loaded at run time, so that no library names them: the database driver, the letter of the print-outs, and the words of
 # the toolkit's own windows.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6sql6-sqlite, fonts-liberation, qt6-translations-l10n")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libqt6sql6-psql") # for a base on a server
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libqt6sql6-psql, postgresql-client") # for a base on a server, and its copies
 include(CPack)

@@ -50,8 +50,8 @@ function(add_cases_on_server name)
     DISCOVERY_MODE ${XA518_DISCOVERY}
     DISCOVERY_TIMEOUT 60
     PROPERTIES TIMEOUT 120 FIXTURES_REQUIRED servidor LABELS servidor
-    ENVIRONMENT
-    "TZ=UTC;LC_ALL=C.UTF-8;QT_QPA_PLATFORM=offscreen;XA518_TEST_SERVER=host=${XA518_SERVER_FOLDER} user=postgres")
+    # One alone: of a list the cases would get the first. The others are the preset's.
+    ENVIRONMENT "XA518_TEST_SERVER=host=${XA518_SERVER_FOLDER} user=postgres")
 endfunction()
 
 # SERVER: the cases are run on the server as well; ONLY_ON_SERVER: there alone.

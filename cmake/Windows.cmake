@@ -2,6 +2,10 @@
 # print-outs, with its licence.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 
+# Installed, everything lies in one folder, with the programs at its top.
+set(CMAKE_INSTALL_BINDIR .)
+set(CMAKE_INSTALL_DOCDIR .)
+
 set(letras /usr/share/fonts/truetype/liberation CACHE PATH "Folder of the fixed-width letter of the print-outs")
 set(licencia /usr/share/doc/fonts-liberation/copyright CACHE FILEPATH "Its licence")
 foreach(corte Regular Bold)

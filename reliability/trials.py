@@ -38,6 +38,8 @@ def demand(holds, what):
 class Installation:
     """The sample company in a folder of its own, its base put back as it was before each attempt."""
 
+    killed = -9  # what a program ends with that dies at once
+
     def __init__(self, build, folder, moments):
         self.build, self.folder, self.base = build, folder / "xa518", folder / "xa518" / "XA000.DB"
         self.moments = moments  # at how many of them it is killed or damaged
@@ -107,21 +109,43 @@ class Installation:
             beside.unlink()
         self.base.write_bytes(content or self.kept)
 
-    def rows(self, table, columns="*"):
-        with sqlite3.connect(self.base) as base:
+    def rows(self, table, columns="*", path=None):
+        with sqlite3.connect(path or self.base) as base:
             return base.execute(f"SELECT {columns} FROM {table} ORDER BY rowid").fetchall()
 
     def saved(self):
-        """All that is stored of the declarations, once the engine has found the base sound."""
-        with sqlite3.connect(self.base) as base:
-            demand(base.execute("PRAGMA integrity_check").fetchone() == ("ok",), "the base isn't sound")
-        return {table: self.rows(table) for table in SAVED}
+        """All that is stored of the declarations, once the engine has found the base sound. Read from a copy: whoever
+        reads a base first mends it, and that is left to the programs."""
+        with tempfile.TemporaryDirectory() as apart:
+            for file in self.base.parent.glob(f"{self.base.name}*"):
+                if file.suffix != ".trabajo":
+                    shutil.copy(file, apart)
+            copy = Path(apart) / self.base.name
+            with sqlite3.connect(copy) as base:
+                demand(base.execute("PRAGMA integrity_check").fetchone() == ("ok",), "the base isn't sound")
+            return {table: self.rows(table, path=copy) for table in SAVED}
+
+
+class UnderWine(Installation):
+    """The same by the programs of a Windows build. What a save changes is counted by a program of its own; Wine's folder
+    and libraries come from the environment."""
+
+    killed = 9
+
+    def run(self, program, *arguments, fault=None, **options):
+        name = "killed_batch" if fault else Path(program).name
+        environment = {**os.environ, "LC_ALL": "C.UTF-8", "TZ": "UTC"}
+        if fault:
+            environment |= {"FALLA_MODO": fault[0], "FALLA_EN": str(fault[1])}
+        known = [f"Z:{argument}" if isinstance(argument, Path) else argument for argument in arguments]
+        return subprocess.run([ROOT / "scripts/wine", self.build / "bin" / f"{name}.exe", *known], env=environment,
+                              capture_output=True, text=True, timeout=120, check=False, **options)
 
 
 def spread(total, moments):
-    """All moments when they are not too many, otherwise so many evenly spread ones."""
+    """All moments when they are not too many, otherwise so many evenly spread ones, the first and the last among them."""
     count = total if total <= 2 * moments else moments
-    return [i * total // count for i in range(count)]
+    return [i * (total - 1) // (count - 1) for i in range(count)]
 
 
 def changes_of(work):
@@ -138,7 +162,7 @@ def killed(place, work):
     for moment in spread(2 * total, place.moments):
         place.restore()
         fault = (("mata", "rasga")[moment % 2], moment // 2 + 1)
-        demand(work(fault=fault).returncode == -9, f"not killed at {fault}")
+        demand(work(fault=fault).returncode == place.killed, f"not killed at {fault}")
         found = place.saved()
         demand(found in (place.old, new), f"half a state, {fault}")
         seen["new" if found == new else "old"] += 1
@@ -393,7 +417,7 @@ def tries(kind, build, moments, trials, wanted):
         place = kind(build, Path(folder), moments)
         try:
             for name, part, trial in chosen:
-                place.moments = max(moments // part, 1)
+                place.moments = max(moments // part, 2)
                 try:
                     count, result = trial(place)
                 except Fault as fault:

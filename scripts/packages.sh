@@ -18,6 +18,7 @@ packages_build=(
   libsodium-dev
   libfccp-dev
   fonts-liberation # the print-outs' fixed-width letter
+  libpq5 # its licence goes with the programs
 )
 
 packages_test=(
@@ -49,6 +50,13 @@ packages_windows=(
   wine64 # runs what comes out
   python3
   poppler-utils # reads printed pages back
+  xvfb # the programs with windows are tried on a screen of the tests' own
+  openbox
+  xdotool
+)
+
+packages_windows_package=(
+  nsis # makes the installer
 )
 
 packages_windows_libraries=(

@@ -7,8 +7,10 @@ Tables are compared row by row, logs and lists byte by byte but for the ends of 
 exit codes as they are. Paths differ, and are made alike first, and so does the user's name.
 """
 
+import contextlib
 import os
 import pathlib
+import platform
 import re
 import shutil
 import sqlite3
@@ -18,7 +20,9 @@ import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 SAMPLE = "20990518018"
+KINDS = (".Log", ".Err", ".csv", ".pdf", ".PRN")  # of what has to come out at all
 USER = "USUARIO"
+COMPANY = "Peña & Añaños"  # letters and signs that a folder's name may have
 
 
 class System:
@@ -44,7 +48,7 @@ class System:
         return USER
 
     def works(self):
-        self.runs("install", "consola", "--instalar", "--ejemplo")
+        self.runs("install", "consola", "--instalar", "--carpeta", self.path(self.installed), "--ejemplo")
         sample, out = self.path(self.installed / "EJEMPLO"), self.path(self._folder)
         month = ["--ruc", SAMPLE, "--periodo", "202609", "--hoy", "15/10/2026"]
         self.runs("declare", "xa518-lote", "declarar", *month, "--percepciones", sample, "--ventas", sample, "--efectivo",
@@ -56,11 +60,12 @@ class System:
         self.runs("back up", "consola", "--respaldar")
         copy = max((self.installed / "RESPALDOS").iterdir(), default=self.installed)
         self.runs("send", "consola", "--enviar", SAMPLE, "202609")
+        self._takes_tables("sent")
         self.runs("restore", "consola", "--restaurar", self.path(copy))
         self.runs("list", "xa518-lote", "listar")
         self.runs("format", "xa518-lote", "--formato")
         self._takes_files()
-        self._takes_tables()
+        self._takes_tables("restored")
 
     def runs(self, what, program, *arguments):
         done = subprocess.run(self._command(program) + list(arguments), env=os.environ | self._environment,
@@ -70,10 +75,14 @@ class System:
         self.results[f"{what}: answer"] = self._alike(text).splitlines()
 
     def _alike(self, text):
-        """A text without the system's paths and the person's name."""
+        """A text without the system's paths, the person's name, and what no two runs have alike."""
         text = text.replace("\\\\", "/").replace("\\", "/")
         text = re.sub(r"(?<=: )\S*XA000\.INI", "INI", text)  # Windows is asked for the file by its bare name
         text = re.sub(r"XA000-\d{8}-\d{6}", "XA000-MOMENT", text)
+        if text.lower() == platform.node().lower():  # Windows may spell it in capitals
+            return "MACHINE"
+        text = re.sub(r"^\d{4}-\d\d-\d\d \d\d:\d\d:\d\d$", "MOMENT", text)
+        text = re.sub(r"^[0-9a-f]{8}(-[0-9a-f]{4}){3}-[0-9a-f]{12}$", "MARK", text)
         for path, name in ((self.installed, "INSTALLED"), (self._folder, "FOLDER")):
             text = re.sub(re.escape(self.path(path).replace("\\", "/")), name, text, flags=re.I)
         return text.replace(self.user(), USER)
@@ -88,13 +97,13 @@ class System:
                 elif file.suffix not in (".DB", ".MDW", ".hlp"):  # the tables follow; keys and help are no text
                     self.results[name] = file.read_bytes().replace(b"\r\n", b"\n").split(b"\n")
 
-    def _takes_tables(self):
-        with sqlite3.connect(self.installed / "XA000.DB") as base:
+    def _takes_tables(self, when):
+        with contextlib.closing(sqlite3.connect(self.installed / "XA000.DB")) as base:
             names = [name for name, in base.execute("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name")]
             for name in names:
                 rows = base.execute(f'SELECT * FROM "{name}"').fetchall()
-                self.results[f"table {name}"] = [tuple(self._alike(value) if isinstance(value, str) else value for value in row)
-                                                 for row in rows]
+                self.results[f"table {name}, {when}"] = [
+                    tuple(self._alike(value) if isinstance(value, str) else value for value in row) for row in rows]
 
 
 class Wine(System):
@@ -111,15 +120,13 @@ class Wine(System):
 
 def systems(native, windows, folder):
     home = folder / "native"
-    data = home / ".local/share/xa518"
-    yield System("here", native, home / "out", data,
+    yield System("here", native, home / "out", home / COMPANY,
                  {"HOME": str(home), "XDG_CONFIG_HOME": "", "XDG_DATA_HOME": "", "USER": USER, "LC_ALL": "C.UTF-8", "TZ": "UTC"})
     drive = pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c"
     ini = drive / "windows/XA000.INI"
     ini.unlink(missing_ok=True)
-    person = next(path for path in (drive / "users").iterdir() if path.name != "Public")
-    shutil.rmtree(person / "AppData/Local/xa518", ignore_errors=True)
-    yield Wine("under Wine", windows, folder / "wine", person / "AppData/Local/xa518", {"LC_ALL": "C.UTF-8", "TZ": "UTC"})
+    shutil.rmtree(drive / COMPANY, ignore_errors=True)
+    yield Wine("under Wine", windows, folder / "wine", drive / COMPANY, {"LC_ALL": "C.UTF-8", "TZ": "UTC"})
 
 
 def differences(here, there):
@@ -143,6 +150,7 @@ def main():
         done = {"faults: exit code": 1}  # its lines are refused; all else is done
         faults += [f"{name}: {code}" for name, code in here.results.items()
                    if name.endswith("exit code") and code != done.get(name, 0)]
+        faults += [f"no {kind}" for kind in KINDS if not any(name.endswith(kind) for name in here.results)]
         rows = sum(len(rows) for name, rows in here.results.items() if name.startswith("table "))
         tables = sum(name.startswith("table ") for name in here.results)
         print(*faults, sep="\n")

@@ -2,11 +2,11 @@
 
 #include "declaration/Frm518.h"
 #include "detail/FrmAgePer.h"
-#include "family/Configuration.h"
 #include "family/Process.h"
 #include "family/WorkSeat.h"
 #include "import/frmTransferencia.h"
 #include "platform/Notices.h"
+#include "platform/ProfileFile.h"
 #include "printouts/RunReport.h"
 #include "printouts/frmImprimir.h"
 #include "reports/ShowReport.h"
@@ -25,6 +25,7 @@ struct Modulo {
     Proceso& proceso;
     Avisos& avisos;
     DialogosDeArchivo& archivos;
+    ArchivoPerfil perfil;
 };
 
 /// The client dialog over the declaration form, on the row of its grid.
@@ -70,7 +71,7 @@ void AbreImportacion(const Modulo& modulo, Forma& sobre, const ImportacionPedida
     };
     frmTransferencia dialogo(
         modulo.proceso, modulo.avisos, pedida.clave,
-        {.perfil = PerfilCompartido(), .archivos = modulo.archivos, .reporte = reporte, .refresca = pedida.refresca},
+        {.perfil = modulo.perfil, .archivos = modulo.archivos, .reporte = reporte, .refresca = pedida.refresca},
         &sobre);
     sobre.AbreModal(dialogo);
 }
@@ -112,8 +113,8 @@ void AbreDeclaracion(const Modulo& modulo, BarradeEstadoQMD& barra, AperturaPedi
 
 } // namespace
 
-Dialogos FormasDelModulo(Proceso& proceso, Avisos& avisos, DialogosDeArchivo& archivos) {
-    const Modulo modulo{proceso, avisos, archivos};
+Dialogos FormasDelModulo(Proceso& proceso, Avisos& avisos, DialogosDeArchivo& archivos, const ArchivoPerfil& perfil) {
+    const Modulo modulo{proceso, avisos, archivos, perfil};
     Dialogos dialogos;
     dialogos.declaracion = [modulo](BarradeEstadoQMD& barra, const AperturaPedida& pedida) {
         AbreDeclaracion(modulo, barra, pedida);

@@ -10,7 +10,7 @@ class frmAcercade;
 
 namespace xa518 {
 
-/// The box that tells what this program is.
+/// The box that tells what this program is, and under which licences stands what it is made of.
 class frmAcercade final : public Forma {
     Q_OBJECT
   public:
@@ -18,6 +18,8 @@ class frmAcercade final : public Forma {
     ~frmAcercade() override;
 
   private:
+    void MuestraLicencias();
+
     std::unique_ptr<Ui::frmAcercade> m_ui;
 };
 

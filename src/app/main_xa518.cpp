@@ -31,7 +31,8 @@ int Corre(Proceso& proceso, Avisos& avisos) {
     InstanciaUnica instancia(QCoreApplication::applicationFilePath()); // held until the process ends
     if (!PuedeArrancar(*ventanas, instancia, avisos))
         return EXIT_FAILURE;
-    MDIFrm principal(proceso, avisos, PerfilCompartido(), FormasDelModulo(proceso, avisos, archivos));
+    const ArchivoPerfil perfil = PerfilCompartido();
+    MDIFrm principal(proceso, avisos, perfil, FormasDelModulo(proceso, avisos, archivos, perfil));
     return principal.Carga() ? QCoreApplication::exec() : EXIT_FAILURE;
 }
 

@@ -243,6 +243,14 @@ const Tabla& Base::Describe(const QString& tabla) {
     return m_tablas.emplace(tabla, std::move(leida)).first->second;
 }
 
+QStringList Base::Tablas() {
+    QStringList tablas;
+    Registros filas = Lee(m_motor->SqlTablas());
+    while (filas.Siguiente())
+        tablas.append(filas.Texto(0));
+    return tablas;
+}
+
 QString Base::NumeroDeFila(const QString& tabla) const {
     return m_motor->NumeroDeFila(tabla);
 }

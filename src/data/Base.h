@@ -103,6 +103,8 @@ class Base {
 
     /// The table's columns as declared; read once. The reference holds as long as the base is open.
     [[nodiscard]] const Tabla& Describe(const QString& tabla);
+    /// The names of the tables, but for those that the engine keeps for itself.
+    [[nodiscard]] QStringList Tablas();
     /// A column that numbers the rows of a table, spoken of by its alias in a query, in the order in which they were
     /// entered.
     [[nodiscard]] QString NumeroDeFila(const QString& tabla) const;

@@ -69,6 +69,8 @@ class Motor {
     virtual void CopiaConChecksum(Base& base, const CopiaDeFilas& copia, int primeros) = 0;
     /// A query of two columns, name and declared type, over the columns of a table in their order.
     [[nodiscard]] virtual QString SqlColumnas(const QString& tabla) const = 0;
+    /// A query of the names of the tables, but for those that the engine keeps for itself.
+    [[nodiscard]] virtual QString SqlTablas() const = 0;
     /// A column that numbers the rows of a table, spoken of by its alias, in the order in which they were entered.
     [[nodiscard]] virtual QString NumeroDeFila(const QString& tabla) const = 0;
     /// The end of a query from one table, see `Base::EnOrdenDeAlta`.

@@ -37,8 +37,8 @@ constexpr std::chrono::milliseconds kEntreMiradas{100};
 
 /// The server notices within a minute that a machine is gone, and lets its locks go.
 const QString& AtencionDelServidor() {
-    static const QString opciones =
-        u"-c tcp_keepalives_idle=30 -c tcp_keepalives_interval=10 -c tcp_keepalives_count=3"_s;
+    static const QString opciones = u"-c tcp_keepalives_idle=30 -c tcp_keepalives_interval=10 -c tcp_keepalives_count=3"
+                                    " -c client_min_messages=warning"_s;
     return opciones;
 }
 
@@ -60,7 +60,7 @@ QString LeeSql(const QString& ruta) {
 }
 
 /// Puts a row that was read, and behind it the checksum of what it holds.
-void PonConChecksum(EntradaDeFilas& entrada, const PGresult* filas, int fila, int primeros) {
+void PonConChecksum(EntradaDeFilas& entrada, int primeros, const PGresult* filas, int fila) {
     Checksum checksum;
     for (int columna = 0; columna < PQnfields(filas); ++columna) {
         const QString texto = QString::fromUtf8(Valor(filas, fila, columna));
@@ -191,8 +191,15 @@ void MotorPostgres::PreparaContenido(ModoApertura modo) {
                               u"La base de datos del servidor está vacía. Ejecute consola --instalar."_s);
     if (esNuestra && modo == ModoApertura::Nueva)
         throw ErrorBase(NumeroError::AccesoAlDisco, u"La base de datos del servidor ya está instalada."_s);
-    if (modo != ModoApertura::Existente)
+    if (modo != ModoApertura::Existente && (!esNuestra || EsSuDueno()))
         Instala();
+}
+
+/// Whoever only works in it finds it made.
+bool MotorPostgres::EsSuDueno() const {
+    const ResultadoPg fila = Pide(Manija(), u"SELECT pg_catalog.pg_has_role(nspowner, 'USAGE') FROM"
+                                            " pg_catalog.pg_namespace WHERE nspname = 'familia'"_s);
+    return Valor(fila.get(), 0, 0) == "t";
 }
 
 /// Two installers may run at once.
@@ -200,6 +207,7 @@ void MotorPostgres::Instala() const {
     Pide(Manija(), u"BEGIN"_s);
     try {
         Pide(Manija(), QString::fromLatin1(kTomaTurno));
+        Pide(Manija(), u"SET LOCAL client_min_messages = warning"_s);
         Pide(Manija(), LeeSql(u":/postgres/dialecto.sql"_s));
         Pide(Manija(), LeeSql(u":/postgres/puestos.sql"_s));
         Pide(Manija(), u"COMMIT"_s);
@@ -211,8 +219,7 @@ void MotorPostgres::Instala() const {
 
 /// Everything that a connection needs, when it is opened and when it is opened again.
 void MotorPostgres::Viste() {
-    Pide(Manija(), u"SET default_transaction_isolation = 'read committed'; SET lock_timeout = '5s';"
-                   " SET client_min_messages = warning"_s);
+    Pide(Manija(), u"SET default_transaction_isolation = 'read committed'; SET lock_timeout = '5s'"_s);
     PonCamino();
     const ResultadoPg fila = Pide(
         Manija(), u"SELECT backend_start::text FROM pg_catalog.pg_stat_get_activity(pg_catalog.pg_backend_pid())"_s);
@@ -311,7 +318,7 @@ void MotorPostgres::CopiaConChecksum(Base& base, const CopiaDeFilas& copia, int 
         leidas = PQntuples(filas.get());
         EntradaDeFilas entrada(Manija(), copia.tabla, columnas);
         for (int fila = 0; fila < leidas; ++fila)
-            PonConChecksum(entrada, filas.get(), fila, primeros);
+            PonConChecksum(entrada, primeros, filas.get(), fila);
         entrada.Termina();
         m_filas += leidas;
         if (!Sigue())
@@ -324,6 +331,11 @@ QString MotorPostgres::SqlColumnas(const QString& tabla) const {
     return u"SELECT attname::text, pg_catalog.format_type(atttypid, NULL) FROM pg_catalog.pg_attribute"
            " WHERE attrelid = pg_catalog.to_regclass('%1') AND attnum > 0 AND NOT attisdropped"
            " AND attname::text <> '%2' ORDER BY pg_attribute.attnum::integer"_s.arg(tabla, ColumnaDeAlta());
+}
+
+QString MotorPostgres::SqlTablas() const {
+    return u"SELECT relname::text FROM pg_catalog.pg_class WHERE relnamespace = pg_catalog.to_regnamespace('familia')"
+           " AND relkind = 'r' AND relname::text NOT IN ('version_esquema', 'cambios') ORDER BY pg_class.oid"_s;
 }
 
 QString MotorPostgres::NumeroDeFila(const QString& tabla) const {
@@ -344,9 +356,9 @@ void MotorPostgres::CopiaEn(const QString& /*archivo*/) {
 }
 
 void MotorPostgres::ExigeSola() {
-    const ResultadoPg fila =
-        Pide(Manija(), u"SELECT count(*) FROM pg_catalog.pg_stat_activity WHERE datname OPERATOR(pg_catalog.=)"
-                       " pg_catalog.current_database() AND pid <> pg_catalog.pg_backend_pid()"_s);
+    const ResultadoPg fila = Pide(
+        Manija(), u"SELECT count(*) FROM pg_catalog.pg_stat_activity WHERE datname OPERATOR(pg_catalog.=)"
+                  " pg_catalog.current_database() AND pid <> pg_catalog.pg_backend_pid() AND usesysid IS NOT NULL"_s);
     if (Valor(fila.get(), 0, 0) != "0")
         throw ErrorBase(NumeroError::BaseBloqueada, u"La base de datos está ocupada por otro programa."_s);
 }

@@ -26,6 +26,7 @@ class MotorPostgres final : public Motor {
     QList<size_t> AgregaFilas(const FilasNuevas& filas) override;
     void CopiaConChecksum(Base& base, const CopiaDeFilas& copia, int primeros) override;
     [[nodiscard]] QString SqlColumnas(const QString& tabla) const override;
+    [[nodiscard]] QString SqlTablas() const override;
     [[nodiscard]] QString NumeroDeFila(const QString& tabla) const override;
     [[nodiscard]] QString SqlEnOrdenDeAlta(const QString& tabla, const QString& condicion) const override;
     [[nodiscard]] QString SqlUnidas(const QStringList& columnas) const override;
@@ -58,6 +59,7 @@ class MotorPostgres final : public Motor {
     void ExigeServidor() const;
     void ExigeReloj() const;
     void PreparaContenido(ModoApertura modo);
+    [[nodiscard]] bool EsSuDueno() const;
     void Instala() const;
     void Viste();
     void PonCamino() const;

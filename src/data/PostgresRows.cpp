@@ -2,7 +2,9 @@
 
 #include "data/PostgresErrors.h"
 
+#include <array>
 #include <charconv>
+#include <vector>
 
 namespace xa518 {
 
@@ -10,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr size_t kEnvio = 64 * 1024;
+constexpr size_t kEnvio = size_t(64) * 1024;
 
 /// What a stretch of packed rows meets: all are in, or one stands there already and none is.
 enum class Encuentro { Entran, Duplicada };
@@ -48,17 +50,31 @@ Encuentro Prueba(PGconn* conexion, const FilasNuevas& filas, size_t desde, size_
     return Encuentro::Duplicada;
 }
 
-/// A stretch with a duplicate is halved until that stands alone: few are, and the others go in by many.
-void Entra(PGconn* conexion, const FilasNuevas& filas, size_t desde, size_t hasta, QList<size_t>& rechazadas) {
-    if (Prueba(conexion, filas, desde, hasta) == Encuentro::Entran)
-        return;
-    if (hasta - desde == 1) {
-        rechazadas.append(desde);
-        return;
+/// Rows that follow one another.
+struct Trecho {
+    size_t desde;
+    size_t hasta;
+};
+
+/// A stretch with a duplicate is halved until that stands alone: few are, and the others go in by many. Tells which are
+/// refused, in their order.
+QList<size_t> Entran(PGconn* conexion, const FilasNuevas& filas) {
+    QList<size_t> rechazadas;
+    std::vector<Trecho> pendientes{{0, filas.Cuantas()}};
+    while (!pendientes.empty()) {
+        const Trecho tramo = pendientes.back();
+        pendientes.pop_back();
+        if (Prueba(conexion, filas, tramo.desde, tramo.hasta) == Encuentro::Entran)
+            continue;
+        const size_t medio = tramo.desde + (tramo.hasta - tramo.desde) / 2;
+        if (medio == tramo.desde) {
+            rechazadas.append(tramo.desde);
+            continue;
+        }
+        pendientes.push_back({medio, tramo.hasta});
+        pendientes.push_back({tramo.desde, medio});
     }
-    const size_t medio = desde + (hasta - desde) / 2;
-    Entra(conexion, filas, desde, medio, rechazadas);
-    Entra(conexion, filas, medio, hasta, rechazadas);
+    return rechazadas;
 }
 
 } // namespace
@@ -76,7 +92,6 @@ ResultadoPg Pide(PGconn* conexion, const QString& sql) {
 EntradaDeFilas::EntradaDeFilas(PGconn* conexion, const QString& tabla, const QStringList& columnas)
     : m_conexion(conexion) {
     Pide(conexion, u"COPY %1 (%2) FROM STDIN"_s.arg(tabla, columnas.join(u", "_s)));
-    m_abierta = true;
     m_bytes.reserve(kEnvio + kEnvio / 4);
 }
 
@@ -141,9 +156,7 @@ void EntradaDeFilas::Termina() {
 }
 
 QList<size_t> AltaPostgres(PGconn* conexion, const FilasNuevas& filas) {
-    QList<size_t> rechazadas;
-    Entra(conexion, filas, 0, filas.Cuantas(), rechazadas);
-    return rechazadas;
+    return Entran(conexion, filas);
 }
 
 } // namespace xa518

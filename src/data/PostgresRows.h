@@ -42,7 +42,7 @@ class EntradaDeFilas {
     PGconn* m_conexion;
     std::string m_bytes;
     bool m_comienzaFila = true;
-    bool m_abierta = false;
+    bool m_abierta = true;
 };
 
 /// Adds packed rows within a transaction, see `Base::AgregaFilas`.

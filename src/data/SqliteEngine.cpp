@@ -5,6 +5,7 @@
 #include "data/RecordChecksum.h"
 #include "data/SqliteNewRows.h"
 #include "values/FileFailure.h"
+#include "values/PrivateAccess.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -40,9 +41,11 @@ void ExigeUnSoloMotor(QSqlQuery consulta) {
                         u"%1 / %2"_s.arg(delControlador, propio));
 }
 
+/// The name of a machine in the network stands behind two slashes, where the engine looks for a machine to ask.
 QString UriDe(const QString& ruta, ModoApertura modo) {
     const auto camino = QString::fromLatin1(QUrl::toPercentEncoding(QFileInfo(ruta).absoluteFilePath(), "/:"));
-    return u"file:%1?mode=%2"_s.arg(camino, modo == ModoApertura::Nueva ? u"rwc"_s : u"rw"_s);
+    const QString sinMaquina = camino.startsWith("//"_L1) ? u"//"_s : QString();
+    return u"file:%1%2?mode=%3"_s.arg(sinMaquina, camino, modo == ModoApertura::Nueva ? u"rwc"_s : u"rw"_s);
 }
 
 void ExigeArchivo(const QString& ruta) {
@@ -53,9 +56,12 @@ void ExigeArchivo(const QString& ruta) {
 /// Makes the empty file first, so that it is never, not even for a moment, readable by others.
 void CreaArchivoPrivado(const QString& ruta) {
     QFile archivo(ruta);
-    if (archivo.open(QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner))
+    const bool hecho = archivo.open(QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner);
+    if (hecho && HazPrivado(archivo))
         return;
     const Error falla = FallaDeArchivo(Intento::Escribir, archivo);
+    if (hecho)
+        archivo.remove();
     throw ErrorBase(falla.Numero(), falla.Texto(), falla.Detalle());
 }
 
@@ -263,6 +269,10 @@ QList<size_t> MotorSqlite::AgregaFilas(const FilasNuevas& filas) {
 
 QString MotorSqlite::SqlColumnas(const QString& tabla) const {
     return u"SELECT name, type FROM pragma_table_info('%1') ORDER BY cid"_s.arg(tabla);
+}
+
+QString MotorSqlite::SqlTablas() const {
+    return u"SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%' ORDER BY name"_s;
 }
 
 QString MotorSqlite::NumeroDeFila(const QString& tabla) const {

@@ -14,9 +14,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kColumnas = 16; ///< more than any table here has
+constexpr int kColumnas = 24; ///< more than any table here has
 constexpr const char* kClaseDePuntero = "FilasNuevas";
-constexpr const char* kEsquema = "CREATE TABLE x(c0,c1,c2,c3,c4,c5,c6,c7,c8,c9,c10,c11,c12,c13,c14,c15,filas HIDDEN)";
+constexpr const char* kEsquema = "CREATE TABLE x(c0,c1,c2,c3,c4,c5,c6,c7,c8,c9,c10,c11,c12,c13,c14,c15,c16,c17,c18,c19,"
+                                 "c20,c21,c22,c23,filas HIDDEN)";
 
 using Lectura = AltaSqlite::Lectura;
 

@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "values/FileFailure.h"
+#include "values/PrivateAccess.h"
 
 #include <QFile>
 #include <QJsonDocument>
@@ -78,8 +79,7 @@ void GrupoTrabajo::Admite(const Cuenta& cuenta) const {
     cuentas.insert(cuenta.usuario, QString::fromLatin1(HashDe(cuenta.clave)));
     const QByteArray bytes = QJsonDocument(cuentas).toJson();
     QSaveFile archivo(m_ruta);
-    const bool escrito = archivo.open(QIODevice::WriteOnly) &&
-                         archivo.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
+    const bool escrito = archivo.open(QIODevice::WriteOnly) && HazPrivado(archivo) &&
                          archivo.write(bytes) == bytes.size() && archivo.commit();
     if (!escrito)
         throw FallaDeArchivo(Intento::Escribir, archivo);

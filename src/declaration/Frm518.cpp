@@ -21,9 +21,11 @@
 #include "widgets/Application.h"
 #include "widgets/HourGlass.h"
 #include "widgets/ReadablePalette.h"
+#include "widgets/SessionEnd.h"
 #include "widgets/StatusBar.h"
 #include "widgets/WidgetHelpers.h"
 
+#include <QApplication>
 #include <QScopeGuard>
 
 #include <utility>
@@ -70,6 +72,8 @@ Frm518::Frm518(EntornoDeclaracion entorno, TablasTomadas tablas, const std::opti
     m_ui->setupUi(this);
     Prepara({m_ui->CmdCancelar});
     Conecta();
+    const auto tieneAlgoQuePerder = [this] { return m_modificado || QApplication::activeModalWidget() != this; };
+    RetieneLaSesion(*this, tieneAlgoQuePerder, u"Hay una declaración abierta: grábela o ciérrela antes."_s);
     Carga();
 }
 

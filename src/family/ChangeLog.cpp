@@ -150,7 +150,7 @@ QString Asiento::Diferencias() const {
 }
 
 QString Bitacora::Anota(const Firma& firma, const Cambio& cambio) {
-    const QString marca = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    QString marca = QUuid::createUuid().toString(QUuid::WithoutBraces);
     const ClaveDeclaracion& clave = cambio.clave;
     m_base->Ejecuta(u"INSERT INTO BITACORA (%1) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s.arg(kColumnas),
                     {firma.momento.toString(kMomento), firma.usuario, firma.equipo, CodigoDe(cambio.suceso),

@@ -39,7 +39,8 @@ Cuenta CuentaConfigurada(const ArchivoPerfil& perfil) {
 }
 
 QString BaseConfigurada(const ArchivoPerfil& perfil) {
-    return Opcion(perfil, u"DBPath") + Opcion(perfil, u"DBName");
+    const QString nombre = Opcion(perfil, u"DBName");
+    return EsDeServidor(nombre) ? nombre : Opcion(perfil, u"DBPath") + nombre;
 }
 
 void LeerIni(Proceso& proceso, const ArchivoPerfil& perfil) {

@@ -21,7 +21,7 @@ inline const QString kArchivoGrupo = QStringLiteral("XA000.MDW");
 /// and `Clave` in section `Grupo` of the profile file.
 [[nodiscard]] Cuenta CuentaConfigurada(const ArchivoPerfil& perfil);
 
-/// The full name of the base that the profile file names.
+/// The full name of the base that the profile file names. That of a server has no folder, whatever `DBPath` says.
 [[nodiscard]] QString BaseConfigurada(const ArchivoPerfil& perfil);
 
 /// Fills the process-wide values from the profile file and makes the installation folder the current one.

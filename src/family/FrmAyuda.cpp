@@ -1,26 +1,13 @@
 #include "family/FrmAyuda.h"
 
+#include "widgets/ReadablePalette.h"
 #include "widgets/ScreenFit.h"
 
 #include "ui_FrmAyuda.h"
 
-#include <cstdlib>
-
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// Many a dark palette leaves the links as dark as their ground: they then take the colour of what is selected.
-QColor ColorDeEnlace(const QPalette& paleta) {
-    constexpr int kContraste = 60;
-    const QColor enlace = paleta.color(QPalette::Link);
-    const int distancia = std::abs(qGray(enlace.rgb()) - qGray(paleta.color(QPalette::Base).rgb()));
-    return distancia >= kContraste ? enlace : paleta.color(QPalette::Highlight).lighter();
-}
-
-} // namespace
 
 FrmAyuda::FrmAyuda(const QString& ruta, QWidget* padre)
     : QDialog(padre), m_libro(ruta), m_ui(std::make_unique<Ui::FrmAyuda>()) {

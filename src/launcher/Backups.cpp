@@ -2,6 +2,8 @@
 
 #include "data/Base.h"
 #include "data/SchemaVersion.h"
+#include "data/ServerDump.h"
+#include "data/ServerFailure.h"
 #include "data/Transaction.h"
 #include "family/ChangeLog.h"
 #include "family/SchemaSteps.h"
@@ -10,8 +12,11 @@
 #include "launcher/KeptNumbers.h"
 #include "launcher/PrivateFiles.h"
 #include "launcher/Schema.h"
+#include "launcher/ServerRestore.h"
 #include "platform/Clock.h"
+#include "platform/TakePlace.h"
 #include "values/FileFailure.h"
+#include "values/PrivateAccess.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,7 +25,6 @@
 #include <QtDebug>
 
 #include <algorithm>
-#include <filesystem>
 
 namespace xa518 {
 
@@ -31,8 +35,11 @@ namespace {
 const QString kPrefijo = u"XA000-"_s;
 const QString kMarca = u"yyyyMMdd-HHmmss"_s;
 const QString kExtension = u".DB"_s;
+const QString kExtensionDeServidor = u".dump"_s;
 const QString kExtensionDanada = u".DANADA"_s; ///< no copy to restore, but what is left of a broken base
 const QString kDiario = u"-journal"_s;
+const QString kServidorEnUso =
+    u"Otro puesto trabaja en la base del servidor. Cierre los módulos en todos los puestos antes de restaurar."_s;
 constexpr qint64 kRafaga = 3600; ///< seconds that a row of quick copies may run ahead of the clock
 
 /// Why the file, a copy of a copy, can't take the base's place; empty when it can. Its tables are brought up to date.
@@ -55,13 +62,11 @@ QString MotivoDeRechazo(const QString& ruta, const Formularios& formularios) {
 }
 
 void Mueve(const QString& origen, const QString& destino) {
-    std::error_code falla;
-    std::filesystem::rename(QFileInfo(origen).filesystemFilePath(), QFileInfo(destino).filesystemFilePath(), falla);
-    if (falla)
+    if (!TomaElLugar(origen, destino))
         throw Error(NumeroError::AccesoAlDisco, u"No se puede reemplazar el archivo '%1'."_s.arg(destino));
 }
 
-void Anota(const QString& base, const QString& copia, const Firma& firma) {
+void Anota(const QString& base, const Firma& firma, const QString& copia) {
     const std::unique_ptr<Base> restaurada = Base::Abre(base);
     Transaccion transaccion = restaurada->Comienza();
     Bitacora(*restaurada)
@@ -69,11 +74,34 @@ void Anota(const QString& base, const QString& copia, const Firma& firma) {
     transaccion.Confirma();
 }
 
+/// Copies the file's base and reads the copy through.
+void CopiaArchivo(const QString& base, const QString& copia) {
+    Base::Abre(base)->CopiaEn(copia);
+    const QStringList defectos = Respaldos::Defectos(*Base::Abre(copia));
+    if (!defectos.isEmpty())
+        throw Error(NumeroError::AccesoAlDisco,
+                    u"La copia de respaldo salió dañada, con %1."_s.arg(CuentaDefectos(defectos)));
+}
+
+/// Whether a server's base opens as one of these programs.
+bool SeAbre(const QString& conexion) {
+    try {
+        (void)Base::Abre(conexion);
+        return true;
+    } catch (const ErrorDeServidor& falla) {
+        const bool esDeLaBase =
+            falla.Falla() == FallaDeServidor::SinBase || falla.Falla() == FallaDeServidor::BaseAjena;
+        if (!esDeLaBase)
+            throw;
+        return false;
+    }
+}
+
 /// A folder beside the files that are to get their place by a rename, gone with the object.
 class LugarDePaso {
   public:
     explicit LugarDePaso(const QString& carpeta) : m_lugar(carpeta + u"/.respaldo-XXXXXX"_s) {
-        if (!m_lugar.isValid())
+        if (!m_lugar.isValid() || !HazPrivado(m_lugar.path()))
             throw FallaDeCarpeta(carpeta);
     }
     [[nodiscard]] QString Archivo() const { return m_lugar.filePath(u"copia"_s); }
@@ -81,6 +109,20 @@ class LugarDePaso {
   private:
     QTemporaryDir m_lugar;
 };
+
+/// What a broken base left behind must not be played back over the sound one; but it is needed where the base stays.
+void Reemplaza(const QString& rutaBase, const LugarDePaso& nueva, const QString& guardado) {
+    const bool conDiario = QFileInfo::exists(rutaBase + kDiario);
+    if (conDiario)
+        Mueve(rutaBase + kDiario, guardado + kDiario);
+    try {
+        Mueve(nueva.Archivo(), rutaBase);
+    } catch (const Error&) {
+        if (conDiario)
+            Mueve(guardado + kDiario, rutaBase + kDiario);
+        throw;
+    }
+}
 
 } // namespace
 
@@ -102,15 +144,18 @@ QStringList Respaldos::Defectos(Base& base) {
     return base.Defectos();
 }
 
+const QString& Respaldos::Extension() const {
+    return EsDeServidor(m_rutaBase) ? kExtensionDeServidor : kExtension;
+}
+
 QString Respaldos::HazUna() const {
     CreaCarpetaPrivada(m_carpeta);
     const LugarDePaso lugar(m_carpeta);
-    Base::Abre(m_rutaBase)->CopiaEn(lugar.Archivo());
-    const QStringList defectos = Defectos(*Base::Abre(lugar.Archivo()));
-    if (!defectos.isEmpty())
-        throw Error(NumeroError::AccesoAlDisco,
-                    u"La copia de respaldo salió dañada, con %1."_s.arg(CuentaDefectos(defectos)));
-    QString destino = NombreLibre(kExtension);
+    if (EsDeServidor(m_rutaBase))
+        VuelcaBase(m_rutaBase, lugar.Archivo());
+    else
+        CopiaArchivo(m_rutaBase, lugar.Archivo());
+    QString destino = NombreLibre(Extension());
     CopiaPrivada(lugar.Archivo(), destino); // the engine doesn't wait for the disk in a copy of its own
     return destino;
 }
@@ -140,7 +185,7 @@ QList<Respaldo> Respaldos::Lista() const {
     QList<Respaldo> lista;
     const QDir::SortFlags alReves = QDir::Name | QDir::Reversed;
     for (const QFileInfo& archivo :
-         QDir(m_carpeta).entryInfoList({kPrefijo + u'*' + kExtension}, QDir::Files, alReves)) {
+         QDir(m_carpeta).entryInfoList({kPrefijo + u'*' + Extension()}, QDir::Files, alReves)) {
         const QDateTime fecha = QDateTime::fromString(archivo.completeBaseName().sliced(kPrefijo.size()), kMarca);
         if (fecha.isValid())
             lista.append({archivo.filePath(), fecha, archivo.size()});
@@ -157,12 +202,51 @@ void Respaldos::QuitaSobrantes(const QString& reciente) const {
 }
 
 Veredicto Respaldos::Restaura(const QString& archivo, const Firma& firma) const {
-    if (EsDeServidor(m_rutaBase))
-        return Veredicto::Critico(
-            u"La base de datos está en un servidor: sus copias se restauran con los programas del servidor."_s);
     if (!QFileInfo(archivo).isFile())
         return Veredicto::Critico(u"No se encuentra el archivo '%1'."_s.arg(archivo));
     CreaCarpetaPrivada(m_carpeta);
+    return EsDeServidor(m_rutaBase) ? RestauraEnServidor(archivo, firma) : RestauraArchivo(archivo, firma);
+}
+
+/// The new database is whole before anybody is asked to leave the old one, and nobody changes that one between the copy
+/// of it and the change of names.
+Veredicto Respaldos::RestauraEnServidor(const QString& archivo, const Firma& firma) const {
+    BaseDePaso nueva(m_rutaBase);
+    if (const QString motivo = nueva.Llena(archivo, m_formularios); !motivo.isEmpty())
+        return Veredicto::Critico(u"El archivo '%1' no se puede restaurar: %2"_s.arg(archivo, motivo));
+    QString guardado;
+    {
+        const bool seAbre = SeAbre(m_rutaBase);
+        const std::optional<BaseQuieta> vigente = seAbre ? BaseQuieta::De(m_rutaBase) : std::nullopt;
+        if (seAbre && !vigente)
+            return Veredicto::Critico(kServidorEnUso);
+        if (seAbre)
+            guardado = HazUna();
+        ConservaLoNumeradoEnServidor(nueva.Conexion(), seAbre);
+        Anota(nueva.Conexion(), archivo, firma);
+    }
+    if (nueva.TomaElLugar(guardado.isEmpty()) == BaseDePaso::Cambio::EnUso)
+        return Veredicto::Critico(kServidorEnUso);
+    if (!guardado.isEmpty())
+        QuitaSobrantes(guardado);
+    return Veredicto::Bien();
+}
+
+/// The numbers are read from the base itself or, when it is gone, from its newest copy.
+void Respaldos::ConservaLoNumeradoEnServidor(const QString& nueva, bool seAbre) const {
+    if (seAbre) {
+        ConservaNumeros(nueva, {m_rutaBase, {}}, m_formularios);
+        return;
+    }
+    const QList<Respaldo> copias = Lista();
+    if (copias.isEmpty())
+        return;
+    const BaseDePaso ultima(m_rutaBase);
+    if (ultima.Llena(copias.constFirst().ruta, m_formularios).isEmpty())
+        ConservaNumeros(nueva, {QString(), {ultima.Conexion()}}, m_formularios);
+}
+
+Veredicto Respaldos::RestauraArchivo(const QString& archivo, const Firma& firma) const {
     const LugarDePaso lugar(QFileInfo(m_rutaBase).absolutePath());
     CopiaPrivada(archivo, lugar.Archivo());
     const QString motivo = MotivoDeRechazo(lugar.Archivo(), m_formularios);
@@ -173,22 +257,23 @@ Veredicto Respaldos::Restaura(const QString& archivo, const Firma& firma) const 
     const TrabajoUnico trabajo(m_rutaBase);
     const QString guardado = GuardaLoQueHay();
     ConservaLoNumerado(lugar.Archivo(), guardado);
-    Anota(lugar.Archivo(), archivo, firma);
-    // What a broken base left behind must not be played back over the sound one.
-    if (QFileInfo::exists(m_rutaBase + kDiario))
-        Mueve(m_rutaBase + kDiario, guardado + kDiario);
-    Mueve(lugar.Archivo(), m_rutaBase);
+    Anota(lugar.Archivo(), firma, archivo);
+    Reemplaza(m_rutaBase, lugar, guardado);
     QuitaSobrantes(guardado); // only now: the oldest may be the one that was asked for
     return Veredicto::Bien();
 }
 
 /// A program that opens the base in the very moment between this and the change keeps the old file, and the engine
-/// refuses its writes because the file has moved.
+/// refuses its writes because the file has moved; on Windows it makes the change fail, and all stays as it was.
 Veredicto Respaldos::ExigeLibre() const {
     const QStringList programas = ProgramasQueUsan(m_rutaBase);
     if (!programas.isEmpty())
         return Veredicto::Critico(
             u"La base está en uso por otro programa: %1. Ciérrelo antes de restaurar."_s.arg(programas.join(u", "_s)));
+    if (!SeDejaReemplazar(m_rutaBase))
+        return Veredicto::Critico(
+            u"La base está en uso por otro programa: la consola, el módulo o xa518-lote. Cierre los demás programas"
+            " antes de restaurar."_s);
     try {
         Base::Abre(m_rutaBase)->ExigeSola();
     } catch (const ErrorBase& error) {

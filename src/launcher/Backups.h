@@ -49,6 +49,10 @@ class Respaldos {
     [[nodiscard]] const QString& Carpeta() const { return m_carpeta; }
 
   private:
+    [[nodiscard]] const QString& Extension() const;
+    [[nodiscard]] Veredicto RestauraArchivo(const QString& archivo, const Firma& firma) const;
+    [[nodiscard]] Veredicto RestauraEnServidor(const QString& archivo, const Firma& firma) const;
+    void ConservaLoNumeradoEnServidor(const QString& nueva, bool seAbre) const;
     [[nodiscard]] QString NombreLibre(const QString& extension) const;
     [[nodiscard]] Veredicto ExigeLibre() const;
     /// A copy, without taking an older one's place.

@@ -6,9 +6,13 @@
 #include "family/WorkLock.h"
 #include "launcher/Declarants.h"
 #include "launcher/Installation.h"
+#include "launcher/Moving.h"
 #include "launcher/Session.h"
+#include "launcher/TextChecks.h"
+#include "platform/UserName.h"
 #include "values/Error.h"
 #include "values/Message.h"
+#include "values/Progress.h"
 #include "values/Text.h"
 
 #include <QCommandLineParser>
@@ -39,6 +43,9 @@ Sin ninguna orden abre su ventana, que hace lo mismo e inicia el módulo.
       --carpeta DIR          Carpeta de la instalación. Por omisión, la que nombra XA000.INI o, si no nombra
                              ninguna, ~/.local/share/xa518.
       --ejemplo              Agrega una empresa de ejemplo y archivos para importar.
+      --servidor CONEXIÓN    Pone la base en un servidor PostgreSQL: «host=servidor dbname=base sslmode=verify-full» o
+                             «service=nombre». Crea en ella las tablas y los grupos xa518_dueno, xa518_trabajo y
+                             xa518_lectura, y escribe los permisos que les dio.
   --declarante RUC           Registra un declarante o cambia sus datos.
       --nombre TEXTO         Su nombre o razón social, de 50 caracteres como máximo.
       --usuario U            El usuario a quien pertenece, de 50 caracteres como máximo. Por omisión, el de XA000.INI.
@@ -52,6 +59,8 @@ Sin ninguna orden abre su ventana, que hace lo mismo e inicia el módulo.
                              en la subcarpeta RESPALDOS de la instalación.
   --restaurar ARCHIVO        Pone una copia de respaldo en el lugar de la base, después de guardar la que había.
                              Los números ya dados y los informes registrados no vuelven atrás.
+  --mudar DESTINO            Lleva la base entera a un servidor (su texto de conexión) o de vuelta a un archivo nuevo,
+                             compara todas las tablas y sólo entonces cambia XA000.INI. La base anterior queda igual.
   --bitacora                 Escribe quién cambió qué, y cuándo: lo más reciente primero, un cambio por línea.
       --ruc RUC              Sólo los cambios de ese declarante.
       --periodo AAAAMM       Sólo los de ese período.
@@ -60,8 +69,8 @@ Sin ninguna orden abre su ventana, que hace lo mismo e inicia el módulo.
   --help                     Muestra esta ayuda.
   --version                  Muestra la versión.
 
-Mientras haya una declaración abierta en el módulo, o trabaje xa518-lote, se rechazan --instalar, --enviar y
---restaurar.
+Mientras haya una declaración abierta en el módulo, o trabaje xa518-lote, se rechazan --instalar, --enviar,
+--restaurar y --mudar.
 
 Código de salida: 0 hecho; 2 rechazado, sin cambiar nada; 3 falló la base de datos o un archivo.
 )"_s;
@@ -95,7 +104,10 @@ void Instala(const Pedido& pedido) {
                                 : Instalacion::CarpetaVigente(pedido.perfil, pedido.entorno.carpeta);
     if (carpeta.isEmpty())
         throw Rechazo(u"La carpeta de la instalación no puede quedar en blanco."_s);
-    Instalacion instalacion(carpeta, pedido.perfil, pedido.entorno.formularios);
+    const QString servidor = pedido.opciones.value(u"servidor"_s);
+    if (pedido.opciones.isSet(u"servidor"_s))
+        Exige(ValidaConexion(servidor));
+    Instalacion instalacion(carpeta, pedido.perfil, pedido.entorno.formularios, servidor);
     Exige(instalacion.Valida(pedido.entorno.usuario));
     QStringList hecho = instalacion.Instala(pedido.entorno.usuario);
     if (pedido.opciones.isSet(u"ejemplo"_s))
@@ -167,6 +179,37 @@ void Restaura(const Pedido& pedido) {
     pedido.salida << u"Base restaurada de: "_s << archivo << '\n';
 }
 
+/// A line for each quarter of the way.
+class CuartosDeCamino final : public Avance {
+  public:
+    explicit CuartosDeCamino(QTextStream& salida) : m_salida(&salida) {}
+    void Va(qint64 hecho, qint64 total) override {
+        const qint64 cuarto = total == 0 ? 0 : hecho * 4 / total;
+        if (cuarto <= m_cuarto)
+            return;
+        m_cuarto = cuarto;
+        *m_salida << u"Mudando la base: %1 %\n"_s.arg(cuarto * 25);
+        m_salida->flush();
+    }
+
+  private:
+    QTextStream* m_salida;
+    qint64 m_cuarto = 0;
+};
+
+void MudaLaBase(const Pedido& pedido) {
+    const QString escrito = pedido.opciones.value(u"mudar"_s);
+    const QString destino = EsDeServidor(escrito) ? escrito : QFileInfo(escrito).absoluteFilePath();
+    Sesion sesion(pedido.entorno);
+    const Mudanza mudanza = sesion.MudanzaA(destino);
+    Exige(mudanza.Valida());
+    CuartosDeCamino camino(pedido.salida);
+    const BaseMudada mudada = mudanza.Muda(sesion.SuFirma(), camino);
+    for (const QString& linea : mudada.hecho)
+        pedido.salida << linea << '\n';
+    pedido.salida << TextoDeMudanza(mudada, sesion.RutaBase(), destino) << '\n';
+}
+
 QString EnCsv(const QStringList& campos) {
     QStringList citados;
     for (QString campo : campos)
@@ -218,12 +261,13 @@ const QList<Orden>& Ordenes() {
         {u"help"_s, {}, 0, MuestraAyuda},
         {u"version"_s, {}, 0, MuestraVersion},
         {u"modulo"_s, {}, 0, AbreModulo},
-        {u"instalar"_s, {u"carpeta"_s, u"ejemplo"_s}, 0, Instala},
+        {u"instalar"_s, {u"carpeta"_s, u"ejemplo"_s, u"servidor"_s}, 0, Instala},
         {u"declarante"_s, {u"nombre"_s, u"usuario"_s}, 0, RegistraDeclarante},
         {u"enviar"_s, {u"otro-original"_s, u"formulario"_s}, 1, Envia},
         {u"respaldar"_s, {}, 0, Respalda},
         {u"bitacora"_s, {u"ruc"_s, u"periodo"_s, u"usuario"_s, u"csv"_s}, 0, EscribeBitacora},
         {u"restaurar"_s, {}, 0, Restaura},
+        {u"mudar"_s, {}, 0, MudaLaBase},
     };
     return ordenes;
 }
@@ -246,6 +290,8 @@ void Define(QCommandLineParser& opciones) {
                          {u"ruc"_s, {}, u"RUC"_s},
                          {u"periodo"_s, {}, u"AAAAMM"_s},
                          {u"csv"_s, {}},
+                         {u"servidor"_s, {}, u"CONEXIÓN"_s},
+                         {u"mudar"_s, {}, u"DESTINO"_s},
                          {u"restaurar"_s, {}, u"ARCHIVO"_s}});
 }
 
@@ -284,7 +330,7 @@ const Orden& OrdenPedida(const QCommandLineParser& opciones, const QStringList& 
 
 EntornoConsola EntornoConsola::DelSistema(const Reloj& reloj, Formularios formularios) {
     const QString datos = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    const QString usuario = qEnvironmentVariable("USER", qEnvironmentVariable("USERNAME"));
+    const QString usuario = NombreDelUsuario();
     return {.reloj = reloj,
             .rutaIni = PerfilCompartido().Ruta(),
             .carpeta = datos + u"/xa518"_s,
@@ -308,6 +354,9 @@ int EjecutaConsola(const QStringList& argumentos, const SalidasConsola& salidas,
         return Rechazado;
     } catch (const TrabajoAjeno& ocupado) {
         errores << u"consola: "_s << ocupado.Texto() << '\n';
+        return Rechazado;
+    } catch (const BaseEnUso& ocupada) {
+        errores << u"consola: "_s << ocupada.Texto() << '\n';
         return Rechazado;
     } catch (const Error& error) {
         errores << u"consola: "_s << error.Texto() << u" (error "_s << error.Numero() << u")\n"_s;

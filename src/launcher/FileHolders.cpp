@@ -49,4 +49,8 @@ QStringList ProgramasQueUsan(const QString& ruta) {
     return programas;
 }
 
+bool SeDejaReemplazar(const QString& /*ruta*/) {
+    return true;
+}
+
 } // namespace xa518

@@ -13,6 +13,7 @@
 #include "platform/Notices.h"
 #include "ui_FrmConsola.h"
 #include "widgets/Application.h"
+#include "widgets/FrmTexto.h"
 #include "widgets/HourGlass.h"
 #include "widgets/ScreenFit.h"
 #include "widgets/WidgetHelpers.h"
@@ -117,6 +118,18 @@ void FrmConsola::Arranca() {
         RevisaBase();
     if (const std::optional<Mensaje> aviso = AvisoDeRed(m_sesion.RutaBase()))
         m_avisos->Muestra(*aviso);
+    MuestraNovedades();
+}
+
+/// Beside the launcher, and not before it: a person may read it later, and the module may open meanwhile.
+void FrmConsola::MuestraNovedades() {
+    const QString novedades = m_sesion.TomaNovedades();
+    if (novedades.isEmpty())
+        return;
+    auto* ventana = new FrmTexto(u"Novedades"_s, this);
+    ventana->setAttribute(Qt::WA_DeleteOnClose);
+    ventana->PonTexto(novedades);
+    ventana->show();
 }
 
 void FrmConsola::OfreceInstalar() {

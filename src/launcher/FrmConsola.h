@@ -40,6 +40,7 @@ class FrmConsola final : public QMainWindow {
     void OfreceInstalar();
     void Instala();
     void RevisaBase();
+    void MuestraNovedades();
 
     /// Shows what the base holds now, and tells over the pages why it can't.
     void Recarga();

@@ -1,18 +1,16 @@
 #include "launcher/Installation.h"
 
 #include "data/Base.h"
-#include "data/SchemaVersion.h"
 #include "data/Workgroup.h"
 #include "family/ChangeLog.h"
 #include "family/Configuration.h"
-#include "family/SchemaSteps.h"
 #include "family/Startup.h"
 #include "family/WorkLock.h"
 #include "launcher/CatalogInstaller.h"
 #include "launcher/Declarants.h"
+#include "launcher/PreparedBase.h"
 #include "launcher/PrivateFiles.h"
 #include "launcher/Sample.h"
-#include "launcher/Schema.h"
 #include "launcher/TextChecks.h"
 #include "platform/NetworkFolder.h"
 #include "values/Error.h"
@@ -38,27 +36,6 @@ QString ConSeparador(const QString& carpeta) {
     return nativa.endsWith(QDir::separator()) ? nativa : nativa + QDir::separator();
 }
 
-QString Relato(const EstadoEsquema& estado) {
-    switch (estado.resultado) {
-    case ResultadoEsquema::Creado: return u"creada, versión %1."_s.arg(estado.version);
-    case ResultadoEsquema::Vigente: return u"se conserva, versión %1."_s.arg(estado.version);
-    case ResultadoEsquema::Actualizado:
-        return u"actualizada a la versión %1; se conservan sus datos."_s.arg(estado.version);
-    case ResultadoEsquema::MasNuevo:
-    case ResultadoEsquema::Fallido: break;
-    }
-    return estado.motivo;
-}
-
-void AplicaEsquema(Base& base, const Formularios& formularios, QStringList& hecho) {
-    const EstadoEsquema estado = Esquema(CarpetasDelEsquema(formularios)).Aplica(base);
-    if (estado.resultado == ResultadoEsquema::MasNuevo)
-        ExigeVersion(base, VersionDelEsquema(formularios));
-    if (estado.resultado == ResultadoEsquema::Fallido)
-        throw ErrorBase(estado.numero, estado.motivo);
-    hecho.append(u"Base de datos '%1': %2"_s.arg(base.Ruta(), Relato(estado)));
-}
-
 QString InstalaCatalogo(Base& base, const Formularios& formularios) {
     const InstaladorCatalogo::Resumen resumen = InstaladorCatalogo(base).Instala(formularios);
     return u"Catálogo: %1 filas nuevas, %2 cambiadas, %3 sin cambios."_s.arg(resumen.nuevas)
@@ -68,11 +45,11 @@ QString InstalaCatalogo(Base& base, const Formularios& formularios) {
 
 } // namespace
 
-Instalacion::Instalacion(const QString& carpeta, ArchivoPerfil perfil, Formularios formularios)
+Instalacion::Instalacion(const QString& carpeta, ArchivoPerfil perfil, Formularios formularios, const QString& servidor)
     : m_carpeta(ConSeparador(carpeta))
     , m_perfil(std::move(perfil))
     , m_formularios(std::move(formularios))
-    , m_nombreBase(OpcionVigente(u"DBName", kArchivoBase))
+    , m_nombreBase(servidor.isEmpty() ? OpcionVigente(u"DBName", kArchivoBase) : servidor)
     , m_carpetaBase(EsDeServidor(m_nombreBase) ? QString() : OpcionVigente(u"DBPath", m_carpeta)) {}
 
 QString Instalacion::CarpetaVigente(const ArchivoPerfil& perfil, const QString& porOmision) {
@@ -83,11 +60,25 @@ QString Instalacion::CarpetaVigente(const ArchivoPerfil& perfil, const QString& 
 Veredicto Instalacion::Valida(const QString& usuario) const {
     if (Veredicto veredicto = ValidaCarpeta(m_carpeta); !veredicto)
         return veredicto;
+    if (Veredicto veredicto = ValidaBase(); !veredicto)
+        return veredicto;
+    return ValidaUsuario(usuario);
+}
+
+/// What an installation has in a base goes to another one by a move, not by installing there.
+Veredicto Instalacion::ValidaBase() const {
+    const QString vigente = EsLaVigente() ? BaseConfigurada(m_perfil) : QString();
+    const bool esOtra = !vigente.isEmpty() && vigente != m_carpetaBase + m_nombreBase;
+    if (esOtra && (EsDeServidor(vigente) || QFileInfo::exists(vigente)))
+        return Veredicto::Critico(u"La instalación ya tiene su base en '%1'. Para llevarla al servidor ejecute"
+                                  " consola --mudar."_s.arg(vigente));
+    if (EsDeServidor(m_nombreBase))
+        return ValidaConexion(m_nombreBase);
     if (!QFileInfo::exists(m_carpetaBase + m_nombreBase) && EstaEnRed(m_carpetaBase))
         return Veredicto::Critico(
             u"La carpeta '%1' está en otra máquina: un archivo compartido por la red puede perder"
             " datos. Instale la base en una carpeta de este equipo, o en un servidor."_s.arg(m_carpetaBase));
-    return ValidaUsuario(usuario);
+    return Veredicto::Bien();
 }
 
 QStringList Instalacion::Instala(const QString& usuario) {
@@ -96,8 +87,10 @@ QStringList Instalacion::Instala(const QString& usuario) {
     const TrabajoUnico trabajo(m_carpetaBase + m_nombreBase);
     CreaCarpetas();
     QStringList hecho{u"Carpeta: %1"_s.arg(m_carpeta)};
-    const std::unique_ptr<Base> base = PreparaBase(hecho);
-    hecho.append(InstalaCatalogo(*base, m_formularios));
+    const BasePreparada preparada = PreparaBase(m_carpetaBase + m_nombreBase, m_formularios);
+    hecho += preparada.hecho;
+    hecho.append(preparada.propia ? InstalaCatalogo(*preparada.base, m_formularios)
+                                  : u"Catálogo: se conserva; esta cuenta del servidor no lo cambia."_s);
     hecho.append(PreparaGrupo());
     for (const Formulario& formulario : m_formularios)
         hecho.append(InstalaAyuda(formulario));
@@ -138,13 +131,6 @@ void Instalacion::CreaCarpetas() const {
         CreaCarpetaPrivada(m_carpeta + subcarpeta);
     for (const Formulario& formulario : m_formularios)
         CreaCarpetaPrivada(m_carpeta + formulario.numero);
-}
-
-std::unique_ptr<Base> Instalacion::PreparaBase(QStringList& hecho) const {
-    const QString ruta = m_carpetaBase + m_nombreBase;
-    std::unique_ptr<Base> base = Base::AbreOCrea(ruta);
-    AplicaEsquema(*base, m_formularios, hecho);
-    return base;
 }
 
 /// A file that refuses the configured account gets it: the account has been changed in the configuration.

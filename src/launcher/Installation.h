@@ -20,8 +20,9 @@ class Reloj;
 /// kinds, sample files.
 class Instalacion {
   public:
-    /// `carpeta` becomes absolute.
-    Instalacion(const QString& carpeta, ArchivoPerfil perfil, Formularios formularios);
+    /// `carpeta` becomes absolute. `servidor` is the text of the connection to the base, if it is to be on a server; a
+    /// login that only works there finds the tables made, and doesn't touch them.
+    Instalacion(const QString& carpeta, ArchivoPerfil perfil, Formularios formularios, const QString& servidor = {});
 
     /// The folder of the installation that the profile file names, or `porOmision` when it names none.
     [[nodiscard]] static QString CarpetaVigente(const ArchivoPerfil& perfil, const QString& porOmision);
@@ -40,7 +41,7 @@ class Instalacion {
 
   private:
     void CreaCarpetas() const;
-    [[nodiscard]] std::unique_ptr<Base> PreparaBase(QStringList& hecho) const;
+    [[nodiscard]] Veredicto ValidaBase() const;
     [[nodiscard]] QString PreparaGrupo() const;
     [[nodiscard]] QString InstalaAyuda(const Formulario& formulario) const;
     [[nodiscard]] QStringList InstalaEjemploDe(const Formulario& formulario, Base& base, const Reloj& reloj) const;

@@ -1,8 +1,10 @@
 #include "launcher/PagBitacora.h"
 
 #include "launcher/Session.h"
+#include "platform/Notices.h"
 #include "ui_PagBitacora.h"
 #include "values/Text.h"
+#include "widgets/Application.h"
 
 namespace xa518 {
 
@@ -24,16 +26,16 @@ QString Abreviado(const QString& texto) {
 PagBitacora::PagBitacora(const EntornoPagina& entorno, QWidget* padre)
     : Pagina(entorno, padre), m_ui(std::make_unique<Ui::PagBitacora>()) {
     m_ui->setupUi(this);
-    setFocusProxy(m_ui->GrdBitacora);
+    setFocusProxy(m_ui->CmbSuceso);
     m_ui->CmbSuceso->addItem(u"(todos)"_s, QString());
     for (const Suceso suceso : LosSucesos())
         m_ui->CmbSuceso->addItem(TextoDeSuceso(CodigoDe(suceso)), CodigoDe(suceso));
     m_ui->GrdBitacora->PonColumnas(
         {u"Momento"_s, u"Usuario"_s, u"Equipo"_s, u"Suceso"_s, u"RUC"_s, u"Período"_s, u"Copia"_s, u"Qué cambió"_s});
     connect(m_ui->GrdBitacora, &TablaFilas::Cambia, this, &PagBitacora::MuestraDetalle);
-    connect(m_ui->CmbSuceso, &QComboBox::currentIndexChanged, this, Accion([this] { Filtra(); }));
+    connect(m_ui->CmbSuceso, &QComboBox::currentIndexChanged, this, Protegido([this] { Filtra(); }));
     for (QLineEdit* campo : {m_ui->TxtRuc, m_ui->TxtUsuario})
-        connect(campo, &QLineEdit::textEdited, this, Accion([this] { Filtra(); }));
+        connect(campo, &QLineEdit::textEdited, this, Protegido([this] { Filtra(); }));
 }
 
 PagBitacora::~PagBitacora() = default;
@@ -69,8 +71,13 @@ QStringList PagBitacora::Celdas(const Asiento& asiento) {
             Abreviado(asiento.Diferencias())};
 }
 
+/// This list alone is read anew, and not those of the other pages.
 void PagBitacora::Filtra() {
-    Carga(*LaSesion().Abre());
+    try {
+        Carga(*LaSesion().Abre());
+    } catch (const Error& error) {
+        LosAvisos().Muestra({Icono::Critico, TextoDeFalla(error), {}});
+    }
 }
 
 void PagBitacora::MuestraDetalle() {

@@ -1,9 +1,13 @@
 #include "launcher/PagCopias.h"
 
+#include "launcher/FrmMudanza.h"
 #include "launcher/Session.h"
 #include "platform/Notices.h"
 #include "ui_PagCopias.h"
+#include "widgets/Application.h"
 #include "widgets/HourGlass.h"
+#include "widgets/LongTask.h"
+#include "widgets/WidgetHelpers.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -15,6 +19,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString kArchivoDeVuelta = u"XA000-local.DB"_s;
+
 QString Momento(const Respaldo& copia) {
     return copia.fecha.toString(u"dd/MM/yyyy HH:mm:ss"_s);
 }
@@ -22,6 +28,11 @@ QString Momento(const Respaldo& copia) {
 QString Tamano(const Respaldo& copia) {
     return QLocale(QLocale::Spanish, QLocale::Peru)
         .formattedDataSize(copia.bytes, 1, QLocale::DataSizeTraditionalFormat);
+}
+
+/// A file by its full name.
+QString LugarCompleto(const QString& destino) {
+    return EsDeServidor(destino) ? destino : QFileInfo(destino).absoluteFilePath();
 }
 
 } // namespace
@@ -35,6 +46,8 @@ PagCopias::PagCopias(const EntornoPagina& entorno, QWidget* padre)
             [this] { m_ui->CmdRestaurar->setEnabled(m_ui->GrdCopias->Fila() >= 0); });
     connect(m_ui->CmdCopiar, &QPushButton::clicked, this, Accion([this] { Haz(); }));
     connect(m_ui->CmdRestaurar, &QPushButton::clicked, this, Accion([this] { Restaura(); }));
+    // Without the reading anew that follows what others do: the move goes on by then, and needs the base alone.
+    connect(m_ui->CmdMudar, &QPushButton::clicked, this, Protegido([this] { PideMudanza(); }));
 }
 
 PagCopias::~PagCopias() = default;
@@ -52,6 +65,9 @@ void PagCopias::Carga() {
     m_ui->LblCopias->setText(
         u"Copias de respaldo: %1. Se conservan las últimas %2."_s.arg(m_lista.size()).arg(Respaldos::kConservados));
     m_ui->CmdCopiar->setEnabled(instalada);
+    m_ui->CmdMudar->setEnabled(instalada);
+    m_ui->CmdMudar->setText(EsDeServidor(LaSesion().RutaBase()) ? u"Volver &a un archivo..."_s
+                                                                : u"Mud&ar a un servidor..."_s);
 }
 
 void PagCopias::Haz() {
@@ -81,6 +97,38 @@ void PagCopias::Restaura() {
     }
     Q_EMIT Restaurada();
     LosAvisos().Muestra({Icono::Informacion, u"La base quedó como estaba el %1."_s.arg(Momento(copia)), {}});
+}
+
+void PagCopias::PideMudanza() {
+    const bool vuelve = EsDeServidor(LaSesion().RutaBase());
+    const QString propuesto = vuelve ? QDir::toNativeSeparators(QDir(LaSesion().Carpeta()).filePath(kArchivoDeVuelta))
+                                     : u"host=servidor dbname=base sslmode=verify-full"_s;
+    const auto revisa = [this](const QString& destino) { return LaSesion().MudanzaA(LugarCompleto(destino)).Valida(); };
+    FrmMudanza forma(LosAvisos(), vuelve ? FrmMudanza::Hacia::Archivo : FrmMudanza::Hacia::Servidor, propuesto, revisa,
+                     window());
+    EjecutaSobre(*window(), forma);
+    if (!forma.Destino().isEmpty())
+        Muda(LugarCompleto(forma.Destino()));
+}
+
+void PagCopias::Muda(const QString& destino) {
+    const QString origen = LaSesion().RutaBase();
+    const auto alFallar = [this](const std::exception_ptr& falla) {
+        try {
+            std::rethrow_exception(falla);
+        } catch (const Error& error) {
+            LosAvisos().Muestra({Icono::Critico, TextoDeFalla(error), {}});
+        }
+    };
+    CorreTarea(
+        *this, {.titulo = u"Mudando la base"_s, .seDetiene = true, .alFallar = alFallar},
+        [mudanza = LaSesion().MudanzaA(destino), firma = LaSesion().SuFirma()](Avance& avance) {
+            return mudanza.Muda(firma, avance);
+        },
+        [this, origen, destino](const BaseMudada& mudada) {
+            Q_EMIT Restaurada();
+            LosAvisos().Muestra({Icono::Informacion, TextoDeMudanza(mudada, origen, destino), {}});
+        });
 }
 
 } // namespace xa518

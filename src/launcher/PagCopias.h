@@ -11,7 +11,7 @@ class PagCopias;
 
 namespace xa518 {
 
-/// The dated copies of the base: make one, put one back.
+/// The dated copies of the base: make one, put one back. The base itself is moved from here to a server, or back.
 class PagCopias final : public Pagina {
     Q_OBJECT
   public:
@@ -23,11 +23,13 @@ class PagCopias final : public Pagina {
     void Carga(Base& /*base*/) override { Carga(); }
 
   Q_SIGNALS:
-    void Restaurada();
+    void Restaurada(); ///< the base is another one now
 
   private:
     void Haz();
     void Restaura();
+    void PideMudanza();
+    void Muda(const QString& destino);
 
     std::unique_ptr<Ui::PagCopias> m_ui;
     QList<Respaldo> m_lista;

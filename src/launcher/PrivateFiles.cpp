@@ -1,6 +1,7 @@
 #include "launcher/PrivateFiles.h"
 
 #include "values/FileFailure.h"
+#include "values/PrivateAccess.h"
 
 #include <QDir>
 #include <QFile>
@@ -26,7 +27,7 @@ bool Vierte(QFile& origen, QSaveFile& destino) {
 } // namespace
 
 void CreaCarpetaPrivada(const QString& ruta) {
-    if (!QDir().mkpath(ruta) || !QFile::setPermissions(ruta, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner))
+    if (!QDir().mkpath(ruta) || !HazPrivado(ruta))
         throw Error(NumeroError::AccesoAlDisco, u"No se puede preparar la carpeta '%1'."_s.arg(ruta));
 }
 
@@ -35,9 +36,8 @@ void CopiaPrivada(const QString& origen, const QString& destino) {
     if (!entrada.open(QIODevice::ReadOnly))
         throw FallaDeArchivo(Intento::Leer, entrada);
     QSaveFile salida(destino);
-    const bool copiado = salida.open(QIODevice::WriteOnly) &&
-                         salida.setPermissions(QFile::ReadOwner | QFile::WriteOwner) && Vierte(entrada, salida) &&
-                         salida.commit();
+    const bool copiado =
+        salida.open(QIODevice::WriteOnly) && HazPrivado(salida) && Vierte(entrada, salida) && salida.commit();
     if (!copiado)
         throw FallaDeArchivo(Intento::Escribir, salida);
 }

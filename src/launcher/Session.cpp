@@ -5,7 +5,10 @@
 #include "family/SchemaSteps.h"
 #include "family/WorkLock.h"
 #include "launcher/Installation.h"
+#include "launcher/ReleaseNotes.h"
 #include "platform/Clock.h"
+
+#include <QFile>
 
 #include <algorithm>
 #include <array>
@@ -47,6 +50,12 @@ QStringList Sesion::Instala(bool conEjemplo) {
     return conEjemplo ? hecho + instalacion.InstalaEjemplo(m_entorno.reloj) : hecho;
 }
 
+QString Sesion::TomaNovedades() const {
+    QFile pagina(u":/novedades.md"_s);
+    const QString texto = pagina.open(QIODevice::ReadOnly) ? QString::fromUtf8(pagina.readAll()) : QString();
+    return NovedadesPorVer(m_perfil, texto, QVersionNumber::fromString(QLatin1StringView(XA518_VERSION)));
+}
+
 void Sesion::Lee() {
     ExigeInstalacion(m_perfil);
     LeerIni(m_proceso, m_perfil);
@@ -70,6 +79,11 @@ Respaldos Sesion::Copias() {
     return {m_proceso.rutaBase, m_proceso.sysPath + kCarpetaCopias, m_entorno.reloj, m_entorno.formularios};
 }
 
+Mudanza Sesion::MudanzaA(const QString& destino) {
+    Lee();
+    return {m_proceso.rutaBase, destino, m_perfil, m_entorno.formularios};
+}
+
 RevisionEnvio Sesion::RevisaEnvio(const ClaveDeclaracion& clave) {
     const std::unique_ptr<Base> base = Abre();
     const Envio envio(*base, m_entorno.formularios);
@@ -81,14 +95,13 @@ ResultadoEnvio Sesion::Envia(const ClaveDeclaracion& clave, OtroOriginal otro) {
     Envio envio(*base, m_entorno.formularios);
     if (VeredictoDeEnvio veredicto = envio.Valida(clave, otro); !veredicto)
         return {.veredicto = std::move(veredicto)};
-    if (!EsDeServidor(m_proceso.rutaBase)) // whose copies are the server's affair
-        (void)Copias().Haz();
+    (void)Copias().Haz();
     return envio.Envia(clave, otro, SuFirma());
 }
 
 QString TextoDeFalla(const Error& error) {
     AnotaDetalle(error);
-    if (dynamic_cast<const TrabajoAjeno*>(&error) != nullptr)
+    if (dynamic_cast<const TrabajoAjeno*>(&error) != nullptr || dynamic_cast<const BaseEnUso*>(&error) != nullptr)
         return error.Texto();
     if (error.Es(NumeroError::BaseBloqueada))
         return u"La base de datos está en uso por otro programa, o es de sólo lectura. Espere a que el otro programa"

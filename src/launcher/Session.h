@@ -3,6 +3,7 @@
 #include "family/Process.h"
 #include "launcher/Backups.h"
 #include "launcher/CommandLine.h"
+#include "launcher/Moving.h"
 #include "launcher/Sending.h"
 #include "platform/ProfileFile.h"
 
@@ -21,11 +22,18 @@ class Sesion {
     /// Installs there and returns what was done, a line for each thing. Raises `Error`.
     [[nodiscard]] QStringList Instala(bool conEjemplo);
 
+    /// What is new in this version of the programs, the first time that it is asked for after an update; otherwise
+    /// empty.
+    [[nodiscard]] QString TomaNovedades() const;
+
     /// Raises `Error`.
     [[nodiscard]] std::unique_ptr<Base> Abre();
 
     /// The dated copies of the base; they need no base that opens. Raises `Error` when nothing is installed.
     [[nodiscard]] Respaldos Copias();
+
+    /// A move of the base to another place. Raises `Error` when nothing is installed.
+    [[nodiscard]] Mudanza MudanzaA(const QString& destino);
 
     /// What to tell before the question whether to send. Raises `Error`.
     [[nodiscard]] RevisionEnvio RevisaEnvio(const ClaveDeclaracion& clave);

@@ -1,5 +1,7 @@
 #include "launcher/TextChecks.h"
 
+#include "data/BasePlace.h"
+
 #include <QList>
 
 #include <algorithm>
@@ -14,6 +16,7 @@ constexpr qsizetype kLargoNombre = 50; ///< what the lists of the modules show
 constexpr qsizetype kLargoUsuario = 50;
 /// The modules read 255 characters of a value, and the names of files go behind this one.
 constexpr qsizetype kLargoCarpeta = 240;
+constexpr qsizetype kLargoConexion = 255;
 
 /// By whole characters: those outside the basic plane are two units in the text.
 bool SeImprime(const QString& texto) {
@@ -39,6 +42,13 @@ Veredicto ValidaUsuario(const QString& usuario) {
 
 Veredicto ValidaCarpeta(const QString& carpeta) {
     return ValidaLinea(carpeta, u"La carpeta de la instalación"_s, kLargoCarpeta);
+}
+
+Veredicto ValidaConexion(const QString& conexion) {
+    if (!EsDeServidor(conexion))
+        return Veredicto::Critico(u"'%1' no es el texto de conexión de un servidor. Escríbalo como «host=servidor"
+                                  " dbname=base sslmode=verify-full», o como «service=nombre»."_s.arg(conexion));
+    return ValidaLinea(conexion, u"El texto de conexión"_s, kLargoConexion);
 }
 
 } // namespace xa518

@@ -10,5 +10,7 @@ namespace xa518 {
 [[nodiscard]] Veredicto ValidaNombreDeDeclarante(const QString& nombre);
 [[nodiscard]] Veredicto ValidaUsuario(const QString& usuario);
 [[nodiscard]] Veredicto ValidaCarpeta(const QString& carpeta);
+/// The text of a connection to a server, as the profile file is to keep it.
+[[nodiscard]] Veredicto ValidaConexion(const QString& conexion);
 
 } // namespace xa518

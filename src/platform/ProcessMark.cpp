@@ -1,6 +1,7 @@
 #include "platform/ProcessMark.h"
 
-#include <QFile>
+#include "values/PrivateAccess.h"
+
 #include <QThread>
 
 namespace xa518 {
@@ -38,7 +39,7 @@ bool MarcaDeProceso::Toma() {
     if (ajena && !(EsDeNadie(m_marca) && m_marca.removeStaleLockFile() && m_marca.tryLock(0)))
         return false;
     if (m_marca.isLocked()) // it names the person's machine, and the toolkit makes it for everybody to read
-        QFile::setPermissions(m_marca.fileName(), QFile::ReadOwner | QFile::WriteOwner);
+        (void)HazPrivado(m_marca.fileName());
     return true;
 }
 

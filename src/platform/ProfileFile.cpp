@@ -1,6 +1,7 @@
 #include "platform/ProfileFile.h"
 
 #include "values/FileFailure.h"
+#include "values/PrivateAccess.h"
 #include "values/Text.h"
 
 #include <QDir>
@@ -136,8 +137,7 @@ void ArchivoPerfil::Escribe(QStringView seccion, QStringView clave, QStringView 
         return; // a start that changes nothing goes well on a full or a read-only disk
     QDir().mkpath(QFileInfo(m_ruta).path());
     QSaveFile archivo(m_ruta);
-    const bool escrito = archivo.open(QIODevice::WriteOnly) &&
-                         archivo.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
+    const bool escrito = archivo.open(QIODevice::WriteOnly) && HazPrivado(archivo) &&
                          archivo.write(nuevo) == nuevo.size() && archivo.commit();
     if (!escrito)
         throw FallaDeArchivo(Intento::Escribir, archivo);

@@ -7,6 +7,10 @@ namespace xa518 {
 /// A profile file of sections and keys. Windows' own profile calls read and write it there; elsewhere it is read by
 /// their rules: section and key names without case, blanks around names and values dropped, one pair of quotes around a
 /// value stripped.
+///
+/// On Windows a bare name means the system's own folder. An account that may not write there gets what the system gives
+/// to older programs: a file of its own below `AppData\Local\VirtualStore`, which begins as a copy and is read instead
+/// from then on.
 class ArchivoPerfil {
   public:
     explicit ArchivoPerfil(QString ruta);
@@ -27,6 +31,8 @@ class ArchivoPerfil {
     [[nodiscard]] const QString& Ruta() const { return m_ruta; }
 
   private:
+    [[nodiscard]] QString Vigente() const; ///< of Windows: the name that the system is asked by
+
     QString m_ruta;
 };
 

@@ -1,8 +1,7 @@
 #include "reports/PartialFile.h"
 
+#include "platform/TakePlace.h"
 #include "values/FileFailure.h"
-
-#include <filesystem>
 
 namespace xa518 {
 
@@ -26,9 +25,7 @@ void ArchivoParcial::Confirma() {
     if (!m_archivo.flush())
         throw Falla();
     m_archivo.close();
-    std::error_code error;
-    std::filesystem::rename(m_archivo.filesystemFileName(), QFile(m_ruta).filesystemFileName(), error);
-    if (error)
+    if (!TomaElLugar(m_archivo.fileName(), m_ruta))
         throw FallaDeArchivo(Intento::Escribir, m_ruta);
 }
 

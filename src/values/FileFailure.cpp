@@ -6,6 +6,12 @@
 #include <QFileInfo>
 #include <QStorageInfo>
 
+#ifdef Q_OS_WIN
+#include <QDir>
+
+#include <qt_windows.h>
+#endif
+
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
@@ -47,6 +53,25 @@ Causa DeLaCarpeta(const QString& carpeta) {
     return {};
 }
 
+#ifdef Q_OS_WIN
+/// Another program has the file open and lets nobody read, or write, it meanwhile. What this one has open itself, by
+/// the toolkit, keeps nobody out.
+bool LoImpideOtro(Intento intento, const QString& ruta) {
+    const DWORD quiere = intento == Intento::Leer ? GENERIC_READ : GENERIC_WRITE;
+    constexpr DWORD kConTodos = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const std::wstring nombre = QDir::toNativeSeparators(ruta).toStdWString();
+    const HANDLE abierto = CreateFileW(nombre.c_str(), quiere, kConTodos, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (abierto == INVALID_HANDLE_VALUE)
+        return GetLastError() == ERROR_SHARING_VIOLATION;
+    CloseHandle(abierto);
+    return false;
+}
+#else
+bool LoImpideOtro(Intento /*intento*/, const QString& /*ruta*/) {
+    return false;
+}
+#endif
+
 Causa DelArchivo(Intento intento, const QFileInfo& archivo) {
     const bool lee = intento == Intento::Leer;
     if (Causa camino = lee ? DelCamino(archivo.path()) : DeLaCarpeta(archivo.path()); !camino.motivo.isEmpty())
@@ -58,6 +83,8 @@ Causa DelArchivo(Intento intento, const QFileInfo& archivo) {
     if (lee ? !archivo.isReadable() : !archivo.isWritable())
         return {NumeroError::AccesoAlDisco,
                 lee ? u"no hay permiso para leerlo"_s : u"no hay permiso para escribirlo"_s};
+    if (LoImpideOtro(intento, archivo.filePath()))
+        return {NumeroError::AccesoAlDisco, u"otro programa lo tiene abierto"_s};
     return {};
 }
 

@@ -58,7 +58,8 @@ bool EsPulsacionTardia(const QObject* receptor, const QEvent* evento) {
 
 Aplicacion::Aplicacion(int& argc, char** argv, Avisos& avisos) : QApplication(argc, argv), m_avisos(&avisos) {
     setStyle(new EstiloDeLaCasa); // the application owns it
-    if (m_idioma.load(u"qtbase_es"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    if (m_idioma.load(u"qtbase_es"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)) ||
+        m_idioma.load(u":/idioma/qtbase_es.qm"_s))
         installTranslator(&m_idioma);
 }
 

@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
+#include <QPalette>
 #include <QPointer>
 #include <QStyleOption>
 
@@ -55,6 +56,12 @@ QIcon EstiloDeLaCasa::standardIcon(StandardPixmap dibujo, const QStyleOption* op
         return estilo ? estilo->standardIcon(dibujo, &lado) : QIcon();
     };
     return QIcon(new IconoTardio(hechura)); // the icon owns it
+}
+
+void EstiloDeLaCasa::polish(QPalette& paleta) {
+    QProxyStyle::polish(paleta);
+    for (const QPalette::ColorRole papel : {QPalette::Highlight, QPalette::HighlightedText})
+        paleta.setBrush(QPalette::Inactive, papel, paleta.brush(QPalette::Active, papel));
 }
 
 } // namespace xa518

@@ -73,12 +73,27 @@ struct Adelantado {
 };
 using Adelantados = std::vector<Adelantado>;
 
-/// Each goes where it would have gone.
-void HazlosAhora(Adelantados& adelantados) {
-    for (auto& [donde, evento] : adelantados) {
-        if (donde)
-            QCoreApplication::postEvent(donde, evento.release());
-    }
+/// Whether a person could do something to the window.
+bool EstaEnfrente(const QWidget& ventana) {
+    const QWidget* delante = QApplication::activeModalWidget();
+    return ventana.isVisible() && ventana.isActiveWindow() && (!delante || delante == &ventana);
+}
+
+/// Each goes where it would have gone, once the one before it has done its work: that may have opened a box, and what
+/// was done before it showed isn't meant for it, nor for the window that it keeps waiting.
+void HazlosAhora(QWidget& ventana, Adelantados adelantados) {
+    QElapsedTimer desde;
+    desde.start();
+    const auto hace = [yo = QPointer<QWidget>(&ventana), desde,
+                       suyos = std::make_shared<Adelantados>(std::move(adelantados))] {
+        for (const auto& [donde, evento] : *suyos) {
+            if (!yo || !EstaEnfrente(*yo->window()) || desde.elapsed() >= kHastaLaCaja)
+                return;
+            if (donde)
+                QCoreApplication::sendEvent(donde, evento.get());
+        }
+    };
+    QTimer::singleShot(0, &ventana, hace);
 }
 
 /// One work over one window. It ends itself.
@@ -194,8 +209,8 @@ void TareaLarga::Acaba(const std::exception_ptr& falla) {
     if (yo)
         yo->deleteLater();
     // Not into a box that has come up meanwhile.
-    if (ventana && ventana->window()->isActiveWindow() && reloj.elapsed() < kHastaLaCaja)
-        HazlosAhora(adelantados);
+    if (ventana && EstaEnfrente(*ventana->window()) && reloj.elapsed() < kHastaLaCaja)
+        HazlosAhora(*ventana, std::move(adelantados));
 }
 
 void TareaLarga::Atiende(const std::exception_ptr& falla) const {

@@ -35,7 +35,7 @@ std::vector<QStringList> LeeFilas(Base& base, const QString& sql) {
 }
 
 /// A page of rows that have been read.
-std::vector<QStringList> Tramo(const std::vector<QStringList>& filas, int primera) {
+std::vector<QStringList> TramoDeFilas(const std::vector<QStringList>& filas, int primera) {
     const auto desde = filas.begin() + primera;
     return {desde, desde + std::min<std::ptrdiff_t>(kFilasPorPagina, filas.end() - desde)};
 }
@@ -48,7 +48,7 @@ ModeloDeConsulta::ModeloDeConsulta(QList<ColumnaDeGrilla> columnas, QObject* pad
 void ModeloDeConsulta::Consulta(Base& base, const QString& sql) {
     std::vector<QStringList> filas = LeeFilas(base, sql);
     const auto cuantas = static_cast<int>(filas.size());
-    Muestra(cuantas, [filas = std::move(filas)](int primera) { return Tramo(filas, primera); });
+    Muestra(cuantas, [filas = std::move(filas)](int primera) { return TramoDeFilas(filas, primera); });
 }
 
 void ModeloDeConsulta::Consulta(Base& base, const ConsultaDeLista& consulta) {

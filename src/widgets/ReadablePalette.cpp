@@ -8,6 +8,8 @@
 #include <QStyleOptionComboBox>
 #include <QWidget>
 
+#include <cstdlib>
+
 namespace xa518 {
 
 namespace {
@@ -76,6 +78,13 @@ void ComoSoloLectura(QWidget& forma) {
     QPalette paleta = forma.palette();
     paleta.setColor(QPalette::Disabled, QPalette::WindowText, paleta.color(QPalette::Active, QPalette::WindowText));
     forma.setPalette(paleta);
+}
+
+QColor ColorDeEnlace(const QPalette& paleta) {
+    constexpr int kContraste = 60;
+    const QColor enlace = paleta.color(QPalette::Link);
+    const int distancia = std::abs(qGray(enlace.rgb()) - qGray(paleta.color(QPalette::Base).rgb()));
+    return distancia >= kContraste ? enlace : paleta.color(QPalette::Highlight).lighter();
 }
 
 } // namespace xa518

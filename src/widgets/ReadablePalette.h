@@ -1,5 +1,7 @@
 #pragma once
 
+class QColor;
+class QPalette;
 class QWidget;
 
 namespace xa518 {
@@ -11,5 +13,9 @@ void AclaraDeshabilitados(QWidget& forma);
 
 /// For a form of which everything is only read: its labels and options are as dark as its fields, disabled or not.
 void ComoSoloLectura(QWidget& forma);
+
+/// What links are to be painted in: many a dark palette leaves them as dark as their ground, and they then take the
+/// colour of what is selected.
+[[nodiscard]] QColor ColorDeEnlace(const QPalette& paleta);
 
 } // namespace xa518

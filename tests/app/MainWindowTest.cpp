@@ -190,7 +190,8 @@ TEST_F(HelpTest, LinksLeadToEveryPage) {
     for (const QString& nombre : paginas.entryList(QDir::Files))
         textos += QString::fromUtf8(BytesDe(paginas.filePath(nombre)));
     QSet<QString> nombradas;
-    static const QRegularExpression nombrada(u"(?:href=\"|^\\w+ )([^\"\\s]+\\.html)"_s,
+    // As it is read, not compiled: the compiled search for the start of a line finds none on Windows.
+    static const QRegularExpression nombrada(u"(*NO_JIT)(?:href=\"|^\\w+ )([^\"\\s]+\\.html)"_s,
                                              QRegularExpression::MultilineOption);
     for (const auto& hallada : nombrada.globalMatch(textos))
         nombradas.insert(hallada.captured(1));

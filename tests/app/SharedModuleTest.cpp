@@ -45,7 +45,7 @@ class SharedModuleTest : public ModuloDePrueba {
     std::unique_ptr<Base> otro;
     BarradeEstadoQMD barra;
     DialogosDeArchivoDePrueba archivos;
-    Dialogos dialogos = FormasDelModulo(proceso, avisos, archivos);
+    Dialogos dialogos = FormasDelModulo(proceso, avisos, archivos, perfil);
 };
 
 TEST_F(SharedModuleTest, WhatAnotherSeatHasOpenIsLookedAtOnlyAndNotDeleted) {

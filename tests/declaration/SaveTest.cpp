@@ -162,9 +162,10 @@ TEST_F(Save, WithoutClientsTheTotalsLeaveNoRow) {
 TEST_F(Save, StoppedInTheMiddleNothingHasHappened) {
     Detalle();
     ASSERT_EQ(Graba(Nueva()).estado, 0);
-    base->Ejecuta(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 5000) "
-                  "INSERT INTO TMPF518PDET SELECT 6, '20500000007', '0002', printf('%08d', i), '', '1', '0', '9', "
-                  "'05/10/2026', '1.00', '0.02', '2.00' FROM n"_s);
+    base->Ejecuta(
+        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 5000) "
+        "INSERT INTO TMPF518PDET SELECT 6, '20500000007', '0002', CAST(10000000 + i AS TEXT), '', '1', '0', '9', "
+        "'05/10/2026', '1.00', '0.02', '2.00' FROM n"_s);
     const QString guardada = Retrato(*base);
     const auto seDetiene = [&](const std::function<void()>& trabajo) {
         AvanceDePrueba avance([antes = qint64(0)](qint64 hecho, qint64 total) mutable {

@@ -10,7 +10,6 @@
 #include "detail/FrmDetAgePer.h"
 #include "detail/frmPerDet.h"
 #include "end_to_end/SampleModule.h"
-#include "family/Configuration.h"
 #include "family/FrmAyuda.h"
 #include "form518/Form0518.h"
 #include "import/frmTransferencia.h"
@@ -57,7 +56,7 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
 
     /// Opens each form of both programs, and each of its pages.
     void EnCadaForma(const Mirada& mira) {
-        MDIFrm principal(proceso, avisos, PerfilCompartido(), FormasDelModulo(proceso, avisos, archivos));
+        MDIFrm principal(proceso, avisos, perfil, FormasDelModulo(proceso, avisos, archivos, perfil));
         ASSERT_TRUE(principal.Carga());
         Ve(principal, u"main"_s, mira);
         for (const OpcionDeLista opcion : {OpcionDeLista::Modificar, OpcionDeLista::Eliminar}) {
@@ -68,7 +67,7 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
         EnLosInformes(mira);
         Ve(FrmConsultas(*proceso.baseDatos, u"B"), u"banks"_s, mira);
         Ve(frmAcercade(), u"about"_s, mira);
-        Ve(FrmAyuda(QStringLiteral(XA518_AYUDA)), u"help"_s, mira);
+        Ve(FrmAyuda(m_ayuda), u"help"_s, mira);
         Ve(FrmConsola(entorno, avisos, {}), u"launcher"_s, mira);
         for (const QString& ruc : {QString(), kRuc})
             Ve(FrmDeclarante(avisos, {Ruc(ruc), {}, {}}, {u"CONTADOR"_s}, {}, nullptr), u"declarant"_s, mira);
@@ -106,8 +105,8 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
             Ve(frmPerDet(detalle, modo, {{clave, u"01"_s, {}, {}}, {}, {}}, u"1"_s), u"payment"_s, mira);
         }
         Ve(FrmAgePer(detalle, ModoDetalle::Nuevo), u"new"_s, mira);
-        Ve(frmTransferencia(proceso, avisos, registrada.clave, {.perfil = PerfilCompartido(), .archivos = archivos}),
-           u"import"_s, mira);
+        Ve(frmTransferencia(proceso, avisos, registrada.clave, {.perfil = perfil, .archivos = archivos}), u"import"_s,
+           mira);
         EnLaDeclaracion(std::nullopt, u"new form"_s, mira);
         const QString mens = raiz.filePath(u"Mens.txt"_s);
         EscribeEn(mens, "Indique la forma de pago.\n");
@@ -138,6 +137,8 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
         }
     }
 
+    /// Whatever folder is the current one later.
+    const QString m_ayuda = QFileInfo(QStringLiteral(XA518_AYUDA)).absoluteFilePath();
     const QFont m_letra = QApplication::font();
     const QString kEmpresa = u"20500000008"_s;
 

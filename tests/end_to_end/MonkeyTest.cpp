@@ -1,11 +1,11 @@
 #include "app/MDIFrm.h"
 #include "app/ModuleForms.h"
 #include "end_to_end/SampleModule.h"
-#include "family/Configuration.h"
 #include "family/Process.h"
 #include "form518/Form0518.h"
 #include "launcher/FrmConsola.h"
 #include "reports/ShowReport.h"
+#include "platform/WorkThread.h"
 #include "support/FileDialogScript.h"
 #include "support/NoticeScript.h"
 
@@ -171,8 +171,9 @@ class Mono {
         QTest::mouseClick(paginas, Qt::LeftButton, {}, paginas->tabRect(cual).center());
     }
 
+    /// Past the window, which holds what a person does while a work goes on beside it.
     void Ordena() {
-        if (m_ordenes.isEmpty())
+        if (m_ordenes.isEmpty() || m_ventana->findChild<QObject*>(HiloDeTrabajo::kEnMarcha))
             return;
         QAction* orden = m_ordenes[Azar(m_ordenes.size())];
         if (orden->isEnabled())
@@ -243,7 +244,7 @@ class MonkeyTest : public ModuloDeMuestra {
 TEST_F(MonkeyTest, TheModuleStandsAnything) {
     while (mono.Sigue()) {
         Proceso proceso(reloj, {Formulario0518()}, kNumFormulario);
-        MDIFrm principal(proceso, avisos, PerfilCompartido(), FormasDelModulo(proceso, avisos, archivos));
+        MDIFrm principal(proceso, avisos, perfil, FormasDelModulo(proceso, avisos, archivos, perfil));
         ASSERT_TRUE(principal.Carga());
         // Nobody finds the way to every form by chance alone: a command opens one now and then.
         mono.Juega(principal, principal.findChildren<QAction*>());

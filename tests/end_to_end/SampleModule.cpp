@@ -1,12 +1,10 @@
 #include "end_to_end/SampleModule.h"
 
 #include "batch/Batch.h"
-#include "family/Configuration.h"
 
 namespace xa518::prueba {
 
 void ModuloDeMuestra::SetUp() {
-    qputenv("XDG_CONFIG_HOME", raiz.path().toLocal8Bit());
     const QStringList importados{u"--percepciones"_s, carpeta + u"/EJEMPLO"_s, u"--hoy"_s, u"21/11/2026"_s};
     const auto declara = [&](const QString& periodo, const QStringList& pago) {
         Lote(QStringList{u"declarar"_s, u"--ruc"_s, kRuc, u"--periodo"_s, periodo} + importados + pago);
@@ -28,7 +26,7 @@ void ModuloDeMuestra::Consola(const QStringList& orden) {
 
 void ModuloDeMuestra::Lote(const QStringList& orden) {
     QTextStream errores(&fallas);
-    (void)EjecutaLote(QStringList{u"xa518-lote"_s} + orden, {PerfilCompartido(), nada, errores});
+    (void)EjecutaLote(QStringList{u"xa518-lote"_s} + orden, {perfil, nada, errores});
 }
 
 } // namespace xa518::prueba

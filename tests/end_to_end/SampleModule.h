@@ -3,6 +3,7 @@
 #include "app/Forms.h"
 #include "launcher/CommandLine.h"
 #include "platform/Clock.h"
+#include "platform/ProfileFile.h"
 #include "support/Test.h"
 
 #include <QTextStream>
@@ -19,8 +20,8 @@ class ModuloDeMuestra : public testing::Test {
     QTemporaryDir raiz;
     QString carpeta{raiz.filePath(QStringLiteral("xa518"))};
     RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
-    EntornoConsola entorno{reloj, raiz.filePath(QStringLiteral("XA000.INI")), carpeta, QStringLiteral("CONTADOR"),
-                           FormulariosConocidos()};
+    ArchivoPerfil perfil{raiz.filePath(QStringLiteral("XA000.INI"))};
+    EntornoConsola entorno{reloj, perfil.Ruta(), carpeta, QStringLiteral("CONTADOR"), FormulariosConocidos()};
 
   private:
     void Consola(const QStringList& orden);

@@ -12,7 +12,7 @@ TEST_F(OfferedDeclarantsTest, AreAllOrOnesOwnAndOfAnyLengthByDefault) {
                     "(6,'20444123450','C','O''X',2), (1,'10101010','D','AUX',2)"_s);
     const auto elegibles = [this](const QString& formulario, const QString& usuario) {
         const ConsultaSql consulta = SqlDeclarantes(*m_base, {formulario, usuario});
-        return Lista(u"SELECT Doc_id_d FROM ("_s + consulta.texto + u")"_s,
+        return Lista(u"SELECT Doc_id_d FROM ("_s + consulta.texto + u") AS q"_s,
                      {consulta.valores.begin(), consulta.valores.end()});
     };
     // With no row of the RUC the default row sets no length.

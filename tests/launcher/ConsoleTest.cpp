@@ -13,6 +13,7 @@
 #include "launcher/Sending.h"
 #include "platform/Clock.h"
 #include "platform/ProfileFile.h"
+#include "support/PrivateFile.h"
 #include "support/ServerInstallation.h"
 #include "support/TemporaryBase.h"
 
@@ -53,7 +54,7 @@ TEST_F(Console, InstallsPrivatelyWithTheRowsThatTheModulesRelyOn) {
          {u""_s, u"RPT"_s, u"TMP"_s, u"BMP"_s, u"0518"_s, u"EJEMPLO"_s, u"XA000.DB"_s, u"XA000.MDW"_s,
           u"0518/Xa518.hlp"_s, u"EJEMPLO/0518"_s + kRucMuestra + u"202609.TXT"_s}) {
         EXPECT_TRUE(QFile::exists(carpeta + u'/' + nombre)) << qPrintable(nombre);
-        EXPECT_EQ(QFile::permissions(carpeta + u'/' + nombre) & kDeOtros, QFile::Permissions());
+        EXPECT_TRUE(EsPrivado(carpeta + u'/' + nombre));
     }
     const ArchivoPerfil perfil(rutaIni);
     EXPECT_EQ(perfil.Lee(u"Options", u"SysPath"), QDir::toNativeSeparators(carpeta + u'/'));

@@ -1,6 +1,5 @@
 #include "launcher/FrmConsola.h"
 
-#include "data/Seats.h"
 #include "family/WorkLock.h"
 #include "form518/Form0518.h"
 #include "launcher/Declarants.h"
@@ -9,10 +8,12 @@
 #include "support/FormDriver.h"
 #include "support/ServerInstallation.h"
 #include "support/TemporaryBase.h"
+#include "widgets/FrmTexto.h"
 
 #include <QFrame>
 #include <QLabel>
 #include <QTabWidget>
+#include <QTextBrowser>
 
 namespace {
 
@@ -258,6 +259,21 @@ TEST_F(FirstStartTest, OffersToInstall) {
     EXPECT_TRUE(Fila(Tabla("GrdDeclarantes"), 0).startsWith(kRucMuestra));
 }
 
+TEST_F(FrmConsolaTest, AnUpdateTellsOnceWhatIsNew) {
+    const ArchivoPerfil perfil(entorno.rutaIni);
+    const QString propia = perfil.Lee(u"Options", u"SysVersion");
+    const auto novedades = [this] {
+        Abre();
+        const auto* forma = ventana->findChild<FrmTexto*>();
+        return forma ? De<QTextBrowser>(*forma, "visor").toPlainText() : QString();
+    };
+    EXPECT_EQ(novedades(), QString()); // just installed
+    perfil.Escribe(u"Options", u"SysVersion", u"1.0.0");
+    const QString texto = novedades();
+    EXPECT_TRUE(texto.contains(u"Versión "_s + propia) && texto.contains(u"Versión 1.5.0"_s)) << qPrintable(texto);
+    EXPECT_EQ(novedades(), QString());
+}
+
 TEST_F(FrmConsolaTest, F1OpensTheHelpThatIsInstalled) {
     ventana = std::make_unique<FrmConsola>(entorno, avisos, programas); // even before its lists are read
     Muestra(*ventana);
@@ -361,41 +377,10 @@ TEST_F(FrmConsolaTest, AModuleThatCannotStartIsTold) {
     Alt(Qt::Key_M);
 }
 
-TEST_F(FrmConsolaTest, SeatsAreListedAndThoseLeftBehindClearedAfterAQuestion) {
-    if (!HayServidorDePrueba()) {
-        Abre();
-        const auto& fichas = Control<QTabWidget>("TabFichas");
-        EXPECT_FALSE(fichas.isTabVisible(fichas.indexOf(&Control<QWidget>("PagPuestos"))));
-        return;
-    }
-    auto ana = LaBase();
-    const auto luis = LaBase();
-    (void)ana->LosPuestos()->Toma({.usuario = u"ANA"_s, .equipo = u"CAJA-2"_s, .programa = u"xa518"_s});
-    (void)luis->LosPuestos()->Toma({.usuario = u"LUIS"_s, .equipo = u"CAJA-3"_s, .programa = u"xa518"_s});
-    (void)ana->LosPuestos()->Ocupa({.ruc = kRucMuestra, .periodo = u"202609"_s, .formulario = u"0518"_s});
-    Registros pid = ana->Lee(u"SELECT pg_backend_pid()"_s);
-    ASSERT_TRUE(pid.Siguiente());
-    PideAlServidor(u"SELECT pg_terminate_backend(%1, 5000)"_s.arg(pid.Entero(0)));
+TEST_F(FrmConsolaTest, SeatsAreNoAffairOfAFile) {
     Abre();
-    Control<QTabWidget>("TabFichas").setCurrentWidget(&Control<QWidget>("PagPuestos"));
-    const TablaFilas& tabla = Tabla("GrdPuestos");
-    ASSERT_EQ(tabla.model()->rowCount(), 2);
-    EXPECT_TRUE(Fila(tabla, 0).startsWith(u"ANA|CAJA-2|xa518|"_s)) << qPrintable(Fila(tabla, 0));
-    EXPECT_TRUE(
-        Fila(tabla, 0).contains(u"|Abandonado, con datos sin grabar|0518 de 09/2026, RUC 20990518018, desde"_s));
-    EXPECT_TRUE(Fila(tabla, 1).endsWith(u"|En uso|"_s)) << qPrintable(Fila(tabla, 1));
-    Tabla("GrdPuestos").selectRow(1);
-    EXPECT_FALSE(Control<QPushButton>("CmdQuitarPuesto").isEnabled());
-    Tabla("GrdPuestos").selectRow(0);
-    const QString celda = Fila(tabla, 0).section(u'|', -1);
-    const QString pregunta = u"¿Confirma que va a quitar el puesto de ANA en CAJA-2?\n\nSe pierde lo que quedó sin"
-                             " grabar de la declaración %1."_s.arg(celda);
-    avisos.EsperaPregunta(pregunta, Respuesta::No);
-    Pulsa("CmdQuitarPuesto");
-    EXPECT_EQ(tabla.model()->rowCount(), 2);
-    avisos.EsperaPregunta(pregunta, Respuesta::Si);
-    Pulsa("CmdQuitarPuesto");
-    EXPECT_EQ(tabla.model()->rowCount(), 1);
+    const auto& fichas = Control<QTabWidget>("TabFichas");
+    EXPECT_FALSE(fichas.isTabVisible(fichas.indexOf(&Control<QWidget>("PagPuestos"))));
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include "launcher/Sending.h"
 #include "platform/Clock.h"
 #include "reports/SpoolRegistry.h"
+#include "support/PrivateFile.h"
 #include "support/TemporaryBase.h"
 
 #include <QProcess>
@@ -87,7 +88,7 @@ class Sending : public testing::Test {
         Registros leida = base->Lee(u"SELECT * FROM "_s + tabla + u" WHERE correl = ?"_s, {correl});
         EXPECT_TRUE(leida.Siguiente());
         Registro fila(base->Describe(tabla));
-        for (int i = 0; i < leida.Columnas(); ++i)
+        for (int i = 0; i < fila.Valores().size(); ++i)
             fila.Pon(i, leida.Valor(i));
         return ChecksumRegistro(fila, formularios.constFirst().NumericasDe(tabla));
     }
@@ -126,7 +127,7 @@ TEST_F(Backups, KeepsTheLastTwentyEvenWhenTheClockIsSetBack) {
     const QString reciente = Respaldos(base.Ruta(), Copias().Carpeta(), ayer, formularios).Haz();
     EXPECT_EQ(Copias().Lista().size(), 20);
     EXPECT_EQ(Copias().Lista().last().ruta, reciente);
-    EXPECT_EQ(QFile::permissions(reciente) & kDeOtros, QFile::Permissions());
+    EXPECT_TRUE(EsPrivado(reciente));
 }
 
 TEST_F(Backups, RestoresTheCopyAndKeepsWhatWasThere) {
@@ -134,6 +135,13 @@ TEST_F(Backups, RestoresTheCopyAndKeepsWhatWasThere) {
     const QString copia = Copias().Haz();
     Graba(u"202610"_s);
     Bitacora(*base).Anota(FirmaDe(u"ANA"_s, reloj), {.suceso = Suceso::Grabacion, .despues = u"401=10"_s});
+#ifdef Q_OS_WIN
+    const Veredicto veredicto = Copias().Restaura(copia, FirmaDe(u"LUIS"_s, reloj));
+    ASSERT_FALSE(veredicto) << "the system lets nobody replace what is open";
+    EXPECT_TRUE(veredicto.Motivo().texto.contains(u"en uso por otro programa"_s));
+    EXPECT_EQ(Periodos(), u"202609,202610"_s);
+    base.Cierra();
+#endif
     ASSERT_TRUE(Copias().Restaura(copia, FirmaDe(u"LUIS"_s, reloj)));
     EXPECT_EQ(Retrato(*Base::Abre(base.Ruta())), antes);
     EXPECT_EQ(Periodos(), u"202609"_s);
@@ -143,8 +151,9 @@ TEST_F(Backups, RestoresTheCopyAndKeepsWhatWasThere) {
     EXPECT_EQ(sucesos,
               (QStringList{u"LUIS RESTAURAR copia:  → "_s + QFileInfo(copia).fileName(), u"ANA GRABAR 401:  → 10"_s}))
         << "who changed what doesn't go back";
-    // Whoever still has the old file open must not write into the void.
+#ifndef Q_OS_WIN // whoever still has the old file open must not write into the void
     EXPECT_THROW(Graba(u"202611"_s), ErrorBase);
+#endif
     ASSERT_EQ(Copias().Lista().size(), 2);
     ASSERT_TRUE(Copias().Restaura(Copias().Lista().first().ruta, FirmaDe(u"ANA"_s, reloj)));
     EXPECT_EQ(Periodos(), u"202609,202610"_s);
@@ -197,6 +206,7 @@ TEST_F(Backups, RefusesWhileAnotherProgramUsesTheBase) {
 
 TEST_F(Backups, TakesThePlaceOfABrokenOrMissingBase) {
     const QString copia = Copias().Haz();
+    base.Cierra();
     Archivo(u"XA.DB"_s, "restos de una base");
     Archivo(u"XA.DB-journal"_s, "diario de la base rota");
     ASSERT_TRUE(Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj)));
@@ -224,6 +234,7 @@ TEST_F(Backups, ACopyOfAnEarlierVersionGetsTheTablesOfThisOne) {
     const QString pasos = base.Carpeta() + u"/pasos"_s;
     ASSERT_TRUE(QDir().mkpath(pasos) &&
                 QFile::copy(u":/esquema/0001_shared_tables.sql"_s, pasos + u"/0001_shared_tables.sql"_s));
+    base.Cierra();
     const QString anterior = base.Carpeta() + u"/anterior"_s;
     ASSERT_EQ(Esquema({pasos}).Aplica(*Base::Crea(anterior)).version, 1);
     ASSERT_TRUE(Copias().Restaura(anterior, FirmaDe(u"ANA"_s, reloj)));
@@ -238,13 +249,13 @@ TEST_F(Sending, MovesEveryRowOfThatDeclarationAndStampsIt) {
     ASSERT_TRUE(resultado.veredicto);
     EXPECT_EQ(resultado.correl, u"1"_s);
     for (const QString& tabla : kTablas) {
-        EXPECT_EQ(Valor(u"SELECT group_concat(periodo) FROM "_s + tabla), u"202610"_s);
-        EXPECT_EQ(Valor(u"SELECT group_concat(periodo) FROM H"_s + tabla), u"202609"_s);
+        EXPECT_EQ(base.Filas(u"SELECT periodo FROM "_s + tabla), QStringList{u"202610"_s});
+        EXPECT_EQ(base.Filas(u"SELECT periodo FROM H"_s + tabla), QStringList{u"202609"_s});
         EXPECT_EQ(Valor(u"SELECT cNumero FROM H"_s + tabla), ChecksumDe(u'H' + tabla, u"1"_s));
     }
-    EXPECT_EQ(Valor(u"SELECT estado & '|' & norden & '|' & fec_env & '|' & control & '|' & correl & '|' & fec_pro"
-                    " FROM HCAB WHERE bcolibrad IS NULL"_s),
-              u"1|0|21/11/2026|"_s + resultado.control + u"|1|fec_pro"_s);
+    EXPECT_EQ(
+        base.Filas(u"SELECT estado, norden, fec_env, control, correl, fec_pro FROM HCAB WHERE bcolibrad IS NULL"_s),
+        QStringList{u"1|0|21/11/2026|"_s + resultado.control + u"|1|fec_pro"_s});
 }
 
 // The deletion of a sent declaration leaves its cash-sale rows, wanted so.
@@ -317,6 +328,7 @@ TEST_F(Sending, AFailureHalfWayLeavesTheDeclarationRegistered) {
     base->Ejecuta(u"UPDATE F518PDETCP SET mto_detcp = ?"_s, {QString(400, u'z')});
     EXPECT_THROW((void)Envia(u"202609"_s), Desbordamiento);
     for (const QString& tabla : kTablas)
-        EXPECT_EQ(Valor(u"SELECT (SELECT count(*) FROM %1) & '/' & (SELECT count(*) FROM H%1)"_s.arg(tabla)), u"1/0"_s);
+        EXPECT_EQ(base.Filas(u"SELECT (SELECT count(*) FROM %1), (SELECT count(*) FROM H%1)"_s.arg(tabla)),
+                  QStringList{u"1|0"_s});
     EXPECT_EQ(Valor(u"SELECT count(*) FROM PARAM"_s), u"0"_s);
 }

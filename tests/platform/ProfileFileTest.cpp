@@ -3,6 +3,8 @@
 #include "support/Test.h"
 #include "values/Error.h"
 
+#include <QScopeGuard>
+
 namespace {
 
 class ProfileFileTest : public testing::Test {
@@ -74,5 +76,29 @@ TEST_F(ProfileFileTest, MakesThePrivateFileAndItsFolderOrSaysThatItCannot) {
     const ArchivoPerfil imposible(m_perfil.Ruta() + u"/XA000.INI"_s);
     EXPECT_THROW(imposible.Escribe(u"Options", u"SysPath", u"x"), Error);
 }
+
+#ifdef Q_OS_WIN
+
+/// A folder of that name is what nobody can write to, whatever his rights.
+TEST(ProfileOfWindows, AnAccountThatMayNotWriteThereGetsAFileOfItsOwn) {
+    const QString nombre = u"XA518-PRUEBA.INI"_s;
+    const QString carpeta = qEnvironmentVariable("SystemRoot") + u'/' + nombre;
+    const QString propio = qEnvironmentVariable("LOCALAPPDATA") + u"/VirtualStore"_s + carpeta.sliced(2);
+    const auto limpia = qScopeGuard([&] {
+        QDir().rmdir(carpeta);
+        QFile::remove(propio);
+    });
+    QDir().mkpath(carpeta);
+    const ArchivoPerfil perfil(ArchivoPerfil::RutaDe(nombre));
+    EXPECT_FALSE(perfil.Existe());
+    perfil.Escribe(u"Options", u"SysPath", u"C:\\Peña & Añaños\\"_s);
+    perfil.Escribe(u"Options", u"SysUser", u"JEFA"_s);
+    EXPECT_TRUE(QFile::exists(propio));
+    EXPECT_TRUE(perfil.Existe());
+    EXPECT_EQ(perfil.Lee(u"Options", u"SysPath"), u"C:\\Peña & Añaños\\"_s);
+    EXPECT_EQ(perfil.Lee(u"Options", u"SysUser"), u"JEFA"_s);
+}
+
+#endif
 
 } // namespace

@@ -158,7 +158,8 @@ TEST_F(PrintOut, TheAnnexGivesEveryVoucherItsLineAndEveryFurtherPaymentVoucherIt
         for (int i = 0; i < 20'000; ++i)
             taller.Pago(kRuc, u"de otro"_s, QString::number(i));
     });
-    taller.base->Ejecuta(u"UPDATE F518PDETCP SET rowid = rowid + 100000 WHERE num_cp <> 'de otro'"_s);
+    const QString numero = taller.base->NumeroDeFila(u"F518PDETCP"_s).section(u'.', 1);
+    taller.base->Ejecuta(u"UPDATE F518PDETCP SET %1 = %1 + 100000 WHERE num_cp <> 'de otro'"_s.arg(numero));
     ImprimeAnexo();
     EXPECT_EQ(Cuerpo(), cuerpo);
 }

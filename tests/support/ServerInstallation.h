@@ -5,8 +5,8 @@
 
 namespace xa518::prueba {
 
-/// Where an installation has its base: in its folder, or in an empty database of the tests' server, of which the profile
-/// file tells before there is anything.
+/// Where an installation has its base: in its folder, or in an empty database of the tests' server, of which the
+/// profile file tells before there is anything.
 class LugarDeInstalacion {
   public:
     LugarDeInstalacion(const ArchivoPerfil& perfil, const QString& carpeta)

@@ -65,9 +65,12 @@ void BaseTemporal::Agrega(const QString& tabla, QMap<QString, QVariant> valores)
 QStringList BaseTemporal::Filas(const QString& sql, const QVariantList& valores) const {
     QStringList filas;
     Registros registros = m_base->Lee(sql, valores);
+    // On the server the last column of a whole row only numbers it.
+    const bool conNumero = HayServidorDePrueba() && sql.trimmed().startsWith(u"SELECT * "_s);
+    const int columnas = registros.Columnas() - (conNumero ? 1 : 0);
     while (registros.Siguiente()) {
         QStringList campos;
-        for (int i = 0; i < registros.Columnas(); ++i)
+        for (int i = 0; i < columnas; ++i)
             campos.append(registros.EsNulo(i) ? u"<null>"_s : registros.Texto(i));
         filas.append(campos.join(u'|'));
     }
@@ -94,9 +97,10 @@ void AgregaCabecera(Base& base, const QString& ruc, const QString& periodo, int 
 QString Retrato(Base& base) {
     QString retrato;
     for (const QString& tabla : kTablas) {
+        const auto columnas = static_cast<int>(base.Describe(tabla).columnas.size());
         Registros filas = base.Lee(u"SELECT * FROM %1 ORDER BY %2"_s.arg(tabla, base.NumeroDeFila(tabla)));
         while (filas.Siguiente()) {
-            for (int i = 0; i < filas.Columnas(); ++i)
+            for (int i = 0; i < columnas; ++i)
                 retrato += filas.Texto(i) + u'|';
             retrato += u'\n';
         }

@@ -18,6 +18,8 @@ class BaseTemporal {
 
     [[nodiscard]] Base& operator*() const { return *m_base; }
     [[nodiscard]] Base* operator->() const { return m_base.get(); }
+    /// Lets go of the file, which Windows lets nobody replace or take away while it is open.
+    void Cierra() { m_base.reset(); }
     [[nodiscard]] QString Carpeta() const { return m_carpeta.path(); }
     /// The file, or the text of the connection.
     [[nodiscard]] QString Ruta() const { return m_enServidor ? m_enServidor->Texto() : Archivo(); }

@@ -39,8 +39,8 @@ inline void EscribeEn(const QString& ruta, const QByteArray& bytes) {
     return bytes;
 }
 
-/// What nobody but the owner may do with a private file. On Windows a file has what its folder has, and the folders of
-/// a person are private.
+/// What nobody but the owner may do with a private file. On Windows a log or a report has what its folder has, which is
+/// private.
 #ifdef Q_OS_WIN
 inline constexpr QFile::Permissions kDeOtros{};
 #else

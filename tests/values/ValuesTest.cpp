@@ -5,7 +5,9 @@
 #include "values/Format.h"
 #include "values/Text.h"
 
-#ifndef Q_OS_WIN
+#ifdef Q_OS_WIN
+#include <qt_windows.h>
+#else
 #include <unistd.h>
 #endif
 
@@ -167,7 +169,24 @@ TEST(FileFailure, NamesWhatIsMissing) {
     }
 }
 
-#ifndef Q_OS_WIN
+#ifdef Q_OS_WIN
+
+TEST(FileFailure, NamesAnotherProgramButNotThisOne) {
+    const QTemporaryDir lugar;
+    QFile archivo(lugar.filePath(u"archivo"_s));
+    ASSERT_TRUE(archivo.open(QIODevice::WriteOnly));
+    EXPECT_EQ(FallaDeArchivo(Intento::Escribir, archivo.fileName()).Texto(),
+              u"No se puede escribir el archivo '%1'."_s.arg(archivo.fileName()));
+    archivo.close();
+    const std::wstring nombre = archivo.fileName().toStdWString();
+    const HANDLE ajeno = CreateFileW(nombre.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    for (const auto& [intento, verbo] : {std::pair(Intento::Leer, u"leer"_s), {Intento::Escribir, u"escribir"_s}})
+        EXPECT_EQ(FallaDeArchivo(intento, archivo.fileName()).Texto(),
+                  u"No se puede %1 el archivo '%2': otro programa lo tiene abierto."_s.arg(verbo, archivo.fileName()));
+    CloseHandle(ajeno);
+}
+
+#else
 
 /// Whoever runs the tests: to the superuser nothing is forbidden.
 TEST(FileFailure, NamesWhatIsForbidden) {

@@ -8,9 +8,11 @@
 #include "widgets/StatusBar.h"
 
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPainter>
+#include <QPalette>
 #include <QPushButton>
 #include <QTest>
 #include <QTextDocument>
@@ -67,6 +69,13 @@ TEST(ApplicationTest, AFailureShowsUnderTheFormsCaptionAndTheFormGoesOn) {
         });
         EXPECT_EQ(forma.exec(), QDialog::Accepted);
     }
+}
+
+/// On Windows they travel in the program.
+TEST(ApplicationTest, TheToolkitsOwnTextsAreSpanish) {
+    const QDialogButtonBox botones(QDialogButtonBox::Cancel | QDialogButtonBox::Yes);
+    EXPECT_EQ(botones.button(QDialogButtonBox::Cancel)->text().remove(u'&'), u"Cancelar"_s);
+    EXPECT_EQ(botones.button(QDialogButtonBox::Yes)->text().remove(u'&'), u"Sí"_s);
 }
 
 /// A window that can't be painted fails again under each box that tells so.
@@ -161,6 +170,15 @@ TEST(NoticeBoxesTest, AQuestionIsAnsweredByItsButtonsOnly) {
 }
 
 /// The sign for what doesn't fit in a bar comes late, and is the desktop's own.
+/// Whatever the desktop thinks of it: otherwise Modificar and Eliminar act on a row that can't be told from the others.
+TEST(ApplicationTest, AMarkedRowShowsWhereverTheKeyboardIs) {
+    QPalette delEscritorio(Qt::lightGray);
+    delEscritorio.setColor(QPalette::Active, QPalette::Highlight, Qt::darkBlue);
+    delEscritorio.setColor(QPalette::Inactive, QPalette::Highlight, Qt::lightGray);
+    QApplication::style()->polish(delEscritorio);
+    EXPECT_EQ(delEscritorio.color(QPalette::Inactive, QPalette::Highlight), QColor(Qt::darkBlue));
+}
+
 TEST(ApplicationTest, ABarThatIsTooShortSaysSoAsTheDesktopDoes) {
     const QStyle* estilo = QApplication::style();
     const auto* deLaCasa = qobject_cast<const EstiloDeLaCasa*>(estilo);

@@ -70,7 +70,7 @@ CREATE OR REPLACE FUNCTION dialecto.val(bigint) RETURNS numeric LANGUAGE sql IMM
     'SELECT $1::pg_catalog.numeric';
 
 CREATE OR REPLACE FUNCTION dialecto.por(text, integer) RETURNS numeric LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
-    'SELECT dialecto.val($1) OPERATOR(pg_catalog.*) $2';
+    'SELECT pg_catalog.trim_scale(dialecto.val($1) OPERATOR(pg_catalog.*) $2)';
 CREATE OR REPLACE FUNCTION dialecto.une(text, text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
     'SELECT coalesce($1, '''') OPERATOR(pg_catalog.||) coalesce($2, '''')';
 

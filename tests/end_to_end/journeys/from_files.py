@@ -41,7 +41,7 @@ def starts_import(screen, sample):
     screen.keys("alt+o")
     screen.opens(IMPORT)
     screen.keys("alt+c", "ctrl+a")
-    screen.fills(str(sample))
+    screen.fills(screen.path(sample))
     screen.keys("alt+a")
 
 
@@ -61,7 +61,7 @@ def imports(screen, sample):
 
 
 def journey(screen):
-    sample = screen.folder / "xa/EJEMPLO"
+    sample = screen.data / "EJEMPLO"
     lines, sales = as_last_month(sample, ""), as_last_month(sample, "VC")
     starts_module(screen)
     opens_new(screen, name_of(LAST))

@@ -21,9 +21,9 @@ def keeps_it_as_pdf(screen):
     screen.shows("select CodRep, Archivo from SPOOL", ("PER006", "00000001.PRN"))
     screen.keys("ctrl+s")
     screen.opens(KEEP)
-    paper = screen.folder / "month.pdf"
+    paper = screen.data.parent / "month.pdf"
     screen.keys("ctrl+a")
-    screen.fills(str(paper))
+    screen.fills(screen.path(paper))
     screen.answers(PREVIEW)  # where it lies, and its pages
     screen.closes()
     screen.until(lambda: paper.exists() and b"/Count 4" in paper.read_bytes(), "a document of four pages")
@@ -55,9 +55,9 @@ def is_deleted(screen):
     screen.closes()
 
 
-def journey(screen, programs):
-    screen.runs(f"{programs}/xa518-lote", "declarar", "--ruc", RUC, "--periodo", PERIOD, "--percepciones",
-                screen.folder / "xa/EJEMPLO", "--efectivo", "--hoy", "15/11/2026")
+def journey(screen):
+    screen.runs("xa518-lote", "declarar", "--ruc", RUC, "--periodo", PERIOD, "--percepciones",
+                screen.data / "EJEMPLO", "--efectivo", "--hoy", "15/11/2026")
     starts_module(screen)
     keeps_it_as_pdf(screen)
     is_shown_by_launcher(screen)
@@ -67,4 +67,4 @@ def journey(screen, programs):
 
 if __name__ == "__main__":
     with Screen(sys.argv[1]) as screen:
-        journey(screen, sys.argv[1])
+        journey(screen)

@@ -10,16 +10,16 @@ FAULTS = 2026 * 12 + 10
 
 
 def journey(screen):
-    lines = as_last_month(screen.folder / "xa/EJEMPLO", "", FAULTS)
+    lines = as_last_month(screen.data / "EJEMPLO", "", FAULTS)
     starts_module(screen)
     opens_new(screen, name_of(LAST))
-    starts_import(screen, screen.folder / "xa/EJEMPLO")
+    starts_import(screen, screen.data / "EJEMPLO")
     screen.answers("Confirmar", "alt+s")
     screen.opens("Presentación Preliminar")
     screen.shows("select CodRep from SPOOL", "PER005")
     screen.keys("Escape")
     screen.closes()
-    kept = sorted((screen.folder / "xa").glob(f"RPT0518{RUC}*"))
+    kept = sorted(screen.data.glob(f"RPT0518{RUC}*"))
     assert [path.suffix.lower() for path in kept] == [".err", ".log"], kept
     refused = kept[1].read_text(encoding="utf-8").splitlines()
     assert len(kept[0].read_text(encoding="utf-8").splitlines()) == len(refused) > 12

@@ -13,9 +13,13 @@ import subprocess
 import tempfile
 import time
 
+from keyboard import Keyboard
+from systems import system
+
 LAUNCHER = "Consola Orvel de Presentaciones"
 MODULE = "0518 Agentes de Percepción Ventas Internas - v 1.5"
 DECLARATION = "0518 Agentes de Percepción Ventas Internas v1.5"
+BASE = "XA000.DB"
 
 PATIENCE = 30.0
 GLANCE = 0.02
@@ -30,19 +34,15 @@ class Screen:
 
     def __init__(self, programs, environment=None, folder=None, whose=""):
         self._whose = whose  # of several screens
-        self._programs = pathlib.Path(programs)
         self._running = []
+        self._keyboard = None
         self._stack = []  # the windows in front of one another, the active one last
         self.folder = pathlib.Path(folder or tempfile.mkdtemp(prefix="journey"))
         self.folder.mkdir(0o700, exist_ok=folder is None)
-        self._environment = dict(
-            os.environ,
-            XDG_CONFIG_HOME=str(self.folder / "config"),
-            XDG_RUNTIME_DIR=str(self.folder),
-            QT_QPA_PLATFORM="xcb",
-            LC_ALL="C.UTF-8",
-            **(environment or {}),
-        )
+        self._system = system(programs, self.folder)
+        self.data = self._system.data
+        self.loses_keyboard = self._system.loses_keyboard
+        self._environment = os.environ | self._system.environment | (environment or {})
 
     def __enter__(self):
         try:
@@ -56,7 +56,9 @@ class Screen:
         return self
 
     def _installs(self):
-        self.runs(self._programs / "consola", "--instalar", "--carpeta", self.folder / "xa", "--ejemplo")
+        self.runs("consola", "--instalar", "--carpeta", self.data, "--ejemplo")
+        if not (self.data / BASE).exists():
+            raise Lost("the installation made no base")
 
     def __exit__(self, kind, fault, trace):
         if kind:
@@ -74,12 +76,14 @@ class Screen:
         os.close(writer)
         with os.fdopen(reader) as number:
             self._environment["DISPLAY"] = ":" + number.readline().strip()
+        self._keyboard = Keyboard(self._environment["DISPLAY"])
 
     def _start(self, *command, **how):
         arguments = [str(word) for word in command]
         self._running.append(subprocess.Popen(arguments, env=self._environment, start_new_session=True, **how))
 
     def _end(self):
+        self._system.ends()
         for process in reversed(self._running):  # the server last; with it ends the module, which the launcher started
             try:
                 os.killpg(process.pid, signal.SIGKILL)
@@ -88,12 +92,17 @@ class Screen:
             process.wait()
         shutil.rmtree(self.folder, ignore_errors=True)
 
-    def runs(self, *command):
+    def runs(self, program, *arguments):
         """A program without a window, to its end, which may be that it refused some lines."""
-        arguments = [str(word) for word in command]
-        done = subprocess.run(arguments, env=self._environment, stdout=subprocess.DEVNULL, check=False)
+        told = [self.path(word) if isinstance(word, pathlib.Path) else word for word in arguments]
+        done = subprocess.run(self._system.command(program) + told, env=self._environment, stdout=subprocess.DEVNULL,
+                              check=False)
         if done.returncode > 1:
-            raise Lost(f"{arguments} ended with {done.returncode}")
+            raise Lost(f"{program} {told} ended with {done.returncode}")
+
+    def path(self, path):
+        """How a person names a file to the programs."""
+        return self._system.path(path)
 
     def _ask(self, *command):
         arguments = [str(word) for word in command]
@@ -116,7 +125,7 @@ class Screen:
         return self._ask("xdotool", "getactivewindow", "getwindowname").strip()
 
     def launch(self, program):
-        self._start(self._programs / program)
+        self._start(*self._system.command(program))
 
     def ends(self, code=0):
         """Waits until the program that was launched last, whose window is in front, has ended with that code."""
@@ -141,7 +150,12 @@ class Screen:
     def closes(self, windows=1):
         """Waits until the window in front has gone and the one behind it has the keyboard again."""
         del self._stack[-windows:]
-        self.until(lambda: self.active() == self._stack[-1], "the window behind")
+        self.until(self._is_behind, "the window behind")
+
+    def _is_behind(self):
+        if self.loses_keyboard and not self.title():
+            self._ask("xdotool", "windowactivate", self._stack[-1])
+        return self.active() == self._stack[-1]
 
     def answers(self, title, key="Return"):
         """A message box above the form with that title: waits for it, presses that button, waits until it has gone. The
@@ -153,7 +167,7 @@ class Screen:
 
     def switches(self, title):
         """Goes over to the other program."""
-        self.keys("alt+Tab")
+        self._ask("xdotool", "keydown", "alt", "key", "Tab", "sleep", "0.1", "keyup", "alt")
         self.comes_back(title)
 
     def comes_back(self, title):
@@ -164,7 +178,7 @@ class Screen:
     # Keys and mouse
 
     def keys(self, *names):
-        self._ask("xdotool", "key", "--delay", "2", *names)
+        self._keyboard.presses(*names)
 
     def holds(self, name):
         """One key, until it has come several times over."""
@@ -205,7 +219,7 @@ class Screen:
     # What came of it
 
     def rows(self, question, *values):
-        with sqlite3.connect(f"file:{self.folder}/xa/XA000.DB?mode=ro", uri=True) as base:
+        with sqlite3.connect(f"{(self.data / BASE).as_uri()}?mode=ro", uri=True) as base:
             return base.execute(question, values).fetchall()
 
     def shows(self, question, *wanted):

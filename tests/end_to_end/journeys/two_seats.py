@@ -34,12 +34,9 @@ class Seat(Screen):
     def _installs(self):
         profile = self.folder / "config" / "XA000.INI"
         profile.parent.mkdir()
-        profile.write_text(f"[Options]\nSysPath={self.folder}/xa/\nDBName={SERVER} dbname={BASE}\n"
+        profile.write_text(f"[Options]\nSysPath={self.data}/\nDBName={SERVER} dbname={BASE}\n"
                            f"SysUser={self._user}\n", encoding="utf-8")
-        self.runs(self._programs / "consola", "--instalar", "--carpeta", self.folder / "xa")
-
-    def adds(self, *declarant):
-        self.runs(self._programs / "consola", *declarant)
+        self.runs("consola", "--instalar", "--carpeta", self.data)
 
     def rows(self, question, *values):
         return asks(f"SET search_path = familia, pg_catalog; {question}", BASE)
@@ -48,9 +45,9 @@ class Seat(Screen):
 def prepares(ana, eva):
     """Each has a company of her own, and both may see all."""
     asks("INSERT INTO familia.claves VALUES ('ANA', '0'), ('EVA', '0') ON CONFLICT DO NOTHING", BASE)
-    ana.adds("--instalar", "--carpeta", ana.folder / "xa", "--ejemplo")
-    eva.adds("--declarante", OTHER_RUC, "--nombre", "BODEGA RIO SECO")
-    files = ana.folder / "xa/EJEMPLO"
+    ana.runs("consola", "--instalar", "--carpeta", ana.data, "--ejemplo")
+    eva.runs("consola", "--declarante", OTHER_RUC, "--nombre", "BODEGA RIO SECO")
+    files = ana.data / "EJEMPLO"
     lines = as_last_month(files, "")
     theirs = eva.folder / "files"
     theirs.mkdir()

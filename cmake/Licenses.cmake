@@ -1,0 +1,46 @@
+# What others have made and the programs use: a page in Spanish, and the licences' texts that it leads to, as this system's
+# packages bring them. They lie beside the programs, and the box about the module shows them.
+set(XA518_DOCUMENTS /usr/share/doc CACHE PATH "Where packages keep their documents, their licences among them")
+set(XA518_COMMON_LICENSES /usr/share/common-licenses CACHE PATH "Where the system keeps the licences that many share")
+set(licencias "${CMAKE_BINARY_DIR}/bin/licencias")
+
+# licence(NAME TEXT): a system that lacks a text builds all the same; a package of it is refused by scripts/windows and
+# scripts/check-package.
+function(licence name text)
+  if(EXISTS "${text}")
+    file(REAL_PATH "${text}" text)
+    configure_file("${text}" "${licencias}/${name}.txt" COPYONLY)
+  else()
+    message(WARNING "The licence of ${name} is missing: ${text}")
+  endif()
+endfunction()
+
+licence(GPL-2 "${XA518_COMMON_LICENSES}/GPL-2")
+licence(GPL-3 "${XA518_COMMON_LICENSES}/GPL-3")
+licence(LGPL-3 "${XA518_COMMON_LICENSES}/LGPL-3")
+licence(Qt "${XA518_DOCUMENTS}/libqt6core6/copyright")
+licence(zlib "${XA518_DOCUMENTS}/zlib1g/copyright")
+licence(SQLite "${XA518_DOCUMENTS}/libsqlite3-0/copyright")
+licence(libsodium "${XA518_DOCUMENTS}/libsodium23/copyright")
+licence(libpq "${XA518_DOCUMENTS}/libpq5/copyright")
+licence(Liberation "${XA518_DOCUMENTS}/fonts-liberation/copyright")
+licence(fast-cpp-csv-parser "${XA518_DOCUMENTS}/libfccp-dev/copyright")
+
+file(READ packaging/licenses/licencias.md.in pagina)
+set(pages packaging/licenses/licencias.md.in)
+if(WIN32)
+  licence(GCC "${XA518_DOCUMENTS}/gcc-mingw-w64-base/copyright")
+  licence(Qt-textos "${XA518_DOCUMENTS}/qt6-translations-l10n/copyright")
+  licence(mingw-w64 "${XA518_DOCUMENTS}/mingw-w64-x86-64-dev/copyright")
+  file(READ packaging/licenses/licencias_windows.md.in de_windows)
+  string(APPEND pagina "${de_windows}")
+  list(APPEND pages packaging/licenses/licencias_windows.md.in)
+  configure_file(scripts/windows-libraries "${licencias}/bibliotecas.sh" COPYONLY)
+else()
+  licence(GCC "${XA518_DOCUMENTS}/libstdc++6/copyright")
+endif()
+file(CONFIGURE OUTPUT "${licencias}/licencias.md" CONTENT "${pagina}" @ONLY)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${pages})
+
+install(DIRECTORY "${licencias}" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+install(FILES docs/novedades.md DESTINATION "${CMAKE_INSTALL_DOCDIR}")

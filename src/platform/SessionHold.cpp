@@ -1,0 +1,7 @@
+#include "platform/SessionHold.h"
+
+namespace xa518 {
+
+void MotivoDeEspera(Manejador /*ventana*/, const QString& /*motivo*/) {}
+
+} // namespace xa518
