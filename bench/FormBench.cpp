@@ -63,7 +63,7 @@ Medida MideConVentanas(const Detalle& detalle, void (*trabajo)(const QString& ru
         static char nombre[] = "form_bench";
         static char* argv[] = {nombre, nullptr};
         const auto aplicacion = std::make_shared<QApplication>(argc, argv);
-        const auto taller = std::make_shared<Taller>(detalle);
+        const auto taller = std::make_shared<TallerGuardado>(detalle);
         Graba(*taller->base);
         return [aplicacion, taller, trabajo] { trabajo(taller->base.Ruta()); };
     });

@@ -103,7 +103,7 @@ class Ventanas {
   private:
     EntornoInformes Informes() { return EntornoDeInformes(m_proceso, m_avisos, m_archivos); }
 
-    Taller m_taller;
+    TallerGuardado m_taller;
     RelojFijo m_reloj{QDateTime(QDate(2026, 11, 1), QTime(9, 0))};
     Proceso m_proceso{m_reloj, {Formulario0518()}, kNumFormulario};
     Callado m_avisos;

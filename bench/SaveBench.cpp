@@ -85,21 +85,21 @@ class Suelo {
 
 Medida MideSuelo(const Detalle& detalle) {
     return Mide([&] {
-        const auto taller = std::make_shared<Taller>(detalle);
+        const auto taller = std::make_shared<TallerGuardado>(detalle);
         return [taller] { Suelo(taller->base.Ruta()).Corre(); };
     });
 }
 
 Medida MideGrabacion(const Detalle& detalle) {
     return Mide([&] {
-        const auto taller = std::make_shared<Taller>(detalle);
+        const auto taller = std::make_shared<TallerGuardado>(detalle);
         return [taller] { Graba(*taller->base); };
     });
 }
 
 Medida MideApertura(const Detalle& detalle) {
     return Mide([&] {
-        const auto taller = std::make_shared<Taller>(detalle);
+        const auto taller = std::make_shared<TallerGuardado>(detalle);
         Graba(*taller->base);
         return [taller] { Abre(*taller->base); };
     });

@@ -33,7 +33,7 @@ void LlenaTrabajo(Base& base, const Detalle& detalle) {
 
 } // namespace
 
-Taller::Taller(const Detalle& detalle) {
+TallerGuardado::TallerGuardado(const Detalle& detalle) {
     base.Param(u"044"_s, u"6"_s, prueba::Funcion({{32, u"RUC"_s}, {46, u"11"_s}}));
     LlenaTrabajo(*base, detalle);
 }

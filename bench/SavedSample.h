@@ -16,8 +16,8 @@ struct Detalle {
 };
 
 /// A base whose work tables hold a declaration of that size.
-struct Taller {
-    explicit Taller(const Detalle& detalle);
+struct TallerGuardado {
+    explicit TallerGuardado(const Detalle& detalle);
     prueba::BaseTemporal base;
 };
 

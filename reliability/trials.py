@@ -47,12 +47,22 @@ class Installation:
                             "QT_QPA_PLATFORM": "offscreen", "LC_ALL": "C.UTF-8", "TZ": "UTC"}
         (folder / "config").mkdir()
         self.part, self.big = folder / "part", folder / "big"
-        self.must(self.console("--instalar", "--carpeta", self.folder, "--ejemplo"))
+        self.installs()
         self.write_files()
         self.must(self.batch("declarar", PERIOD, self.part, "--efectivo"))
         self.must(self.batch("importar", PERIOD, SAMPLE), (0, 1))  # the part is there already: its lines are refused
+        self.keeps()
+
+    def installs(self):
+        self.must(self.console("--instalar", "--carpeta", self.folder, "--ejemplo"))
+
+    def keeps(self):
+        """What each attempt begins with."""
         self.kept = self.base.read_bytes()
         self.old = self.saved()
+
+    def end(self):
+        """Nothing but files is left, which go with their folder."""
 
     def write_files(self):
         """A month's first lines, and a month of several batches."""
@@ -375,33 +385,44 @@ def monkey(place, window, seconds, seed, forms):
     return f"{steps} steps", f"no crash; {len(met & set(forms.split()))} of {len(forms.split())} forms met, base sound"
 
 
-def main(build, seconds, seed, moments, wanted, wine):
-    trials = [("Killed in a save", lambda p: killed(p, p.save))] if wine else [
-        ("Killed in a save", lambda p: killed(p, p.save)),
-        ("Killed in a delete", lambda p: killed(p, p.delete)),
-        ("Killed in an import", import_killed),
-        ("Disk fails at one change of a save", lambda p: disk_full(p, "una")),
-        ("Disk full from a change of a save on", lambda p: disk_full(p, "lleno")),
-        ("Disk fails at one change of a print-out", disk_fails_a_print_out),
-        ("Base locked by another program", locked),
-        ("Base read-only", read_only),
-        ("Base or workgroup file removed", removed),
-        ("Base damaged", lambda p: corrupted(p, seed)),
-        (f"Two programs and the launcher, {seconds} s", lambda p: shared(p, seconds)),
-        (f"Random keys and clicks, module, {seconds} s", lambda p: monkey(p, "Module", seconds, seed, MODULE_FORMS)),
-        (f"Random keys and clicks, launcher, {seconds} s", lambda p: monkey(p, "Launcher", seconds, seed, LAUNCHER_FORMS)),
+def all_of(seconds, seed):
+    """Name, how many of the moments wanted are enough for it, as a part of them, and what is tried."""
+    return [
+        ("Killed in a save", 1, lambda p: killed(p, p.save)),
+        ("Killed in a delete", 1, lambda p: killed(p, p.delete)),
+        ("Killed in an import", 1, import_killed),
+        ("Disk fails at one change of a save", 1, lambda p: disk_full(p, "una")),
+        ("Disk full from a change of a save on", 1, lambda p: disk_full(p, "lleno")),
+        ("Disk fails at one change of a print-out", 1, disk_fails_a_print_out),
+        ("Base locked by another program", 1, locked),
+        ("Base read-only", 1, read_only),
+        ("Base or workgroup file removed", 1, removed),
+        ("Base damaged", 1, lambda p: corrupted(p, seed)),
+        (f"Two programs and the launcher, {seconds} s", 1, lambda p: shared(p, seconds)),
+        (f"Random keys and clicks, module, {seconds} s", 1, lambda p: monkey(p, "Module", seconds, seed, MODULE_FORMS)),
+        (f"Random keys and clicks, launcher, {seconds} s", 1,
+         lambda p: monkey(p, "Launcher", seconds, seed, LAUNCHER_FORMS)),
     ]
+
+
+def tries(kind, build, moments, trials, wanted):
+    """Runs those trials whose names have a wanted part, all in one installation of that kind, and prints a row for
+    each; false when one of them found a fault."""
+    chosen = [trial for trial in trials if any(part.lower() in trial[0].lower() for part in wanted or [""])]
+    if not chosen:
+        return True
     sound = True
-    print("| trial | how often | what was seen |\n|---|---|---|")
     with tempfile.TemporaryDirectory() as folder:
         os.chmod(folder, 0o755)
-        place = (UnderWine if wine else Installation)(build, Path(folder), moments)
-        for name, trial in trials:
-            if not any(part.lower() in name.lower() for part in wanted or [""]):
-                continue
-            try:
-                count, result = trial(place)
-            except Fault as fault:
-                sound, count, result = False, "", f"FAULT: {fault}"
-            print(f"| {name} | {count} | {result} |", flush=True)
+        place = kind(build, Path(folder), moments)
+        try:
+            for name, part, trial in chosen:
+                place.moments = max(moments // part, 2)
+                try:
+                    count, result = trial(place)
+                except Fault as fault:
+                    sound, count, result = False, "", f"FAULT: {fault}"
+                print(f"| {name} | {count} | {result} |", flush=True)
+        finally:
+            place.end()
     return sound

@@ -96,6 +96,9 @@ void MotorPostgres::Abre(const LugarDeBase& lugar, ModoApertura modo) {
     parametros.insert(u"options"_s, (AtencionDelServidor() + u' ' + parametros.value(u"options"_s)).trimmed());
     for (const auto& [clave, valor] : {std::pair{u"connect_timeout"_s, u"10"_s},
                                        {u"tcp_user_timeout"_s, u"30000"_s},
+                                       {u"keepalives_idle"_s, u"30"_s}, // an answer that is waited for on a dead wire
+                                       {u"keepalives_interval"_s, u"10"_s},
+                                       {u"keepalives_count"_s, u"3"_s},
                                        {u"application_name"_s, QCoreApplication::applicationName()}}) {
         if (!parametros.contains(clave))
             parametros.insert(clave, valor);
@@ -139,6 +142,8 @@ void MotorPostgres::AcabaCon(const SesionDelServidor& anterior) const {
 
 void MotorPostgres::ExigeServidor() const {
     const int version = PQserverVersion(Manija());
+    if (EstaPerdida() || version == 0) // a server that ended right after it was reached tells none
+        throw ConexionPerdida(QString::fromUtf8(PQerrorMessage(Manija())).trimmed());
     if (version < kPrimeraVersion)
         throw ErrorDeServidor(
             FallaDeServidor::Antiguo,

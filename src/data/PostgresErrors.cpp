@@ -37,10 +37,14 @@ const QHash<QString, Conocido>& Conocidos() {
         {u"55P03"_s, {NumeroError::BaseBloqueada, ocupada}},
         {u"40001"_s, {NumeroError::Conflicto, ocupada}},
         {u"40P01"_s, {NumeroError::Conflicto, ocupada}},
-        {u"57014"_s, {NumeroError::BaseBloqueada, u"El servidor interrumpió la operación."_s}},
-        {u"53300"_s, {NumeroError::BaseBloqueada, u"El servidor no admite más conexiones."_s}},
-        {u"53100"_s, {NumeroError::AccesoAlDisco, u"El disco del servidor está lleno."_s}},
-        {u"58030"_s, {NumeroError::AccesoAlDisco, u"El disco del servidor falló."_s}},
+        {u"57014"_s, {NumeroError::BaseBloqueada, u"El servidor interrumpió la operación: vuelva a intentarlo."_s}},
+        {u"53300"_s,
+         {NumeroError::BaseBloqueada,
+          u"El servidor no admite más conexiones: espere a que termine otro puesto y vuelva a intentarlo."_s}},
+        {u"53100"_s,
+         {NumeroError::AccesoAlDisco,
+          u"El disco del servidor está lleno: libere espacio en él y vuelva a intentarlo."_s}},
+        {u"58030"_s, {NumeroError::AccesoAlDisco, u"El disco del servidor falló: avise a quien lo administra."_s}},
         {u"22003"_s, {NumeroError::Desbordamiento, Desbordamiento().Texto()}},
     };
     return conocidos;
@@ -80,7 +84,8 @@ Conexion Intenta(const Parametros& parametros) {
 /// The five characters before the first colon behind the severity: "FATAL:  28P01: ...".
 QString EstadoEn(const QString& motor) {
     for (const QString& palabra : motor.split(u' ', Qt::SkipEmptyParts)) {
-        const bool esEstado = palabra.size() == 6 && palabra.endsWith(u':') && palabra.front().isDigit();
+        const bool esEstado =
+            palabra.size() == 6 && palabra.endsWith(u':') && (palabra.front().isDigit() || palabra.startsWith("XX"_L1));
         if (esEstado)
             return palabra.chopped(1);
     }
@@ -179,6 +184,11 @@ ErrorDeServidor FallaAlConectar(const Parametros& parametros) {
             FallaDeServidor::Cuenta,
             u"El servidor no admite al usuario '%1' o su contraseña: revise el usuario en XA000.INI y la contraseña en"
             " el archivo .pgpass."_s.arg(usuario),
+            motor};
+    if (estado.startsWith("XX"_L1)) // without room to write down what it has read
+        return {
+            FallaDeServidor::Puerto,
+            u"El servidor falló al recibir la conexión: revise que su disco tenga espacio, y su registro de sucesos."_s,
             motor};
     if (!estado.isEmpty())
         return {FallaDeServidor::Puerto,

@@ -28,11 +28,12 @@ void AbreVacia(Base& base, const QString& tabla) {
     const Registros vacia = base.Lee(u"SELECT * FROM %1 WHERE doc_id_d='0'"_s.arg(tabla));
 }
 
-/// How many vouchers each client has, as what the clients are joined with. Its number may be written in several ways.
-QString CuentasPorCliente() {
+/// How many vouchers the client of the row A has. Its number may be written in several ways; each count is found by the
+/// vouchers' key, which counts that were taken beforehand don't have.
+QString CuentaDeComprobantes() {
     using enum DatoComprobante;
-    return u"LEFT JOIN (SELECT min(%1) AS %1, min(%2) AS %2, count(*) AS cont FROM TMPF518PDET GROUP BY %1, %2) AS C"
-           " ON C.%1 = A.%1 AND C.%2 = A.%2"_s.arg(ColumnaDe(TipoDoc), ColumnaDe(NumDoc));
+    return u"(SELECT count(*) FROM %1 AS C WHERE C.%2 = A.%2 AND C.%3 = A.%3)"_s.arg(
+        kComprobantesDeTrabajo, ColumnaDe(TipoDoc), ColumnaDe(NumDoc));
 }
 
 /// A company keeps its name, a person the three parts; the other columns stay null. The count of vouchers is taken
@@ -51,11 +52,10 @@ void GrabaClientes(Base& base, const ClaveDeclaracion& clave) {
     copia(Razon, u"CASE WHEN "_s + esEmpresa + u" THEN %1 END"_s);
     for (const DatoCliente dato : {ApellidoP, ApellidoM, Nombres})
         copia(dato, u"CASE WHEN NOT "_s + esEmpresa + u" THEN %1 END"_s);
-    datos.append({ColumnaDe(CtdDocs), u"coalesce(C.cont, 0)"_s});
+    datos.append({ColumnaDe(CtdDocs), CuentaDeComprobantes()});
     datos.append({ColumnaDe(IndRuc), u"1"_s});
     const ConsultaDeLista clientes = SqlClientes();
-    const QString desde = u"%1 %2 WHERE %3 ORDER BY %4"_s.arg(clientes.desde, CuentasPorCliente(), clientes.vinculo,
-                                                              base.NumeroDeFila(u"A"_s));
+    const QString desde = u"%1 WHERE %2 ORDER BY %3"_s.arg(clientes.desde, clientes.vinculo, base.NumeroDeFila(u"A"_s));
     CopiaConChecksum(base, {tabla, datos, desde}, Formulario0518().NumericasDe(tabla));
     AbreVacia(base, tabla);
 }

@@ -35,11 +35,11 @@ def leaves(screen):
     screen.ends()
 
 
-def opens_new(screen, period=PERIOD):
-    """A new declaration of the sample company, on the page of its clients."""
+def opens_new(screen, period=PERIOD, company=1):
+    """A new declaration of the sample company, or of a later one of the list, on the page of its clients."""
     screen.keys("alt+d", "n")
     screen.opens(DECLARATION)
-    screen.picks("Down", "Return")
+    screen.picks("Down", *["Down"] * (company - 1), "Return")
     screen.types(period[4:] + period[:4])
     screen.keys("alt+p")
 

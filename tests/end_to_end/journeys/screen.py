@@ -32,7 +32,8 @@ class Lost(Exception):
 class Screen:
     """An X server, a window manager and a fresh installation with the sample company, until the block ends."""
 
-    def __init__(self, programs, environment=None, folder=None):
+    def __init__(self, programs, environment=None, folder=None, whose=""):
+        self._whose = whose  # of several screens
         self._running = []
         self._keyboard = None
         self._stack = []  # the windows in front of one another, the active one last
@@ -48,17 +49,20 @@ class Screen:
             self._start_server()
             self._start("openbox", "--sm-disable", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
             self.until(lambda: self._ask("xdotool", "get_desktop"), "the window manager")
-            self.runs("consola", "--instalar", "--carpeta", self.data, "--ejemplo")
-            if not (self.data / BASE).exists():
-                raise Lost("the installation made no base")
+            self._installs()
         except BaseException:
             self._end()
             raise
         return self
 
+    def _installs(self):
+        self.runs("consola", "--instalar", "--carpeta", self.data, "--ejemplo")
+        if not (self.data / BASE).exists():
+            raise Lost("the installation made no base")
+
     def __exit__(self, kind, fault, trace):
         if kind:
-            picture = pathlib.Path.cwd() / "journey_fault.png"
+            picture = pathlib.Path.cwd() / f"journey_fault{self._whose}.png"
             self.picture(picture, whole=True)
             print("The screen at that moment:", picture, flush=True)
         self._end()
