@@ -4,8 +4,8 @@
 #include "family/Process.h"
 #include "form518/Form0518.h"
 #include "launcher/FrmConsola.h"
-#include "reports/ShowReport.h"
 #include "platform/WorkThread.h"
+#include "reports/ShowReport.h"
 #include "support/FileDialogScript.h"
 #include "support/NoticeScript.h"
 
