@@ -80,7 +80,9 @@ void DaTrabajo(Reparto& reparto, const QStringList& soloAltas) {
     reparto.Da(u"GRANT SELECT, INSERT, UPDATE, DELETE ON ALL TABLES IN SCHEMA familia TO %1"_s.arg(kGrupoTrabajo));
     for (const QString& tabla : soloAltas)
         reparto.Da(u"REVOKE UPDATE, DELETE, TRUNCATE ON familia.%1 FROM %2"_s.arg(tabla, kGrupoTrabajo));
-    reparto.Da(u"REVOKE INSERT, UPDATE, DELETE ON familia.version_esquema FROM %1"_s.arg(kGrupoTrabajo));
+    // The seats are written by functions of the owner.
+    reparto.Da(
+        u"REVOKE INSERT, UPDATE, DELETE ON familia.version_esquema, familia.puestos FROM %1"_s.arg(kGrupoTrabajo));
     reparto.Da(u"GRANT SELECT ON ALL SEQUENCES IN SCHEMA familia TO %1"_s.arg(kGrupoTrabajo)); // to copy the base
 }
 

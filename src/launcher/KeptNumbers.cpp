@@ -44,12 +44,11 @@ CuentaDeEnvios NumerosDados(const QString& vigente, const QStringList& copias, c
 }
 
 /// Of a base that can't be read or hasn't the table, nothing; of a server as above.
-QList<Registro> FilasDe(const QString& ruta, const Tabla& tabla) {
+QList<Registro> FilasDe(const QString& ruta, const Tabla& tabla, const QString& orden) {
     QList<Registro> leidas;
     try {
         const std::unique_ptr<Base> base = Base::Abre(ruta);
-        Registros filas =
-            base->Lee(u"SELECT * FROM %1 ORDER BY %2"_s.arg(tabla.nombre, base->NumeroDeFila(tabla.nombre)));
+        Registros filas = base->Lee(u"SELECT * FROM %1 ORDER BY %2"_s.arg(tabla.nombre, orden));
         QStringList columnas;
         for (const Columna& columna : tabla.columnas)
             columnas.append(columna.nombre);
@@ -65,9 +64,9 @@ QList<Registro> FilasDe(const QString& ruta, const Tabla& tabla) {
 }
 
 /// Adds the rows of that file that the base hasn't, as their key tells.
-void Agrega(Base& base, const QString& archivo, const QString& tabla, const QStringList& clave) {
+void Agrega(Base& base, const QString& archivo, const QString& tabla, const QStringList& clave, const QString& orden) {
     const QString condicion = u"WHERE "_s + clave.join(u" = ? AND "_s) + u" = ?"_s;
-    for (const Registro& fila : FilasDe(archivo, base.Describe(tabla))) {
+    for (const Registro& fila : FilasDe(archivo, base.Describe(tabla), orden)) {
         QVariantList valores;
         for (const QString& columna : clave)
             valores.append(fila.Valor(columna));
@@ -84,8 +83,12 @@ void ConservaNumeros(const QString& nueva, const CopiasConNumeros& copias, const
     Transaccion transaccion = base->Comienza();
     for (const Formulario& formulario : formularios)
         NumerosDeEnvio(*base, formulario).Respeta(NumerosDados(copias.vigente, copias.todas, formulario));
-    Agrega(*base, ultima, u"SPOOL"_s, {u"CodRep"_s, u"Secuencia"_s});
-    Agrega(*base, ultima, u"BITACORA"_s, {u"Doc_id_d"_s, u"periodo"_s, u"Formulario"_s, u"Marca"_s});
+    const auto deAlta = [&base](const QString& tabla) { return base->NumeroDeFila(tabla); };
+    Agrega(*base, ultima, u"SPOOL"_s, {u"CodRep"_s, u"Secuencia"_s}, deAlta(u"SPOOL"_s));
+    Agrega(*base, ultima, u"BITACORA"_s, {u"Doc_id_d"_s, u"periodo"_s, u"Formulario"_s, u"Marca"_s},
+           deAlta(u"BITACORA"_s));
+    if (EsDeServidor(nueva)) // where the reports' texts lie in the base
+        Agrega(*base, ultima, u"INFORMES"_s, {u"archivo"_s, u"parte"_s}, u"archivo, parte"_s);
     transaccion.Confirma();
 }
 

@@ -196,6 +196,8 @@ TEST_F(ServerUpkeep, WhoeverWorksChangesNeitherTablesNorTheLogAndWhoeverReadsNot
         {u"CREATE TABLE familia.x (x text)"_s, false, false},
         {u"DROP TABLE cab"_s, false, false},
         {u"UPDATE version_esquema SET version = 0"_s, false, false},
+        {u"SELECT toma_puesto('ANA', 'CAJA-2', 'xa518')"_s, true, true},
+        {u"UPDATE puestos SET usuario = 'LUIS'"_s, false, false},
     };
     for (const auto& [sql, trabaja, lee] : casos) {
         EXPECT_EQ(puede(kGrupoTrabajo, sql), trabaja) << qPrintable(sql);
@@ -232,8 +234,10 @@ TEST_F(ServerUpkeep, ACopyOfTheServerTakesItsPlaceButNotWhatLeftTheHouse) {
         EXPECT_EQ(CuentaDeFilas(*puesto, u"HCAB"_s), 1);
     }
     EXPECT_EQ(Corre({u"--restaurar"_s, perfil.Ruta()}), 2) << "no copy at all";
+    Base::Abre(Servidor())->Ejecuta(u"INSERT INTO INFORMES VALUES ('A.TXT', 0, 1, 'x', 'texto')"_s);
     ASSERT_EQ(Corre(restaura), 0) << qPrintable(errores);
     EXPECT_EQ(CuentaDeFilas(*Base::Abre(Servidor()), u"HCAB"_s), 0);
+    EXPECT_EQ(CuentaDeFilas(*Base::Abre(Servidor()), u"INFORMES"_s), 1);
     ASSERT_EQ(Corre(envio), 0) << qPrintable(errores);
     EXPECT_TRUE(salida.startsWith(u"Copia enviada: 2\nNúmero de control: 10000002\n"_s)) << qPrintable(salida);
     ASSERT_EQ(Corre({u"--bitacora"_s}), 0);
