@@ -117,8 +117,9 @@ def journey(ana, eva):
     ana.keys("alt+s")
     ana.closes()
     leaves(ana)
-    eva.switches(MODULE)
+    eva.switches(DECLARATION)
     eva.keys("alt+s")
+    eva.comes_back(MODULE)
     leaves(eva)
 
 
