@@ -5,6 +5,7 @@ import os
 import shutil
 import subprocess
 import sys
+import time
 
 from from_files import LAST, RUC, as_last_month, name_of, starts_import
 from month import DECLARATION, LAUNCHER, MODULE, leaves, opens_new, starts_module
@@ -12,7 +13,7 @@ from screen import Screen
 
 SERVER = os.environ["XA518_TEST_SERVER"]
 BASE = f"viaje_{os.getpid()}"
-OTHER_RUC = "20991000004"
+OTHER_RUC = "20999000518"
 MODIFY = "Modificar Declaraciones"
 LOOKED_AT = DECLARATION + " (sin modificar)"
 
@@ -67,10 +68,20 @@ def import_together(ana, eva, files, theirs):
         seat.closes()
 
 
-def save(*seats):
-    for seat in seats:
-        seat.keys("alt+g")
-        seat.answers(DECLARATION)
+def pays(seat, amount):
+    """By cheque, on the second bank: what isn't paid can't be sent."""
+    seat.keys("alt+t", "Tab", "Tab")
+    seat.types(amount)
+    seat.keys("alt+c", "Tab", "Down", "Down", "Return")
+    seat.types("000123")
+
+
+def saves(seat, ruc):
+    """The box that tells of it has the title of the box that shows how far it has come."""
+    seat.keys("alt+g")
+    seat.shows(f"select count(*) from CAB where Doc_id_d = '{ruc}'", "1")
+    time.sleep(1)
+    seat.answers(DECLARATION)
 
 
 def journey(ana, eva):
@@ -78,7 +89,9 @@ def journey(ana, eva):
     for seat in (ana, eva):
         starts_module(seat)
     import_together(ana, eva, files, theirs)
-    save(eva, ana)
+    pays(ana, "17424")
+    saves(ana, RUC)
+    saves(eva, OTHER_RUC)
     ana.shows("select Doc_id_d, count(*) from F518PDETCP group by 1 order by 1", (RUC, str(lines)),
               (OTHER_RUC, str(lines)))
 
@@ -104,8 +117,9 @@ def journey(ana, eva):
     ana.keys("alt+s")
     ana.closes()
     leaves(ana)
-    eva.switches(MODULE)
+    eva.switches(DECLARATION)
     eva.keys("alt+s")
+    eva.comes_back(MODULE)
     leaves(eva)
 
 
