@@ -409,6 +409,8 @@ std::optional<int> MotorPostgres::EjecutaConVigia(const QString& sql, const QVar
         throw ErrorDeResultado(resultado.get());
     const int cambiadas = QByteArray(PQcmdTuples(resultado.get())).toInt();
     m_filas += cambiadas;
+    if (!Sigue()) // a quick one ends before anybody has looked
+        throw ErrorDeEstado(u"57014"_s, {});
     return cambiadas;
 }
 
