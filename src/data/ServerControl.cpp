@@ -76,8 +76,8 @@ void MandoDeServidor::Quita(const QString& base) {
     Pide(u"DROP DATABASE IF EXISTS "_s + NombreSql(base));
 }
 
-QString ConexionConBase(const QString& conexion, const QString& base) {
-    Parametros parametros = LeeConexion(conexion);
+QString ConexionConBase(const LugarDeBase& lugar, const QString& base) {
+    Parametros parametros = LeeConexion(lugar.ruta);
     parametros.insert(u"dbname"_s, base);
     return TextoDeConexion(parametros);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "data/BasePlace.h"
+
 #include <QList>
 #include <QMap>
 #include <QString>
@@ -42,8 +44,8 @@ class MandoDeServidor {
     QString m_nombrada;
 };
 
-/// The text of a connection, but to another database of the same server.
-[[nodiscard]] QString ConexionConBase(const QString& conexion, const QString& base);
+/// The text of the connection to another database of the same server.
+[[nodiscard]] QString ConexionConBase(const LugarDeBase& lugar, const QString& base);
 
 /// A name or a text as it stands in the server's SQL.
 [[nodiscard]] QString NombreSql(const QString& nombre);

@@ -33,7 +33,7 @@ BaseDePaso::BaseDePaso(const QString& conexion)
     : m_mando(std::make_unique<MandoDeServidor>(conexion, MandoDeServidor::Lugar::AlLado))
     , m_vigente(m_mando->Nombrada())
     , m_nombre(NombreDePaso(m_vigente))
-    , m_conexion(ConexionConBase(conexion, m_nombre)) {
+    , m_conexion(ConexionConBase({.ruta = conexion}, m_nombre)) {
     try {
         m_mando->Crea(m_nombre);
     } catch (const ErrorBase& error) {
