@@ -436,24 +436,21 @@ void Frm518::GrabaTodo(const std::function<void()>& despues) {
                 const TrabajoSeguido seguido(base, avance, FilasDelDetalle(base, declaracion.clave));
                 return GrabaDeclaracion(base, declaracion, conocido, suyo.SuFirma());
             },
-            [this, despues](const ResultadoGrabacion& grabacion) {
-                if (!grabacion.veredicto)
-                    return m_avisos.Muestra(
-                        grabacion.veredicto.Motivo()); // and what was typed stays, even when leaving
-                AlGrabar(grabacion);
-                if (despues)
-                    despues();
-            });
+            [this, despues](const ResultadoGrabacion& grabacion) { AlGrabar(grabacion, despues); });
     });
 }
 
-void Frm518::AlGrabar(const ResultadoGrabacion& grabacion) {
+void Frm518::AlGrabar(const ResultadoGrabacion& grabacion, const std::function<void()>& despues) {
+    if (!grabacion.veredicto) // what was typed stays, even when leaving
+        return m_avisos.Muestra(grabacion.veredicto.Motivo());
     if (EsNueva())
         m_ui->PaginaIdentificacion->CongelaClave(); // the declaration exists from here on
     for (const Mensaje& mensaje : grabacion.mensajes)
         m_avisos.Muestra(mensaje);
     m_tablas.guardado = grabacion.guardado;
     m_modificado = false;
+    if (despues)
+        despues();
 }
 
 void Frm518::RegistraOrden() {

@@ -120,7 +120,7 @@ class Frm518 : public Forma {
     /// `despues` runs when the declaration is saved, or its save was refused; not after a failure or a stop.
     void Graba(const std::function<void()>& despues = {});
     void GrabaTodo(const std::function<void()>& despues);
-    void AlGrabar(const ResultadoGrabacion& grabacion);
+    void AlGrabar(const ResultadoGrabacion& grabacion, const std::function<void()>& despues);
     void RegistraOrden();
     void Deja();
     void SueltaDatos();
