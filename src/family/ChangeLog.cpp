@@ -135,7 +135,7 @@ QString Asiento::Quien() const {
                                             cuando.toString(u"HH:mm"_s));
 }
 
-QString Asiento::Diferencias() const {
+QStringList Asiento::Cambios() const {
     const QMap<QString, QString> viejas = PorCasilla(antes);
     const QMap<QString, QString> nuevas = PorCasilla(despues);
     QStringList casillas = viejas.keys() + nuevas.keys();
@@ -146,7 +146,7 @@ QString Asiento::Diferencias() const {
         if (viejas.value(casilla) != nuevas.value(casilla))
             partes.append(u"%1: %2 → %3"_s.arg(casilla, viejas.value(casilla), nuevas.value(casilla)));
     }
-    return partes.join(u", "_s);
+    return partes;
 }
 
 QString Bitacora::Anota(const Firma& firma, const Cambio& cambio) {

@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -59,8 +60,10 @@ struct Asiento {
     [[nodiscard]] QString MomentoMostrado() const;
     /// "ANA en CAJA-2 el 22/11/2026 a las 10:42".
     [[nodiscard]] QString Quien() const;
-    /// What has changed from `antes` to `despues`, "401: 10 → 12, 402: → 3"; what stayed isn't named.
-    [[nodiscard]] QString Diferencias() const;
+    /// What has changed from `antes` to `despues`, "401: 10 → 12", "402:  → 3"; what stayed isn't named.
+    [[nodiscard]] QStringList Cambios() const;
+    /// The same in one line.
+    [[nodiscard]] QString Diferencias() const { return Cambios().join(QStringLiteral(", ")); }
 };
 
 /// Which rows are meant; what is empty doesn't count.

@@ -82,7 +82,7 @@ void PagBitacora::Filtra() {
 
 void PagBitacora::MuestraDetalle() {
     const int fila = m_ui->GrdBitacora->Fila();
-    m_ui->TxtDetalle->setPlainText(fila < 0 ? QString() : m_lista.at(fila).Diferencias().replace(u", "_s, u"\n"_s));
+    m_ui->TxtDetalle->setPlainText(fila < 0 ? QString() : m_lista.at(fila).Cambios().join(u'\n'));
 }
 
 } // namespace xa518
