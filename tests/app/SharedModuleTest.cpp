@@ -100,7 +100,7 @@ TEST_F(SharedModuleTest, TheRowsOfACrashAreOfferedAtTheNextStart) {
         " comprobantes siguen en este puesto, sin grabar.\n\n¿Desea recuperarlos?"_s.arg(kAna);
     avisos.EsperaPregunta(pregunta, Respuesta::Si);
     avisos.EsperaPregunta(u"¿El formulario ha sido modificado, desea guardar los cambios?"_s, Respuesta::No);
-    AlAbrir(u"Frm518", [this](QWidget& forma) {
+    AlAbrir(u"Frm518", [](QWidget& forma) {
         EXPECT_EQ(De<QLineEdit>(forma, "TxtRazon").text(), u"ANA  S.A."_s);
         EXPECT_EQ(De<QLineEdit>(forma, "TxtBase").text(), u"10"_s);
         Clic(forma, "CmdCancelar");
