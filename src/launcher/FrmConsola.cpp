@@ -182,7 +182,12 @@ void FrmConsola::RevisaBase() {
              {}});
 }
 
+/// Before there is an installation the module could only refuse to start: it is offered here, where it can be had.
 void FrmConsola::AbreModulo(const Formulario& formulario) {
+    if (!m_sesion.HayInstalacion())
+        OfreceInstalar();
+    if (!m_sesion.HayInstalacion())
+        return;
     if (const Veredicto veredicto = IniciaModulo(formulario.modulo, m_carpetaPrograma); !veredicto)
         m_avisos->Muestra(veredicto.Motivo());
 }

@@ -80,8 +80,9 @@ QString TextosDeInformes::Trae(const QString& carpeta, const QString& archivo) c
     const bool esta = QFileInfo::exists(ruta);
     if (esta && SumaDelArchivo(ruta) == suma)
         return archivo;
-    const QString nombre = esta ? u"S-"_s + archivo : archivo;
-    Escribe(RutaDeInforme(carpeta, nombre), archivo);
+    QString nombre = esta ? u"S-"_s + archivo : archivo;
+    QFile salida(RutaDeInforme(carpeta, nombre));
+    Escribe(salida, archivo);
     return nombre;
 }
 
@@ -95,9 +96,8 @@ QString TextosDeInformes::SumaDe(const QString& archivo) const {
     return fila.Siguiente() ? fila.Texto(0) : QString();
 }
 
-void TextosDeInformes::Escribe(const QString& ruta, const QString& archivo) const {
+void TextosDeInformes::Escribe(QFile& salida, const QString& archivo) const {
     constexpr auto kSoloDelUsuario = QFile::ReadOwner | QFile::WriteOwner;
-    QFile salida(ruta);
     if (!salida.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text, kSoloDelUsuario))
         throw FallaDeArchivo(Intento::Escribir, salida);
     Registros filas = m_base->Lee(u"SELECT texto FROM INFORMES WHERE archivo = ? ORDER BY parte"_s, {archivo});

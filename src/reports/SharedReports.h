@@ -3,6 +3,8 @@
 #include <QHash>
 #include <QString>
 
+class QFile;
+
 namespace xa518 {
 
 class Base;
@@ -25,7 +27,7 @@ class TextosDeInformes {
   private:
     [[nodiscard]] bool Hay() const;
     [[nodiscard]] QString SumaDe(const QString& archivo) const;
-    void Escribe(const QString& ruta, const QString& archivo) const;
+    void Escribe(QFile& salida, const QString& archivo) const;
 
     Base* m_base;
 };

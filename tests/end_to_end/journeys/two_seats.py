@@ -28,8 +28,8 @@ def asks(sql, base="postgres"):
 class Seat(Screen):
     """A screen whose installation has its base on the server."""
 
-    def __init__(self, programs, user):
-        super().__init__(programs, {"USER": user}, whose=f"_{user}")
+    def __init__(self, programs, user, environment=None):
+        super().__init__(programs, {"USER": user} | (environment or {}), whose=f"_{user}")
         self._user = user
 
     def _installs(self):
