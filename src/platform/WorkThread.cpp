@@ -4,6 +4,12 @@
 
 namespace xa518 {
 
+void PreparaLosHilos() {
+#ifdef __MINGW32__
+    qputenv("QT_ENABLE_REGEXP_JIT", "0");
+#endif
+}
+
 HiloDeTrabajo::HiloDeTrabajo(std::function<void()> trabajo, AlTerminar alTerminar, QObject* padre)
     : QObject(padre), m_alTerminar(std::move(alTerminar)) {
     setObjectName(kEnMarcha);

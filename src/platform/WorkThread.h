@@ -9,6 +9,11 @@
 
 namespace xa518 {
 
+/// To be called before anything is looked for by a regular expression. What the toolkit keeps in each thread for
+/// compiled ones is freed by MinGW's run-time before it is taken down at the thread's end, which now and then ended the
+/// program; interpreted ones keep nothing there. Where there is no MinGW nothing is done.
+void PreparaLosHilos();
+
 /// A piece of work in a thread of its own. It starts with the object, and its end comes to the object's thread. Who
 /// destroys the object waits for the work: it is to be told to stop before.
 class HiloDeTrabajo final : public QObject {

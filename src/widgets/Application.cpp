@@ -1,6 +1,7 @@
 #include "widgets/Application.h"
 
 #include "platform/Notices.h"
+#include "platform/WorkThread.h"
 #include "values/Error.h"
 #include "widgets/HouseStyle.h"
 #include "widgets/KeyManners.h"
@@ -57,6 +58,7 @@ bool EsPulsacionTardia(const QObject* receptor, const QEvent* evento) {
 } // namespace
 
 Aplicacion::Aplicacion(int& argc, char** argv, Avisos& avisos) : QApplication(argc, argv), m_avisos(&avisos) {
+    PreparaLosHilos();
     setStyle(new EstiloDeLaCasa); // the application owns it
     if (m_idioma.load(u"qtbase_es"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)) ||
         m_idioma.load(u":/idioma/qtbase_es.qm"_s))
