@@ -118,10 +118,10 @@ void MotorPostgres::Conecta() {
 }
 
 int MotorPostgres::Reconecta() {
-    const SesionDelServidor anterior = std::exchange(m_sesion, {});
+    const SesionDelServidor anterior = m_sesion;
     Conecta();
-    Viste();
     AcabaCon(anterior);
+    Viste();
     return anterior.pid;
 }
 
@@ -138,6 +138,10 @@ void MotorPostgres::AcabaCon(const SesionDelServidor& anterior) const {
             return;
         std::this_thread::sleep_for(kEntreMiradas);
     }
+    Conexion().close();
+    throw ErrorBase(NumeroError::BaseBloqueada,
+                    u"El servidor todavía no termina lo que se le había pedido cuando se perdió la conexión: espere un"
+                    " momento y vuelva a intentarlo."_s);
 }
 
 void MotorPostgres::ExigeServidor() const {
@@ -436,6 +440,22 @@ ResultadoPg MotorPostgres::EsperaFin() const {
 void MotorPostgres::ExigeConfirmable() const {
     if (!EstaPerdida() && PQtransactionStatus(Manija()) == PQTRANS_INERROR)
         throw ErrorBase(NumeroError::FallaDelMotor, u"La base de datos no pudo hacer lo que se le pidió."_s);
+}
+
+/// The server's own number of the transaction, given when it changes something.
+QString MotorPostgres::MarcaDeTransaccion() {
+    const ResultadoPg fila = Pide(Manija(), u"SELECT pg_catalog.pg_current_xact_id_if_assigned()"_s);
+    return QString::fromUtf8(Valor(fila.get(), 0, 0));
+}
+
+bool MotorPostgres::QuedoTransaccion(const QString& marca) {
+    if (marca.isEmpty())
+        return true;
+    const ResultadoPg fila = Pide(Manija(), u"SELECT pg_catalog.pg_xact_status('%1')"_s.arg(marca));
+    const QByteArrayView estado = Valor(fila.get(), 0, 0);
+    if (estado != "committed" && estado != "aborted")
+        throw ErrorBase(NumeroError::FallaDelMotor, u"La base de datos no pudo hacer lo que se le pidió."_s);
+    return estado == "committed";
 }
 
 bool MotorPostgres::EstaPerdida() const {
