@@ -221,9 +221,10 @@ void MotorPostgres::Instala() const {
     }
 }
 
-/// Everything that a connection needs, when it is opened and when it is opened again.
+/// Everything that a connection needs, when it is opened and when it is opened again. No query here runs long enough to
+/// be worth its compilation, which the server begins for tables that it doesn't know the size of yet.
 void MotorPostgres::Viste() {
-    Pide(Manija(), u"SET default_transaction_isolation = 'read committed'; SET lock_timeout = '5s'"_s);
+    Pide(Manija(), u"SET default_transaction_isolation = 'read committed'; SET lock_timeout = '5s'; SET jit = off"_s);
     PonCamino();
     const ResultadoPg fila = Pide(
         Manija(), u"SELECT backend_start::text FROM pg_catalog.pg_stat_get_activity(pg_catalog.pg_backend_pid())"_s);
