@@ -40,7 +40,6 @@ class Server:
         self.folder.chmod(0o755)
         self.owner = {"user": "postgres", "group": "postgres", "extra_groups": []} if os.geteuid() == 0 else {}
         self.give(self.folder)
-        self._read = 0  # of its log
         self._owned("initdb", "-D", "data", "-U", "postgres", "-E", "UTF8", "--locale=C", "-A", "trust", "--no-sync",
                     "--wal-segsize=1")
         with open(self.folder / "data" / "postgresql.conf", "a", encoding="utf-8") as file:
@@ -64,7 +63,7 @@ class Server:
         deadline = time.monotonic() + PATIENCE
         while not self.answers():
             if time.monotonic() > deadline:
-                raise RuntimeError((self.folder / "server.log").read_text()[-2000:])
+                raise RuntimeError(self.log()[-2000:])
             time.sleep(0.05)
             if self.process.poll() is not None:
                 self._launch()
@@ -124,11 +123,8 @@ class Server:
             self.give(path)
         self.start()
 
-    def died(self):
-        """Whether one of its processes has, since this was asked last."""
-        log = (self.folder / "server.log").read_text()
-        begin, self._read = self._read, len(log)
-        return "PANIC" in log[begin:]
+    def log(self):
+        return (self.folder / "server.log").read_text()
 
     def revive(self):
         """It answers again, whether it has ended or is at mending what a dead process of its own left."""

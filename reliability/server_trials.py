@@ -21,6 +21,7 @@ IMPATIENT = ("tcp_user_timeout=2000 keepalives_idle=1 keepalives_interval=1 keep
              "options='-c tcp_keepalives_idle=1 -c tcp_keepalives_interval=1 -c tcp_keepalives_count=2'")
 ADVICE = re.compile(r"(?i)repita|vuelva a|espere|rev[ií]se|cierre|libere|ejecute|avise|búsquelo")
 LOST_FOR_GOOD = "no quedó grabado"
+DIED = re.compile(r"PANIC|startup process failure")
 CLAIMED = re.compile(r"[Ss]e conservan: (\d+)")
 OTHERS = ("20990518026", "20990518034")  # companies beside the sample's
 
@@ -275,6 +276,7 @@ def fills_up(place, small, kilobytes):
     steps = max(place.moments // 10, 2)
     works = (("save", place.declares), ("import", place.imports))
     for room, (name, work) in itertools.product(range(steps), works):
+        before = len(place.server.log())
         place.restore()
         system = os.statvfs(small)
         left = room * kilobytes[name] * 1024 // steps
@@ -288,7 +290,8 @@ def fills_up(place, small, kilobytes):
             demand(name == "import" or found == new, f"said to be done, {left} bytes left")
         else:
             demand_told(run, f"{left} bytes left")
-            demand("disco" in run.stderr.lower() or place.server.died(), f"not told of the disk: {run.stderr}")
+            log = place.server.log()[before:]
+            demand("disco" in run.stderr.lower() or DIED.search(log), f"not told of the disk: {run.stderr} {log}")
             demand(found == place.old or LOST_FOR_GOOD not in run.stderr, f"told as lost, yet stored, {left} bytes left")
         seen[name, run.returncode in DONE] += 1
     demand(seen["save", False] and seen["import", False], f"never full: {seen}")

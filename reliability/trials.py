@@ -19,6 +19,7 @@ RUC, PERIOD, BIG_PERIOD = "20990518018", "202609", "202610"
 SAVED = ("CAB", "DET", "F518PCAB", "F518PDET", "F518PDETVC", "F518PDETCP")
 WORK = ("TMPF518PCAB", "TMPF518PDET", "TMPF518PDETCP")
 BATCH, BIG_LINES = 10_000, 21_000
+PART_LINES, WHOLE_LINES = 150, 245
 MODULE_FORMS = ("MDIFrm FrmContAbrir FrmContAbrirE Frm518 FrmConsist FrmAgePer FrmDetAgePer frmPerDet frmTransferencia "
                 "frmImprimir frmImpxPag frmPreview FrmConsultas frmAcercade FrmAyuda")
 LAUNCHER_FORMS = "FrmConsola FrmDeclarante frmPreview FrmAyuda"
@@ -71,7 +72,7 @@ class Installation:
         self.part.mkdir()
         name = f"0518{RUC}{PERIOD}.TXT"
         lines = (SAMPLE / name).read_bytes().splitlines(keepends=True)
-        (self.part / name).write_bytes(b"".join(lines[:150]))
+        (self.part / name).write_bytes(b"".join(lines[:PART_LINES]))
         self.big.mkdir()
         client = lines[0].decode("cp1252").split("|")[:6]
         with open(self.big / f"0518{RUC}{BIG_PERIOD}.TXT", "w", encoding="cp1252") as file:
@@ -395,7 +396,7 @@ def check_copies(place, sent):
     numbers = {copy[:2] for copy in copies}
     demand(len(numbers) == len({copy[2] for copy in copies}) == sent, "a number was given twice")
     sizes = Counter(place.rows("HF518PDETCP", "Doc_id_d, correl"))
-    demand(set(sizes.values()) <= {100, 245} and set(sizes) == numbers, f"a copy in part: {sizes}")
+    demand(set(sizes.values()) <= {PART_LINES, WHOLE_LINES} and set(sizes) == numbers, f"a copy in part: {sizes}")
 
 
 def monkey(place, window, seconds, seed, forms):
