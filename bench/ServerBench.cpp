@@ -3,8 +3,8 @@
 #include "SavedSample.h"
 #include "SlowWire.h"
 
+#include "app/DeclarationLists.h"
 #include "data/LongList.h"
-#include "form518/WorkClients.h"
 #include "import/Formats.h"
 #include "import/ImportRun.h"
 
@@ -21,7 +21,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr Tamanio kMes{100'000, 20'000, 50'000};
-constexpr int kFilasDePagina = 50;
+constexpr int kDeclaraciones = 100'000;
+constexpr int kFilasDePagina = 500; // as a grid reads them
 constexpr int kVeces = 2;
 constexpr const char* kServidor = "XA518_TEST_SERVER"; // where the bases of the workshops lie
 
@@ -44,10 +45,23 @@ void PonTipos(Base& base) {
                      {tipo, prueba::Funcion({{32, u"DOC"_s}, {46, u"11"_s}})});
 }
 
-void AbreLista(Base& base) {
-    const ListaLarga clientes(base, SqlClientes());
-    Exige(clientes.Filas() == kMes.clientes, "the list is not whole");
-    Exige(clientes.Lee(0, kFilasDePagina).size() == kFilasDePagina, "the list has no first page");
+void LlenaSelector(Proceso& proceso, const Taller& /*taller*/) {
+    for (const QString& sql :
+         {u"INSERT INTO CLAVES VALUES ('JEFA', '0')"_s,
+          u"INSERT INTO CONT SELECT 6, (20600000000 + i)::text, 'EMPRESA ' || i, 'JEFA', 1"
+          " FROM generate_series(1, %1) AS i"_s.arg(kDeclaraciones),
+          u"INSERT INTO CAB SELECT (20600000000 + i)::text, 6, '202609', '0518', '05/10/2026', ' ', ' ', '', '100', 0,"
+          " '0', '123456' FROM generate_series(1, %1) AS i"_s.arg(kDeclaraciones)})
+        proceso.baseDatos->Ejecuta(sql);
+}
+
+/// Opens the picker of the registered declarations, and looks at so many of its pages.
+void MiraSelector(Proceso& proceso, int paginas) {
+    proceso.sysUser = u"JEFA"_s;
+    const ListaLarga lista(*proceso.baseDatos, SqlRegistradas(proceso, OrdenRegistradas::Periodo));
+    Exige(lista.Filas() == kDeclaraciones, "the list is not whole");
+    for (int pagina = 0; pagina < paginas; ++pagina)
+        Exige(lista.Lee(pagina * kFilasDePagina, kFilasDePagina).size() == kFilasDePagina, "a page is not whole");
 }
 
 /// What is done to a month: before it is timed, over the quick way; and timed.
@@ -63,7 +77,9 @@ void Prepara(Proceso& proceso, const Taller& taller) {
 
 const Labor kImportacion{[](Proceso&, const Taller&) {}, Importa};
 const Labor kGrabacion{Prepara, [](Proceso& proceso, const Taller&) { Graba(*proceso.baseDatos); }};
-const Labor kLista{Prepara, [](Proceso& proceso, const Taller&) { AbreLista(*proceso.baseDatos); }};
+const Labor kSelector{LlenaSelector, [](Proceso& proceso, const Taller&) { MiraSelector(proceso, 1); }};
+const Labor kSelectorEntero{
+    LlenaSelector, [](Proceso& proceso, const Taller&) { MiraSelector(proceso, kDeclaraciones / kFilasDePagina); }};
 
 /// Where the base lies while a labour is made ready, and while it is timed; a file where nothing is named.
 struct Camino {
@@ -89,7 +105,7 @@ Medida MideLabor(const Labor& labor, const Camino& camino) {
     });
 }
 
-/// Round trips of a labour alone, for every 1,000 lines.
+/// Round trips of a labour alone.
 double VueltasDe(const Labor& labor, const Camino& camino) {
     const long antes = camino.linea->Vueltas();
     (void)MideLabor({.antes = labor.antes, .trabajo = [](Proceso&, const Taller&) {}}, camino);
@@ -141,7 +157,11 @@ int main() {
         std::printf("           file s  local s  +2 ms s    local    +2 ms   trips per 1,000 lines\n");
         Compara("Import", kImportacion, caminos);
         Compara("Save", kGrabacion, caminos);
-        Resume("Opening a list of 20,000 rows over the wire", VueltasDe(kLista, caminos[2]), " round trips", "10");
+        const double abrir = VueltasDe(kSelector, caminos[2]);
+        const double paginas = kDeclaraciones / kFilasDePagina - 1;
+        Resume("Opening a picker of 100,000 rows over the wire", abrir, " round trips", "10");
+        Resume("Scrolling through it", (VueltasDe(kSelectorEntero, caminos[2]) - abrir) / paginas,
+               " round trips a page of 500", "2");
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return EXIT_FAILURE;

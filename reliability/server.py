@@ -2,6 +2,7 @@
 
 import array
 import os
+import re
 import shutil
 import signal
 import socket
@@ -18,8 +19,13 @@ fsync = off
 synchronous_commit = on
 shared_buffers = 32MB
 max_connections = 60
+min_wal_size = 2MB
+max_wal_size = 32MB
+wal_recycle = off
 """
 PATIENCE = 60.0
+COMMIT = re.compile(rb"Q....COMMIT", re.DOTALL)
+ENDING = re.compile(rb"Q....DEALLOCATE|X", re.DOTALL)
 SO_ATTACH_FILTER = 26
 
 
@@ -34,7 +40,8 @@ class Server:
         self.folder.chmod(0o755)
         self.owner = {"user": "postgres", "group": "postgres", "extra_groups": []} if os.geteuid() == 0 else {}
         self.give(self.folder)
-        self._owned("initdb", "-D", "data", "-U", "postgres", "-E", "UTF8", "--locale=C", "-A", "trust", "--no-sync")
+        self._owned("initdb", "-D", "data", "-U", "postgres", "-E", "UTF8", "--locale=C", "-A", "trust", "--no-sync",
+                    "--wal-segsize=1")
         with open(self.folder / "data" / "postgresql.conf", "a", encoding="utf-8") as file:
             file.write(f"{SETTINGS}unix_socket_directories = '{self.folder}'\n")
         self.start()
@@ -48,15 +55,23 @@ class Server:
                        **self.owner)
 
     def start(self):
-        log = open(self.folder / "server.log", "ab")
-        self.process = subprocess.Popen([self.programs / "postgres", "-D", "data"], cwd=self.folder, stdout=log,
-                                        stderr=log, **self.owner)
-        log.close()
+        self._launch()
+        self._awaits()
+
+    def _awaits(self):
+        """Started once more when it ends by itself, as it does while it finds something of an earlier one."""
         deadline = time.monotonic() + PATIENCE
         while not self.answers():
             if time.monotonic() > deadline:
-                raise RuntimeError((self.folder / "server.log").read_text()[-2000:])
+                raise RuntimeError(self.log()[-2000:])
             time.sleep(0.05)
+            if self.process.poll() is not None:
+                self._launch()
+
+    def _launch(self):
+        with open(self.folder / "server.log", "ab") as log:
+            self.process = subprocess.Popen([self.programs / "postgres", "-D", "data"], cwd=self.folder, stdout=log,
+                                            stderr=log, **self.owner)
 
     def answers(self):
         try:
@@ -73,15 +88,49 @@ class Server:
         return [int(pid) for pid in children.read_text().split()]
 
     def kill(self):
-        """All its processes at once, in whatever they are at."""
+        """All its processes at once, in whatever they are at. It is held meanwhile: a child that it makes behind this
+        one's back would keep the next server from its memory."""
+        self._signal(self.process.pid, signal.SIGSTOP)
+        self._waits_for("TZ", self.process.pid)
         backends = self._backends()
-        for pid in [self.process.pid, *backends]:
+        for pid in [*backends, self.process.pid]:
             self._signal(pid, signal.SIGKILL)
         self.process.wait()
+        for pid in backends:
+            self._waits_for("Z", pid)
+
+    @staticmethod
+    def _waits_for(states, pid):
+        """Until the process is gone, or in one of these states."""
+        try:
+            while Path(f"/proc/{pid}/stat").read_text().rpartition(")")[2].split()[0] not in states:
+                time.sleep(0.005)
+        except (FileNotFoundError, ProcessLookupError):
+            pass
+
+    def keeps_its_log_in(self, folder):
+        """From now on, in a folder that isn't there yet."""
+        if self.process.poll() is None:
+            self.process.send_signal(signal.SIGINT)
+            self.process.wait()
+        shutil.rmtree(folder, ignore_errors=True)
+        log = self.folder / "data" / "pg_wal"
+        shutil.move(log.resolve(), folder)
+        if log.is_symlink():
+            log.unlink()
+        log.symlink_to(folder)
+        for path in (folder, *folder.rglob("*")):
+            self.give(path)
+        self.start()
+
+    def log(self):
+        return (self.folder / "server.log").read_text()
 
     def revive(self):
+        """It answers again, whether it has ended or is at mending what a dead process of its own left."""
         if self.process.poll() is not None:
-            self.start()
+            self._launch()
+        self._awaits()
 
     def _backends_of(self, user):
         for pid in self._backends():
@@ -140,7 +189,7 @@ class Connection:
     def _carry(self, source, target, counts):
         try:
             while data := source.recv(65536):
-                after = self.sends(self) if counts else None
+                after = self.sends(self, data) if counts else None
                 if self.cut.is_set():
                     return
                 target.sendall(data)
@@ -182,10 +231,15 @@ class Wire:
         or right after."""
         with self._lock:
             self.sent, self._moment, self._happens, self._late = 0, moment, happens, late
+            self.commit = self.work = 0  # the last ones sent, but for what ends a connection
 
-    def _sends(self, connection):
+    def _sends(self, connection, data):
         with self._lock:
             self.sent += 1
+            if not ENDING.match(data):
+                self.work = self.sent
+            if COMMIT.match(data):
+                self.commit = self.sent
             if self.sent != self._moment:
                 return None
             happens = self._happens
@@ -236,6 +290,7 @@ def holds_a_connection(server, user, base):
     """One more that does nothing but stand open; None when the server has no room for it."""
     words = b"".join(word.encode() + b"\0" for word in ("user", user, "database", base)) + b"\0"
     connection = socket.socket(socket.AF_UNIX)
+    connection.settimeout(PATIENCE)
     connection.connect(str(server.folder / ".s.PGSQL.5432"))
     connection.sendall(struct.pack("!ii", len(words) + 8, 196608) + words)
     answer = connection.makefile("rb")

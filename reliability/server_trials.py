@@ -4,24 +4,26 @@ server has no room, and eight programs work at once."""
 import itertools
 import os
 import re
+import shutil
 import subprocess
-import threading
 import time
 from collections import Counter
+from contextlib import contextmanager
 
 from server import Server, Wire, holds_a_connection
-from trials import (BATCH, BIG_LINES, BIG_PERIOD, PERIOD, RUC, SAMPLE, SAVED, Installation, check_copies, demand, spread)
+from trials import (BATCH, BIG_LINES, BIG_PERIOD, DONE, PERIOD, REFUSED, RUC, SAMPLE, SAVED, TOLD, WAITS, Installation,
+                    all_at_once, check_copies, demand, spread, told)
 
 USER, BASE, KEPT = "oficina", "oficina", "oficina_antes"
 COPIES = ("HCAB", "HDET", "HF518PCAB", "HF518PDET", "HF518PDETVC", "HF518PDETCP")
 # A dead wire is noticed in seconds here, on both sides of it; the programs' own patience is half a minute.
 IMPATIENT = ("tcp_user_timeout=2000 keepalives_idle=1 keepalives_interval=1 keepalives_count=2 "
              "options='-c tcp_keepalives_idle=1 -c tcp_keepalives_interval=1 -c tcp_keepalives_count=2'")
-TOLD = re.compile(r"\(error \d+\)")
-ADVICE = re.compile(r"(?i)repita|vuelva a|espere|revise|cierre|libere|ejecute|avise")
+ADVICE = re.compile(r"(?i)repita|vuelva a|espere|rev[ií]se|cierre|libere|ejecute|avise|búsquelo")
 LOST_FOR_GOOD = "no quedó grabado"
-WAITS = re.compile(r"Otro programa|ocupada|está abierta por")
-DONE, REFUSED = (0, 1, 4), 2
+DIED = re.compile(r"PANIC|startup process failure")
+CLAIMED = re.compile(r"[Ss]e conservan: (\d+)")
+OTHERS = ("20990518026", "20990518034")  # companies beside the sample's
 
 
 class Office(Installation):
@@ -88,11 +90,14 @@ class Office(Installation):
     def declares(self, **options):
         return self.batch("declarar", PERIOD, SAMPLE, "--rectifica", "--efectivo", **options)
 
-    def sends(self, **options):
-        return self.console("--enviar", RUC, PERIOD, **options)
+    def sends(self, ruc=RUC, **options):
+        return self.console("--enviar", ruc, PERIOD, **options)
 
     def imports(self, **options):
         return self.batch("importar", BIG_PERIOD, self.big, **options)
+
+    def prints(self, paper, **options):
+        return self.batch("imprimir", PERIOD, None, "--anexos", "--pdf", paper, **options)
 
 
 def patiently(place, work):
@@ -111,19 +116,26 @@ def demand_told(run, what):
            f"unclear, {what}: {run.returncode} {run.stderr}")
 
 
+def moments_of(total, wanted, closely=range(0)):
+    """Right before each thing sent and right after it: so many evenly spread, and close by one another those of a part."""
+    moments = {divmod(moment, 2) for moment in spread(2 * total, wanted)}
+    moments |= {(sent, late) for sent in closely for late in (0, 1)}
+    return [(sent + 1, bool(late)) for sent, late in sorted(moments)]
+
+
 def struck(place, work, happens):
     """Something happens at moments of a work: the old state stands, or the new one, and the user is told which."""
     place.restore()
     place.must(work(), DONE)
     total, new = place.wire.sent, place.stored()
-    demand(new != place.old, "the work changes nothing")
-    seen = Counter()
-    for i, moment in enumerate(spread(total, place.moments)):
+    demand(new != place.old and place.wire.commit, "the work changes nothing")
+    seen, from_commit_on = Counter(), range(place.wire.commit - 1, place.wire.work)
+    for moment, late in moments_of(total, place.moments, from_commit_on):
         place.restore()
-        place.wire.waits_for(moment + 1, happens, late=i % 2 == 1)
+        place.wire.waits_for(moment, happens, late)
         run = work()
         place.ends_what_is_left()
-        what = f"at {moment + 1} of {total}"
+        what = f"{'after' if late else 'before'} {moment} of {total}"
         place.server.revive()
         found = place.stored()
         demand(found in (place.old, new), f"half a state, {what}")
@@ -146,12 +158,12 @@ def struck_import(place, happens):
     total, whole = place.wire.sent, place.work_rows()
     demand(len(whole[2]) == BIG_LINES, "the whole file isn't there")
     seen = Counter()
-    for i, moment in enumerate(spread(total, place.moments)):
+    for moment, late in moments_of(total, place.moments):
         place.restore()
-        place.wire.waits_for(moment + 1, happens, late=i % 2 == 1)
+        place.wire.waits_for(moment, happens, late)
         run = place.imports()
         place.ends_what_is_left()
-        what = f"at {moment + 1} of {total}"
+        what = f"{'after' if late else 'before'} {moment} of {total}"
         place.server.revive()
         demand(place.stored() == place.old, f"the import touched what is saved, {what}")
         found = place.work_rows()
@@ -159,6 +171,8 @@ def struck_import(place, happens):
             demand(sizes(found) == sizes(whole), f"done, but not whole, {what}")
         else:
             demand_told(run, what)
+            claimed = CLAIMED.search(run.stdout + run.stderr)
+            demand(not claimed or int(claimed[1]) == len(found[2]), f"claims other lines than {len(found[2])}: {run.stdout}")
         seen["as before" if found == start else state_of(found, what)] += 1
     return sum(seen.values()), f"{total} sendings; " + ", ".join(f"{seen[state]} {state}" for state in sorted(seen))
 
@@ -215,83 +229,109 @@ def too_many(place):
     return count, f"all refused beside {len(held)} others, nothing written, and done once these had gone"
 
 
-def disk_full(place):
-    """The database lies on a file system of its own, with so little room left that a save or an import runs out of it
-    somewhere."""
-    if os.geteuid() != 0:
-        return 0, "only root can lay out a small file system"
+@contextmanager
+def small_disk(place, megabytes):
+    """A file system with little room, which only root can lay out."""
+    demand(os.geteuid() == 0, "only root can lay out a small file system")
     small = place.server.folder / "small"
     small.mkdir()
-    subprocess.run(["mount", "-t", "tmpfs", "-o", "size=48m", "none", small], check=True)
+    subprocess.run(["mount", "-t", "tmpfs", "-o", f"size={megabytes}m", "none", small], check=True)
     try:
         place.server.give(small)
+        yield small
+    finally:
+        subprocess.run(["umount", small], check=True)
+        small.rmdir()
+
+
+def disk_full(place):
+    """The database lies on a file system of its own, with so little room left that a save or an import runs out of it
+    somewhere: the server refuses."""
+    with small_disk(place, 48) as small:
         place.server.asks(f"CREATE TABLESPACE small LOCATION '{small}'")
         place.space = "TABLESPACE small"
-        return fills_up(place, small)
-    finally:
-        place.space = ""
-        place.restore()
-        place.server.asks("DROP TABLESPACE small")
-        subprocess.run(["umount", small], check=True)
+        try:
+            return fills_up(place, small, {"save": 400, "import": 16_000})
+        finally:
+            place.space = ""
+            place.restore()
+            place.server.asks("DROP TABLESPACE small")
 
 
-def fills_up(place, small):
-    seen, filler = Counter(), small / "filler"
+def log_disk_full(place):
+    """The server's own log of what it writes lies there: without room for it the server dies, and mends itself."""
+    with small_disk(place, 96) as small:
+        place.server.keeps_its_log_in(small / "wal")
+        try:
+            return fills_up(place, small, {"save": 2_000, "import": 40_000})
+        finally:
+            place.server.keeps_its_log_in(place.server.folder / "wal")
+
+
+def fills_up(place, small, kilobytes):
+    """With more room from attempt to attempt, up to that of each work."""
+    place.restore()
+    place.must(place.declares(), DONE)
+    new, seen, filler = place.stored(), Counter(), small / "filler"
     steps = max(place.moments // 10, 2)
-    for room, (name, work) in itertools.product(range(steps), (("save", place.declares), ("import", place.imports))):
+    works = (("save", place.declares), ("import", place.imports))
+    for room, (name, work) in itertools.product(range(steps), works):
+        before = len(place.server.log())
         place.restore()
         system = os.statvfs(small)
-        left = room * (400 if name == "save" else 8000) * 1024 // steps
+        left = room * kilobytes[name] * 1024 // steps
         filler.write_bytes(bytes(max(system.f_bavail * system.f_frsize - left, 0)))
         run = work()
         filler.unlink()  # looking takes room as well
+        place.server.revive()
         found = place.stored()
+        demand(found == place.old or name == "save" and found == new, f"half a state, {left} bytes left")
         if run.returncode in DONE:
-            demand(name == "import" or found != place.old, "said to be done")
+            demand(name == "import" or found == new, f"said to be done, {left} bytes left")
         else:
             demand_told(run, f"{left} bytes left")
-            demand("disco" in run.stderr.lower(), f"not told of the disk: {run.stderr}")
-            demand(found == place.old, f"a refused {name} left something, {left} bytes left")
+            log = place.server.log()[before:]
+            demand("disco" in run.stderr.lower() or DIED.search(log), f"not told of the disk: {run.stderr} {log}")
+            demand(found == place.old or LOST_FOR_GOOD not in run.stderr, f"told as lost, yet stored, {left} bytes left")
         seen[name, run.returncode in DONE] += 1
     demand(seen["save", False] and seen["import", False], f"never full: {seen}")
     patiently(place, place.declares)
-    return sum(seen.values()), "; ".join(f"{name}: {seen[name, False]} told, old state, {seen[name, True]} done"
-                                         for name in ("save", "import"))
+    return sum(seen.values()), "; ".join(f"{name}: {seen[name, False]} told, {seen[name, True]} done" for name, _ in works)
 
 
-def at_once(place, seconds):
-    """Eight programs over the same companies; what stands afterwards is whole, and each number was given once."""
+def opens_companies(place):
+    """Two more, each with the month of the sample company saved, and its files."""
+    for ruc in OTHERS:
+        place.must(place.console("--declarante", ruc, "--nombre", f"COMERCIAL {ruc} S.A.C."))
+        for folder, source, period in ((place.part, SAMPLE, PERIOD), (place.big, place.big, BIG_PERIOD)):
+            shutil.copy(source / f"0518{RUC}{period}.TXT", folder / f"0518{ruc}{period}.TXT")
+        place.must(place.batch("declarar", PERIOD, place.part, "--efectivo", ruc=ruc))
+
+
+def eight_at_once(place, seconds):
+    """Eight programs over the same three companies; what stands afterwards is whole, and each number was given once."""
     place.restore()
-    seen, faults, until = Counter(), [], time.monotonic() + seconds
-
-    def repeats(name, work):
-        while time.monotonic() < until and not faults:
-            run = work()
-            kind = "done" if run.returncode in DONE else "nothing to do" if run.returncode == REFUSED else "told to wait"
-            seen[name, kind] += 1
-            if kind == "told to wait" and not (TOLD.search(run.stderr) and WAITS.search(run.stderr)):
-                faults.append(f"{name}: {run.returncode} {run.stderr}")
-
+    opens_companies(place)
+    companies = itertools.cycle((RUC, *OTHERS))
     paper = itertools.count()
-    prints = lambda: place.batch("imprimir", PERIOD, None, "--anexos", "--pdf", place.folder / f"{next(paper)}.pdf")
-    big = lambda: place.batch("declarar", BIG_PERIOD, None, "--efectivo")
-    jobs = [("declare", place.declares), ("declare", place.declares), ("declare", big), ("import", place.imports),
-            ("import", place.imports), ("send", place.sends), ("send", place.sends), ("print", prints)]
-    threads = [threading.Thread(target=repeats, args=job) for job in jobs]
-    for thread in threads:
-        thread.start()
-    for thread in threads:
-        thread.join()
-    demand(not faults, faults and faults[0])
+
+    def declares():
+        ruc = next(companies)
+        files = SAMPLE if ruc == RUC else place.part
+        return place.batch("declarar", PERIOD, files, "--rectifica", "--efectivo", ruc=ruc)
+
+    def prints():
+        return place.prints(place.folder / f"{next(paper)}.pdf", ruc=next(companies))
+
+    imports = lambda: place.imports(ruc=next(companies))
+    sends = lambda: place.sends(next(companies))
+    seen = all_at_once([("declare", declares)] * 3 + [("import", imports)] * 2 + [("send", sends)] * 2 +
+                       [("print", prints)], seconds)
     demand(all(seen[name, "done"] for name in ("declare", "import", "send", "print")), f"never done: {seen}")
     check_copies(place, seen["send", "done"])
     entries = Counter(row[2] for row in place.rows("bitacora", "Doc_id_d, periodo, Suceso"))
-    sent = len(place.rows("HCAB"))
-    demand(sent in entries.values(), f"{sent} copies, but the log has {entries}")
-    kinds = ("done", "told to wait", "nothing to do")
-    return sum(seen.values()), "; ".join(
-        f"{name}: " + ", ".join(f"{seen[name, kind]} {kind}" for kind in kinds if seen[name, kind])
-        for name in ("declare", "import", "send", "print"))
+    demand(entries["ENVIAR"] == seen["send", "done"], f"{seen['send', 'done']} sent, but the log has {entries}")
+    return sum(seen.values()), told(seen)
 
 
 def all_of(seconds):
@@ -308,5 +348,6 @@ def all_of(seconds):
         ("Wire to the servidor cut in an import", 16, lambda p: cut(p, "import")),
         ("Too many connections to the servidor", 1, too_many),
         ("Disk of the servidor full", 1, disk_full),
-        (f"Eight programs on the servidor, {seconds} s", 1, lambda p: at_once(p, seconds)),
+        ("Disk of the servidor's log full", 1, log_disk_full),
+        (f"Eight programs on the servidor, {seconds} s", 1, lambda p: eight_at_once(p, seconds)),
     ]

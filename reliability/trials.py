@@ -16,14 +16,17 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[1]
 SAMPLE = ROOT / "catalog" / "0518" / "ejemplo"
 RUC, PERIOD, BIG_PERIOD = "20990518018", "202609", "202610"
-KEY = ("--ruc", RUC, "--hoy", "21/11/2026", "--periodo")
 SAVED = ("CAB", "DET", "F518PCAB", "F518PDET", "F518PDETVC", "F518PDETCP")
 WORK = ("TMPF518PCAB", "TMPF518PDET", "TMPF518PDETCP")
 BATCH, BIG_LINES = 10_000, 21_000
+PART_LINES, WHOLE_LINES = 150, 245
 MODULE_FORMS = ("MDIFrm FrmContAbrir FrmContAbrirE Frm518 FrmConsist FrmAgePer FrmDetAgePer frmPerDet frmTransferencia "
                 "frmImprimir frmImpxPag frmPreview FrmConsultas frmAcercade FrmAyuda")
 LAUNCHER_FORMS = "FrmConsola FrmDeclarante frmPreview FrmAyuda"
 TOLD = re.compile(r"\(error \d+\)")
+WAITS = re.compile(r"Otro programa|ocupada|está abierta por|en uso|se encuentra abierto")
+DONE, REFUSED = (0, 1, 4), 2
+OUTCOMES = ("done", "told to wait", "nothing to do")
 
 
 class Fault(Exception):
@@ -69,7 +72,7 @@ class Installation:
         self.part.mkdir()
         name = f"0518{RUC}{PERIOD}.TXT"
         lines = (SAMPLE / name).read_bytes().splitlines(keepends=True)
-        (self.part / name).write_bytes(b"".join(lines[:150]))
+        (self.part / name).write_bytes(b"".join(lines[:PART_LINES]))
         self.big.mkdir()
         client = lines[0].decode("cp1252").split("|")[:6]
         with open(self.big / f"0518{RUC}{BIG_PERIOD}.TXT", "w", encoding="cp1252") as file:
@@ -90,9 +93,9 @@ class Installation:
     def console(self, *arguments, **options):
         return self.run("bin/consola", *arguments, **options)
 
-    def batch(self, order, period, files=None, *more, **options):
-        return self.run("bin/xa518-lote", order, *KEY, period, *(("--percepciones", files) if files else ()), *more,
-                        **options)
+    def batch(self, order, period, files=None, *more, ruc=RUC, **options):
+        key = ("--ruc", ruc, "--hoy", "21/11/2026", "--periodo", period)
+        return self.run("bin/xa518-lote", order, *key, *(("--percepciones", files) if files else ()), *more, **options)
 
     def save(self, **options):
         return self.batch("declarar", PERIOD, None, "--rectifica", **options)
@@ -334,42 +337,66 @@ def corrupted(place, seed):
     return places * len(orders), ", ".join(f"{n} {state}" for state, n in sorted(seen.items())) + ", no crash"
 
 
-def shared(place, seconds):
-    """Two programs declare and the launcher sends, all at once."""
-    place.restore()
+def outcome(run):
+    """Of a program that shares the base with others; nothing when it did neither its work nor said that it waits."""
+    if run.returncode in DONE:
+        return "done"
+    if WAITS.search(run.stderr):
+        return "told to wait"
+    return "nothing to do" if run.returncode == REFUSED else None
+
+
+def all_at_once(jobs, seconds):
+    """Does each work, behind its name, again and again; counts by name and outcome."""
     seen, faults, until = Counter(), [], time.monotonic() + seconds
 
-    def repeat(name, work):
+    def repeats(name, work):
         while time.monotonic() < until and not faults:
-            run = work()
-            seen[name, run.returncode] += 1
-            waits = re.search(r"ocupada|en uso|se encuentra abierto|Otro programa", run.stderr)
-            if run.returncode not in (0, 1, 2, 4) and not waits:
+            try:
+                run = work()
+            except (Fault, subprocess.TimeoutExpired) as fault:
+                faults.append(f"{name}: {fault}")
+                return
+            seen[name, outcome(run)] += 1
+            if not outcome(run):
                 faults.append(f"{name}: {run.returncode} {run.stderr}")
 
-    jobs = [("declare", lambda: place.batch("declarar", PERIOD, SAMPLE, "--rectifica", "--efectivo")),
-            ("declare", lambda: place.batch("declarar", BIG_PERIOD, None, "--efectivo")),
-            ("send", lambda: place.console("--enviar", RUC, PERIOD))]
-    threads = [threading.Thread(target=repeat, args=job) for job in jobs]
+    threads = [threading.Thread(target=repeats, args=job) for job in jobs]
     for thread in threads:
         thread.start()
     for thread in threads:
         thread.join()
     demand(not faults, faults and faults[0])
+    return seen
+
+
+def told(seen):
+    """One clause for each name."""
+    names = dict.fromkeys(name for name, _ in seen)
+    return "; ".join(f"{name}: " + ", ".join(f"{seen[name, kind]} {kind}" for kind in OUTCOMES if seen[name, kind])
+                     for name in names)
+
+
+def shared(place, seconds):
+    """Two programs declare and the launcher sends, all at once."""
+    place.restore()
+    seen = all_at_once([("declare", lambda: place.batch("declarar", PERIOD, SAMPLE, "--rectifica", "--efectivo")),
+                        ("declare", lambda: place.batch("declarar", BIG_PERIOD, None, "--efectivo")),
+                        ("send", lambda: place.console("--enviar", RUC, PERIOD))], seconds)
     place.saved()
-    check_copies(place, seen["send", 0])
-    return sum(seen.values()), "; ".join(
-        f"{name}: {seen[name, 0] + seen[name, 1]} done, {seen[name, 3]} told to wait, {seen[name, 2]} with nothing to do"
-        for name in ("declare", "send"))
+    check_copies(place, seen["send", "done"])
+    return sum(seen.values()), told(seen)
 
 
 def check_copies(place, sent):
-    """Each sent copy is there once and whole: the first has the part's rows, the others the whole file's."""
-    copies = place.rows("HCAB", "correl, control")
+    """Each sent copy is there once and whole: a company's first one may have the part's rows alone, the others have the
+    whole file's."""
+    copies = place.rows("HCAB", "Doc_id_d, correl, control")
     demand(len(copies) == sent, f"{sent} sent, {len(copies)} copies")
-    demand(len(set(copies)) == len({control for _, control in copies}) == sent, "a number was given twice")
-    sizes = Counter(row[0] for row in place.rows("HF518PDETCP", "correl"))
-    demand(set(sizes.values()) <= {100, 245} and len(sizes) == sent, f"a copy in part: {sizes}")
+    numbers = {copy[:2] for copy in copies}
+    demand(len(numbers) == len({copy[2] for copy in copies}) == sent, "a number was given twice")
+    sizes = Counter(place.rows("HF518PDETCP", "Doc_id_d, correl"))
+    demand(set(sizes.values()) <= {PART_LINES, WHOLE_LINES} and set(sizes) == numbers, f"a copy in part: {sizes}")
 
 
 def monkey(place, window, seconds, seed, forms):

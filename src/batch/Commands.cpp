@@ -12,6 +12,7 @@
 #include "declaration/StoredBoxes.h"
 #include "declaration/TaxPeriod.h"
 #include "family/OfferedDeclarants.h"
+#include "family/StoredDeclaration.h"
 #include "family/WorkLock.h"
 #include "family/WorkSeat.h"
 #include "form518/WorkTables.h"
@@ -88,15 +89,6 @@ void LlenaPago(Declaracion& declaracion, const Argumentos& argumentos) {
         declaracion.rectifica = Rectificacion::No;
 }
 
-QList<CasillaGrabada> CasillasGrabadas(Base& base, const ClaveDeclaracion& clave) {
-    Registros filas = base.Lee(
-        u"SELECT Casilla, i_valor FROM DET "_s + clave.CondicionSinTipo() + u" ORDER BY Casilla"_s, clave.Valores());
-    QList<CasillaGrabada> casillas;
-    while (filas.Siguiente())
-        casillas.append({filas.Texto(0), filas.Texto(1)});
-    return casillas;
-}
-
 /// Their file is a copy of what is told anyway: when it can't be written the declaration stands all the same.
 void AnotaInconsistencias(Proceso& proceso, const Declaracion& declaracion, Informe& informe) {
     informe.inconsistencias = Inconsistencias(declaracion);
@@ -141,7 +133,7 @@ void Declarar(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& ava
     Exige(grabacion.veredicto);
     AnotaInconsistencias(proceso, declaracion, informe);
     informe.estado = grabacion.estado;
-    informe.casillas = CasillasGrabadas(base, declaracion.clave);
+    informe.casillas = grabacion.casillas;
     informe.mensajes += grabacion.mensajes;
     if (argumentos.pdf) {
         avance.Dice(kImprimiendo);
@@ -169,7 +161,7 @@ void Validar(Proceso& proceso, const Argumentos& argumentos, Informe& informe) {
     AnotaInconsistencias(proceso, declaracion, informe);
     if (informe.inconsistencias->isEmpty())
         informe.mensajes.append(SinInconsistencias());
-    informe.casillas = CasillasGrabadas(base, declaracion.clave);
+    informe.casillas = CasillasGuardadas(base, declaracion.clave);
 }
 
 /// Work tables of its own, on a server; what a crash left in them is of no use to a run that begins anew.

@@ -19,7 +19,7 @@ QJsonValue Numero(const std::optional<int>& numero) {
 
 QJsonObject Casillas(const Informe& informe) {
     QJsonObject objeto;
-    for (const CasillaGrabada& casilla : informe.casillas)
+    for (const CasillaGuardada& casilla : informe.casillas)
         objeto.insert(casilla.casilla, casilla.valor);
     return objeto;
 }
@@ -95,7 +95,7 @@ void EscribeTexto(const Informe& informe, QTextStream& salida) {
     EscribeImportacion(informe, salida);
     if (informe.declaraciones)
         EscribeLista(*informe.declaraciones, salida);
-    for (const CasillaGrabada& casilla : informe.casillas)
+    for (const CasillaGuardada& casilla : informe.casillas)
         salida << u"Casilla %1  %2\n"_s.arg(casilla.casilla, casilla.valor);
     if (informe.estado)
         salida << u"Estado %1\n"_s.arg(*informe.estado);

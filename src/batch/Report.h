@@ -1,5 +1,6 @@
 #pragma once
 
+#include "family/StoredDeclaration.h"
 #include "values/Message.h"
 
 #include <QList>
@@ -25,11 +26,6 @@ struct FilaLista {
     QString fecEnv;
 };
 
-struct CasillaGrabada {
-    QString casilla;
-    QString valor;
-};
-
 /// An import file that was refused whole: its first line at fault, how many fields that has and should have, and how
 /// many lines are like it. The line is 0 when the fault is the file's, the fields below 0 when they weren't counted.
 struct ArchivoRechazado {
@@ -48,7 +44,7 @@ struct Informe {
     std::optional<int> rechazados;
     std::optional<QStringList> inconsistencias;
     std::optional<int> estado;
-    QList<CasillaGrabada> casillas;
+    QList<CasillaGuardada> casillas;
     QStringList archivos;
     QList<Mensaje> mensajes;
     QString detalle; ///< of what failed, in the words of the engine or the system

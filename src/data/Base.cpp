@@ -4,6 +4,7 @@
 #include "data/FollowedWork.h"
 #include "data/NewRows.h"
 #include "data/Seats.h"
+#include "data/ServerFailure.h"
 #include "data/SqlTokens.h"
 #include "data/Transaction.h"
 #include "values/Progress.h"
@@ -24,6 +25,14 @@ QVariant SinTextoNulo(const QVariant& valor) {
     return esTexto && static_cast<const QString*>(valor.constData())->isNull() ? QVariant(u""_s) : valor;
 }
 
+const QString kSoloLeia =
+    u"Se perdió la conexión con el servidor de la base de datos. Lo que ya se había grabado está a"
+    " salvo. Revise lo último que hizo y repítalo si hace falta: el programa volverá a"
+    " conectarse."_s;
+const QString kNoSeSabe = u"Se perdió la conexión con el servidor de la base de datos, y no se sabe si lo último quedó"
+                          " grabado; lo anterior está a salvo. Revíselo y repítalo si hace falta: el programa volverá a"
+                          " conectarse."_s;
+
 /// The engine doesn't tell: a place that gets no value keeps the one of the call before.
 void ExigeValores(const QString& sql, qsizetype lugares, qsizetype valores) {
     if (lugares != valores)
@@ -32,6 +41,19 @@ void ExigeValores(const QString& sql, qsizetype lugares, qsizetype valores) {
 }
 
 } // namespace
+
+/// What a transaction had begun is gone with its connection, and that is how a loss is worded. Outside of one nothing
+/// was about to be kept by a reading, and nobody knows what became of a change.
+template <typename Trabajo>
+auto Base::Distingue(const QString& texto, const Trabajo& trabajo) {
+    try {
+        return trabajo();
+    } catch (const ErrorDeServidor& error) {
+        if (m_enTransaccion || error.Falla() != FallaDeServidor::Perdida)
+            throw;
+        throw ErrorDeServidor(FallaDeServidor::Perdida, texto, error.Detalle());
+    }
+}
 
 Registros::Registros(Base& base, Corrida corrida) : m_base(&base), m_corrida(std::move(corrida)) {}
 
@@ -47,7 +69,7 @@ bool Registros::Siguiente() {
     if (consulta.next() || m_base->m_motor->TraeMas(consulta))
         return true;
     if (consulta.lastError().isValid())
-        m_base->Falla(consulta);
+        m_base->Distingue(kSoloLeia, [&] { m_base->Falla(consulta); });
     return false;
 }
 
@@ -109,10 +131,14 @@ Base::~Base() {
 }
 
 Registros Base::Lee(const QString& sql, const QVariantList& valores) {
-    return {*this, Corre(sql, valores)};
+    return {*this, Distingue(kSoloLeia, [&] { return Corre(sql, valores); })};
 }
 
 int Base::Ejecuta(const QString& sql, const QVariantList& valores) {
+    return Distingue(kNoSeSabe, [&] { return EjecutaDentro(sql, valores); });
+}
+
+int Base::EjecutaDentro(const QString& sql, const QVariantList& valores) {
     if (m_seguido) {
         try {
             if (const std::optional<int> cambiadas = m_motor->EjecutaConVigia(sql, valores))

@@ -175,6 +175,9 @@ class Base {
     void CorrePreparada(Corrida& corrida, Sentencia& sentencia, const QVariantList& valores);
     void Devuelve(Corrida corrida) noexcept;
 
+    int EjecutaDentro(const QString& sql, const QVariantList& valores = {});
+    template <typename Trabajo>
+    auto Distingue(const QString& texto, const Trabajo& trabajo);
     [[nodiscard]] qint64 LeeNumero(const QString& sql);
     void PonSeguido(TrabajoSeguido* seguido);
     [[noreturn]] void Falla(const QSqlQuery& consulta) const;

@@ -102,6 +102,10 @@ class Motor {
     }
     /// Raises `ErrorBase` when the engine would undo the transaction instead of confirming it.
     virtual void ExigeConfirmable() const {}
+    /// By which the transaction under way is found again when the connection breaks; empty when it has changed nothing.
+    [[nodiscard]] virtual QString MarcaDeTransaccion() { return {}; }
+    /// Whether the one of that mark was confirmed. Raises `ErrorBase` as long as nobody can tell.
+    [[nodiscard]] virtual bool QuedoTransaccion(const QString& /*marca*/) { return true; }
     /// Whether the connection is lost; what was open on it is gone.
     [[nodiscard]] virtual bool EstaPerdida() const { return false; }
     /// Connects again, as it was opened, once what the lost connection had begun is at its end. Returns the number by

@@ -118,10 +118,10 @@ void MotorPostgres::Conecta() {
 }
 
 int MotorPostgres::Reconecta() {
-    const SesionDelServidor anterior = std::exchange(m_sesion, {});
+    const SesionDelServidor anterior = m_sesion;
     Conecta();
-    Viste();
     AcabaCon(anterior);
+    Viste();
     return anterior.pid;
 }
 
@@ -138,6 +138,10 @@ void MotorPostgres::AcabaCon(const SesionDelServidor& anterior) const {
             return;
         std::this_thread::sleep_for(kEntreMiradas);
     }
+    Conexion().close();
+    throw ErrorBase(NumeroError::BaseBloqueada,
+                    u"El servidor todavía no termina lo que se le había pedido cuando se perdió la conexión: espere un"
+                    " momento y vuelva a intentarlo."_s);
 }
 
 void MotorPostgres::ExigeServidor() const {
@@ -217,9 +221,10 @@ void MotorPostgres::Instala() const {
     }
 }
 
-/// Everything that a connection needs, when it is opened and when it is opened again.
+/// Everything that a connection needs, when it is opened and when it is opened again. No query here runs long enough to
+/// be worth its compilation, which the server begins for tables that it doesn't know the size of yet.
 void MotorPostgres::Viste() {
-    Pide(Manija(), u"SET default_transaction_isolation = 'read committed'; SET lock_timeout = '5s'"_s);
+    Pide(Manija(), u"SET default_transaction_isolation = 'read committed'; SET lock_timeout = '5s'; SET jit = off"_s);
     PonCamino();
     const ResultadoPg fila = Pide(
         Manija(), u"SELECT backend_start::text FROM pg_catalog.pg_stat_get_activity(pg_catalog.pg_backend_pid())"_s);
@@ -436,6 +441,22 @@ ResultadoPg MotorPostgres::EsperaFin() const {
 void MotorPostgres::ExigeConfirmable() const {
     if (!EstaPerdida() && PQtransactionStatus(Manija()) == PQTRANS_INERROR)
         throw ErrorBase(NumeroError::FallaDelMotor, u"La base de datos no pudo hacer lo que se le pidió."_s);
+}
+
+/// The server's own number of the transaction, given when it changes something.
+QString MotorPostgres::MarcaDeTransaccion() {
+    const ResultadoPg fila = Pide(Manija(), u"SELECT pg_catalog.pg_current_xact_id_if_assigned()"_s);
+    return QString::fromUtf8(Valor(fila.get(), 0, 0));
+}
+
+bool MotorPostgres::QuedoTransaccion(const QString& marca) {
+    if (marca.isEmpty())
+        return true;
+    const ResultadoPg fila = Pide(Manija(), u"SELECT pg_catalog.pg_xact_status('%1')"_s.arg(marca));
+    const QByteArrayView estado = Valor(fila.get(), 0, 0);
+    if (estado != "committed" && estado != "aborted")
+        throw ErrorBase(NumeroError::FallaDelMotor, u"La base de datos no pudo hacer lo que se le pidió."_s);
+    return estado == "committed";
 }
 
 bool MotorPostgres::EstaPerdida() const {

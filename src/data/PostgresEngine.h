@@ -41,6 +41,8 @@ class MotorPostgres final : public Motor {
     void Suelta(QSqlQuery& consulta) noexcept override;
     [[nodiscard]] std::optional<int> EjecutaConVigia(const QString& sql, const QVariantList& valores) override;
     void ExigeConfirmable() const override;
+    [[nodiscard]] QString MarcaDeTransaccion() override;
+    [[nodiscard]] bool QuedoTransaccion(const QString& marca) override;
     [[nodiscard]] bool EstaPerdida() const override;
     int Reconecta() override;
     [[nodiscard]] bool TienePuestos() const override { return true; }

@@ -60,7 +60,9 @@ class ProgramaDelServidor {
                     queja};
         if (queja.contains("permission denied"_L1))
             return {NumeroError::BaseBloqueada, u"La cuenta del servidor no tiene permiso para hacerlo."_s, queja};
-        return {NumeroError::FallaDelMotor, u"El programa %1 del servidor no pudo terminar su trabajo."_s.arg(m_nombre),
+        return {NumeroError::FallaDelMotor,
+                u"El programa %1 del servidor no pudo terminar su trabajo: revise que el servidor responda y que haya"
+                " espacio en el disco, y vuelva a intentarlo."_s.arg(m_nombre),
                 queja};
     }
 

@@ -29,6 +29,13 @@ class ErrorDeServidor : public ErrorBase {
     FallaDeServidor m_falla;
 };
 
+/// The connection broke while a transaction was confirmed, and nobody can tell yet whether it arrived. `consejo` says
+/// what to do when it is back.
+class ConfirmacionIncierta : public ErrorDeServidor {
+  public:
+    ConfirmacionIncierta(const QString& consejo, const QString& detalle);
+};
+
 /// The code that a program without a window ends with: from 10 on one for each failure of the server, `deOtra` after
 /// any other error.
 [[nodiscard]] int CodigoDeSalida(const Error& error, int deOtra);

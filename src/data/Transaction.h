@@ -16,18 +16,24 @@ class Transaccion {
     Transaccion& operator=(const Transaccion&) = delete;
     ~Transaccion();
 
-    /// Makes the changes permanent; raises `ErrorBase` when the engine can't, and then they are undone.
+    /// Makes the changes permanent; raises `ErrorBase` when the engine can't, and then they are undone. When the
+    /// connection breaks meanwhile another one is asked whether they arrived, and it raises only when they didn't, or
+    /// `ConfirmacionIncierta`.
     void Confirma();
-    /// The same where the connection may break while the engine confirms: then `quedo`, which looks for a row of the
-    /// transaction by its mark, says whether it arrived, and it raises only when it didn't, or when nobody knows.
+    /// The same by `quedo`, which looks for the transaction's row in the log by its mark.
     void Confirma(const std::function<bool()>& quedo);
 
   private:
     friend class Base;
     Transaccion(Base& base, Turno turno);
 
+    /// Where a person looks for what nobody can tell.
+    enum class Rastro { EnBitacora, Ninguno };
+
+    void Confirma(const std::function<bool()>& quedo, Rastro rastro);
+    void PideConfirmar();
     void Deshace() noexcept;
-    [[nodiscard]] static bool Averigua(Base& base, const std::function<bool()>& quedo);
+    [[nodiscard]] static bool Averigua(Base& base, const std::function<bool()>& quedo, Rastro rastro);
 
     Base* m_base;
 };

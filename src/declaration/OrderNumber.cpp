@@ -51,8 +51,9 @@ VeredictoDeclaracion ValidaNumeroDeOrden(const NumeroDeOrden& orden, MomentoOrde
 }
 
 Mensaje RegistraNumeroDeOrden(Base& base, const ClaveDeclaracion& clave, const QString& numero, const Firma& firma) {
+    const QString hecho = Catalogo(base).DescError(u"0151"_s); // behind the commit the connection may be gone
     ConReintentos([&] { Registra(base, clave, numero, firma); });
-    return {Icono::Exclamacion, Catalogo(base).DescError(u"0151"_s), {}};
+    return {Icono::Exclamacion, hecho, {}};
 }
 
 } // namespace xa518

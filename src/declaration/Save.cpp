@@ -5,7 +5,6 @@
 #include "data/Transaction.h"
 #include "declaration/Consistency.h"
 #include "declaration/StoredBoxes.h"
-#include "family/StoredDeclaration.h"
 #include "form518/FormCatalogs.h"
 #include "form518/SavedDetail.h"
 #include "values/Dates.h"
@@ -146,11 +145,13 @@ ResultadoGrabacion Graba(Base& base, const Declaracion& declaracion, const Estad
     GrabaDetalle(base, clave);
     GrabaSumas(base, clave);
     Bitacora bitacora(base);
+    ResultadoGrabacion grabacion{
+        .estado = estado, .mensajes = MensajesDe(declaracion, estado), .casillas = CasillasGuardadas(base, clave)};
     const QString marca = bitacora.Anota(
-        firma, {.suceso = Suceso::Grabacion, .clave = clave, .antes = antes, .despues = CasillasEnLineas(base, clave)});
-    const EstadoGuardado guardado = EstadoGuardado::De(base, clave);
+        firma, {.suceso = Suceso::Grabacion, .clave = clave, .antes = antes, .despues = EnLineas(grabacion.casillas)});
+    grabacion.guardado = EstadoGuardado::De(base, clave);
     bitacora.Confirma(transaccion, marca);
-    return {.estado = estado, .mensajes = MensajesDe(declaracion, estado), .guardado = guardado};
+    return grabacion;
 }
 
 } // namespace

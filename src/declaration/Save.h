@@ -2,6 +2,7 @@
 
 #include "declaration/Declaration.h"
 #include "family/ChangeLog.h"
+#include "family/StoredDeclaration.h"
 #include "family/StoredState.h"
 #include "values/Message.h"
 
@@ -11,12 +12,14 @@ namespace xa518 {
 
 class Base;
 
-/// What a save did and what the user is told after it, in this order.
+/// What a save did and what the user is told after it, in this order. All of it is read before the save is confirmed:
+/// a connection that breaks right behind that takes nothing from it.
 struct ResultadoGrabacion {
     Veredicto veredicto = Veredicto::Bien(); ///< refused, nothing was written and nothing of what follows is told
     int estado = 0;                          ///< 0 clean; 9 with inconsistencies, so that it can't be sent
     QList<Mensaje> mensajes{};
     EstadoGuardado guardado{}; ///< how the declaration stands now
+    QList<CasillaGuardada> casillas{};
 };
 
 /// Makes the declaration permanent: head, boxes with their control sum, and the detail out of the work tables, every

@@ -2,6 +2,7 @@
 
 #include "data/Base.h"
 #include "data/Transaction.h"
+#include "family/StoredDeclaration.h"
 #include "platform/Clock.h"
 
 #include <QMap>
@@ -189,14 +190,15 @@ std::optional<Asiento> Bitacora::UltimoDe(const ClaveDeclaracion& clave) const {
     return filas.Siguiente() ? std::optional(AsientoDe(filas)) : std::nullopt;
 }
 
-QString CasillasEnLineas(Base& base, const ClaveDeclaracion& clave) {
-    Registros filas = base.Lee(
-        u"SELECT Casilla, i_valor FROM %1 %2 ORDER BY Casilla"_s.arg(clave.Tabla(u"DET"_s), clave.CondicionSinTipo()),
-        clave.Valores());
+QString EnLineas(const QList<CasillaGuardada>& casillas) {
     QStringList lineas;
-    while (filas.Siguiente())
-        lineas.append(filas.Texto(0) + u'=' + filas.Texto(1));
+    for (const CasillaGuardada& casilla : casillas)
+        lineas.append(casilla.casilla + u'=' + casilla.valor);
     return lineas.join(u'\n');
+}
+
+QString CasillasEnLineas(Base& base, const ClaveDeclaracion& clave) {
+    return EnLineas(CasillasGuardadas(base, clave));
 }
 
 } // namespace xa518

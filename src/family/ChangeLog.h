@@ -103,7 +103,10 @@ class Bitacora {
     Base* m_base;
 };
 
+struct CasillaGuardada;
+
 /// The boxes of a declaration as the log keeps them.
+[[nodiscard]] QString EnLineas(const QList<CasillaGuardada>& casillas);
 [[nodiscard]] QString CasillasEnLineas(Base& base, const ClaveDeclaracion& clave);
 
 } // namespace xa518

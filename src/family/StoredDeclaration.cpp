@@ -78,6 +78,16 @@ void GrabaCasilla(Base& base, const ReglaDeCasillas& regla, const ClaveDeclaraci
     lugar.Escribe(std::move(fila));
 }
 
+QList<CasillaGuardada> CasillasGuardadas(Base& base, const ClaveDeclaracion& clave) {
+    Registros filas = base.Lee(
+        u"SELECT Casilla, i_valor FROM %1 %2 ORDER BY Casilla"_s.arg(clave.Tabla(u"DET"_s), clave.CondicionSinTipo()),
+        clave.Valores());
+    QList<CasillaGuardada> casillas;
+    while (filas.Siguiente())
+        casillas.append({filas.Texto(0), filas.Texto(1)});
+    return casillas;
+}
+
 void EliminaDeclaracion(Base& base, const Formulario& formulario, const ClaveDeclaracion& clave, const Firma& firma) {
     QList<TablaDeDeclaracion> tablas = formulario.tablas;
     if (clave.enviada)

@@ -1,5 +1,6 @@
 #include "import/ImportRun.h"
 
+#include "data/ServerFailure.h"
 #include "family/Process.h"
 #include "form518/WorkTables.h"
 #include "import/ErrorSheet.h"
@@ -110,9 +111,12 @@ void Transferencia::ImportaLineas(ObservadorImportacion& observador, const AlEmp
         RecorreLineas(observador, lotes, *almacen);
         EscribeLote(lotes, *almacen);
         lotes.Cierra();
+    } catch (const ConfirmacionIncierta&) {
+        Pierde(m_resultado.transferidos - lotes.Conservadas(), NoSeSabeSiQuedaron);
+        throw;
     } catch (const Error&) {
         if (!Conserva(lotes, *almacen))
-            Pierde(m_resultado.transferidos - lotes.Conservadas());
+            Pierde(m_resultado.transferidos - lotes.Conservadas(), NoSeConservaron);
         throw;
     }
 }
@@ -127,10 +131,10 @@ bool Transferencia::Conserva(Lotes& lotes, Almacen& almacen) {
     return lotes.Conserva();
 }
 
-/// Lines whose rows are gone aren't claimed.
-void Transferencia::Pierde(qint64 lineas) {
+/// Lines whose rows are gone, or may be, aren't claimed.
+void Transferencia::Pierde(qint64 lineas, QString (*frase)(qint64 perdidas, qint64 conservadas)) {
     m_resultado.transferidos -= lineas;
-    m_resultado.noConservado.append(NoSeConservaron(lineas, m_resultado.transferidos));
+    m_resultado.noConservado.append(frase(lineas, m_resultado.transferidos));
 }
 
 void Transferencia::RecorreLineas(ObservadorImportacion& observador, Lotes& lotes, Almacen& almacen) {

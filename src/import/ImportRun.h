@@ -106,7 +106,7 @@ class Transferencia {
     void EscribeLote(Lotes& lotes, Almacen& almacen);
     [[nodiscard]] bool Conserva(Lotes& lotes, Almacen& almacen);
     void RechazaEscritas(const QList<qint64>& lineas);
-    void Pierde(qint64 lineas);
+    void Pierde(qint64 lineas, QString (*frase)(qint64 perdidas, qint64 conservadas));
     void ImportaLinea(QByteArrayView bytes, Almacen& almacen);
     void Rechaza(QByteArrayView bytes, const Refutacion& refutacion);
     void RechazaEntero();

@@ -44,10 +44,21 @@ void Lotes::Abre() {
 
 void Lotes::Cierra() {
     if (m_abierta && !m_prueba)
-        m_abierta->Confirma();
+        Confirma();
     m_abierta.reset();
     m_confirmadas = m_lineas;
     m_conservadas = m_transferidas;
+}
+
+/// What is lost with its connection can't be confirmed once more.
+void Lotes::Confirma() {
+    try {
+        m_abierta->Confirma();
+    } catch (const Error& error) {
+        if (error.Es(NumeroError::ConexionPerdida))
+            Abandona();
+        throw;
+    }
 }
 
 void Lotes::Abandona() {

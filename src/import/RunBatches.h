@@ -45,6 +45,7 @@ class Lotes {
 
   private:
     void Abre();
+    void Confirma();
 
     Base* m_base;
     bool m_prueba;

@@ -85,6 +85,12 @@ QString NoSeConservaron(qint64 perdidas, qint64 conservadas) {
         conservadas);
 }
 
+QString NoSeSabeSiQuedaron(qint64 dudosas, qint64 conservadas) {
+    return u"No se sabe si quedaron las últimas líneas transferidas: %1. Las anteriores se conservan: %2."_s
+        .arg(dudosas)
+        .arg(conservadas);
+}
+
 Mensaje MensajeDePrueba(const QString& archivo, qint64 rechazados) {
     const QString resultado = rechazados < 1    ? u"ninguna línea sería rechazada."_s
                               : rechazados == 1 ? u"una línea sería rechazada."_s

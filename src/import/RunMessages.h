@@ -24,6 +24,9 @@ namespace xa518 {
 /// After an error: lines that were transferred and undone again, and how many are left.
 [[nodiscard]] QString NoSeConservaron(qint64 perdidas, qint64 conservadas);
 
+/// After a connection that broke while lines were made permanent, where nobody can tell what became of them.
+[[nodiscard]] QString NoSeSabeSiQuedaron(qint64 dudosas, qint64 conservadas);
+
 /// After a run that has left the clients' totals as they were: a question, whether to try them again.
 [[nodiscard]] Mensaje PreguntaPorTotales(const Error& error);
 

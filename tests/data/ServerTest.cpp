@@ -82,6 +82,26 @@ TEST_F(ServerTest, ALostConnectionIsToldAndTheNextActionConnectsAgain) {
     EXPECT_EQ(Usuarios(), u"ANA|EVA"_s);
 }
 
+TEST_F(ServerTest, ALossTellsNoMoreThanIsKnown) {
+    const auto dicho = [](const auto& trabajo) {
+        try {
+            trabajo();
+        } catch (const ErrorDeServidor& error) {
+            return error.Texto();
+        }
+        return QString();
+    };
+    CortaLaConexion();
+    EXPECT_TRUE(dicho([&] { (void)m_base->Lee(u"SELECT * FROM CLAVES"_s); }).contains(u"está a salvo. Revise"_s));
+    CortaLaConexion();
+    EXPECT_TRUE(dicho([&] { AgregaUsuario(u"ANA"_s); }).contains(u"no se sabe si lo último quedó grabado"_s));
+    CortaLaConexion();
+    EXPECT_TRUE(dicho([&] { (void)m_base->Comienza(); }).contains(u"no quedó grabado"_s));
+    Transaccion transaccion = m_base->Comienza();
+    CortaLaConexion();
+    EXPECT_TRUE(dicho([&] { (void)m_base->Lee(u"SELECT * FROM CLAVES"_s); }).contains(u"no quedó grabado"_s));
+}
+
 /// The engine would undo it without a word.
 TEST_F(ServerTest, ATransactionWithAFailureIsNotConfirmed) {
     AgregaUsuario(u"ANA"_s);

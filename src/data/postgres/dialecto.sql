@@ -60,10 +60,11 @@ CREATE OR REPLACE FUNCTION dialecto.mid$(text, integer, integer) RETURNS text LA
 CREATE OR REPLACE FUNCTION dialecto.len(text) RETURNS integer LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
     'SELECT pg_catalog.length($1)';
 
--- The leading number of a text, 0 when there is none.
+-- The leading number of a text, 0 when there is none. Most texts are a number and nothing else, which is found out in a
+-- fifth of the time that cutting one out takes.
 CREATE OR REPLACE FUNCTION dialecto.val(text) RETURNS numeric LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
-    'SELECT pg_catalog.trim_scale(coalesce(pg_catalog.substring($1,
-        ''^ *([+-]?(?:[0-9]+\.?[0-9]*|\.[0-9]+))'')::pg_catalog.numeric, 0))';
+    'SELECT pg_catalog.trim_scale(CASE WHEN $1 OPERATOR(pg_catalog.~) ''^[0-9]+(?:\.[0-9]+)?$'' THEN $1::pg_catalog.numeric
+        ELSE coalesce(pg_catalog.substring($1, ''^ *([+-]?(?:[0-9]+\.?[0-9]*|\.[0-9]+))'')::pg_catalog.numeric, 0) END)';
 CREATE OR REPLACE FUNCTION dialecto.val(integer) RETURNS numeric LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
     'SELECT $1::pg_catalog.numeric';
 CREATE OR REPLACE FUNCTION dialecto.val(bigint) RETURNS numeric LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
@@ -101,7 +102,8 @@ END $crea$;
 -- and what follows are called for each client of a month: a search path of their own would take four times as long.
 CREATE OR REPLACE FUNCTION dialecto.fin_de_suma(numeric) RETURNS numeric LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
 BEGIN
-    IF pg_catalog.abs($1) * 10::pg_catalog.numeric ^ pg_catalog.scale($1) >= 1e36 THEN
+    IF (pg_catalog.abs($1) >= 1e20 OR pg_catalog.scale($1) > 16)
+        AND pg_catalog.abs($1) * 10::pg_catalog.numeric ^ pg_catalog.scale($1) >= 1e36 THEN
         RAISE numeric_value_out_of_range;
     END IF;
     RETURN pg_catalog.trim_scale($1);
@@ -114,8 +116,9 @@ CREATE OR REPLACE AGGREGATE dialecto.sum(numeric) (
 CREATE OR REPLACE AGGREGATE dialecto.sum(text) (
     SFUNC = dialecto.suma_texto, STYPE = numeric, FINALFUNC = dialecto.fin_de_suma, PARALLEL = SAFE);
 
--- What a sum is worth to a client: an amount of money, four decimals at most, ties to even, never below 0.
-CREATE OR REPLACE FUNCTION dialecto.importe(numeric) RETURNS text LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
+-- What a sum is worth to a client: an amount of money, four decimals at most, ties to even, never below 0. Most sums have no
+-- more decimals than that: the server puts the expression in place of the call.
+CREATE OR REPLACE FUNCTION dialecto.importe_redondo(numeric) RETURNS text LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
 DECLARE
     cortado pg_catalog.numeric := pg_catalog.trunc($1, 4);
     fijo pg_catalog.numeric := pg_catalog.round($1, 4);
@@ -128,6 +131,9 @@ BEGIN
     END IF;
     RETURN CASE WHEN $1 IS NULL OR fijo < 0 THEN '0' ELSE pg_catalog.trim_scale(fijo)::pg_catalog.text END;
 END $$;
+CREATE OR REPLACE FUNCTION dialecto.importe(numeric) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
+    'SELECT CASE WHEN pg_catalog.scale($1) <= 4 AND $1 >= 0 AND $1 < 1e14 THEN pg_catalog.trim_scale($1)::pg_catalog.text
+        ELSE dialecto.importe_redondo($1) END';
 
 -- A whole number by a mask of zeros alone: that is all that queries ask for.
 CREATE OR REPLACE FUNCTION dialecto.format(text, text) RETURNS text LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE
