@@ -73,7 +73,7 @@ void MandoDeServidor::Crea(const QString& base) {
 }
 
 void MandoDeServidor::Quita(const QString& base) {
-    Pide(u"DROP DATABASE IF EXISTS "_s + NombreSql(base));
+    Pide(u"DROP DATABASE IF EXISTS %1 WITH (FORCE)"_s.arg(NombreSql(base)));
 }
 
 QString ConexionConBase(const LugarDeBase& lugar, const QString& base) {
