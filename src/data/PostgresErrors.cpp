@@ -191,12 +191,12 @@ ErrorDeServidor NoSeEntiende(const Parametros& parametros, const QString& motor)
 }
 
 ErrorDeServidor SinRespuesta(const Intento& intento, const Parametros& parametros, const QString& motor) {
-    if (!intento.seEmpezo && Eco(parametros) == PQPING_NO_ATTEMPT)
-        return NoSeEntiende(parametros, motor);
     const QString equipo = QString::fromUtf8(PQhost(intento.conexion.get()));
     if (!EsDeSocket(equipo) && !SeConoce(equipo))
         return {FallaDeServidor::Equipo,
                 u"No se conoce ningún equipo '%1': revise el nombre del servidor en XA000.INI."_s.arg(equipo), motor};
+    if (!intento.seEmpezo && Eco(parametros) == PQPING_NO_ATTEMPT)
+        return NoSeEntiende(parametros, motor);
     const bool pideCifrado =
         QStringList{u"require"_s, u"verify-ca"_s, u"verify-full"_s}.contains(OpcionDe(intento.conexion, u"sslmode"));
     if (pideCifrado && !EsDeSocket(equipo) && Responde(parametros, u"prefer"_s))

@@ -54,6 +54,7 @@ class FrmConsolaTest : public testing::Test {
     void Alt(Qt::Key letra) const {
         QTest::keyClick(ventana.get(), letra, Qt::AltModifier);
         QTest::qWait(120); // a mnemonic holds the button down for a tenth of a second
+        EsperaTrabajos();
     }
 
     [[nodiscard]] TablaFilas& Tabla(const char* nombre) const { return Control<TablaFilas>(nombre); }
