@@ -218,8 +218,10 @@ void FrmConsola::MuestraContenido() {
     m_copias->Carga();
     const std::unique_ptr<Base> base = m_sesion.Abre();
     const QString motivo = PorQueNoSeEscribe(*base);
-    m_copias->PonSinEscritura(motivo);
-    m_copias->Carga();
+    if (!motivo.isEmpty()) {
+        m_copias->PonSinEscritura(motivo);
+        m_copias->Carga();
+    }
     for (Pagina* pagina : m_paginas) {
         pagina->PonSinEscritura(motivo);
         pagina->Carga(*base);

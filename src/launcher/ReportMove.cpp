@@ -6,6 +6,7 @@
 #include "reports/SpoolRegistry.h"
 
 #include <QFileInfo>
+#include <QSet>
 
 namespace xa518 {
 
@@ -28,10 +29,7 @@ bool LlevaAlServidor(Base& destino, const QString& carpeta, const QString& archi
 }
 
 /// The register follows a file that had to get another name.
-bool TraeDelServidor(Base& origen, Base& destino, const QString& carpeta, const QString& archivo) {
-    const TextosDeInformes textos(origen);
-    if (!textos.Hojas().contains(archivo.toUpper()))
-        return QFileInfo(RutaDeInforme(carpeta, archivo)).isFile();
+bool TraeDelServidor(const TextosDeInformes& textos, Base& destino, const QString& carpeta, const QString& archivo) {
     const QString local = textos.Trae(carpeta, archivo);
     ExigeIgual(textos, RutaDeInforme(carpeta, local), archivo);
     if (local != archivo)
@@ -44,9 +42,14 @@ bool TraeDelServidor(Base& origen, Base& destino, const QString& carpeta, const 
 InformesMudados MudaInformes(Base& origen, Base& destino, const QString& carpeta,
                              const std::function<void()>& alLlevarUno) {
     InformesMudados mudados;
+    const TextosDeInformes textos(origen);
+    const QHash<QString, int> guardados = textos.Hojas();
     for (const QString& archivo : ArchivosDeInformes(origen)) {
-        const bool llevado = EsDeServidor(destino.Ruta()) ? LlevaAlServidor(destino, carpeta, archivo)
-                                                          : TraeDelServidor(origen, destino, carpeta, archivo);
+        bool llevado = QFileInfo(RutaDeInforme(carpeta, archivo)).isFile();
+        if (EsDeServidor(destino.Ruta()))
+            llevado = LlevaAlServidor(destino, carpeta, archivo);
+        else if (guardados.contains(archivo.toUpper()))
+            llevado = TraeDelServidor(textos, destino, carpeta, archivo);
         ++(llevado ? mudados.llevados : mudados.sinTexto);
         alLlevarUno();
     }
@@ -55,9 +58,13 @@ InformesMudados MudaInformes(Base& origen, Base& destino, const QString& carpeta
 
 QStringList ArchivosDeInformes(Base& base) {
     QStringList archivos;
+    QSet<QString> vistos;
     for (const InformeRegistrado& informe : Informes(base, {}, {}).Lista()) {
-        if (!informe.archivo.isEmpty() && !archivos.contains(informe.archivo, Qt::CaseInsensitive))
-            archivos.append(informe.archivo);
+        const QString igualado = informe.archivo.toUpper();
+        if (igualado.isEmpty() || vistos.contains(igualado))
+            continue;
+        vistos.insert(igualado);
+        archivos.append(informe.archivo);
     }
     return archivos;
 }
