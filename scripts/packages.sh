@@ -23,6 +23,7 @@ packages_build=(
 
 packages_test=(
   postgresql-15 # a private server for the tests, and for nothing else
+  openssl # certificates of the tests' own
   libgtest-dev
   libgmock-dev
   clang-format

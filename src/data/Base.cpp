@@ -337,7 +337,12 @@ QStringList Base::Defectos() {
 }
 
 void Base::CopiaEn(const QString& archivo) {
-    m_motor->CopiaEn(archivo);
+    try {
+        m_motor->CopiaEn(archivo);
+    } catch (const ErrorBase&) {
+        AvisaElCorte();
+        throw;
+    }
 }
 
 void Base::ExigeSola() {

@@ -23,8 +23,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPrimeraVersion = 130000;
-constexpr qint64 kRelojesMs = 120'000;
 constexpr int kFilasPorTurno = 2000;
 constexpr std::chrono::milliseconds kCadaMirada{50};
 
@@ -148,11 +146,7 @@ void MotorPostgres::ExigeServidor() const {
     const int version = PQserverVersion(Manija());
     if (EstaPerdida() || version == 0) // a server that ended right after it was reached tells none
         throw ConexionPerdida(QString::fromUtf8(PQerrorMessage(Manija())).trimmed());
-    if (version < kPrimeraVersion)
-        throw ErrorDeServidor(
-            FallaDeServidor::Antiguo,
-            u"El servidor es PostgreSQL %1, y estos programas necesitan la versión 13 o una posterior."_s.arg(version /
-                                                                                                              10000));
+    ExigeVersionDelServidor(version);
     const ResultadoPg filas = Pide(Manija(), u"SELECT pg_catalog.current_setting('server_encoding')"_s);
     if (Valor(filas.get(), 0, 0) != "UTF8")
         throw ErrorDeServidor(
@@ -161,17 +155,10 @@ void MotorPostgres::ExigeServidor() const {
     ExigeReloj();
 }
 
-/// What two seats write carries the time of each.
 void MotorPostgres::ExigeReloj() const {
     const ResultadoPg fila =
         Pide(Manija(), u"SELECT (extract(epoch FROM pg_catalog.clock_timestamp()) * 1000)::bigint"_s);
-    const qint64 servidor = Valor(fila.get(), 0, 0).toByteArray().toLongLong();
-    const qint64 diferencia = QDateTime::currentMSecsSinceEpoch() - servidor;
-    if (std::abs(diferencia) > kRelojesMs)
-        throw ErrorDeServidor(
-            FallaDeServidor::Reloj,
-            u"El reloj de este equipo y el del servidor difieren en %1 minutos: corrija la hora antes de trabajar."_s
-                .arg(std::abs(diferencia) / 60'000));
+    ExigeMismaHora(Valor(fila.get(), 0, 0).toByteArray().toLongLong(), QDateTime::currentMSecsSinceEpoch());
 }
 
 /// A database of these programs has their two schemas; a new one has nothing.
@@ -284,9 +271,10 @@ QStringList MotorPostgres::SqlComienza(Turno turno) const {
     return comienzo;
 }
 
-/// Who wrote last is this connection or another one, which will be the first to change it back.
+/// In how many transactions the others wrote.
 QString MotorPostgres::SqlVersion() const {
-    return u"SELECT veces + CASE WHEN escritor = pg_backend_pid() THEN 0 ELSE 1 END FROM cambios"_s;
+    return u"SELECT CAST(coalesce(pg_catalog.sum(veces), 0) AS bigint) FROM cambios WHERE escritor <>"
+           " pg_backend_pid()"_s;
 }
 
 QString MotorPostgres::SqlVersionDelEsquema() const {
@@ -365,7 +353,9 @@ void MotorPostgres::ExigeSola() {
         Manija(), u"SELECT count(*) FROM pg_catalog.pg_stat_activity WHERE datname OPERATOR(pg_catalog.=)"
                   " pg_catalog.current_database() AND pid <> pg_catalog.pg_backend_pid() AND usesysid IS NOT NULL"_s);
     if (Valor(fila.get(), 0, 0) != "0")
-        throw ErrorBase(NumeroError::BaseBloqueada, u"La base de datos está ocupada por otro programa."_s);
+        throw ErrorBase(
+            NumeroError::BaseBloqueada,
+            u"La base de datos está ocupada por otro programa: espere a que termine y vuelva a intentarlo."_s);
 }
 
 /// Neither a transaction's words nor those that make tables can be prepared.

@@ -1,6 +1,7 @@
 #include "data/SchemaVersion.h"
 
 #include "data/Base.h"
+#include "data/ServerFailure.h"
 
 namespace xa518 {
 
@@ -14,10 +15,13 @@ void ExigeVersion(Base& base, int esperada) {
     const int version = VersionDe(base);
     if (version == esperada)
         return;
-    throw ErrorBase(NumeroError::VersionAjena, u"La base '%1' es de la versión %2 y este programa usa la %3. %4"_s.arg(
-                                                   base.Ruta(), QString::number(version), QString::number(esperada),
-                                                   version > esperada ? u"Instale la versión actual del programa."_s
-                                                                      : u"Ejecute consola --instalar."_s));
+    const bool esPosterior = version > esperada;
+    const QString texto = u"La base '%1' es de la versión %2 y este programa usa la %3. %4"_s.arg(
+        base.Ruta(), QString::number(version), QString::number(esperada),
+        esPosterior ? u"Instale la versión actual del programa."_s : u"Ejecute consola --instalar."_s);
+    if (esPosterior && EsDeServidor(base.Ruta()))
+        throw ErrorDeServidor(FallaDeServidor::Posterior, texto);
+    throw ErrorBase(NumeroError::VersionAjena, texto);
 }
 
 } // namespace xa518

@@ -26,6 +26,8 @@ struct MandoDeServidor::Conexion {
 MandoDeServidor::MandoDeServidor(const QString& conexion, Lugar lugar) {
     Parametros parametros = LeeConexion(conexion);
     parametros.insert(u"client_encoding"_s, u"UTF8"_s);
+    if (!parametros.contains(u"connect_timeout"_s))
+        parametros.insert(u"connect_timeout"_s, u"10"_s);
     Manija manija = Conecta(parametros); // which also tells the name of the database, be it there or not
     m_nombrada = QString::fromUtf8(PQdb(manija.get()));
     if (lugar == Lugar::AlLado) {
@@ -73,7 +75,7 @@ void MandoDeServidor::Crea(const QString& base) {
 }
 
 void MandoDeServidor::Quita(const QString& base) {
-    Pide(u"DROP DATABASE IF EXISTS "_s + NombreSql(base));
+    Pide(u"DROP DATABASE IF EXISTS %1 WITH (FORCE)"_s.arg(NombreSql(base)));
 }
 
 QString ConexionConBase(const LugarDeBase& lugar, const QString& base) {

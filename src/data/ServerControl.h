@@ -36,6 +36,7 @@ class MandoDeServidor {
     [[nodiscard]] bool EstaEnUso(const QString& base);
     /// An empty one.
     void Crea(const QString& base);
+    /// With whoever is still inside.
     void Quita(const QString& base);
 
   private:

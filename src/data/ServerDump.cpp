@@ -3,12 +3,15 @@
 #include "data/Base.h"
 #include "data/PostgresErrors.h"
 #include "data/ServerControl.h"
+#include "values/Progress.h"
 
+#include <QMap>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
 
 #include <functional>
+#include <numeric>
 
 namespace xa518 {
 
@@ -16,7 +19,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kSinPlazo = -1;
+/// How many rows each table has, by its name with its schema.
+using FilasPorTabla = QMap<QString, qint64>;
+
+constexpr int kEntrePreguntas = 100; ///< milliseconds, whether to go on
 
 /// One of the server's programs. The password comes from libpq's own places, never from here.
 class ProgramaDelServidor {
@@ -33,21 +39,30 @@ class ProgramaDelServidor {
         m_proceso.start(ruta, argumentos, QIODevice::ReadOnly);
     }
 
-    /// Runs to the end and hands out what it writes, line by line.
-    void Corre(const std::function<void(const QByteArray&)>& linea) {
-        while (m_proceso.waitForReadyRead(kSinPlazo)) {
+    ProgramaDelServidor(const ProgramaDelServidor&) = delete;
+    ProgramaDelServidor& operator=(const ProgramaDelServidor&) = delete;
+    ~ProgramaDelServidor() {
+        m_proceso.kill(); // only one that was stopped still runs
+        m_proceso.waitForFinished();
+    }
+
+    /// Runs to the end and hands out what it writes, line by line. Now and then it asks whether to go on.
+    void Corre(const std::function<void(const QByteArray&)>& linea, const std::function<void()>& alEsperar) {
+        while (m_proceso.state() != QProcess::NotRunning) {
+            alEsperar();
+            m_proceso.waitForReadyRead(kEntrePreguntas);
             while (m_proceso.canReadLine())
                 linea(m_proceso.readLine());
         }
-        m_proceso.waitForFinished(kSinPlazo);
         while (m_proceso.canReadLine())
             linea(m_proceso.readLine());
         if (m_proceso.error() == QProcess::FailedToStart || m_proceso.exitStatus() != QProcess::NormalExit ||
             m_proceso.exitCode() != 0)
             throw Falla();
     }
-    void Corre() {
-        Corre([](const QByteArray&) {});
+    /// One that writes nothing, and doesn't tell how far it is.
+    void Corre(Avance& avance) {
+        Corre([](const QByteArray&) {}, [&avance] { avance.Va(0, 0); });
     }
 
   private:
@@ -59,7 +74,7 @@ class ProgramaDelServidor {
                     " versión del servidor."_s.arg(m_nombre),
                     queja};
         if (queja.contains("permission denied"_L1))
-            return {NumeroError::BaseBloqueada, u"La cuenta del servidor no tiene permiso para hacerlo."_s, queja};
+            return {NumeroError::BaseBloqueada, ErrorDeEstado(u"42501"_s, {}).Texto(), queja};
         return {NumeroError::FallaDelMotor,
                 u"El programa %1 del servidor no pudo terminar su trabajo: revise que el servidor responda y que haya"
                 " espacio en el disco, y vuelva a intentarlo."_s.arg(m_nombre),
@@ -73,11 +88,12 @@ class ProgramaDelServidor {
 QStringList TablasListadas(const QString& archivo) {
     static const QRegularExpression datos(u" TABLE DATA (\\S+) (\\S+) "_s);
     QStringList tablas;
-    ProgramaDelServidor(u"pg_restore"_s, {u"--list"_s, archivo}).Corre([&](const QByteArray& linea) {
+    const auto lee = [&](const QByteArray& linea) {
         const QRegularExpressionMatch hallada = datos.match(QString::fromUtf8(linea));
         if (hallada.hasMatch())
             tablas.append(hallada.captured(1) + u'.' + hallada.captured(2));
-    });
+    };
+    ProgramaDelServidor(u"pg_restore"_s, {u"--list"_s, archivo}).Corre(lee, [] {});
     return tablas;
 }
 
@@ -90,19 +106,47 @@ FilasPorTabla Cuenta(MandoDeServidor& mando) {
     return filas;
 }
 
+FilasPorTabla FilasDeBase(const QString& conexion) {
+    MandoDeServidor mando(conexion, MandoDeServidor::Lugar::EnLaBase);
+    return Cuenta(mando);
+}
+
+qint64 Suma(const FilasPorTabla& filas) {
+    return std::accumulate(filas.cbegin(), filas.cend(), qint64{0});
+}
+
+/// The rows that such a file holds, by pg_restore. A row is a line, since line ends within are written otherwise.
+FilasPorTabla FilasDeVolcado(const QString& archivo, qint64 esperadas, Avance& avance) {
+    static const QRegularExpression comienzo(u"^COPY (\\S+) .*FROM stdin;$"_s);
+    FilasPorTabla filas;
+    for (const QString& tabla : TablasListadas(archivo))
+        filas.insert(tabla, 0);
+    QString tabla;
+    qint64 leidas = 0;
+    const auto lee = [&](const QByteArray& linea) {
+        if (tabla.isEmpty()) {
+            tabla = comienzo.match(QString::fromUtf8(linea).trimmed()).captured(1);
+        } else if (linea == "\\.\n") {
+            tabla.clear();
+        } else {
+            ++filas[tabla];
+            ++leidas;
+        }
+    };
+    ProgramaDelServidor(u"pg_restore"_s, {u"--data-only"_s, u"--file=-"_s, archivo}).Corre(lee, [&] {
+        avance.Va(std::min(leidas, esperadas), esperadas);
+    });
+    return filas;
+}
+
 ErrorBase NoCuadra() {
     return {NumeroError::FallaDelMotor, u"La copia no tiene las mismas filas que la base de datos."_s};
 }
 
 } // namespace
 
-FilasPorTabla FilasDeBase(const QString& conexion) {
-    MandoDeServidor mando(conexion, MandoDeServidor::Lugar::EnLaBase);
-    return Cuenta(mando);
-}
-
 /// Both read the same moment, which the counting transaction holds.
-void VuelcaBase(const QString& conexion, const QString& archivo) {
+void VuelcaBase(const QString& conexion, const QString& archivo, Avance& avance) {
     MandoDeServidor mando(conexion, MandoDeServidor::Lugar::EnLaBase);
     mando.Pide(u"BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"_s);
     const QString momento = mando.PideUno(u"SELECT pg_export_snapshot()"_s);
@@ -111,36 +155,18 @@ void VuelcaBase(const QString& conexion, const QString& archivo) {
                         {u"--format=custom"_s, u"--no-password"_s, u"--schema=familia"_s, u"--schema=dialecto"_s,
                          u"--lock-wait-timeout=10000"_s, u"--snapshot="_s + momento, u"--file="_s + archivo,
                          u"--dbname="_s + TextoDeConexion(LeeConexion(conexion))})
-        .Corre();
-    if (FilasDeVolcado(archivo) != filas)
+        .Corre(avance);
+    if (FilasDeVolcado(archivo, Suma(filas), avance) != filas)
         throw NoCuadra();
 }
 
-/// A row is a line, since line ends within are written otherwise.
-FilasPorTabla FilasDeVolcado(const QString& archivo) {
-    static const QRegularExpression comienzo(u"^COPY (\\S+) .*FROM stdin;$"_s);
-    FilasPorTabla filas;
-    for (const QString& tabla : TablasListadas(archivo))
-        filas.insert(tabla, 0);
-    QString tabla;
-    ProgramaDelServidor(u"pg_restore"_s, {u"--data-only"_s, u"--file=-"_s, archivo})
-        .Corre([&](const QByteArray& linea) {
-            if (!tabla.isEmpty() && linea == "\\.\n")
-                tabla.clear();
-            else if (!tabla.isEmpty())
-                ++filas[tabla];
-            else if (linea.startsWith("COPY "))
-                tabla = comienzo.match(QString::fromUtf8(linea).trimmed()).captured(1);
-        });
-    return filas;
-}
-
-void LlenaDeVolcado(const QString& archivo, const QString& conexion) {
+void LlenaDeVolcado(const QString& archivo, const QString& conexion, Avance& avance) {
     ProgramaDelServidor(u"pg_restore"_s,
                         {u"--no-owner"_s, u"--no-acl"_s, u"--no-password"_s, u"--exit-on-error"_s,
                          u"--single-transaction"_s, u"--dbname="_s + TextoDeConexion(LeeConexion(conexion)), archivo})
-        .Corre();
-    if (FilasDeVolcado(archivo) != FilasDeBase(conexion))
+        .Corre(avance);
+    const FilasPorTabla filas = FilasDeBase(conexion);
+    if (FilasDeVolcado(archivo, Suma(filas), avance) != filas)
         throw NoCuadra();
 }
 

@@ -11,7 +11,8 @@ NumeroError NumeroDe(FallaDeServidor falla) {
     case FallaDeServidor::Texto:
     case FallaDeServidor::BaseAjena: return NumeroError::MotorAjeno;
     case FallaDeServidor::Cuenta: return NumeroError::CuentaRechazada;
-    case FallaDeServidor::Antiguo: return NumeroError::VersionAjena;
+    case FallaDeServidor::Antiguo:
+    case FallaDeServidor::Posterior: return NumeroError::VersionAjena;
     case FallaDeServidor::Reloj: return NumeroError::ArgumentoInvalido;
     case FallaDeServidor::Perdida: return NumeroError::ConexionPerdida;
     case FallaDeServidor::Equipo:

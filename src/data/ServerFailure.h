@@ -17,6 +17,7 @@ enum class FallaDeServidor {
     SinCifrado, ///< no TLS where the text asks for it
     Reloj,      ///< more than two minutes from this machine's
     Perdida,    ///< the connection, in the middle of the work
+    Posterior,  ///< tables of a later version of these programs
 };
 
 /// A failure of the server or of the way to it, each of which a program ends with by a code of its own.

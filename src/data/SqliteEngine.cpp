@@ -99,7 +99,8 @@ int NumeroDe(int codigo, const QString& motor) {
 QString ExplicacionDeClase(int codigo, const QString& motor) {
     switch (codigo & 0xff) {
     case SQLITE_BUSY:
-    case SQLITE_LOCKED: return u"La base de datos está ocupada por otro programa."_s;
+    case SQLITE_LOCKED:
+        return u"La base de datos está ocupada por otro programa: espere a que termine y vuelva a intentarlo."_s;
     case SQLITE_READONLY: return u"La base de datos es de sólo lectura."_s;
     case SQLITE_CANTOPEN: return u"No se puede abrir la base de datos."_s;
     case SQLITE_FULL: return u"El disco está lleno."_s;

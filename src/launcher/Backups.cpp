@@ -1,6 +1,7 @@
 #include "launcher/Backups.h"
 
 #include "data/Base.h"
+#include "data/FollowedWork.h"
 #include "data/SchemaVersion.h"
 #include "data/ServerDump.h"
 #include "data/ServerFailure.h"
@@ -17,6 +18,7 @@
 #include "platform/TakePlace.h"
 #include "values/FileFailure.h"
 #include "values/PrivateAccess.h"
+#include "values/Progress.h"
 
 #include <QDir>
 #include <QFile>
@@ -75,8 +77,12 @@ void Anota(const QString& base, const Firma& firma, const QString& copia) {
 }
 
 /// Copies the file's base and reads the copy through.
-void CopiaArchivo(const QString& base, const QString& copia) {
-    Base::Abre(base)->CopiaEn(copia);
+void CopiaArchivo(const QString& base, const QString& copia, Avance& avance) {
+    {
+        const std::unique_ptr<Base> original = Base::Abre(base);
+        const TrabajoSeguido seguido(*original, avance, 0);
+        original->CopiaEn(copia);
+    }
     const QStringList defectos = Respaldos::Defectos(*Base::Abre(copia));
     if (!defectos.isEmpty())
         throw Error(NumeroError::AccesoAlDisco,
@@ -148,20 +154,20 @@ const QString& Respaldos::Extension() const {
     return EsDeServidor(m_rutaBase) ? kExtensionDeServidor : kExtension;
 }
 
-QString Respaldos::HazUna() const {
+QString Respaldos::HazUna(Avance& avance) const {
     CreaCarpetaPrivada(m_carpeta);
     const LugarDePaso lugar(m_carpeta);
     if (EsDeServidor(m_rutaBase))
-        VuelcaBase(m_rutaBase, lugar.Archivo());
+        VuelcaBase(m_rutaBase, lugar.Archivo(), avance);
     else
-        CopiaArchivo(m_rutaBase, lugar.Archivo());
+        CopiaArchivo(m_rutaBase, lugar.Archivo(), avance);
     QString destino = NombreLibre(Extension());
     CopiaPrivada(lugar.Archivo(), destino); // the engine doesn't wait for the disk in a copy of its own
     return destino;
 }
 
-QString Respaldos::Haz() const {
-    QString copia = HazUna();
+QString Respaldos::Haz(Avance& avance) const {
+    QString copia = HazUna(avance);
     QuitaSobrantes(copia);
     return copia;
 }
@@ -201,18 +207,19 @@ void Respaldos::QuitaSobrantes(const QString& reciente) const {
         QFile::remove(copia.ruta);
 }
 
-Veredicto Respaldos::Restaura(const QString& archivo, const Firma& firma) const {
+Veredicto Respaldos::Restaura(const QString& archivo, const Firma& firma, Avance& avance) const {
     if (!QFileInfo(archivo).isFile())
         return Veredicto::Critico(u"No se encuentra el archivo '%1'."_s.arg(archivo));
     CreaCarpetaPrivada(m_carpeta);
-    return EsDeServidor(m_rutaBase) ? RestauraEnServidor(archivo, firma) : RestauraArchivo(archivo, firma);
+    return EsDeServidor(m_rutaBase) ? RestauraEnServidor(archivo, firma, avance)
+                                    : RestauraArchivo(archivo, firma, avance);
 }
 
 /// The new database is whole before anybody is asked to leave the old one, and nobody changes that one between the copy
 /// of it and the change of names.
-Veredicto Respaldos::RestauraEnServidor(const QString& archivo, const Firma& firma) const {
+Veredicto Respaldos::RestauraEnServidor(const QString& archivo, const Firma& firma, Avance& avance) const {
     BaseDePaso nueva(m_rutaBase);
-    if (const QString motivo = nueva.Llena(archivo, m_formularios); !motivo.isEmpty())
+    if (const QString motivo = nueva.Llena(archivo, m_formularios, avance); !motivo.isEmpty())
         return Veredicto::Critico(u"El archivo '%1' no se puede restaurar: %2"_s.arg(archivo, motivo));
     QString guardado;
     {
@@ -221,7 +228,7 @@ Veredicto Respaldos::RestauraEnServidor(const QString& archivo, const Firma& fir
         if (seAbre && !vigente)
             return Veredicto::Critico(kServidorEnUso);
         if (seAbre)
-            guardado = HazUna();
+            guardado = HazUna(avance);
         ConservaLoNumeradoEnServidor(nueva.Conexion(), seAbre);
         Anota(nueva.Conexion(), firma, archivo);
     }
@@ -242,11 +249,12 @@ void Respaldos::ConservaLoNumeradoEnServidor(const QString& nueva, bool seAbre) 
     if (copias.isEmpty())
         return;
     const BaseDePaso ultima(m_rutaBase);
-    if (ultima.Llena(copias.constFirst().ruta, m_formularios).isEmpty())
+    SinAvance sinAvance;
+    if (ultima.Llena(copias.constFirst().ruta, m_formularios, sinAvance).isEmpty())
         ConservaNumeros(nueva, {QString(), {ultima.Conexion()}}, m_formularios);
 }
 
-Veredicto Respaldos::RestauraArchivo(const QString& archivo, const Firma& firma) const {
+Veredicto Respaldos::RestauraArchivo(const QString& archivo, const Firma& firma, Avance& avance) const {
     const LugarDePaso lugar(QFileInfo(m_rutaBase).absolutePath());
     CopiaPrivada(archivo, lugar.Archivo());
     const QString motivo = MotivoDeRechazo(lugar.Archivo(), m_formularios);
@@ -255,7 +263,7 @@ Veredicto Respaldos::RestauraArchivo(const QString& archivo, const Firma& firma)
     if (Veredicto veredicto = ExigeLibre(); !veredicto)
         return veredicto;
     const TrabajoUnico trabajo(m_rutaBase);
-    const QString guardado = GuardaLoQueHay();
+    const QString guardado = GuardaLoQueHay(avance);
     ConservaLoNumerado(lugar.Archivo(), guardado);
     Anota(lugar.Archivo(), firma, archivo);
     Reemplaza(m_rutaBase, lugar, guardado);
@@ -293,12 +301,12 @@ void Respaldos::ConservaLoNumerado(const QString& nueva, const QString& guardado
     ConservaNumeros(nueva, {copias.contains(guardado) ? guardado : QString(), copias}, m_formularios);
 }
 
-QString Respaldos::GuardaLoQueHay() const {
+QString Respaldos::GuardaLoQueHay(Avance& avance) const {
     QString destino = NombreLibre(kExtensionDanada);
     if (!QFileInfo::exists(m_rutaBase))
         return destino;
     try {
-        return HazUna();
+        return HazUna(avance);
     } catch (const Error&) { // NOLINT(bugprone-empty-catch)
         // It can't be read, or its faults go into the copy: the bytes are kept, in case that somebody can mend them.
     }

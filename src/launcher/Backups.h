@@ -10,6 +10,7 @@
 
 namespace xa518 {
 
+class Avance;
 class Base;
 class Reloj;
 struct Firma;
@@ -31,8 +32,8 @@ class Respaldos {
     /// The forms are those whose tables and numbers a restored base gets.
     Respaldos(QString rutaBase, QString carpeta, const Reloj& reloj, Formularios formularios);
 
-    /// Makes a copy and returns its full name. Raises `Error`, and then the folder is as it was.
-    [[nodiscard]] QString Haz() const;
+    /// Makes a copy and returns its full name. Raises `Error` or `Detenido`, and then the folder is as it was.
+    [[nodiscard]] QString Haz(Avance& avance) const;
 
     /// The newest first.
     [[nodiscard]] QList<Respaldo> Lista() const;
@@ -40,8 +41,9 @@ class Respaldos {
     /// Puts a copy in the base's place, whole or not at all; one of an earlier version gets the tables of this one.
     /// What stood there is kept first: as one more copy, or byte by byte when it can't be read any more. Refused for a
     /// file that is no sound base of these programs, and while another program uses the base. Numbers of sendings, the
-    /// register of reports and the log of changes don't go back with it. Raises `Error`, `TrabajoAjeno` among them.
-    [[nodiscard]] Veredicto Restaura(const QString& archivo, const Firma& firma) const;
+    /// register of reports and the log of changes don't go back with it. Raises `Error`, `TrabajoAjeno` among them, and
+    /// as long as nothing has changed `Detenido`.
+    [[nodiscard]] Veredicto Restaura(const QString& archivo, const Firma& firma, Avance& avance) const;
 
     /// What the engine finds wrong in the base, a line for each thing; nothing in a sound one.
     [[nodiscard]] static QStringList Defectos(Base& base);
@@ -50,15 +52,15 @@ class Respaldos {
 
   private:
     [[nodiscard]] const QString& Extension() const;
-    [[nodiscard]] Veredicto RestauraArchivo(const QString& archivo, const Firma& firma) const;
-    [[nodiscard]] Veredicto RestauraEnServidor(const QString& archivo, const Firma& firma) const;
+    [[nodiscard]] Veredicto RestauraArchivo(const QString& archivo, const Firma& firma, Avance& avance) const;
+    [[nodiscard]] Veredicto RestauraEnServidor(const QString& archivo, const Firma& firma, Avance& avance) const;
     void ConservaLoNumeradoEnServidor(const QString& nueva, bool seAbre) const;
     [[nodiscard]] QString NombreLibre(const QString& extension) const;
     [[nodiscard]] Veredicto ExigeLibre() const;
     /// A copy, without taking an older one's place.
-    [[nodiscard]] QString HazUna() const;
+    [[nodiscard]] QString HazUna(Avance& avance) const;
     /// Keeps the base as it is, if need be byte by byte; returns the name that its remains have now.
-    [[nodiscard]] QString GuardaLoQueHay() const;
+    [[nodiscard]] QString GuardaLoQueHay(Avance& avance) const;
     void ConservaLoNumerado(const QString& nueva, const QString& guardado) const;
     void QuitaSobrantes(const QString& reciente) const;
 

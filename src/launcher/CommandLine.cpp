@@ -1,9 +1,11 @@
 #include "launcher/CommandLine.h"
 
+#include "data/Base.h"
 #include "data/ServerFailure.h"
 #include "family/Configuration.h"
 #include "family/Startup.h"
 #include "family/WorkLock.h"
+#include "family/WorkSeat.h"
 #include "launcher/Declarants.h"
 #include "launcher/Installation.h"
 #include "launcher/Moving.h"
@@ -98,6 +100,11 @@ void Exige(const Veredicto& veredicto) {
         throw Rechazo(veredicto.Motivo().texto);
 }
 
+void ExigeEscritura(const Base& base) {
+    if (const QString motivo = PorQueNoSeEscribe(base); !motivo.isEmpty())
+        throw Rechazo(motivo);
+}
+
 void Instala(const Pedido& pedido) {
     const QString carpeta = pedido.opciones.isSet(u"carpeta"_s)
                                 ? pedido.opciones.value(u"carpeta"_s)
@@ -120,6 +127,7 @@ void RegistraDeclarante(const Pedido& pedido) {
         throw Rechazo(u"Falta la opción --nombre."_s);
     Sesion sesion(pedido.entorno);
     const std::unique_ptr<Base> base = sesion.Abre();
+    ExigeEscritura(*base);
     Declarantes declarantes(*base);
     Declarante declarante{.ruc = Ruc(pedido.opciones.value(u"declarante"_s)),
                           .nombre = pedido.opciones.value(u"nombre"_s),
@@ -156,8 +164,9 @@ void Envia(const Pedido& pedido) {
                                  .periodo = LeePeriodo(pedido.opciones.positionalArguments().constFirst()),
                                  .formulario = FormularioPedido(pedido)};
     const bool admite = pedido.opciones.isSet(u"otro-original"_s);
-    const ResultadoEnvio resultado =
-        Sesion(pedido.entorno).Envia(clave, admite ? OtroOriginal::Admitido : OtroOriginal::Rechazado);
+    Sesion sesion(pedido.entorno);
+    ExigeEscritura(*sesion.Abre());
+    const ResultadoEnvio resultado = sesion.Envia(clave, admite ? OtroOriginal::Admitido : OtroOriginal::Rechazado);
     if (resultado.veredicto.ElCampo() == CampoDeEnvio::Rectifica)
         throw Rechazo(resultado.veredicto.Motivo().texto +
                       u" Para enviarla como otro original agregue --otro-original."_s);
@@ -167,7 +176,8 @@ void Envia(const Pedido& pedido) {
 }
 
 void Respalda(const Pedido& pedido) {
-    const QString ruta = Sesion(pedido.entorno).Copias().Haz();
+    SinAvance sinAvance;
+    const QString ruta = Sesion(pedido.entorno).Copias().Haz(sinAvance);
     pedido.salida << u"Copia de respaldo: "_s << ruta << '\n';
 }
 
@@ -175,7 +185,8 @@ void Restaura(const Pedido& pedido) {
     const QString archivo = QFileInfo(pedido.opciones.value(u"restaurar"_s)).absoluteFilePath();
     Sesion sesion(pedido.entorno);
     const Respaldos copias = sesion.Copias();
-    Exige(copias.Restaura(archivo, sesion.SuFirma()));
+    SinAvance sinAvance;
+    Exige(copias.Restaura(archivo, sesion.SuFirma(), sinAvance));
     pedido.salida << u"Base restaurada de: "_s << archivo << '\n';
 }
 
@@ -203,6 +214,7 @@ void MudaLaBase(const Pedido& pedido) {
     Sesion sesion(pedido.entorno);
     const Mudanza mudanza = sesion.MudanzaA(destino);
     Exige(mudanza.Valida());
+    ExigeEscritura(*sesion.Abre());
     CuartosDeCamino camino(pedido.salida);
     const BaseMudada mudada = mudanza.Muda(sesion.SuFirma(), camino);
     for (const QString& linea : mudada.hecho)

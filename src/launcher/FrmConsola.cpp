@@ -11,6 +11,7 @@
 #include "launcher/PagPuestos.h"
 #include "launcher/PagRegistradas.h"
 #include "platform/Notices.h"
+#include "platform/WorkThread.h"
 #include "ui_FrmConsola.h"
 #include "widgets/Application.h"
 #include "widgets/FrmTexto.h"
@@ -103,9 +104,14 @@ void FrmConsola::PonFichas(VistaDeInforme vista) {
 bool FrmConsola::event(QEvent* evento) {
     if (evento->type() == QEvent::Paint && !std::exchange(m_arrancada, true))
         QTimer::singleShot(0, this, Protegido([this] { Arranca(); }));
-    else if (evento->type() == QEvent::WindowActivate && m_arrancada)
+    else if (evento->type() == QEvent::WindowActivate && m_arrancada && !HayTrabajo())
         Recarga();
     return QMainWindow::event(evento);
+}
+
+/// A work beside this thread may need the base alone; at its end the lists are read anew.
+bool FrmConsola::HayTrabajo() const {
+    return findChild<QObject*>(HiloDeTrabajo::kEnMarcha) != nullptr;
 }
 
 void FrmConsola::Arranca() {
@@ -160,7 +166,7 @@ void FrmConsola::Instala() {
                  conEjemplo ? u"\n\nLos archivos para practicar están en su subcarpeta EJEMPLO."_s : QString()),
              {}});
     } catch (const Error& error) {
-        m_avisos->Muestra({Icono::Critico, TextoDeFalla(error), {}});
+        m_avisos->Muestra({Icono::Critico, TextoDeFalla(error, m_sesion.RutaBase()), {}});
         Recarga();
     }
 }
@@ -171,7 +177,7 @@ void FrmConsola::RevisaBase() {
         const QStringList defectos = Respaldos::Defectos(*m_sesion.Abre());
         m_defectos = defectos.isEmpty() ? QString() : u"La base tiene %1."_s.arg(CuentaDefectos(defectos));
     } catch (const Error& error) {
-        m_defectos = TextoDeFalla(error);
+        m_defectos = TextoDeFalla(error, m_sesion.RutaBase());
     }
     Recarga();
     if (!m_defectos.isEmpty())
@@ -213,9 +219,14 @@ void FrmConsola::EncuentraAyuda() {
 }
 
 void FrmConsola::MuestraContenido() {
+    m_copias->PonSinEscritura({}); // a copy is restored where no base opens, too
     m_copias->Carga();
     const std::unique_ptr<Base> base = m_sesion.Abre();
     const QString motivo = PorQueNoSeEscribe(*base);
+    if (!motivo.isEmpty()) {
+        m_copias->PonSinEscritura(motivo);
+        m_copias->Carga();
+    }
     for (Pagina* pagina : m_paginas) {
         pagina->PonSinEscritura(motivo);
         pagina->Carga(*base);
@@ -233,7 +244,7 @@ void FrmConsola::MuestraFalta(const Error& error) {
     const bool ocupada = error.Es(NumeroError::BaseBloqueada);
     for (Pagina* pagina : m_paginas)
         pagina->setEnabled(ocupada);
-    m_falta = TextoDeFalla(error);
+    m_falta = TextoDeFalla(error, m_sesion.RutaBase());
     PonAviso(m_sesion.HayInstalacion() ? m_falta : u"Todavía no hay una instalación en este equipo."_s,
              LoArreglaInstalar(error));
 }

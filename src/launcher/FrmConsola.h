@@ -36,6 +36,7 @@ class FrmConsola final : public QMainWindow {
     void PonModulos();
     void PonFichas(VistaDeInforme vista);
     void EncuentraAyuda();
+    [[nodiscard]] bool HayTrabajo() const;
     void Arranca();
     void OfreceInstalar();
     void Instala();

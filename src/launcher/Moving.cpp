@@ -31,12 +31,13 @@ namespace {
 /// What an installation fills by itself; whatever else has a row is somebody's work.
 const QStringList kCatalogos{u"PARAM"_s, u"ERROR"_s, u"CLAVES"_s};
 
-/// The rows that go by, each of which is read twice: where it was and where it is then.
+/// The rows that go by, each of which is read twice: where it was and where it is then; and the print-outs.
 class FilasQuePasan {
   public:
     FilasQuePasan(Base& origen, const QStringList& tablas, Avance& avance) : m_avance(&avance) {
         for (const QString& tabla : tablas)
             m_total += 2 * CuentaDeFilas(origen, tabla);
+        m_total += ArchivosDeInformes(origen).size();
     }
     void PasaUna() { m_avance->Va(++m_hechas, m_total); }
     void YaEstan() { m_avance->Va(m_total, m_total); }
@@ -87,6 +88,16 @@ class BaseParaMudar {
     TrabajoUnico m_trabajo;
 };
 
+/// Behind what is told of the tables; empty without print-outs.
+QString TextoDeInformes(const InformesMudados& informes) {
+    QString texto;
+    if (informes.llevados > 0)
+        texto += u" Con ella fueron los textos de los informes: %1."_s.arg(informes.llevados);
+    if (informes.sinTexto > 0)
+        texto += u" Informes registrados cuyo archivo ya no estaba: %1."_s.arg(informes.sinTexto);
+    return texto;
+}
+
 } // namespace
 
 BaseEnUso::BaseEnUso(const QString& base)
@@ -101,16 +112,17 @@ QString TextoDeMudanza(const BaseMudada& mudada, const QString& origen, const QS
     const QString otros = EsDeServidor(destino)
                               ? u"En los demás puestos ejecute consola --instalar --servidor con esa conexión."_s
                               : u"Los demás puestos siguen en el servidor: no trabajan en este archivo."_s;
-    return u"La base quedó en '%1': %2 tablas y %3 filas, comparadas una por una.\n\nLa anterior queda como estaba, en"
-           " '%4'.\n\n%5"_s.arg(destino)
-               .arg(mudada.tablas)
-               .arg(mudada.filas)
-               .arg(origen, otros);
+    return u"La base quedó en '%1': %2 tablas y %3 filas, comparadas una por una.%4\n\nLa anterior queda como estaba, "
+           u"en"
+           " '%5'.\n\n%6"_s.arg(destino, QString::number(mudada.tablas), QString::number(mudada.filas),
+                                TextoDeInformes(mudada.informes), origen, otros);
 }
 
-Mudanza::Mudanza(QString origen, QString destino, ArchivoPerfil perfil, Formularios formularios)
+Mudanza::Mudanza(QString origen, QString destino, QString carpetaInformes, ArchivoPerfil perfil,
+                 Formularios formularios)
     : m_origen(std::move(origen))
     , m_destino(std::move(destino))
+    , m_carpetaInformes(std::move(carpetaInformes))
     , m_perfil(std::move(perfil))
     , m_formularios(std::move(formularios)) {}
 
@@ -195,6 +207,7 @@ BaseMudada Mudanza::Copia(Base& origen, Base& destino, const QStringList& tablas
                             u"La tabla %1 no quedó igual en '%2': no se ha mudado nada."_s.arg(tabla, m_destino));
         mudada.filas += huella.filas;
     }
+    mudada.informes = MudaInformes(origen, destino, m_carpetaInformes, pasaUna);
     filas.YaEstan();
     Bitacora(destino).Anota(
         firma, {.suceso = Suceso::Mudanza, .antes = u"base="_s + m_origen, .despues = u"base="_s + m_destino});

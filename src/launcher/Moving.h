@@ -1,6 +1,7 @@
 #pragma once
 
 #include "family/FormDescription.h"
+#include "launcher/ReportMove.h"
 #include "platform/ProfileFile.h"
 #include "values/Error.h"
 #include "values/Message.h"
@@ -18,6 +19,7 @@ struct Firma;
 struct BaseMudada {
     qint64 tablas = 0;
     qint64 filas = 0;
+    InformesMudados informes{};
     QStringList hecho{}; ///< what was made at the new place for it, a line for each thing
 };
 
@@ -33,12 +35,13 @@ class BaseEnUso : public Error {
 
 /// Carries a whole base from a file to a server, or from a server to a file, and then has the profile file name the new
 /// place. The old base stays as it is. All goes in one transaction of the new base, which ends only when every table
-/// there has the rows of the old one, in the same order, with the same checksums: stopped or failed before, profile and
-/// old base are what they were.
+/// there has the rows of the old one, in the same order, with the same checksums, and the texts of the print-outs have
+/// gone along: stopped or failed before, profile and old base are what they were.
 class Mudanza {
   public:
-    /// `origen` and `destino` each as `Base::Abre` takes them, a file by its full name.
-    Mudanza(QString origen, QString destino, ArchivoPerfil perfil, Formularios formularios);
+    /// `origen` and `destino` each as `Base::Abre` takes them, a file by its full name; `carpetaInformes` is where the
+    /// print-outs of this machine lie.
+    Mudanza(QString origen, QString destino, QString carpetaInformes, ArchivoPerfil perfil, Formularios formularios);
 
     /// The places are such that a move between them makes sense, and nobody works in the old one.
     [[nodiscard]] Veredicto Valida() const;
@@ -57,6 +60,7 @@ class Mudanza {
 
     QString m_origen;
     QString m_destino;
+    QString m_carpetaInformes;
     ArchivoPerfil m_perfil;
     Formularios m_formularios;
 };

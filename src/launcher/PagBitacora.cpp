@@ -76,7 +76,7 @@ void PagBitacora::Filtra() {
     try {
         Carga(*LaSesion().Abre());
     } catch (const Error& error) {
-        LosAvisos().Muestra({Icono::Critico, TextoDeFalla(error), {}});
+        Cuenta(error);
     }
 }
 

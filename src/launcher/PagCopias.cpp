@@ -5,7 +5,6 @@
 #include "platform/Notices.h"
 #include "ui_PagCopias.h"
 #include "widgets/Application.h"
-#include "widgets/HourGlass.h"
 #include "widgets/LongTask.h"
 #include "widgets/WidgetHelpers.h"
 
@@ -43,14 +42,25 @@ PagCopias::PagCopias(const EntornoPagina& entorno, QWidget* padre)
     setFocusProxy(m_ui->GrdCopias);
     m_ui->GrdCopias->PonColumnas({u"Fecha"_s, u"Tamaño"_s, u"Archivo"_s});
     connect(m_ui->GrdCopias, &TablaFilas::Cambia, this,
-            [this] { m_ui->CmdRestaurar->setEnabled(m_ui->GrdCopias->Fila() >= 0); });
-    connect(m_ui->CmdCopiar, &QPushButton::clicked, this, Accion([this] { Haz(); }));
-    connect(m_ui->CmdRestaurar, &QPushButton::clicked, this, Accion([this] { Restaura(); }));
-    // Without the reading anew that follows what others do: the move goes on by then, and needs the base alone.
-    connect(m_ui->CmdMudar, &QPushButton::clicked, this, Protegido([this] { PideMudanza(); }));
+            [this] { Habilita(*m_ui->CmdRestaurar, m_ui->GrdCopias->Fila() >= 0); });
+    // Without the reading anew that follows what others do: these go on by then, and some need the base alone.
+    connect(m_ui->CmdCopiar, &QPushButton::clicked, this, Trabajo([this] { Haz(); }));
+    connect(m_ui->CmdRestaurar, &QPushButton::clicked, this, Trabajo([this] { Restaura(); }));
+    connect(m_ui->CmdMudar, &QPushButton::clicked, this, Trabajo([this] { PideMudanza(); }));
 }
 
 PagCopias::~PagCopias() = default;
+
+/// A handler that tells what keeps a work from beginning as it would tell what ends it.
+std::function<void()> PagCopias::Trabajo(std::function<void()> empieza) {
+    return Protegido([this, empieza = std::move(empieza)] {
+        try {
+            empieza();
+        } catch (const Error&) {
+            AlFallar()(std::current_exception());
+        }
+    });
+}
 
 void PagCopias::Carga() {
     const bool instalada = LaSesion().HayInstalacion();
@@ -65,20 +75,23 @@ void PagCopias::Carga() {
     m_ui->LblCopias->setText(
         u"Copias de respaldo: %1. Se conservan las últimas %2."_s.arg(m_lista.size()).arg(Respaldos::kConservados));
     m_ui->CmdCopiar->setEnabled(instalada);
-    m_ui->CmdMudar->setEnabled(instalada);
+    Habilita(*m_ui->CmdMudar, instalada);
     m_ui->CmdMudar->setText(EsDeServidor(LaSesion().RutaBase()) ? u"Volver &a un archivo..."_s
                                                                 : u"Mud&ar a un servidor..."_s);
 }
 
 void PagCopias::Haz() {
-    RelojDeArena reloj;
-    const QString ruta = LaSesion().Copias().Haz();
-    reloj.Suelta();
-    LosAvisos().Muestra({Icono::Informacion,
-                         u"La copia de respaldo quedó guardada en '%1'."_s.arg(QDir::toNativeSeparators(ruta)),
-                         {}});
-    Carga();
-    m_ui->GrdCopias->Elige(ruta);
+    const auto alTerminar = [this](const QString& ruta) {
+        LosAvisos().Muestra({Icono::Informacion,
+                             u"La copia de respaldo quedó guardada en '%1'."_s.arg(QDir::toNativeSeparators(ruta)),
+                             {}});
+        Carga();
+        m_ui->GrdCopias->Elige(ruta);
+        Q_EMIT Cambio();
+    };
+    CorreTarea(
+        *this, {.titulo = u"Haciendo la copia de respaldo"_s, .alFallar = AlFallar()},
+        [copias = LaSesion().Copias()](Avance& avance) { return copias.Haz(avance); }, alTerminar);
 }
 
 void PagCopias::Restaura() {
@@ -88,15 +101,20 @@ void PagCopias::Restaura() {
                           " una copia de lo que hay ahora."_s.arg(Momento(copia));
     if (LosAvisos().Pregunta({Icono::Pregunta, texto, {}}, Respuesta::No) == Respuesta::No)
         return;
-    RelojDeArena reloj;
-    const Veredicto veredicto = LaSesion().Copias().Restaura(copia.ruta, LaSesion().SuFirma());
-    reloj.Suelta();
-    if (!veredicto) {
-        LosAvisos().Muestra(veredicto.Motivo());
-        return;
-    }
-    Q_EMIT Restaurada();
-    LosAvisos().Muestra({Icono::Informacion, u"La base quedó como estaba el %1."_s.arg(Momento(copia)), {}});
+    const auto alTerminar = [this, copia](const Veredicto& veredicto) {
+        if (veredicto)
+            Q_EMIT Restaurada();
+        LosAvisos().Muestra(
+            veredicto ? Mensaje{Icono::Informacion, u"La base quedó como estaba el %1."_s.arg(Momento(copia)), {}}
+                      : veredicto.Motivo());
+        Q_EMIT Cambio();
+    };
+    CorreTarea(
+        *this, {.titulo = u"Restaurando la copia de respaldo"_s, .alFallar = AlFallar()},
+        [copias = LaSesion().Copias(), ruta = copia.ruta, firma = LaSesion().SuFirma()](Avance& avance) {
+            return copias.Restaura(ruta, firma, avance);
+        },
+        alTerminar);
 }
 
 void PagCopias::PideMudanza() {
@@ -113,11 +131,11 @@ void PagCopias::PideMudanza() {
 
 void PagCopias::Muda(const QString& destino) {
     const QString origen = LaSesion().RutaBase();
-    const auto alFallar = [this](const std::exception_ptr& falla) {
+    const auto alFallar = [this, origen, destino](const std::exception_ptr& falla) {
         try {
             std::rethrow_exception(falla);
         } catch (const Error& error) {
-            LosAvisos().Muestra({Icono::Critico, TextoDeFalla(error), {}});
+            LosAvisos().Muestra({Icono::Critico, TextoDeFalla(error, EsDeServidor(destino) ? destino : origen), {}});
         }
     };
     CorreTarea(

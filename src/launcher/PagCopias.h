@@ -26,6 +26,7 @@ class PagCopias final : public Pagina {
     void Restaurada(); ///< the base is another one now
 
   private:
+    [[nodiscard]] std::function<void()> Trabajo(std::function<void()> empieza);
     void Haz();
     void Restaura();
     void PideMudanza();

@@ -72,7 +72,7 @@ void PagDeclarantes::Abre(const Declarante& inicial,
             Declarantes declarantes(*base);
             return (declarantes.*escribe)(declarante, LaSesion().SuFirma());
         } catch (const Error& error) {
-            return Veredicto::Critico(TextoDeFalla(error));
+            return Veredicto::Critico(TextoDeFalla(error, LaSesion().RutaBase()));
         }
     };
     FrmDeclarante forma(LosAvisos(), inicial, m_usuarios, guarda, window());

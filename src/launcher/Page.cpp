@@ -27,10 +27,25 @@ std::function<void()> Pagina::Accion(std::function<void()> trabajo) {
         try {
             trabajo();
         } catch (const Error& error) {
-            LosAvisos().Muestra({Icono::Critico, TextoDeFalla(error), {}});
+            Cuenta(error);
         }
         Q_EMIT Cambio();
     });
+}
+
+void Pagina::Cuenta(const Error& error) const {
+    LosAvisos().Muestra({Icono::Critico, TextoDeFalla(error, LaSesion().RutaBase()), {}});
+}
+
+std::function<void(const std::exception_ptr&)> Pagina::AlFallar() {
+    return [this](const std::exception_ptr& falla) {
+        try {
+            std::rethrow_exception(falla);
+        } catch (const Error& error) {
+            Cuenta(error);
+        }
+        Q_EMIT Cambio();
+    };
 }
 
 } // namespace xa518

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+#include <exception>
 #include <functional>
 
 class QPushButton;
@@ -10,6 +11,7 @@ namespace xa518 {
 
 class Avisos;
 class Base;
+class Error;
 class Sesion;
 
 /// What every page of the launcher's window works with.
@@ -35,6 +37,11 @@ class Pagina : public QWidget {
   protected:
     /// A handler that tells a failure in words and ends with `Cambio`.
     [[nodiscard]] std::function<void()> Accion(std::function<void()> trabajo);
+
+    /// Tells a failure in words.
+    void Cuenta(const Error& error) const;
+    /// The same of a work beside the window's thread, and ends with `Cambio`.
+    [[nodiscard]] std::function<void(const std::exception_ptr&)> AlFallar();
 
     /// Enables a button that writes, or greys it with the reason.
     void Habilita(QPushButton& boton, bool si) const;

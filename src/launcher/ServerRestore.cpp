@@ -56,9 +56,9 @@ BaseDePaso::~BaseDePaso() {
     }
 }
 
-QString BaseDePaso::Llena(const QString& archivo, const Formularios& formularios) const {
+QString BaseDePaso::Llena(const QString& archivo, const Formularios& formularios, Avance& avance) const {
     try {
-        LlenaDeVolcado(archivo, m_conexion);
+        LlenaDeVolcado(archivo, m_conexion, avance);
         const std::unique_ptr<Base> base = Base::Abre(m_conexion);
         if (VersionDe(*base) == 0)
             return u"no es una base de estos programas."_s;

@@ -9,6 +9,7 @@
 
 namespace xa518 {
 
+class Avance;
 class MandoDeServidor;
 
 /// A new database beside the one of a connection, filled from a copy. It goes with the object, unless it has taken the
@@ -25,8 +26,8 @@ class BaseDePaso {
     [[nodiscard]] const QString& Conexion() const { return m_conexion; }
 
     /// Puts the rows of a copy into it and brings its tables up to date. Why it can't take the base's place; empty when
-    /// it can.
-    [[nodiscard]] QString Llena(const QString& archivo, const Formularios& formularios) const;
+    /// it can. Raises `Detenido`.
+    [[nodiscard]] QString Llena(const QString& archivo, const Formularios& formularios, Avance& avance) const;
 
     enum class Cambio {
         Hecho,

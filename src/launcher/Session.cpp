@@ -7,6 +7,7 @@
 #include "launcher/Installation.h"
 #include "launcher/ReleaseNotes.h"
 #include "platform/Clock.h"
+#include "values/Progress.h"
 
 #include <QFile>
 
@@ -81,7 +82,7 @@ Respaldos Sesion::Copias() {
 
 Mudanza Sesion::MudanzaA(const QString& destino) {
     Lee();
-    return {m_proceso.rutaBase, destino, m_perfil, m_entorno.formularios};
+    return {m_proceso.rutaBase, destino, m_proceso.rutaRPT, m_perfil, m_entorno.formularios};
 }
 
 RevisionEnvio Sesion::RevisaEnvio(const ClaveDeclaracion& clave) {
@@ -95,13 +96,16 @@ ResultadoEnvio Sesion::Envia(const ClaveDeclaracion& clave, OtroOriginal otro) {
     Envio envio(*base, m_entorno.formularios);
     if (VeredictoDeEnvio veredicto = envio.Valida(clave, otro); !veredicto)
         return {.veredicto = std::move(veredicto)};
-    (void)Copias().Haz();
+    SinAvance sinAvance;
+    (void)Copias().Haz(sinAvance);
     return envio.Envia(clave, otro, SuFirma());
 }
 
-QString TextoDeFalla(const Error& error) {
+QString TextoDeFalla(const Error& error, const QString& rutaBase) {
     AnotaDetalle(error);
     if (dynamic_cast<const TrabajoAjeno*>(&error) != nullptr || dynamic_cast<const BaseEnUso*>(&error) != nullptr)
+        return error.Texto();
+    if (error.Es(NumeroError::BaseBloqueada) && EsDeServidor(rutaBase))
         return error.Texto();
     if (error.Es(NumeroError::BaseBloqueada))
         return u"La base de datos está en uso por otro programa, o es de sólo lectura. Espere a que el otro programa"

@@ -58,8 +58,9 @@ class Sesion {
     QString m_verificada; ///< the installation whose account has been checked
 };
 
-/// A failure in words for the person; its detail goes to the standard error.
-[[nodiscard]] QString TextoDeFalla(const Error& error);
+/// A failure in words for the person; its detail goes to the standard error. What a server refuses tells by itself what
+/// to do.
+[[nodiscard]] QString TextoDeFalla(const Error& error, const QString& rutaBase);
 
 /// Something of the installation is missing or of an earlier version, and installing over it puts that right.
 [[nodiscard]] bool LoArreglaInstalar(const Error& error);

@@ -40,6 +40,17 @@ QString SumaDelArchivo(const QString& ruta) {
     return QString::fromLatin1(suma.result().toHex());
 }
 
+/// A server keeps text alone.
+bool EsTexto(const QString& ruta) {
+    QFile archivo(ruta);
+    Abre(archivo);
+    for (QByteArray parte = SiguienteParte(archivo); !parte.isEmpty(); parte = SiguienteParte(archivo)) {
+        if (parte.contains('\0') || QString::fromUtf8(parte).toUtf8() != parte)
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 bool TextosDeInformes::Hay() const {
@@ -49,17 +60,36 @@ bool TextosDeInformes::Hay() const {
 void TextosDeInformes::Guarda(const QString& carpeta, const QString& archivo) {
     if (!Hay() || m_base->SoloLectura())
         return;
+    Transaccion transaccion = m_base->Comienza(Turno::Propio);
+    Inserta(RutaDeInforme(carpeta, archivo), archivo);
+    transaccion.Confirma();
+}
+
+bool TextosDeInformes::Agrega(const QString& carpeta, const QString& archivo) {
     const QString ruta = RutaDeInforme(carpeta, archivo);
+    if (!Hay() || !QFileInfo(ruta).isFile() || !EsTexto(ruta))
+        return false;
+    Inserta(ruta, archivo);
+    return true;
+}
+
+void TextosDeInformes::Inserta(const QString& ruta, const QString& archivo) {
     const int hojas = PaginasDe(ruta).value_or(0);
     const QString suma = SumaDelArchivo(ruta);
     QFile entrada(ruta);
     Abre(entrada);
-    Transaccion transaccion = m_base->Comienza(Turno::Propio);
     int numero = 0;
     for (QByteArray parte = SiguienteParte(entrada); !parte.isEmpty(); parte = SiguienteParte(entrada))
         m_base->Ejecuta(u"INSERT INTO INFORMES VALUES (?, ?, ?, ?, ?)"_s,
                         {archivo, numero++, hojas, suma, QString::fromUtf8(parte)});
-    transaccion.Confirma();
+}
+
+bool TextosDeInformes::EsIgual(const QString& ruta, const QString& archivo) const {
+    QCryptographicHash suma(QCryptographicHash::Sha256);
+    Registros filas = m_base->Lee(u"SELECT texto FROM INFORMES WHERE archivo = ? ORDER BY parte"_s, {archivo});
+    while (filas.Siguiente())
+        suma.addData(filas.Texto(0).toUtf8());
+    return SumaDelArchivo(ruta) == QString::fromLatin1(suma.result().toHex());
 }
 
 QHash<QString, int> TextosDeInformes::Hojas() const {

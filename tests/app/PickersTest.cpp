@@ -206,14 +206,12 @@ class DeletionTest : public PickersTest {
   protected:
     /// Every table tells when a row of it goes.
     void Anota() const {
-        base->Ejecuta(u"CREATE TABLE BORRADO (orden INTEGER PRIMARY KEY, tabla TEXT)"_s);
+        base->Ejecuta(u"CREATE TABLE BORRADO (tabla TEXT)"_s);
         for (const QString& tabla : m_tablas)
-            base->Ejecuta(
-                u"CREATE TRIGGER nota_%1 AFTER DELETE ON %1 BEGIN INSERT INTO BORRADO(tabla) VALUES ('%1'); END"_s.arg(
-                    tabla));
+            base.AlBorrar(tabla, u"INSERT INTO BORRADO(tabla) VALUES ('%1')"_s.arg(tabla));
     }
     [[nodiscard]] QString Borrado() const {
-        return base.Filas(u"SELECT tabla FROM BORRADO ORDER BY orden"_s).join(u' ');
+        return base.Filas(u"SELECT tabla FROM BORRADO ORDER BY "_s + base->NumeroDeFila(u"BORRADO"_s)).join(u' ');
     }
     [[nodiscard]] qsizetype Quedan() const {
         qsizetype filas = 0;
@@ -266,7 +264,7 @@ TEST_F(DeletionTest, OfOneSentCopyLeavesItsCashSalesAndTheOtherCopies) {
 /// A failure half way undoes the whole and is told to nobody.
 TEST_F(DeletionTest, ThatFailsChangesNothing) {
     Registradas();
-    base->Ejecuta(u"CREATE TRIGGER falla BEFORE DELETE ON F518PCAB BEGIN SELECT RAISE(ABORT, 'el disco falla'); END"_s);
+    base.AlBorrar(u"F518PCAB"_s, u"INSERT INTO NO_HAY VALUES (1)"_s);
     const qsizetype antes = Quedan();
     const auto lista = Abre<FrmContAbrir>(OpcionDeLista::Eliminar);
     avisos.EsperaPregunta(kPregunta, Respuesta::Si);

@@ -240,7 +240,8 @@ TEST_F(Batch, TellsWhatFailed) {
         }
         EXPECT_EQ(Cuenta(u"TMPF518PCAB"_s), 0);
         otro->Ejecuta(u"BEGIN EXCLUSIVE"_s);
-        espera(u"La base de datos está ocupada por otro programa. (error 3051)\n"_s);
+        espera(
+            u"La base de datos está ocupada por otro programa: espere a que termine y vuelva a intentarlo. (error 3051)\n"_s);
     }
     EscribeEn(Casa() + u"/XA000.DB"_s, QByteArray(4096, 'x'));
     espera(u"El archivo está dañado o no es una base de datos. (error 26)\nfile is not a database\n"_s);

@@ -95,11 +95,14 @@ TEST_F(BaseTest, TheVersionTellsOfOtherConnectionsAlone) {
     const qint64 antes = m_base->Version();
     m_base->Ejecuta(sql, {u"1"_s});
     EXPECT_EQ(m_base->Version(), antes);
-    Base::Abre(m_base.Ruta())->Ejecuta(sql, {u"2"_s});
-    const qint64 deOtro = m_base->Version();
-    EXPECT_NE(deOtro, antes);
+    const auto otra = Base::Abre(m_base.Ruta());
+    otra->Ejecuta(sql, {u"2"_s});
+    const qint64 deOtra = m_base->Version();
+    EXPECT_NE(deOtra, antes);
     m_base->Ejecuta(sql, {u"3"_s});
-    EXPECT_EQ(m_base->Version(), deOtro);
+    EXPECT_EQ(m_base->Version(), deOtra);
+    otra->Ejecuta(sql, {u"4"_s});
+    EXPECT_NE(m_base->Version(), deOtra);
 }
 
 TEST_F(BaseTest, StoresNullOnlyForAValueThatIsMissing) {

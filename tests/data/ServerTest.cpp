@@ -24,11 +24,6 @@ std::optional<FallaDeServidor> FallaDe(const Trabajo& trabajo) {
 
 class ServerTest : public BaseDePrueba {
   protected:
-    /// As an administrator ends it, or a fall of the line.
-    void CortaLaConexion() const {
-        PideAlServidor(
-            u"SELECT pg_terminate_backend(%1, 5000)"_s.arg(m_base.Filas(u"SELECT pg_backend_pid()"_s).constFirst()));
-    }
     void AgregaUsuario(const QString& usuario) { m_base->Ejecuta(u"INSERT INTO CLAVES VALUES (?, '0')"_s, {usuario}); }
     [[nodiscard]] QString Usuarios() const { return Lista(u"SELECT Usuario FROM CLAVES ORDER BY Usuario"_s); }
 };
@@ -59,14 +54,14 @@ TEST_F(ServerTest, NamesEachWrongSetting) {
 
 TEST_F(ServerTest, ALostConnectionIsToldAndTheNextActionConnectsAgain) {
     AgregaUsuario(u"ANA"_s);
-    CortaLaConexion();
+    CortaLaConexion(*m_base);
     EXPECT_EQ(FallaDe([&] { AgregaUsuario(u"EVA"_s); }), FallaDeServidor::Perdida);
     EXPECT_EQ(Usuarios(), u"ANA"_s);
     AgregaUsuario(u"EVA"_s); // prepared anew
     EXPECT_EQ(FallaDe([&] {
                   Transaccion transaccion = m_base->Comienza();
                   AgregaUsuario(u"IDA"_s);
-                  CortaLaConexion();
+                  CortaLaConexion(*m_base);
                   EXPECT_EQ(FallaDe([&] { AgregaUsuario(u"LEA"_s); }), FallaDeServidor::Perdida);
                   AgregaUsuario(u"MIA"_s); // not on another connection either, outside of the transaction
               }),
@@ -75,7 +70,7 @@ TEST_F(ServerTest, ALostConnectionIsToldAndTheNextActionConnectsAgain) {
     EXPECT_EQ(FallaDe([&] {
                   Transaccion transaccion = m_base->Comienza();
                   AgregaUsuario(u"IDA"_s);
-                  CortaLaConexion();
+                  CortaLaConexion(*m_base);
                   transaccion.Confirma();
               }),
               FallaDeServidor::Perdida);

@@ -341,13 +341,13 @@ TEST_F(Frm518Test, ABaseThatFailsIsToldAndLeavesWhatWasTyped) {
         const char* cual;
         std::function<void()> hace;
         QString texto;
-    } casos[] = {
-        {"locked", [&] { ajena.emplace(m_base->Comienza()); }, u"La base de datos está ocupada por otro programa."_s},
-        {"moved away", [&] { EXPECT_TRUE(QFile::rename(ruta, ruta + u'_')); },
-         u"No se encuentra el archivo '%1'."_s.arg(ruta)},
-        {"overwritten", [&] { EscribeEn(ruta, QByteArray(100'000, 'x')); },
-         u"El archivo está dañado o no es una base de datos."_s},
-        {"emptied", [&] { EscribeEn(ruta, {}); }, u"A la base de datos le falta una tabla."_s}};
+    } casos[] = {{"locked", [&] { ajena.emplace(m_base->Comienza()); },
+                  u"La base de datos está ocupada por otro programa: espere a que termine y vuelva a intentarlo."_s},
+                 {"moved away", [&] { EXPECT_TRUE(QFile::rename(ruta, ruta + u'_')); },
+                  u"No se encuentra el archivo '%1'."_s.arg(ruta)},
+                 {"overwritten", [&] { EscribeEn(ruta, QByteArray(100'000, 'x')); },
+                  u"El archivo está dañado o no es una base de datos."_s},
+                 {"emptied", [&] { EscribeEn(ruta, {}); }, u"A la base de datos le falta una tabla."_s}};
     GrabaUna();
     const QByteArray bytes = BytesDe(ruta);
     const QString antes = Retrato(*m_base);

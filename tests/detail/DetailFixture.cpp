@@ -90,14 +90,23 @@ void DetailTest::Sube(QWidget& forma, const QString& boton, const QList<Paso>& p
 void DetailTest::SinBase(QWidget& forma, const QString& boton) {
     const QStringList escrito = Escrito(forma);
     const QString ruta = m_base.Ruta();
-    ASSERT_TRUE(QFile::rename(ruta, ruta + u'_'));
-    AvisosDelPrograma().Espera(
-        {Icono::Critico, u"El archivo de la base de datos ya no está en su lugar."_s, forma.windowTitle()});
+    QString texto = u"El archivo de la base de datos ya no está en su lugar."_s;
+    if (HayServidorDePrueba()) {
+        CortaLaConexion(*m_abierta);
+        texto = u"Se perdió la conexión con el servidor de la base de datos. Lo que estaba por grabarse no quedó "
+                u"grabado; lo"
+                " anterior está a salvo. Repita lo último que hizo: el programa volverá a conectarse."_s;
+    } else {
+        ASSERT_TRUE(QFile::rename(ruta, ruta + u'_'));
+    }
+    AvisosDelPrograma().Espera({Icono::Critico, texto, forma.windowTitle()});
     Clic(forma, boton);
     AvisosDelPrograma().Comprueba();
     EXPECT_TRUE(forma.isVisible());
     EXPECT_EQ(Escrito(forma), escrito);
-    ASSERT_TRUE(QFile::rename(ruta + u'_', ruta));
+    if (!HayServidorDePrueba()) {
+        ASSERT_TRUE(QFile::rename(ruta + u'_', ruta));
+    }
 }
 
 QString DetailTest::Foco() {

@@ -32,7 +32,8 @@ class DetailTest : public testing::Test {
     };
     /// Takes each step and presses the button after it. No message takes away anything that was typed.
     void Sube(QWidget& forma, const QString& boton, const QList<Paso>& pasos);
-    /// The base's file is moved away: whatever the button does is told, and the form stays with what was typed.
+    /// The base's file is moved away, or the connection to its server cut: whatever the button does is told, and the
+    /// form stays with what was typed.
     void SinBase(QWidget& forma, const QString& boton);
     [[nodiscard]] static QString Foco();
 

@@ -227,7 +227,7 @@ TEST_F(VoucherDialogTest, DeletesThatPaymentVoucherAlone) {
     EXPECT_TRUE(
         m_base
             .Filas(u"SELECT 1 FROM TMPF518PDETCP WHERE num_doc_per='"_s + kEmpresa +
-                   u"' AND num_cp='00000001' AND tip_doc_detcp='01' AND num_serie_detcp='F001' AND num_detcp=7"_s)
+                   u"' AND num_cp='00000001' AND tip_doc_detcp='01' AND num_serie_detcp='F001' AND num_detcp='7'"_s)
             .isEmpty());
     EXPECT_EQ(De<QLabel>(*forma, "lblNumTrab").text().right(1), u"3"_s);
 }

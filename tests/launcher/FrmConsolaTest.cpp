@@ -54,6 +54,7 @@ class FrmConsolaTest : public testing::Test {
     void Alt(Qt::Key letra) const {
         QTest::keyClick(ventana.get(), letra, Qt::AltModifier);
         QTest::qWait(120); // a mnemonic holds the button down for a tenth of a second
+        EsperaTrabajos();
     }
 
     [[nodiscard]] TablaFilas& Tabla(const char* nombre) const { return Control<TablaFilas>(nombre); }
@@ -67,6 +68,22 @@ class FrmConsolaTest : public testing::Test {
     [[nodiscard]] std::unique_ptr<Base> LaBase() const { return Base::Abre(RutaBase()); }
     [[nodiscard]] const QString& RutaBase() const { return lugar.Ruta(); }
     void Graba(const QString& periodo, int estado) const { AgregaCabecera(*LaBase(), kRucMuestra, periodo, estado); }
+    /// A module's connection, on a server with its seat.
+    [[nodiscard]] std::unique_ptr<Base> ModuloAbierto() const {
+        auto base = LaBase();
+        if (base->LosPuestos() != nullptr)
+            (void)base->LosPuestos()->Toma({.usuario = u"ANA"_s, .equipo = u"CAJA-2"_s, .programa = u"xa518"_s});
+        return base;
+    }
+    /// What is told to whoever asks for a declaration that another program has open.
+    [[nodiscard]] QString PorQueEsAjena(const ClaveDeclaracion& clave) const {
+        try {
+            const TrabajoUnico otro(*LaBase(), clave);
+        } catch (const TrabajoAjeno& ajeno) {
+            return ajeno.Texto();
+        }
+        return {};
+    }
     void Registra(const QString& secuencia, const QString& archivo) const {
         LaBase()->Ejecuta(u"INSERT INTO SPOOL VALUES ('PER006', ?, ?, '2026-11-21 09:05:00', 'CONTADOR', 6, ?)"_s,
                           {secuencia, archivo, kRucMuestra});
@@ -196,9 +213,11 @@ TEST_F(FrmConsolaTest, SendsOnlyWhatIsCleanAfterAQuestion) {
     Graba(u"202609"_s, 0);
     Pulsa("CmdActualizar");
     {
-        const TrabajoUnico forma(RutaBase());
-        avisos.Espera(u"Otro programa tiene abierta una declaración. Ciérrela, o espere a que termine, y vuelva a"
-                      " intentarlo."_s);
+        const ClaveDeclaracion clave{
+            .ruc = Ruc(kRucMuestra), .periodo = Periodo(2026, 9), .formulario = kNumFormulario};
+        const auto otro = ModuloAbierto();
+        const TrabajoUnico forma(*otro, clave);
+        avisos.Espera(PorQueEsAjena(clave));
         Alt(Qt::Key_E);
     }
     avisos.EsperaPregunta(pregunta + u"\n\nAtención: este mes ya fue enviado (copia 1), y esta declaración no dice que"

@@ -92,17 +92,31 @@ TEST_F(ServerUpkeep, AMoveThereAndBackCarriesEveryRow) {
     ASSERT_EQ(Corre({u"--instalar"_s, u"--ejemplo"_s}), 0) << qPrintable(errores);
     const QString archivo = Vigente();
     Llena(*Base::Abre(archivo));
-    const QStringList tablas = Base::Abre(archivo)->Tablas();
+    const QString informe = carpeta + u"/RPT/00000001.PRN"_s;
+    EscribeEn(informe, "Ñandú\n\n");
+    Base::Abre(archivo)->Ejecuta(u"INSERT INTO SPOOL (CodRep, Secuencia, Archivo) VALUES ('X', '000001',"
+                                 " '00000001.PRN'), ('X', '000002', '00000002.PRN')"_s);
+    QStringList tablas = Base::Abre(archivo)->Tablas();
     EXPECT_GE(tablas.size(), 21);
     const auto antes = Firmas(*Base::Abre(archivo), tablas);
     ASSERT_EQ(Corre({u"--mudar"_s, Servidor()}), 0) << qPrintable(errores);
+    const QString deInformes =
+        u" Con ella fueron los textos de los informes: 1. Informes registrados cuyo archivo ya no"
+        " estaba: 1."_s;
+    EXPECT_TRUE(salida.contains(deInformes)) << qPrintable(salida);
     EXPECT_EQ(Opcion(u"DBName"), Servidor());
     EXPECT_EQ(Opcion(u"DBPath"), QString());
     EXPECT_EQ(Firmas(*Base::Abre(Servidor()), tablas), antes);
     EXPECT_EQ(Firmas(*Base::Abre(archivo), tablas), antes);
     const QString vuelta = raiz.filePath(u"vuelta.db"_s);
     Base::Abre(Servidor())->Ejecuta(u"DELETE FROM CAB WHERE Doc_id_d = ''"_s);
+    EscribeEn(informe, "de otra base\n");
     ASSERT_EQ(Corre({u"--mudar"_s, vuelta}), 0) << qPrintable(errores);
+    EXPECT_TRUE(salida.contains(deInformes)) << qPrintable(salida);
+    EXPECT_EQ(BytesDe(informe), "de otra base\n");
+    EXPECT_EQ(BytesDe(carpeta + u"/RPT/S-00000001.PRN"_s), "Ñandú\n\n");
+    EXPECT_TRUE(Base::Abre(vuelta)->Busca(u"SPOOL"_s, u"WHERE Archivo = 'S-00000001.PRN'"_s, {}));
+    tablas.removeOne(u"SPOOL"_s);
     EXPECT_EQ(Vigente(), QDir::toNativeSeparators(vuelta));
     EXPECT_EQ(Firmas(*Base::Abre(vuelta), tablas), Firmas(*Base::Abre(Servidor()), tablas));
     EXPECT_EQ(QFile::permissions(vuelta) & kDeOtros, QFile::Permissions());
@@ -115,7 +129,7 @@ TEST_F(ServerUpkeep, AMoveThatFailsOrIsStoppedLeavesProfileAndOldBase) {
     const QString archivo = Vigente();
     const QByteArray bytes = BytesDe(archivo);
     Freno freno;
-    const Mudanza mudanza(archivo, Servidor(), perfil, formularios);
+    const Mudanza mudanza(archivo, Servidor(), carpeta, perfil, formularios);
     EXPECT_THROW((void)mudanza.Muda(FirmaDe(u"ANA"_s, reloj), freno), Detenido);
     EXPECT_EQ(CuentaDeFilas(*Base::Abre(Servidor()), u"CONT"_s), 0);
     MandoDeServidor(Servidor(), MandoDeServidor::Lugar::EnLaBase)
@@ -132,7 +146,7 @@ TEST_F(ServerUpkeep, AMoveThatFailsOrIsStoppedLeavesProfileAndOldBase) {
         .Pide(u"DROP TRIGGER estropea ON familia.cont; INSERT INTO familia.cont SELECT 6, i::text FROM"
               " generate_series(1, 9) AS i"_s);
     const QString vuelta = raiz.filePath(u"vuelta.db"_s);
-    const Mudanza atras(Servidor(), vuelta, perfil, formularios);
+    const Mudanza atras(Servidor(), vuelta, carpeta, perfil, formularios);
     EXPECT_THROW((void)atras.Muda(FirmaDe(u"ANA"_s, reloj), freno), Detenido);
     EXPECT_FALSE(QFile::exists(vuelta));
     EXPECT_EQ(QDir(raiz.path()).entryList({u".mudanza*"_s}, QDir::Dirs | QDir::Hidden), QStringList());

@@ -12,6 +12,7 @@
 #include "reports/SpoolRegistry.h"
 #include "support/PrivateFile.h"
 #include "support/TemporaryBase.h"
+#include "values/Progress.h"
 
 #include <QProcess>
 
@@ -55,6 +56,7 @@ class Backups : public testing::Test {
     const Formularios formularios{Formulario0518()};
     BaseTemporal base;
     RelojFijo reloj{QDateTime({2026, 11, 21}, {10, 0})};
+    SinAvance sinAvance;
 };
 
 class Sending : public testing::Test {
@@ -118,13 +120,13 @@ TEST_F(SchemaTest, MissingStepsAreMadeOverTheDataThatIsThereAndAFailingOneIsUndo
 }
 
 TEST_F(Backups, KeepsTheLastTwentyEvenWhenTheClockIsSetBack) {
-    const QString primera = Copias().Haz();
+    const QString primera = Copias().Haz(sinAvance);
     for (int i = 0; i < 21; ++i)
-        (void)Copias().Haz();
+        (void)Copias().Haz(sinAvance);
     EXPECT_EQ(Copias().Lista().size(), 20);
     EXPECT_FALSE(QFile::exists(primera));
     const RelojFijo ayer(QDateTime({2026, 11, 20}, {10, 0}));
-    const QString reciente = Respaldos(base.Ruta(), Copias().Carpeta(), ayer, formularios).Haz();
+    const QString reciente = Respaldos(base.Ruta(), Copias().Carpeta(), ayer, formularios).Haz(sinAvance);
     EXPECT_EQ(Copias().Lista().size(), 20);
     EXPECT_EQ(Copias().Lista().last().ruta, reciente);
     EXPECT_TRUE(EsPrivado(reciente));
@@ -132,17 +134,17 @@ TEST_F(Backups, KeepsTheLastTwentyEvenWhenTheClockIsSetBack) {
 
 TEST_F(Backups, RestoresTheCopyAndKeepsWhatWasThere) {
     const QString antes = Retrato(*base);
-    const QString copia = Copias().Haz();
+    const QString copia = Copias().Haz(sinAvance);
     Graba(u"202610"_s);
     Bitacora(*base).Anota(FirmaDe(u"ANA"_s, reloj), {.suceso = Suceso::Grabacion, .despues = u"401=10"_s});
 #ifdef Q_OS_WIN
-    const Veredicto veredicto = Copias().Restaura(copia, FirmaDe(u"LUIS"_s, reloj));
+    const Veredicto veredicto = Copias().Restaura(copia, FirmaDe(u"LUIS"_s, reloj), sinAvance);
     ASSERT_FALSE(veredicto) << "the system lets nobody replace what is open";
     EXPECT_TRUE(veredicto.Motivo().texto.contains(u"en uso por otro programa"_s));
     EXPECT_EQ(Periodos(), u"202609,202610"_s);
     base.Cierra();
 #endif
-    ASSERT_TRUE(Copias().Restaura(copia, FirmaDe(u"LUIS"_s, reloj)));
+    ASSERT_TRUE(Copias().Restaura(copia, FirmaDe(u"LUIS"_s, reloj), sinAvance));
     EXPECT_EQ(Retrato(*Base::Abre(base.Ruta())), antes);
     EXPECT_EQ(Periodos(), u"202609"_s);
     QStringList sucesos;
@@ -155,12 +157,12 @@ TEST_F(Backups, RestoresTheCopyAndKeepsWhatWasThere) {
     EXPECT_THROW(Graba(u"202611"_s), ErrorBase);
 #endif
     ASSERT_EQ(Copias().Lista().size(), 2);
-    ASSERT_TRUE(Copias().Restaura(Copias().Lista().first().ruta, FirmaDe(u"ANA"_s, reloj)));
+    ASSERT_TRUE(Copias().Restaura(Copias().Lista().first().ruta, FirmaDe(u"ANA"_s, reloj), sinAvance));
     EXPECT_EQ(Periodos(), u"202609,202610"_s);
 }
 
 TEST_F(Backups, RefusesWhatIsNoSoundBaseOfThesePrograms) {
-    const QString copia = Copias().Haz();
+    const QString copia = Copias().Haz(sinAvance);
     const QByteArray buena = BytesDe(copia);
     QByteArray rayada = buena;
     std::fill(rayada.begin() + 4096, rayada.begin() + 12288, 'x');
@@ -177,7 +179,7 @@ TEST_F(Backups, RefusesWhatIsNoSoundBaseOfThesePrograms) {
                                futura->Ruta()};
     const QByteArray antes = BytesDe(base.Ruta());
     for (const QString& mala : malas) {
-        const Veredicto veredicto = Copias().Restaura(mala, FirmaDe(u"ANA"_s, reloj));
+        const Veredicto veredicto = Copias().Restaura(mala, FirmaDe(u"ANA"_s, reloj), sinAvance);
         ASSERT_FALSE(veredicto) << qPrintable(mala);
         EXPECT_TRUE(veredicto.Motivo().texto.contains(mala)) << qPrintable(veredicto.Motivo().texto);
     }
@@ -186,30 +188,30 @@ TEST_F(Backups, RefusesWhatIsNoSoundBaseOfThesePrograms) {
 }
 
 TEST_F(Backups, RefusesWhileAnotherProgramUsesTheBase) {
-    const QString copia = Copias().Haz();
+    const QString copia = Copias().Haz(sinAvance);
     Graba(u"202610"_s);
     {
         const Transaccion ocupada = base->Comienza();
-        EXPECT_FALSE(Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj)));
+        EXPECT_FALSE(Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj), sinAvance));
     }
     QProcess otro; // it only has the file open, as a module between two statements
     otro.start(u"sh"_s, {u"-c"_s, u"exec 3<'%1'; echo listo; read fin"_s.arg(base.Ruta())});
     ASSERT_TRUE(otro.waitForReadyRead());
-    const Veredicto veredicto = Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj));
+    const Veredicto veredicto = Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj), sinAvance);
     ASSERT_FALSE(veredicto);
     EXPECT_TRUE(veredicto.Motivo().texto.contains(u"sh (%1)"_s.arg(otro.processId())));
     otro.closeWriteChannel();
     ASSERT_TRUE(otro.waitForFinished());
     EXPECT_EQ(Periodos(), u"202609,202610"_s);
-    EXPECT_TRUE(Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj)));
+    EXPECT_TRUE(Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj), sinAvance));
 }
 
 TEST_F(Backups, TakesThePlaceOfABrokenOrMissingBase) {
-    const QString copia = Copias().Haz();
+    const QString copia = Copias().Haz(sinAvance);
     base.Cierra();
     Archivo(u"XA.DB"_s, "restos de una base");
     Archivo(u"XA.DB-journal"_s, "diario de la base rota");
-    ASSERT_TRUE(Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj)));
+    ASSERT_TRUE(Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj), sinAvance));
     EXPECT_EQ(Periodos(), u"202609"_s);
     EXPECT_FALSE(QFile::exists(base.Ruta() + u"-journal"_s));
     const QDir carpeta(Copias().Carpeta());
@@ -219,14 +221,14 @@ TEST_F(Backups, TakesThePlaceOfABrokenOrMissingBase) {
 
     QFile::remove(base.Ruta());
     Archivo(u"XA.DB-journal"_s, "diario de la base perdida");
-    EXPECT_THROW((void)Copias().Haz(), ErrorBase);
-    ASSERT_TRUE(Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj)));
+    EXPECT_THROW((void)Copias().Haz(sinAvance), ErrorBase);
+    ASSERT_TRUE(Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj), sinAvance));
     EXPECT_EQ(Periodos(), u"202609"_s);
     EXPECT_FALSE(QFile::exists(base.Ruta() + u"-journal"_s));
 
     RompeIndice(base.Ruta()); // it reads well, and its fault goes into every copy
     ASSERT_FALSE(Respaldos::Defectos(*Base::Abre(base.Ruta())).isEmpty());
-    ASSERT_TRUE(Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj)));
+    ASSERT_TRUE(Copias().Restaura(copia, FirmaDe(u"ANA"_s, reloj), sinAvance));
     EXPECT_TRUE(Respaldos::Defectos(*Base::Abre(base.Ruta())).isEmpty());
 }
 
@@ -237,7 +239,7 @@ TEST_F(Backups, ACopyOfAnEarlierVersionGetsTheTablesOfThisOne) {
     base.Cierra();
     const QString anterior = base.Carpeta() + u"/anterior"_s;
     ASSERT_EQ(Esquema({pasos}).Aplica(*Base::Crea(anterior)).version, 1);
-    ASSERT_TRUE(Copias().Restaura(anterior, FirmaDe(u"ANA"_s, reloj)));
+    ASSERT_TRUE(Copias().Restaura(anterior, FirmaDe(u"ANA"_s, reloj), sinAvance));
     EXPECT_NO_THROW(ExigeVersion(*Base::Abre(base.Ruta()), VersionDelEsquema(formularios)));
     EXPECT_EQ(VersionDe(*Base::Abre(anterior)), 1);
 }

@@ -59,6 +59,12 @@ void PideAlServidor(const QString& sql) {
     Mando().Pide(sql);
 }
 
+void CortaLaConexion(Base& base) {
+    Registros fila = base.Lee(u"SELECT pg_backend_pid()"_s);
+    const qint64 pid = fila.Siguiente() ? fila.Entero(0) : 0;
+    PideAlServidor(u"SELECT pg_terminate_backend(%1, 5000)"_s.arg(pid));
+}
+
 BaseEnServidor::BaseEnServidor(const QString& plantilla)
     : m_nombre(u"xa_"_s + QUuid::createUuid().toString(QUuid::Id128)) {
     Mando mando;

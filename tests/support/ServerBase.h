@@ -4,6 +4,10 @@
 
 #include <memory>
 
+namespace xa518 {
+class Base;
+}
+
 namespace xa518::prueba {
 
 /// A database of the tests' own server, dropped with the object. The server is named by the text of a connection in the
@@ -30,5 +34,7 @@ class BaseEnServidor {
 [[nodiscard]] bool HayServidorDePrueba();
 /// A statement on the server's own database: what another program does there.
 void PideAlServidor(const QString& sql);
+/// As an administrator ends a connection, or a fall of the line.
+void CortaLaConexion(Base& base);
 
 } // namespace xa518::prueba

@@ -1,6 +1,7 @@
 #include "support/TemporaryBase.h"
 
 #include "data/RecordChecksum.h"
+#include "data/ServerControl.h"
 #include "data/Transaction.h"
 
 #include <QRegularExpression>
@@ -60,6 +61,18 @@ void BaseTemporal::Agrega(const QString& tabla, QMap<QString, QVariant> valores)
     m_base->Ejecuta(u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(tabla, valores.keys().join(u','),
                                                              QStringList(valores.size(), u"?"_s).join(u',')),
                     valores.values());
+}
+
+void BaseTemporal::AlBorrar(const QString& tabla, const QString& sql) const {
+    if (!m_enServidor) {
+        m_base->Ejecuta(u"CREATE TRIGGER al_borrar_%1 BEFORE DELETE ON %1 BEGIN %2; END"_s.arg(tabla, sql));
+        return;
+    }
+    MandoDeServidor(Ruta(), MandoDeServidor::Lugar::EnLaBase)
+        .Pide(
+            u"CREATE FUNCTION familia.al_borrar_%1() RETURNS trigger LANGUAGE plpgsql AS $$BEGIN %2; RETURN OLD; END$$;"
+            "CREATE TRIGGER al_borrar BEFORE DELETE ON familia.%1 FOR EACH ROW EXECUTE FUNCTION"
+            " familia.al_borrar_%1()"_s.arg(tabla, sql));
 }
 
 QStringList BaseTemporal::Filas(const QString& sql, const QVariantList& valores) const {

@@ -31,6 +31,9 @@ class BaseTemporal {
     /// A row of the columns that matter; the others that can't be null get something.
     void Agrega(const QString& tabla, QMap<QString, QVariant> valores) const;
 
+    /// Runs a statement before each row of the table that is deleted.
+    void AlBorrar(const QString& tabla, const QString& sql) const;
+
     /// The rows of a query, columns joined by "|", null as "<null>".
     [[nodiscard]] QStringList Filas(const QString& sql, const QVariantList& valores = {}) const;
 

@@ -9,15 +9,21 @@ CREATE TABLE IF NOT EXISTS familia.version_esquema (version integer NOT NULL);
 INSERT INTO familia.version_esquema
 SELECT 0 WHERE NOT EXISTS (SELECT 1 FROM familia.version_esquema);
 
--- Who wrote last to the work tables beside it, and how often that changed.
-CREATE TABLE IF NOT EXISTS familia.cambios (escritor integer, veces bigint NOT NULL);
-INSERT INTO familia.cambios
-SELECT NULL, 0 WHERE NOT EXISTS (SELECT 1 FROM familia.cambios);
+-- Who has written to the work tables beside it, in how many transactions, and in which one last.
+CREATE TABLE IF NOT EXISTS familia.cambios (
+    escritor    integer NOT NULL,
+    veces       bigint NOT NULL,
+    transaccion bigint NOT NULL
+);
 
+-- Once in a transaction: whoever reads sees all of it at once.
 CREATE OR REPLACE FUNCTION dialecto.anota_cambio() RETURNS trigger LANGUAGE plpgsql AS $$
 BEGIN
-    UPDATE cambios SET veces = veces + 1, escritor = pg_backend_pid()
-    WHERE escritor IS DISTINCT FROM pg_backend_pid();
+    UPDATE cambios SET veces = veces + 1, transaccion = txid_current()
+    WHERE escritor = pg_backend_pid() AND transaccion <> txid_current();
+    IF NOT FOUND AND NOT EXISTS (SELECT 1 FROM cambios WHERE escritor = pg_backend_pid()) THEN
+        INSERT INTO cambios VALUES (pg_backend_pid(), 1, txid_current());
+    END IF;
     RETURN NULL;
 END $$;
 

@@ -45,8 +45,7 @@ DECLARE
     tabla text;
 BEGIN
     EXECUTE format('CREATE SCHEMA %I', el_esquema);
-    EXECUTE format('CREATE TABLE %I.cambios (escritor integer, veces bigint NOT NULL)', el_esquema);
-    EXECUTE format('INSERT INTO %I.cambios VALUES (NULL, 0)', el_esquema);
+    EXECUTE format('CREATE TABLE %I.cambios (LIKE familia.cambios)', el_esquema);
     FOR tabla IN SELECT tablename FROM pg_tables WHERE schemaname = 'familia' AND tablename LIKE 'tmp%' LOOP
         EXECUTE format('CREATE TABLE %I.%I (LIKE familia.%I INCLUDING ALL)', el_esquema, tabla, tabla);
         EXECUTE format('CREATE TRIGGER anota_cambio AFTER INSERT OR UPDATE OR DELETE OR TRUNCATE ON %I.%I '
@@ -81,6 +80,7 @@ BEGIN
             PERFORM familia.haz_tablas_del_puesto(uno.esquema, session_user);
             UPDATE familia.puestos SET version = la_version, ruc = NULL WHERE numero = uno.numero;
         END IF;
+        EXECUTE format('DELETE FROM %I.cambios', uno.esquema); -- whoever had read it is gone
         UPDATE familia.puestos
         SET desde = clock_timestamp(), pid = pg_backend_pid()
         WHERE numero = uno.numero;

@@ -152,6 +152,12 @@ class Screen:
         del self._stack[-windows:]
         self.until(self._is_behind, "the window behind")
 
+    def settles(self):
+        """Waits until no work shows over the window in front, which it may a moment after that has come: what is typed
+        then counts for nothing."""
+        time.sleep(1)
+        self.until(self._is_behind, "the end of the work")
+
     def _is_behind(self):
         if self.loses_keyboard and not self.title():
             self._ask("xdotool", "windowactivate", self._stack[-1])

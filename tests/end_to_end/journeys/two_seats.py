@@ -66,6 +66,7 @@ def import_together(ana, eva, files, theirs):
         seat.answers("Mensaje")
         seat.keys("alt+s")
         seat.closes()
+        seat.settles()
 
 
 def pays(seat, amount):
