@@ -22,11 +22,7 @@ bool LeeLinea(LectorLineas& lector) {
 
 LineasDecididas::LineasDecididas(QIODevice& archivo, Codificacion codificacion, const FormatoImportacion& formato,
                                  const ContextoImportacion& contexto, Almacen& almacen)
-    : m_lector(archivo)
-    , m_codificacion(codificacion)
-    , m_formato(formato)
-    , m_contexto(contexto)
-    , m_almacen(almacen) {}
+    : m_lector(archivo), m_codificacion(codificacion), m_formato(formato), m_contexto(contexto), m_almacen(almacen) {}
 
 bool LineasDecididas::Siguiente() {
     if (!SiguienteAdelantada() && !LeeSiguiente())

@@ -81,9 +81,9 @@ class LineasDecididas {
     LineaComprobada m_linea;
     std::vector<qint64> m_adelantadas; ///< of the lines decided beside the writing, what is read with each
     std::vector<Notada> m_notadas;
-    size_t m_lugar = 0;       ///< of the current line among them; past them it is the reader's
-    size_t m_notada = 0;      ///< the first of those noted that isn't passed
-    bool m_porDecidir = false; ///< the reader's line is none of them
+    size_t m_lugar = 0;         ///< of the current line among them; past them it is the reader's
+    size_t m_notada = 0;        ///< the first of those noted that isn't passed
+    bool m_porDecidir = false;  ///< the reader's line is none of them
     std::exception_ptr m_falla; ///< of the reading behind them
 };
 

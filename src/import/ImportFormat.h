@@ -18,8 +18,7 @@ inline constexpr Codigo kClaveDuplicada{"0228"};
 /// Adds accepted lines to the work tables, a batch of them at a time.
 class Almacen {
   public:
-    Almacen(Base& base, Periodo declarado, Periodo primerIgv)
-        : m_tablas(base), m_tasas(base, declarado, primerIgv) {}
+    Almacen(Base& base, Periodo declarado, Periodo primerIgv) : m_tablas(base), m_tasas(base, declarado, primerIgv) {}
     Almacen(const Almacen&) = delete;
     Almacen& operator=(const Almacen&) = delete;
     virtual ~Almacen() = default;

@@ -132,7 +132,7 @@ class Transferencia {
     Revision m_revision;
     LogImportacion m_log;
     ResultadoImportacion m_resultado;
-    qint64 m_numeroLinea = 0; ///< of the current line, from 1
+    qint64 m_numeroLinea = 0;            ///< of the current line, from 1
     std::map<Codigo, QString> m_motivos; ///< of the codes met so far
 };
 
