@@ -3,6 +3,7 @@
 #include "family/DeclarationKey.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -25,5 +26,11 @@ struct CopiaEnviada {
 
 /// The copy whose key that is; nothing when it isn't there any more.
 [[nodiscard]] std::optional<CopiaEnviada> LaCopia(Base& base, const ClaveDeclaracion& enviada);
+
+/// How a module is told to begin a declaration that rectifies that copy, and how it reads that: nothing when it isn't
+/// told so. Raises `Error` (`ArgumentoInvalido`) for what doesn't read as a copy of its form.
+[[nodiscard]] QStringList ArgumentosParaRectificar(const ClaveDeclaracion& enviada);
+[[nodiscard]] std::optional<ClaveDeclaracion> CopiaPorRectificar(const QStringList& argumentos,
+                                                                 const QString& formulario);
 
 } // namespace xa518
