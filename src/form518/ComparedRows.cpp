@@ -41,8 +41,8 @@ using FilasPorClave = QHash<QStringList, Resto>;
 /// The rows of a selection that the other doesn't have as they are.
 FilasPorClave LeeDistintas(Base& base, const Seleccion& de, const Seleccion& otra, qsizetype clave) {
     FilasPorClave distintas;
-    Registros filas =
-        base.Lee(u"SELECT * FROM (%1) AS A EXCEPT SELECT * FROM (%2) AS B"_s.arg(de.sql, otra.sql), de.valores + otra.valores);
+    Registros filas = base.Lee(u"SELECT * FROM (%1) AS A EXCEPT SELECT * FROM (%2) AS B"_s.arg(de.sql, otra.sql),
+                               de.valores + otra.valores);
     while (filas.Siguiente()) {
         QStringList llave;
         Resto resto;
@@ -92,9 +92,10 @@ ClientesLeidos LeeClientes(Base& base, const Seleccion& clientes) {
     ClientesLeidos leidos;
     Registros filas = base.Lee(clientes.sql, clientes.valores);
     while (filas.Siguiente())
-        leidos.insert({static_cast<int>(filas.Entero(0)), filas.Texto(1).toUpper()},
-                      {.nombre = filas.Texto(2).simplified(),
-                       .sumas = {.base = Importe::Valor(filas.Texto(3)), .percepcion = Importe::Valor(filas.Texto(4))}});
+        leidos.insert(
+            {static_cast<int>(filas.Entero(0)), filas.Texto(1).toUpper()},
+            {.nombre = filas.Texto(2).simplified(),
+             .sumas = {.base = Importe::Valor(filas.Texto(3)), .percepcion = Importe::Valor(filas.Texto(4))}});
     return leidos;
 }
 

@@ -41,8 +41,8 @@ using ClientesLeidos = QMap<DocumentoDeCliente, ClienteLeido>;
 
 using MovimientosPorCliente = QHash<DocumentoDeCliente, Movimientos>;
 
-/// What differs between two selections of vouchers, whose key are their first `clave` columns, the client's two first of
-/// all. The engine finds the rows that aren't alike; only those are read.
+/// What differs between two selections of vouchers, whose key are their first `clave` columns, the client's two first
+/// of all. The engine finds the rows that aren't alike; only those are read.
 [[nodiscard]] MovimientosPorCliente ComparaFilas(Base& base, const Seleccion& antes, const Seleccion& despues,
                                                  qsizetype clave);
 

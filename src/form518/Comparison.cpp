@@ -62,8 +62,7 @@ QString Mostrada(const CasillaConocida& casilla, const QString& valor) {
             return Format(*monto, u"###,###,###,##0");
         return valor;
     case ClaseDeCasilla::Respuesta: return valor == u"1" ? u"Sí"_s : valor == u"0" ? u"No"_s : QString();
-    case ClaseDeCasilla::FormaDePago:
-        return valor == u"E" ? u"Efectivo"_s : valor == u"C" ? u"Cheque"_s : QString();
+    case ClaseDeCasilla::FormaDePago: return valor == u"E" ? u"Efectivo"_s : valor == u"C" ? u"Cheque"_s : QString();
     case ClaseDeCasilla::Banco: return valor == u"XX" ? QString() : Format(valor, u"00");
     case ClaseDeCasilla::Texto: break;
     }
@@ -90,9 +89,8 @@ CasillaComparada ComparaCasilla(const CasillaConocida& casilla, const QString& a
 
 ValoresDeCasillas CasillasGuardadas(Base& base, const ClaveDeclaracion& clave) {
     ValoresDeCasillas valores;
-    Registros filas =
-        base.Lee(u"SELECT CASILLA, I_VALOR FROM %1 %2"_s.arg(clave.Tabla(u"DET"_s), clave.CondicionSinTipo()),
-                 clave.Valores());
+    Registros filas = base.Lee(
+        u"SELECT CASILLA, I_VALOR FROM %1 %2"_s.arg(clave.Tabla(u"DET"_s), clave.CondicionSinTipo()), clave.Valores());
     while (filas.Siguiente())
         valores.insert(Recorta(filas.Texto(0)).toInt(), Recorta(filas.Texto(1)).toString());
     return valores;
@@ -179,7 +177,8 @@ QList<ClienteComparado> ComparaClientes(const ClientesLeidos& antes, const Clien
 
 QString Movimientos::Texto() const {
     QStringList partes;
-    for (const auto& [signo, cuantos] : {std::pair(u'+', agregados), std::pair(u'-', quitados), std::pair(u'~', cambiados)})
+    for (const auto& [signo, cuantos] :
+         {std::pair(u'+', agregados), std::pair(u'-', quitados), std::pair(u'~', cambiados)})
         if (cuantos > 0)
             partes.append(signo + QString::number(cuantos));
     return partes.join(u' ');
@@ -234,8 +233,8 @@ Comparacion Compara(Base& base, const PedidoDeComparacion& pedido, Avance& avanc
     sigue();
     const MovimientosPorCliente pagos = ComparaFilas(base, antes.pagos, despues.pagos, ClaveDePagos().size());
     sigue();
-    comparacion.clientes = ComparaClientes(LeeClientes(base, antes.clientes), LeeClientes(base, despues.clientes),
-                                           comprobantes, pagos);
+    comparacion.clientes =
+        ComparaClientes(LeeClientes(base, antes.clientes), LeeClientes(base, despues.clientes), comprobantes, pagos);
     sigue();
     return comparacion;
 }

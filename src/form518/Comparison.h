@@ -73,7 +73,7 @@ struct ClienteComparado {
 /// What differs between a sent copy, before, and a declaration, after.
 struct Comparacion {
     PedidoDeComparacion pedido;
-    QList<CasillaComparada> casillas;  ///< all that people know, those that don't differ as well
+    QList<CasillaComparada> casillas; ///< all that people know, those that don't differ as well
     QList<ClienteComparado> clientes; ///< by document
 
     [[nodiscard]] bool HayCambios() const;

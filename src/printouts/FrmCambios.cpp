@@ -79,11 +79,11 @@ void FrmCambios::MuestraClientes() {
                                  {u"Doc."_s},
                                  {u"Número"_s},
                                  {u"Nombre o razón social"_s},
-                                 {u"Cobrado antes"_s, true},
-                                 {u"Cobrado después"_s, true},
-                                 {u"Percibido antes"_s, true},
-                                 {u"Percibido después"_s, true},
-                                 {u"Comprobantes"_s},
+                                 {u"Base antes"_s, true},
+                                 {u"Base después"_s, true},
+                                 {u"Perc. antes"_s, true},
+                                 {u"Perc. después"_s, true},
+                                 {u"Comp."_s},
                                  {u"De pago"_s}},
                                 {.cuantas = static_cast<int>(clientes.size()),
                                  .celdas = [this, &clientes](int fila) { return CeldasDe(clientes.at(fila)); }},
@@ -111,7 +111,7 @@ QString FrmCambios::Resumen() const {
     QStringList lineas;
     for (const ClaseDeCambio clase : {ClaseDeCambio::Agregado, ClaseDeCambio::Quitado, ClaseDeCambio::Cambiado}) {
         const Comparacion::Resumen resumen = m_datos.comparacion->De(clase);
-        lineas.append(u"Clientes %1s: %2, cobrado %3, percibido %4"_s.arg(
+        lineas.append(u"Clientes %1s: %2, base %3, percepción %4"_s.arg(
             Palabra(clase).toLower(), Format(qint64{resumen.clientes}, u"###,##0"),
             MontoConSigno(resumen.diferencia.base), MontoConSigno(resumen.diferencia.percepcion)));
     }

@@ -45,9 +45,9 @@ TEST_F(ChangesTest, ShowsWhatDiffersAndPrintsIt) {
                         .text()
                         .contains(u"COMERCIAL DEL VALLE, período 01/2026, frente a su copia 1"_s))
             << qPrintable(De<QLabel>(forma, "LblCopia").text());
-        EXPECT_EQ(De<QLabel>(forma, "LblResumen").text(), u"Clientes agregados: 1, cobrado +20.00, percibido +1.00\n"
-                                                          "Clientes quitados: 1, cobrado -5.00, percibido -1.00\n"
-                                                          "Clientes cambiados: 1, cobrado +100.25, percibido 0.00"_s);
+        EXPECT_EQ(De<QLabel>(forma, "LblResumen").text(), u"Clientes agregados: 1, base +20.00, percepción +1.00\n"
+                                                          "Clientes quitados: 1, base -5.00, percepción -1.00\n"
+                                                          "Clientes cambiados: 1, base +100.25, percepción 0.00"_s);
         const auto& casillas = De<QTableView>(forma, "GrdCasillas");
         EXPECT_EQ(Fila(casillas, 0), u"401|Percepciones efectuadas|10|30|+20"_s);
         EXPECT_EQ(Fila(casillas, 18), u"999|Forma de pago|Efectivo|Cheque|cambia"_s);
