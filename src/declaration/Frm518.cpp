@@ -399,10 +399,11 @@ bool Frm518::EliminaCliente() {
 }
 
 void Frm518::Valida() {
-    const RelojDeArena reloj;
+    RelojDeArena reloj;
     if (!IdentificacionVale())
         return;
     LeePaginas();
+    reloj.Suelta();
     MuestraValidacion(*this, m_avisos, m_proceso, m_declaracion);
     m_ui->PgbCarga->hide();
 }
