@@ -20,6 +20,7 @@ struct AperturaPedida {
     QWidget& ventana; ///< over which it is filled in first, beside the window's thread
     QWidget* padre;
     std::optional<DeclaracionElegida> elegida;                 ///< the picker's row; a new declaration has none
+    std::optional<ClaveDeclaracion> rectificada{};             ///< the sent copy that a new one is to rectify
     std::function<void(QDialog&)> muestra;                     ///< opens the form, which is dropped behind it
     std::function<void(const std::exception_ptr&)> alFallar{}; ///< instead of the general error handler
 };

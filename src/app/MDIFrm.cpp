@@ -194,6 +194,19 @@ void MDIFrm::AbreDeclaracion(const std::optional<DeclaracionElegida>& elegida) {
                                 }});
 }
 
+/// Where nothing can be written, a new declaration can't be begun either.
+void MDIFrm::Rectifica(const ClaveDeclaracion& enviada) {
+    if (!m_dialogos.declaracion || !m_ui->mnuNueva->isEnabled())
+        return;
+    m_enviadas = false;
+    m_dialogos.declaracion(
+        Barra(),
+        {.ventana = *this, .padre = this, .elegida = {}, .rectificada = enviada, .muestra = [this](QDialog& forma) {
+             CentraSobre(*this, forma);
+             EjecutaSobre(*this, forma);
+         }});
+}
+
 void MDIFrm::Modificar() {
     AbreRegistradas(OpcionDeLista::Modificar);
 }

@@ -29,6 +29,9 @@ class MDIFrm final : public QMainWindow {
     /// opened, which it has told then above the empty window: the process ends.
     [[nodiscard]] bool Carga();
 
+    /// Opens a new declaration of the month of that sent copy, and offers to bring the copy into it.
+    void Rectifica(const ClaveDeclaracion& enviada);
+
     [[nodiscard]] BarradeEstadoQMD& Barra() const;
 
   protected:

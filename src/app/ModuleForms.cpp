@@ -8,11 +8,14 @@
 #include "platform/Notices.h"
 #include "platform/ProfileFile.h"
 #include "printouts/RunReport.h"
+#include "printouts/ShowChanges.h"
 #include "printouts/frmImprimir.h"
 #include "reports/ShowReport.h"
 #include "widgets/Application.h"
 #include "widgets/HourGlass.h"
 #include "widgets/LongTask.h"
+
+#include <QTimer>
 
 namespace xa518 {
 
@@ -82,6 +85,10 @@ DialogosDeDetalle FormasDelDetalle(const Modulo& modulo) {
     detalle.abreImportacion = [modulo](Forma& sobre, const ImportacionPedida& pedida) {
         AbreImportacion(modulo, sobre, pedida);
     };
+    detalle.abreCambios = [modulo](Forma& sobre, const PedidoDeComparacion& pedido) {
+        MuestraCambios(sobre, ProcesoAparte(modulo.proceso),
+                       EntornoDeInformes(modulo.proceso, modulo.avisos, modulo.archivos), pedido);
+    };
     return detalle;
 }
 
@@ -91,6 +98,8 @@ void AbreTomada(const Modulo& modulo, BarradeEstadoQMD& barra, const AperturaPed
         Frm518 forma({modulo.proceso, modulo.avisos, barra, FormasDelDetalle(modulo)}, tablas, pedida.elegida,
                      pedida.padre);
         reloj.Suelta();
+        if (pedida.rectificada) // once it shows: it asks
+            QTimer::singleShot(0, &forma, Protegido([&forma, pedida] { forma.Rectifica(*pedida.rectificada); }));
         pedida.muestra(forma);
     };
     TomaTablas(pedida.ventana, modulo.proceso, pedida.elegida, abre, pedida.alFallar);

@@ -6,11 +6,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kAyudaModulo = uR"(Uso: xa518
+const QString kAyudaModulo = uR"(Uso: xa518 [--rectificar RUC AAAAMM COPIA]
 
 Abre el módulo de la declaración 0518. Trabaja junto a la consola: inicie primero consola, o las dos a la vez con
 consola --modulo. Sin pantalla, use xa518-lote.
 
+  --rectificar RUC AAAAMM COPIA
+                   Empieza una declaración que rectifica esa copia enviada, y ofrece traer lo que tiene. Así lo
+                   inicia la consola con su botón Rectificar.
   -h, --help       Muestra esta ayuda.
   -v, --version    Muestra la versión.
 

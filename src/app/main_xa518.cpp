@@ -5,6 +5,7 @@
 #include "app/ModuleHelp.h"
 #include "family/Configuration.h"
 #include "family/Process.h"
+#include "family/SentCopies.h"
 #include "family/Startup.h"
 #include "form518/Form0518.h"
 #include "platform/Clock.h"
@@ -16,6 +17,8 @@
 #include "widgets/FileDialogBoxes.h"
 #include "widgets/NoticeBoxes.h"
 
+#include <QTimer>
+
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -25,7 +28,7 @@ using namespace xa518;
 
 namespace {
 
-int Corre(Proceso& proceso, Avisos& avisos) {
+int Corre(Proceso& proceso, Avisos& avisos, const std::optional<ClaveDeclaracion>& rectificada) {
     DialogosDeArchivoEnPantalla archivos;
     const std::unique_ptr<VentanasDelSistema> ventanas = VentanasReales();
     InstanciaUnica instancia(QCoreApplication::applicationFilePath()); // held until the process ends
@@ -33,7 +36,11 @@ int Corre(Proceso& proceso, Avisos& avisos) {
         return EXIT_FAILURE;
     const ArchivoPerfil perfil = PerfilCompartido();
     MDIFrm principal(proceso, avisos, perfil, FormasDelModulo(proceso, avisos, archivos, perfil));
-    return principal.Carga() ? QCoreApplication::exec() : EXIT_FAILURE;
+    if (!principal.Carga())
+        return EXIT_FAILURE;
+    if (rectificada)
+        QTimer::singleShot(0, &principal, Protegido([&principal, &rectificada] { principal.Rectifica(*rectificada); }));
+    return QCoreApplication::exec();
 }
 
 } // namespace
@@ -58,7 +65,7 @@ int main(int argc, char* argv[]) {
     const RelojSistema reloj;
     Proceso proceso(reloj, FormulariosConocidos(), kNumFormulario);
     try {
-        return Corre(proceso, avisos);
+        return Corre(proceso, avisos, CopiaPorRectificar(argumentos, kNumFormulario));
     } catch (...) {
         AtiendeFallaEnCurso(); // a start that fails past the opening of the base: there is nothing to go on with
         return EXIT_FAILURE;

@@ -4,15 +4,13 @@
 
 #include "data/Base.h"
 #include "data/Catalog.h"
-#include "data/FollowedWork.h"
-#include "declaration/Consistency.h"
-#include "declaration/FrmConsist.h"
 #include "declaration/OrderNumber.h"
 #include "declaration/Save.h"
+#include "declaration/SaveTask.h"
 #include "declaration/StoredBoxes.h"
+#include "declaration/Validation.h"
 #include "family/OfferedDeclarants.h"
 #include "family/Process.h"
-#include "form518/RowCounts.h"
 #include "form518/WorkTables.h"
 #include "platform/Clock.h"
 #include "platform/Notices.h"
@@ -70,6 +68,7 @@ Frm518::Frm518(EntornoDeclaracion entorno, TablasTomadas tablas, const std::opti
     , m_ui(std::make_unique<Ui::Frm518>())
     , m_tablas(std::move(tablas)) {
     m_ui->setupUi(this);
+    m_copia.emplace(m_avisos, ControlesDeCopia{*m_ui->PaginaIdentificacion, *m_ui->PaginaDeuda, *m_ui->CmdCambios});
     Prepara({m_ui->CmdCancelar});
     Conecta();
     const auto tieneAlgoQuePerder = [this] { return m_modificado || QApplication::activeModalWidget() != this; };
@@ -87,6 +86,7 @@ void Frm518::Conecta() {
     connect(m_ui->SSTab1, &QTabWidget::currentChanged, this,
             Protegido([this](int nueva) { AlCambiarPestania(nueva); }));
     connect(m_ui->CmdValidar, &QPushButton::clicked, this, Protegido([this] { Valida(); }));
+    connect(m_ui->CmdCambios, &QPushButton::clicked, this, Protegido([this] { QueCambia(); }));
     connect(m_ui->CmdGrabar, &QPushButton::clicked, this, Protegido([this] { Graba(); }));
     connect(m_ui->CmdCancelar, &QPushButton::clicked, this, Protegido([this] { Salir(); }));
     ConectaPaginas();
@@ -118,6 +118,8 @@ void Frm518::Carga() {
     m_ui->PaginaIdentificacion->PonRectifica(m_declaracion.rectifica);
     if (EsEnviada())
         CargaOrdenGuardado();
+    else
+        m_copia->Busca(BaseDatos(), m_declaracion.clave);
     MuestraTotalesDeCarga(m_tablas.totales, m_declaracion);
     m_ui->PaginaPercepcion->MuestraTotales(m_declaracion);
     if (EsEnviada())
@@ -270,7 +272,19 @@ std::optional<VeredictoDeclaracion> Frm518::PeriodoDejado() {
     if (!veredicto || !*veredicto)
         return veredicto;
     m_barra.PonPeriodo(mostrado);
-    return RechazaDuplicada(BaseDatos(), Clave());
+    VeredictoDeclaracion libre = RechazaDuplicada(BaseDatos(), Clave());
+    if (libre)
+        OfreceCopia();
+    return libre;
+}
+
+/// What was sent of the month may stand for what would be typed again. Nothing of it is saved yet.
+void Frm518::OfreceCopia() {
+    if (m_copia->Ofrece(BaseDatos(), Clave()) && TomaLaClave())
+        m_copia->Trae(*this, m_proceso, [this] {
+            m_modificado = true;
+            RefrescaGrilla();
+        });
 }
 
 /// A period that is still to be finished lets the focus go, silently.
@@ -286,12 +300,8 @@ Salida Frm518::AlDejarPeriodo() {
 }
 
 void Frm518::AlRectificar(bool si) {
-    if (si && !m_cargando) {
-        m_avisos.Muestra({Icono::Exclamacion,
-                          u"Recuerde que debe ingresar toda la información declarada anteriormente inclusive la que no "
-                          "esta rectificando o sustituyendo."_s,
-                          {}});
-    }
+    if (si && !m_cargando)
+        m_avisos.Muestra(RecordatorioDeRectificar());
     m_modificado = true;
 }
 
@@ -393,19 +403,15 @@ void Frm518::Valida() {
     if (!IdentificacionVale())
         return;
     LeePaginas();
-    if (const std::optional<Mensaje> aviso = AvisoDeImporte(m_declaracion))
-        m_avisos.Muestra(*aviso);
-    const QStringList lineas = Inconsistencias(m_declaracion);
-    const QString rutaMens = RutaMens(m_proceso.sysPath, m_proceso.numFormulario);
-    EscribeMens(rutaMens, lineas);
     reloj.Suelta();
-    if (lineas.isEmpty()) {
-        m_avisos.Muestra(SinInconsistencias());
-    } else {
-        FrmConsist ventana(rutaMens, this);
-        AbreModal(ventana);
-    }
+    MuestraValidacion(*this, m_avisos, m_proceso, m_declaracion);
     m_ui->PgbCarga->hide();
+}
+
+void Frm518::QueCambia() {
+    LeePaginas();
+    if (m_dialogos.abreCambios)
+        m_dialogos.abreCambios(*this, m_copia->Pedido(m_declaracion, m_ui->PaginaIdentificacion->Nombre()));
 }
 
 void Frm518::Graba(const std::function<void()>& despues) {
@@ -417,7 +423,7 @@ void Frm518::Graba(const std::function<void()>& despues) {
     if (!largo)
         m_avisos.Muestra(largo.Motivo());
     if (vale && largo && !EsEnviada())
-        return GrabaTodo(despues);
+        return m_copia->AdmiteGrabar(BaseDatos(), m_declaracion) ? GrabaTodo(despues) : VuelveAIdentificacion();
     if (vale && largo)
         RegistraOrden();
     if (despues)
@@ -427,16 +433,8 @@ void Frm518::Graba(const std::function<void()>& despues) {
 /// The clients are saved as the grid shows them.
 void Frm518::GrabaTodo(const std::function<void()>& despues) {
     RefrescaGrilla([this, despues] {
-        CorreTarea(
-            *this, {.titulo = u"Grabando la declaración"_s},
-            [aparte = ProcesoAparte(m_proceso), declaracion = m_declaracion,
-             conocido = m_tablas.guardado](Avance& avance) {
-                const Proceso suyo = aparte.Abre();
-                Base& base = *suyo.baseDatos;
-                const TrabajoSeguido seguido(base, avance, FilasDelDetalle(base, declaracion.clave));
-                return GrabaDeclaracion(base, declaracion, conocido, suyo.SuFirma());
-            },
-            [this, despues](const ResultadoGrabacion& grabacion) { AlGrabar(grabacion, despues); });
+        GrabaAparte(*this, m_proceso, m_declaracion, m_tablas.guardado,
+                    [this, despues](const ResultadoGrabacion& grabacion) { AlGrabar(grabacion, despues); });
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include "declaration/ChosenDeclaration.h"
 #include "declaration/ClientGrid.h"
+#include "declaration/CopyOfMonth.h"
 #include "declaration/Declaration.h"
 #include "declaration/TakenTables.h"
 #include "declaration/TaxPeriod.h"
@@ -48,6 +49,8 @@ struct DialogosDeDetalle {
     std::function<void(Forma& sobre, const ClientePedido& pedido)> abreCliente;
     /// The import into the work tables of that declaration.
     std::function<void(Forma& sobre, const ImportacionPedida& pedida)> abreImportacion;
+    /// What differs from the sent copy of its month.
+    std::function<void(Forma& sobre, const PedidoDeComparacion& pedido)> abreCambios;
 };
 
 /// What a declaration form works with.
@@ -67,6 +70,10 @@ class Frm518 : public Forma {
     Frm518(EntornoDeclaracion entorno, TablasTomadas tablas,
            const std::optional<DeclaracionElegida>& elegida = std::nullopt, QWidget* padre = nullptr);
     ~Frm518() override;
+
+    /// In a new declaration: chooses the declarant and the month of that sent copy and offers to bring it, as if they
+    /// had been typed.
+    void Rectifica(const ClaveDeclaracion& enviada) { m_copia->Rectifica(enviada); }
 
   protected:
     void AlActivar() override;
@@ -105,6 +112,7 @@ class Frm518 : public Forma {
     void AlElegirDeclarante(const QString& nombre);
     [[nodiscard]] std::optional<VeredictoDeclaracion> PeriodoDejado();
     [[nodiscard]] Salida AlDejarPeriodo();
+    void OfreceCopia();
     void AlRectificar(bool si);
     void AlCambiarPestania(int nueva);
     [[nodiscard]] bool PestaniaVale(int nueva);
@@ -115,8 +123,9 @@ class Frm518 : public Forma {
     [[nodiscard]] bool AtiendeOpcion(int indice);
     [[nodiscard]] bool EliminaCliente();
 
-    // The three buttons.
+    // The buttons.
     void Valida();
+    void QueCambia();
     /// `despues` runs when the declaration is saved, or its save was refused; not after a failure or a stop.
     void Graba(const std::function<void()>& despues = {});
     void GrabaTodo(const std::function<void()>& despues);
@@ -132,6 +141,8 @@ class Frm518 : public Forma {
     ModoDeclaracion m_modo;
     DeclaracionElegida m_elegida; ///< empty in a new declaration
     std::unique_ptr<Ui::Frm518> m_ui;
+
+    std::optional<CopiaDelMes> m_copia; ///< once the controls are there
 
     TablasTomadas m_tablas; ///< this form's while it lives
     Declaracion m_declaracion;

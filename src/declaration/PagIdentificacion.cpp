@@ -150,6 +150,19 @@ void PagIdentificacion::EligeDeclarante() {
     Q_EMIT DeclaranteElegido(nombre);
 }
 
+/// The period first: the choice of the declarant checks both.
+bool PagIdentificacion::PonClave(const ClaveDeclaracion& clave) {
+    for (int fila = 0; fila < m_ui->CmbRuc->count(); ++fila) {
+        if (RucDeItem(m_ui->CmbRuc->itemText(fila)) != clave.ruc)
+            continue;
+        m_ui->MkePeriodo->setText(clave.periodo.EnPantalla());
+        m_ui->CmbRuc->setCurrentIndex(fila);
+        EligeDeclarante();
+        return true;
+    }
+    return false;
+}
+
 void PagIdentificacion::CongelaClave() {
     m_ui->CmbRuc->setEnabled(false);
     m_ui->MkePeriodo->setEnabled(false);

@@ -36,6 +36,8 @@ class PagIdentificacion : public QWidget {
     [[nodiscard]] Identificacion Lee() const;
     [[nodiscard]] QString Nombre() const;
 
+    /// Chooses them in a new declaration as a person does; false when that declarant isn't offered.
+    [[nodiscard]] bool PonClave(const ClaveDeclaracion& clave);
     /// From here on the key of a new declaration stays.
     void CongelaClave();
     /// Nothing of it may be changed.

@@ -45,7 +45,8 @@ const Formulario& Formulario0518() {
         .tablas = Tablas(),
         .informes = {{u"PER005"_s, u"Errores de importación"_s},
                      {u"PER006"_s, u"Declaración"_s},
-                     {u"PER007"_s, u"Anexo de la declaración"_s}},
+                     {u"PER007"_s, u"Anexo de la declaración"_s},
+                     {u"PER008"_s, u"Qué cambia frente a lo enviado"_s}},
         .casillas = Casillas(),
     };
     return formulario;

@@ -1,6 +1,7 @@
 #include "launcher/FrmConsola.h"
 
 #include "family/HelpWindow.h"
+#include "family/SentCopies.h"
 #include "family/Startup.h"
 #include "family/WorkSeat.h"
 #include "launcher/ModuleStart.h"
@@ -36,7 +37,8 @@ constexpr QSize kTamano(1000, 560);
 
 } // namespace
 
-FrmConsola::FrmConsola(const EntornoConsola& entorno, Avisos& avisos, QString carpetaPrograma, VistaDeInforme vista)
+FrmConsola::FrmConsola(const EntornoConsola& entorno, Avisos& avisos, QString carpetaPrograma, VistaDeInforme vista,
+                       VistasDeCambios cambios)
     : m_ui(std::make_unique<Ui::FrmConsola>())
     , m_avisos(&avisos)
     , m_carpetaPrograma(std::move(carpetaPrograma))
@@ -49,7 +51,7 @@ FrmConsola::FrmConsola(const EntornoConsola& entorno, Avisos& avisos, QString ca
     m_ui->FraAviso->hide();
     EncuentraAyuda(); // its key may come before the first list is read
     PonModulos();
-    PonFichas(std::move(vista));
+    PonFichas(std::move(vista), std::move(cambios));
     ComoTextoLlano(*this);
     connect(m_ui->CmdActualizar, &QPushButton::clicked, this, Protegido([this] { Recarga(); }));
     connect(m_ui->CmdInstalar, &QPushButton::clicked, this, Protegido([this] { OfreceInstalar(); }));
@@ -73,7 +75,7 @@ void FrmConsola::PonModulos() {
     }
 }
 
-void FrmConsola::PonFichas(VistaDeInforme vista) {
+void FrmConsola::PonFichas(VistaDeInforme vista, VistasDeCambios cambios) {
     const EntornoPagina entorno{m_sesion, *m_avisos};
     QTabWidget& fichas = *m_ui->TabFichas;
     const auto agrega = [&](Pagina* pagina, const QString& titulo) {
@@ -81,9 +83,13 @@ void FrmConsola::PonFichas(VistaDeInforme vista) {
         connect(pagina, &Pagina::Cambio, this, &FrmConsola::Recarga);
         return pagina;
     };
+    auto* enviadas = new PagEnviadas(entorno, &fichas);
+    connect(enviadas, &PagEnviadas::Rectifica, this, [this](const ClaveDeclaracion& copia) {
+        AbreModulo(FormularioDe(m_sesion.LosFormularios(), copia.formulario), ArgumentosParaRectificar(copia));
+    });
     m_paginas = {agrega(new PagDeclarantes(entorno, &fichas), u"&Declarantes"_s),
-                 agrega(new PagRegistradas(entorno, &fichas), u"&Registradas"_s),
-                 agrega(new PagEnviadas(entorno, &fichas), u"Enviada&s"_s),
+                 agrega(new PagRegistradas(entorno, std::move(cambios), &fichas), u"&Registradas"_s),
+                 agrega(enviadas, u"Enviada&s"_s),
                  agrega(new PagInformes(entorno, std::move(vista), &fichas), u"&Informes"_s),
                  agrega(new PagBitacora(entorno, &fichas), u"&Bitácora"_s)};
     m_puestos = new PagPuestos(entorno, &fichas);
@@ -189,12 +195,12 @@ void FrmConsola::RevisaBase() {
 }
 
 /// Before there is an installation the module could only refuse to start: it is offered here, where it can be had.
-void FrmConsola::AbreModulo(const Formulario& formulario) {
+void FrmConsola::AbreModulo(const Formulario& formulario, const QStringList& argumentos) {
     if (!m_sesion.HayInstalacion())
         OfreceInstalar();
     if (!m_sesion.HayInstalacion())
         return;
-    if (const Veredicto veredicto = IniciaModulo(formulario.modulo, m_carpetaPrograma); !veredicto)
+    if (const Veredicto veredicto = IniciaModulo(formulario.modulo, m_carpetaPrograma, argumentos); !veredicto)
         m_avisos->Muestra(veredicto.Motivo());
 }
 

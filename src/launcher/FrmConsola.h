@@ -1,6 +1,7 @@
 #pragma once
 
 #include "launcher/PagInformes.h"
+#include "launcher/PagRegistradas.h"
 #include "launcher/Session.h"
 
 #include <QList>
@@ -23,18 +24,19 @@ class FrmConsola final : public QMainWindow {
     Q_OBJECT
   public:
     /// `carpetaPrograma` is where the modules are looked for first.
-    FrmConsola(const EntornoConsola& entorno, Avisos& avisos, QString carpetaPrograma, VistaDeInforme vista = {});
+    FrmConsola(const EntornoConsola& entorno, Avisos& avisos, QString carpetaPrograma, VistaDeInforme vista = {},
+               VistasDeCambios cambios = {});
     ~FrmConsola() override;
 
     /// Starts the module of a form, or tells why it can't be started.
-    void AbreModulo(const Formulario& formulario);
+    void AbreModulo(const Formulario& formulario, const QStringList& argumentos = {});
 
   protected:
     bool event(QEvent* evento) override;
 
   private:
     void PonModulos();
-    void PonFichas(VistaDeInforme vista);
+    void PonFichas(VistaDeInforme vista, VistasDeCambios cambios);
     void EncuentraAyuda();
     [[nodiscard]] bool HayTrabajo() const;
     void Arranca();

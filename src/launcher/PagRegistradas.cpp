@@ -9,17 +9,17 @@ namespace xa518 {
 
 using namespace Qt::StringLiterals;
 
-PagRegistradas::PagRegistradas(const EntornoPagina& entorno, QWidget* padre)
-    : Pagina(entorno, padre), m_ui(std::make_unique<Ui::PagRegistradas>()) {
+PagRegistradas::PagRegistradas(const EntornoPagina& entorno, VistasDeCambios cambios, QWidget* padre)
+    : Pagina(entorno, padre), m_ui(std::make_unique<Ui::PagRegistradas>()), m_cambios(std::move(cambios)) {
     m_ui->setupUi(this);
     setFocusProxy(m_ui->GrdRegistradas);
     m_ui->GrdRegistradas->PonColumnas(
         ConFormulario({u"RUC"_s, u"Nombre o razón social"_s, u"Período"_s, u"Rectifica"_s, u"Grabada"_s, u"Estado"_s},
                       u"Formulario"_s));
-    connect(m_ui->GrdRegistradas, &TablaFilas::Cambia, this,
-            [this] { Habilita(*m_ui->CmdEnviar, m_ui->GrdRegistradas->Fila() >= 0); });
+    connect(m_ui->GrdRegistradas, &TablaFilas::Cambia, this, &PagRegistradas::ActualizaBotones);
     connect(m_ui->GrdRegistradas, &TablaFilas::Decidida, m_ui->CmdEnviar, &QPushButton::click);
     connect(m_ui->CmdEnviar, &QPushButton::clicked, this, Accion([this] { Envia(); }));
+    connect(m_ui->CmdCambios, &QPushButton::clicked, this, Accion([this] { QueCambia(); }));
 }
 
 PagRegistradas::~PagRegistradas() = default;
@@ -34,6 +34,25 @@ QStringList PagRegistradas::Celdas(const DeclaracionListada& declaracion) const 
     return ConFormulario({declaracion.clave.ruc.Texto(), declaracion.nombre, declaracion.clave.periodo.EnPantalla(),
                           declaracion.Rectifica(), declaracion.fechaProceso, declaracion.Estado()},
                          declaracion.clave.formulario);
+}
+
+void PagRegistradas::ActualizaBotones() {
+    const int fila = m_ui->GrdRegistradas->Fila();
+    Habilita(*m_ui->CmdEnviar, fila >= 0);
+    m_ui->CmdCambios->setEnabled(fila >= 0 && m_cambios.contains(m_lista.at(fila).clave.formulario));
+}
+
+void PagRegistradas::QueCambia() {
+    const DeclaracionListada declaracion = m_lista.at(m_ui->GrdRegistradas->Fila());
+    const ClaveDeclaracion& clave = declaracion.clave;
+    const Proceso proceso = LaSesion().AbreProceso();
+    const std::optional<CopiaEnviada> copia = UltimaCopia(*proceso.baseDatos, clave);
+    if (!copia)
+        return LosAvisos().Muestra({Icono::Informacion,
+                                    u"Nada se ha enviado del período %1 del RUC %2: no hay con qué comparar."_s.arg(
+                                        clave.periodo.EnPantalla(), clave.ruc.Texto()),
+                                    {}});
+    m_cambios.value(clave.formulario)(*window(), proceso, *copia, declaracion.nombre);
 }
 
 /// What can't be sent is told before the question, and once more by the sending itself.

@@ -75,6 +75,11 @@ std::unique_ptr<Base> Sesion::Abre() {
     return base;
 }
 
+Proceso Sesion::AbreProceso() {
+    std::unique_ptr<Base> base = Abre();
+    return {static_cast<const Configurado&>(m_proceso), std::move(base)};
+}
+
 Respaldos Sesion::Copias() {
     Lee();
     return {m_proceso.rutaBase, m_proceso.sysPath + kCarpetaCopias, m_entorno.reloj, m_entorno.formularios};

@@ -29,6 +29,9 @@ class Sesion {
     /// Raises `Error`.
     [[nodiscard]] std::unique_ptr<Base> Abre();
 
+    /// What a window of the reports' kind works with, its base open. Raises `Error`.
+    [[nodiscard]] Proceso AbreProceso();
+
     /// The dated copies of the base; they need no base that opens. Raises `Error` when nothing is installed.
     [[nodiscard]] Respaldos Copias();
 

@@ -1,13 +1,16 @@
 #include "app/Forms.h"
+#include "form518/Form0518.h"
 #include "launcher/CommandLine.h"
 #include "launcher/ConsoleIcon.h"
 #include "launcher/FrmConsola.h"
 #include "launcher/PagInformes.h"
+#include "launcher/PagRegistradas.h"
 #include "platform/Clock.h"
 #include "platform/Display.h"
 #include "platform/ParentConsole.h"
 #include "platform/SystemWindows.h"
 #include "platform/WindowSearch.h"
+#include "printouts/ShowChanges.h"
 #include "reports/ShowReport.h"
 #include "widgets/Application.h"
 #include "widgets/FileDialogBoxes.h"
@@ -39,6 +42,15 @@ VistaDeInforme VistaPreliminar(const Reloj& reloj, Avisos& avisos, DialogosDeArc
     };
 }
 
+/// What each form compares with its sent copies.
+VistasDeCambios VistasDeLosCambios(Avisos& avisos, DialogosDeArchivo& archivos) {
+    return {{kNumFormulario, [&avisos, &archivos](QWidget& ventana, const Proceso& proceso, const CopiaEnviada& copia,
+                                                  const QString& nombre) {
+                 MuestraCambios(ventana, ProcesoAparte(proceso), EntornoDeInformes(proceso, avisos, archivos),
+                                {.copia = copia, .nombre = nombre});
+             }}};
+}
+
 constexpr int kCadaCuanto = 50; ///< milliseconds
 constexpr int kVeces = 100;
 
@@ -62,7 +74,7 @@ int ConVentana(int argc, char** argv, const EntornoConsola& entorno, bool conMod
     const Aplicacion aplicacion(argc, argv, avisos);
     QGuiApplication::setWindowIcon(IconoDeLaConsola());
     FrmConsola ventana(entorno, avisos, QCoreApplication::applicationDirPath(),
-                       VistaPreliminar(entorno.reloj, avisos, archivos));
+                       VistaPreliminar(entorno.reloj, avisos, archivos), VistasDeLosCambios(avisos, archivos));
     ventana.show();
     if (conModulo)
         AbreModuloCuandoSeVea(ventana, entorno.formularios.constFirst());

@@ -22,11 +22,11 @@ constexpr int kTipoRuc = 6;
 /// The width of every report when it begins; the annex widens it.
 constexpr int kAnchoInicial = 104;
 
-void EncabezaDeclaracion(const PedidoDeclaracion& pedido, int hojas, EscritorInforme& escritor) {
+void Encabeza(bool apaisado, int hojas, EscritorInforme& escritor) {
     using enum Etiqueta::Clase;
     escritor.Encabeza({Fuente, u"Courier New"_s});
     escritor.Encabeza({Hojas, QString::number(std::max(hojas, 1))});
-    escritor.Encabeza({Orientacion, pedido.anexo ? u"H"_s : u"V"_s});
+    escritor.Encabeza({Orientacion, apaisado ? u"H"_s : u"V"_s});
     escritor.Encabeza({Color, u"&H00FFFFC0&"_s});
 }
 
@@ -34,12 +34,17 @@ void GeneraDeclaracion(const EntornoRegistro& entorno, const PedidoDeclaracion& 
     Base& base = entorno.base;
     const LecturaLarga lectura(base);
     if (pedido.anexo) {
-        EncabezaDeclaracion(pedido, InformeAnexo::TotalPaginas(base, pedido.datos.clave), escritor);
+        Encabeza(pedido.anexo, InformeAnexo::TotalPaginas(base, pedido.datos.clave), escritor);
         InformeAnexo(base, entorno.reloj, pedido.datos, escritor).Imprime();
     } else {
-        EncabezaDeclaracion(pedido, InformeDeclaracion::TotalPaginas(pedido.datos), escritor);
+        Encabeza(pedido.anexo, InformeDeclaracion::TotalPaginas(pedido.datos), escritor);
         InformeDeclaracion(base, pedido.datos, escritor).Imprime();
     }
+}
+
+void GeneraCambios(const EntornoRegistro& entorno, const DatosCambios& datos, EscritorInforme& escritor) {
+    Encabeza(true, InformeCambios::TotalPaginas(*datos.comparacion), escritor);
+    InformeCambios(entorno.reloj, datos, escritor).Imprime();
 }
 
 struct Registrado {
@@ -50,6 +55,8 @@ struct Registrado {
 Registrado RegistroDe(const PedidoInforme& pedido) {
     if (const auto* errores = std::get_if<DatosErrores>(&pedido))
         return {u"PER005"_s, errores->docDeclarante.Texto()};
+    if (const auto* cambios = std::get_if<DatosCambios>(&pedido))
+        return {u"PER008"_s, cambios->comparacion->pedido.copia.clave.ruc.Texto()};
     const auto& declaracion = std::get<PedidoDeclaracion>(pedido);
     return {declaracion.anexo ? u"PER007"_s : u"PER006"_s, declaracion.datos.clave.ruc.Texto()};
 }
@@ -65,6 +72,8 @@ void EjecutaReporte(const EntornoRegistro& entorno, const PedidoInforme& pedido,
     EscritorInforme escritor(destino, kAnchoInicial);
     if (const auto* errores = std::get_if<DatosErrores>(&pedido))
         ReporteErrores(entorno.reloj, *errores, escritor).Imprime();
+    else if (const auto* cambios = std::get_if<DatosCambios>(&pedido))
+        GeneraCambios(entorno, *cambios, escritor);
     else
         GeneraDeclaracion(entorno, std::get<PedidoDeclaracion>(pedido), escritor);
     destino.Termina();

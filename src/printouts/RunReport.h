@@ -1,5 +1,6 @@
 #pragma once
 
+#include "printouts/ChangesReport.h"
 #include "printouts/DeclarationData.h"
 #include "printouts/ErrorReport.h"
 #include "reports/PageCommands.h"
@@ -20,8 +21,8 @@ struct PedidoDeclaracion {
     bool anexo = false;
 };
 
-/// What is to be reported. The refused lines of an import make PER005.
-using PedidoInforme = std::variant<PedidoDeclaracion, DatosErrores>;
+/// What is to be reported. The refused lines of an import make PER005, a comparison with a sent copy PER008.
+using PedidoInforme = std::variant<PedidoDeclaracion, DatosErrores, DatosCambios>;
 
 // Both may be called in any thread, with an environment of its own.
 

@@ -161,6 +161,11 @@ TEST_F(Frm518Test, EveryFaultOfTheIdentificationTakesBackToItsField) {
     m_base.Agrega(u"HCAB"_s, {{u"Doc_id_d"_s, kRucDeclarante}, {u"periodo"_s, u"202609"_s}});
     for (const QString& vale : {u"012005"_s, u"112026"_s, u"092026"_s}) { // the last one was only sent
         AbreNueva();
+        if (vale == u"092026")
+            m_avisos.EsperaPregunta(
+                u"El período 09/2026 de este declarante ya fue enviado (copia -).\n\n¿Desea traer sus "
+                "clientes, comprobantes y casillas para rectificarlo?"_s,
+                Respuesta::No);
         periodo(vale);
         pestania();
         EXPECT_EQ(Control<QTabWidget>(u"SSTab1"_s).currentIndex(), 2) << vale.toStdString();

@@ -15,6 +15,7 @@
 #include "import/frmTransferencia.h"
 #include "launcher/FrmConsola.h"
 #include "launcher/FrmDeclarante.h"
+#include "printouts/FrmCambios.h"
 #include "printouts/frmImprimir.h"
 #include "reports/ShowReport.h"
 #include "reports/frmImpresora.h"
@@ -22,6 +23,7 @@
 #include "reports/frmPreview.h"
 #include "support/FileDialogScript.h"
 #include "support/FormDriver.h"
+#include "values/Progress.h"
 #include "widgets/StatusBar.h"
 
 #include <QAbstractScrollArea>
@@ -117,6 +119,13 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
         const QString archivo = QDir(proceso.rutaRPT).entryList({u"*.PRN"_s}, QDir::Files).value(0);
         ASSERT_FALSE(archivo.isEmpty());
         Ve(frmImprimir(proceso, informes, barra, false), u"print"_s, mira);
+        const ClaveDeclaracion rectificada{.ruc = Ruc(kRuc), .periodo = Periodo(2026, 9), .formulario = kNumFormulario};
+        SinAvance nadie;
+        const PedidoDeComparacion pedido{.copia = UltimaCopia(*proceso.baseDatos, rectificada).value(),
+                                         .nombre = u"DEMO"_s};
+        const DatosCambios cambios{std::make_shared<const Comparacion>(Compara(*proceso.baseDatos, pedido, nadie)),
+                                   CargarGrilla(*proceso.baseDatos)};
+        Ve(FrmCambios(ProcesoAparte(proceso), informes, cambios), u"changes"_s, mira);
         Ve(frmImpxPag(informes, {archivo, {}, {}}, {120, u"Páginas"_s}), u"pages"_s, mira);
         Ve(frmPreview(informes, {archivo, {}, {}}), u"preview"_s, mira);
         Ve(frmImpresora({{u"sala"_s, u"Láser de la sala"_s, true, EstadoCola::Lista},

@@ -34,8 +34,8 @@ class FrmConsolaTest : public testing::Test {
 
     void SetUp() override { (void)Sesion(entorno).Instala(true); }
     /// Opens the window and waits until its start is over.
-    void Abre(VistaDeInforme vista = {}) {
-        ventana = std::make_unique<FrmConsola>(entorno, avisos, programas, std::move(vista));
+    void Abre(VistaDeInforme vista = {}, VistasDeCambios cambios = {}) {
+        ventana = std::make_unique<FrmConsola>(entorno, avisos, programas, std::move(vista), std::move(cambios));
         Muestra(*ventana);
         QCoreApplication::processEvents();
     }
@@ -396,6 +396,51 @@ TEST_F(FrmConsolaTest, AModuleThatCannotStartIsTold) {
     avisos.Espera(u"No se pudo iniciar '%1'. Revise que el programa esté completo y que se pueda ejecutar."_s.arg(
         QDir::toNativeSeparators(modulo)));
     Alt(Qt::Key_M);
+}
+
+TEST_F(FrmConsolaTest, ASentCopyIsRectifiedInItsModuleUnlessItsMonthIsRegistered) {
+    Graba(u"202609"_s, 0);
+    LaBase()->Ejecuta(u"INSERT INTO HCAB (Doc_id_d, tip_doc_d, periodo, Formulario, estado, rectifica, norden, correl)"
+                      " SELECT Doc_id_d, tip_doc_d, periodo, Formulario, 1, '0', '0', '7' FROM CAB"_s);
+    const QString dicho = raiz.filePath(u"dicho"_s);
+    ASSERT_TRUE(QDir().mkpath(programas));
+    EscribeEn(programas + u"/xa518"_s, "#!/bin/sh\necho \"$*\" > '" + dicho.toLocal8Bit() + "'\n");
+    QFile::setPermissions(programas + u"/xa518"_s, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    Abre();
+    Alt(Qt::Key_S);
+    avisos.Espera(u"El período 09/2026 del RUC %1 ya tiene una declaración registrada, que todavía no se envía."
+                  " Modifíquela en el módulo, o elimínela allí antes de rectificar esta copia."_s.arg(kRucMuestra));
+    Alt(Qt::Key_T);
+    EXPECT_FALSE(QFile::exists(dicho));
+    LaBase()->Ejecuta(u"DELETE * FROM CAB"_s);
+    Alt(Qt::Key_T);
+    QFile leido(dicho);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return leido.exists() && leido.size() > 0; }));
+    ASSERT_TRUE(leido.open(QIODevice::ReadOnly));
+    const QStringList argumentos = QString::fromUtf8(leido.readAll()).simplified().split(u' ');
+    const std::optional<ClaveDeclaracion> copia = CopiaPorRectificar(argumentos, kNumFormulario);
+    ASSERT_TRUE(copia) << qPrintable(argumentos.join(u' '));
+    EXPECT_EQ(copia->ruc.Texto() + copia->periodo.Texto() + copia->correl, kRucMuestra + u"2026097"_s);
+    EXPECT_THROW((void)CopiaPorRectificar(argumentos.mid(0, 3), kNumFormulario), Error);
+    EXPECT_FALSE(CopiaPorRectificar({u"--otra"_s}, kNumFormulario));
+}
+
+TEST_F(FrmConsolaTest, WhatARegisteredDeclarationChangesIsShownWhereItsMonthWasSent) {
+    Graba(u"202609"_s, 0);
+    QString mostrada;
+    const auto vista = [&](QWidget& /*ventana*/, const Proceso& proceso, const CopiaEnviada& copia,
+                           const QString& nombre) {
+        mostrada = copia.clave.correl + u' ' + nombre;
+        EXPECT_EQ(proceso.rutaRPT, carpeta + u"/RPT"_s);
+    };
+    Abre({}, {{kNumFormulario, vista}});
+    Alt(Qt::Key_R);
+    avisos.Espera(u"Nada se ha enviado del período 09/2026 del RUC %1: no hay con qué comparar."_s.arg(kRucMuestra));
+    Alt(Qt::Key_Q);
+    LaBase()->Ejecuta(u"INSERT INTO HCAB (Doc_id_d, tip_doc_d, periodo, Formulario, correl) SELECT Doc_id_d, tip_doc_d,"
+                      " periodo, Formulario, '7' FROM CAB"_s);
+    Alt(Qt::Key_Q);
+    EXPECT_EQ(mostrada, u"7 "_s + Declarantes(*LaBase()).Busca(Ruc(kRucMuestra))->nombre);
 }
 
 TEST_F(FrmConsolaTest, SeatsAreNoAffairOfAFile) {

@@ -6,6 +6,7 @@ is read in the database.
 
 import os
 import pathlib
+import re
 import shutil
 import signal
 import sqlite3
@@ -146,6 +147,15 @@ class Screen:
             f"the window {title!r}",
         )
         self._stack.append(self.active())
+
+    def opens_asking(self, title):
+        """Waits for a window over which a box with the same title has come at once; the box is still to be answered."""
+
+        def both():
+            return self._ask("xdotool", "search", "--onlyvisible", "--name", f"^{re.escape(title)}$").split()
+
+        self.until(lambda: len(both()) == 2 and self.title() == title and self.takes_keys(), f"{title!r} and its box")
+        self._stack += [window for window in both() if window != self.active()]
 
     def closes(self, windows=1):
         """Waits until the window in front has gone and the one behind it has the keyboard again."""
