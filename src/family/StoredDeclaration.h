@@ -33,6 +33,9 @@ struct CasillaGuardada {
 /// declarant, writes nothing.
 void GrabaCasilla(Base& base, const ReglaDeCasillas& regla, const ClaveDeclaracion& clave, const CasillaGuardada& una);
 
+/// The number of the copy by which the declarant's month was sent last; empty when it never was.
+[[nodiscard]] QString UltimaCopiaEnviada(Base& base, const ClaveDeclaracion& clave);
+
 /// Deletes a declaration of that form, registered or sent as the key says, in one transaction, and notes it.
 void EliminaDeclaracion(Base& base, const Formulario& formulario, const ClaveDeclaracion& clave, const Firma& firma);
 
