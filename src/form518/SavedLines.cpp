@@ -8,10 +8,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kClientes = u"F518PCAB"_s;
-const QString kComprobantes = u"F518PDET"_s;
-const QString kVentas = u"F518PDETVC"_s;
-const QString kPagos = u"F518PDETCP"_s;
+const QString kClientesGuardados = u"F518PCAB"_s;
+const QString kPercepcionesGuardadas = u"F518PDET"_s;
+const QString kVentasGuardadas = u"F518PDETVC"_s;
+const QString kDetalleDePagos = u"F518PDETCP"_s;
 
 QList<DatoComprobante> ComprobantesDe(ClaseDeComprobante clase) {
     QList<DatoComprobante> datos = DatosDeComprobantes();
@@ -89,12 +89,12 @@ QString LineasGuardadas::Sql(Base& base, const ClaveDeclaracion& clave) const {
     const QStringList delaClave = ColumnasDeClave(clave);
     QString columnas = ListaDe(ComprobantesDe(m_clase), u"A"_s) + u", "_s + ListaDe(DatosDeClientes(), u"C"_s);
     QString desde = u"FROM %1 AS A LEFT JOIN %2 AS C ON %3"_s.arg(
-        clave.Tabla(conPagos ? kComprobantes : kVentas), clave.Tabla(kClientes),
+        clave.Tabla(conPagos ? kPercepcionesGuardadas : kVentasGuardadas), clave.Tabla(kClientesGuardados),
         Iguales(u"C"_s, u"A"_s, delaClave + ColumnasDelCliente()));
     QString orden = base.NumeroDeFila(u"A"_s);
     if (conPagos) {
         columnas += u", "_s + ListaDe(DatosDePagos(), u"P"_s);
-        desde += u" LEFT JOIN %1 AS P ON %2"_s.arg(clave.Tabla(kPagos),
+        desde += u" LEFT JOIN %1 AS P ON %2"_s.arg(clave.Tabla(kDetalleDePagos),
                                                    Iguales(u"P"_s, u"A"_s, delaClave + ColumnasDelComprobante()));
         orden += u", "_s + base.NumeroDeFila(u"P"_s);
     }
@@ -114,18 +114,20 @@ bool LineasGuardadas::TienePago() const {
 }
 
 QStringList ClientesSinComprobante(Base& base, const ClaveDeclaracion& clave) {
-    return Nombradas(base.Lee(u"SELECT %1 FROM %2 AS A WHERE %3%4%5 ORDER BY %6"_s.arg(
-                                  ListaDe(ClaveDeClientes(), u"A"_s), clave.Tabla(kClientes),
-                                  DeLaDeclaracion(clave, u"A"_s), NoHay(clave, kComprobantes, ColumnasDelCliente()),
-                                  NoHay(clave, kVentas, ColumnasDelCliente()), base.NumeroDeFila(u"A"_s)),
-                              clave.Valores()));
+    return Nombradas(
+        base.Lee(u"SELECT %1 FROM %2 AS A WHERE %3%4%5 ORDER BY %6"_s.arg(
+                     ListaDe(ClaveDeClientes(), u"A"_s), clave.Tabla(kClientesGuardados),
+                     DeLaDeclaracion(clave, u"A"_s), NoHay(clave, kPercepcionesGuardadas, ColumnasDelCliente()),
+                     NoHay(clave, kVentasGuardadas, ColumnasDelCliente()), base.NumeroDeFila(u"A"_s)),
+                 clave.Valores()));
 }
 
 QStringList PagosSinComprobante(Base& base, const ClaveDeclaracion& clave) {
-    return Nombradas(base.Lee(u"SELECT %1 FROM %2 AS A WHERE %3%4 ORDER BY %5"_s.arg(
-                                  ListaDe(ClaveDePagos(), u"A"_s), clave.Tabla(kPagos), DeLaDeclaracion(clave, u"A"_s),
-                                  NoHay(clave, kComprobantes, ColumnasDelComprobante()), base.NumeroDeFila(u"A"_s)),
-                              clave.Valores()));
+    return Nombradas(
+        base.Lee(u"SELECT %1 FROM %2 AS A WHERE %3%4 ORDER BY %5"_s.arg(
+                     ListaDe(ClaveDePagos(), u"A"_s), clave.Tabla(kDetalleDePagos), DeLaDeclaracion(clave, u"A"_s),
+                     NoHay(clave, kPercepcionesGuardadas, ColumnasDelComprobante()), base.NumeroDeFila(u"A"_s)),
+                 clave.Valores()));
 }
 
 } // namespace xa518

@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char kFinDeLinea[] = "\r\n";
+constexpr QLatin1StringView kFinDelRegistro("\r\n");
 
 /// The stored row as the fields of a line would give it.
 class LineaExportada {
@@ -186,7 +186,7 @@ qint64 Exportacion::Escribe(const FormatoImportacion& formato, QIODevice& destin
             m_sinLugar.append({NombreDe(filas), std::move(motivo)});
             continue;
         }
-        const QByteArray bytes = linea.Texto().toUtf8() + kFinDeLinea;
+        const QByteArray bytes = (linea.Texto() + kFinDelRegistro).toUtf8();
         if (destino.write(bytes) != bytes.size())
             throw Error(NumeroError::AccesoAlDisco, u"No se pudo escribir el archivo: "_s + destino.errorString());
         ++escritas;
