@@ -204,10 +204,11 @@ TEST_F(Console, TheLogIsGivenToAProgramAndSoIsWhatIsWrong) {
     EXPECT_EQ(json()[u"asientos"_s][0][u"cambios"_s].toArray(),
               (QJsonArray{
                   QJsonObject{{u"dato"_s, u"nombre"_s}, {u"antes"_s, u"ANTES \"Y\""_s}, {u"despues"_s, u"AHORA"_s}}}));
-    for (const QStringList& mala : {QStringList{u"--nohay"_s},
-                                    {u"--bitacora"_s, u"--csv"_s},
-                                    {u"--bitacora"_s, u"--periodo"_s, u"13/2026"_s},
-                                    {u"--respaldar"_s}}) {
+    const QList<QStringList> malas = {{u"--nohay"_s},
+                                      {u"--bitacora"_s, u"--csv"_s},
+                                      {u"--bitacora"_s, u"--periodo"_s, u"13/2026"_s},
+                                      {u"--respaldar"_s}};
+    for (const QStringList& mala : malas) {
         EXPECT_EQ(Corre(mala + QStringList{u"--json"_s}), 2) << qPrintable(mala.join(u' '));
         EXPECT_EQ(json()[u"codigo"_s].toInt(), 2);
         EXPECT_EQ(errores, u"consola: %1\n"_s.arg(json()[u"mensajes"_s][0].toString()));
