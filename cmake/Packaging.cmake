@@ -6,6 +6,8 @@ endif()
 
 install(FILES packaging/man/consola.1 packaging/man/xa518.1 packaging/man/xa518-lote.1
         DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
+install(FILES packaging/bash-completion/consola packaging/bash-completion/xa518-lote
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
 install(FILES packaging/desktop/consola.desktop packaging/desktop/xa518.desktop
         DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
 install(FILES packaging/icons/consola.svg packaging/icons/xa518.svg

@@ -1,6 +1,7 @@
 #include "batch/Arguments.h"
 
 #include "batch/ExitCode.h"
+#include "batch/Usage.h"
 #include "declaration/Boxes.h"
 #include "import/FormatGuide.h"
 #include "values/ChequeNumber.h"
@@ -17,65 +18,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kUso = u"Uso: xa518-lote importar --ruc RUC --periodo AAAAMM [--percepciones RUTA] [--ventas RUTA]\n"
-                     "                         [--errores ARCHIVO] [--probar]\n"
-                     "     xa518-lote declarar --ruc RUC --periodo AAAAMM [--percepciones RUTA] [--ventas RUTA]\n"
-                     "                         [--errores ARCHIVO]\n"
-                     "                         [--pagos-previos N] [--interes N] [--importe N]\n"
-                     "                         [--efectivo | --cheque NUM --banco COD] [--rectifica]\n"
-                     "                         [--pdf DIR]\n"
-                     "     xa518-lote validar  --ruc RUC --periodo AAAAMM\n"
-                     "     xa518-lote imprimir --ruc RUC --periodo AAAAMM [--enviada CORREL] [--anexos] --pdf ARCHIVO\n"
-                     "     xa518-lote listar   [--enviadas]\n"
-                     "     xa518-lote --formato\n"_s;
-
-const QString kAyuda = kUso +
-                       u"\nLas reglas de la declaración 0518, sin ventana.\n"
-                       "\nÓrdenes:\n"
-                       "  importar   carga la declaración en las tablas de trabajo y agrega los archivos\n"
-                       "  declarar   lo mismo, y además calcula, valida y graba la declaración\n"
-                       "  validar    dice las inconsistencias de una declaración registrada\n"
-                       "  imprimir   deja en PDF una declaración registrada, o una copia enviada\n"
-                       "  listar     muestra las declaraciones registradas, o las enviadas\n"
-                       "\nOpciones:\n"
-                       "  --ruc RUC            número del declarante\n"
-                       "  --periodo AAAAMM     período tributario\n"
-                       "  --percepciones RUTA  el archivo 0518<RUC><AAAAMM>.TXT, o la carpeta que lo tiene\n"
-                       "  --ventas RUTA        lo mismo con el de ventas al contado, 0518<RUC><AAAAMM>VC.TXT\n"
-                       "  --errores ARCHIVO    deja ahí las líneas rechazadas, con su campo y su motivo, como CSV\n"
-                       "  --probar             revisa los archivos sin guardar nada, tampoco .Log ni .Err\n"
-                       "  --pagos-previos N    casilla 402\n"
-                       "  --interes N          casilla 404\n"
-                       "  --importe N          casilla 410; sin ella toma la 405\n"
-                       "  --efectivo           paga en efectivo\n"
-                       "  --cheque NUM         paga con cheque, junto con --banco\n"
-                       "  --banco COD          banco del cheque\n"
-                       "  --rectifica          la declaración rectifica o sustituye a otra\n"
-                       "  --pdf DIR            con declarar: carpeta de los PDF de la declaración y su anexo\n"
-                       "  --pdf ARCHIVO        con imprimir: el PDF que se escribe\n"
-                       "  --enviada CORREL     la copia enviada con ese número\n"
-                       "  --anexos             también el anexo, tras la declaración\n"
-                       "  --enviadas           las declaraciones enviadas\n"
-                       "  --json               imprime un objeto JSON\n"
-                       "  --hoy DD/MM/AAAA     trabaja como si fuera ese día\n"
-                       "  --formato            dice cómo son los archivos de importación, campo por campo\n"
-                       "  -h, --help           muestra esta ayuda\n"
-                       "  -v, --version        muestra la versión\n"
-                       "\nCódigos de salida: 0 hecho y sin observaciones; 1 hecho, con líneas rechazadas o\n"
-                       "inconsistencias; 2 rechazado, no se ha escrito nada, salvo el motivo en --errores; 3 falló\n"
-                       "la base o un archivo; 4 hecho, menos una parte: el anexo de una declaración sin clientes,\n"
-                       "o Mens.txt.\n"_s;
-
 Lectura Mal(const QString& motivo) {
-    return {std::nullopt, u"xa518-lote: "_s + motivo + u"\n"_s + kUso, kSalidaRechazado};
+    return {std::nullopt, u"xa518-lote: "_s + motivo + u"\n"_s + TextoDeUso(), kSalidaRechazado, motivo};
 }
 
 std::optional<Orden> LeeOrden(const QString& palabra) {
-    static const QHash<QString, Orden> ordenes = {{u"importar"_s, Orden::Importar},
-                                                  {u"declarar"_s, Orden::Declarar},
-                                                  {u"validar"_s, Orden::Validar},
-                                                  {u"imprimir"_s, Orden::Imprimir},
-                                                  {u"listar"_s, Orden::Listar}};
+    static const QHash<QString, Orden> ordenes = {
+        {u"importar"_s, Orden::Importar}, {u"declarar"_s, Orden::Declarar},
+        {u"validar"_s, Orden::Validar},   {u"imprimir"_s, Orden::Imprimir},
+        {u"exportar"_s, Orden::Exportar}, {u"registrar-orden"_s, Orden::RegistrarOrden},
+        {u"borrar"_s, Orden::Borrar},     {u"listar"_s, Orden::Listar}};
     const auto orden = ordenes.constFind(palabra);
     return orden == ordenes.cend() ? std::nullopt : std::optional(*orden);
 }
@@ -84,25 +36,28 @@ std::optional<Orden> LeeOrden(const QString& palabra) {
 QStringList OpcionesDe(Orden orden) {
     static const QStringList clave = {u"ruc"_s, u"periodo"_s};
     static const QStringList archivos = {u"percepciones"_s, u"ventas"_s, u"errores"_s};
-    static const QStringList montos = {u"pagos-previos"_s, u"interes"_s, u"importe"_s,  u"efectivo"_s,
-                                       u"cheque"_s,        u"banco"_s,   u"rectifica"_s};
+    static const QStringList montos = {u"pagos-previos"_s, u"interes"_s, u"importe"_s,   u"efectivo"_s,
+                                       u"cheque"_s,        u"banco"_s,   u"rectifica"_s, u"otro-original"_s};
     switch (orden) {
     case Orden::Importar: return clave + archivos + QStringList{u"probar"_s};
-    case Orden::Declarar: return clave + archivos + montos + QStringList{u"pdf"_s};
+    case Orden::Declarar: return clave + archivos + montos + QStringList{u"todo-o-nada"_s, u"pdf"_s};
     case Orden::Validar: return clave;
     case Orden::Imprimir: return clave + QStringList{u"enviada"_s, u"anexos"_s, u"pdf"_s};
-    case Orden::Listar: return {u"enviadas"_s};
+    case Orden::Exportar: return clave + QStringList{u"enviada"_s, u"carpeta"_s};
+    case Orden::RegistrarOrden: return clave + QStringList{u"enviada"_s, u"numero"_s, u"digitos"_s};
+    case Orden::Borrar: return clave + QStringList{u"enviada"_s};
+    case Orden::Listar: return clave + QStringList{u"enviadas"_s};
     }
     return {};
 }
 
 void DeclaraOpciones(QCommandLineParser& lector) {
-    for (const QString& conValor :
-         {u"ruc"_s, u"periodo"_s, u"percepciones"_s, u"ventas"_s, u"errores"_s, u"pagos-previos"_s, u"interes"_s,
-          u"importe"_s, u"cheque"_s, u"banco"_s, u"enviada"_s, u"pdf"_s, u"hoy"_s})
+    for (const QString& conValor : {u"ruc"_s, u"periodo"_s, u"percepciones"_s, u"ventas"_s, u"errores"_s,
+                                    u"pagos-previos"_s, u"interes"_s, u"importe"_s, u"cheque"_s, u"banco"_s,
+                                    u"enviada"_s, u"carpeta"_s, u"numero"_s, u"digitos"_s, u"pdf"_s, u"hoy"_s})
         lector.addOption({conValor, {}, u"VALOR"_s});
-    for (const QString& sinValor :
-         {u"efectivo"_s, u"rectifica"_s, u"probar"_s, u"anexos"_s, u"enviadas"_s, u"json"_s, u"formato"_s})
+    for (const QString& sinValor : {u"efectivo"_s, u"rectifica"_s, u"otro-original"_s, u"probar"_s, u"todo-o-nada"_s,
+                                    u"anexos"_s, u"enviadas"_s, u"json"_s, u"formato"_s})
         lector.addOption(QCommandLineOption(sinValor));
     lector.addOptions({{{u"h"_s, u"help"_s}, {}}, {{u"v"_s, u"version"_s}, {}}});
 }
@@ -146,36 +101,69 @@ QString NoCabe(const Argumentos& dados) {
     return defecto.isEmpty() ? QString() : u"el número de --cheque "_s + defecto;
 }
 
-/// What is wrong with the key of the declaration; empty when nothing is.
-QString FaltaEnClave(const Argumentos& dados) {
+/// What is wrong with the key of the declaration, of which a list needs none; empty when nothing is.
+QString FaltaEnClave(const QCommandLineParser& lector, const Argumentos& dados) {
     constexpr qsizetype kLargoRuc = 11;
-    if (dados.ruc.isEmpty() || dados.periodo.isEmpty())
+    const bool filtra = dados.orden == Orden::Listar;
+    if (!filtra && (dados.ruc.isEmpty() || dados.periodo.isEmpty()))
         return u"faltan --ruc y --periodo"_s;
-    if (dados.ruc.size() > kLargoRuc || !SonDigitos(dados.ruc))
+    if (lector.isSet(u"ruc"_s) && (dados.ruc.size() > kLargoRuc || !SonDigitos(dados.ruc)))
         return u"--ruc espera los dígitos de un RUC"_s;
-    if (dados.periodo.size() != 6 || !SonDigitos(dados.periodo))
+    if (lector.isSet(u"periodo"_s) && (dados.periodo.size() != 6 || !SonDigitos(dados.periodo)))
         return u"--periodo espera año y mes, AAAAMM"_s;
+    return {};
+}
+
+/// What is wrong with the way of payment; empty when nothing is.
+QString FaltaEnPago(const Argumentos& dados) {
+    if (dados.efectivo && dados.cheque)
+        return u"--efectivo y --cheque no van juntos"_s;
+    if (dados.cheque.has_value() == dados.banco.isEmpty())
+        return u"--cheque y --banco van juntos"_s;
+    return {};
+}
+
+/// What is wrong with the sent copy and the number of its order; empty when nothing is.
+QString FaltaEnOrden(const Argumentos& dados) {
+    constexpr qsizetype kLargoNumero = 10;
+    constexpr qsizetype kLargoDigitos = 2;
+    if (dados.enviada && (dados.enviada->isEmpty() || !SonDigitos(*dados.enviada)))
+        return u"--enviada espera el número de una copia"_s;
+    if (dados.orden != Orden::RegistrarOrden)
+        return {};
+    if (!dados.enviada || dados.numero.isEmpty() || dados.digitos.isEmpty())
+        return u"faltan --enviada, --numero o --digitos"_s;
+    if (dados.numero.size() > kLargoNumero || !SonDigitos(dados.numero))
+        return u"--numero espera dígitos, %1 como máximo"_s.arg(kLargoNumero);
+    if (dados.digitos.size() > kLargoDigitos || !SonDigitos(dados.digitos))
+        return u"--digitos espera dos dígitos"_s;
+    return {};
+}
+
+/// What is wrong with the files named; empty when nothing is.
+QString FaltaEnArchivos(const QCommandLineParser& lector, const Argumentos& dados) {
+    if (dados.orden == Orden::Imprimir && !dados.pdf)
+        return u"falta --pdf"_s;
+    if (dados.orden == Orden::Exportar && !dados.carpeta)
+        return u"falta --carpeta"_s;
+    for (const QString& opcion : {u"pdf"_s, u"errores"_s, u"carpeta"_s}) {
+        if (lector.isSet(opcion) && lector.value(opcion).isEmpty())
+            return u"--%1 espera un nombre"_s.arg(opcion);
+    }
+    if ((dados.errores || dados.probar) && !dados.percepciones && !dados.ventas)
+        return u"--errores y --probar van con --percepciones o --ventas"_s;
     return {};
 }
 
 /// What is wrong with the values given; empty when nothing is.
 QString FaltaEn(const QCommandLineParser& lector, const Argumentos& dados) {
-    if (QString falta = FaltaEnClave(dados); dados.orden != Orden::Listar && !falta.isEmpty())
-        return falta;
-    if (QString defecto = NoCabe(dados); !defecto.isEmpty())
-        return defecto;
-    if (dados.efectivo && dados.cheque)
-        return u"--efectivo y --cheque no van juntos"_s;
-    if (dados.cheque.has_value() == dados.banco.isEmpty())
-        return u"--cheque y --banco van juntos"_s;
-    if (dados.orden == Orden::Imprimir && !dados.pdf)
-        return u"falta --pdf"_s;
-    if (dados.pdf && lector.value(u"pdf"_s).isEmpty())
-        return u"--pdf espera un nombre"_s;
-    if (dados.errores && lector.value(u"errores"_s).isEmpty())
-        return u"--errores espera un nombre"_s;
-    if ((dados.errores || dados.probar) && !dados.percepciones && !dados.ventas)
-        return u"--errores y --probar van con --percepciones o --ventas"_s;
+    for (const QString& falta : {FaltaEnClave(lector, dados), NoCabe(dados), FaltaEnPago(dados), FaltaEnOrden(dados),
+                                 FaltaEnArchivos(lector, dados)}) {
+        if (!falta.isEmpty())
+            return falta;
+    }
+    if (dados.rectifica && dados.otroOriginal)
+        return u"--rectifica y --otro-original no van juntos"_s;
     if (lector.isSet(u"hoy"_s) && !dados.hoy)
         return u"--hoy espera una fecha dd/mm/aaaa"_s;
     return {};
@@ -190,6 +178,7 @@ Argumentos Recoge(const QCommandLineParser& lector, Orden orden) {
     dados.ventas = RutaDada(lector, u"ventas"_s);
     dados.errores = RutaDada(lector, u"errores"_s);
     dados.probar = lector.isSet(u"probar"_s);
+    dados.todoONada = lector.isSet(u"todo-o-nada"_s);
     dados.pagosPrevios = Dado(lector, u"pagos-previos"_s);
     dados.interes = Dado(lector, u"interes"_s);
     dados.importe = Dado(lector, u"importe"_s);
@@ -197,23 +186,23 @@ Argumentos Recoge(const QCommandLineParser& lector, Orden orden) {
     dados.cheque = Dado(lector, u"cheque"_s);
     dados.banco = lector.value(u"banco"_s);
     dados.rectifica = lector.isSet(u"rectifica"_s);
+    dados.otroOriginal = lector.isSet(u"otro-original"_s);
     dados.enviada = Dado(lector, u"enviada"_s);
     dados.anexos = lector.isSet(u"anexos"_s);
     dados.pdf = RutaDada(lector, u"pdf"_s);
+    dados.carpeta = RutaDada(lector, u"carpeta"_s);
+    dados.numero = lector.value(u"numero"_s);
+    dados.digitos = lector.value(u"digitos"_s);
     dados.enviadas = lector.isSet(u"enviadas"_s);
     dados.json = lector.isSet(u"json"_s);
     dados.hoy = LeeFecha(lector.value(u"hoy"_s));
     return dados;
 }
 
-} // namespace
-
-Lectura LeeArgumentos(const QStringList& argumentos) {
-    QCommandLineParser lector;
-    DeclaraOpciones(lector);
+Lectura Lee(QCommandLineParser& lector, const QStringList& argumentos) {
     const bool leidos = lector.parse(argumentos);
     if (lector.isSet(u"help"_s))
-        return {std::nullopt, kAyuda, kSalidaBien};
+        return {std::nullopt, TextoDeAyuda(), kSalidaBien};
     if (lector.isSet(u"formato"_s))
         return {std::nullopt, GuiaDeFormatos(), kSalidaBien};
     if (lector.isSet(u"version"_s))
@@ -231,6 +220,16 @@ Lectura LeeArgumentos(const QStringList& argumentos) {
     if (const QString falta = FaltaEn(lector, dados); !falta.isEmpty())
         return Mal(falta);
     return {dados, {}, kSalidaBien};
+}
+
+} // namespace
+
+Lectura LeeArgumentos(const QStringList& argumentos) {
+    QCommandLineParser lector;
+    DeclaraOpciones(lector);
+    Lectura lectura = Lee(lector, argumentos);
+    lectura.pideJson = lector.isSet(u"json"_s);
+    return lectura;
 }
 
 } // namespace xa518

@@ -8,7 +8,7 @@
 
 namespace xa518 {
 
-enum class Orden { Importar, Declarar, Validar, Imprimir, Listar };
+enum class Orden { Importar, Declarar, Validar, Imprimir, Exportar, RegistrarOrden, Borrar, Listar };
 
 /// The command line, read. An amount that wasn't given is the missing value, and what is stored then stays.
 struct Argumentos {
@@ -19,6 +19,7 @@ struct Argumentos {
     std::optional<QString> ventas;       ///< absolute: the file of cash sales, or its folder
     std::optional<QString> errores;      ///< absolute: where the refused lines are left as CSV
     bool probar = false;                 ///< checks the files and keeps nothing
+    bool todoONada = false;              ///< a refused line keeps the declaration from being saved
     std::optional<QString> pagosPrevios;
     std::optional<QString> interes;
     std::optional<QString> importe;
@@ -26,10 +27,14 @@ struct Argumentos {
     std::optional<QString> cheque;
     QString banco;
     bool rectifica = false;
+    bool otroOriginal = false; ///< though the month was sent already, and this one doesn't rectify it
     bool enviadas = false;
-    std::optional<QString> enviada; ///< number of the sent copy to be printed
+    std::optional<QString> enviada; ///< number of the sent copy that is meant
     bool anexos = false;
-    std::optional<QString> pdf; ///< absolute: the file to print to, or the folder when a declaration is made
+    std::optional<QString> pdf;     ///< absolute: the file to print to, or the folder when a declaration is made
+    std::optional<QString> carpeta; ///< absolute: where the exported files go
+    QString numero;                 ///< of the order, and its check digits
+    QString digitos;
     bool json = false;
     std::optional<QDate> hoy;
 };
@@ -39,6 +44,8 @@ struct Lectura {
     std::optional<Argumentos> argumentos;
     QString texto;
     int codigo = 0;
+    QString defecto{};     ///< why it can't be read; empty when it can
+    bool pideJson = false; ///< wants its answer as JSON, be it that it can't be read
 };
 
 /// Reads the arguments, the program's name first.

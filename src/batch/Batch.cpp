@@ -44,12 +44,22 @@ Informe Ejecuta(const Argumentos& argumentos, const EntornoLote& entorno) {
     return informe;
 }
 
+/// Of a command line that can't be read.
+Informe InformeDe(const Lectura& lectura) {
+    Informe informe;
+    informe.codigo = lectura.codigo;
+    informe.mensajes.append({Icono::Critico, lectura.defecto, {}});
+    return informe;
+}
+
 } // namespace
 
 int EjecutaLote(const QStringList& argumentos, const EntornoLote& entorno) {
     const Lectura lectura = LeeArgumentos(argumentos);
     if (!lectura.argumentos) {
         (lectura.codigo == kSalidaBien ? entorno.salida : entorno.errores) << lectura.texto;
+        if (lectura.pideJson && lectura.codigo != kSalidaBien)
+            EscribeJson(InformeDe(lectura), entorno.salida);
         return lectura.codigo;
     }
     const Informe informe = Ejecuta(*lectura.argumentos, entorno);

@@ -1,10 +1,13 @@
 #include "batch/Commands.h"
 
+#include "batch/CommandKey.h"
 #include "batch/ExitCode.h"
+#include "batch/ExportCommand.h"
 #include "batch/ImportCommand.h"
 #include "batch/PdfOutput.h"
 #include "batch/ProgressLine.h"
 #include "batch/Session.h"
+#include "batch/StoredCommands.h"
 #include "data/Catalog.h"
 #include "declaration/ClientGrid.h"
 #include "declaration/Consistency.h"
@@ -16,7 +19,6 @@
 #include "family/WorkLock.h"
 #include "family/WorkSeat.h"
 #include "form518/WorkTables.h"
-#include "platform/Clock.h"
 #include "values/Text.h"
 
 #include <algorithm>
@@ -30,38 +32,12 @@ namespace {
 const QString kGrabando = u"Grabando la declaración"_s;
 const QString kImprimiendo = u"Imprimiendo"_s;
 
-void Exige(const Veredicto& veredicto) {
-    if (!veredicto)
-        throw Rechazo{veredicto.Motivo()};
-}
-
-/// The declarant must be one of those that the user may choose in the module.
-void ExigeDeclarante(const Proceso& proceso, const Ruc& ruc) {
-    const QList<DeclaranteOfrecido> ofrecidos =
-        DeclarantesOfrecidos(*proceso.baseDatos, {proceso.numFormulario, proceso.sysUser});
-    if (std::any_of(ofrecidos.begin(), ofrecidos.end(),
-                    [&](const DeclaranteOfrecido& ofrecido) { return ofrecido.ruc == ruc; }))
-        return;
-    throw RechazaCon(u"El declarante %1 no está registrado para el usuario «%2»."_s.arg(ruc.Texto(), proceso.sysUser));
-}
-
 /// The form offers no other banks.
 void ExigeBanco(Base& base, const QString& banco) {
     const QList<BancoOfrecido> bancos = BancosOfrecidos(base);
     if (!banco.isEmpty() && std::none_of(bancos.begin(), bancos.end(),
                                          [&](const BancoOfrecido& ofrecido) { return ofrecido.codigo == banco; }))
         throw RechazaCon(u"El banco «%1» no está en el catálogo."_s.arg(banco));
-}
-
-ClaveDeclaracion ClaveDe(const Proceso& proceso, const Argumentos& argumentos) {
-    const std::optional<Periodo> periodo = Periodo::DeTabla(argumentos.periodo);
-    const auto veredicto = periodo ? ValidaPeriodo(periodo->EnPantalla(), proceso.reloj.Hoy()) : std::nullopt;
-    if (!veredicto)
-        throw RechazaCon(u"El período no es válido."_s);
-    Exige(*veredicto);
-    const Ruc ruc(argumentos.ruc);
-    ExigeDeclarante(proceso, ruc);
-    return {.ruc = ruc, .periodo = *periodo, .formulario = proceso.numFormulario};
 }
 
 /// What the command line gives goes over what is stored. Interest and prior payments keep their stored value when they
@@ -90,10 +66,11 @@ void LlenaPago(Declaracion& declaracion, const Argumentos& argumentos) {
 }
 
 /// Their file is a copy of what is told anyway: when it can't be written the declaration stands all the same.
-void AnotaInconsistencias(Proceso& proceso, const Declaracion& declaracion, Informe& informe) {
+/// `codigo` is the exit code that tells of them.
+void AnotaInconsistencias(Proceso& proceso, const Declaracion& declaracion, int codigo, Informe& informe) {
     informe.inconsistencias = Inconsistencias(declaracion);
     if (!informe.inconsistencias->isEmpty())
-        informe.codigo = kSalidaObservaciones;
+        informe.codigo = codigo;
     const QString ruta = RutaMens(proceso.sysPath, proceso.numFormulario);
     try {
         EscribeMens(ruta, *informe.inconsistencias);
@@ -113,6 +90,25 @@ void Importar(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& ava
     CargaTrabajo(proceso, argumentos, clave, avance, informe);
 }
 
+/// The administration takes one original for a month; what comes later rectifies it. Asked before anything is written.
+void ExigeUnOriginal(Base& base, const Declaracion& declaracion, const Argumentos& argumentos) {
+    if (argumentos.otroOriginal || argumentos.rectifica || declaracion.rectifica == Rectificacion::Si)
+        return;
+    const QString copia = UltimaCopiaEnviada(base, declaracion.clave);
+    if (!copia.isEmpty())
+        throw RechazaCon(u"La declaración de %1 para %2 ya fue enviada (copia %3). Si ésta la rectifica o sustituye, "
+                         "agregue --rectifica; si es otro original, --otro-original."_s.arg(argumentos.ruc,
+                                                                                            argumentos.periodo, copia));
+}
+
+/// The work tables go back to what is stored, so that nothing of the files stays.
+void DejaSinGrabar(Base& base, const ClaveDeclaracion& clave, Informe& informe) {
+    TablasTrabajo(base).Reconstruye(clave);
+    informe.codigo = kSalidaLineas;
+    informe.mensajes.append(
+        {Icono::Critico, u"Líneas rechazadas: %1. No se ha grabado nada."_s.arg(informe.rechazados.value_or(0)), {}});
+}
+
 void Declarar(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance, Informe& informe) {
     Base& base = *proceso.baseDatos;
     Declaracion declaracion;
@@ -121,17 +117,21 @@ void Declarar(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& ava
     ExigeBanco(base, argumentos.banco);
     const TrabajoUnico trabajo(base, declaracion.clave);
     const EstadoGuardado conocida = EstadoGuardado::De(base, declaracion.clave);
+    CargaCasillas(base, declaracion);
+    ExigeUnOriginal(base, declaracion, argumentos);
     CargaTrabajo(proceso, argumentos, declaracion.clave, avance, informe);
+    if (argumentos.todoONada && informe.rechazados.value_or(0) > 0)
+        return DejaSinGrabar(base, declaracion.clave, informe);
     if (argumentos.pdf)
         PreparaCarpeta(*argumentos.pdf);
-    CargaCasillas(base, declaracion);
     RefrescaTotales(base, declaracion);
     LlenaMontos(declaracion, argumentos);
     LlenaPago(declaracion, argumentos);
     avance.Dice(kGrabando);
     const ResultadoGrabacion grabacion = GrabaDeclaracion(base, declaracion, conocida, proceso.SuFirma());
     Exige(grabacion.veredicto);
-    AnotaInconsistencias(proceso, declaracion, informe);
+    AnotaInconsistencias(proceso, declaracion, argumentos.todoONada ? kSalidaInconsistencias : kSalidaObservaciones,
+                         informe);
     informe.estado = grabacion.estado;
     informe.casillas = grabacion.casillas;
     informe.mensajes += grabacion.mensajes;
@@ -142,43 +142,51 @@ void Declarar(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& ava
 }
 
 void Imprimir(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance, Informe& informe) {
-    ClaveDeclaracion clave = ClaveDe(proceso, argumentos);
-    clave.enviada = argumentos.enviada.has_value();
-    clave.correl = argumentos.enviada.value_or(QString());
     avance.Dice(kImprimiendo);
-    ImprimeEnPdf(proceso, clave, argumentos.anexos, *argumentos.pdf, informe);
+    ImprimeEnPdf(proceso, ClaveDe(proceso, argumentos), argumentos.anexos, *argumentos.pdf, informe);
 }
 
 void Validar(Proceso& proceso, const Argumentos& argumentos, Informe& informe) {
     Base& base = *proceso.baseDatos;
     Declaracion declaracion;
     declaracion.clave = ClaveDe(proceso, argumentos);
-    if (!ExisteDeclaracion(base, declaracion.clave))
-        throw RechazaCon(u"No hay una declaración registrada de %1 para %2."_s.arg(argumentos.ruc, argumentos.periodo));
+    ExigeDeclaracion(base, declaracion.clave);
     CargaCasillas(base, declaracion);
     if (const std::optional<Mensaje> aviso = AvisoDeImporte(declaracion))
         informe.mensajes.append(*aviso);
-    AnotaInconsistencias(proceso, declaracion, informe);
+    AnotaInconsistencias(proceso, declaracion, kSalidaObservaciones, informe);
     if (informe.inconsistencias->isEmpty())
         informe.mensajes.append(SinInconsistencias());
     informe.casillas = CasillasGuardadas(base, declaracion.clave);
 }
 
-/// Work tables of its own, on a server; what a crash left in them is of no use to a run that begins anew.
-void TomaPuesto(Proceso& proceso) {
-    if (const QString motivo = PorQueNoSeEscribe(*proceso.baseDatos); !motivo.isEmpty())
-        throw RechazaCon(motivo);
-    (void)OcupaPuesto(proceso);
+bool Escribe(Orden orden) {
+    return orden == Orden::Importar || orden == Orden::Declarar || orden == Orden::RegistrarOrden ||
+           orden == Orden::Borrar;
 }
 
-/// The same declarations as the module's pickers: all of them for a user of kind "0", otherwise the user's own.
-QList<FilaLista> LeeLista(Proceso& proceso, bool enviadas) {
+void ExigeQueSeEscriba(const Base& base) {
+    if (const QString motivo = PorQueNoSeEscribe(base); !motivo.isEmpty())
+        throw RechazaCon(motivo);
+}
+
+/// The same declarations as the module's pickers, or those of them that are asked for: all of them for a user of kind
+/// "0", otherwise the user's own.
+QList<FilaLista> LeeLista(Proceso& proceso, const Argumentos& argumentos) {
     Base& base = *proceso.baseDatos;
+    const bool enviadas = argumentos.enviadas;
     ConsultaSql consulta{
         u"SELECT A.DOC_ID_D, B.NOMBRE, A.PERIODO, A.ESTADO, A.RECTIFICA%1 FROM %2 AS A, CONT AS B "
         "WHERE A.DOC_ID_D=B.DOC_ID_D AND A.TIP_DOC_D=6 AND B.TIP_DOC_D=6 AND A.FORMULARIO=?"_s.arg(
             enviadas ? u", A.CORREL, A.CONTROL, A.NORDEN, A.FEC_ENV"_s : QString(), enviadas ? u"HCAB"_s : u"CAB"_s),
         {proceso.numFormulario}};
+    for (const auto& [condicion, valor] :
+         {std::pair(u" AND A.DOC_ID_D=?"_s, argumentos.ruc), std::pair(u" AND A.PERIODO=?"_s, argumentos.periodo)}) {
+        if (valor.isEmpty())
+            continue;
+        consulta.texto += condicion;
+        consulta.valores.append(valor);
+    }
     LimitaAlUsuario(consulta, base, proceso.sysUser);
     Registros filas = base.Lee(consulta.texto + u" ORDER BY A.PERIODO DESC, A.DOC_ID_D"_s,
                                {consulta.valores.begin(), consulta.valores.end()});
@@ -199,14 +207,20 @@ QList<FilaLista> LeeLista(Proceso& proceso, bool enviadas) {
 } // namespace
 
 void EjecutaOrden(Proceso& proceso, const Argumentos& argumentos, LineaDeAvance& avance, Informe& informe) {
+    if (Escribe(argumentos.orden))
+        ExigeQueSeEscriba(*proceso.baseDatos);
+    // Work tables of its own, on a server; what a crash left in them is of no use to a run that begins anew.
     if (argumentos.orden == Orden::Importar || argumentos.orden == Orden::Declarar)
-        TomaPuesto(proceso);
+        (void)OcupaPuesto(proceso);
     switch (argumentos.orden) {
     case Orden::Importar: return Importar(proceso, argumentos, avance, informe);
     case Orden::Declarar: return Declarar(proceso, argumentos, avance, informe);
     case Orden::Validar: return Validar(proceso, argumentos, informe);
     case Orden::Imprimir: return Imprimir(proceso, argumentos, avance, informe);
-    case Orden::Listar: informe.declaraciones = LeeLista(proceso, argumentos.enviadas);
+    case Orden::Exportar: return Exportar(proceso, argumentos, informe);
+    case Orden::RegistrarOrden: return RegistrarOrden(proceso, argumentos, informe);
+    case Orden::Borrar: return Borrar(proceso, argumentos, informe);
+    case Orden::Listar: informe.declaraciones = LeeLista(proceso, argumentos);
     }
 }
 

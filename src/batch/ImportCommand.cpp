@@ -69,10 +69,11 @@ void AnotaImportacion(Informe& informe, const ResultadoImportacion& resultado) {
         informe.mensajes.append({Icono::Exclamacion, perdido, {}});
 }
 
-/// The file of refused lines appears whole or not at all.
-class ArchivoErrores {
+/// Where the refused lines of the runs go: into the report, when it is to tell them, and into a file, when one is asked
+/// for. That appears whole or not at all.
+class LineasRechazadas final : public DestinoDeRechazos {
   public:
-    explicit ArchivoErrores(const std::optional<QString>& ruta) {
+    LineasRechazadas(const std::optional<QString>& ruta, QList<FilaPlanilla>* enInforme) : m_enInforme(enInforme) {
         if (!ruta)
             return;
         m_archivo.setFileName(*ruta);
@@ -81,7 +82,15 @@ class ArchivoErrores {
         m_planilla.emplace(m_archivo);
     }
 
-    [[nodiscard]] PlanillaErrores* Planilla() { return m_planilla ? &*m_planilla : nullptr; }
+    [[nodiscard]] bool HacenFalta() const { return m_planilla || m_enInforme != nullptr; }
+
+    void Anota(const FilaPlanilla& fila) override {
+        if (m_planilla)
+            m_planilla->Anota(fila);
+        // What bars the whole file is told by itself.
+        if (m_enInforme != nullptr && !fila.codigo.isEmpty())
+            m_enInforme->append(fila);
+    }
 
     void Cierra(Informe& informe) {
         if (!m_planilla)
@@ -105,16 +114,17 @@ class ArchivoErrores {
 
     QSaveFile m_archivo;
     std::optional<PlanillaErrores> m_planilla;
+    QList<FilaPlanilla>* m_enInforme;
 };
 
 /// Goes on only after a run that has imported what it could.
-void Exige(const ResultadoImportacion& resultado, const FormatoImportacion& formato, ArchivoErrores& errores,
+void Exige(const ResultadoImportacion& resultado, const FormatoImportacion& formato, LineasRechazadas& rechazadas,
            Informe& informe) {
     if (resultado.fin == FinImportacion::Rechazada) {
         const Revision& revision = resultado.revision;
         informe.rechazado = {resultado.archivo, resultado.detalle, revision.linea,
                              revision.campos,   formato.Campos(),  revision.lineas};
-        errores.CierraTrasRechazo(informe);
+        rechazadas.CierraTrasRechazo(informe);
         throw Rechazo{*resultado.mensaje, resultado.archivo + u": "_s + resultado.detalle};
     }
     if (resultado.fin == FinImportacion::Fallida)
@@ -133,11 +143,13 @@ void CargaTrabajo(Proceso& proceso, const Argumentos& argumentos, const ClaveDec
     const QList<Archivo> archivos = ArchivosDe(clave, argumentos);
     if (archivos.isEmpty())
         return trabajo.Reconstruye(clave);
-    ArchivoErrores errores(argumentos.errores);
-    const OpcionesImportacion opciones{argumentos.probar, errores.Planilla()};
+    if (argumentos.json)
+        informe.lineasRechazadas.emplace();
+    LineasRechazadas rechazadas(argumentos.errores, argumentos.json ? &*informe.lineasRechazadas : nullptr);
+    const OpcionesImportacion opciones{argumentos.probar, rechazadas.HacenFalta() ? &rechazadas : nullptr};
     for (qsizetype i = 1; i < archivos.size(); ++i) { // the first one is looked through by its own run
         const auto& [formato, ruta] = archivos[i];
-        Exige(Transferencia(proceso, clave, *formato, ruta, opciones).Revisa(), *formato, errores, informe);
+        Exige(Transferencia(proceso, clave, *formato, ruta, opciones).Revisa(), *formato, rechazadas, informe);
     }
     bool empezado = false;
     const auto alEmpezar = [&] {
@@ -151,11 +163,11 @@ void CargaTrabajo(Proceso& proceso, const Argumentos& argumentos, const ClaveDec
             Transferencia(proceso, clave, *formato, ruta, opciones).Corre(avance, alEmpezar);
         if (resultado.fin != FinImportacion::Rechazada)
             AnotaImportacion(informe, resultado);
-        Exige(resultado, *formato, errores, informe);
+        Exige(resultado, *formato, rechazadas, informe);
         if (argumentos.probar)
             informe.mensajes.append(*resultado.mensaje);
     }
-    errores.Cierra(informe);
+    rechazadas.Cierra(informe);
 }
 
 } // namespace xa518

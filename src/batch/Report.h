@@ -1,6 +1,8 @@
 #pragma once
 
 #include "family/StoredDeclaration.h"
+#include "import/ErrorSheet.h"
+#include "import/FileExport.h"
 #include "values/Message.h"
 
 #include <QList>
@@ -37,6 +39,12 @@ struct ArchivoRechazado {
     qint64 lineas = 0;
 };
 
+/// What an export left in files, and which rows had no place in them.
+struct Exportado {
+    qint64 lineas = 0;
+    QList<FilaSinLugar> sinLugar;
+};
+
 /// What a command did, for a person or for a program. What doesn't concern the command is missing.
 struct Informe {
     int codigo = 0;
@@ -50,6 +58,8 @@ struct Informe {
     QString detalle; ///< of what failed, in the words of the engine or the system
     std::optional<QList<FilaLista>> declaraciones;
     std::optional<ArchivoRechazado> rechazado;
+    std::optional<QList<FilaPlanilla>> lineasRechazadas; ///< of all import files, in their order
+    std::optional<Exportado> exportado;
 
     /// Refused or failed: the messages say why.
     [[nodiscard]] bool SeDetuvo() const;

@@ -136,17 +136,24 @@ QString Asiento::Quien() const {
                                             cuando.toString(u"HH:mm"_s));
 }
 
-QStringList Asiento::Cambios() const {
+QList<CambioDeValor> Asiento::ValoresCambiados() const {
     const QMap<QString, QString> viejas = PorCasilla(antes);
     const QMap<QString, QString> nuevas = PorCasilla(despues);
     QStringList casillas = viejas.keys() + nuevas.keys();
     casillas.sort();
     casillas.removeDuplicates();
-    QStringList partes;
+    QList<CambioDeValor> cambios;
     for (const QString& casilla : casillas) {
         if (viejas.value(casilla) != nuevas.value(casilla))
-            partes.append(u"%1: %2 → %3"_s.arg(casilla, viejas.value(casilla), nuevas.value(casilla)));
+            cambios.append({casilla, viejas.value(casilla), nuevas.value(casilla)});
     }
+    return cambios;
+}
+
+QStringList Asiento::Cambios() const {
+    QStringList partes;
+    for (const auto& [dato, anterior, nuevo] : ValoresCambiados())
+        partes.append(u"%1: %2 → %3"_s.arg(dato, anterior, nuevo));
     return partes;
 }
 

@@ -42,6 +42,13 @@ struct Cambio {
     QString despues{};
 };
 
+/// A value that a change has changed; what wasn't there, or isn't any more, is empty.
+struct CambioDeValor {
+    QString dato; ///< a box, or whatever else it is called
+    QString antes;
+    QString despues;
+};
+
 /// A row of the log.
 struct Asiento {
     QString momento; ///< "aaaa-mm-dd hh:mm:ss"
@@ -60,7 +67,9 @@ struct Asiento {
     [[nodiscard]] QString MomentoMostrado() const;
     /// "ANA en CAJA-2 el 22/11/2026 a las 10:42".
     [[nodiscard]] QString Quien() const;
-    /// What has changed from `antes` to `despues`, "401: 10 → 12", "402:  → 3"; what stayed isn't named.
+    /// What has changed from `antes` to `despues`; what stayed isn't named.
+    [[nodiscard]] QList<CambioDeValor> ValoresCambiados() const;
+    /// The same in words, "401: 10 → 12", "402:  → 3".
     [[nodiscard]] QStringList Cambios() const;
     /// The same in one line.
     [[nodiscard]] QString Diferencias() const { return Cambios().join(QStringLiteral(", ")); }

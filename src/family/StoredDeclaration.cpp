@@ -88,6 +88,12 @@ QList<CasillaGuardada> CasillasGuardadas(Base& base, const ClaveDeclaracion& cla
     return casillas;
 }
 
+QString UltimaCopiaEnviada(Base& base, const ClaveDeclaracion& clave) {
+    Registros enviada =
+        base.Lee(u"SELECT correl FROM HCAB "_s + clave.Condicion() + u" ORDER BY val(correl) DESC"_s, clave.Valores());
+    return enviada.Siguiente() ? enviada.Texto(0) : QString();
+}
+
 void EliminaDeclaracion(Base& base, const Formulario& formulario, const ClaveDeclaracion& clave, const Firma& firma) {
     QList<TablaDeDeclaracion> tablas = formulario.tablas;
     if (clave.enviada)

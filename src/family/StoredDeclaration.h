@@ -36,6 +36,9 @@ void GrabaCasilla(Base& base, const ReglaDeCasillas& regla, const ClaveDeclaraci
 /// The boxes of a declaration, in the order of their numbers.
 [[nodiscard]] QList<CasillaGuardada> CasillasGuardadas(Base& base, const ClaveDeclaracion& clave);
 
+/// The number of the copy by which the declarant's month was sent last; empty when it never was.
+[[nodiscard]] QString UltimaCopiaEnviada(Base& base, const ClaveDeclaracion& clave);
+
 /// Deletes a declaration of that form, registered or sent as the key says, in one transaction, and notes it.
 void EliminaDeclaracion(Base& base, const Formulario& formulario, const ClaveDeclaracion& clave, const Firma& firma);
 

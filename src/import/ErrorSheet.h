@@ -18,15 +18,26 @@ struct FilaPlanilla {
     QString archivo;
 };
 
+/// Whoever takes the refused lines of a run, one after the other.
+class DestinoDeRechazos {
+  public:
+    DestinoDeRechazos() = default;
+    DestinoDeRechazos(const DestinoDeRechazos&) = delete;
+    DestinoDeRechazos& operator=(const DestinoDeRechazos&) = delete;
+    virtual ~DestinoDeRechazos() = default;
+
+    virtual void Anota(const FilaPlanilla& fila) = 0;
+};
+
 /// The refused lines of one or more runs as comma-separated values, written as they come. UTF-8 with its mark, CRLF and
 /// quotes, so that a spreadsheet opens it as it is. A value that a spreadsheet would take for a formula gets an
 /// apostrophe in front.
-class PlanillaErrores {
+class PlanillaErrores final : public DestinoDeRechazos {
   public:
     /// Writes the head of the columns. The device must outlive the object.
     explicit PlanillaErrores(QIODevice& destino);
 
-    void Anota(const FilaPlanilla& fila);
+    void Anota(const FilaPlanilla& fila) override;
 
     /// False when the device failed: rows may be missing.
     [[nodiscard]] bool EstaCompleta() const { return m_completa; }

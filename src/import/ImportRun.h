@@ -17,9 +17,9 @@
 
 namespace xa518 {
 
+class DestinoDeRechazos;
 class LineasDecididas;
 class Lotes;
-class PlanillaErrores;
 struct Dictamen;
 struct Proceso;
 
@@ -73,8 +73,8 @@ struct ResultadoImportacion {
 
 /// How a run differs from the plain one.
 struct OpcionesImportacion {
-    bool prueba = false;                 ///< every check, and nothing of it is kept: neither rows nor logs
-    PlanillaErrores* planilla = nullptr; ///< gets the refused lines; must outlive the run
+    bool prueba = false;                   ///< every check, and nothing of it is kept: neither rows nor logs
+    DestinoDeRechazos* planilla = nullptr; ///< gets the refused lines; must outlive the run
 };
 
 /// One run over one import file: every line is checked and what passes is added to the work tables, whose totals are

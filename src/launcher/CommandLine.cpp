@@ -8,6 +8,7 @@
 #include "family/WorkSeat.h"
 #include "launcher/Declarants.h"
 #include "launcher/Installation.h"
+#include "launcher/LogListing.h"
 #include "launcher/Moving.h"
 #include "launcher/Session.h"
 #include "launcher/TextChecks.h"
@@ -31,6 +32,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 enum Codigo { Hecho = 0, Rechazado = 2, Fallo = 3 };
+
+const QString kJson = u"json"_s;
 
 const QString kAyuda = uR"(Uso: consola [ORDEN [OPCIONES]]
 
@@ -68,6 +71,7 @@ Sin ninguna orden abre su ventana, que hace lo mismo e inicia el módulo.
       --periodo AAAAMM       Sólo los de ese período.
       --usuario U            Sólo los de ese usuario.
       --csv                  En columnas separadas por comas, con su encabezado.
+      --json                 Como un objeto JSON, también cuando la orden se rechaza o falla.
   --help                     Muestra esta ayuda.
   --version                  Muestra la versión.
 
@@ -222,29 +226,18 @@ void MudaLaBase(const Pedido& pedido) {
     pedido.salida << TextoDeMudanza(mudada, sesion.RutaBase(), destino) << '\n';
 }
 
-QString EnCsv(const QStringList& campos) {
-    QStringList citados;
-    for (QString campo : campos)
-        citados.append(u'"' + campo.replace(u'"', u"\"\""_s) + u'"');
-    return citados.join(u',');
-}
-
-void EscribeBitacora(const Pedido& pedido) {
+void MuestraBitacora(const Pedido& pedido) {
     FiltroDeBitacora filtro{.ruc = pedido.opciones.value(u"ruc"_s), .usuario = pedido.opciones.value(u"usuario"_s)};
     if (pedido.opciones.isSet(u"periodo"_s))
         filtro.periodo = LeePeriodo(pedido.opciones.value(u"periodo"_s));
     const bool csv = pedido.opciones.isSet(u"csv"_s);
-    const QStringList titulos{u"Momento"_s, u"Usuario"_s, u"Equipo"_s, u"Suceso"_s,
-                              u"RUC"_s,     u"Período"_s, u"Copia"_s,  u"Qué cambió"_s};
-    if (csv)
-        pedido.salida << EnCsv(titulos) << '\n';
+    const bool json = pedido.opciones.isSet(kJson);
+    if (csv && json)
+        throw Rechazo(u"Las opciones --csv y --json no van juntas."_s);
     Sesion sesion(pedido.entorno);
     const std::unique_ptr<Base> base = sesion.Abre();
-    for (const Asiento& asiento : Bitacora(*base).Lista(filtro)) {
-        const QStringList campos{asiento.momento, asiento.usuario, asiento.equipo, TextoDeSuceso(asiento.suceso),
-                                 asiento.ruc,     asiento.periodo, asiento.correl, asiento.Diferencias()};
-        pedido.salida << (csv ? EnCsv(campos) : campos.join(u"  "_s).trimmed()) << '\n';
-    }
+    const FormaDeLista forma = json ? FormaDeLista::Json : csv ? FormaDeLista::Csv : FormaDeLista::Texto;
+    EscribeBitacora(Bitacora(*base).Lista(filtro), forma, pedido.salida);
 }
 
 /// With a screen the window has taken it.
@@ -277,7 +270,7 @@ const QList<Orden>& Ordenes() {
         {u"declarante"_s, {u"nombre"_s, u"usuario"_s}, 0, RegistraDeclarante},
         {u"enviar"_s, {u"otro-original"_s, u"formulario"_s}, 1, Envia},
         {u"respaldar"_s, {}, 0, Respalda},
-        {u"bitacora"_s, {u"ruc"_s, u"periodo"_s, u"usuario"_s, u"csv"_s}, 0, EscribeBitacora},
+        {u"bitacora"_s, {u"ruc"_s, u"periodo"_s, u"usuario"_s, u"csv"_s, kJson}, 0, MuestraBitacora},
         {u"restaurar"_s, {}, 0, Restaura},
         {u"mudar"_s, {}, 0, MudaLaBase},
     };
@@ -302,6 +295,7 @@ void Define(QCommandLineParser& opciones) {
                          {u"ruc"_s, {}, u"RUC"_s},
                          {u"periodo"_s, {}, u"AAAAMM"_s},
                          {u"csv"_s, {}},
+                         {kJson, {}},
                          {u"servidor"_s, {}, u"CONEXIÓN"_s},
                          {u"mudar"_s, {}, u"DESTINO"_s},
                          {u"restaurar"_s, {}, u"ARCHIVO"_s}});
@@ -351,7 +345,14 @@ EntornoConsola EntornoConsola::DelSistema(const Reloj& reloj, Formularios formul
 }
 
 int EjecutaConsola(const QStringList& argumentos, const SalidasConsola& salidas, const EntornoConsola& entorno) {
-    const auto& [salida, errores] = salidas;
+    QTextStream& salida = salidas.salida;
+    QTextStream& errores = salidas.errores;
+    const auto termina = [&](int codigo, const QString& motivo) {
+        errores << u"consola: "_s << motivo << '\n';
+        if (argumentos.contains(u"--"_s + kJson))
+            EscribeDefecto(codigo, {motivo}, salida);
+        return codigo;
+    };
     try {
         QCommandLineParser opciones;
         Define(opciones);
@@ -362,19 +363,17 @@ int EjecutaConsola(const QStringList& argumentos, const SalidasConsola& salidas,
             errores << u"consola: "_s << aviso->texto << '\n';
         return Hecho;
     } catch (const Rechazo& rechazo) {
-        errores << u"consola: "_s << rechazo.Texto() << '\n';
-        return Rechazado;
+        return termina(Rechazado, rechazo.Texto());
     } catch (const TrabajoAjeno& ocupado) {
-        errores << u"consola: "_s << ocupado.Texto() << '\n';
-        return Rechazado;
+        return termina(Rechazado, ocupado.Texto());
     } catch (const BaseEnUso& ocupada) {
-        errores << u"consola: "_s << ocupada.Texto() << '\n';
-        return Rechazado;
+        return termina(Rechazado, ocupada.Texto());
     } catch (const Error& error) {
-        errores << u"consola: "_s << error.Texto() << u" (error "_s << error.Numero() << u")\n"_s;
+        const int codigo =
+            termina(CodigoDeSalida(error, Fallo), u"%1 (error %2)"_s.arg(error.Texto()).arg(error.Numero()));
         if (!error.Detalle().isEmpty())
             errores << error.Detalle() << '\n';
-        return CodigoDeSalida(error, Fallo);
+        return codigo;
     }
 }
 

@@ -5,6 +5,7 @@
 #include "data/Retry.h"
 #include "data/Transaction.h"
 #include "family/ChangeLog.h"
+#include "family/StoredDeclaration.h"
 #include "family/WorkLock.h"
 #include "launcher/DeclarationList.h"
 #include "launcher/SentNumbers.h"
@@ -90,9 +91,7 @@ QString Envio::OriginalYaEnviado(const ClaveDeclaracion& clave) const {
     Registros cabecera = m_base->Lee(u"SELECT rectifica FROM CAB "_s + clave.Condicion(), clave.Valores());
     if (!cabecera.Siguiente() || cabecera.Texto(0) == u"1")
         return {};
-    Registros enviada = m_base->Lee(u"SELECT correl FROM HCAB "_s + clave.Condicion() + u" ORDER BY val(correl) DESC"_s,
-                                    clave.Valores());
-    return enviada.Siguiente() ? enviada.Texto(0) : QString();
+    return UltimaCopiaEnviada(*m_base, clave);
 }
 
 VeredictoDeEnvio Envio::Revisa(const ClaveDeclaracion& clave, OtroOriginal otro) const {

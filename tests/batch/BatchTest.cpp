@@ -1,71 +1,10 @@
-#include "batch/Batch.h"
-#include "app/Forms.h"
 #include "batch/Arguments.h"
-#include "data/Base.h"
-#include "family/Configuration.h"
+#include "batch/BatchFixture.h"
 #include "family/WorkLock.h"
-#include "launcher/Installation.h"
-#include "platform/Clock.h"
-#include "support/ServerInstallation.h"
-#include "support/Test.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QProcess>
-#include <QTextStream>
 
 namespace {
-
-const QString kRuc = u"20990518018"_s; // the sample company
-const QString kClave = u" --ruc 20990518018 --periodo 202609 --hoy 21/11/2026"_s;
-
-/// An installation with the sample company in a folder of its own.
-class Batch : public testing::Test {
-  protected:
-    Batch()
-        : m_antes(QDir::currentPath()), m_perfil(m_carpeta.filePath(u"conf/XA000.INI"_s)), m_lugar(m_perfil, Casa()) {
-        Instalacion instalacion(Casa(), m_perfil, FormulariosConocidos());
-        (void)instalacion.Instala(u"USUARIO"_s);
-        (void)instalacion.InstalaEjemplo(RelojSistema());
-    }
-    ~Batch() override { QDir::setCurrent(m_antes); }
-
-    [[nodiscard]] QString Casa() const { return m_carpeta.filePath(u"casa"_s); }
-    [[nodiscard]] QString Ejemplo() const { return Casa() + u"/EJEMPLO"_s; }
-    [[nodiscard]] QString ArchivoDelMes() const { return Ejemplo() + u"/0518"_s + kRuc + u"202609.TXT"_s; }
-
-    int Corre(const QString& linea) {
-        m_salida.clear();
-        m_errores.clear();
-        QTextStream salida(&m_salida);
-        QTextStream errores(&m_errores);
-        return EjecutaLote(QStringList{u"xa518-lote"_s} + linea.split(u' ', Qt::SkipEmptyParts),
-                           {m_perfil, salida, errores, m_enTerminal});
-    }
-    [[nodiscard]] QJsonObject Json() const { return QJsonDocument::fromJson(m_salida.toUtf8()).object(); }
-    [[nodiscard]] QString Casilla(const QString& casilla) const {
-        return Json()[u"casillas"_s].toObject()[casilla].toString();
-    }
-    /// Where the runs have their work tables: each takes the seat that the one before has left.
-    static std::optional<EsquemaDeTrabajo> Puesto() {
-        return HayServidorDePrueba() ? EsquemaDeTrabajo::De(u"puesto_1") : std::nullopt;
-    }
-    [[nodiscard]] qint64 Cuenta(const QString& tabla) const {
-        const auto base = Base::Abre({m_lugar.Ruta(), Puesto()});
-        Registros fila = base->Lee(u"SELECT count(*) FROM "_s + tabla);
-        return fila.Siguiente() ? fila.Entero(0) : -1;
-    }
-    void EscribeArchivo(const QByteArray& bytes) const { EscribeEn(ArchivoDelMes(), bytes); }
-
-    QTemporaryDir m_carpeta;
-    QString m_antes;
-    ArchivoPerfil m_perfil;
-    LugarDeInstalacion m_lugar;
-    QString m_salida;
-    QString m_errores;
-    bool m_enTerminal = false;
-};
 
 TEST_F(Batch, DeclaresAMonthFromATextFile) {
     ASSERT_EQ(Corre(u"declarar"_s + kClave + u" --efectivo --json --percepciones "_s + Ejemplo()), 0)
@@ -253,18 +192,33 @@ TEST_F(Batch, TellsWhatFailed) {
 }
 
 TEST_F(Batch, RefusesArgumentsThatDoNotFitTogether) {
-    for (const QString& mala :
-         {u""_s, u"importar --ruc 20100000009"_s, u"listar --ruc 20100000009"_s,
-          u"validar"_s + kClave + u" --importe 5"_s, u"importar"_s + kClave + u" --efectivo"_s,
-          u"declarar"_s + kClave + u" --efectivo --cheque 5 --banco 02"_s, u"declarar"_s + kClave + u" --cheque 5"_s,
-          u"declarar"_s + kClave + u" --importe -5"_s, u"declarar"_s + kClave + u" --interes 1234567890123"_s,
-          u"declarar"_s + kClave + u" --banco 02 --cheque 12\n3"_s,
-          u"declarar"_s + kClave + u" --banco 02 --cheque <b>"_s,
-          u"declarar"_s + kClave + u" --banco 02 --cheque "_s + QString(21, u'7'),
-          u"declarar --ruc 2099\n0518 --periodo 202609"_s, u"validar --ruc 20990518018 --periodo 09/2026"_s,
-          u"declarar --ruc 20990518018 --periodo 202609 --hoy 31/02/2026"_s}) {
+    for (const QString& mala : {u""_s,
+                                u"importar --ruc 20100000009"_s,
+                                u"listar --ruc 2010000000x"_s,
+                                u"listar --periodo 09/2026"_s,
+                                u"exportar"_s + kClave,
+                                u"borrar"_s + kClave + u" --enviada una"_s,
+                                u"registrar-orden"_s + kClave + u" --enviada 1 --numero 12345678"_s,
+                                u"declarar"_s + kClave + u" --rectifica --otro-original"_s,
+                                u"validar"_s + kClave + u" --importe 5"_s,
+                                u"importar"_s + kClave + u" --efectivo"_s,
+                                u"declarar"_s + kClave + u" --efectivo --cheque 5 --banco 02"_s,
+                                u"declarar"_s + kClave + u" --cheque 5"_s,
+                                u"declarar"_s + kClave + u" --importe -5"_s,
+                                u"declarar"_s + kClave + u" --interes 1234567890123"_s,
+                                u"declarar"_s + kClave + u" --banco 02 --cheque 12\n3"_s,
+                                u"declarar"_s + kClave + u" --banco 02 --cheque <b>"_s,
+                                u"declarar"_s + kClave + u" --banco 02 --cheque "_s + QString(21, u'7'),
+                                u"declarar --ruc 2099\n0518 --periodo 202609"_s,
+                                u"validar --ruc 20990518018 --periodo 09/2026"_s,
+                                u"declarar --ruc 20990518018 --periodo 202609 --hoy 31/02/2026"_s}) {
         EXPECT_EQ(Corre(mala), 2) << mala.toStdString();
         EXPECT_TRUE(m_errores.contains(u"Uso:"_s)) << mala.toStdString();
+        EXPECT_EQ(m_salida, QString());
+        EXPECT_EQ(Corre(mala + u" --json"_s), 2) << mala.toStdString();
+        const QString defecto = Json()[u"mensajes"_s].toArray().first().toString();
+        EXPECT_TRUE(!defecto.isEmpty() && m_errores.startsWith(u"xa518-lote: "_s + defecto)) << mala.toStdString();
+        EXPECT_EQ(Json()[u"codigo"_s].toInt(), 2);
     }
     EXPECT_EQ(Corre(u"listar --nohay --help"_s), 0) << "asked for help, whatever else";
     EXPECT_TRUE(m_salida.startsWith(u"Uso:"_s));

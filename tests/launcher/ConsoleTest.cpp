@@ -17,6 +17,9 @@
 #include "support/ServerInstallation.h"
 #include "support/TemporaryBase.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTextStream>
 
 namespace {
@@ -189,6 +192,27 @@ TEST_F(Console, AnotherOriginalOfASentMonthIsAskedFor) {
     AgregaCabecera(*Abre(), kRucMuestra, u"202609"_s, 0);
     Abre()->Ejecuta(u"UPDATE CAB SET rectifica = '1'"_s);
     EXPECT_EQ(Corre(envio), 0) << qPrintable(errores);
+}
+
+TEST_F(Console, TheLogIsGivenToAProgramAndSoIsWhatIsWrong) {
+    ASSERT_EQ(Corre({u"--instalar"_s}), 0);
+    ASSERT_EQ(Corre({u"--declarante"_s, kRucMuestra, u"--nombre"_s, u"ANTES \"Y\""_s}), 0) << qPrintable(errores);
+    ASSERT_EQ(Corre({u"--declarante"_s, kRucMuestra, u"--nombre"_s, u"AHORA"_s}), 0);
+    const auto json = [this] { return QJsonDocument::fromJson(salida.toUtf8()).object(); };
+    ASSERT_EQ(Corre({u"--bitacora"_s, u"--json"_s, u"--ruc"_s, kRucMuestra}), 0);
+    EXPECT_EQ(json()[u"asientos"_s].toArray().size(), 2);
+    EXPECT_EQ(json()[u"asientos"_s][0][u"cambios"_s].toArray(),
+              (QJsonArray{
+                  QJsonObject{{u"dato"_s, u"nombre"_s}, {u"antes"_s, u"ANTES \"Y\""_s}, {u"despues"_s, u"AHORA"_s}}}));
+    const QList<QStringList> malas = {{u"--nohay"_s},
+                                      {u"--bitacora"_s, u"--csv"_s},
+                                      {u"--bitacora"_s, u"--periodo"_s, u"13/2026"_s},
+                                      {u"--respaldar"_s}};
+    for (const QStringList& mala : malas) {
+        EXPECT_EQ(Corre(mala + QStringList{u"--json"_s}), 2) << qPrintable(mala.join(u' '));
+        EXPECT_EQ(json()[u"codigo"_s].toInt(), 2);
+        EXPECT_EQ(errores, u"consola: %1\n"_s.arg(json()[u"mensajes"_s][0].toString()));
+    }
 }
 
 TEST_F(Console, WhileADeclarationIsOpenNothingIsTakenFromUnderIt) {
