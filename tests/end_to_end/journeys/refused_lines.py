@@ -1,4 +1,5 @@
-"""A file with a dozen different faults: what is refused stands in the preview of the report of errors."""
+"""A file with a dozen different faults: what is refused stands in the preview of the report of errors, is put right where
+it shows, imported, and kept as a file."""
 
 import sys
 
@@ -7,6 +8,31 @@ from month import leaves, opens_new, starts_module
 from screen import DECLARATION, Screen
 
 FAULTS = 2026 * 12 + 10
+CORRECTION = "Corregir líneas rechazadas"
+FILTER = (200, 30)
+
+
+def log(screen):
+    return (screen.data / f"RPT0518{RUC}{name_of(LAST)}.Log").read_text(encoding="utf-8").splitlines()
+
+
+def puts_right(screen, refused):
+    """The first by its field, from the keyboard; the next, picked by its fault, by its whole line; what is left goes to a
+    file, with another one put right but not imported."""
+    first, second = (line.split("|") for line in refused[:2])
+    screen.keys("alt+r")
+    screen.opens(CORRECTION)
+    screen.types("06")
+    screen.keys("Return", "alt+i")
+    screen.shows(f"select count(*) from TMPF518PDET where num_cp='{first[7]:0>8}'", 1)
+    screen.until(lambda: log(screen) == refused[1:], "the lines of this import in the log")
+    screen.clicks(*FILTER)
+    screen.keys("Down", "Return", "alt+l", "ctrl+a")
+    screen.types("|".join(["01", *second[1:]]))
+    screen.keys("Return", "alt+p")
+    screen.until(lambda: "1" in screen.title() or True, "the trial")
+    screen.shows(f"select count(*) from TMPF518PDET where num_cp='{second[7]:0>8}'", 0)
+
 
 
 def journey(screen):
