@@ -124,7 +124,8 @@ Medida MideApertura(const Trabajo& trabajo) {
 }
 
 void InformaApertura(const Trabajo& trabajo) {
-    const auto medidas = MideDeATurnos(5, {[&] { return MideLectura(trabajo); }, [&] { return MideApertura(trabajo); }});
+    const auto medidas =
+        MideDeATurnos(5, {[&] { return MideLectura(trabajo); }, [&] { return MideApertura(trabajo); }});
     const double lectura = medidas[0].procesador, apertura = medidas[1].procesador;
     std::printf("Opening %d refused lines: %.3f s of processor, %.3f s to read them\n", trabajo.lineas, apertura,
                 lectura);

@@ -21,11 +21,12 @@ QByteArray EnWindows1252(const QString& texto, qint64 numero) {
     for (qsizetype i = 0; i < texto.size(); ++i) {
         const int codigo = CodigoWindows1252(texto[i]);
         if (codigo == u'?' && texto[i] != u'?')
-            throw Error(NumeroError::ArgumentoInvalido,
-                        u"La línea %1 tiene un carácter que no existe en Windows-1252, en el lugar %2 («%3»). Cámbielo y "
-                        "guarde otra vez."_s.arg(numero)
-                            .arg(i + 1)
-                            .arg(texto.mid(i, texto[i].isHighSurrogate() ? 2 : 1)));
+            throw Error(
+                NumeroError::ArgumentoInvalido,
+                u"La línea %1 tiene un carácter que no existe en Windows-1252, en el lugar %2 («%3»). Cámbielo y "
+                "guarde otra vez."_s.arg(numero)
+                    .arg(i + 1)
+                    .arg(texto.mid(i, texto[i].isHighSurrogate() ? 2 : 1)));
         bytes[i] = static_cast<char>(codigo);
     }
     return bytes;
@@ -58,7 +59,8 @@ void EscribeUna(const Correccion& correccion, int cual, Salida& salida) {
 }
 
 Error OriginalCambiado(const QString& ruta) {
-    return {NumeroError::AccesoAlDisco, u"El archivo ha cambiado desde que se revisó: %1\nPruébelo otra vez."_s.arg(ruta)};
+    return {NumeroError::AccesoAlDisco,
+            u"El archivo ha cambiado desde que se revisó: %1\nPruébelo otra vez."_s.arg(ruta)};
 }
 
 void EscribeEntre(const Correccion& correccion, QFile& original, Salida& salida) {

@@ -147,8 +147,8 @@ QList<GrupoDeFalla> Correccion::Grupos() const {
 }
 
 int Correccion::Cuantas(EstadoDeLinea estado) const {
-    return static_cast<int>(std::count_if(m_lineas.cbegin(), m_lineas.cend(),
-                                          [&](const Linea& linea) { return linea.estado == estado; }));
+    return static_cast<int>(
+        std::count_if(m_lineas.cbegin(), m_lineas.cend(), [&](const Linea& linea) { return linea.estado == estado; }));
 }
 
 void Correccion::Anota(const QList<VeredictoDeLinea>& veredictos, bool prueba) {

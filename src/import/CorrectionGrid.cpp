@@ -35,7 +35,8 @@ class DelegadoDeCelda final : public QStyledItemDelegate {
 
     bool eventFilter(QObject* objeto, QEvent* evento) override {
         auto* campo = qobject_cast<QWidget*>(objeto);
-        const bool esEsc = evento->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(evento)->key() == Qt::Key_Escape;
+        const bool esEsc =
+            evento->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(evento)->key() == Qt::Key_Escape;
         if (!campo || !esEsc)
             return QStyledItemDelegate::eventFilter(objeto, evento);
         Q_EMIT commitData(campo);
@@ -52,7 +53,6 @@ GrillaDeCorreccion::GrillaDeCorreccion(QWidget* padre) : QTableView(padre) {
     setTabKeyNavigation(false);
     setWordWrap(false);
     setItemDelegate(new DelegadoDeCelda(this));
-    verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 7 / 4);
     horizontalHeader()->setHighlightSections(false);

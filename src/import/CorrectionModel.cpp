@@ -74,7 +74,7 @@ int ModeloDeCorreccion::Fila(int cual) const {
 
 QModelIndex ModeloDeCorreccion::Falla(int fila) const {
     const int campo = m_correccion.Falla(Cual(fila)).campo;
-    return index(fila, campo < 0 ? int{Linea} : PrimerCampo + campo);
+    return index(fila, campo < 0 ? int{Estado} : PrimerCampo + campo);
 }
 
 void ModeloDeCorreccion::Refresca() {
@@ -99,17 +99,13 @@ const QStringList& ModeloDeCorreccion::Celdas(int cual) const {
 }
 
 QString ModeloDeCorreccion::Texto(int cual, int columna) const {
-    switch (columna) {
-    case Linea: return QString::number(m_correccion.Numero(cual));
-    case Estado: return NombreDeEstado(m_correccion, cual);
-    default: return Celdas(cual).at(columna - PrimerCampo);
-    }
+    return columna == Estado ? NombreDeEstado(m_correccion, cual) : Celdas(cual).at(columna - PrimerCampo);
 }
 
 bool ModeloDeCorreccion::EsLaFalla(int cual, int columna) const {
     const int campo = m_correccion.Falla(cual).campo;
     return m_correccion.Estado(cual) == EstadoDeLinea::Rechazada &&
-           columna == (campo < 0 ? int{Linea} : PrimerCampo + campo);
+           columna == (campo < 0 ? int{Estado} : PrimerCampo + campo);
 }
 
 bool ModeloDeCorreccion::EsNueva(int cual, int columna) const {
@@ -150,14 +146,13 @@ bool ModeloDeCorreccion::setData(const QModelIndex& indice, const QVariant& valo
 }
 
 QVariant ModeloDeCorreccion::headerData(int seccion, Qt::Orientation sentido, int papel) const {
-    if (sentido != Qt::Horizontal || papel != Qt::DisplayRole)
+    if (papel != Qt::DisplayRole)
         return {};
+    if (sentido == Qt::Vertical)
+        return m_correccion.Numero(Cual(seccion));
+    if (seccion == Estado)
+        return u"Estado"_s;
     const auto& campos = m_correccion.Formato().descripciones;
-    switch (seccion) {
-    case Linea: return u"Línea"_s;
-    case Estado: return u"Estado"_s;
-    default: break;
-    }
     const int campo = seccion - PrimerCampo;
     if (campo >= m_correccion.Formato().Campos())
         return u"Sobra"_s;

@@ -6,13 +6,14 @@
 
 namespace xa518 {
 
-/// The lines that are looked at, a row each: its number, how it stands, and its fields, which can be changed as long as
-/// it doesn't pass. The cell at fault has a colour and a sign, and its reason as tip and for a screen reader.
+/// The lines that are looked at, a row each, headed by its number: how it stands, and its fields, which can be changed
+/// as long as it doesn't pass. The cell at fault has a colour and a sign, and its reason as tip and for a screen
+/// reader.
 class ModeloDeCorreccion final : public QAbstractTableModel {
     Q_OBJECT
   public:
-    /// Behind the columns `Linea` and `Estado` come the fields, and what a line has beyond its last field.
-    enum Columna : int { Linea, Estado, PrimerCampo };
+    /// Behind the state come the fields, and what a line has beyond its last field.
+    enum Columna : int { Estado, PrimerCampo };
 
     /// The correction must outlive the model.
     ModeloDeCorreccion(Correccion& correccion, QObject* padre);

@@ -51,25 +51,27 @@ QString ExplicaCampo(const FormatoImportacion& formato, int campo) {
     if (campo < 0)
         return {};
     const DescripcionCampo& descripcion = formato.descripciones[static_cast<size_t>(campo)];
-    return u"%1 (obligatorio: %2): %3"_s.arg(NombreDelCampo(formato, campo), descripcion.obligatorio, descripcion.forma);
+    return u"%1 (obligatorio: %2): %3"_s.arg(NombreDelCampo(formato, campo), descripcion.obligatorio,
+                                             descripcion.forma);
 }
 
 QString ResumeDesenlace(const DesenlaceDeCorreccion& desenlace, bool prueba) {
     const auto pasan = std::count_if(desenlace.veredictos.cbegin(), desenlace.veredictos.cend(),
                                      [](const VeredictoDeLinea& veredicto) { return !veredicto.falla; });
     const auto rechazadas = desenlace.veredictos.size() - pasan;
-    const QString cuentas = prueba ? u"Pasan: %1. Rechazadas: %2. No se ha guardado nada."_s
-                                   : u"Importadas: %1. Rechazadas: %2."_s;
+    const QString cuentas =
+        prueba ? u"Pasan: %1. Rechazadas: %2. No se ha guardado nada."_s : u"Importadas: %1. Rechazadas: %2."_s;
     const bool detenida = desenlace.resultado.fin == FinImportacion::Cancelada;
     return (detenida ? u"Detenida. "_s : QString()) + cuentas.arg(pasan).arg(rechazadas);
 }
 
 Mensaje PreguntaPorAplicar(const QString& valor, const FormatoImportacion& formato, int campo, int lineas) {
     const QString cuales = lineas == 1 ? u"en la otra línea"_s : u"en las otras %1 líneas"_s.arg(lineas);
-    return {Icono::Pregunta,
-            u"¿Poner «%1» en el campo %2 %3 con la misma falla?\nLas que ya tienen ese campo corregido quedan como están."_s
-                .arg(valor, NombreDelCampo(formato, campo), cuales),
-            {}};
+    return {
+        Icono::Pregunta,
+        u"¿Poner «%1» en el campo %2 %3 con la misma falla?\nLas que ya tienen ese campo corregido quedan como están."_s
+            .arg(valor, NombreDelCampo(formato, campo), cuales),
+        {}};
 }
 
 Mensaje PreguntaPorReemplazar(const QString& ruta, const Correccion& correccion) {
@@ -78,12 +80,14 @@ Mensaje PreguntaPorReemplazar(const QString& ruta, const Correccion& correccion)
                                   ? u"El nuevo tendrá sólo las líneas que faltan importar: %1."_s.arg(lineas)
                                   : u"El nuevo tendrá todas sus líneas, con las corregidas en su lugar."_s;
     return {Icono::Pregunta,
-            u"Ya existe el archivo %1\n%2\n¿Desea reemplazarlo?"_s.arg(QDir::toNativeSeparators(ruta), contenido), {}};
+            u"Ya existe el archivo %1\n%2\n¿Desea reemplazarlo?"_s.arg(QDir::toNativeSeparators(ruta), contenido),
+            {}};
 }
 
 Mensaje PreguntaPorPerder(int lineas) {
-    const QString cuantas = lineas == 1 ? u"Hay una línea corregida que no se ha importado ni guardado."_s
-                                        : u"Hay %1 líneas corregidas que no se han importado ni guardado."_s.arg(lineas);
+    const QString cuantas = lineas == 1
+                                ? u"Hay una línea corregida que no se ha importado ni guardado."_s
+                                : u"Hay %1 líneas corregidas que no se han importado ni guardado."_s.arg(lineas);
     return {Icono::Pregunta, cuantas + u"\n¿Salir y perder las correcciones?"_s, {}};
 }
 

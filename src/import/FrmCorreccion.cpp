@@ -15,6 +15,7 @@
 #include "widgets/WidgetHelpers.h"
 
 #include <QDir>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -52,6 +53,12 @@ void FrmCorreccion::Conecta() {
     connect(m_ui->CmdProbar, &QPushButton::clicked, this, Protegido([this] { Corre(true); }));
     connect(m_ui->CmdImportar, &QPushButton::clicked, this, Protegido([this] { Corre(false); }));
     connect(m_ui->CmdSalir, &QPushButton::clicked, this, Protegido([this] { Salir(); }));
+}
+
+/// Only now there is a width to show the fault in.
+void FrmCorreccion::AlActivar() {
+    if (m_modelo.rowCount() > 0)
+        VaA(m_ui->GrdLineas->currentIndex().row());
 }
 
 /// All refused lines, those of each fault, those that pass; the one that was chosen stays so while it has lines.
@@ -97,6 +104,7 @@ int FrmCorreccion::Cual() const {
 }
 
 void FrmCorreccion::VaA(int fila) {
+    m_ui->GrdLineas->horizontalScrollBar()->setValue(0); // from where the line begins, as far as that shows the fault
     m_ui->GrdLineas->setCurrentIndex(m_modelo.Falla(fila));
     m_ui->GrdLineas->scrollTo(m_modelo.Falla(fila));
 }

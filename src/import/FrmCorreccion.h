@@ -38,6 +38,7 @@ class FrmCorreccion final : public Forma {
     ~FrmCorreccion() override;
 
   protected:
+    void AlActivar() override;
     void Salir() override;
 
   private:

@@ -18,7 +18,8 @@ void LineasRechazadas::Recibe(const LineaRefutada& linea) {
     m_codificacion = linea.codificacion;
     if (!m_completas || (!m_lineas.empty() && m_lineas.back().numero == linea.numero))
         return;
-    m_lineas.push_back({linea.numero, m_bytes, static_cast<qint32>(linea.bytes.size()), m_fallas.NumeroDe(linea.falla)});
+    m_lineas.push_back(
+        {linea.numero, m_bytes, static_cast<qint32>(linea.bytes.size()), m_fallas.NumeroDe(linea.falla)});
     m_bytes += linea.bytes.size();
     m_pendientes.append(linea.bytes);
     m_completas = m_bytes <= kBytesMaximos;

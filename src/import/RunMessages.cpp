@@ -66,8 +66,7 @@ QString MotivoDeLinea(Defecto defecto, int campos) {
     switch (defecto) {
     case Defecto::Separadores: return u"La línea debe tener %1 campos, cada uno terminado en «|»."_s.arg(campos);
     case Defecto::SinSeparadorFinal: return u"La línea tiene texto después de su último «|»."_s;
-    case Defecto::LineaDemasiadoLarga:
-        return u"La línea tiene más de %1 caracteres."_s.arg(LectorLineas::kLargoMaximo);
+    case Defecto::LineaDemasiadoLarga: return u"La línea tiene más de %1 caracteres."_s.arg(LectorLineas::kLargoMaximo);
     case Defecto::Utf16:
     case Defecto::Ninguno: break;
     }

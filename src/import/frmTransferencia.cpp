@@ -407,15 +407,15 @@ void frmTransferencia::PreparaCorreccion(const ResultadoImportacion& resultado, 
 }
 
 void frmTransferencia::Corregir() {
-    FrmCorreccion dialogo({.proceso = m_proceso,
-                           .avisos = m_avisos,
-                           .archivos = m_entorno.archivos,
-                           .clave = m_clave,
-                           .carpeta = m_carpetaDelArchivo,
-                           .alImportar = [this](Forma& sobre, const ResultadoImportacion& resultado) {
-                               AlImportarCorregidas(sobre, resultado);
-                           }},
-                          m_correccion, this);
+    FrmCorreccion dialogo(
+        {.proceso = m_proceso,
+         .avisos = m_avisos,
+         .archivos = m_entorno.archivos,
+         .clave = m_clave,
+         .carpeta = m_carpetaDelArchivo,
+         .alImportar = [this](Forma& sobre,
+                              const ResultadoImportacion& resultado) { AlImportarCorregidas(sobre, resultado); }},
+        m_correccion, this);
     AbreModal(dialogo);
     m_ui->cmdCorregir->setEnabled(m_correccion->Cuantas(EstadoDeLinea::Importada) < m_correccion->Cuantas());
 }

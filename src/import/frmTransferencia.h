@@ -112,7 +112,7 @@ class frmTransferencia final : public Forma {
     std::unique_ptr<QTemporaryFile> m_errores;
     std::unique_ptr<PlanillaErrores> m_planilla;
     std::shared_ptr<LineasRechazadas> m_rechazadas;
-    std::shared_ptr<Correccion> m_correccion; ///< of these; none while there are none
+    std::shared_ptr<Correccion> m_correccion;      ///< of these; none while there are none
     const FormatoImportacion* m_formato = nullptr; ///< of the file that the last run was over
     QString m_carpetaDelArchivo;                   ///< likewise, where it lies
     /// The run that is going. Wanted: one that has left its file open counts as going, and holds the file, until the

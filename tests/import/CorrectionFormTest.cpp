@@ -21,7 +21,8 @@ class CorrectionForm : public testing::Test {
         m_escenario.opciones = {.prueba = prueba, .rechazadas = m_rechazadas.get()};
         const ResultadoImportacion resultado = m_escenario.Importa(lineas);
         m_rechazadas->Cierra();
-        m_correccion = std::make_shared<Correccion>(m_rechazadas, FormatoPercepciones(), prueba ? resultado.ruta : QString());
+        m_correccion =
+            std::make_shared<Correccion>(m_rechazadas, FormatoPercepciones(), prueba ? resultado.ruta : QString());
         Abre();
     }
     void Abre() {
@@ -127,7 +128,8 @@ TEST_F(CorrectionForm, NothingTypedIsLostWithoutAQuestion) {
 }
 
 TEST_F(CorrectionForm, ShowsTheLinesOfAFaultAndRunsTheseAlone) {
-    Abre({Mala(1, Campo::CreditoFiscal, u"S"_s), Mala(2, Campo::TipoDoc, u"9"_s), Mala(3, Campo::CreditoFiscal, u"N"_s)});
+    Abre({Mala(1, Campo::CreditoFiscal, u"S"_s), Mala(2, Campo::TipoDoc, u"9"_s),
+          Mala(3, Campo::CreditoFiscal, u"N"_s)});
     De("CmbFiltro").setFocus();
     Teclea(Qt::Key_Down);
     Teclea(Qt::Key_Down);

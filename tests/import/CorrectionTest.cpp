@@ -75,7 +75,8 @@ TEST(Correction, KeepsEachRefusedLineOnceInTheFilesOrderAsItStood) {
     Corregido c;
     const Cambios otroMonto{{Campo::MontoCobrado, u"7"_s}};
     QByteArray bytes = Archivo({LineaDe(), LineaDe(), LineaDe(otroMonto), LineaDe({{Campo::TipoDoc, u"9"_s}})});
-    bytes += LineaDe({{Campo::Nombres, u"Pe\u00F1a \u20AC"_s}}).toUtf8().replace("\u00F1", "\xF1").replace("\u20AC", "\x80");
+    bytes +=
+        LineaDe({{Campo::Nombres, u"Pe\u00F1a \u20AC"_s}}).toUtf8().replace("\u00F1", "\xF1").replace("\u20AC", "\x80");
     c.Toma(bytes);
     EXPECT_THAT(c.Rechazadas(), ElementsAre(u"2 0228 -1"_s, u"3 0872 -1"_s, u"4 0009 0"_s, u"5 0239 5"_s));
     EXPECT_EQ(c.correccion->Celdas(c.correccion->Texto(3)).at(5), u"Pe\u00F1a \u20AC"_s);
@@ -183,7 +184,8 @@ TEST(Correction, TheLinesStillToBeImportedMakeAFile) {
     const QByteArray guardado = BytesDe(ruta);
     EXPECT_EQ(guardado.count('\n'), 3) << "without the imported one";
     EXPECT_EQ(guardado.count("|\r\n"), 3);
-    EXPECT_TRUE(guardado.contains("|PE\xD1" "A \x80|"));
+    EXPECT_TRUE(guardado.contains("|PE\xD1"
+                                  "A \x80|"));
     c.correccion->PonCelda(2, 3, u"\u0141"_s);
     try {
         GuardaCorregido(*c.correccion, ruta);

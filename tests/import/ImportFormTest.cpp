@@ -178,9 +178,8 @@ TEST_F(ImportForm, RefusedLinesArePutRightInPlace) {
     EXPECT_FALSE(De("cmdCorregir").isEnabled());
     m_avisos.Espera(u"El archivo de importación no tiene el número de campos correctos"_s);
     Pulsa("cmdProbar");
-    AlAbrir("FrmCorreccion", [](QWidget& forma) {
-        EXPECT_EQ(prueba::De<QTableView>(forma, "GrdLineas").model()->rowCount(), 1);
-    });
+    AlAbrir("FrmCorreccion",
+            [](QWidget& forma) { EXPECT_EQ(prueba::De<QTableView>(forma, "GrdLineas").model()->rowCount(), 1); });
     Pulsa("cmdCorregir");
     EscribeConRechazos();
     m_avisos.EsperaPregunta(Pregunta(), Respuesta::No);

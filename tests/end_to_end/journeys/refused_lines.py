@@ -16,23 +16,49 @@ def log(screen):
     return (screen.data / f"RPT0518{RUC}{name_of(LAST)}.Log").read_text(encoding="utf-8").splitlines()
 
 
+def has_voucher(screen, line):
+    number = line.split("|")[7]
+    return f"select count(*) from TMPF518PDET where num_cp='{number:0>8}'"
+
+
+def saves(screen, folder):
+    """The lines that are left; they are asked about no more."""
+    folder.mkdir()
+    screen.keys("alt+g")
+    screen.opens("Guardar como archivo")
+    screen.types(screen.path(folder))
+    screen.keys("Return")
+    screen.closes()
+    saved = folder / f"0518{RUC}{name_of(LAST)}.TXT"
+    screen.until(saved.exists, "the file")
+    return saved.read_bytes().decode("cp1252").split("\r\n")[:-1]
+
+
 def puts_right(screen, refused):
-    """The first by its field, from the keyboard; the next, picked by its fault, by its whole line; what is left goes to a
-    file, with another one put right but not imported."""
-    first, second = (line.split("|") for line in refused[:2])
+    """A field from the keyboard, imported; a whole line, picked by its fault with the mouse, tried and imported; a third one
+    that only goes to a file, with those that are left."""
     screen.keys("alt+r")
     screen.opens(CORRECTION)
     screen.types("06")
     screen.keys("Return", "alt+i")
-    screen.shows(f"select count(*) from TMPF518PDET where num_cp='{first[7]:0>8}'", 1)
-    screen.until(lambda: log(screen) == refused[1:], "the lines of this import in the log")
+    screen.shows(has_voucher(screen, refused[0]), 1)
+    screen.until(lambda: log(screen) == refused[1:], "the lines that this import has refused")
+
     screen.clicks(*FILTER)
     screen.keys("Down", "Return", "alt+l", "ctrl+a")
-    screen.types("|".join(["01", *second[1:]]))
-    screen.keys("Return", "alt+p")
-    screen.until(lambda: "1" in screen.title() or True, "the trial")
-    screen.shows(f"select count(*) from TMPF518PDET where num_cp='{second[7]:0>8}'", 0)
+    screen.types("01" + refused[1][2:])
+    screen.keys("Return", "alt+p", "alt+i")
+    screen.shows(has_voucher(screen, refused[1]), 1)
+    screen.until(lambda: log(screen) == refused[2:], "the lines that are left")
 
+    screen.keys("alt+f")
+    screen.types("20991000004")
+    screen.keys("Return")
+    left = saves(screen, screen.folder / "corregido")
+    changed = [new for old, new in zip(refused[2:], left, strict=True) if old != new]
+    assert len(changed) == 1 and "|20991000004|" in changed[0], changed
+    screen.keys("alt+s")
+    screen.closes()
 
 
 def journey(screen):
@@ -50,6 +76,7 @@ def journey(screen):
     refused = kept[1].read_text(encoding="utf-8").splitlines()
     assert len(kept[0].read_text(encoding="utf-8").splitlines()) == len(refused) > 12
     assert set(line.count("|") for line in refused) == {len(lines[0]) - 1}
+    puts_right(screen, refused)
     screen.keys("alt+s")
     screen.closes()
     screen.keys("alt+s")
