@@ -16,9 +16,11 @@ def log(screen):
     return (screen.data / f"RPT0518{RUC}{name_of(LAST)}.Log").read_text(encoding="utf-8").splitlines()
 
 
-def has_voucher(screen, line):
+def has_imported(screen, line):
+    """With its client's total, which comes last."""
     number = line.split("|")[7]
-    return f"select count(*) from TMPF518PDET where num_cp='{number:0>8}'"
+    screen.shows(f"select count(*) from TMPF518PDET where num_cp='{number:0>8}'", 1)
+    screen.shows("select (select sum(mto_base_p * 1) from TMPF518PCAB) = (select sum(mto_base_p * 1) from TMPF518PDET)", 1)
 
 
 def saves(screen, folder):
@@ -35,21 +37,22 @@ def saves(screen, folder):
 
 
 def puts_right(screen, refused):
-    """A field from the keyboard, imported; a whole line, picked by its fault with the mouse, tried and imported; a third one
-    that only goes to a file, with those that are left."""
+    """A field from the keyboard, imported; a whole line, picked by its fault with the mouse, imported; a third one that only
+    goes to a file, with those that are left."""
     screen.keys("alt+r")
     screen.opens(CORRECTION)
     screen.types("06")
     screen.keys("Return", "alt+i")
-    screen.shows(has_voucher(screen, refused[0]), 1)
-    screen.until(lambda: log(screen) == refused[1:], "the lines that this import has refused")
+    has_imported(screen, refused[0])
+    screen.shows("select count(*) from SPOOL", 2)
+    assert log(screen) == refused[1:], "the lines that this import has refused"
 
     screen.clicks(*FILTER)
-    screen.keys("Down", "Return", "alt+l", "ctrl+a")
-    screen.types("01" + refused[1][2:])
-    screen.keys("Return", "alt+p", "alt+i")
-    screen.shows(has_voucher(screen, refused[1]), 1)
-    screen.until(lambda: log(screen) == refused[2:], "the lines that are left")
+    screen.keys("Down", "Return", "alt+l", "Home", "Delete", "Delete")
+    screen.types("01")
+    screen.keys("Return", "alt+i")
+    has_imported(screen, refused[1])
+    assert log(screen) == refused[1:], "which stays, as this one has refused none"
 
     screen.keys("alt+f")
     screen.types("20991000004")
