@@ -16,6 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kAire = 12;
+constexpr int kFilasQueMiden = 50; ///< of a long list: more would take longer than all the rest of its opening
 constexpr int kAnchoMaximo = 260;
 
 class DelegadoDeCelda final : public QStyledItemDelegate {
@@ -56,6 +57,7 @@ GrillaDeCorreccion::GrillaDeCorreccion(QWidget* padre) : QTableView(padre) {
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 7 / 4);
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setResizeContentsPrecision(kFilasQueMiden);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 

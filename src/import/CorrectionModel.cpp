@@ -10,8 +10,6 @@
 #include <QStyle>
 #include <QTextDocument>
 
-#include <algorithm>
-
 namespace xa518 {
 
 using namespace Qt::StringLiterals;
@@ -65,11 +63,6 @@ void ModeloDeCorreccion::Muestra(const FiltroDeLineas& filtro) {
     m_leida = -1;
     m_lineas = m_correccion.Lineas(filtro);
     endResetModel();
-}
-
-int ModeloDeCorreccion::Fila(int cual) const {
-    const auto lugar = std::lower_bound(m_lineas.cbegin(), m_lineas.cend(), cual);
-    return lugar != m_lineas.cend() && *lugar == cual ? static_cast<int>(lugar - m_lineas.cbegin()) : -1;
 }
 
 QModelIndex ModeloDeCorreccion::Falla(int fila) const {

@@ -19,9 +19,8 @@ class ModeloDeCorreccion final : public QAbstractTableModel {
     ModeloDeCorreccion(Correccion& correccion, QObject* padre);
 
     void Muestra(const FiltroDeLineas& filtro);
-    /// The line of a row; the row of a line, -1 when it doesn't show.
+    /// The line of a row.
     [[nodiscard]] int Cual(int fila) const { return m_lineas.at(fila); }
-    [[nodiscard]] int Fila(int cual) const;
     /// Where the fault of a row's line stands.
     [[nodiscard]] QModelIndex Falla(int fila) const;
 

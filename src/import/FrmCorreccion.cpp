@@ -257,7 +257,7 @@ void FrmCorreccion::Salir() {
     const int perdidas = m_correccion->PorPerder();
     if (perdidas > 0) {
         if (m_entorno.avisos.Pregunta(PreguntaPorPerder(perdidas), Respuesta::No) == Respuesta::No)
-            return;
+            return m_ui->GrdLineas->setFocus(); // the cell that was typed in has gone
         m_correccion->RestauraTodas();
     }
     Termina();
