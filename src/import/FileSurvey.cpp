@@ -81,6 +81,14 @@ Revision RevisaArchivo(QIODevice& archivo, int separadores) {
     }
 }
 
+Defecto DefectoDeLinea(QByteArrayView linea, int separadores) {
+    if (linea.size() > LectorLineas::kLargoMaximo)
+        return Defecto::LineaDemasiadoLarga;
+    if (!CuentaPye(linea, separadores))
+        return Defecto::Separadores;
+    return TerminaEnSeparador(linea) ? Defecto::Ninguno : Defecto::SinSeparadorFinal;
+}
+
 QString Decodifica(QByteArrayView bytes, Codificacion codificacion) {
     return codificacion == Codificacion::Utf8 ? QString::fromUtf8(bytes) : DecodificaWindows1252(bytes);
 }

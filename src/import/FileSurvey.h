@@ -31,6 +31,9 @@ struct Revision {
 /// True when the line holds as many separators as asked.
 [[nodiscard]] bool CuentaPye(QByteArrayView linea, int separadores);
 
+/// What a line has that would bar its whole file.
+[[nodiscard]] Defecto DefectoDeLinea(QByteArrayView linea, int separadores);
+
 [[nodiscard]] QString Decodifica(QByteArrayView bytes, Codificacion codificacion);
 
 } // namespace xa518

@@ -4,12 +4,14 @@
 #include "family/Process.h"
 #include "form518/WorkTables.h"
 #include "import/DecidedLines.h"
+#include "import/DefectiveLines.h"
 #include "import/ErrorSheet.h"
 #include "import/ErrorTexts.h"
 #include "import/Formats.h"
 #include "import/ImportFile.h"
 #include "import/LineFields.h"
 #include "import/LineReader.h"
+#include "import/RefusedLine.h"
 #include "import/RunBatches.h"
 #include "import/RunMessages.h"
 #include "platform/Clock.h"
@@ -65,7 +67,8 @@ ResultadoImportacion Transferencia::Corre(ObservadorImportacion& observador, con
 }
 
 bool Transferencia::EsApto() {
-    Abre(m_archivo, BuscaArchivo(m_ruta, m_resultado.archivo));
+    m_resultado.ruta = BuscaArchivo(m_ruta, m_resultado.archivo);
+    Abre(m_archivo, m_resultado.ruta);
     m_revision = RevisaArchivo(m_archivo, m_formato.Campos());
     if (m_revision.defecto == Defecto::Ninguno)
         return true;
@@ -85,6 +88,8 @@ void Transferencia::RechazaEntero() {
                                     .codigo = {},
                                     .motivo = m_resultado.mensaje->texto + u". "_s + m_resultado.detalle,
                                     .archivo = m_resultado.archivo});
+    if (m_opciones.rechazadas && m_revision.defecto != Defecto::Utf16)
+        ReuneDefectuosas(m_archivo, m_formato.Campos(), *m_opciones.rechazadas);
 }
 
 void Transferencia::ImportaLineas(ObservadorImportacion& observador, const AlEmpezar& alEmpezar) {
@@ -214,6 +219,11 @@ void Transferencia::Rechaza(QByteArrayView bytes, const Refutacion& refutacion) 
         m_log.GraboLog(bytes, ClaveDe(bytes), refutacion.codigo);
     if (m_opciones.planilla)
         AnotaEnPlanilla(bytes, refutacion);
+    if (m_opciones.rechazadas)
+        m_opciones.rechazadas->Recibe({m_numeroLinea,
+                                       bytes,
+                                       m_revision.codificacion,
+                                       {refutacion.codigo, refutacion.campo, Motivo(refutacion.codigo)}});
 }
 
 QString Transferencia::ClaveDe(QByteArrayView bytes) const {

@@ -20,6 +20,7 @@ namespace xa518 {
 class DestinoDeRechazos;
 class LineasDecididas;
 class Lotes;
+class ReceptorDeRechazadas;
 struct Dictamen;
 struct Proceso;
 
@@ -62,6 +63,7 @@ struct ResultadoImportacion {
     Revision revision;          ///< of a file that was refused whole: what for, and where
     QString detalle;            ///< the same as a sentence
     QString archivo;            ///< bare name of the import file
+    QString ruta;               ///< its full name, once it has been found
     QString rutaLog;            ///< of the refused lines; empty when this run has written none, as a trial never does
     QString rutaErr;            ///< of the error list, likewise
     QStringList noConservado;   ///< a sentence for each kind of lines that could not be kept: transferred, or refused
@@ -75,6 +77,8 @@ struct ResultadoImportacion {
 struct OpcionesImportacion {
     bool prueba = false;                   ///< every check, and nothing of it is kept: neither rows nor logs
     DestinoDeRechazos* planilla = nullptr; ///< gets the refused lines; must outlive the run
+    /// Likewise; of a file that is refused whole it gets the lines that bar it.
+    ReceptorDeRechazadas* rechazadas = nullptr;
 };
 
 /// One run over one import file: every line is checked and what passes is added to the work tables, whose totals are

@@ -10,13 +10,14 @@ namespace xa518 {
 
 namespace {
 
-constexpr qsizetype kBuffer = 4 * LectorLineas::kLargoMaximo;
+constexpr qsizetype kLineasPorBuffer = 4; ///< of the longest ones
 constexpr QByteArrayView kMarcaUtf8("\xEF\xBB\xBF", 3);
 constexpr char kFinDeArchivo = '\x1A'; ///< Ctrl-Z, which programs of the DOS days write behind the last line
 
 } // namespace
 
-LectorLineas::LectorLineas(QIODevice& archivo) : m_archivo(archivo), m_buffer(kBuffer, Qt::Uninitialized) {
+LectorLineas::LectorLineas(QIODevice& archivo, qsizetype largoMaximo)
+    : m_archivo(archivo), m_largoMaximo(largoMaximo), m_buffer(kLineasPorBuffer * largoMaximo, Qt::Uninitialized) {
     VuelveA(0);
     Rellena();
     SaltaMarca();
@@ -45,7 +46,7 @@ LectorLineas::Lectura LectorLineas::Siguiente() {
             return Entrega(resto.first(salto), salto + 1);
         if (m_agotado)
             return EntregaResto(resto);
-        if (resto.size() > kLargoMaximo + 1) // one more for the CR of a CRLF that is still to come
+        if (resto.size() > m_largoMaximo + 1) // one more for the CR of a CRLF that is still to come
             return Lectura::DemasiadoLarga;
         vistos = resto.size();
         Rellena();
@@ -67,14 +68,14 @@ LectorLineas::Lectura LectorLineas::Entrega(QByteArrayView linea, qsizetype leid
     if (m_linea.endsWith('\r'))
         m_linea.chop(1);
     m_desde += leidos;
-    return m_linea.size() > kLargoMaximo ? Lectura::DemasiadoLarga : Lectura::Linea;
+    return m_linea.size() > m_largoMaximo ? Lectura::DemasiadoLarga : Lectura::Linea;
 }
 
 void LectorLineas::Rellena() {
     std::memmove(m_buffer.data(), m_buffer.constData() + m_desde, static_cast<size_t>(m_hasta - m_desde));
     m_hasta -= m_desde;
     m_desde = 0;
-    const qint64 leidos = m_archivo.read(m_buffer.data() + m_hasta, kBuffer - m_hasta);
+    const qint64 leidos = m_archivo.read(m_buffer.data() + m_hasta, m_buffer.size() - m_hasta);
     if (leidos < 0)
         throw FallaDeArchivo(Intento::Leer, m_archivo);
     m_agotado = leidos == 0;

@@ -17,8 +17,9 @@ class LectorLineas {
     /// memory.
     static constexpr qsizetype kLargoMaximo = 65536;
 
-    /// Reads `archivo` from its start; it stays open. Every failure of the device is an `Error` (`AccesoAlDisco`).
-    explicit LectorLineas(QIODevice& archivo);
+    /// Reads `archivo` from its start; it stays open. Every failure of the device is an `Error` (`AccesoAlDisco`). A
+    /// line has at most `largoMaximo` bytes.
+    explicit LectorLineas(QIODevice& archivo, qsizetype largoMaximo = kLargoMaximo);
 
     /// Moves to the next line. After `DemasiadoLarga` no further line can be read.
     [[nodiscard]] Lectura Siguiente();
@@ -38,6 +39,7 @@ class LectorLineas {
     [[nodiscard]] Lectura Entrega(QByteArrayView linea, qsizetype leidos);
 
     QIODevice& m_archivo;
+    qsizetype m_largoMaximo;
     QByteArray m_buffer;
     qsizetype m_desde = 0; ///< first byte not handed out yet
     qsizetype m_hasta = 0; ///< end of what has been read

@@ -62,6 +62,17 @@ QString DetalleDe(const Revision& revision, int campos) {
     return {};
 }
 
+QString MotivoDeLinea(Defecto defecto, int campos) {
+    switch (defecto) {
+    case Defecto::Separadores: return u"La línea debe tener %1 campos, cada uno terminado en «|»."_s.arg(campos);
+    case Defecto::SinSeparadorFinal: return u"La línea tiene texto después de su último «|»."_s;
+    case Defecto::LineaDemasiadoLarga: return u"La línea tiene más de %1 caracteres."_s.arg(LectorLineas::kLargoMaximo);
+    case Defecto::Utf16:
+    case Defecto::Ninguno: break;
+    }
+    return {};
+}
+
 Mensaje MensajeTransferido(const QString& archivo) {
     return {Icono::Informacion, u"Archivo : "_s + archivo + " transferido"_L1, kTituloMensaje};
 }

@@ -15,6 +15,9 @@ namespace xa518 {
 /// Which line it is for, how many fields that has where `campos` are wanted, and how many lines are like it.
 [[nodiscard]] QString DetalleDe(const Revision& revision, int campos);
 
+/// What is wrong with a line that bars its file, in which lines have `campos` fields.
+[[nodiscard]] QString MotivoDeLinea(Defecto defecto, int campos);
+
 /// The end of a run without a refused line.
 [[nodiscard]] Mensaje MensajeTransferido(const QString& archivo);
 

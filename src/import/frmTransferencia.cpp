@@ -4,7 +4,9 @@
 
 #include "family/Process.h"
 #include "form518/WorkTables.h"
+#include "import/Correction.h"
 #include "import/Formats.h"
+#include "import/FrmCorreccion.h"
 #include "import/ImportFile.h"
 #include "import/MountedVolumes.h"
 #include "import/RunMessages.h"
@@ -154,6 +156,7 @@ void frmTransferencia::Conecta() {
     connect(m_ui->cmdTransferir, &QPushButton::clicked, this, Protegido([this] { Transferir(); }));
     connect(m_ui->cmdProbar, &QPushButton::clicked, this, Protegido([this] { Procesa(true); }));
     connect(m_ui->cmdGuardarErrores, &QPushButton::clicked, this, Protegido([this] { GuardarErrores(); }));
+    connect(m_ui->cmdCorregir, &QPushButton::clicked, this, Protegido([this] { Corregir(); }));
     connect(m_ui->cmCancelar, &QPushButton::clicked, this, Protegido([this] { Salir(); }));
 }
 
@@ -207,9 +210,16 @@ void frmTransferencia::Procesa(bool prueba) {
     PonCorriendo(true);
     m_enProceso.reset(); // with a file that an earlier run has left open
     m_enProceso = std::make_shared<Corrida>(m_proceso, m_clave);
+    m_correccion.reset();
+    m_rechazadas = std::make_shared<LineasRechazadas>();
+    m_formato = &Formato();
+    m_carpetaDelArchivo = m_ui->Carpeta->Carpeta();
     m_hilo = std::make_unique<HiloDeTrabajo>(
-        [corrida = m_enProceso, &formato = Formato(), carpeta = m_ui->Carpeta->Carpeta(),
-         opciones = OpcionesImportacion{prueba, NuevaPlanilla()}] { corrida->Corre(formato, carpeta, opciones); },
+        [corrida = m_enProceso, formato = m_formato, carpeta = m_carpetaDelArchivo, rechazadas = m_rechazadas,
+         opciones = OpcionesImportacion{prueba, NuevaPlanilla(), m_rechazadas.get()}] {
+            corrida->Corre(*formato, carpeta, opciones);
+            rechazadas->Cierra();
+        },
         [this, prueba](const std::exception_ptr& falla) { Protegido([&] { AlTerminar(falla, prueba); })(); }, this);
 }
 
@@ -229,6 +239,7 @@ void frmTransferencia::Sigue(const ResultadoImportacion& resultado, bool prueba)
         return Abandona(resultado);
     m_archivo = resultado.archivo;
     MuestraFin(resultado);
+    PreparaCorreccion(resultado, prueba);
     if (!prueba)
         RefrescaLoDebajo(resultado);
     CuentaElFin(resultado, prueba);
@@ -271,6 +282,7 @@ void frmTransferencia::PonCorriendo(bool corriendo) {
         control->setEnabled(!corriendo);
     m_ui->Carpeta->Activa(!corriendo);
     m_ui->cmdGuardarErrores->setEnabled(false);
+    m_ui->cmdCorregir->setEnabled(false);
     setAcceptDrops(!corriendo);
     if (!corriendo && m_conFoco && focusWidget() == m_ui->barraAvance)
         m_conFoco->setFocus();
@@ -383,6 +395,39 @@ void frmTransferencia::GuardarErrores() {
     QSaveFile destino(ruta);
     if (!m_errores->seek(0) || !destino.open(QIODevice::WriteOnly) || !Copia(*m_errores, destino) || !destino.commit())
         throw FallaDeArchivo(Intento::Escribir, destino);
+}
+
+/// While nothing of the file has been imported its lines belong together.
+void frmTransferencia::PreparaCorreccion(const ResultadoImportacion& resultado, bool prueba) {
+    if (m_rechazadas->Cuantas() == 0 || !m_rechazadas->EstanCompletas())
+        return;
+    const bool nadaImportado = prueba || resultado.fin == FinImportacion::Rechazada;
+    m_correccion = std::make_shared<Correccion>(m_rechazadas, *m_formato, nadaImportado ? resultado.ruta : QString());
+    m_ui->cmdCorregir->setEnabled(true);
+}
+
+void frmTransferencia::Corregir() {
+    FrmCorreccion dialogo(
+        {.proceso = m_proceso,
+         .avisos = m_avisos,
+         .archivos = m_entorno.archivos,
+         .clave = m_clave,
+         .carpeta = m_carpetaDelArchivo,
+         .alImportar = [this](Forma& sobre,
+                              const ResultadoImportacion& resultado) { AlImportarCorregidas(sobre, resultado); }},
+        m_correccion, this);
+    AbreModal(dialogo);
+    m_ui->cmdCorregir->setEnabled(m_correccion->Cuantas(EstadoDeLinea::Importada) < m_correccion->Cuantas());
+}
+
+/// An import like any other, but that the lines still refused show where they are put right: the report is built for
+/// who wants it later.
+void frmTransferencia::AlImportarCorregidas(Forma& sobre, const ResultadoImportacion& resultado) {
+    m_yaProcesado = true;
+    RecuerdaTotales(resultado);
+    RefrescaLoDebajo(resultado);
+    if (m_entorno.reporte && !resultado.rutaErr.isEmpty() && resultado.fin == FinImportacion::Completa)
+        m_entorno.reporte({.sobre = sobre, .rutaErr = resultado.rutaErr, .muestra = false, .despues = [] {}});
 }
 
 /// A comfort: where it can't be written the dialog works all the same.

@@ -23,7 +23,9 @@ class frmTransferencia;
 namespace xa518 {
 
 class Avisos;
+class Correccion;
 class DialogosDeArchivo;
+class LineasRechazadas;
 
 /// The report of refused lines, which is built in any case.
 struct ReporteDeErrores {
@@ -89,6 +91,9 @@ class frmTransferencia final : public Forma {
     // The refused lines of the last run.
     [[nodiscard]] PlanillaErrores* NuevaPlanilla();
     void GuardarErrores();
+    void PreparaCorreccion(const ResultadoImportacion& resultado, bool prueba);
+    void Corregir();
+    void AlImportarCorregidas(Forma& sobre, const ResultadoImportacion& resultado);
 
     Proceso& m_proceso;
     Avisos& m_avisos;
@@ -106,6 +111,10 @@ class frmTransferencia final : public Forma {
     QString m_archivo;                 ///< bare name of the file that the last run was over
     std::unique_ptr<QTemporaryFile> m_errores;
     std::unique_ptr<PlanillaErrores> m_planilla;
+    std::shared_ptr<LineasRechazadas> m_rechazadas;
+    std::shared_ptr<Correccion> m_correccion;      ///< of these; none while there are none
+    const FormatoImportacion* m_formato = nullptr; ///< of the file that the last run was over
+    QString m_carpetaDelArchivo;                   ///< likewise, where it lies
     /// The run that is going. Wanted: one that has left its file open counts as going, and holds the file, until the
     /// next run or the way out.
     std::shared_ptr<Corrida> m_enProceso;

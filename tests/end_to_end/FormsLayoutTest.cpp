@@ -12,6 +12,9 @@
 #include "end_to_end/SampleModule.h"
 #include "family/FrmAyuda.h"
 #include "form518/Form0518.h"
+#include "import/Formats.h"
+#include "import/FrmCorreccion.h"
+#include "import/RunMessages.h"
 #include "import/frmTransferencia.h"
 #include "launcher/FrmConsola.h"
 #include "launcher/FrmDeclarante.h"
@@ -109,10 +112,19 @@ class FormsLayoutTest : public ModuloDeMuestra, public testing::WithParamInterfa
         Ve(FrmAgePer(detalle, ModoDetalle::Nuevo), u"new"_s, mira);
         Ve(frmTransferencia(proceso, avisos, registrada.clave, {.perfil = perfil, .archivos = archivos}), u"import"_s,
            mira);
+        EnLaCorreccion(registrada.clave, mira);
         EnLaDeclaracion(std::nullopt, u"new form"_s, mira);
         const QString mens = raiz.filePath(u"Mens.txt"_s);
         EscribeEn(mens, "Indique la forma de pago.\n");
         Ve(FrmConsist(mens), u"faults"_s, mira);
+    }
+    void EnLaCorreccion(const ClaveDeclaracion& clave, const Mirada& mira) {
+        const auto rechazadas = std::make_shared<LineasRechazadas>();
+        rechazadas->Recibe({1, "6|20500000008|", {}, {{}, -1, MotivoDeLinea(Defecto::Separadores, 14)}});
+        rechazadas->Recibe({2, "9|1||A|B|C|P001|1|15/10/2026|1|0|1|1|01|", {}, {"0009"_L1, 0, u"Tipo inválido"_s}});
+        rechazadas->Cierra();
+        const auto correccion = std::make_shared<Correccion>(rechazadas, FormatoVentas());
+        Ve(FrmCorreccion({proceso, avisos, archivos, clave, carpeta, {}}, correccion), u"refused"_s, mira);
     }
     void EnLosInformes(const Mirada& mira) {
         const EntornoInformes informes = EntornoDeInformes(proceso, avisos, archivos);

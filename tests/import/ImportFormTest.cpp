@@ -10,6 +10,7 @@
 #include <QListWidget>
 #include <QMimeData>
 #include <QProgressBar>
+#include <QTableView>
 
 using testing::Each;
 using testing::ElementsAre;
@@ -168,6 +169,40 @@ TEST_F(ImportForm, RefusedLinesAreSavedForASpreadsheet) {
     m_archivos.respuesta = u"/no/hay/errores.csv"_s;
     AvisosDelPrograma().Espera(FallaDeArchivo(Intento::Escribir, m_archivos.respuesta).Texto());
     Pulsa("cmdGuardarErrores");
+}
+
+/// As another import: the next one asks, and the report is there for who wants it.
+TEST_F(ImportForm, RefusedLinesArePutRightInPlace) {
+    m_escenario.Escribe((LineaDe() + u'\n' + LineaDe({{Campo::TipoDoc, u"9"_s}}) + u"\n1|2|\n"_s).toUtf8());
+    TecleaCarpeta(m_escenario.base.Carpeta());
+    EXPECT_FALSE(De("cmdCorregir").isEnabled());
+    m_avisos.Espera(u"El archivo de importación no tiene el número de campos correctos"_s);
+    Pulsa("cmdProbar");
+    AlAbrir("FrmCorreccion",
+            [](QWidget& forma) { EXPECT_EQ(prueba::De<QTableView>(forma, "GrdLineas").model()->rowCount(), 1); });
+    Pulsa("cmdCorregir");
+    EscribeConRechazos();
+    m_avisos.EsperaPregunta(Pregunta(), Respuesta::No);
+    Pulsa("cmdTransferir");
+    const auto corrige = [this](const QString& tipo, bool queda) {
+        AlAbrir("FrmCorreccion", [tipo](QWidget& forma) {
+            QTest::keyClicks(QApplication::focusWidget(), tipo);
+            Clic(forma, "CmdImportar");
+        });
+        Pulsa("cmdCorregir");
+        EXPECT_EQ(De("cmdCorregir").isEnabled(), queda);
+    };
+    m_avisos.EsperaPregunta(u"Hay una línea corregida que no se ha importado ni guardado.\n¿Salir y perder las "
+                            "correcciones?"_s,
+                            Respuesta::Si);
+    corrige(u"8"_s, true);
+    EXPECT_THAT(m_reportes, testing::SizeIs(2));
+    EXPECT_FALSE(m_reportes.last().second);
+    corrige(u"4"_s, false);
+    EXPECT_EQ(m_refrescos, 3);
+    EXPECT_EQ(m_escenario.Cuenta().at(1), 2);
+    m_avisos.EsperaPregunta(kOtraVez, Respuesta::No);
+    Pulsa("cmdTransferir");
 }
 
 TEST_F(ImportForm, AFailedRunLeavesTheCountersAtRest) {
