@@ -51,7 +51,8 @@ struct Informe {
     QList<CasillaGrabada> casillas;
     QStringList archivos;
     QList<Mensaje> mensajes;
-    QString detalle; ///< of what failed, in the words of the engine or the system
+    QString apartada; ///< an unsaved declaration of the module that had to make room, for the standard error
+    QString detalle;  ///< of what failed, in the words of the engine or the system
     std::optional<QList<FilaLista>> declaraciones;
     std::optional<ArchivoRechazado> rechazado;
 
