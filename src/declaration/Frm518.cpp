@@ -135,7 +135,8 @@ SinGrabar Frm518::Retrato() const {
 
 void Frm518::Cambia() {
     m_modificado = true;
-    m_resguardo.Anota();
+    if (!m_cargando)
+        m_resguardo.Anota();
 }
 
 void Frm518::CargaIdent() {
@@ -488,7 +489,8 @@ void Frm518::Salir() {
 }
 
 void Frm518::Deja() {
-    m_resguardo.EscribeYa();
+    if (m_modificado)
+        m_resguardo.EscribeYa();
     LasPaginas().Suelta(BaseDatos());
     m_barra.Limpia(m_proceso.numFormulario);
     Termina();

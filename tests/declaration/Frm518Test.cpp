@@ -272,6 +272,17 @@ TEST_F(Frm518Test, WhatIsTypedOutlivesTheFormUntilItIsSavedOrLeft) {
     EXPECT_TRUE(escrito().isEmpty()) << "it was left on purpose";
 }
 
+TEST_F(Frm518Test, WhatIsOnlyLookedAtIsNotKept) {
+    GrabaUna();
+    m_base->Ejecuta(u"INSERT INTO DET (Doc_id_d, tip_doc_d, periodo, Formulario, Casilla, i_valor) SELECT Doc_id_d,"
+                    " tip_doc_d, periodo, Formulario, '871', '1' FROM CAB"_s);
+    AbreRegistrada();
+    EXPECT_TRUE(Control<QAbstractButton>(u"OptRectifica_1"_s).isChecked());
+    VaAPestania(2);
+    Pulsa(u"CmdCancelar"_s);
+    EXPECT_EQ(m_base.Filas(u"SELECT count(*) FROM TMPF518SINGRABAR"_s), QStringList{u"0"_s});
+}
+
 /// Taken up again, it isn't saved over what another program has made of it meanwhile.
 TEST_F(Frm518Test, ARetakenDeclarationKeepsTheGuardOfItsHead) {
     GrabaUna();
