@@ -37,6 +37,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kRitmoMs = 30;
+constexpr quint32 kSuertes = 160;    ///< one in so many steps imports, validates or pays
 constexpr int kVaciasQueBastan = 30; ///< turns without a form, past which none will come
 const QStringList kCasillas{u"TxtValor_402"_s, u"TxtValor_404"_s, u"TxtValor_410"_s};
 
@@ -138,7 +139,7 @@ class Mano final : public QObject {
     void Escribe(QWidget& forma) {
         if (!m_identificada)
             return Identifica(forma);
-        const quint32 suerte = m_azar.bounded(40U);
+        const quint32 suerte = m_azar.bounded(kSuertes);
         if (suerte == 0 && !m_importada) {
             VaA(forma, 1);
             m_importada = true;
