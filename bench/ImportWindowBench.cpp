@@ -35,6 +35,7 @@ class SinNadie final : public ObservadorImportacion {
 class Callado final : public Avisos {
     void HazMuestra(const Mensaje& mensaje) override { Exige(mensaje.icono != Icono::Critico, "the import failed"); }
     Respuesta HazPregunta(const Mensaje& /*mensaje*/, Respuesta /*preseleccionada*/) override { return Respuesta::No; }
+    Respuesta HazPreguntaConOtra(const Mensaje& /*mensaje*/, const QString& /*otra*/) override { return Respuesta::No; }
 };
 
 /// Nobody is asked for a file.

@@ -34,6 +34,7 @@ class Callado final : public Avisos {
             throw std::runtime_error(mensaje.texto.toStdString());
     }
     Respuesta HazPregunta(const Mensaje& /*mensaje*/, Respuesta /*preseleccionada*/) override { return Respuesta::No; }
+    Respuesta HazPreguntaConOtra(const Mensaje& /*mensaje*/, const QString& /*otra*/) override { return Respuesta::No; }
 };
 
 class UnArchivo final : public DialogosDeArchivo {

@@ -28,8 +28,14 @@ struct AperturaPedida {
 /// The forms of other rooms that the commands open. Each call makes a new one; it is opened modally and then dropped.
 /// One that is missing leaves its command with nothing to show.
 struct Dialogos {
-    /// `Frm518`.
+    /// `Frm518`. First asks about a declaration that isn't saved yet, which would be lost; it may open in its place.
     std::function<void(BarradeEstadoQMD& barra, const AperturaPedida& pedida)> declaracion;
+    /// The same question by itself: about whichever there is, or, with one picked, about that one. `sigue` runs when
+    /// there is nothing more to lose.
+    std::function<void(BarradeEstadoQMD& barra, const AperturaPedida& pedida, const std::function<void()>& sigue)>
+        retoma;
+    /// Offers those that were put aside, one by one.
+    std::function<void(BarradeEstadoQMD& barra, const AperturaPedida& pedida)> retomaApartada;
     /// `frmImprimir`, over the sent declarations or over the registered ones.
     std::function<std::unique_ptr<QDialog>(BarradeEstadoQMD& barra, bool enviadas, QWidget* padre)> impresion;
 };

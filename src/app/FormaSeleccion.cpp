@@ -132,14 +132,16 @@ bool FormaSeleccion::SigueAhi(int fila) {
 void FormaSeleccion::Abre() {
     if (!m_entorno.dialogos.declaracion)
         return;
+    m_entorno.dialogos.declaracion(m_entorno.barra, Pedida());
+}
+
+AperturaPedida FormaSeleccion::Pedida() {
     const int fila = Grilla().Fila();
-    m_entorno.dialogos.declaracion(
-        m_entorno.barra,
-        {.ventana = *this,
-         .padre = parentWidget(),
-         .elegida = Elegida(fila),
-         .muestra = [this, fila](QDialog& forma) { SinPalabras([&] { Muestra(forma, fila); }); },
-         .alFallar = [](const std::exception_ptr& falla) { SinPalabras([&] { std::rethrow_exception(falla); }); }});
+    return {.ventana = *this,
+            .padre = parentWidget(),
+            .elegida = Elegida(fila),
+            .muestra = [this, fila](QDialog& forma) { SinPalabras([&] { Muestra(forma, fila); }); },
+            .alFallar = [](const std::exception_ptr& falla) { SinPalabras([&] { std::rethrow_exception(falla); }); }};
 }
 
 /// Hidden past the dialog's own hiding, which would end this form's wait for its end.
@@ -159,6 +161,13 @@ void FormaSeleccion::Elimina() {
                            windowTitle()};
     if (m_entorno.avisos.Pregunta(pregunta, Respuesta::No) == Respuesta::No)
         return;
+    if (m_entorno.dialogos.retoma)
+        m_entorno.dialogos.retoma(m_entorno.barra, Pedida(), [this] { SinPalabras([this] { EliminaDeVerdad(); }); });
+    else
+        EliminaDeVerdad();
+}
+
+void FormaSeleccion::EliminaDeVerdad() {
     const int fila = Grilla().Fila();
     if (!SigueAhi(fila)) // gone while the question stood
         return;

@@ -59,8 +59,10 @@ class FormaSeleccion : public Forma {
     /// Tells the person when another program has sent or deleted that row's declaration, and lists what is left.
     [[nodiscard]] bool SigueAhi(int fila);
     void Abre();
+    [[nodiscard]] AperturaPedida Pedida();
     void Muestra(QDialog& forma, int fila);
     void Elimina();
+    void EliminaDeVerdad();
 
     std::unique_ptr<Ui::FormaSeleccion> m_ui;
     Entorno m_entorno;

@@ -70,10 +70,9 @@ bool MDIFrm::Carga() {
     m_ayuda->PonArchivo(RutaAyuda(m_proceso->sysPath, FormularioDe(m_proceso->formularios, m_proceso->numFormulario)));
     Barra().Limpia(m_proceso->numFormulario);
     LeerCatalogoInicial(*m_proceso);
-    const std::optional<Puesto> puesto = OcupaPuesto(*m_proceso);
+    (void)OcupaPuesto(*m_proceso);
     ImpideEscribir();
-    if (puesto && puesto->TieneAbierta())
-        OfreceRecuperar(*puesto);
+    OfreceRetomar();
     if (const std::optional<Mensaje> aviso = AvisoDeRed(m_proceso->rutaBase))
         m_avisos->Muestra(*aviso);
     return true;
@@ -84,7 +83,8 @@ void MDIFrm::ImpideEscribir() {
     const QString motivo = PorQueNoSeEscribe(*m_proceso->baseDatos);
     if (motivo.isEmpty())
         return;
-    QList<QAction*> ordenes{m_ui->mnuNueva, m_ui->mnuEliminar, m_ui->mnuEliminarE, m_ui->Toolbar1_1, m_ui->Toolbar1_3};
+    QList<QAction*> ordenes{m_ui->mnuNueva,     m_ui->mnuRetomar, m_ui->mnuEliminar,
+                            m_ui->mnuEliminarE, m_ui->Toolbar1_1, m_ui->Toolbar1_3};
     if (!m_proceso->baseDatos->Lugar().trabajo)
         ordenes += QList<QAction*>{m_ui->mnuModificar, m_ui->mnuModificarE, m_ui->Toolbar1_2, m_ui->Toolbar1_7};
     for (QAction* orden : ordenes)
@@ -93,23 +93,10 @@ void MDIFrm::ImpideEscribir() {
     m_ui->mnuDeclaraE->setToolTipsVisible(true);
 }
 
-/// The boxes that were being typed went with the program; clients and vouchers stand in the seat's work tables.
-void MDIFrm::OfreceRecuperar(const Puesto& abandonado) {
-    const DeclaracionOcupada& abierta = abandonado.abierta;
-    const Periodo periodo = Periodo::DeTabla(abierta.periodo).value_or(Periodo());
-    const QString pregunta =
-        u"La última vez el programa se cerró sin terminar con la declaración %1 de %2 del RUC %3. Sus clientes y"
-        " comprobantes siguen en este puesto, sin grabar.\n\n¿Desea recuperarlos?"_s.arg(
-            abierta.formulario, periodo.EnPantalla(), abierta.ruc);
-    const bool esEnviada = !abierta.correl.isEmpty(); // of which nothing but a number can be typed
-    if (esEnviada || m_avisos->Pregunta({Icono::Pregunta, pregunta, {}}) == Respuesta::No)
-        return m_proceso->baseDatos->LosPuestos()->Anota({}, {});
-    Registros fila =
-        m_proceso->baseDatos->Lee(u"SELECT Nombre FROM CONT WHERE Tip_doc_d = 6 AND Doc_id_d = ?"_s, {abierta.ruc});
-    AbreDeclaracion(
-        DeclaracionElegida{.clave = {.ruc = Ruc(abierta.ruc), .periodo = periodo, .formulario = abierta.formulario},
-                           .nombre = fila.Siguiente() ? fila.Texto(0) : QString(),
-                           .recuperada = EstadoGuardado::DeTexto(abandonado.estado)});
+/// Whatever stands in its way is told, and the module starts all the same.
+void MDIFrm::OfreceRetomar() {
+    if (m_dialogos.retoma)
+        Protegido([this] { m_dialogos.retoma(Barra(), Apertura(), [] {}); })();
 }
 
 void MDIFrm::Coloca() {
@@ -153,7 +140,8 @@ void MDIFrm::ConectaMenu() {
         {m_ui->mnuEliminar, &MDIFrm::Eliminar},     {m_ui->mnuImprimir, &MDIFrm::Imprimir},
         {m_ui->mnuModificarE, &MDIFrm::ModificarE}, {m_ui->mnuEliminarE, &MDIFrm::EliminarE},
         {m_ui->mnuImprimirE, &MDIFrm::ImprimirE},   {m_ui->mnuBancos, &MDIFrm::Bancos},
-        {m_ui->mnuContenido, &MDIFrm::MostrarHelp}, {m_ui->mnuAcercade, &MDIFrm::Acercade},
+        {m_ui->mnuRetomar, &MDIFrm::Retomar},       {m_ui->mnuContenido, &MDIFrm::MostrarHelp},
+        {m_ui->mnuAcercade, &MDIFrm::Acercade},
     };
     for (const auto& [accion, orden] : ordenes)
         connect(accion, &QAction::triggered, this, Protegido([this, orden = orden] { (this->*orden)(); }));
@@ -182,16 +170,20 @@ void MDIFrm::Abre(const std::function<std::unique_ptr<QDialog>()>& fabrica) {
 
 void MDIFrm::Nueva() {
     m_enviadas = false;
-    AbreDeclaracion({});
+    if (m_dialogos.declaracion)
+        m_dialogos.declaracion(Barra(), Apertura());
 }
 
-void MDIFrm::AbreDeclaracion(const std::optional<DeclaracionElegida>& elegida) {
-    if (m_dialogos.declaracion)
-        m_dialogos.declaracion(Barra(),
-                               {.ventana = *this, .padre = this, .elegida = elegida, .muestra = [this](QDialog& forma) {
-                                    CentraSobre(*this, forma);
-                                    EjecutaSobre(*this, forma);
-                                }});
+void MDIFrm::Retomar() {
+    if (m_dialogos.retomaApartada)
+        m_dialogos.retomaApartada(Barra(), Apertura());
+}
+
+AperturaPedida MDIFrm::Apertura() {
+    return {.ventana = *this, .padre = this, .elegida = {}, .muestra = [this](QDialog& forma) {
+                CentraSobre(*this, forma);
+                EjecutaSobre(*this, forma);
+            }};
 }
 
 /// Where nothing can be written, a new declaration can't be begun either.

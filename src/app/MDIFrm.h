@@ -15,7 +15,6 @@ class MDIFrm;
 namespace xa518 {
 
 class Ayuda;
-struct Puesto;
 
 /// The module's main window. It has no work of its own: each command opens a form and tells it what it is for.
 class MDIFrm final : public QMainWindow {
@@ -47,11 +46,12 @@ class MDIFrm final : public QMainWindow {
     void PulsaBarra(BotonBarra boton);
     [[nodiscard]] bool AbreLaBase();
     void ImpideEscribir();
-    void OfreceRecuperar(const Puesto& abandonado);
+    void OfreceRetomar();
 
     void Nueva();
     void Modificar();
     void Eliminar();
+    void Retomar();
     void Imprimir();
     void ImprimirDe(bool enviadas);
     void ModificarE();
@@ -61,7 +61,7 @@ class MDIFrm final : public QMainWindow {
     void MostrarHelp();
     void Acercade();
 
-    void AbreDeclaracion(const std::optional<DeclaracionElegida>& elegida);
+    [[nodiscard]] AperturaPedida Apertura();
     void AbreRegistradas(OpcionDeLista opcion);
     void AbreEnviadas(OpcionDeLista opcion);
     void Abre(const std::function<std::unique_ptr<QDialog>()>& fabrica);

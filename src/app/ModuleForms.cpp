@@ -1,5 +1,6 @@
 #include "app/ModuleForms.h"
 
+#include "app/UnsavedOffer.h"
 #include "declaration/Frm518.h"
 #include "detail/FrmAgePer.h"
 #include "family/Process.h"
@@ -94,6 +95,8 @@ DialogosDeDetalle FormasDelDetalle(const Modulo& modulo) {
 
 void AbreTomada(const Modulo& modulo, BarradeEstadoQMD& barra, const AperturaPedida& pedida) {
     const auto abre = [modulo, &barra, pedida](const TablasTomadas& tablas) {
+        if (const auto aviso = tablas.completado ? AvisoDeLoIncompleto(*tablas.completado) : std::nullopt)
+            modulo.avisos.Muestra(*aviso);
         RelojDeArena reloj;
         Frm518 forma({modulo.proceso, modulo.avisos, barra, FormasDelDetalle(modulo)}, tablas, pedida.elegida,
                      pedida.padre);
@@ -120,13 +123,36 @@ void AbreDeclaracion(const Modulo& modulo, BarradeEstadoQMD& barra, AperturaPedi
     }
 }
 
+/// The question about a declaration that isn't saved, before anything that would take its detail.
+OfertaDeRetomar Oferta(const Modulo& modulo, BarradeEstadoQMD& barra) {
+    return {modulo.proceso, modulo.avisos,
+            [modulo, &barra](const AperturaPedida& pedida) { AbreTomada(modulo, barra, pedida); }};
+}
+
+/// Whatever is opened takes the work tables, whoever's declaration it is.
+void AbreTrasPreguntar(const Modulo& modulo, BarradeEstadoQMD& barra, const AperturaPedida& pedida) {
+    AperturaPedida cualquiera = pedida;
+    cualquiera.elegida.reset();
+    Oferta(modulo, barra).Pregunta(cualquiera, [modulo, &barra, pedida] { AbreDeclaracion(modulo, barra, pedida); });
+}
+
 } // namespace
 
 Dialogos FormasDelModulo(Proceso& proceso, Avisos& avisos, DialogosDeArchivo& archivos, const ArchivoPerfil& perfil) {
     const Modulo modulo{proceso, avisos, archivos, perfil};
     Dialogos dialogos;
     dialogos.declaracion = [modulo](BarradeEstadoQMD& barra, const AperturaPedida& pedida) {
-        AbreDeclaracion(modulo, barra, pedida);
+        AbreTrasPreguntar(modulo, barra, pedida);
+    };
+    dialogos.retoma = [modulo](BarradeEstadoQMD& barra, const AperturaPedida& pedida,
+                               const std::function<void()>& sigue) {
+        const OfertaDeRetomar oferta = Oferta(modulo, barra);
+        if (!pedida.elegida) // at the start
+            oferta.BorraViejas();
+        oferta.Pregunta(pedida, sigue);
+    };
+    dialogos.retomaApartada = [modulo](BarradeEstadoQMD& barra, const AperturaPedida& pedida) {
+        Oferta(modulo, barra).OfreceApartadas(pedida);
     };
     dialogos.impresion = [modulo](BarradeEstadoQMD& barra, bool enviadas, QWidget* padre) {
         return std::make_unique<frmImprimir>(

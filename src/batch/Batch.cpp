@@ -69,6 +69,8 @@ int EjecutaLote(const QStringList& argumentos, const EntornoLote& entorno) {
         EscribeTexto(informe, entorno.salida);
     if (informe.SeDetuvo())
         EscribeMensajes(informe, entorno.errores);
+    if (!informe.apartada.isEmpty())
+        entorno.errores << informe.apartada << u'\n';
     if (!informe.detalle.isEmpty())
         entorno.errores << informe.detalle << u'\n';
     return informe.codigo;

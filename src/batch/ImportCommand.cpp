@@ -4,11 +4,13 @@
 #include "batch/ExitCode.h"
 #include "batch/Report.h"
 #include "batch/Session.h"
+#include "form518/UnsavedDeclaration.h"
 #include "form518/WorkTables.h"
 #include "import/ErrorSheet.h"
 #include "import/Formats.h"
 #include "import/ImportFile.h"
 #include "import/ImportRun.h"
+#include "platform/Clock.h"
 #include "values/FileFailure.h"
 
 #include <QFileInfo>
@@ -135,14 +137,32 @@ void Exige(const ResultadoImportacion& resultado, const FormatoImportacion& form
                     resultado.sinTotales->Detalle());
 }
 
+/// A file has one set of work tables, and the module may have left one there that its user hasn't saved: scripts don't
+/// wait for him, but he gets it back. The date is the real one, whatever day the declaration is made for.
+void HazSitio(Base& base, Informe& informe) {
+    TablaSinGrabar tabla(base);
+    const std::optional<FilaSinGrabar> hallada = tabla.Lee();
+    if (!hallada)
+        return;
+    const QDateTime ahora = RelojSistema().Ahora();
+    const QString nombre = hallada->esDeEstaVersion ? QString() : u"ilegible-"_s + ahora.toString(u"yyyyMMdd-HHmmss"_s);
+    informe.apartada =
+        u"Había una declaración sin grabar de %1. Quedó apartada por %2 días; para retomarla, elija en el"
+        " módulo Declaraciones, Retomar una apartada."_s.arg(Descripcion(base, hallada->fila, tabla.Comprobantes()))
+            .arg(kDiasApartada);
+    tabla.Aparta(ahora, nombre);
+}
+
 } // namespace
 
 void CargaTrabajo(Proceso& proceso, const Argumentos& argumentos, const ClaveDeclaracion& clave,
                   ObservadorImportacion& avance, Informe& informe) {
     TablasTrabajo trabajo(*proceso.baseDatos);
     const QList<Archivo> archivos = ArchivosDe(clave, argumentos);
-    if (archivos.isEmpty())
+    if (archivos.isEmpty()) {
+        HazSitio(*proceso.baseDatos, informe);
         return trabajo.Reconstruye(clave);
+    }
     if (argumentos.json)
         informe.lineasRechazadas.emplace();
     LineasRechazadas rechazadas(argumentos.errores, argumentos.json ? &*informe.lineasRechazadas : nullptr);
@@ -155,8 +175,10 @@ void CargaTrabajo(Proceso& proceso, const Argumentos& argumentos, const ClaveDec
     const auto alEmpezar = [&] {
         if (argumentos.probar)
             trabajo.Llena(clave);
-        else if (!std::exchange(empezado, true))
+        else if (!std::exchange(empezado, true)) {
+            HazSitio(*proceso.baseDatos, informe);
             trabajo.Reconstruye(clave);
+        }
     };
     for (const auto& [formato, ruta] : archivos) {
         const ResultadoImportacion resultado =

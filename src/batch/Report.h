@@ -55,7 +55,8 @@ struct Informe {
     QList<CasillaGuardada> casillas;
     QStringList archivos;
     QList<Mensaje> mensajes;
-    QString detalle; ///< of what failed, in the words of the engine or the system
+    QString apartada; ///< an unsaved declaration of the module that had to make room, for the standard error
+    QString detalle;  ///< of what failed, in the words of the engine or the system
     std::optional<QList<FilaLista>> declaraciones;
     std::optional<ArchivoRechazado> rechazado;
     std::optional<QList<FilaPlanilla>> lineasRechazadas; ///< of all import files, in their order

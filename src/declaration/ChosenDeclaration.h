@@ -1,7 +1,7 @@
 #pragma once
 
 #include "family/DeclarationKey.h"
-#include "family/StoredState.h"
+#include "form518/UnsavedDeclaration.h"
 
 #include <optional>
 
@@ -19,10 +19,12 @@ struct DeclaracionElegida {
     QString control{}; ///< of a sent copy: the control number of the sending
     /// Why it may only be looked at: another seat has it, or the account may not write. Empty when it may be changed.
     QString soloSeMira{};
-    /// Its rows stand in the work tables since a crash: how it stood in the tables when it had been opened.
-    std::optional<EstadoGuardado> recuperada{};
+    /// It wasn't saved and is taken up again: its detail stands in the work tables, and this is what was typed.
+    std::optional<SinGrabar> retomada{};
 
     [[nodiscard]] ModoDeclaracion Modo() const {
+        if (retomada && retomada->nueva)
+            return ModoDeclaracion::Nueva;
         return clave.enviada ? ModoDeclaracion::Ver : ModoDeclaracion::Modificar;
     }
 };

@@ -4,6 +4,7 @@
 
 #include "data/Base.h"
 #include "data/Catalog.h"
+#include "declaration/FormPages.h"
 #include "declaration/OrderNumber.h"
 #include "declaration/Save.h"
 #include "declaration/SaveTask.h"
@@ -14,8 +15,6 @@
 #include "form518/WorkTables.h"
 #include "platform/Clock.h"
 #include "platform/Notices.h"
-#include "values/CheckDigits.h"
-#include "values/Text.h"
 #include "widgets/Application.h"
 #include "widgets/HourGlass.h"
 #include "widgets/ReadablePalette.h"
@@ -35,24 +34,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kAyudaEnviada = 1013;
-constexpr int kAyudaDeuda = 1014;
-constexpr int kAyudaIdentificacion = 1015;
-constexpr int kAyudaPercepcion = 1020;
 
-enum Pestania { Identificaciones, Percepciones, Deuda };
 enum Boton { Nuevo, Modificar, Eliminar, Importar };
-
-int AyudaDe(int pestania) {
-    switch (pestania) {
-    case Percepciones: return kAyudaPercepcion;
-    case Deuda: return kAyudaDeuda;
-    default: return kAyudaIdentificacion;
-    }
-}
-
-bool TomaFoco(const QWidget& control) {
-    return control.isEnabled() && control.isVisible() && (control.focusPolicy() & Qt::TabFocus) != 0;
-}
 
 } // namespace
 
@@ -66,7 +49,9 @@ Frm518::Frm518(EntornoDeclaracion entorno, TablasTomadas tablas, const std::opti
     , m_modo(elegida ? elegida->Modo() : ModoDeclaracion::Nueva)
     , m_elegida(elegida.value_or(DeclaracionElegida()))
     , m_ui(std::make_unique<Ui::Frm518>())
-    , m_tablas(std::move(tablas)) {
+    , m_tablas(std::move(tablas))
+    , m_resguardo(
+          m_proceso, [this] { return Retrato(); }, !EsFija()) {
     m_ui->setupUi(this);
     m_copia.emplace(m_avisos, ControlesDeCopia{*m_ui->PaginaIdentificacion, *m_ui->PaginaDeuda, *m_ui->CmdCambios});
     Prepara({m_ui->CmdCancelar});
@@ -93,7 +78,7 @@ void Frm518::Conecta() {
 }
 
 void Frm518::ConectaPaginas() {
-    const auto tocado = [this] { m_modificado = true; };
+    const auto tocado = [this] { Cambia(); };
     PagIdentificacion& identificacion = *m_ui->PaginaIdentificacion;
     connect(&identificacion, &PagIdentificacion::Tocado, this, tocado);
     connect(&identificacion, &PagIdentificacion::RazonCambiada, this, &Frm518::AlCambiarRazon);
@@ -112,22 +97,48 @@ void Frm518::ConectaPaginas() {
 void Frm518::Carga() {
     const RelojDeArena reloj;
     m_ui->PaginaDeuda->PonBancos(BancosOfrecidos(BaseDatos()));
-    PonContextoAyuda(EsEnviada() ? kAyudaEnviada : kAyudaIdentificacion);
+    PonContextoAyuda(EsEnviada() ? kAyudaEnviada : AyudaDe(Identificaciones));
     CargaIdent();
     m_declaracion.clave = Clave();
     m_ui->PaginaIdentificacion->PonRectifica(m_declaracion.rectifica);
     if (EsEnviada())
-        CargaOrdenGuardado();
+        LasPaginas().PonOrdenGuardado(BaseDatos(), m_declaracion.clave);
     else
         m_copia->Busca(BaseDatos(), m_declaracion.clave);
+    if (m_elegida.retomada)
+        Retoma(LoEscrito::DeJson(m_elegida.retomada->escrito).value_or(LoEscrito()));
     MuestraTotalesDeCarga(m_tablas.totales, m_declaracion);
     m_ui->PaginaPercepcion->MuestraTotales(m_declaracion);
     if (EsEnviada())
         DesTodo();
     if (SoloSeMira())
         MuestraParaMirar();
-    m_modificado = m_elegida.recuperada.has_value(); // what was left in the work tables isn't saved
+    m_modificado = m_elegida.retomada.has_value();
     m_cargando = false;
+}
+
+/// As it stood when the program ended without having saved it.
+void Frm518::Retoma(const LoEscrito& escrito) {
+    m_volviendo = true; // no page is checked that had been entered already
+    LasPaginas().Pon(escrito, m_elegida);
+    m_volviendo = false;
+    if (EsNueva() && escrito.claveFija && TomaLaClave())
+        m_ui->PaginaIdentificacion->CongelaClave();
+    LeePaginas();
+    AlElegirDeclarante(m_elegida.nombre);
+    m_barra.PonPeriodo(m_declaracion.clave.periodo.EnPantalla());
+    m_resguardo.Anota();
+}
+
+SinGrabar Frm518::Retrato() const {
+    return {
+        .nueva = EsNueva(), .clave = Clave(), .guardado = m_tablas.guardado, .escrito = LasPaginas().Lee().EnJson()};
+}
+
+void Frm518::Cambia() {
+    m_modificado = true;
+    if (!m_cargando)
+        m_resguardo.Anota();
 }
 
 void Frm518::CargaIdent() {
@@ -150,31 +161,17 @@ void Frm518::CargaCasillasDeLaClave() {
     m_ui->PaginaDeuda->Muestra(m_declaracion);
 }
 
-void Frm518::CargaOrdenGuardado() {
-    const ClaveDeclaracion& clave = m_declaracion.clave;
-    Registros cabecera = BaseDatos().Lee(u"SELECT * FROM HCAB "_s + clave.Condicion(), clave.Valores());
-    if (cabecera.Siguiente())
-        m_ui->PaginaIdentificacion->PonOrden(cabecera.Texto(u"norden"));
-}
-
 void Frm518::DesTodo() {
-    constexpr int kLargoMinimo = 8;
     ComoSoloLectura(*this);
-    m_ui->PaginaPercepcion->MuestraEnviada();
-    m_ui->PaginaDeuda->MuestraEnviada();
+    LasPaginas().ComoEnviadas(m_elegida);
     m_ui->CmdValidar->hide();
     m_ui->CmdGrabar->setText(u"&Registrar Nro. Orden"_s);
-    const QString numero = Recorta(m_elegida.norden).toString();
-    if (numero.size() >= kLargoMinimo)
-        m_ui->PaginaIdentificacion->PonDigitos(DigitosOrden(m_elegida.control, m_elegida.norden));
 }
 
 /// As a sent copy shows, and no button writes.
 void Frm518::MuestraParaMirar() {
     ComoSoloLectura(*this);
-    m_ui->PaginaIdentificacion->DejaDeCambiar();
-    m_ui->PaginaPercepcion->MuestraEnviada();
-    m_ui->PaginaDeuda->DejaDeCambiar();
+    LasPaginas().ParaMirar();
     m_ui->CmdValidar->hide();
     Impide(*m_ui->CmdGrabar, m_elegida.soloSeMira);
     setWindowTitle(windowTitle() + u" (sin modificar)"_s);
@@ -189,17 +186,22 @@ ClaveDeclaracion Frm518::Clave() const {
             .formulario = m_proceso.numFormulario};
 }
 
+PaginasDeDeclaracion Frm518::LasPaginas() const {
+    return {*m_ui->SSTab1, *m_ui->PaginaIdentificacion, *m_ui->PaginaPercepcion, *m_ui->PaginaDeuda};
+}
+
 void Frm518::LeePaginas() {
+    const LoEscrito escrito = LasPaginas().Lee();
     m_declaracion.clave = Clave();
-    m_declaracion.rectifica = m_ui->PaginaIdentificacion->Rectifica();
-    m_declaracion.montos = m_ui->PaginaDeuda->LeeMontos();
-    m_declaracion.pago = m_ui->PaginaDeuda->LeePago();
+    m_declaracion.rectifica = escrito.rectifica;
+    m_declaracion.montos = escrito.montos;
+    m_declaracion.pago = escrito.pago;
 }
 
 void Frm518::AlActivar() {
     RefrescaGrilla();
     if (!focusWidget()) // it opens: the first key belongs to the page, not to the tabs above it
-        EnfocaPrimerCampo();
+        LasPaginas().EnfocaPrimerCampo();
     m_ui->PaginaIdentificacion->EnfocaOrden();
 }
 
@@ -210,6 +212,7 @@ void Frm518::RefrescaGrilla(std::function<void()> despues) {
 
 /// For who has a message of its own to tell: the grid is shown anew once more when that one closes.
 void Frm518::RefrescaSinPalabras() {
+    m_resguardo.AnotaDetalle();
     m_ui->PaginaPercepcion->Refresca(BaseDatos());
     LeeTotalesDeGrilla({.titulo = {}, .seDetiene = false, .alFallar = [](const std::exception_ptr&) {}}, {});
 }
@@ -302,11 +305,13 @@ Salida Frm518::AlDejarPeriodo() {
 void Frm518::AlRectificar(bool si) {
     if (si && !m_cargando)
         m_avisos.Muestra(RecordatorioDeRectificar());
-    m_modificado = true;
+    Cambia();
 }
 
 void Frm518::AlCambiarPestania(int nueva) {
     PonContextoAyuda(AyudaDe(nueva));
+    if (m_modificado)
+        m_resguardo.Anota();
     if (m_volviendo)
         return;
     m_ui->PaginaDeuda->DejaCasilla402();
@@ -316,7 +321,7 @@ void Frm518::AlCambiarPestania(int nueva) {
         m_ui->PaginaIdentificacion->CongelaClave();
     m_ui->PaginaPercepcion->MuestraCuenta(m_declaracion.clientes);
     if (vale)
-        EnfocaPrimerCampo();
+        LasPaginas().EnfocaPrimerCampo();
 }
 
 /// A base that fails in the middle of the check counts as a refusal: nobody goes on unchecked.
@@ -344,20 +349,12 @@ bool Frm518::TomaLaClave() {
     }
 }
 
-void Frm518::EnfocaPrimerCampo() {
-    const QWidget* pagina = m_ui->SSTab1->currentWidget();
-    for (QWidget* control = pagina->nextInFocusChain(); control != pagina; control = control->nextInFocusChain()) {
-        if (pagina->isAncestorOf(control) && TomaFoco(*control)) {
-            control->setFocus();
-            return;
-        }
-    }
-}
-
 /// Any use of a button counts as a change, even when its dialog was cancelled; not when it ended early.
 void Frm518::Opcion(int indice) {
-    if (AtiendeOpcion(indice))
-        m_modificado = true;
+    if (!AtiendeOpcion(indice))
+        return;
+    m_modificado = true;
+    m_resguardo.AnotaDetalle();
 }
 
 bool Frm518::AtiendeOpcion(int indice) {
@@ -369,12 +366,14 @@ bool Frm518::AtiendeOpcion(int indice) {
             return false;
         [[fallthrough]];
     case Nuevo:
+        m_resguardo.AnotaDetalle();
         if (m_dialogos.abreCliente)
             m_dialogos.abreCliente(
                 *this, {.clave = clave, .cliente = indice == Nuevo ? std::nullopt : cliente, .soloSeMira = EsFija()});
         return true;
     case Eliminar: return EliminaCliente();
     case Importar:
+        m_resguardo.AnotaDetalle();
         if (m_dialogos.abreImportacion)
             m_dialogos.abreImportacion(*this, {.clave = clave,
                                                .nombre = m_ui->PaginaIdentificacion->Nombre(),
@@ -432,6 +431,7 @@ void Frm518::Graba(const std::function<void()>& despues) {
 
 /// The clients are saved as the grid shows them.
 void Frm518::GrabaTodo(const std::function<void()>& despues) {
+    m_resguardo.EscribeYa(); // not in the middle of the save, which it would wait for
     RefrescaGrilla([this, despues] {
         GrabaAparte(*this, m_proceso, m_declaracion, m_tablas.guardado,
                     [this, despues](const ResultadoGrabacion& grabacion) { AlGrabar(grabacion, despues); });
@@ -447,6 +447,7 @@ void Frm518::AlGrabar(const ResultadoGrabacion& grabacion, const std::function<v
         m_avisos.Muestra(mensaje);
     m_tablas.guardado = grabacion.guardado;
     m_modificado = false;
+    m_resguardo.Quita();
     if (despues)
         despues();
 }
@@ -473,26 +474,24 @@ void Frm518::Salir() {
         }
     } else if (m_modificado) {
         const Mensaje pregunta{Icono::Pregunta, u"¿El formulario ha sido modificado, desea guardar los cambios?"_s, {}};
-        // The form goes even when the save was refused. Wanted: the question is about leaving.
-        if (m_avisos.Pregunta(pregunta) == Respuesta::Si)
+        const Respuesta respuesta = m_avisos.PreguntaConOtra(pregunta, u"&Cancelar"_s);
+        if (respuesta == Respuesta::Otra)
+            return;
+        // The form goes even when the save was refused. Wanted: the question is about leaving. What was typed is
+        // offered again then.
+        if (respuesta == Respuesta::Si)
             return Graba([this] { Deja(); });
+        m_resguardo.Quita();
     }
     Deja();
 }
 
 void Frm518::Deja() {
-    SueltaDatos();
+    if (m_modificado)
+        m_resguardo.EscribeYa();
+    LasPaginas().Suelta(BaseDatos());
     m_barra.Limpia(m_proceso.numFormulario);
     Termina();
-}
-
-/// A base that has gone must not keep the form open.
-void Frm518::SueltaDatos() {
-    try {
-        m_ui->PaginaPercepcion->Suelta(BaseDatos());
-    } catch (const ErrorBase&) {
-        return;
-    }
 }
 
 } // namespace xa518

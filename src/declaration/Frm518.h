@@ -4,6 +4,7 @@
 #include "declaration/ClientGrid.h"
 #include "declaration/CopyOfMonth.h"
 #include "declaration/Declaration.h"
+#include "declaration/Safekeeping.h"
 #include "declaration/TakenTables.h"
 #include "declaration/TaxPeriod.h"
 #include "form518/WorkClients.h"
@@ -26,6 +27,8 @@ namespace xa518 {
 class Avisos;
 class Base;
 class BarradeEstadoQMD;
+struct LoEscrito;
+struct PaginasDeDeclaracion;
 struct Proceso;
 struct ResultadoGrabacion;
 
@@ -90,14 +93,19 @@ class Frm518 : public Forma {
     void Carga();
     void CargaIdent();
     void CargaCasillasDeLaClave();
-    void CargaOrdenGuardado();
     void DesTodo();
     void MuestraParaMirar();
     void Conecta();
     void ConectaPaginas();
 
+    // What outlives the program.
+    void Retoma(const LoEscrito& escrito);
+    [[nodiscard]] SinGrabar Retrato() const;
+    void Cambia();
+
     // What is on the pages, and showing it.
     [[nodiscard]] ClaveDeclaracion Clave() const;
+    [[nodiscard]] PaginasDeDeclaracion LasPaginas() const;
     void LeePaginas();
     void RefrescaGrilla(std::function<void()> despues = {});
     void RefrescaSinPalabras();
@@ -118,7 +126,6 @@ class Frm518 : public Forma {
     [[nodiscard]] bool PestaniaVale(int nueva);
     [[nodiscard]] bool TomaLaClave();
     [[nodiscard]] bool ClaveVale(int nueva);
-    void EnfocaPrimerCampo();
     void Opcion(int indice);
     [[nodiscard]] bool AtiendeOpcion(int indice);
     [[nodiscard]] bool EliminaCliente();
@@ -132,7 +139,6 @@ class Frm518 : public Forma {
     void AlGrabar(const ResultadoGrabacion& grabacion, const std::function<void()>& despues);
     void RegistraOrden();
     void Deja();
-    void SueltaDatos();
 
     Proceso& m_proceso;
     Avisos& m_avisos;
@@ -145,6 +151,7 @@ class Frm518 : public Forma {
     std::optional<CopiaDelMes> m_copia; ///< once the controls are there
 
     TablasTomadas m_tablas; ///< this form's while it lives
+    Resguardo m_resguardo;
     Declaracion m_declaracion;
     bool m_modificado = false; ///< changed by the person since the load or the last save
     bool m_cargando = true;    ///< silences the reminder of the rectification

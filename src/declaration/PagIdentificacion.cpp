@@ -119,6 +119,23 @@ void PagIdentificacion::MuestraElegida(const DeclaracionElegida& elegida) {
     m_ui->TxtRazon->setText(elegida.nombre);
 }
 
+void PagIdentificacion::Retoma(const DeclaracionElegida& elegida, const QString& periodo) {
+    QComboBox& lista = *m_ui->CmbRuc;
+    m_ui->MkePeriodo->setText(periodo);
+    if (elegida.clave.ruc.Texto().isEmpty())
+        return;
+    for (int fila = 0; fila < lista.count(); ++fila) {
+        if (RucDeItem(lista.itemText(fila)) == elegida.clave.ruc)
+            lista.setCurrentIndex(fila);
+    }
+    if (lista.currentIndex() < 0) {
+        lista.addItem(Item({.ruc = elegida.clave.ruc, .nombre = elegida.nombre}));
+        lista.setCurrentIndex(lista.count() - 1);
+    }
+    m_ui->TxtRazon->setText(NombreDeItem(lista.currentText()));
+    AjustaCombo(*this, lista);
+}
+
 void PagIdentificacion::MuestraEnviada(const DeclaracionElegida& elegida) {
     MuestraElegida(elegida);
     m_ui->Frame10->show();

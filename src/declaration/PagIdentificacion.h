@@ -30,6 +30,9 @@ class PagIdentificacion : public QWidget {
     /// `usuario` is whose declarants they are.
     void MuestraNueva(const QList<DeclaranteOfrecido>& declarantes, const QString& usuario);
     void MuestraElegida(const DeclaracionElegida& elegida);
+    /// Of a new declaration that is taken up again: the declarant that was chosen, if any, also where he isn't among
+    /// those that are offered any more, and the period as it stood in its field.
+    void Retoma(const DeclaracionElegida& elegida, const QString& periodo);
     void MuestraEnviada(const DeclaracionElegida& elegida);
 
     /// What the rules look at.

@@ -20,8 +20,6 @@ void TablasTomadas::TomaClave(Base& base, const ClaveDeclaracion& clave) {
     const EstadoGuardado ahora = EstadoGuardado::De(base, clave);
     if (!guardado.Existe() && !ahora.Existe())
         guardado = ahora;
-    if (presencia != nullptr)
-        presencia->AnotaEstado(guardado.Texto());
 }
 
 void TomaTablas(QWidget& ventana, const Proceso& proceso, const std::optional<DeclaracionElegida>& elegida,
@@ -31,21 +29,27 @@ void TomaTablas(QWidget& ventana, const Proceso& proceso, const std::optional<De
         elegida ? elegida->clave : ClaveDeclaracion{.ruc = {}, .periodo = {}, .formulario = proceso.numFormulario};
     const bool soloSeMira = elegida && !elegida->soloSeMira.isEmpty();
     const auto marca = soloSeMira ? nullptr : std::make_shared<TrabajoUnico>(*proceso.baseDatos, clave);
-    const std::optional<EstadoGuardado> recuperada = elegida ? elegida->recuperada : std::nullopt;
+    const std::optional<SinGrabar> retomada = elegida ? elegida->retomada : std::nullopt;
     CorreTarea(
         ventana, {.titulo = u"Abriendo la declaración"_s, .alFallar = std::move(alFallar)},
-        [aparte = ProcesoAparte(proceso), clave, recuperada](Avance& avance) {
+        [aparte = ProcesoAparte(proceso), clave, retomada](Avance& avance) {
             const Proceso suyo = aparte.Abre();
-            const TrabajoSeguido seguido(*suyo.baseDatos, avance, FilasDelDetalle(*suyo.baseDatos, clave));
-            const EstadoGuardado guardado = recuperada.value_or(EstadoGuardado::De(*suyo.baseDatos, clave));
-            if (!recuperada)
-                TablasTrabajo(*suyo.baseDatos).Reconstruye(clave);
-            return std::pair(LeeTotalesDeCarga(*suyo.baseDatos), guardado);
+            Base& base = *suyo.baseDatos;
+            const TrabajoSeguido seguido(base, avance, FilasDelDetalle(base, clave));
+            TablasTomadas tablas;
+            if (retomada) {
+                tablas.guardado = retomada->guardado;
+                tablas.completado = CompletaElDetalle(base);
+            } else {
+                tablas.guardado = EstadoGuardado::De(base, clave);
+                TablasTrabajo(base).Reconstruye(clave);
+            }
+            tablas.totales = LeeTotalesDeCarga(base);
+            return tablas;
         },
-        [marca, alTenerlas = std::move(alTenerlas)](const std::pair<TotalesDeGrilla, EstadoGuardado>& leido) {
-            if (Presencia* presencia = marca ? marca->LaPresencia() : nullptr)
-                presencia->AnotaEstado(leido.second.Texto());
-            alTenerlas({marca, leido.first, leido.second});
+        [marca, alTenerlas = std::move(alTenerlas)](TablasTomadas tablas) {
+            tablas.marca = marca;
+            alTenerlas(tablas);
         });
 }
 

@@ -22,6 +22,8 @@ struct TablasTomadas {
     std::shared_ptr<TrabajoUnico> marca; ///< none over a declaration that is only looked at
     TotalesDeGrilla totales;
     EstadoGuardado guardado; ///< how the declaration stood when its rows were read
+    /// What a declaration that is taken up again had half done; nothing of any other.
+    std::optional<DetalleCompletado> completado{};
 
     /// The key of a new declaration stays from here on, and it is this seat's: another one that began the same first
     /// keeps it. What was done earlier with one of that key, sent or deleted since, is nobody's change under this one.

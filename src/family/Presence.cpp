@@ -62,11 +62,6 @@ void Presencia::Toma(const ClaveDeclaracion& clave) {
     m_tomada = cual;
 }
 
-void Presencia::AnotaEstado(const QString& estado) {
-    if (m_tomada)
-        m_base->LosPuestos()->Anota(*m_tomada, estado);
-}
-
 void ExigeSinAbiertasDe(Base& base, const Ruc& ruc) {
     if (base.LosPuestos() == nullptr)
         return;

@@ -35,8 +35,6 @@ class Presencia {
 
     /// The declaration got its key; the same one once more is no other. Raises as above.
     void Toma(const ClaveDeclaracion& clave);
-    /// How it stood when it was opened, for whoever finds the seat after a crash.
-    void AnotaEstado(const QString& estado);
 
   private:
     Base* m_base;

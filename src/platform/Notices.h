@@ -4,7 +4,8 @@
 
 namespace xa518 {
 
-enum class Respuesta { Si, No };
+/// `Otra` only to a question that offers a third answer.
+enum class Respuesta { Si, No, Otra };
 
 /// The one way in which a message or a question reaches the person. Answers come only from here, so that a test can
 /// give them. An empty title shows as the caption of the form in front.
@@ -23,6 +24,11 @@ class Avisos {
         return HazPregunta(mensaje, preseleccionada);
     }
 
+    /// The same with a third answer of that text, which leaves everything as it is; Esc and the close button give it.
+    [[nodiscard]] Respuesta PreguntaConOtra(const Mensaje& mensaje, const QString& otra) {
+        return HazPreguntaConOtra(mensaje, otra);
+    }
+
     /// The utility object's message: exclamation icon, one button.
     void MuestraMensaje(const QString& texto, const QString& titulo = {}) {
         HazMuestra({Icono::Exclamacion, texto, titulo});
@@ -31,6 +37,7 @@ class Avisos {
   private:
     virtual void HazMuestra(const Mensaje& mensaje) = 0;
     virtual Respuesta HazPregunta(const Mensaje& mensaje, Respuesta preseleccionada) = 0;
+    virtual Respuesta HazPreguntaConOtra(const Mensaje& mensaje, const QString& otra) = 0;
 };
 
 } // namespace xa518

@@ -80,4 +80,16 @@ Respuesta AvisosEnPantalla::HazPregunta(const Mensaje& mensaje, Respuesta presel
     return caja.clickedButton() == si ? Respuesta::Si : Respuesta::No;
 }
 
+Respuesta AvisosEnPantalla::HazPreguntaConOtra(const Mensaje& mensaje, const QString& otra) {
+    Caja caja(mensaje, u"CajaPregunta"_s);
+    QPushButton* si = caja.Boton("CmdSi"_L1, u"&Sí"_s, QMessageBox::YesRole);
+    QPushButton* no = caja.Boton("CmdNo"_L1, u"&No"_s, QMessageBox::NoRole);
+    caja.setEscapeButton(caja.Boton("CmdOtra"_L1, otra, QMessageBox::RejectRole));
+    caja.setDefaultButton(si);
+    caja.Espera();
+    if (caja.clickedButton() == si)
+        return Respuesta::Si;
+    return caja.clickedButton() == no ? Respuesta::No : Respuesta::Otra;
+}
+
 } // namespace xa518

@@ -81,34 +81,6 @@ TEST_F(SharedModuleTest, WhatAnotherSeatHasOpenIsLookedAtOnlyAndNotDeleted) {
     EXPECT_TRUE(otro->LosPuestos()->Ocupa(kSetiembre));
 }
 
-TEST_F(SharedModuleTest, TheRowsOfACrashAreOfferedAtTheNextStart) {
-    AbreElProceso();
-    (void)OcupaPuesto(proceso);
-    ASSERT_TRUE(proceso.baseDatos->LosPuestos()->Ocupa(kSetiembre));
-    proceso.baseDatos->LosPuestos()->Anota(
-        kSetiembre,
-        EstadoGuardado::De(*base, {.ruc = Ruc(kAna), .periodo = *Periodo::DeTabla(u"202609"), .formulario = u"0518"_s})
-            .Texto());
-    proceso.baseDatos->Ejecuta(u"INSERT INTO TMPF518PCAB (tip_doc_per, num_doc_per, des_razon, mto_base_p, mto_imp_p)"
-                               " VALUES (6, '20500000007', 'SIN GRABAR', '10', '1')"_s);
-    Registros pid = proceso.baseDatos->Lee(u"SELECT pg_backend_pid()"_s);
-    ASSERT_TRUE(pid.Siguiente());
-    PideAlServidor(u"SELECT pg_terminate_backend(%1, 5000)"_s.arg(pid.Entero(0)));
-
-    const QString pregunta =
-        u"La última vez el programa se cerró sin terminar con la declaración 0518 de 09/2026 del RUC %1. Sus clientes y"
-        " comprobantes siguen en este puesto, sin grabar.\n\n¿Desea recuperarlos?"_s.arg(kAna);
-    avisos.EsperaPregunta(pregunta, Respuesta::Si);
-    avisos.EsperaPregunta(u"¿El formulario ha sido modificado, desea guardar los cambios?"_s, Respuesta::No);
-    AlAbrir(u"Frm518", [](QWidget& forma) {
-        EXPECT_EQ(De<QLineEdit>(forma, "TxtRazon").text(), u"ANA  S.A."_s);
-        EXPECT_EQ(De<QLineEdit>(forma, "TxtBase").text(), u"10"_s);
-        Clic(forma, "CmdCancelar");
-    });
-    (void)Arranca();
-    (void)Arranca(); // what was left on purpose isn't offered
-}
-
 TEST_F(SharedModuleTest, AnAccountThatReadsAloneOpensAndShowsButGreysWhatWrites) {
     const QString cuenta = u"lee_%1"_s.arg(QCoreApplication::applicationPid());
     PideAlServidor(u"CREATE ROLE %1 LOGIN"_s.arg(cuenta));

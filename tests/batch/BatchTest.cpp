@@ -1,10 +1,34 @@
 #include "batch/Arguments.h"
 #include "batch/BatchFixture.h"
 #include "family/WorkLock.h"
+#include "form518/UnsavedDeclaration.h"
 
 #include <QProcess>
 
 namespace {
+
+TEST_F(Batch, PutsAsideWhatTheModuleHasLeftUnsavedAndSaysSo) {
+    const auto base = Base::Abre(m_lugar.Ruta());
+    TablaSinGrabar tabla(*base);
+    tabla.Escribe({.nueva = true,
+                   .clave = {.ruc = Ruc(kRuc), .periodo = Periodo(2026, 10), .formulario = u"0518"_s},
+                   .escrito = u"{}"_s,
+                   .usuario = u"ANA"_s,
+                   .equipo = u"CAJA-1"_s,
+                   .momento = QDateTime(QDate(2026, 11, 20), QTime(8, 51))});
+    const QString archivos = u" --percepciones "_s + Ejemplo();
+    EXPECT_EQ(Corre(u"importar --probar"_s + kClave + archivos), 0);
+    EXPECT_TRUE(tabla.Lee()) << "a trial touches nothing";
+    EXPECT_EQ(m_errores, QString());
+    EXPECT_EQ(Corre(u"declarar --json --efectivo"_s + kClave + archivos), 0);
+    EXPECT_TRUE(
+        m_errores.contains(u", período 10/2026, con 0 comprobantes, del 20/11/2026 08:51. Quedó apartada por 7 días;"))
+        << m_errores.toStdString();
+    EXPECT_FALSE(tabla.Lee());
+    EXPECT_EQ(tabla.Apartadas().size(), 1);
+    EXPECT_EQ(Corre(u"declarar --efectivo"_s + kClave), 0);
+    EXPECT_EQ(m_errores, QString());
+}
 
 TEST_F(Batch, DeclaresAMonthFromATextFile) {
     ASSERT_EQ(Corre(u"declarar"_s + kClave + u" --efectivo --json --percepciones "_s + Ejemplo()), 0)

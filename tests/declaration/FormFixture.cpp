@@ -46,6 +46,11 @@ void ConFormulario::AbreRegistrada() {
     Abre(LaRegistrada());
 }
 
+void ConFormulario::AbreRetomada() {
+    const SinGrabar fila = TablaSinGrabar(*m_base).Lee().value().fila;
+    Abre(DeclaracionElegida{.clave = fila.clave, .nombre = u"COMERCIAL DEL VALLE S.A.C."_s, .retomada = fila});
+}
+
 DeclaracionElegida ConFormulario::LaRegistrada() {
     return {.clave = {.ruc = Ruc(kRucDeclarante), .periodo = Periodo(2026, 10), .formulario = kNumFormulario},
             .nombre = u"COMERCIAL DEL VALLE S.A.C."_s};

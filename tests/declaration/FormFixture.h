@@ -23,6 +23,8 @@ class ConFormulario : public testing::Test {
 
     void AbreNueva();
     void AbreRegistrada();
+    /// What the form before it has left unsaved.
+    void AbreRetomada();
     /// Makes the registered declaration a sent copy, with that order number, and opens it.
     void AbreEnviada(const QString& norden = QStringLiteral("0"));
 

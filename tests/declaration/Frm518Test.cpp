@@ -245,6 +245,64 @@ TEST_F(Frm518Test, LeavingAsksOnlyAfterAChangeAndGoesInAnyCase) {
     EXPECT_FALSE(m_forma->isVisible());
 }
 
+TEST_F(Frm518Test, WhatIsTypedOutlivesTheFormUntilItIsSavedOrLeft) {
+    const QString kImporte = u"\"410\":\"1,000\""_s;
+    const auto escrito = [this] { return m_base.Filas(u"SELECT Escrito FROM TMPF518SINGRABAR"_s).join(u'|'); };
+    AbreNueva();
+    Identifica();
+    VaAPestania(1);
+    AgregaCliente(6, u"20500000007"_s, u"1000.00"_s);
+    EXPECT_TRUE(escrito().contains(u"10/2026")) << "the detail isn't waited for";
+    Paga(u"1000"_s);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return escrito().contains(kImporte); }));
+
+    m_forma.reset(); // as a crash ends it
+    AbreRetomada();
+    EXPECT_EQ(Control<QTabWidget>(u"SSTab1"_s).currentIndex(), 2);
+    EXPECT_EQ(Texto(u"TxtValor_410"_s) + Texto(u"TxtValor_405"_s), u"1,0001,000"_s);
+    EXPECT_TRUE(Control<QAbstractButton>(u"OptEfectivo"_s).isChecked());
+    m_avisos.EsperaPregunta(kModificado, Respuesta::Otra);
+    Pulsa(u"CmdCancelar"_s);
+    EXPECT_TRUE(m_forma->isVisible()) << "it stays";
+    EXPECT_FALSE(escrito().isEmpty());
+    m_avisos.Espera(kLimpia);
+    Pulsa(u"CmdGrabar"_s);
+    EXPECT_TRUE(escrito().isEmpty());
+
+    VaAPestania(1);
+    AgregaCliente(1, u"45678901"_s, u"1.00"_s);
+    EXPECT_FALSE(escrito().isEmpty());
+    m_avisos.EsperaPregunta(kModificado, Respuesta::No);
+    Pulsa(u"CmdCancelar"_s);
+    EXPECT_TRUE(escrito().isEmpty()) << "it was left on purpose";
+}
+
+TEST_F(Frm518Test, WhatIsOnlyLookedAtIsNotKept) {
+    GrabaUna();
+    m_base->Ejecuta(u"INSERT INTO DET (Doc_id_d, tip_doc_d, periodo, Formulario, Casilla, i_valor) SELECT Doc_id_d,"
+                    " tip_doc_d, periodo, Formulario, '871', '1' FROM CAB"_s);
+    AbreRegistrada();
+    EXPECT_TRUE(Control<QAbstractButton>(u"OptRectifica_1"_s).isChecked());
+    VaAPestania(2);
+    Pulsa(u"CmdCancelar"_s);
+    EXPECT_EQ(m_base.Filas(u"SELECT count(*) FROM TMPF518SINGRABAR"_s), QStringList{u"0"_s});
+}
+
+/// Taken up again, it isn't saved over what another program has made of it meanwhile.
+TEST_F(Frm518Test, ARetakenDeclarationKeepsTheGuardOfItsHead) {
+    GrabaUna();
+    AbreRegistrada();
+    VaAPestania(1);
+    AgregaCliente(1, u"45678901"_s, u"1.00"_s);
+    m_forma.reset();
+    m_base->Ejecuta(u"UPDATE CAB SET cNumero = '999999'"_s);
+    AbreRetomada();
+    m_avisos.Espera(u"La declaración 0518 de 10/2026 fue cambiada por otro medio mientras estaba abierta aquí.\n\nNo se"
+                    " ha grabado nada; lo que ingresó sigue en la pantalla."_s);
+    Pulsa(u"CmdGrabar"_s);
+    EXPECT_EQ(m_base.Filas(u"SELECT count(*) FROM F518PCAB"_s), QStringList{u"1"_s});
+}
+
 TEST_F(Frm518Test, ADeletedClientTakesHisVouchersAndTheTotalsFollow) {
     GrabaUna();
     AbreRegistrada();

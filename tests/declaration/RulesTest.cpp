@@ -1,5 +1,6 @@
 #include "declaration/Boxes.h"
 #include "declaration/Consistency.h"
+#include "declaration/TypedForm.h"
 #include "support/Test.h"
 
 namespace {
@@ -26,6 +27,28 @@ TEST(Boxes, ArithmeticFollowsEveryChange) {
             montos.Cambia(casilla, {});
         EXPECT_EQ(montos.Texto(403) + montos.Texto(405), QString()) << "emptied sources empty the results";
     }
+}
+
+TEST(TypedForm, ComesBackFromItsTextAndNothingComesFromHalfOfIt) {
+    LoEscrito escrito;
+    escrito.periodo = u"1_/____"_s;
+    escrito.montos.Cambia(401, u"1,000"_s);
+    escrito.montos.Cambia(402, u"300"_s); // as it stands while it is being typed
+    escrito.pago = {.forma = FormaDePago::Cheque, .banco = u"02"_s, .numeroCheque = u"\"1'"_s};
+    escrito.rectifica = Rectificacion::No;
+    escrito.pestania = 2;
+    const QString json = escrito.EnJson();
+    const LoEscrito vuelto = LoEscrito::DeJson(json).value();
+    EXPECT_EQ(vuelto.montos.Texto(402) + vuelto.montos.Texto(403) + vuelto.montos.Texto(404), u"(300)700"_s);
+    EXPECT_EQ(vuelto.periodo + vuelto.pago.banco + vuelto.pago.numeroCheque, u"1_/____02\"1'"_s);
+    EXPECT_EQ(vuelto.pago.forma, FormaDePago::Cheque);
+    EXPECT_EQ(vuelto.rectifica, Rectificacion::No);
+    EXPECT_EQ(vuelto.pestania, 2);
+    EXPECT_FALSE(vuelto.claveFija);
+    for (const QString& roto : {QString(), u"{}"_s, json.chopped(1), QString(json).replace(u"\"402\""_s, u"\"40\""_s),
+                                QString(json).replace(u"\"pestania\":2"_s, u"\"pestania\":3"_s),
+                                QString(json).replace(u"\"banco\":\"02\""_s, u"\"banco\":2"_s)})
+        EXPECT_FALSE(LoEscrito::DeJson(roto)) << roto.toStdString();
 }
 
 const QString kRegla1 = u"Debe consignar el importe a pagar en Percepciones."_s;

@@ -23,6 +23,8 @@
 #include <QTimer>
 #include <QWheelEvent>
 
+#include <array>
+
 namespace {
 
 /// What gets further than noise does, and noise of the worse kind.
@@ -198,6 +200,9 @@ class AvisosAlAzar final : public Avisos {
     void HazMuestra(const Mensaje& /*mensaje*/) override {}
     Respuesta HazPregunta(const Mensaje& /*mensaje*/, Respuesta /*preseleccionada*/) override {
         return m_mono.Azar(2) ? Respuesta::Si : Respuesta::No;
+    }
+    Respuesta HazPreguntaConOtra(const Mensaje& /*mensaje*/, const QString& /*otra*/) override {
+        return std::array{Respuesta::Si, Respuesta::No, Respuesta::Otra}.at(m_mono.Azar(3));
     }
 
     Mono& m_mono;

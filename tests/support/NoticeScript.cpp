@@ -22,6 +22,11 @@ Respuesta AvisosDePrueba::HazPregunta(const Mensaje& mensaje, Respuesta preselec
     return Atiende(m_mostrados.last().mensaje, true).value_or(Respuesta::No);
 }
 
+Respuesta AvisosDePrueba::HazPreguntaConOtra(const Mensaje& mensaje, const QString& /*otra*/) {
+    m_mostrados.append({{mensaje.icono, mensaje.texto, TituloMostrado(mensaje)}, Respuesta::Si});
+    return Atiende(m_mostrados.last().mensaje, true).value_or(Respuesta::Otra);
+}
+
 std::optional<Respuesta> AvisosDePrueba::Atiende(const Mensaje& mensaje, bool esPregunta) {
     if (m_alMostrar)
         m_alMostrar();

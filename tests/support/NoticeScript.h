@@ -44,6 +44,7 @@ class AvisosDePrueba final : public Avisos {
 
     void HazMuestra(const Mensaje& mensaje) override;
     Respuesta HazPregunta(const Mensaje& mensaje, Respuesta preseleccionada) override;
+    Respuesta HazPreguntaConOtra(const Mensaje& mensaje, const QString& otra) override;
     [[nodiscard]] std::optional<Respuesta> Atiende(const Mensaje& mensaje, bool esPregunta);
 
     QList<Paso> m_guion;

@@ -169,6 +169,18 @@ TEST(NoticeBoxesTest, AQuestionIsAnsweredByItsButtonsOnly) {
     }
 }
 
+TEST(NoticeBoxesTest, EscGivesTheThirdAnswerWhichChangesNothing) {
+    AvisosEnPantalla avisos;
+    const std::pair<Qt::Key, Respuesta> casos[] = {
+        {Qt::Key_Escape, Respuesta::Otra}, {Qt::Key_N, Respuesta::No}, {Qt::Key_M, Respuesta::Otra}};
+    for (const auto& [tecla, respuesta] : casos) {
+        CuandoSeVea([tecla = tecla](QMessageBox& caja) {
+            QTest::keyClick(&caja, tecla, tecla == Qt::Key_Escape ? Qt::NoModifier : Qt::AltModifier);
+        });
+        EXPECT_EQ(avisos.PreguntaConOtra({Icono::Pregunta, u"¿?"_s, u"t"_s}, u"&Más tarde"_s), respuesta);
+    }
+}
+
 /// The sign for what doesn't fit in a bar comes late, and is the desktop's own.
 /// Whatever the desktop thinks of it: otherwise Modificar and Eliminar act on a row that can't be told from the others.
 TEST(ApplicationTest, AMarkedRowShowsWhereverTheKeyboardIs) {

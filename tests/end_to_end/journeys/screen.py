@@ -136,6 +136,10 @@ class Screen:
         if found != code:
             raise Lost(f"the program ended with {found}")
 
+    def kills(self):
+        """The program whose window is in front, at once, as a power cut ends it."""
+        os.kill(int(self._ask("xdotool", "getactivewindow", "getwindowpid")), signal.SIGKILL)
+
     def takes_keys(self):
         """The window in front has the keyboard, which the window manager gives it a moment after it shows."""
         return self._ask("xdotool", "getwindowfocus").strip() == self.active()
