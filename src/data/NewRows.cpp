@@ -1,5 +1,6 @@
 #include "data/NewRows.h"
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -83,10 +84,11 @@ void FilasNuevas::CierraFila() {
     m_enCurso = m_bytes.size();
 }
 
-void FilasNuevas::Vacia() {
-    m_bytes.clear();
-    m_comienzos.clear();
-    m_enCurso = 0;
+void FilasNuevas::Acorta(size_t cuantas) {
+    if (cuantas < m_comienzos.size())
+        m_enCurso = m_comienzos[cuantas];
+    m_bytes.resize(m_enCurso);
+    m_comienzos.resize(std::min(cuantas, m_comienzos.size()));
 }
 
 FilasNuevas::Valor FilasNuevas::Lector::Siguiente() {

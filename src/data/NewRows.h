@@ -24,7 +24,9 @@ class FilasNuevas {
     /// Ends a row, whose values must all have been put.
     void CierraFila();
 
-    void Vacia();
+    void Vacia() { Acorta(0); }
+    /// Keeps so many rows from the first on, of those that are ended; one that is being put goes as well.
+    void Acorta(size_t cuantas);
     [[nodiscard]] size_t Cuantas() const { return m_comienzos.size(); }
     [[nodiscard]] const QString& NombreDeTabla() const { return m_tabla; }
     [[nodiscard]] const QStringList& Columnas() const { return m_columnas; }

@@ -46,6 +46,10 @@ FilaTasa CatalogoTasas::Busca(const QString& clase, Periodo mes) {
     return *m_leidas.insert(clave, LeeFila(clase, VigenciaPara(Vigencias(clase), mes.Texto())));
 }
 
+bool CatalogoTasas::Conoce(const QString& clase, Periodo mes) const {
+    return m_leidas.contains(clase + mes.Texto());
+}
+
 QStringList CatalogoTasas::Vigencias(const QString& clase) const {
     Registros filas = m_base->Lee(SqlTasas(TramosTasa::kDesde.inicio - 1), {Comienzo(clase)});
     QStringList vigencias;

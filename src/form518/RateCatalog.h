@@ -26,6 +26,8 @@ class CatalogoTasas {
     /// The row of `clase` in force in `mes`; "0" and "0" when none is: no class, no month, or one before the first row.
     /// Raises `Desbordamiento` when a class has more than 19 rows.
     [[nodiscard]] FilaTasa Busca(const QString& clase, Periodo mes);
+    /// Whether that row has been read before, so that the base isn't asked for it.
+    [[nodiscard]] bool Conoce(const QString& clase, Periodo mes) const;
 
   private:
     [[nodiscard]] QStringList Vigencias(const QString& clase) const;

@@ -51,16 +51,25 @@ void PonSinVacio(FilasNuevas& filas, const QString& texto) {
 
 } // namespace
 
-AltasTrabajo::AltasTrabajo(Base& base)
-    : m_base(&base)
-    , m_nuevosClientes{FilasNuevas(base.Describe(kTablaClientes), ColumnasDeClientes()), {}}
-    , m_nuevosComprobantes{FilasNuevas(base.Describe(kTablaComprobantes), ColumnasDe(DatosDeComprobantes())), {}}
-    , m_nuevosPagos{FilasNuevas(base.Describe(kTablaPagos), ColumnasDe(DatosDePagos())), {}} {}
+void AltasTrabajo::Nuevas::Olvida(qint64 desdeLinea) {
+    const auto desde = std::lower_bound(lineas.begin(), lineas.end(), desdeLinea);
+    filas.Acorta(static_cast<size_t>(desde - lineas.begin()));
+    lineas.erase(desde, lineas.end());
+}
 
-void AltasTrabajo::Empieza() {
+AltasTrabajo::Tablas::Tablas(Base& base)
+    : clientes{FilasNuevas(base.Describe(kTablaClientes), ColumnasDeClientes()), {}}
+    , comprobantes{FilasNuevas(base.Describe(kTablaComprobantes), ColumnasDe(DatosDeComprobantes())), {}}
+    , pagos{FilasNuevas(base.Describe(kTablaPagos), ColumnasDe(DatosDePagos())), {}} {}
+
+AltasTrabajo::AltasTrabajo(Base& base) : m_base(&base), m_nuevas(base), m_apartadas(base) {}
+
+bool AltasTrabajo::Empieza() {
     const qint64 version = m_base->Version();
     if (m_version == version)
-        return;
+        return false;
+    for (Nuevas* nuevas : m_nuevas.Cada())
+        nuevas->Olvida(0);
     m_clientes = {};
     m_comprobantes = {};
     m_pagos = {};
@@ -69,6 +78,7 @@ void AltasTrabajo::Empieza() {
     LeeComprobantes();
     LeePagos();
     m_version = version;
+    return true;
 }
 
 void AltasTrabajo::LeeClientes() {
@@ -177,18 +187,18 @@ std::optional<AltasTrabajo::Cobro> AltasTrabajo::BuscaCobro(const ClaveComproban
 
 void AltasTrabajo::Agrega(const ClaveCliente& cliente, const NombresCliente& nombres, qint64 linea) {
     m_clientes.PonNumero(m_clientes.Pon(Clave(cliente)), kEnTabla);
-    FilasNuevas& filas = m_nuevosClientes.filas;
+    FilasNuevas& filas = m_nuevas.clientes.filas;
     filas.Pon(cliente.tipoDoc.Valor()).Pon(cliente.numero);
     for (const auto* nombre : {&nombres.razon, &nombres.apellidoP, &nombres.apellidoM, &nombres.nombres})
         PonSiHay(filas, *nombre);
     filas.CierraFila();
-    m_nuevosClientes.lineas.push_back(linea);
+    m_nuevas.clientes.lineas.push_back(linea);
 }
 
 /// In the order of `DatosDeComprobantes`.
 void AltasTrabajo::Agrega(const ClaveComprobante& clave, const CamposComprobante& campos, qint64 linea) {
     m_comprobantes.PonNumero(Pon(clave), PonCobro(campos.fecha, campos.base.Texto()));
-    FilasNuevas& filas = m_nuevosComprobantes.filas;
+    FilasNuevas& filas = m_nuevas.comprobantes.filas;
     filas.Pon(clave.cliente.tipoDoc.Valor()).Pon(clave.cliente.numero).Pon(clave.serie).Pon(clave.numero);
     filas.Pon(clave.tipCp);
     PonSinVacio(filas, campos.cpFact);
@@ -197,28 +207,48 @@ void AltasTrabajo::Agrega(const ClaveComprobante& clave, const CamposComprobante
     PonSinVacio(filas, TextoDePercepcion(campos.percepcion));
     filas.Pon(campos.tasa);
     filas.CierraFila();
-    m_nuevosComprobantes.lineas.push_back(linea);
+    m_nuevas.comprobantes.lineas.push_back(linea);
 }
 
 /// In the order of `DatosDePagos`.
 void AltasTrabajo::Agrega(const ComprobanteDePago& pago, qint64 linea) {
     const ClaveComprobante& comprobante = pago.clave.comprobante;
     m_pagos.Pon(Clave(pago.clave, Pon(comprobante)));
-    FilasNuevas& filas = m_nuevosPagos.filas;
+    FilasNuevas& filas = m_nuevas.pagos.filas;
     filas.Pon(comprobante.cliente.tipoDoc.Valor()).Pon(comprobante.cliente.numero);
     filas.Pon(comprobante.serie).Pon(comprobante.numero);
     filas.Pon(pago.clave.tipo).Pon(pago.clave.serie).Pon(pago.clave.numero).Pon(pago.fecha).Pon(pago.monto.Texto());
     filas.CierraFila();
-    m_nuevosPagos.lineas.push_back(linea);
+    m_nuevas.pagos.lineas.push_back(linea);
+}
+
+/// What is remembered of such rows stays, so that the tables have to be read again before the next one.
+void AltasTrabajo::Olvida(qint64 desdeLinea) {
+    for (Nuevas* nuevas : m_nuevas.Cada()) {
+        if (nuevas->lineas.empty() || nuevas->lineas.back() < desdeLinea)
+            continue;
+        nuevas->Olvida(desdeLinea);
+        m_version.reset();
+    }
+}
+
+void AltasTrabajo::Aparta() {
+    std::swap(m_nuevas, m_apartadas);
+    for (Nuevas* nuevas : m_nuevas.Cada())
+        nuevas->Olvida(0);
 }
 
 QList<qint64> AltasTrabajo::Escribe() {
+    Aparta();
+    return EscribeApartadas();
+}
+
+QList<qint64> AltasTrabajo::EscribeApartadas() {
     QList<qint64> rechazadas;
-    for (Nuevas* nuevas : {&m_nuevosClientes, &m_nuevosComprobantes, &m_nuevosPagos}) {
-        for (const size_t fila : m_base->AgregaFilas(nuevas->filas))
-            rechazadas.append(nuevas->lineas[fila]);
-        nuevas->filas.Vacia();
-        nuevas->lineas.clear();
+    for (Nuevas* apartadas : m_apartadas.Cada()) {
+        for (const size_t fila : m_base->AgregaFilas(apartadas->filas))
+            rechazadas.append(apartadas->lineas[fila]);
+        apartadas->Olvida(0);
     }
     if (!rechazadas.isEmpty())
         m_version.reset(); // a row is remembered that isn't there

@@ -14,13 +14,15 @@ class Base;
 /// Adds to the work tables as an import does, by the hundred thousand. What the tables hold is read once and kept in
 /// memory, as far as rows are compared by it, and a row that is added counts as stored from then on. It is written with
 /// many others by `Escribe`. One object serves a whole import.
+/// While one thread writes the rows that were set apart, another one may ask and add; the base belongs to the first.
 class AltasTrabajo {
   public:
     explicit AltasTrabajo(Base& base);
 
     /// Within the transaction in which the rows will be written, before the first of them: reads the tables, anew when
-    /// somebody else has changed the base since.
-    void Empieza();
+    /// somebody else has changed the base since, which it tells. Rows that aren't set apart are then forgotten: they
+    /// were added to other tables.
+    bool Empieza();
 
     [[nodiscard]] bool Existe(const ClaveCliente& cliente);
     [[nodiscard]] bool Existe(const ClaveComprobante& clave);
@@ -39,9 +41,15 @@ class AltasTrabajo {
     void Agrega(const ClaveComprobante& clave, const CamposComprobante& campos, qint64 linea);
     void Agrega(const ComprobanteDePago& pago, qint64 linea);
 
-    /// Writes the rows that were added since the last time. Returns the lines whose rows the tables don't take, in
+    /// Forgets the rows of that line and those behind it, as far as they aren't set apart.
+    void Olvida(qint64 desdeLinea);
+    /// Sets apart the rows that were added since the last time, to be written by `EscribeApartadas`.
+    void Aparta();
+    /// Writes the rows that are set apart. Returns the lines whose rows the tables don't take, in
     /// their order, once for each row: somebody else has put a row there, which nobody can while the transaction lasts.
     /// After an error the transaction is only good to be undone.
+    [[nodiscard]] QList<qint64> EscribeApartadas();
+    /// The same for the rows that were added since the last time.
     [[nodiscard]] QList<qint64> Escribe();
 
   private:
@@ -51,6 +59,16 @@ class AltasTrabajo {
     struct Nuevas {
         FilasNuevas filas;
         std::vector<qint64> lineas;
+
+        void Olvida(qint64 desdeLinea);
+    };
+    struct Tablas {
+        explicit Tablas(Base& base);
+        [[nodiscard]] std::array<Nuevas*, 3> Cada() { return {&clientes, &comprobantes, &pagos}; }
+
+        Nuevas clientes;
+        Nuevas comprobantes;
+        Nuevas pagos;
     };
 
     void LeeClientes();
@@ -72,9 +90,8 @@ class AltasTrabajo {
     MemoriaDeClaves m_pagos;
     MemoriaDeClaves m_cobros; ///< dates and amounts of ordinary vouchers
     std::string m_clave;      ///< the last one that was put together
-    Nuevas m_nuevosClientes;
-    Nuevas m_nuevosComprobantes;
-    Nuevas m_nuevosPagos;
+    Tablas m_nuevas;
+    Tablas m_apartadas;
 };
 
 } // namespace xa518

@@ -2,6 +2,7 @@
 
 #include "form518/WorkAdditions.h"
 #include "import/FieldChecks.h"
+#include "import/ImportRate.h"
 
 #include <QVarLengthArray>
 
@@ -17,23 +18,32 @@ inline constexpr Codigo kClaveDuplicada{"0228"};
 /// Adds accepted lines to the work tables, a batch of them at a time.
 class Almacen {
   public:
-    explicit Almacen(Base& base) : m_tablas(base) {}
+    Almacen(Base& base, Periodo declarado, Periodo primerIgv) : m_tablas(base), m_tasas(base, declarado, primerIgv) {}
     Almacen(const Almacen&) = delete;
     Almacen& operator=(const Almacen&) = delete;
     virtual ~Almacen() = default;
 
-    /// Before the first line of a batch, within its transaction.
-    void Empieza() { m_tablas.Empieza(); }
+    /// Before the first line of a batch, within its transaction. Tells whether what had been taken before for that
+    /// batch is forgotten; see `AltasTrabajo::Empieza`.
+    bool Empieza() { return m_tablas.Empieza(); }
+
+    /// Whether `Guarda` takes a line without asking the base, so that it may run beside a thread that writes there.
+    [[nodiscard]] bool SinBase(const LineaComprobada& linea) const { return m_tasas.Conoce(linea); }
 
     /// Takes the rows of a line, `numero` in its file, as far as the tables have nothing against them. Raises `Error`
     /// for a failure that ends the run.
     [[nodiscard]] virtual Objeciones Guarda(const LineaComprobada& linea, qint64 numero) = 0;
 
-    /// Writes the rows taken; see `AltasTrabajo::Escribe`.
-    [[nodiscard]] QList<qint64> Escribe() { return m_tablas.Escribe(); }
+    /// Forgets, sets apart and writes the rows taken; see `AltasTrabajo`.
+    void Olvida(qint64 desdeLinea) { m_tablas.Olvida(desdeLinea); }
+    void Aparta() { m_tablas.Aparta(); }
+    [[nodiscard]] QList<qint64> EscribeApartadas() { return m_tablas.EscribeApartadas(); }
 
   protected:
-    AltasTrabajo m_tablas; // NOLINT(cppcoreguidelines-non-private-member-variables-in-classes)
+    // NOLINTBEGIN(cppcoreguidelines-non-private-member-variables-in-classes)
+    AltasTrabajo m_tablas;
+    TasaImportacion m_tasas;
+    // NOLINTEND(cppcoreguidelines-non-private-member-variables-in-classes)
 };
 
 /// A field as whoever makes a file has to know it.

@@ -29,6 +29,12 @@ QString Clase(Banda banda, const Respuestas& respuestas) {
     return ClaseEnBandaC(respuestas);
 }
 
+/// Wanted: for the means of payment stands the amount itself, so it is a yes only for an amount of exactly "1". The
+/// file carries no answer about them, and none may be put in its place.
+Respuestas RespuestasDe(const QString& credito, const QString& venta, const QString& lista, const QString& monto) {
+    return {.cpFact = credito == u'1', .listado = lista == u'1', .venta = venta == u'1', .medPago = monto == u'1'};
+}
+
 } // namespace
 
 TasaImportacion::TasaImportacion(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv)
@@ -36,13 +42,15 @@ TasaImportacion::TasaImportacion(Base& base, Periodo periodoDeclarado, Periodo f
     , m_periodo(periodoDeclarado)
     , m_banda(BandaDe(periodoDeclarado, fechaPrimerIgv)) {}
 
-/// Wanted: for the means of payment stands the amount itself, so it is a yes only for an amount of exactly "1". The
-/// file carries no answer about them, and none may be put in its place.
 FilaTasa TasaImportacion::NuevaTasa(const QString& credito, const QString& venta, const QString& lista,
                                     const QString& monto) {
-    const Respuestas respuestas{
-        .cpFact = credito == u'1', .listado = lista == u'1', .venta = venta == u'1', .medPago = monto == u'1'};
-    return m_catalogo.Busca(Clase(m_banda, respuestas), m_periodo);
+    return m_catalogo.Busca(Clase(m_banda, RespuestasDe(credito, venta, lista, monto)), m_periodo);
+}
+
+bool TasaImportacion::Conoce(const LineaComprobada& linea) const {
+    const Respuestas respuestas = RespuestasDe(linea[Campo::CreditoFiscal], linea[Campo::RespuestaVenta],
+                                               linea[Campo::ListaClientes], linea[Campo::MontoCobrado]);
+    return m_catalogo.Conoce(Clase(m_banda, respuestas), m_periodo);
 }
 
 } // namespace xa518

@@ -14,6 +14,8 @@ class TasaImportacion {
     /// Factor and rate for the answers as they stand in the line, each a "1" for yes.
     [[nodiscard]] FilaTasa NuevaTasa(const QString& credito, const QString& venta, const QString& lista,
                                      const QString& monto);
+    /// Whether that is told of the line's answers without asking the base.
+    [[nodiscard]] bool Conoce(const LineaComprobada& linea) const;
 
     [[nodiscard]] Banda BandaDeclarada() const { return m_banda; }
 

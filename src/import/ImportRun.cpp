@@ -2,6 +2,7 @@
 
 #include "family/Process.h"
 #include "form518/WorkTables.h"
+#include "import/DecidedLines.h"
 #include "import/ErrorSheet.h"
 #include "import/ErrorTexts.h"
 #include "import/Formats.h"
@@ -24,18 +25,6 @@ void Abre(QFile& archivo, const QString& ruta) {
     archivo.setFileName(ruta);
     if (!archivo.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         throw FallaDeArchivo(Intento::Leer, archivo);
-}
-
-Error ArchivoCambiado() {
-    return {NumeroError::AccesoAlDisco, u"El archivo ha cambiado mientras se importaba."_s};
-}
-
-/// The whole file was looked through before, so a line too long now is news.
-bool LeeLinea(LectorLineas& lector) {
-    const LectorLineas::Lectura lectura = lector.Siguiente();
-    if (lectura == LectorLineas::Lectura::DemasiadoLarga)
-        throw ArchivoCambiado();
-    return lectura == LectorLineas::Lectura::Linea;
 }
 
 } // namespace
@@ -134,31 +123,46 @@ void Transferencia::Pierde(qint64 lineas) {
 }
 
 void Transferencia::RecorreLineas(ObservadorImportacion& observador, Lotes& lotes, Almacen& almacen) {
-    LectorLineas lector(m_archivo);
-    while (LeeLinea(lector)) {
+    LineasDecididas lineas(m_archivo, m_revision.codificacion, m_formato, m_contexto, almacen);
+    while (lineas.Siguiente()) {
         if (!observador.Sigue(
-                {m_resultado.transferidos, m_resultado.rechazados, lector.BytesLeidos(), m_revision.bytes})) {
+                {m_resultado.transferidos, m_resultado.rechazados, lineas.BytesLeidos(), m_revision.bytes})) {
             m_resultado.fin = FinImportacion::Cancelada;
             return;
         }
-        if (lotes.EstaLleno()) {
-            EscribeLote(lotes, almacen);
-            lotes.Termina();
-        }
-        if (lotes.Linea())
-            almacen.Empieza();
+        if (lotes.EstaLleno())
+            EscribeYAdelanta(lotes, almacen, lineas);
+        if (lotes.Linea() && almacen.Empieza())
+            lineas.Repite();
         ++m_numeroLinea;
-        ImportaLinea(lector.Linea(), almacen);
+        const Dictamen dictamen = lineas.Decide();
+        AnotaLinea(lineas.Bytes(), dictamen);
     }
-    if (lector.BytesLeidos() != m_revision.bytes)
+    if (lineas.BytesLeidos() != m_revision.bytes)
         throw ArchivoCambiado();
 }
 
-/// Half a batch could be half of a line's rows: it is kept whole or not at all.
+/// The lines behind a batch are decided while it is written.
+void Transferencia::EscribeYAdelanta(Lotes& lotes, Almacen& almacen, LineasDecididas& lineas) {
+    almacen.Aparta();
+    lineas.Adelanta(lotes.LargoDelSiguiente(), [&] {
+        EscribeApartadas(lotes, almacen);
+        lotes.Termina();
+    });
+}
+
+/// Where the run ends before lines that are decided already, those have never been.
 void Transferencia::EscribeLote(Lotes& lotes, Almacen& almacen) {
+    almacen.Olvida(m_numeroLinea + 1);
+    almacen.Aparta();
+    EscribeApartadas(lotes, almacen);
+}
+
+/// Half a batch could be half of a line's rows: it is kept whole or not at all.
+void Transferencia::EscribeApartadas(Lotes& lotes, Almacen& almacen) {
     QList<qint64> rechazadas;
     try {
-        rechazadas = almacen.Escribe();
+        rechazadas = almacen.EscribeApartadas();
     } catch (const Error&) {
         lotes.Abandona();
         throw;
@@ -179,20 +183,19 @@ void Transferencia::RechazaEscritas(const QList<qint64>& lineas) {
             if (!LeeLinea(lector))
                 throw ArchivoCambiado();
         }
-        SeparaCampos(Decodifica(lector.Linea(), m_revision.codificacion), m_formato.Campos(), m_campos);
         --m_resultado.transferidos;
         Rechaza(lector.Linea(), {kClaveDuplicada});
     }
     m_numeroLinea = ultima;
 }
 
-void Transferencia::ImportaLinea(QByteArrayView bytes, Almacen& almacen) {
-    SeparaCampos(Decodifica(bytes, m_revision.codificacion), m_formato.Campos(), m_campos);
-    const Refutacion refutacion = CompruebaLinea(m_formato.comprobaciones, m_campos, m_contexto, m_linea);
-    if (refutacion)
-        return Rechaza(bytes, refutacion);
+void Transferencia::AnotaLinea(QByteArrayView bytes, const Dictamen& dictamen) {
+    if (dictamen.refutacion)
+        return Rechaza(bytes, dictamen.refutacion);
     ++m_resultado.transferidos;
-    for (const Codigo objecion : almacen.Guarda(m_linea, m_numeroLinea)) {
+    if (dictamen.falla)
+        std::rethrow_exception(dictamen.falla);
+    for (const Codigo objecion : dictamen.objeciones) {
         // Wanted: only a duplicate key takes the line back from the transferred ones; see `ResultadoImportacion`.
         if (objecion == kClaveDuplicada)
             --m_resultado.transferidos;
@@ -204,9 +207,15 @@ void Transferencia::ImportaLinea(QByteArrayView bytes, Almacen& almacen) {
 void Transferencia::Rechaza(QByteArrayView bytes, const Refutacion& refutacion) {
     ++m_resultado.rechazados;
     if (!m_opciones.prueba)
-        m_log.GraboLog(bytes, ClaveDeLinea(m_campos), refutacion.codigo);
+        m_log.GraboLog(bytes, ClaveDe(bytes), refutacion.codigo);
     if (m_opciones.planilla)
         AnotaEnPlanilla(bytes, refutacion);
+}
+
+QString Transferencia::ClaveDe(QByteArrayView bytes) const {
+    QStringList campos;
+    SeparaCampos(Decodifica(bytes, m_revision.codificacion), m_formato.Campos(), campos);
+    return ClaveDeLinea(campos);
 }
 
 void Transferencia::AnotaEnPlanilla(QByteArrayView bytes, const Refutacion& refutacion) {

@@ -17,8 +17,10 @@
 
 namespace xa518 {
 
+class LineasDecididas;
 class Lotes;
 class PlanillaErrores;
+struct Dictamen;
 struct Proceso;
 
 /// How far a run has come.
@@ -104,12 +106,15 @@ class Transferencia {
     void ImportaLineas(ObservadorImportacion& observador, const AlEmpezar& alEmpezar);
     void RecorreLineas(ObservadorImportacion& observador, Lotes& lotes, Almacen& almacen);
     void EscribeLote(Lotes& lotes, Almacen& almacen);
+    void EscribeYAdelanta(Lotes& lotes, Almacen& almacen, LineasDecididas& lineas);
+    void EscribeApartadas(Lotes& lotes, Almacen& almacen);
     [[nodiscard]] bool Conserva(Lotes& lotes, Almacen& almacen);
     void RechazaEscritas(const QList<qint64>& lineas);
     void Pierde(qint64 lineas);
-    void ImportaLinea(QByteArrayView bytes, Almacen& almacen);
+    void AnotaLinea(QByteArrayView bytes, const Dictamen& dictamen);
     void Rechaza(QByteArrayView bytes, const Refutacion& refutacion);
     void RechazaEntero();
+    [[nodiscard]] QString ClaveDe(QByteArrayView bytes) const;
     void AnotaEnPlanilla(QByteArrayView bytes, const Refutacion& refutacion);
     [[nodiscard]] const QString& Motivo(Codigo codigo);
     void CalcularTot();
@@ -127,9 +132,7 @@ class Transferencia {
     Revision m_revision;
     LogImportacion m_log;
     ResultadoImportacion m_resultado;
-    qint64 m_numeroLinea = 0; ///< of the current line, from 1
-    QStringList m_campos;     ///< of the current line, as taken
-    LineaComprobada m_linea;
+    qint64 m_numeroLinea = 0;            ///< of the current line, from 1
     std::map<Codigo, QString> m_motivos; ///< of the codes met so far
 };
 

@@ -17,10 +17,18 @@ constexpr char kFinDeArchivo = '\x1A'; ///< Ctrl-Z, which programs of the DOS da
 } // namespace
 
 LectorLineas::LectorLineas(QIODevice& archivo) : m_archivo(archivo), m_buffer(kBuffer, Qt::Uninitialized) {
-    if (!m_archivo.seek(0))
-        throw FallaDeArchivo(Intento::Leer, m_archivo);
+    VuelveA(0);
     Rellena();
     SaltaMarca();
+}
+
+void LectorLineas::VuelveA(qint64 bytesLeidos) {
+    if (!m_archivo.seek(bytesLeidos))
+        throw FallaDeArchivo(Intento::Leer, m_archivo);
+    m_desde = 0;
+    m_hasta = 0;
+    m_leidos = bytesLeidos;
+    m_agotado = false;
 }
 
 void LectorLineas::SaltaMarca() {

@@ -23,6 +23,9 @@ class LectorLineas {
     /// Moves to the next line. After `DemasiadoLarga` no further line can be read.
     [[nodiscard]] Lectura Siguiente();
 
+    /// Goes on behind that many bytes of the file, a number that `BytesLeidos` has given.
+    void VuelveA(qint64 bytesLeidos);
+
     /// The bytes of the line without its end; they hold until the next call of `Siguiente`.
     [[nodiscard]] QByteArrayView Linea() const { return m_linea; }
     /// How much of the file lies before the end of the current line.

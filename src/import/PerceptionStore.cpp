@@ -26,9 +26,6 @@ bool MismoComprobante(const AltasTrabajo::Cobro& guardado, const LineaComprobada
 
 } // namespace
 
-AlmacenPercepciones::AlmacenPercepciones(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv)
-    : Almacen(base), m_tasas(base, periodoDeclarado, fechaPrimerIgv) {}
-
 Objeciones AlmacenPercepciones::Guarda(const LineaComprobada& linea, qint64 numero) {
     if (const ClaveCliente cliente = ClienteDe(linea); !m_tablas.Existe(cliente))
         m_tablas.Agrega(cliente, NombresDe(linea), numero);

@@ -8,12 +8,9 @@ namespace xa518 {
 /// Client, perception voucher and payment voucher of a line, each in its own work table.
 class AlmacenPercepciones final : public Almacen {
   public:
-    AlmacenPercepciones(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv);
+    using Almacen::Almacen;
 
     [[nodiscard]] Objeciones Guarda(const LineaComprobada& linea, qint64 numero) override;
-
-  private:
-    TasaImportacion m_tasas;
 };
 
 } // namespace xa518

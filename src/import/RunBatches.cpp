@@ -11,6 +11,12 @@ namespace {
 constexpr qint64 kLoteMinimo = 10'000;
 constexpr qint64 kLoteMaximo = 100'000;
 
+/// A batch is as long as all before it. Clients come in no order, so that each batch writes most pages of the indexes
+/// again: with short ones to the end, what is written would grow with the square of the lines.
+qint64 LargoTras(qint64 lineas) {
+    return std::clamp(lineas, kLoteMinimo, kLoteMaximo);
+}
+
 } // namespace
 
 void Lotes::Empieza() {
@@ -18,10 +24,12 @@ void Lotes::Empieza() {
         Abre();
 }
 
-/// A batch is as long as all before it. Clients come in no order, so that each batch writes most pages of the indexes
-/// again: with short ones to the end, what is written would grow with the square of the lines.
 bool Lotes::EstaLleno() const {
-    return m_lineas == m_confirmadas + std::clamp(m_confirmadas, kLoteMinimo, kLoteMaximo);
+    return m_lineas == m_confirmadas + LargoTras(m_confirmadas);
+}
+
+qint64 Lotes::LargoDelSiguiente() const {
+    return LargoTras(m_lineas);
 }
 
 void Lotes::Termina() {

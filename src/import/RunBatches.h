@@ -23,6 +23,8 @@ class Lotes {
 
     /// Whether the batch has all its lines, so that its rows are to be written before the next one.
     [[nodiscard]] bool EstaLleno() const;
+    /// How many lines the batch behind a full one takes.
+    [[nodiscard]] qint64 LargoDelSiguiente() const;
     /// Makes a full batch permanent; in a trial it only ends.
     void Termina();
 

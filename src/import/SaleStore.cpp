@@ -8,9 +8,6 @@ constexpr Codigo kRegistroDuplicado{"0871"};
 
 } // namespace
 
-AlmacenVentas::AlmacenVentas(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv)
-    : Almacen(base), m_tasas(base, periodoDeclarado, fechaPrimerIgv) {}
-
 /// Wanted: a voucher that is there is a duplicate even when date or amount differ, since its key stands in the
 /// table; and its client has been added.
 Objeciones AlmacenVentas::Guarda(const LineaComprobada& linea, qint64 numero) {

@@ -8,12 +8,9 @@ namespace xa518 {
 /// Client and voucher of a cash sale. There is no payment voucher: the voucher is both.
 class AlmacenVentas final : public Almacen {
   public:
-    AlmacenVentas(Base& base, Periodo periodoDeclarado, Periodo fechaPrimerIgv);
+    using Almacen::Almacen;
 
     [[nodiscard]] Objeciones Guarda(const LineaComprobada& linea, qint64 numero) override;
-
-  private:
-    TasaImportacion m_tasas;
 };
 
 } // namespace xa518
