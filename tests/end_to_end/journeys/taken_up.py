@@ -42,8 +42,8 @@ def dies(screen):
 def starts_anew(screen, answer):
     """The question stands in front of the main window, which has shown before it."""
     screen.keys("alt+m")
-    screen.opens(MODULE)
-    screen.answers(MODULE, answer)
+    screen.asks_at_start(MODULE)
+    screen.goes(answer)
 
 
 def is_taken_up(screen, vouchers):
