@@ -55,7 +55,7 @@ def is_taken_up(screen, vouchers):
     screen.shows(SAVED, ("402", "-7"), ("404", "50"), ("510", str(vouchers)), ("999", "X"))
     screen.shows("select count(*) from F518PDET", number(vouchers))
     screen.keys("alt+s")
-    screen.closes()
+    screen.comes_back(MODULE)
 
 
 def is_put_aside_and_brought_back(screen):
