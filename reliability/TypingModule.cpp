@@ -19,6 +19,7 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QComboBox>
+#include <QDebug>
 #include <QDialog>
 #include <QFile>
 #include <QLineEdit>
@@ -41,9 +42,9 @@ constexpr quint32 kSuertes = 160;    ///< one in so many steps imports, validate
 constexpr int kVaciasQueBastan = 30; ///< turns without a form, past which none will come
 const QStringList kCasillas{u"TxtValor_402"_s, u"TxtValor_404"_s, u"TxtValor_410"_s};
 
-/// Says yes to whatever is asked.
+/// Says yes to whatever is asked, and passes on what is told.
 class AvisosQueAceptan final : public Avisos {
-    void HazMuestra(const Mensaje& /*mensaje*/) override {}
+    void HazMuestra(const Mensaje& mensaje) override { qWarning().noquote() << mensaje.texto; }
     Respuesta HazPregunta(const Mensaje& /*mensaje*/, Respuesta /*preseleccionada*/) override { return Respuesta::Si; }
     Respuesta HazPreguntaConOtra(const Mensaje& /*mensaje*/, const QString& /*otra*/) override { return Respuesta::Si; }
 };
@@ -77,7 +78,11 @@ class Mano final : public QObject {
         : m_ventana(&ventana), m_diario(diario), m_retoma(retoma), m_azar(semilla) {
         if (!m_diario.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
             qFatal("no diary");
-        connect(&m_ritmo, &QTimer::timeout, this, [this] { Da(); });
+        // Not from the timer itself, which stands still while a form that the step has opened is there.
+        connect(&m_ritmo, &QTimer::timeout, this, [this] {
+            QMetaObject::invokeMethod(
+                this, [this] { Da(); }, Qt::QueuedConnection);
+        });
         if (m_retoma) // what is offered stands in front before the start is through
             m_ritmo.start(kRitmoMs);
     }

@@ -24,17 +24,22 @@ def program(place, *arguments):
 
 def at_work_until_killed(place, diary, chance):
     """Types until a random moment after its first key; returns that moment by the clock of the diary."""
-    worker = subprocess.Popen(program(place, diary, "escribe", chance.randrange(1 << 30)), env=place.environment,
-                              stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-    deadline = time.monotonic() + 60
-    while not any(told == "empieza" for _, told in entries(diary)):
-        demand(worker.poll() is None and time.monotonic() < deadline, f"the module didn't begin: {worker.poll()}")
-        time.sleep(0.02)
-    time.sleep(chance.uniform(0, LONGEST))
-    demand(worker.poll() is None, f"the module ended by itself: {worker.returncode}")
-    worker.kill()
-    killed = time.monotonic() * 1000
-    worker.wait()
+    said = place.folder / "said"
+    with open(said, "w", encoding="utf-8") as errors:
+        worker = subprocess.Popen(program(place, diary, "escribe", chance.randrange(1 << 30)), env=place.environment,
+                                  stdout=subprocess.DEVNULL, stderr=errors)
+    try:
+        deadline = time.monotonic() + 60
+        while not any(told == "empieza" for _, told in entries(diary)):
+            demand(worker.poll() is None and time.monotonic() < deadline,
+                   f"the module didn't begin: {said.read_text(encoding='utf-8')[-500:]}")
+            time.sleep(0.02)
+        time.sleep(chance.uniform(0, LONGEST))
+        demand(worker.poll() is None, f"the module ended by itself: {worker.returncode}")
+    finally:
+        worker.kill()
+        killed = time.monotonic() * 1000
+        worker.wait()
     return killed
 
 

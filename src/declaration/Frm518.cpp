@@ -212,7 +212,7 @@ void Frm518::RefrescaGrilla(std::function<void()> despues) {
 
 /// For who has a message of its own to tell: the grid is shown anew once more when that one closes.
 void Frm518::RefrescaSinPalabras() {
-    m_resguardo.AnotaDetalle();
+    m_resguardo.EscribeDetalle();
     m_ui->PaginaPercepcion->Refresca(BaseDatos());
     LeeTotalesDeGrilla({.titulo = {}, .seDetiene = false, .alFallar = [](const std::exception_ptr&) {}}, {});
 }
@@ -373,7 +373,7 @@ bool Frm518::AtiendeOpcion(int indice) {
         return true;
     case Eliminar: return EliminaCliente();
     case Importar:
-        m_resguardo.AnotaDetalle();
+        m_resguardo.EscribeDetalle();
         if (m_dialogos.abreImportacion)
             m_dialogos.abreImportacion(*this, {.clave = clave,
                                                .nombre = m_ui->PaginaIdentificacion->Nombre(),

@@ -48,7 +48,11 @@ void Resguardo::Anota() {
 
 void Resguardo::AnotaDetalle() {
     m_ultimo.clear();
-    m_falta = m_hayQueGuardar;
+    Anota();
+}
+
+void Resguardo::EscribeDetalle() {
+    AnotaDetalle();
     EscribeYa();
 }
 

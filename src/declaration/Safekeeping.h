@@ -24,8 +24,10 @@ class Resguardo final : public QObject {
 
     /// Something in the form has changed.
     void Anota();
-    /// So has the detail, or it is about to: written at once.
+    /// So has the detail, or it is about to.
     void AnotaDetalle();
+    /// The same, and it is written at once: an import begins, or has ended.
+    void EscribeDetalle();
     /// What has changed is written at once.
     void EscribeYa();
     /// There is nothing more to keep: it was saved, or left on purpose.

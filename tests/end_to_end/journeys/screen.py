@@ -21,6 +21,7 @@ LAUNCHER = "Consola Orvel de Presentaciones"
 MODULE = "0518 Agentes de Percepción Ventas Internas - v 1.5"
 DECLARATION = "0518 Agentes de Percepción Ventas Internas v1.5"
 BASE = "XA000.DB"
+BOX = 800  # narrower than any main window
 
 PATIENCE = 30.0
 GLANCE = 0.02
@@ -181,6 +182,22 @@ class Screen:
         """A message box above the form with that title: waits for it, presses that button, waits until it has gone. The
         window behind it has the keyboard then, or one that has opened at once in the box's place."""
         self.opens(title)
+        box = self._stack.pop()
+        self.keys(key)
+        self.until(lambda: self.active() not in ("", box), "the box to go")
+
+    def asks_at_start(self, title):
+        """Waits for the box that a program puts in front of its own window, of the same title, before anybody sees that
+        one alone."""
+        self.until(lambda: self.title() == title and self._breadth() < BOX and self.takes_keys(), f"the box of {title!r}")
+        self._stack = [self.active()]
+
+    def _breadth(self):
+        lines = self._ask("xdotool", "getactivewindow", "getwindowgeometry", "--shell").split()
+        return int(dict(line.split("=") for line in lines).get("WIDTH", BOX))
+
+    def goes(self, key):
+        """Presses that button of the box in front, and waits until it has gone."""
         box = self._stack.pop()
         self.keys(key)
         self.until(lambda: self.active() not in ("", box), "the box to go")

@@ -42,8 +42,8 @@ def dies(screen):
 def starts_anew(screen, answer):
     """The question stands in front of the main window, which has shown before it."""
     screen.keys("alt+m")
-    screen.opens(MODULE)
-    screen.answers(MODULE, answer)
+    screen.asks_at_start(MODULE)
+    screen.goes(answer)
 
 
 def is_taken_up(screen, vouchers):
@@ -55,7 +55,7 @@ def is_taken_up(screen, vouchers):
     screen.shows(SAVED, ("402", "-7"), ("404", "50"), ("510", str(vouchers)), ("999", "X"))
     screen.shows("select count(*) from F518PDET", number(vouchers))
     screen.keys("alt+s")
-    screen.closes()
+    screen.comes_back(MODULE)
 
 
 def is_put_aside_and_brought_back(screen):
