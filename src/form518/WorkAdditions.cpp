@@ -1,6 +1,7 @@
 #include "form518/WorkAdditions.h"
 
 #include "data/Base.h"
+#include "form518/WorkOrder.h"
 #include "values/Format.h"
 
 #include <algorithm>
@@ -58,6 +59,7 @@ AltasTrabajo::AltasTrabajo(Base& base)
     , m_nuevosPagos{FilasNuevas(base.Describe(kTablaPagos), ColumnasDe(DatosDePagos())), {}} {}
 
 void AltasTrabajo::Empieza() {
+    PonPisos();
     const qint64 version = m_base->Version();
     if (m_version == version)
         return;
@@ -69,6 +71,13 @@ void AltasTrabajo::Empieza() {
     LeeComprobantes();
     LeePagos();
     m_version = version;
+}
+
+void AltasTrabajo::PonPisos() {
+    const OrdenDeTrabajo orden(*m_base);
+    m_nuevosClientes.filas.PonPiso(orden.Piso(TablaDeClientes()));
+    m_nuevosComprobantes.filas.PonPiso(orden.Piso(TablaDeComprobantes()));
+    m_nuevosPagos.filas.PonPiso(orden.Piso(TablaDePagos()));
 }
 
 void AltasTrabajo::LeeClientes() {

@@ -53,6 +53,7 @@ class AltasTrabajo {
         std::vector<qint64> lineas;
     };
 
+    void PonPisos();
     void LeeClientes();
     void LeeComprobantes();
     void LeePagos();

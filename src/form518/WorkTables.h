@@ -42,6 +42,9 @@ class TablasTrabajo {
     /// Brings every client's amounts to the sums of its vouchers, negative ones to 0; one transaction.
     void CalculaTotales();
 
+    /// Brings one client's count and amounts to its vouchers, as its dialog does, if they aren't that.
+    void RepasaTotales(const ClaveCliente& cliente);
+
     /// Removes a client with its vouchers and payment vouchers; one transaction.
     void EliminaCliente(const ClaveCliente& cliente);
 

@@ -109,6 +109,7 @@ void Transferencia::ImportaLineas(ObservadorImportacion& observador, const AlEmp
     try {
         RecorreLineas(observador, lotes, *almacen);
         EscribeLote(lotes, *almacen);
+        AnotaFin(m_resultado.fin == FinImportacion::Cancelada ? FinDeCorrida::Cancelada : FinDeCorrida::Completa);
         lotes.Cierra();
     } catch (const Error&) {
         if (!Conserva(lotes, *almacen))
@@ -121,6 +122,7 @@ void Transferencia::ImportaLineas(ObservadorImportacion& observador, const AlEmp
 bool Transferencia::Conserva(Lotes& lotes, Almacen& almacen) {
     try {
         EscribeLote(lotes, almacen);
+        AnotaFin(FinDeCorrida::Fallida);
     } catch (const Error&) {
         return lotes.Conserva();
     }
@@ -146,12 +148,30 @@ void Transferencia::RecorreLineas(ObservadorImportacion& observador, Lotes& lote
             lotes.Termina();
         }
         if (lotes.Linea())
-            almacen.Empieza();
+            EmpiezaLote(almacen);
         ++m_numeroLinea;
         ImportaLinea(lector.Linea(), almacen);
     }
     if (lector.BytesLeidos() != m_revision.bytes)
         throw ArchivoCambiado();
+}
+
+/// The run is noted within the transaction of its first rows: neither is there without the other, whatever happens.
+void Transferencia::EmpiezaLote(Almacen& almacen) {
+    if (m_opciones.seDeshace && !m_corrida) {
+        m_corrida = CorridasTrabajo(*m_proceso.baseDatos)
+                        .Empieza({.nombre = m_resultado.archivo,
+                                  .huella = HuellaDeArchivo(m_archivo.fileName()),
+                                  .bytes = m_revision.bytes},
+                                 m_proceso.sysUser, m_proceso.reloj.Ahora());
+    }
+    almacen.Empieza();
+}
+
+void Transferencia::AnotaFin(FinDeCorrida fin) {
+    if (m_corrida)
+        CorridasTrabajo(*m_proceso.baseDatos)
+            .Termina(*m_corrida, fin, m_resultado.transferidos, m_resultado.rechazados);
 }
 
 /// Half a batch could be half of a line's rows: it is kept whole or not at all.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "family/DeclarationKey.h"
+#include "form518/WorkRuns.h"
 #include "import/FileSurvey.h"
 #include "import/ImportFormat.h"
 #include "import/ImportLog.h"
@@ -73,6 +74,7 @@ struct ResultadoImportacion {
 struct OpcionesImportacion {
     bool prueba = false;                 ///< every check, and nothing of it is kept: neither rows nor logs
     PlanillaErrores* planilla = nullptr; ///< gets the refused lines; must outlive the run
+    bool seDeshace = false;              ///< it is noted beside the work tables, so that it can be undone
 };
 
 /// One run over one import file: every line is checked and what passes is added to the work tables, whose totals are
@@ -103,7 +105,9 @@ class Transferencia {
     [[nodiscard]] bool EsApto();
     void ImportaLineas(ObservadorImportacion& observador, const AlEmpezar& alEmpezar);
     void RecorreLineas(ObservadorImportacion& observador, Lotes& lotes, Almacen& almacen);
+    void EmpiezaLote(Almacen& almacen);
     void EscribeLote(Lotes& lotes, Almacen& almacen);
+    void AnotaFin(FinDeCorrida fin);
     [[nodiscard]] bool Conserva(Lotes& lotes, Almacen& almacen);
     void RechazaEscritas(const QList<qint64>& lineas);
     void Pierde(qint64 lineas);
@@ -126,6 +130,7 @@ class Transferencia {
     QFile m_archivo;
     Revision m_revision;
     LogImportacion m_log;
+    std::optional<int> m_corrida; ///< under which it is noted
     ResultadoImportacion m_resultado;
     qint64 m_numeroLinea = 0; ///< of the current line, from 1
     QStringList m_campos;     ///< of the current line, as taken

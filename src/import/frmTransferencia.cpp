@@ -2,12 +2,16 @@
 
 #include "ui_frmTransferencia.h"
 
+#include "data/Base.h"
 #include "family/Process.h"
+#include "form518/WorkRuns.h"
 #include "form518/WorkTables.h"
 #include "import/Formats.h"
 #include "import/ImportFile.h"
 #include "import/MountedVolumes.h"
 #include "import/RunMessages.h"
+#include "import/UndoImport.h"
+#include "import/UndoMessages.h"
 #include "platform/FileDialogs.h"
 #include "platform/Notices.h"
 #include "values/FileFailure.h"
@@ -127,6 +131,7 @@ frmTransferencia::frmTransferencia(Proceso& proceso, Avisos& avisos, ClaveDeclar
     PreparaBarra();
     PonEtiquetasEnReposo();
     PreparaCarpeta();
+    OfreceDeshacer();
     Conecta();
     Prepara({m_ui->cmCancelar});
 }
@@ -154,6 +159,7 @@ void frmTransferencia::Conecta() {
     connect(m_ui->cmdTransferir, &QPushButton::clicked, this, Protegido([this] { Transferir(); }));
     connect(m_ui->cmdProbar, &QPushButton::clicked, this, Protegido([this] { Procesa(true); }));
     connect(m_ui->cmdGuardarErrores, &QPushButton::clicked, this, Protegido([this] { GuardarErrores(); }));
+    connect(m_ui->cmdDeshacer, &QPushButton::clicked, this, Protegido([this] { Deshacer(); }));
     connect(m_ui->cmCancelar, &QPushButton::clicked, this, Protegido([this] { Salir(); }));
 }
 
@@ -198,7 +204,53 @@ void frmTransferencia::Transferir() {
     if (m_yaProcesado && m_avisos.Pregunta(pregunta, Respuesta::No) == Respuesta::No)
         return;
     m_yaProcesado = true;
-    Procesa(false);
+    PreguntaSiEsRepetida();
+}
+
+/// The bytes are only gone through when a file of that length has been imported before. One that isn't there is told of
+/// by the run.
+void frmTransferencia::PreguntaSiEsRepetida() {
+    QString ruta;
+    try {
+        ruta = BuscaArchivo(m_ui->Carpeta->Carpeta(), ArchivoEsperado());
+    } catch (const Error&) {
+        return Procesa(false);
+    }
+    if (!CorridasTrabajo(*m_proceso.baseDatos).HayDeTamanio(QFileInfo(ruta).size()))
+        return Procesa(false);
+    CorreTarea(
+        *this, {.titulo = u"Revisando el archivo"_s},
+        [aparte = ProcesoAparte(m_proceso), ruta](Avance& /*avance*/) {
+            return CorridasTrabajo(*aparte.Abre().baseDatos).DeHuella(HuellaDeArchivo(ruta));
+        },
+        [this](const std::optional<CorridaTrabajo>& anterior) { ImportaSiQuiere(anterior); });
+}
+
+void frmTransferencia::ImportaSiQuiere(const std::optional<CorridaTrabajo>& anterior) {
+    if (!anterior || m_avisos.Pregunta(PreguntaPorRepetida(*anterior), Respuesta::No) == Respuesta::Si)
+        Procesa(false);
+}
+
+void frmTransferencia::Deshacer() {
+    DeshaceUltimaImportacion(*this, m_proceso, m_avisos, [this] {
+        m_sinTotales.reset(); // what they lacked is gone
+        PonEtiquetasEnReposo();
+        m_ui->cmdGuardarErrores->setEnabled(false);
+        OfreceDeshacer();
+        RefrescaLoDebajo();
+    });
+}
+
+/// Where the base can't tell, the button has nothing to offer.
+void frmTransferencia::OfreceDeshacer() {
+    std::optional<CorridaTrabajo> ultima;
+    try {
+        ultima = CorridasTrabajo(*m_proceso.baseDatos).Ultima();
+    } catch (const Error&) { // NOLINT(bugprone-empty-catch)
+    }
+    m_ui->cmdDeshacer->setEnabled(ultima.has_value());
+    m_ui->cmdDeshacer->setToolTip(ultima ? ComoFue(*ultima)
+                                         : u"No hay importaciones en esta declaración desde que se abrió"_s);
 }
 
 void frmTransferencia::Procesa(bool prueba) {
@@ -209,7 +261,7 @@ void frmTransferencia::Procesa(bool prueba) {
     m_enProceso = std::make_shared<Corrida>(m_proceso, m_clave);
     m_hilo = std::make_unique<HiloDeTrabajo>(
         [corrida = m_enProceso, &formato = Formato(), carpeta = m_ui->Carpeta->Carpeta(),
-         opciones = OpcionesImportacion{prueba, NuevaPlanilla()}] { corrida->Corre(formato, carpeta, opciones); },
+         opciones = OpcionesImportacion{prueba, NuevaPlanilla(), !prueba}] { corrida->Corre(formato, carpeta, opciones); },
         [this, prueba](const std::exception_ptr& falla) { Protegido([&] { AlTerminar(falla, prueba); })(); }, this);
 }
 
@@ -229,8 +281,8 @@ void frmTransferencia::Sigue(const ResultadoImportacion& resultado, bool prueba)
         return Abandona(resultado);
     m_archivo = resultado.archivo;
     MuestraFin(resultado);
-    if (!prueba)
-        RefrescaLoDebajo(resultado);
+    if (!prueba && resultado.HuboLineas())
+        RefrescaLoDebajo();
     CuentaElFin(resultado, prueba);
 }
 
@@ -244,8 +296,8 @@ void frmTransferencia::Abandona(const ResultadoImportacion& resultado) {
 
 /// What stands in its way, such as a lock, mustn't keep the end of the run from being told. The form shows its list
 /// anew when the dialog closes, and tells what it then meets.
-void frmTransferencia::RefrescaLoDebajo(const ResultadoImportacion& resultado) const {
-    if (!m_entorno.refresca || !resultado.HuboLineas())
+void frmTransferencia::RefrescaLoDebajo() const {
+    if (!m_entorno.refresca)
         return;
     try {
         m_entorno.refresca();
@@ -271,6 +323,10 @@ void frmTransferencia::PonCorriendo(bool corriendo) {
         control->setEnabled(!corriendo);
     m_ui->Carpeta->Activa(!corriendo);
     m_ui->cmdGuardarErrores->setEnabled(false);
+    if (corriendo)
+        m_ui->cmdDeshacer->setEnabled(false);
+    else
+        OfreceDeshacer();
     setAcceptDrops(!corriendo);
     if (!corriendo && m_conFoco && focusWidget() == m_ui->barraAvance)
         m_conFoco->setFocus();
