@@ -58,7 +58,7 @@ class FilasNuevas {
     std::string m_bytes;
     std::vector<size_t> m_comienzos; ///< of the rows that are ended
     qint64 m_piso = 0;
-    size_t m_enCurso = 0;            ///< where the row begins that is being put
+    size_t m_enCurso = 0; ///< where the row begins that is being put
 };
 
 /// A text as an engine stores it, behind what `destino` holds.

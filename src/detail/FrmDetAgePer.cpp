@@ -129,7 +129,8 @@ void FrmDetAgePer::ConectaBotones() {
                 if (Acepta())
                     Termina();
             }));
-    connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, this, Protegido([this] { RecuperaPago(); }));
+    connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, this,
+            Protegido([this] { RecuperaPago(); }));
     connect(m_ui->GrdDetPer, &GrillaDeLectura::FilaActivada, this, Protegido([this] { ModificarPago(); }));
 }
 
@@ -314,8 +315,7 @@ void FrmDetAgePer::EliminarPago() {
 void FrmDetAgePer::RecuperaPago() {
     if (m_modo == ModoDetalle::Ver)
         return;
-    const UltimoBorrado::Vuelta vuelta =
-        UltimoBorrado(m_entorno.base).DevuelveEn(UltimoBorrado::Clase::Pago, Clave());
+    const UltimoBorrado::Vuelta vuelta = UltimoBorrado(m_entorno.base).DevuelveEn(UltimoBorrado::Clase::Pago, Clave());
     if (vuelta.motivo)
         m_entorno.avisos.Muestra(*vuelta.motivo);
     if (!vuelta.hecha)

@@ -54,12 +54,14 @@ class VueltaAtras::Tramos {
         return u"(%1 > %2 AND %1 <= %3)"_s.arg(numero, tramo.desde, tramo.hasta);
     }
     /// A row that goes: of the run, or under a row of the run.
-    [[nodiscard]] QString SeVa(const TablaDeTrabajo& tabla) const { return u'(' + EsSuya(tabla) + Cuelga(tabla) + u')'; }
+    [[nodiscard]] QString SeVa(const TablaDeTrabajo& tabla) const {
+        return u'(' + EsSuya(tabla) + Cuelga(tabla) + u')';
+    }
 
     /// Changed by hand after a run.
     [[nodiscard]] QString EsDeMano(const TablaDeTrabajo& tabla) const {
         return u"EXISTS (SELECT 1 FROM TMPF518MANO AS M WHERE M.tabla = '%1' AND M.orden = %2)"_s.arg(tabla.nombre,
-                                                                                                     Orden(tabla));
+                                                                                                      Orden(tabla));
     }
 
     [[nodiscard]] qint64 Anadidas(const TablaDeTrabajo& tabla) const { return m_tramos.value(tabla.nombre).filas; }
@@ -141,9 +143,8 @@ void VueltaAtras::CuentaManos(const Tramos& tramos, LoQueSeIria& seIria) {
             Numero(*m_base, u"SELECT count(*) FROM %1 WHERE %2"_s.arg(tabla.nombre, tramos.EsSuya(tabla)));
         seIria.eliminadas += tramos.Anadidas(tabla) - quedan;
         seIria.colgadas += seVan(tabla) - quedan;
-        seIria.modificadas +=
-            Numero(*m_base, u"SELECT count(*) FROM %1 WHERE %2 AND %3"_s.arg(tabla.nombre, tramos.EsSuya(tabla),
-                                                                             tramos.EsDeMano(tabla)));
+        seIria.modificadas += Numero(*m_base, u"SELECT count(*) FROM %1 WHERE %2 AND %3"_s.arg(
+                                                  tabla.nombre, tramos.EsSuya(tabla), tramos.EsDeMano(tabla)));
     }
 }
 
@@ -163,7 +164,8 @@ void VueltaAtras::NombraCambiados(const Tramos& tramos, LoQueSeIria& seIria) {
     nombra(TablaDeComprobantes(),
            ListaDe<DatoComprobante>({DatoComprobante::Serie, DatoComprobante::Numero, DatoComprobante::NumDoc}),
            u"el comprobante %1-%2 de %3"_s);
-    nombra(TablaDePagos(), ListaDe<DatoPago>({DatoPago::Serie, DatoPago::Numero, DatoPago::SerieCp, DatoPago::NumeroCp}),
+    nombra(TablaDePagos(),
+           ListaDe<DatoPago>({DatoPago::Serie, DatoPago::Numero, DatoPago::SerieCp, DatoPago::NumeroCp}),
            u"el comprobante de pago %1-%2 del %3-%4"_s);
 }
 
@@ -178,8 +180,8 @@ bool VueltaAtras::Deshace(int numero, Avance& avance) {
     Transaccion transaccion = m_base->Comienza(Turno::Propio);
     for (const TablaDeTrabajo& tabla : TablasPorDependencia()) {
         m_base->Ejecuta(u"DELETE * FROM %1 WHERE %2"_s.arg(tabla.nombre, tramos.SeVa(tabla)));
-        m_base->Ejecuta(u"DELETE * FROM TMPF518MANO WHERE tabla = '%1' AND %2"_s.arg(
-            tabla.nombre, tramos.EsSuyo(tabla, u"orden"_s)));
+        m_base->Ejecuta(u"DELETE * FROM TMPF518MANO WHERE tabla = '%1' AND %2"_s.arg(tabla.nombre,
+                                                                                     tramos.EsSuyo(tabla, u"orden"_s)));
     }
     DevuelveTotales(numero);
     for (const QString& tabla : {u"TMPF518PREVIO"_s, u"TMPF518CORRIDA"_s})
@@ -199,7 +201,8 @@ void VueltaAtras::DevuelveTotales(int numero) {
     QList<ClaveCliente> tocados;
     {
         Registros filas = m_base->Lee(
-            u"SELECT tip_doc_per, num_doc_per FROM TMPF518PCAB WHERE EXISTS (SELECT 1 %1 AND P.tocado = 1)"_s.arg(previo));
+            u"SELECT tip_doc_per, num_doc_per FROM TMPF518PCAB WHERE EXISTS (SELECT 1 %1 AND P.tocado = 1)"_s.arg(
+                previo));
         while (filas.Siguiente())
             tocados.append({CodigoDocumento(static_cast<int>(filas.Entero(0))), filas.Texto(1)});
     }

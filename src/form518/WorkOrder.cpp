@@ -40,8 +40,7 @@ const QList<TablaDeTrabajo>& TablasPorDependencia() {
     return tablas;
 }
 
-OrdenDeTrabajo::OrdenDeTrabajo(Base& base)
-    : m_base(&base), m_columna(base.NumeroDeFila(u"T"_s).section(u'.', 1)) {}
+OrdenDeTrabajo::OrdenDeTrabajo(Base& base) : m_base(&base), m_columna(base.NumeroDeFila(u"T"_s).section(u'.', 1)) {}
 
 QString OrdenDeTrabajo::De(const QString& tabla) const {
     return m_base->NumeroDeFila(tabla);
@@ -73,7 +72,7 @@ void OrdenDeTrabajo::AnotaCambio(const TablaDeTrabajo& tabla, const QString& con
     const QString suya = De(tabla.nombre);
     const QString deUnaCorrida =
         u"EXISTS (SELECT 1 FROM TMPF518CORRIDA AS C WHERE C.desde_%1 < %2 AND C.hasta_%1 >= %2)"_s.arg(tabla.sufijo,
-                                                                                                      suya);
+                                                                                                       suya);
     const QString yaAnotada =
         u"EXISTS (SELECT 1 FROM TMPF518MANO AS M WHERE M.tabla = '%1' AND M.orden = %2)"_s.arg(tabla.nombre, suya);
     m_base->Ejecuta(u"INSERT INTO TMPF518MANO (tabla, orden) SELECT '%1', %2 FROM %1%3 AND %4 AND NOT %5"_s.arg(

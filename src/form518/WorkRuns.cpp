@@ -18,7 +18,8 @@ constexpr std::pair<FinDeCorrida, QStringView> kFines[] = {{FinDeCorrida::Comple
                                                            {FinDeCorrida::Fallida, u"fallida"}};
 
 QString TextoDe(FinDeCorrida fin) {
-    const auto* hallado = std::find_if(std::begin(kFines), std::end(kFines), [&](const auto& f) { return f.first == fin; });
+    const auto* hallado =
+        std::find_if(std::begin(kFines), std::end(kFines), [&](const auto& f) { return f.first == fin; });
     return hallado->second.toString();
 }
 
@@ -41,14 +42,14 @@ int CorridasTrabajo::Empieza(const ArchivoImportado& archivo, const QString& usu
     const int numero = anterior ? anterior->numero + 1 : 1;
     const OrdenDeTrabajo orden(*m_base);
     const auto desde = [&](const TablaDeTrabajo& tabla) { return std::max(orden.Ultimo(tabla), orden.Piso(tabla)); };
-    m_base->Ejecuta(u"INSERT INTO TMPF518CORRIDA (corrida, archivo, huella, bytes, hora, usuario, desde_cab, desde_det, "
-                    "desde_cp) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
-                    {numero, archivo.nombre, archivo.huella, QString::number(archivo.bytes),
-                     hora.toString(Qt::ISODate), usuario, desde(TablaDeClientes()), desde(TablaDeComprobantes()),
-                     desde(TablaDePagos())});
+    m_base->Ejecuta(
+        u"INSERT INTO TMPF518CORRIDA (corrida, archivo, huella, bytes, hora, usuario, desde_cab, desde_det, "
+        "desde_cp) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
+        {numero, archivo.nombre, archivo.huella, QString::number(archivo.bytes), hora.toString(Qt::ISODate), usuario,
+         desde(TablaDeClientes()), desde(TablaDeComprobantes()), desde(TablaDePagos())});
     m_base->Ejecuta(u"INSERT INTO TMPF518PREVIO (corrida, orden, ctd_docs, mto_base_p, mto_imp_p, tocado) "
-                    "SELECT %1, %2, ctd_docs, mto_base_p, mto_imp_p, 0 FROM TMPF518PCAB"_s.arg(
-                        QString::number(numero), orden.Columna()));
+                    "SELECT %1, %2, ctd_docs, mto_base_p, mto_imp_p, 0 FROM TMPF518PCAB"_s.arg(QString::number(numero),
+                                                                                               orden.Columna()));
     return numero;
 }
 
@@ -72,8 +73,8 @@ void CorridasTrabajo::Cierra(const QString& condicion, const QVariantList& valor
     for (const TablaDeTrabajo& tabla : TablasPorDependencia()) {
         const QString desde = u"TMPF518CORRIDA.desde_"_s + tabla.sufijo;
         const QString suyas = u"FROM %1 WHERE %2 > %3"_s.arg(tabla.nombre, orden.De(tabla.nombre), desde);
-        cambios.append(u"hasta_%1 = coalesce((SELECT max(%2) %3), %4)"_s.arg(tabla.sufijo, orden.De(tabla.nombre),
-                                                                              suyas, desde));
+        cambios.append(
+            u"hasta_%1 = coalesce((SELECT max(%2) %3), %4)"_s.arg(tabla.sufijo, orden.De(tabla.nombre), suyas, desde));
         cambios.append(u"filas_%1 = (SELECT count(*) %2)"_s.arg(tabla.sufijo, suyas));
     }
     m_base->Ejecuta(u"UPDATE TMPF518CORRIDA SET %1 WHERE %2"_s.arg(cambios.join(u", "_s), condicion), valores);

@@ -43,7 +43,8 @@ QString Manos(const LoQueSeIria& seIria) {
     if (seIria.modificadas > 0)
         lineas.append(u"• modificadas: %1; se irán también"_s.arg(seIria.modificadas));
     if (seIria.colgadas > 0)
-        lineas.append(u"• registradas bajo un cliente o comprobante importado: %1; se irán con él"_s.arg(seIria.colgadas));
+        lineas.append(
+            u"• registradas bajo un cliente o comprobante importado: %1; se irán con él"_s.arg(seIria.colgadas));
     if (seIria.eliminadas > 0)
         lineas.append(u"• eliminadas: %1; no volverán"_s.arg(seIria.eliminadas));
     QString texto = u"Filas cambiadas a mano desde entonces:\n"_s + lineas.join(u'\n');
@@ -69,10 +70,11 @@ Mensaje PreguntaPorDeshacer(const LoQueSeIria& seIria) {
 }
 
 Mensaje MensajeDeshecha(const LoQueSeIria& seFue) {
-    return {Icono::Informacion,
-            u"Se deshizo la importación de %1: se fueron %2.\nPara que cambie también la declaración grabada, grábela."_s
-                .arg(seFue.corrida.archivo.nombre, Filas(seFue)),
-            u"Mensaje"_s};
+    return {
+        Icono::Informacion,
+        u"Se deshizo la importación de %1: se fueron %2.\nPara que cambie también la declaración grabada, grábela."_s
+            .arg(seFue.corrida.archivo.nombre, Filas(seFue)),
+        u"Mensaje"_s};
 }
 
 Mensaje PreguntaPorRepetida(const CorridaTrabajo& anterior) {

@@ -261,7 +261,9 @@ void frmTransferencia::Procesa(bool prueba) {
     m_enProceso = std::make_shared<Corrida>(m_proceso, m_clave);
     m_hilo = std::make_unique<HiloDeTrabajo>(
         [corrida = m_enProceso, &formato = Formato(), carpeta = m_ui->Carpeta->Carpeta(),
-         opciones = OpcionesImportacion{prueba, NuevaPlanilla(), !prueba}] { corrida->Corre(formato, carpeta, opciones); },
+         opciones = OpcionesImportacion{prueba, NuevaPlanilla(), !prueba}] {
+            corrida->Corre(formato, carpeta, opciones);
+        },
         [this, prueba](const std::exception_ptr& falla) { Protegido([&] { AlTerminar(falla, prueba); })(); }, this);
 }
 

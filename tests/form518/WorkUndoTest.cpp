@@ -141,7 +141,8 @@ TEST_F(WorkUndoTest, WhatWasDoneByHandSinceIsTold) {
     EXPECT_EQ(Manos(), QList<qint64>({0, 0, 0}));
     ComprobantesTrabajo comprobantes(*m_base);
     comprobantes.Modifica(Comprobante(kImportado, u"00000010"_s), Campos(u"10.00"_s, u"0.20"_s));
-    ClientesTrabajo(*m_base).EscribeTotales(kImportado, {.ctdDocs = 1, .base = Importe::Valor(u"10"), .percepcion = {}});
+    ClientesTrabajo(*m_base).EscribeTotales(kImportado,
+                                            {.ctdDocs = 1, .base = Importe::Valor(u"10"), .percepcion = {}});
     EXPECT_EQ(Manos(), QList<qint64>({0, 0, 0})); // opened and left
     comprobantes.Modifica(Comprobante(kImportado, u"00000010"_s), Campos(u"11.00"_s, u"0.22"_s));
     comprobantes.Modifica(Comprobante(kImportado, u"00000010"_s), Campos(u"12.00"_s, u"0.24"_s));
@@ -213,7 +214,8 @@ TEST_F(WorkUndoTest, TheLastDeleteComesBackInItsPlace) {
         {"a voucher with its payments",
          [](Base& base) { ComprobantesTrabajo(base).Elimina(Comprobante(kAntiguo, u"00000001"_s)); },
          UltimoBorrado::Clase::Comprobante, Comprobante(kAntiguo, u"00000001"_s)},
-        {"a cash sale", [](Base& base) { ComprobantesTrabajo(base).Elimina(Comprobante(kAntiguo, u"00000002"_s, u"12"_s)); },
+        {"a cash sale",
+         [](Base& base) { ComprobantesTrabajo(base).Elimina(Comprobante(kAntiguo, u"00000002"_s, u"12"_s)); },
          UltimoBorrado::Clase::Comprobante, Comprobante(kAntiguo, u"00000002"_s, u"12"_s)},
         {"a payment voucher",
          [](Base& base) { PagosTrabajo(base).Borra(Pago(Comprobante(kAntiguo, u"00000001"_s), u"00000001"_s)); },
@@ -273,7 +275,8 @@ TEST_F(WorkUndoTest, AnotherDeclarationKnowsNothingOfThem) {
     RegistraAntiguo();
     Importa(u"00000010"_s);
     TablasTrabajo(*m_base).EliminaCliente(kAntiguo);
-    TablasTrabajo(*m_base).Reconstruye({.ruc = Ruc(u"20555123451"), .periodo = Periodo(2026, 10), .formulario = u"0518"_s});
+    TablasTrabajo(*m_base).Reconstruye(
+        {.ruc = Ruc(u"20555123451"), .periodo = Periodo(2026, 10), .formulario = u"0518"_s});
     EXPECT_FALSE(CorridasTrabajo(*m_base).Ultima());
     EXPECT_FALSE(UltimoBorrado(*m_base).Que());
     EXPECT_EQ(Lista(u"SELECT orden FROM TMPF518PREVIO"_s), QString());
