@@ -141,9 +141,7 @@ void TablasTrabajo::RepasaTotales(const ClaveCliente& cliente) {
     if (!fila)
         return;
     const auto escrito = [&](DatoCliente dato) { return monto(fila->Valor(ColumnaDe(dato)).toString()); };
-    const QString cuenta = fila->Valor(ColumnaDe(DatoCliente::CtdDocs)).toString(); // an import writes none
-    if (escrito(DatoCliente::MontoBase) != suyos.base || escrito(DatoCliente::Percepcion) != suyos.percepcion ||
-        (!cuenta.isEmpty() && cuenta != QString::number(suyos.ctdDocs)))
+    if (escrito(DatoCliente::MontoBase) != suyos.base || escrito(DatoCliente::Percepcion) != suyos.percepcion)
         clientes.EscribeTotales(cliente, suyos);
 }
 
