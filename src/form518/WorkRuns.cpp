@@ -1,7 +1,6 @@
 #include "form518/WorkRuns.h"
 
 #include "data/Base.h"
-#include "form518/LastDelete.h"
 #include "form518/WorkOrder.h"
 
 #include <algorithm>
@@ -107,13 +106,14 @@ std::optional<CorridaTrabajo> CorridasTrabajo::Lee(const QString& condicion, con
                           .rechazados = Cuenta(fila, u"rechazados")};
 }
 
-/// Asked first: most declarations have neither, and each statement costs a way to the server.
+/// Asked first: most declarations have none of it, and each statement costs a way to the server.
 void CorridasTrabajo::Vacia() {
-    if (m_base->Lee(u"SELECT 1 FROM TMPF518CORRIDA"_s).Siguiente()) {
-        for (const QString& tabla : {u"TMPF518CORRIDA"_s, u"TMPF518PREVIO"_s, u"TMPF518MANO"_s})
-            m_base->Ejecuta(u"DELETE * FROM "_s + tabla);
-    }
-    UltimoBorrado(*m_base).Olvida();
+    const QStringList tablas{u"TMPF518CORRIDA"_s, u"TMPF518PREVIO"_s, u"TMPF518MANO"_s,
+                             u"TMPF518BCAB"_s,    u"TMPF518BDET"_s,   u"TMPF518BDETCP"_s};
+    if (!m_base->Lee(u"SELECT 1 FROM "_s + tablas.join(u" UNION ALL SELECT 1 FROM "_s)).Siguiente())
+        return;
+    for (const QString& tabla : tablas)
+        m_base->Ejecuta(u"DELETE * FROM "_s + tabla);
 }
 
 } // namespace xa518
