@@ -261,10 +261,9 @@ TEST_F(ImportForm, TheLastImportIsUndoneAfterAQuestionAndTheSameFileNamedBeforeA
         u"051820990518018202610.TXT, 21/11/2026 10:00, usuario  (líneas: 3 transferidas y 0 rechazadas)"_s;
     EXPECT_EQ(De("cmdDeshacer").toolTip(), como);
     const QString pregunta =
-        u"Última importación: %1.\n\nAl deshacerla se van 1 cliente, 3 comprobantes y 3 comprobantes de pago, con "
-        u"301.50"
-        " de monto cobrado y 6.03 de percepción. Los demás clientes vuelven a los totales que tenían.\n\n¿Desea"
-        " deshacerla?"_s.arg(como);
+        u"Última importación: %1.\n\nAl deshacerla se van 1 cliente, 3 comprobantes y 3 comprobantes de pago, con"
+        " 301.50 de monto cobrado y %2 de percepción. Los demás clientes vuelven a los totales que tenían.\n\n¿Desea"
+        " deshacerla?"_s.arg(como, m_escenario.base.Filas(u"SELECT mto_imp_p FROM TMPF518PCAB"_s).join(u'|'));
     m_avisos.EsperaPregunta(
         u"Este mismo archivo ya se importó en esta declaración: %1.\n¿Desea importarlo otra vez?"_s.arg(como),
         Respuesta::No);
@@ -280,9 +279,7 @@ TEST_F(ImportForm, TheLastImportIsUndoneAfterAQuestionAndTheSameFileNamedBeforeA
     EXPECT_EQ(m_escenario.Cuenta(), QList<int>({0, 0, 0}));
     EXPECT_EQ(m_refrescos, 1);
     EXPECT_FALSE(De("cmdDeshacer").isEnabled());
-    m_avisos.EsperaPregunta(kOtraVez, Respuesta::Si); // it isn't in the declaration any more
-    m_avisos.Espera(transferido);
-    Pulsa("cmdTransferir");
+    TransfiereOtraVez({Icono::Informacion, transferido, u"Mensaje"_s}); // it isn't in the declaration any more
     EXPECT_EQ(m_escenario.Cuenta(), QList<int>({1, 3, 3}));
 }
 

