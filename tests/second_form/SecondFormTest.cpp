@@ -26,7 +26,7 @@ Formulario Formulario0999(const QString& carpeta) {
     for (const QByteArray tabla : {"F999LIB", "F999RES"})
         sql += "CREATE TABLE " + tabla + " (" + clave + ", monto TEXT, cNumero TEXT);\nCREATE TABLE H" + tabla + " (" +
                clave + ", correl TEXT, monto TEXT, cNumero TEXT);\n";
-    EscribeEn(carpeta + u"/0004_form_0999.sql"_s, sql);
+    EscribeEn(carpeta + u"/0999_form_0999.sql"_s, sql);
     EscribeEn(carpeta + u"/tasas.csv"_s, "codigo,tasa,correl\n01,18.00,1\n");
     EscribeEn(carpeta + u"/Xa999.hlp"_s, "ayuda");
     return {
