@@ -68,6 +68,7 @@ def journey(screen, work_of=lambda: ""):
     screen.closes()
     screen.keys("alt+s")
     screen.answers(DECLARATION, "alt+n")
+    screen.closes()
     leaves(screen)
 
 
