@@ -2,11 +2,14 @@
 #include "ImportWorkshop.h"
 #include "Measure.h"
 
+#include "form518/RunUndo.h"
 #include "import/Formats.h"
 #include "import/ImportRun.h"
+#include "values/Progress.h"
 
 #include <cstdio>
 #include <memory>
+#include <string_view>
 
 using namespace xa518;
 using namespace xa518::medida;
@@ -18,10 +21,10 @@ class SinNadie final : public ObservadorImportacion {
     bool Sigue(const AvanceImportacion& /*avance*/) override { return true; }
 };
 
-void Importa(Proceso& proceso, const Taller& taller, const Tamanio& tamanio) {
+void Importa(Proceso& proceso, const Taller& taller, const Tamanio& tamanio, const OpcionesImportacion& opciones = {}) {
     SinNadie nadie;
     const ResultadoImportacion resultado =
-        Transferencia(proceso, Taller::Clave(), FormatoPercepciones(), taller.Carpeta()).Corre(nadie);
+        Transferencia(proceso, Taller::Clave(), FormatoPercepciones(), taller.Carpeta(), opciones).Corre(nadie);
     Exige(resultado.fin == FinImportacion::Completa, "the import did not end well");
     Exige(resultado.transferidos == tamanio.lineas && resultado.rechazados == 0, "the import refused lines");
 }
@@ -136,17 +139,57 @@ void ComparaTamanios(Orden orden) {
     Resume("Most memory of these imports", memoria, " MB", "200");
 }
 
+Medida MideConVueltaAtras(const Tamanio& tamanio, bool seDeshace) {
+    return Mide([=] {
+        const auto taller = std::make_shared<Taller>(tamanio);
+        const OpcionesImportacion opciones{.prueba = false, .planilla = nullptr, .seDeshace = seDeshace};
+        return [=] { Importa(*taller->Abre(), *taller, tamanio, opciones); };
+    });
+}
+
+Medida MideVueltaAtras(const Tamanio& tamanio) {
+    return Mide([=] {
+        const auto taller = std::make_shared<Taller>(tamanio);
+        const std::shared_ptr<Proceso> proceso = taller->Abre();
+        Importa(*proceso, *taller, tamanio, {.prueba = false, .planilla = nullptr, .seDeshace = true});
+        return [taller, proceso] {
+            SinAvance nadie;
+            Exige(VueltaAtras(*proceso->baseDatos).Deshace(1, nadie), "the import was not undone");
+        };
+    });
+}
+
+/// What an import pays for being undone one day, and what that takes then.
+void ComparaVueltaAtras() {
+    const Tamanio tamanio{100'000, 20'000, 50'000};
+    const std::vector<Medida> medidas =
+        MideDeATurnos(5, {[&] { return MideConVueltaAtras(tamanio, false); },
+                          [&] { return MideConVueltaAtras(tamanio, true); }, [&] { return MideVueltaAtras(tamanio); }});
+    std::printf("import cpu %.3f, noted %.3f, undo %.3f\n", medidas[0].procesador, medidas[1].procesador,
+                medidas[2].procesador);
+    Resume("Import of 100,000 lines that can be undone", medidas[1].procesador / medidas[0].procesador,
+           " x the processor of one that can't", "1.1");
+    Resume("Undo of 100,000 lines", medidas[2].procesador / medidas[1].procesador, " x the processor of their import",
+           "1");
+}
+
 } // namespace
 
-/// With an argument only the small file in the order of issue is measured.
-int main(int argc, char**) {
+/// With "undo" only what an undo costs is measured. With an argument only the small file in the order of issue is
+/// measured.
+int main(int argc, char** argv) {
     try {
+        if (argc > 1 && std::string_view(argv[1]) == "undo") {
+            ComparaVueltaAtras();
+            return 0;
+        }
         if (argc > 1) {
             Informa({100'000, 20'000, 50'000});
             return 0;
         }
         ComparaTamanios(Orden::Emision);
         ComparaTamanios(Orden::Cliente);
+        ComparaVueltaAtras();
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return 1;

@@ -24,6 +24,10 @@ class FilasNuevas {
     /// Ends a row, whose values must all have been put.
     void CierraFila();
 
+    /// The rows are numbered above this, also when the table has no row left of those numbers.
+    void PonPiso(qint64 piso) { m_piso = piso; }
+    [[nodiscard]] qint64 Piso() const { return m_piso; }
+
     void Vacia() { Acorta(0); }
     /// Keeps so many rows from the first on, of those that are ended; one that is being put goes as well.
     void Acorta(size_t cuantas);
@@ -55,7 +59,8 @@ class FilasNuevas {
     QStringList m_columnas;
     std::string m_bytes;
     std::vector<size_t> m_comienzos; ///< of the rows that are ended
-    size_t m_enCurso = 0;            ///< where the row begins that is being put
+    qint64 m_piso = 0;
+    size_t m_enCurso = 0; ///< where the row begins that is being put
 };
 
 /// A text as an engine stores it, behind what `destino` holds.

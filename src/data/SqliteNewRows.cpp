@@ -188,7 +188,7 @@ AltaSqlite::AltaSqlite(sqlite3* conexion, const FilasNuevas& filas, const QStrin
     sqlite3_stmt* consulta = nullptr;
     m_codigo = sqlite3_prepare_v2(conexion, ultima.constData(), -1, &consulta, nullptr);
     if (consulta != nullptr && sqlite3_step(consulta) == SQLITE_ROW)
-        m_lectura.ultima = sqlite3_column_int64(consulta, 0);
+        m_lectura.ultima = std::max<qint64>(sqlite3_column_int64(consulta, 0), filas.Piso());
     const int cierre = sqlite3_finalize(consulta);
     if (m_codigo == SQLITE_OK)
         m_codigo = cierre;

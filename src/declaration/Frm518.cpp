@@ -12,6 +12,7 @@
 #include "declaration/Validation.h"
 #include "family/OfferedDeclarants.h"
 #include "family/Process.h"
+#include "form518/RowCounts.h"
 #include "form518/WorkTables.h"
 #include "platform/Clock.h"
 #include "platform/Notices.h"
@@ -35,7 +36,7 @@ namespace {
 
 constexpr int kAyudaEnviada = 1013;
 
-enum Boton { Nuevo, Modificar, Eliminar, Importar };
+enum Boton { Nuevo, Modificar, Eliminar, Importar, Recuperar };
 
 } // namespace
 
@@ -372,6 +373,11 @@ bool Frm518::AtiendeOpcion(int indice) {
                 *this, {.clave = clave, .cliente = indice == Nuevo ? std::nullopt : cliente, .soloSeMira = EsFija()});
         return true;
     case Eliminar: return EliminaCliente();
+    case Recuperar:
+        if (EsFija() || !PagPercepcion::RecuperaEliminado(BaseDatos(), m_avisos))
+            return false;
+        RefrescaGrilla();
+        return true;
     case Importar:
         m_resguardo.EscribeDetalle();
         if (m_dialogos.abreImportacion)
@@ -385,13 +391,8 @@ bool Frm518::AtiendeOpcion(int indice) {
 
 bool Frm518::EliminaCliente() {
     const RelojDeArena reloj; // a message box shows the arrow above it
-    const std::optional<FilaCliente> cliente = m_ui->PaginaPercepcion->Elegido();
-    if (!cliente)
+    if (!m_ui->PaginaPercepcion->EliminaElegido(BaseDatos(), m_avisos))
         return false;
-    const Mensaje pregunta{Icono::Pregunta, u"¿Confirma que va a eliminar la información?"_s, {}};
-    if (m_avisos.Pregunta(pregunta, Respuesta::No) == Respuesta::No)
-        return false;
-    TablasTrabajo(BaseDatos()).EliminaCliente({.tipoDoc = cliente->tipDocPer, .numero = cliente->numDocPer});
     m_modificado = true; // whatever becomes of what follows
     RefrescaGrilla([this] { m_ui->PaginaPercepcion->PonPrimeraFila(); });
     return true;

@@ -4,7 +4,12 @@
 
 #include "declaration/Declaration.h"
 #include "form518/ClientName.h"
+#include "form518/LastDelete.h"
+#include "form518/WorkTables.h"
+#include "platform/Notices.h"
 #include "widgets/BoxLabel.h"
+
+#include <QShortcut>
 
 namespace xa518 {
 
@@ -48,6 +53,9 @@ PagPercepcion::PagPercepcion(QWidget* padre)
     for (int indice = 0; indice < botones.size(); ++indice)
         connect(botones[indice], &QPushButton::clicked, this, [this, indice] { Q_EMIT Opcion(indice); });
     connect(m_ui->GrdDatos, &GrillaDeLectura::FilaActivada, this, [this] { Q_EMIT Opcion(1); });
+    auto* deshace = new QShortcut(QKeySequence::Undo, this);
+    deshace->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(deshace, &QShortcut::activated, this, [this] { Q_EMIT Opcion(4); });
 }
 
 PagPercepcion::~PagPercepcion() = default;
@@ -101,6 +109,24 @@ std::optional<FilaCliente> PagPercepcion::Elegido() const {
                        .apellidoP = texto(DesApellidoP),
                        .apellidoM = texto(DesApellidoM),
                        .nombres = texto(DesNombres)};
+}
+
+bool PagPercepcion::EliminaElegido(Base& base, Avisos& avisos) const {
+    const std::optional<FilaCliente> cliente = Elegido();
+    if (!cliente)
+        return false;
+    const Mensaje pregunta{Icono::Pregunta, u"¿Confirma que va a eliminar la información?"_s, {}};
+    if (avisos.Pregunta(pregunta, Respuesta::No) == Respuesta::No)
+        return false;
+    TablasTrabajo(base).EliminaCliente({.tipoDoc = cliente->tipDocPer, .numero = cliente->numDocPer});
+    return true;
+}
+
+bool PagPercepcion::RecuperaEliminado(Base& base, Avisos& avisos) {
+    const UltimoBorrado::Vuelta vuelta = UltimoBorrado(base).DevuelveEn(UltimoBorrado::Clase::Cliente);
+    if (vuelta.motivo)
+        avisos.Muestra(*vuelta.motivo);
+    return vuelta.hecha;
 }
 
 } // namespace xa518

@@ -15,6 +15,7 @@ class PagPercepcion;
 
 namespace xa518 {
 
+class Avisos;
 class Base;
 struct Declaracion;
 
@@ -42,8 +43,14 @@ class PagPercepcion : public QWidget {
     /// The client of the current row; nothing in an empty grid.
     [[nodiscard]] std::optional<FilaCliente> Elegido() const;
 
+    /// Deletes that client, when the person means it; tells whether.
+    [[nodiscard]] bool EliminaElegido(Base& base, Avisos& avisos) const;
+    /// Brings the last delete back, or tells why it doesn't come back here.
+    [[nodiscard]] static bool RecuperaEliminado(Base& base, Avisos& avisos);
+
   Q_SIGNALS:
-    /// A button, by its index: 0 new, 1 modify, 2 delete, 3 import; a double click or Enter on a row is 1.
+    /// A button, by its index: 0 new, 1 modify, 2 delete, 3 import; a double click or Enter on a row is 1. Ctrl+Z is 4,
+    /// the last delete back.
     void Opcion(int indice);
 
   private:

@@ -3,7 +3,7 @@
 #include "detail/FrmDetAgePer.h"
 #include "detail/ShowVerdict.h"
 #include "detail/ui_FrmAgePer.h"
-#include "form518/WorkVouchers.h"
+#include "form518/LastDelete.h"
 #include "values/Format.h"
 #include "values/Text.h"
 #include "widgets/Application.h"
@@ -12,6 +12,8 @@
 #include "widgets/FieldKeys.h"
 #include "widgets/HourGlass.h"
 #include "widgets/ReadablePalette.h"
+
+#include <QShortcut>
 
 namespace xa518 {
 
@@ -104,6 +106,7 @@ void FrmAgePer::ConectaBotones() {
                 if (Acepta())
                     Termina();
             }));
+    connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, this, Protegido([this] { Recupera(); }));
     connect(m_ui->GrdPer, &GrillaDeLectura::FilaActivada, this, Protegido([this] { Modificar(); }));
 }
 
@@ -203,6 +206,20 @@ void FrmAgePer::Eliminar() {
     ComprobantesTrabajo(m_entorno.base).Elimina(Seleccionado().clave);
     LigaGrilla();
     m_ui->GrdPer->PonFila(0);
+}
+
+void FrmAgePer::Recupera() {
+    if (m_modo == ModoDetalle::Ver)
+        return;
+    const UltimoBorrado::Vuelta vuelta =
+        UltimoBorrado(m_entorno.base).DevuelveEn(UltimoBorrado::Clase::Comprobante, {.cliente = Datos().Clave()});
+    if (vuelta.motivo)
+        m_entorno.avisos.Muestra(*vuelta.motivo);
+    if (!vuelta.hecha)
+        return;
+    const int fila = m_ui->GrdPer->Fila();
+    LigaGrilla();
+    m_ui->GrdPer->PonFila(fila);
 }
 
 bool FrmAgePer::Acepta() {

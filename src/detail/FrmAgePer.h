@@ -43,6 +43,8 @@ class FrmAgePer : public Forma {
     void Nuevo();
     void Modificar();
     void Eliminar();
+    /// The last delete comes back, if it belongs here.
+    void Recupera();
     /// Stores the client; false when a check refused it.
     bool Acepta();
 

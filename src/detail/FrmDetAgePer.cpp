@@ -5,6 +5,7 @@
 #include "detail/VoucherTypes.h"
 #include "detail/frmPerDet.h"
 #include "detail/ui_FrmDetAgePer.h"
+#include "form518/LastDelete.h"
 #include "platform/Clock.h"
 #include "values/Format.h"
 #include "values/Text.h"
@@ -15,6 +16,7 @@
 #include "widgets/ReadablePalette.h"
 #include "widgets/WidgetHelpers.h"
 
+#include <QShortcut>
 #include <QStyledItemDelegate>
 
 namespace xa518 {
@@ -127,6 +129,8 @@ void FrmDetAgePer::ConectaBotones() {
                 if (Acepta())
                     Termina();
             }));
+    connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, this,
+            Protegido([this] { RecuperaPago(); }));
     connect(m_ui->GrdDetPer, &GrillaDeLectura::FilaActivada, this, Protegido([this] { ModificarPago(); }));
 }
 
@@ -306,6 +310,19 @@ void FrmDetAgePer::EliminarPago() {
     PagosTrabajo(m_entorno.base).Borra(Seleccionado().clave);
     LigaGrilla();
     m_ui->GrdDetPer->PonFila(0);
+}
+
+void FrmDetAgePer::RecuperaPago() {
+    if (m_modo == ModoDetalle::Ver)
+        return;
+    const UltimoBorrado::Vuelta vuelta = UltimoBorrado(m_entorno.base).DevuelveEn(UltimoBorrado::Clase::Pago, Clave());
+    if (vuelta.motivo)
+        m_entorno.avisos.Muestra(*vuelta.motivo);
+    if (!vuelta.hecha)
+        return;
+    const int fila = m_ui->GrdDetPer->Fila();
+    LigaGrilla();
+    m_ui->GrdDetPer->PonFila(fila);
 }
 
 bool FrmDetAgePer::Acepta() {

@@ -53,6 +53,8 @@ class FrmDetAgePer : public Forma {
     void NuevoPago();
     void ModificarPago();
     void EliminarPago();
+    /// The last delete comes back, if it belongs here.
+    void RecuperaPago();
     void AbrePago(ModoDetalle modo, const ComprobanteDePago& pago);
     void Deshabilita_Percepcion();
     void FijaClase();

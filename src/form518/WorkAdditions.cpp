@@ -1,6 +1,7 @@
 #include "form518/WorkAdditions.h"
 
 #include "data/Base.h"
+#include "form518/WorkOrder.h"
 #include "values/Format.h"
 
 #include <algorithm>
@@ -79,6 +80,13 @@ bool AltasTrabajo::Empieza() {
     LeePagos();
     m_version = version;
     return true;
+}
+
+void AltasTrabajo::PonPisos() {
+    const OrdenDeTrabajo orden(*m_base);
+    m_apartadas.clientes.filas.PonPiso(orden.Piso(TablaDeClientes()));
+    m_apartadas.comprobantes.filas.PonPiso(orden.Piso(TablaDeComprobantes()));
+    m_apartadas.pagos.filas.PonPiso(orden.Piso(TablaDePagos()));
 }
 
 void AltasTrabajo::LeeClientes() {
@@ -244,6 +252,7 @@ QList<qint64> AltasTrabajo::Escribe() {
 }
 
 QList<qint64> AltasTrabajo::EscribeApartadas() {
+    PonPisos();
     QList<qint64> rechazadas;
     for (Nuevas* apartadas : m_apartadas.Cada()) {
         for (const size_t fila : m_base->AgregaFilas(apartadas->filas))

@@ -71,6 +71,7 @@ class AltasTrabajo {
         Nuevas pagos;
     };
 
+    void PonPisos();
     void LeeClientes();
     void LeeComprobantes();
     void LeePagos();

@@ -1,7 +1,10 @@
 #include "form518/WorkClients.h"
 
 #include "data/Base.h"
+#include "data/Transaction.h"
 #include "form518/FormCatalogs.h"
+#include "form518/LastDelete.h"
+#include "form518/WorkOrder.h"
 #include "form518/WorkTables.h"
 #include "values/Format.h"
 
@@ -86,7 +89,7 @@ void ClientesTrabajo::Agrega(const ClaveCliente& cliente, const NombresCliente& 
     fila.Pon(m_lugar[TipoDoc], cliente.tipoDoc.Valor()).Pon(m_lugar[NumDoc], cliente.numero);
     PonNombres(fila, nombres);
     PonTotales(fila, totales);
-    m_base->Agrega(fila);
+    OrdenDeTrabajo(*m_base).Agrega(TablaDeClientes(), fila);
 }
 
 void ClientesTrabajo::Modifica(const ClaveCliente& cliente, const NombresCliente& nombres,
@@ -94,7 +97,10 @@ void ClientesTrabajo::Modifica(const ClaveCliente& cliente, const NombresCliente
     std::optional<Registro> fila = m_base->Busca(kClientes, DelCliente(), Valores(cliente));
     if (!fila)
         return;
+    const QVariantList antes = fila->Valores();
     PonNombres(*fila, nombres);
+    if (fila->Valores() != antes) // the names alone: who only looks at the vouchers rewrites the totals
+        OrdenDeTrabajo(*m_base).AnotaCambio(TablaDeClientes(), DelCliente(), Valores(cliente));
     PonTotales(*fila, totales);
     m_base->Actualiza(*fila, DelCliente(), Valores(cliente));
 }
@@ -104,7 +110,10 @@ void ClientesTrabajo::EscribeTotales(const ClaveCliente& cliente, const TotalesC
 }
 
 void ClientesTrabajo::Borra(const ClaveCliente& cliente) {
+    Transaccion transaccion = m_base->Comienza(Turno::Propio);
+    UltimoBorrado(*m_base).GuardaTambien(cliente);
     m_base->Ejecuta(u"DELETE * FROM TMPF518PCAB"_s + DelCliente(), Valores(cliente));
+    transaccion.Confirma();
 }
 
 void ClientesTrabajo::BarreSinCliente(const ClaveCliente& cliente) {

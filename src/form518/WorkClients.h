@@ -77,7 +77,7 @@ class ClientesTrabajo {
     void Modifica(const ClaveCliente& cliente, const NombresCliente& nombres, const TotalesCliente& totales);
     void EscribeTotales(const ClaveCliente& cliente, const TotalesCliente& totales);
 
-    /// Removes the client's row alone, for a client that has no vouchers left.
+    /// Removes the client's row alone, for a client that has no vouchers left; one transaction.
     void Borra(const ClaveCliente& cliente);
 
     /// Removes the vouchers entered for a client that was never stored. Wanted: their payment vouchers stay, an entry

@@ -1,7 +1,10 @@
 #include "form518/WorkPayments.h"
 
 #include "data/Base.h"
+#include "data/Transaction.h"
 #include "form518/FormCatalogs.h"
+#include "form518/LastDelete.h"
+#include "form518/WorkOrder.h"
 
 namespace xa518 {
 
@@ -70,19 +73,25 @@ void PagosTrabajo::Agrega(const ClavePago& clave, const QString& fecha, const Mo
         .Pon(m_lugar[Numero], clave.numero)
         .Pon(m_lugar[Fecha], fecha)
         .Pon(m_lugar[Monto], monto.Texto());
-    m_base->Agrega(fila);
+    OrdenDeTrabajo(*m_base).Agrega(TablaDePagos(), fila);
 }
 
 void PagosTrabajo::Modifica(const ClavePago& clave, const QString& fecha, const MontoEscrito& monto) {
     std::optional<Registro> fila = m_base->Busca(kPagos, DelPago(), Valores(clave));
     if (!fila)
         return;
+    const QVariantList antes = fila->Valores();
     fila->Pon(m_lugar[Fecha], fecha).Pon(m_lugar[Monto], monto.Texto());
     m_base->Actualiza(*fila, DelPago(), Valores(clave));
+    if (fila->Valores() != antes)
+        OrdenDeTrabajo(*m_base).AnotaCambio(TablaDePagos(), DelPago(), Valores(clave));
 }
 
 void PagosTrabajo::Borra(const ClavePago& clave) {
+    Transaccion transaccion = m_base->Comienza(Turno::Propio);
+    UltimoBorrado(*m_base).Guarda(clave);
     m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP"_s + DelPago(), Valores(clave));
+    transaccion.Confirma();
 }
 
 void PagosTrabajo::BorraDe(const ClaveComprobante& comprobante) {

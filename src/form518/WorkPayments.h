@@ -37,6 +37,7 @@ class PagosTrabajo {
     /// Nothing is written when the row is gone.
     void Modifica(const ClavePago& clave, const QString& fecha, const MontoEscrito& monto);
 
+    /// One transaction.
     void Borra(const ClavePago& clave);
     /// Removes all that hang on a voucher.
     void BorraDe(const ClaveComprobante& comprobante);

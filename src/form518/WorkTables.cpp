@@ -3,6 +3,8 @@
 #include "data/Base.h"
 #include "data/Transaction.h"
 #include "form518/DetailColumns.h"
+#include "form518/LastDelete.h"
+#include "form518/WorkRuns.h"
 #include "values/Format.h"
 
 namespace xa518 {
@@ -42,6 +44,7 @@ void TablasTrabajo::Reconstruye(const ClaveDeclaracion& clave) {
 }
 
 void TablasTrabajo::Llena(const ClaveDeclaracion& clave) {
+    CorridasTrabajo(*m_base).Vacia();
     m_base->Ejecuta(u"DELETE * FROM TMPF518PCAB"_s);
     CopiaClientes(clave);
     m_base->Ejecuta(u"DELETE * FROM TMPF518PDET"_s);
@@ -127,9 +130,25 @@ void TablasTrabajo::CalculaTotales() {
     transaccion.Confirma();
 }
 
+void TablasTrabajo::RepasaTotales(const ClaveCliente& cliente) {
+    const auto monto = [](const QString& texto) { return Importe::Valor(Format(texto, kMascaraDeMonto)); };
+    const auto valores = QVariantList{cliente.tipoDoc.Valor(), cliente.numero};
+    ClientesTrabajo clientes(*m_base);
+    const ClientesTrabajo::Sumas sumas = clientes.SumaComprobantes(cliente);
+    const TotalesCliente suyos{
+        .ctdDocs = CuentaDocs(cliente), .base = monto(sumas.base), .percepcion = monto(sumas.percepcion)};
+    const std::optional<Registro> fila = m_base->Busca(u"TMPF518PCAB"_s, DeUnCliente(), valores);
+    if (!fila)
+        return;
+    const auto escrito = [&](DatoCliente dato) { return monto(fila->Valor(ColumnaDe(dato)).toString()); };
+    if (escrito(DatoCliente::MontoBase) != suyos.base || escrito(DatoCliente::Percepcion) != suyos.percepcion)
+        clientes.EscribeTotales(cliente, suyos);
+}
+
 void TablasTrabajo::EliminaCliente(const ClaveCliente& cliente) {
     const QVariantList valores{cliente.tipoDoc.Valor(), cliente.numero};
     Transaccion transaccion = m_base->Comienza(Turno::Propio);
+    UltimoBorrado(*m_base).Guarda(cliente);
     m_base->Ejecuta(u"DELETE * FROM TMPF518PCAB"_s + DeUnCliente(), valores);
     m_base->Ejecuta(u"DELETE * FROM TMPF518PDET"_s + DeUnCliente(), valores);
     m_base->Ejecuta(u"DELETE * FROM TMPF518PDETCP"_s + DeUnCliente(), valores);

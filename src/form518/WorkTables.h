@@ -42,6 +42,10 @@ class TablasTrabajo {
     /// Brings every client's amounts to the sums of its vouchers, negative ones to 0; one transaction.
     void CalculaTotales();
 
+    /// Brings one client's amounts and count to its vouchers, as its dialog does, if the amounts aren't that. The count
+    /// alone may lag behind, as after an import.
+    void RepasaTotales(const ClaveCliente& cliente);
+
     /// Removes a client with its vouchers and payment vouchers; one transaction.
     void EliminaCliente(const ClaveCliente& cliente);
 

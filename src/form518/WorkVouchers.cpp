@@ -3,6 +3,8 @@
 #include "data/Base.h"
 #include "data/Transaction.h"
 #include "form518/FormCatalogs.h"
+#include "form518/LastDelete.h"
+#include "form518/WorkOrder.h"
 #include "form518/WorkPayments.h"
 #include "values/Format.h"
 
@@ -77,26 +79,45 @@ void ComprobantesTrabajo::Agrega(const ClaveComprobante& clave, const CamposComp
         .Pon(m_lugar[Numero], clave.numero)
         .Pon(m_lugar[TipCp], clave.tipCp);
     PonCampos(fila, campos);
-    m_base->Agrega(fila);
+    const OrdenDeTrabajo orden(*m_base);
+    orden.Agrega(TablaDeComprobantes(), fila);
+    orden.AnotaCliente(clave.cliente);
 }
 
 void ComprobantesTrabajo::Modifica(const ClaveComprobante& clave, const CamposComprobante& campos) {
     std::optional<Registro> fila = m_base->Busca(kComprobantes, DelComprobante(), Valores(clave));
     if (!fila)
         return;
+    const QVariantList antes = fila->Valores();
     PonCampos(*fila, campos);
     m_base->Actualiza(*fila, DelComprobante(), Valores(clave));
+    if (fila->Valores() == antes)
+        return;
+    const OrdenDeTrabajo orden(*m_base);
+    orden.AnotaCambio(TablaDeComprobantes(), DelComprobante(), Valores(clave));
+    orden.AnotaCliente(clave.cliente);
+}
+
+void ComprobantesTrabajo::Quita(const ClaveComprobante& clave) {
+    m_base->Ejecuta(u"DELETE * FROM TMPF518PDET"_s + DelComprobante(), Valores(clave));
+    OrdenDeTrabajo(*m_base).AnotaCliente(clave.cliente);
 }
 
 void ComprobantesTrabajo::Borra(const ClaveComprobante& clave) {
-    m_base->Ejecuta(u"DELETE * FROM TMPF518PDET"_s + DelComprobante(), Valores(clave));
+    if (!Existe(clave))
+        return; // what was deleted before it can still come back
+    Transaccion transaccion = m_base->Comienza(Turno::Propio);
+    UltimoBorrado(*m_base).GuardaTambien(clave);
+    Quita(clave);
+    transaccion.Confirma();
 }
 
 void ComprobantesTrabajo::Elimina(const ClaveComprobante& clave) {
     Transaccion transaccion = m_base->Comienza(Turno::Propio);
+    UltimoBorrado(*m_base).Guarda(clave);
     if (clave.tipCp.trimmed().isEmpty())
         PagosTrabajo(*m_base).BorraDe(clave);
-    Borra(clave);
+    Quita(clave);
     transaccion.Confirma();
 }
 

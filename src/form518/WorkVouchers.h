@@ -54,7 +54,7 @@ class ComprobantesTrabajo {
     /// Nothing is written when the row is gone.
     void Modifica(const ClaveComprobante& clave, const CamposComprobante& campos);
 
-    /// Removes the row alone.
+    /// Removes the row alone, which has lost what hung on it; one transaction.
     void Borra(const ClaveComprobante& clave);
     /// Removes an ordinary voucher with its payment vouchers, a cash sale without looking for any (wanted: it has
     /// none); one transaction.
@@ -67,6 +67,7 @@ class ComprobantesTrabajo {
   private:
     using enum DatoComprobante;
 
+    void Quita(const ClaveComprobante& clave);
     void PonCampos(Registro& fila, const CamposComprobante& campos) const;
 
     Base* m_base;

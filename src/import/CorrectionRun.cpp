@@ -105,7 +105,7 @@ DesenlaceDeCorreccion CorreCorregidas(Proceso& proceso, const ClaveDeclaracion& 
         return desenlace;
     FallasDeCorrida fallas;
     HastaQueDetengan observador(avance);
-    const OpcionesImportacion opciones{.prueba = prueba, .rechazadas = &fallas};
+    const OpcionesImportacion opciones{.prueba = prueba, .rechazadas = &fallas, .seDeshace = !prueba};
     desenlace.resultado = Transferencia(proceso, clave, correccion.Formato(), ruta, opciones).Corre(observador);
     desenlace.corrio = true;
     Juzga(escritas, fallas, desenlace);

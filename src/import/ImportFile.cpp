@@ -5,6 +5,7 @@
 #include "values/FileFailure.h"
 #include "values/ObjetoUtil.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 
 namespace xa518 {
@@ -31,6 +32,14 @@ QString BuscaArchivo(const QString& ruta, const QString& nombre) {
     if (iguales.isEmpty())
         throw FallaDeArchivo(Intento::Leer, directorio.absoluteFilePath(nombre));
     return directorio.filePath(iguales.front());
+}
+
+QString HuellaDeArchivo(const QString& ruta) {
+    QFile archivo(ruta);
+    QCryptographicHash huella(QCryptographicHash::Sha256);
+    if (!archivo.open(QIODevice::ReadOnly) || !huella.addData(&archivo))
+        throw FallaDeArchivo(Intento::Leer, archivo);
+    return QString::fromLatin1(huella.result().toHex());
 }
 
 } // namespace xa518

@@ -18,4 +18,7 @@ struct FormatoImportacion;
 /// the folder can't be entered.
 [[nodiscard]] QString BuscaArchivo(const QString& ruta, const QString& nombre);
 
+/// The SHA-256 of a file in hexadecimal digits. Raises `Error` when it can't be read.
+[[nodiscard]] QString HuellaDeArchivo(const QString& ruta);
+
 } // namespace xa518

@@ -104,6 +104,7 @@ void Transferencia::ImportaLineas(ObservadorImportacion& observador, const AlEmp
     try {
         RecorreLineas(observador, lotes, *almacen);
         EscribeLote(lotes, *almacen);
+        AnotaFin(m_resultado.fin == FinImportacion::Cancelada ? FinDeCorrida::Cancelada : FinDeCorrida::Completa);
         lotes.Cierra();
     } catch (const ConfirmacionIncierta&) {
         Pierde(m_resultado.transferidos - lotes.Conservadas(), NoSeSabeSiQuedaron);
@@ -119,6 +120,7 @@ void Transferencia::ImportaLineas(ObservadorImportacion& observador, const AlEmp
 bool Transferencia::Conserva(Lotes& lotes, Almacen& almacen) {
     try {
         EscribeLote(lotes, almacen);
+        AnotaFin(FinDeCorrida::Fallida);
     } catch (const Error&) {
         return lotes.Conserva();
     }
@@ -141,7 +143,7 @@ void Transferencia::RecorreLineas(ObservadorImportacion& observador, Lotes& lote
         }
         if (lotes.EstaLleno())
             EscribeYAdelanta(lotes, almacen, lineas);
-        if (lotes.Linea() && almacen.Empieza())
+        if (lotes.Linea() && EmpiezaLote(almacen))
             lineas.Repite();
         ++m_numeroLinea;
         const Dictamen dictamen = lineas.Decide();
@@ -149,6 +151,25 @@ void Transferencia::RecorreLineas(ObservadorImportacion& observador, Lotes& lote
     }
     if (lineas.BytesLeidos() != m_revision.bytes)
         throw ArchivoCambiado();
+}
+
+/// The run is noted within the transaction of its first rows: neither is there without the other, whatever happens.
+/// Tells whether the tables were read anew.
+bool Transferencia::EmpiezaLote(Almacen& almacen) {
+    if (m_opciones.seDeshace && !m_corrida) {
+        m_corrida = CorridasTrabajo(*m_proceso.baseDatos)
+                        .Empieza({.nombre = m_resultado.archivo,
+                                  .huella = HuellaDeArchivo(m_archivo.fileName()),
+                                  .bytes = m_revision.bytes},
+                                 m_proceso.sysUser, m_proceso.reloj.Ahora());
+    }
+    return almacen.Empieza();
+}
+
+void Transferencia::AnotaFin(FinDeCorrida fin) {
+    if (m_corrida)
+        CorridasTrabajo(*m_proceso.baseDatos)
+            .Termina(*m_corrida, fin, m_resultado.transferidos, m_resultado.rechazados);
 }
 
 /// The lines behind a batch are decided while it is written.

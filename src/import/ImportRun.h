@@ -1,6 +1,7 @@
 #pragma once
 
 #include "family/DeclarationKey.h"
+#include "form518/WorkRuns.h"
 #include "import/FileSurvey.h"
 #include "import/ImportFormat.h"
 #include "import/ImportLog.h"
@@ -79,6 +80,7 @@ struct OpcionesImportacion {
     DestinoDeRechazos* planilla = nullptr; ///< gets the refused lines; must outlive the run
     /// Likewise; of a file that is refused whole it gets the lines that bar it.
     ReceptorDeRechazadas* rechazadas = nullptr;
+    bool seDeshace = false; ///< it is noted beside the work tables, so that it can be undone
 };
 
 /// One run over one import file: every line is checked and what passes is added to the work tables, whose totals are
@@ -109,9 +111,11 @@ class Transferencia {
     [[nodiscard]] bool EsApto();
     void ImportaLineas(ObservadorImportacion& observador, const AlEmpezar& alEmpezar);
     void RecorreLineas(ObservadorImportacion& observador, Lotes& lotes, Almacen& almacen);
+    [[nodiscard]] bool EmpiezaLote(Almacen& almacen);
     void EscribeLote(Lotes& lotes, Almacen& almacen);
     void EscribeYAdelanta(Lotes& lotes, Almacen& almacen, LineasDecididas& lineas);
     void EscribeApartadas(Lotes& lotes, Almacen& almacen);
+    void AnotaFin(FinDeCorrida fin);
     [[nodiscard]] bool Conserva(Lotes& lotes, Almacen& almacen);
     void RechazaEscritas(const QList<qint64>& lineas);
     void Pierde(qint64 lineas, QString (*frase)(qint64 perdidas, qint64 conservadas));
@@ -135,6 +139,7 @@ class Transferencia {
     QFile m_archivo;
     Revision m_revision;
     LogImportacion m_log;
+    std::optional<int> m_corrida; ///< under which it is noted
     ResultadoImportacion m_resultado;
     qint64 m_numeroLinea = 0;            ///< of the current line, from 1
     std::map<Codigo, QString> m_motivos; ///< of the codes met so far

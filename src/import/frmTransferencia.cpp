@@ -2,7 +2,9 @@
 
 #include "ui_frmTransferencia.h"
 
+#include "data/Base.h"
 #include "family/Process.h"
+#include "form518/WorkRuns.h"
 #include "form518/WorkTables.h"
 #include "import/Correction.h"
 #include "import/Formats.h"
@@ -10,6 +12,8 @@
 #include "import/ImportFile.h"
 #include "import/MountedVolumes.h"
 #include "import/RunMessages.h"
+#include "import/UndoImport.h"
+#include "import/UndoMessages.h"
 #include "platform/FileDialogs.h"
 #include "platform/Notices.h"
 #include "values/FileFailure.h"
@@ -129,6 +133,7 @@ frmTransferencia::frmTransferencia(Proceso& proceso, Avisos& avisos, ClaveDeclar
     PreparaBarra();
     PonEtiquetasEnReposo();
     PreparaCarpeta();
+    OfreceDeshacer();
     Conecta();
     Prepara({m_ui->cmCancelar});
 }
@@ -157,6 +162,7 @@ void frmTransferencia::Conecta() {
     connect(m_ui->cmdProbar, &QPushButton::clicked, this, Protegido([this] { Procesa(true); }));
     connect(m_ui->cmdGuardarErrores, &QPushButton::clicked, this, Protegido([this] { GuardarErrores(); }));
     connect(m_ui->cmdCorregir, &QPushButton::clicked, this, Protegido([this] { Corregir(); }));
+    connect(m_ui->cmdDeshacer, &QPushButton::clicked, this, Protegido([this] { Deshacer(); }));
     connect(m_ui->cmCancelar, &QPushButton::clicked, this, Protegido([this] { Salir(); }));
 }
 
@@ -201,7 +207,53 @@ void frmTransferencia::Transferir() {
     if (m_yaProcesado && m_avisos.Pregunta(pregunta, Respuesta::No) == Respuesta::No)
         return;
     m_yaProcesado = true;
-    Procesa(false);
+    PreguntaSiEsRepetida();
+}
+
+/// The bytes are only gone through when a file of that length has been imported before. One that isn't there is told of
+/// by the run.
+void frmTransferencia::PreguntaSiEsRepetida() {
+    QString ruta;
+    try {
+        ruta = BuscaArchivo(m_ui->Carpeta->Carpeta(), ArchivoEsperado());
+    } catch (const Error&) {
+        return Procesa(false);
+    }
+    if (!CorridasTrabajo(*m_proceso.baseDatos).HayDeTamanio(QFileInfo(ruta).size()))
+        return Procesa(false);
+    CorreTarea(
+        *this, {.titulo = u"Revisando el archivo"_s},
+        [aparte = ProcesoAparte(m_proceso), ruta](Avance& /*avance*/) {
+            return CorridasTrabajo(*aparte.Abre().baseDatos).DeHuella(HuellaDeArchivo(ruta));
+        },
+        [this](const std::optional<CorridaTrabajo>& anterior) { ImportaSiQuiere(anterior); });
+}
+
+void frmTransferencia::ImportaSiQuiere(const std::optional<CorridaTrabajo>& anterior) {
+    if (!anterior || m_avisos.Pregunta(PreguntaPorRepetida(*anterior), Respuesta::No) == Respuesta::Si)
+        Procesa(false);
+}
+
+void frmTransferencia::Deshacer() {
+    DeshaceUltimaImportacion(*this, m_proceso, m_avisos, [this] {
+        m_sinTotales.reset(); // what they lacked is gone
+        PonEtiquetasEnReposo();
+        m_ui->cmdGuardarErrores->setEnabled(false);
+        OfreceDeshacer();
+        RefrescaLoDebajo();
+    });
+}
+
+/// Where the base can't tell, the button has nothing to offer.
+void frmTransferencia::OfreceDeshacer() {
+    std::optional<CorridaTrabajo> ultima;
+    try {
+        ultima = CorridasTrabajo(*m_proceso.baseDatos).Ultima();
+    } catch (const Error&) { // NOLINT(bugprone-empty-catch)
+    }
+    m_ui->cmdDeshacer->setEnabled(ultima.has_value());
+    m_ui->cmdDeshacer->setToolTip(ultima ? ComoFue(*ultima)
+                                         : u"No hay importaciones en esta declaración desde que se abrió"_s);
 }
 
 void frmTransferencia::Procesa(bool prueba) {
@@ -216,7 +268,7 @@ void frmTransferencia::Procesa(bool prueba) {
     m_carpetaDelArchivo = m_ui->Carpeta->Carpeta();
     m_hilo = std::make_unique<HiloDeTrabajo>(
         [corrida = m_enProceso, formato = m_formato, carpeta = m_carpetaDelArchivo, rechazadas = m_rechazadas,
-         opciones = OpcionesImportacion{prueba, NuevaPlanilla(), m_rechazadas.get()}] {
+         opciones = OpcionesImportacion{prueba, NuevaPlanilla(), m_rechazadas.get(), !prueba}] {
             corrida->Corre(*formato, carpeta, opciones);
             rechazadas->Cierra();
         },
@@ -240,8 +292,8 @@ void frmTransferencia::Sigue(const ResultadoImportacion& resultado, bool prueba)
     m_archivo = resultado.archivo;
     MuestraFin(resultado);
     PreparaCorreccion(resultado, prueba);
-    if (!prueba)
-        RefrescaLoDebajo(resultado);
+    if (!prueba && resultado.HuboLineas())
+        RefrescaLoDebajo();
     CuentaElFin(resultado, prueba);
 }
 
@@ -255,8 +307,8 @@ void frmTransferencia::Abandona(const ResultadoImportacion& resultado) {
 
 /// What stands in its way, such as a lock, mustn't keep the end of the run from being told. The form shows its list
 /// anew when the dialog closes, and tells what it then meets.
-void frmTransferencia::RefrescaLoDebajo(const ResultadoImportacion& resultado) const {
-    if (!m_entorno.refresca || !resultado.HuboLineas())
+void frmTransferencia::RefrescaLoDebajo() const {
+    if (!m_entorno.refresca)
         return;
     try {
         m_entorno.refresca();
@@ -283,6 +335,10 @@ void frmTransferencia::PonCorriendo(bool corriendo) {
     m_ui->Carpeta->Activa(!corriendo);
     m_ui->cmdGuardarErrores->setEnabled(false);
     m_ui->cmdCorregir->setEnabled(false);
+    if (corriendo)
+        m_ui->cmdDeshacer->setEnabled(false);
+    else
+        OfreceDeshacer();
     setAcceptDrops(!corriendo);
     if (!corriendo && m_conFoco && focusWidget() == m_ui->barraAvance)
         m_conFoco->setFocus();
@@ -425,7 +481,8 @@ void frmTransferencia::Corregir() {
 void frmTransferencia::AlImportarCorregidas(Forma& sobre, const ResultadoImportacion& resultado) {
     m_yaProcesado = true;
     RecuerdaTotales(resultado);
-    RefrescaLoDebajo(resultado);
+    if (resultado.HuboLineas())
+        RefrescaLoDebajo();
     if (m_entorno.reporte && !resultado.rutaErr.isEmpty() && resultado.fin == FinImportacion::Completa)
         m_entorno.reporte({.sobre = sobre, .rutaErr = resultado.rutaErr, .muestra = false, .despues = [] {}});
 }

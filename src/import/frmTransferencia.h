@@ -72,12 +72,15 @@ class frmTransferencia final : public Forma {
 
     // The run.
     void Transferir();
+    /// Asks when these very bytes have been imported already; then goes on with the run.
+    void PreguntaSiEsRepetida();
+    void ImportaSiQuiere(const std::optional<CorridaTrabajo>& anterior);
     void Procesa(bool prueba);
     void AlTerminar(const std::exception_ptr& falla, bool prueba);
     void Sigue(const ResultadoImportacion& resultado, bool prueba);
     void Abandona(const ResultadoImportacion& resultado);
     void PonCorriendo(bool corriendo);
-    void RefrescaLoDebajo(const ResultadoImportacion& resultado) const;
+    void RefrescaLoDebajo() const;
     void MuestraAvance(const AvanceImportacion& avance);
     void MuestraFin(const ResultadoImportacion& resultado);
     void CuentaLoPerdido(const ResultadoImportacion& resultado);
@@ -87,6 +90,10 @@ class frmTransferencia final : public Forma {
     void InsisteEnTotales(const std::function<void()>& despues);
     void SumaDeNuevo(const std::function<void()>& despues);
     void PonEtiquetasEnReposo();
+
+    // The runs that can be undone.
+    void Deshacer();
+    void OfreceDeshacer();
 
     // The refused lines of the last run.
     [[nodiscard]] PlanillaErrores* NuevaPlanilla();

@@ -320,6 +320,24 @@ TEST_F(Frm518Test, ADeletedClientTakesHisVouchersAndTheTotalsFollow) {
     EXPECT_EQ(m_base.Filas(u"SELECT count(*) FROM F518PDET"_s), QStringList{u"1"_s}) << "only a save makes it last";
 }
 
+TEST_F(Frm518Test, CtrlZBringsTheDeletedClientBackWithItsBoxes) {
+    GrabaUna();
+    AbreRegistrada();
+    VaAPestania(1);
+    const auto deshace = [this] {
+        QTest::keyClick(&Control<QPushButton>(u"CmdOpciones_2"_s), Qt::Key_Z,
+                        Qt::ControlModifier); // where the delete left it
+        EsperaTrabajos();
+    };
+    deshace(); // nothing to bring back, nothing to say
+    m_avisos.EsperaPregunta(u"¿Confirma que va a eliminar la información?"_s, Respuesta::Si);
+    Pulsa(u"CmdOpciones_2"_s);
+    EXPECT_EQ(Texto(u"TxtValor_401"_s), QString());
+    deshace();
+    EXPECT_EQ(Texto(u"TxtValor_401"_s), u"1,000"_s);
+    EXPECT_EQ(m_base.Filas(u"SELECT count(*) FROM TMPF518PDET"_s), QStringList{u"1"_s});
+}
+
 TEST_F(Frm518Test, TheGridNamesAPersonAsOnPaperAndWidensForALaterRow) {
     AbreNueva();
     Identifica();

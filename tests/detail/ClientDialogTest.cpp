@@ -1,6 +1,7 @@
 #include "detail/FrmAgePer.h"
 
 #include "detail/DetailFixture.h"
+#include "form518/WorkTables.h"
 
 #include <QTableView>
 
@@ -125,6 +126,34 @@ TEST_F(ClientDialogTest, SweepsTheVouchersOfAClientNeverStored) {
         EXPECT_FALSE(forma->isVisible());
         EXPECT_EQ(Quedan(), u" / 2 / 1,2"_s); // the payment vouchers stay
     }
+}
+
+TEST_F(ClientDialogTest, CtrlZBringsTheLastDeletedVoucherBackWhereItBelongs) {
+    MeteCliente(u"6"_s, kEmpresa);
+    MeteComprobante(kEmpresa, u"1"_s);
+    MeteComprobante(kEmpresa, u"1"_s, u"12"_s);
+    const QString antes = Quedan();
+    const auto deshace = [](QWidget& forma) {
+        QTest::keyClick(&De(forma, "GrdPer"), Qt::Key_Z, Qt::ControlModifier);
+        EsperaTrabajos();
+    };
+    {
+        const auto forma = Abre(m_fila);
+        m_avisos.EsperaPregunta(u"¿Confirma que va a eliminar la información?"_s, Respuesta::Si);
+        Clic(*forma, "CmdOpciones_2");
+        EXPECT_NE(Quedan(), antes);
+        Clic(*forma, "CmdSalir");
+    }
+    const auto forma = Abre(m_fila); // in a later opening
+    deshace(*forma);
+    EXPECT_EQ(Quedan(), antes);
+    EXPECT_EQ(De<QLineEdit>(*forma, "TxtPercepcion").text(), u"4.00"_s);
+    TablasTrabajo(*m_base).EliminaCliente({CodigoDocumento(6), kEmpresa});
+    m_avisos.Espera(
+        u"Lo último que se eliminó es el cliente %1. Para recuperarlo pulse Ctrl+Z en la lista de clientes."_s.arg(
+            kEmpresa));
+    deshace(*forma);
+    EXPECT_EQ(Quedan(), u" /  / "_s);
 }
 
 TEST_F(ClientDialogTest, AStoredClientWithoutVouchersGoesIfThePersonSaysSo) {

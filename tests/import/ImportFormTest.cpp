@@ -281,6 +281,43 @@ TEST_F(ImportForm, AFileWithoutItsFinalSeparatorStaysOpenUntilTheNextRunOrTheWay
     EXPECT_EQ(De<QLineEdit>("TxtCarpeta").text(), m_escenario.base.Carpeta());
 }
 
+TEST_F(ImportForm, TheLastImportIsUndoneAfterAQuestionAndTheSameFileNamedBeforeAnother) {
+    m_escenario.Escribe(Muchas(3));
+    TecleaCarpeta(m_escenario.base.Carpeta());
+    EXPECT_FALSE(De("cmdDeshacer").isEnabled());
+    const QString transferido = u"Archivo : 051820990518018202610.TXT transferido"_s;
+    m_avisos.Espera(transferido);
+    Pulsa("cmdTransferir");
+    EXPECT_EQ(m_escenario.Cuenta(), QList<int>({1, 3, 3}));
+
+    Abre(); // what was imported can be undone in any later opening
+    ASSERT_TRUE(De("cmdDeshacer").isEnabled());
+    const QString como =
+        u"051820990518018202610.TXT, 21/11/2026 10:00, usuario  (líneas: 3 transferidas y 0 rechazadas)"_s;
+    EXPECT_EQ(De("cmdDeshacer").toolTip(), como);
+    const QString pregunta =
+        u"Última importación: %1.\n\nAl deshacerla se van 1 cliente, 3 comprobantes y 3 comprobantes de pago, con"
+        " 301.50 de monto cobrado y %2 de percepción. Los demás clientes vuelven a los totales que tenían.\n\n¿Desea"
+        " deshacerla?"_s.arg(como, m_escenario.base.Filas(u"SELECT mto_imp_p FROM TMPF518PCAB"_s).join(u'|'));
+    m_avisos.EsperaPregunta(
+        u"Este mismo archivo ya se importó en esta declaración: %1.\n¿Desea importarlo otra vez?"_s.arg(como),
+        Respuesta::No);
+    Pulsa("cmdTransferir");
+    m_avisos.EsperaPregunta(pregunta, Respuesta::No);
+    Pulsa("cmdDeshacer");
+    EXPECT_EQ(m_escenario.Cuenta(), QList<int>({1, 3, 3}));
+    m_refrescos = 0;
+    m_avisos.EsperaPregunta(pregunta, Respuesta::Si);
+    m_avisos.Espera(u"Se deshizo la importación de 051820990518018202610.TXT: se fueron 1 cliente, 3 comprobantes y 3"
+                    " comprobantes de pago.\nPara que cambie también la declaración grabada, grábela."_s);
+    Pulsa("cmdDeshacer");
+    EXPECT_EQ(m_escenario.Cuenta(), QList<int>({0, 0, 0}));
+    EXPECT_EQ(m_refrescos, 1);
+    EXPECT_FALSE(De("cmdDeshacer").isEnabled());
+    TransfiereOtraVez({Icono::Informacion, transferido, u"Mensaje"_s}); // it isn't in the declaration any more
+    EXPECT_EQ(m_escenario.Cuenta(), QList<int>({1, 3, 3}));
+}
+
 TEST_F(ImportForm, TheWayOutEndsARunWithinALine) {
     m_escenario.Escribe(Muchas(60'000));
     TecleaCarpeta(m_escenario.base.Carpeta());

@@ -29,7 +29,7 @@ class FrmMudanzaTest : public testing::Test {
         EsperaTrabajos();
     }
     [[nodiscard]] static QString Relato(const QString& destino, int filas, const QString& origen) {
-        return u"La base quedó en '%1': 26 tablas y %2 filas, comparadas una por una.\n\nLa anterior queda como estaba,"
+        return u"La base quedó en '%1': 32 tablas y %2 filas, comparadas una por una.\n\nLa anterior queda como estaba,"
                " en '%3'.\n\n"_s.arg(destino)
                    .arg(filas)
                    .arg(origen);

@@ -29,7 +29,8 @@ std::unique_ptr<Base> CreaBase(const QString& ruta) {
     std::unique_ptr<Base> base = Base::Crea(ruta);
     const QDir fuentes(QStringLiteral(XA518_SOURCE_DIR));
     const QStringList pasos{u"family/schema/0001_shared_tables.sql"_s, u"form518/schema/0002_form_0518.sql"_s,
-                            u"family/schema/0003_change_log.sql"_s, u"form518/schema/0004_unsaved.sql"_s};
+                            u"family/schema/0003_change_log.sql"_s, u"form518/schema/0004_unsaved.sql"_s,
+                            u"form518/schema/0005_runs_and_last_delete.sql"_s};
     const QRegularExpression comentario(u"^--.*$"_s, QRegularExpression::MultilineOption);
     Transaccion transaccion = base->Comienza(); // one wait for the disk instead of one a table
     for (const QString& paso : pasos) {
