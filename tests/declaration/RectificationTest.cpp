@@ -37,20 +37,21 @@ TEST_F(RectificationTest, BringsWhatWasSentOnceItIsWanted) {
     Identifica();
     m_avisos.EsperaPregunta(kOferta, Respuesta::Si);
     VaAPestania(2);
+    EsperaTrabajos();
     m_avisos.Comprueba();
+    VaAPestania(2); // the click that left the period may have come to nothing while the rows were brought
     EXPECT_EQ(Detalle(), u"20500000007|1000.00"_s);
     EXPECT_EQ(Texto(u"TxtValor_401"_s) + u' ' + Texto(u"TxtValor_410"_s), u"1,000 1,000"_s);
     EXPECT_TRUE(Control<QRadioButton>(u"OptEfectivo"_s).isChecked());
     EXPECT_TRUE(Control<QRadioButton>(u"OptRectifica_1"_s).isChecked()) << "and nobody is reminded to type it all";
     EXPECT_FALSE(Control<>(u"MkePeriodo"_s).isEnabled()) << "the rows are of that key";
-    Teclea(u"TxtValor_410"_s, u"900"_s);
+    Teclea(u"TxtValor_410"_s, u"9"_s);
     Pulsa(u"CmdCambios"_s);
     ASSERT_TRUE(m_comparado && m_comparado->abierta);
     EXPECT_EQ(m_comparado->copia.clave.correl + u' ' + m_comparado->nombre, u"3 COMERCIAL DEL VALLE S.A.C."_s);
     EXPECT_EQ(m_comparado->abierta->value(401) + u' ' + m_comparado->abierta->value(871), u"1,000 1"_s);
-    m_avisos.Espera(
-        u"El importe a pagar es menor que el saldo definitivo a pagar en Percepciones. La ZOLMA emitirá una "
-        "Orden de Pago"_s);
+    m_avisos.Espera(u"El importe a pagar es mayor que el saldo definitivo a pagar. Se le generará un pago en exceso de"
+                    " Percepciones"_s);
     m_avisos.Espera(kLimpia);
     Pulsa(u"CmdGrabar"_s);
     EXPECT_EQ(m_base.Filas(u"SELECT rectifica, estado FROM CAB"_s), QStringList{u"1|0"_s});

@@ -5,6 +5,7 @@ or over a server where one is named."""
 import contextlib
 import os
 import sys
+import time
 
 from month import (COMPANY, DECLARATION, LAUNCHER, MODULE, PERIOD, PERSON, accepts, enters_voucher, leaves, opens_client,
                    opens_new, starts_module)
@@ -59,13 +60,15 @@ def shows(screen, question, *rows):
 
 
 def brings_it(screen):
-    """The question comes when the period is left, and goes before the page that was asked for."""
+    """The question comes when the period is left."""
     screen.keys("alt+d", "n")
     screen.opens(DECLARATION)
     screen.picks("Down", "Return")
     screen.types(PERIOD[4:] + PERIOD[:4])
-    screen.keys("alt+p")
+    screen.keys("Tab")
     screen.answers(DECLARATION, "alt+s")
+    time.sleep(1)  # while the rows are brought no key does anything
+    screen.keys("alt+p")
 
 
 def changes_it(screen):
