@@ -81,6 +81,16 @@ TEST_F(SharedModuleTest, WhatAnotherSeatHasOpenIsLookedAtOnlyAndNotDeleted) {
     EXPECT_TRUE(otro->LosPuestos()->Ocupa(kSetiembre));
 }
 
+TEST_F(SharedModuleTest, WhatIsWrongWithTheServerIsToldInTheBoxOfTheStart) {
+    perfil.Escribe(u"Options"_s, u"DBName", base.DBName() + u" dbname=nohay"_s);
+    avisos.Espera({Icono::Ninguno,
+                   u"El servidor no tiene la base de datos 'nohay': revise dbname en XA000.INI.\n 3024"_s,
+                   u"Error de Conección"_s});
+    MDIFrm ventana(proceso, avisos, perfil, dialogos);
+    EXPECT_FALSE(ventana.Carga());
+    EXPECT_EQ(proceso.baseDatos, nullptr);
+}
+
 TEST_F(SharedModuleTest, AnAccountThatReadsAloneOpensAndShowsButGreysWhatWrites) {
     const QString cuenta = u"lee_%1"_s.arg(QCoreApplication::applicationPid());
     PideAlServidor(u"CREATE ROLE %1 LOGIN"_s.arg(cuenta));

@@ -1,9 +1,11 @@
+#include "family/ChangeLog.h"
 #include "form518/Form0518.h"
 #include "launcher/FrmConsola.h"
 #include "launcher/Session.h"
 #include "platform/Clock.h"
 #include "support/FormDriver.h"
 #include "support/TemporaryBase.h"
+#include "values/Progress.h"
 
 #include <QLabel>
 
@@ -26,6 +28,12 @@ class FrmMudanzaTest : public testing::Test {
         });
         QTest::keyClick(&ventana, Qt::Key_A, Qt::AltModifier);
         EXPECT_TRUE(QTest::qWaitFor([&abierta] { return abierta; }));
+        EsperaTrabajos();
+    }
+    /// By its access key, to the end of the work that it starts.
+    void Alt(Qt::Key letra) {
+        QTest::keyClick(&ventana, letra, Qt::AltModifier);
+        QTest::qWait(120); // a mnemonic holds the button down for a tenth of a second
         EsperaTrabajos();
     }
     [[nodiscard]] static QString Relato(const QString& destino, int filas, const QString& origen) {
@@ -77,4 +85,28 @@ TEST_F(FrmMudanzaTest, TheBaseMovesToAServerAndBackAndTheWindowGoesOnThere) {
     Muda(vuelta);
     avisos.Comprueba();
     EXPECT_TRUE(Pie().endsWith(QDir::toNativeSeparators(vuelta))) << qPrintable(Pie());
+}
+
+TEST_F(FrmMudanzaTest, ACopyOfTheServerIsMadeAndPutBackBesideTheWindow) {
+    SinAvance sinAvance;
+    (void)Sesion(entorno).MudanzaA(servidor->Texto()).Muda(FirmaDe(u"ANA"_s, reloj), sinAvance);
+    Muestra(ventana);
+    QCoreApplication::processEvents();
+    Alt(Qt::Key_C);
+    avisos.Espera(u"La copia de respaldo quedó guardada en '%1'."_s.arg(
+        QDir::toNativeSeparators(raiz.filePath(u"xa518/RESPALDOS/XA000-20261121-100000.dump"_s))));
+    Alt(Qt::Key_H);
+    avisos.Comprueba();
+    Base::Abre(servidor->Texto())->Ejecuta(u"DELETE FROM CONT"_s);
+    avisos.EsperaPregunta(u"¿Confirma que va a poner la base tal como estaba el 21/11/2026 10:00:00?\n\nLo que se hizo"
+                          " después dejará de estar en la base, salvo los números ya dados y los informes registrados."
+                          " Antes se guarda una copia de lo que hay ahora."_s,
+                          Respuesta::Si);
+    avisos.Espera(u"La base quedó como estaba el 21/11/2026 10:00:00."_s);
+    Alt(Qt::Key_T);
+    avisos.Comprueba();
+    const auto base = Base::Abre(servidor->Texto());
+    Registros declarantes = base->Lee(u"SELECT count(*) FROM CONT"_s);
+    ASSERT_TRUE(declarantes.Siguiente());
+    EXPECT_EQ(declarantes.Entero(0), 1);
 }

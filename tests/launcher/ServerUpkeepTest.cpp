@@ -5,12 +5,14 @@
 #include "family/ChangeLog.h"
 #include "family/WorkLock.h"
 #include "form518/Form0518.h"
+#include "launcher/Backups.h"
 #include "launcher/CommandLine.h"
 #include "launcher/Moving.h"
 #include "launcher/PreparedBase.h"
 #include "launcher/TableCopy.h"
 #include "platform/Clock.h"
 #include "platform/ProfileFile.h"
+#include "support/ProgressScript.h"
 #include "support/TemporaryBase.h"
 #include "values/Progress.h"
 
@@ -61,10 +63,13 @@ class ServerUpkeep : public testing::Test {
         }
         return firmas;
     }
-    static int BasesDePaso() {
-        MandoDeServidor mando(qEnvironmentVariable("XA518_TEST_SERVER") + u" dbname=postgres"_s,
-                              MandoDeServidor::Lugar::EnLaBase);
-        return mando.PideUno(u"SELECT count(*) FROM pg_database WHERE datname LIKE '%\\_paso\\_%'"_s).toInt();
+    /// Those of this base's restores: other tests make their own.
+    int BasesDePaso() const {
+        MandoDeServidor mando(Servidor(), MandoDeServidor::Lugar::AlLado);
+        return mando
+            .PideUno(u"SELECT count(*) FROM pg_database WHERE starts_with(datname, %1)"_s.arg(
+                TextoSql(mando.Nombrada() + u"_paso_"_s)))
+            .toInt();
     }
 
     const Formularios formularios{Formulario0518()};
@@ -217,6 +222,12 @@ TEST_F(ServerUpkeep, WhoeverWorksChangesNeitherTablesNorTheLogAndWhoeverReadsNot
         EXPECT_EQ(puede(kGrupoTrabajo, sql), trabaja) << qPrintable(sql);
         EXPECT_EQ(puede(kGrupoLectura, sql), lee) << qPrintable(sql);
     }
+    perfil.Escribe(u"Options", u"DBName", como(kGrupoLectura));
+    for (const QStringList& orden : {QStringList{u"--declarante"_s, kRucMuestra, u"--nombre"_s, u"X"_s},
+                                     QStringList{u"--enviar"_s, kRucMuestra, u"202609"_s}}) {
+        EXPECT_EQ(Corre(orden), 2);
+        EXPECT_EQ(errores, u"consola: La cuenta con la que se conecta al servidor es sólo de lectura.\n"_s);
+    }
     perfil.Escribe(u"Options", u"DBName", como(kGrupoTrabajo));
     EXPECT_EQ(Corre({u"--instalar"_s}), 0) << qPrintable(errores);
     EXPECT_TRUE(salida.contains(u"esta cuenta del servidor no lo cambia"_s)) << qPrintable(salida);
@@ -248,6 +259,12 @@ TEST_F(ServerUpkeep, ACopyOfTheServerTakesItsPlaceButNotWhatLeftTheHouse) {
         EXPECT_EQ(CuentaDeFilas(*puesto, u"HCAB"_s), 1);
     }
     EXPECT_EQ(Corre({u"--restaurar"_s, perfil.Ruta()}), 2) << "no copy at all";
+    const Respaldos copias(Servidor(), carpeta + u"/RESPALDOS"_s, reloj, formularios);
+    AvanceDePrueba detiene([](qint64, qint64) { throw Detenido(); });
+    EXPECT_THROW((void)copias.Haz(detiene), Detenido);
+    EXPECT_THROW((void)copias.Restaura(copia, FirmaDe(u"ANA"_s, reloj), detiene), Detenido);
+    EXPECT_EQ(copias.Lista().size(), 1);
+    EXPECT_EQ(BasesDePaso(), 0);
     Base::Abre(Servidor())->Ejecuta(u"INSERT INTO INFORMES VALUES ('A.TXT', 0, 1, 'x', 'texto')"_s);
     ASSERT_EQ(Corre(restaura), 0) << qPrintable(errores);
     EXPECT_EQ(CuentaDeFilas(*Base::Abre(Servidor()), u"HCAB"_s), 0);
