@@ -24,6 +24,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kFilasPorTurno = 2000;
+constexpr int kFilasPorCopia = 10'000; // each turn of a copy is a way there and back three times
 constexpr std::chrono::milliseconds kCadaMirada{50};
 
 /// The lock that stands for the turn of those who give numbers.
@@ -305,9 +306,9 @@ void MotorPostgres::CopiaConChecksum(Base& base, const CopiaDeFilas& copia, int 
     const QString lectura = u"copia_%1"_s.arg(++m_lecturas);
     Pide(Manija(),
          u"DECLARE %1 NO SCROLL CURSOR FOR %2"_s.arg(lectura, ConLiterales(sql, campos.valores + copia.valores)));
-    int leidas = kFilasPorTurno;
-    while (leidas == kFilasPorTurno) {
-        const ResultadoPg filas = Pide(Manija(), u"FETCH %1 FROM %2"_s.arg(kFilasPorTurno).arg(lectura));
+    int leidas = kFilasPorCopia;
+    while (leidas == kFilasPorCopia) {
+        const ResultadoPg filas = Pide(Manija(), u"FETCH %1 FROM %2"_s.arg(kFilasPorCopia).arg(lectura));
         leidas = PQntuples(filas.get());
         EntradaDeFilas entrada(Manija(), copia.tabla, columnas);
         for (int fila = 0; fila < leidas; ++fila)
@@ -409,10 +410,12 @@ std::optional<int> MotorPostgres::EjecutaConVigia(const QString& sql, const QVar
     return cambiadas;
 }
 
+/// Asked to stop, it asks the server at each look: that passes over what comes before the statement has begun.
 ResultadoPg MotorPostgres::EsperaFin() const {
     bool cortada = false;
     while (PQisBusy(Manija()) != 0) {
-        if (!Sigue() && !std::exchange(cortada, true)) {
+        cortada = cortada || !Sigue();
+        if (cortada) {
             const std::unique_ptr<PGcancel, decltype(&PQfreeCancel)> corte(PQgetCancel(Manija()), PQfreeCancel);
             std::array<char, 256> queja{};
             PQcancel(corte.get(), queja.data(), static_cast<int>(queja.size()));
