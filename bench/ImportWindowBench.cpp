@@ -5,11 +5,15 @@
 
 #include "import/ErrorSheet.h"
 #include "import/Formats.h"
+#include "import/FrmCorreccion.h"
+#include "import/ImportFile.h"
+#include "import/LineReader.h"
 #include "import/frmTransferencia.h"
 #include "platform/FileDialogs.h"
 #include "platform/Notices.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QPushButton>
 #include <QTemporaryFile>
 
@@ -70,6 +74,64 @@ Medida MideLote(const Trabajo& trabajo) {
             ExigeFilas(*proceso, trabajo);
         };
     });
+}
+
+/// What any look at the lines has to do.
+Medida MideLectura(const Trabajo& trabajo) {
+    return Mide([&trabajo] {
+        const auto taller = HazTaller(trabajo);
+        return [taller, &trabajo] {
+            QFile archivo(BuscaArchivo(taller->Carpeta(), NombreDeArchivo(Taller::Clave(), FormatoPercepciones())));
+            Exige(archivo.open(QIODevice::ReadOnly | QIODevice::Unbuffered), "no file");
+            LectorLineas lector(archivo);
+            int lineas = 0;
+            while (lector.Siguiente() == LectorLineas::Lectura::Linea)
+                ++lineas;
+            Exige(lineas == trabajo.lineas, "lines are missing");
+        };
+    });
+}
+
+std::shared_ptr<LineasRechazadas> Rechaza(Proceso& proceso, const Taller& taller) {
+    SinNadie nadie;
+    auto rechazadas = std::make_shared<LineasRechazadas>();
+    const OpcionesImportacion opciones{.prueba = true, .rechazadas = rechazadas.get()};
+    (void)Transferencia(proceso, Taller::Clave(), FormatoPercepciones(), taller.Carpeta(), opciones).Corre(nadie);
+    rechazadas->Cierra();
+    return rechazadas;
+}
+
+/// From the press of the button to the painted lines.
+Medida MideApertura(const Trabajo& trabajo) {
+    return Mide([&trabajo] {
+        static int argc = 1;
+        static char nombre[] = "import_window_bench";
+        static char* argv[] = {nombre, nullptr};
+        const auto aplicacion = std::make_shared<QApplication>(argc, argv);
+        const auto taller = HazTaller(trabajo);
+        const std::shared_ptr<Proceso> proceso = taller->Abre();
+        const auto rechazadas = Rechaza(*proceso, *taller);
+        Exige(rechazadas->Cuantas() == trabajo.lineas, "lines are missing");
+        return [aplicacion, taller, proceso, rechazadas] {
+            Callado avisos;
+            SinArchivos archivos;
+            FrmCorreccion forma({*proceso, avisos, archivos, Taller::Clave(), taller->Carpeta(), {}},
+                                std::make_shared<Correccion>(rechazadas, FormatoPercepciones()));
+            forma.show();
+            QApplication::processEvents();
+            (void)forma.grab();
+        };
+    });
+}
+
+void InformaApertura(const Trabajo& trabajo) {
+    const auto medidas =
+        MideDeATurnos(5, {[&] { return MideLectura(trabajo); }, [&] { return MideApertura(trabajo); }});
+    const double lectura = medidas[0].procesador, apertura = medidas[1].procesador;
+    std::printf("Opening %d refused lines: %.3f s of processor, %.3f s to read them\n", trabajo.lineas, apertura,
+                lectura);
+    Resume("Opening 100,000 refused lines", medidas[1].segundos, " s", "1 s");
+    Resume("The same to the reading of their file", apertura / lectura, " x the floor", "30");
 }
 
 /// In which the dialog finds the folder.
@@ -156,6 +218,7 @@ int main() {
         Informa("all refused", {20'000, true});
         Resume("100,000 lines, all refused, logs closed per line", Informa("all refused", {100'000, true}).lote, " s",
                "1.5 s");
+        InformaApertura({100'000, true});
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return 1;

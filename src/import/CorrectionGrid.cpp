@@ -34,11 +34,11 @@ class DelegadoDeCelda final : public QStyledItemDelegate {
         return campo;
     }
 
+    /// At once: by itself Enter would keep the text only after the keys that are waiting, which may be an order.
     bool eventFilter(QObject* objeto, QEvent* evento) override {
         auto* campo = qobject_cast<QWidget*>(objeto);
-        const bool esEsc =
-            evento->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(evento)->key() == Qt::Key_Escape;
-        if (!campo || !esEsc)
+        const int tecla = evento->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(evento)->key() : 0;
+        if (!campo || (tecla != Qt::Key_Escape && tecla != Qt::Key_Return && tecla != Qt::Key_Enter))
             return QStyledItemDelegate::eventFilter(objeto, evento);
         Q_EMIT commitData(campo);
         Q_EMIT closeEditor(campo, NoHint);

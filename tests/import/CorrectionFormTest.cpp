@@ -39,8 +39,11 @@ class CorrectionForm : public testing::Test {
         return prueba::De<Control>(*m_forma, nombre);
     }
     [[nodiscard]] QTableView& Grilla() const { return De<QTableView>("GrdLineas"); }
-    /// Keys where the focus is.
-    static void Teclea(const QString& texto) { QTest::keyClicks(QApplication::focusWidget(), texto); }
+    /// Keys where the focus is, which the first letter takes into the cell.
+    static void Teclea(const QString& texto) {
+        for (const QChar letra : texto)
+            QTest::keyClicks(QApplication::focusWidget(), QString(letra));
+    }
     static void Teclea(Qt::Key tecla, Qt::KeyboardModifiers con = {}) {
         QTest::keyClick(QApplication::focusWidget(), tecla, con);
         EsperaTrabajos();
@@ -63,6 +66,44 @@ class CorrectionForm : public testing::Test {
 
 QString Mala(int numero, Campo campo, const QString& valor) {
     return LineaDe({{Campo::NumeroPercepcion, QString::number(numero)}, {campo, valor}});
+}
+
+TEST_F(CorrectionForm, FromTheKeyboardAloneFromTheFirstFaultToTheImport) {
+    Abre({Mala(1, Campo::CreditoFiscal, u"S"_s), Mala(2, Campo::TipoDoc, u"9"_s), Mala(3, Campo::CreditoFiscal, u"N"_s),
+          Mala(4, Campo::CreditoFiscal, u"S"_s)});
+    const QModelIndex falla = Grilla().currentIndex();
+    EXPECT_EQ(falla.column(), ModeloDeCorreccion::PrimerCampo + kCredito);
+    EXPECT_TRUE(falla.data(Qt::AccessibleDescriptionRole).toString().startsWith(u"0875: "_s));
+    EXPECT_FALSE(falla.data(Qt::DecorationRole).isNull());
+    EXPECT_TRUE(De<QLabel>("LblFalla").text().startsWith(u"Línea 1 · 10 Da derecho a crédito fiscal · 0875: "_s));
+
+    EXPECT_FALSE(De("CmdAplicar").isEnabled());
+    Teclea(u"1|"_s); // a separator would be another field
+    Teclea(Qt::Key_Return);
+    EXPECT_EQ(Celda(0, kCredito), u"1"_s);
+    m_avisos.EsperaPregunta(u"¿Poner «1» en el campo 10 Da derecho a crédito fiscal en las otras 2 líneas con la misma "
+                            "falla?\nLas que ya tienen ese campo corregido quedan como están."_s,
+                            Respuesta::Si);
+    Teclea(Qt::Key_A, Qt::AltModifier);
+    EXPECT_EQ(Celda(3, kCredito), u"1"_s);
+    Teclea(Qt::Key_P, Qt::AltModifier);
+    EXPECT_EQ(Resultado(), u"Pasan: 3. Rechazadas: 1. No se ha guardado nada."_s);
+    EXPECT_EQ(Filas(), 1);
+    EXPECT_EQ(De<QComboBox>("CmbFiltro").count(), 3);
+
+    Grilla().setFocus();
+    Teclea(u"6"_s);
+    Teclea(Qt::Key_Escape); // keeps what was typed
+    EXPECT_EQ(Celda(0, 0), u"6"_s);
+    Teclea(Qt::Key_Return);
+    Teclea(u"1"_s);
+    Teclea(Qt::Key_I, Qt::AltModifier); // out of the cell
+    EXPECT_EQ(Resultado(), u"Importadas: 4. Rechazadas: 0."_s);
+    EXPECT_THAT(m_importados, ElementsAre(4));
+    EXPECT_EQ(m_escenario.Cuenta().at(1), 4);
+    EXPECT_FALSE(De("CmdImportar").isEnabled());
+    Clic(*m_forma, "CmdSalir");
+    EXPECT_FALSE(m_forma->isVisible());
 }
 
 TEST_F(CorrectionForm, NothingTypedIsLostWithoutAQuestion) {
