@@ -3,6 +3,7 @@
 #include "data/Base.h"
 #include "data/Transaction.h"
 #include "form518/DetailColumns.h"
+#include "form518/WorkRuns.h"
 #include "form518/WorkTables.h"
 
 #include <array>
@@ -158,6 +159,7 @@ void TablaSinGrabar::Devuelve(int copia) {
                                                                   m_base->EnOrdenDeAlta(aparte, u"WHERE Copia = ?"_s)),
                         {copia});
     }
+    CorridasTrabajo(*m_base).Vacia(); // the rows have other numbers now than those that an undo goes by
     Quita();
     m_base->Ejecuta(u"INSERT INTO %1 (%2) SELECT %2 FROM %3 WHERE Copia = ?"_s.arg(kFila, kColumnas, kApartadas),
                     {copia});

@@ -11,6 +11,7 @@
 #include "import/FrmCorreccion.h"
 #include "import/ImportFile.h"
 #include "import/MountedVolumes.h"
+#include "import/RunBeside.h"
 #include "import/RunMessages.h"
 #include "import/UndoImport.h"
 #include "import/UndoMessages.h"
@@ -25,10 +26,7 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QSaveFile>
-#include <QScopeGuard>
 #include <QTemporaryFile>
-
-#include <atomic>
 
 namespace xa518 {
 
@@ -63,63 +61,7 @@ bool Copia(QIODevice& origen, QSaveFile& destino) {
     return true;
 }
 
-ResultadoImportacion SinEmpezar(const Error& error) {
-    ResultadoImportacion resultado;
-    resultado.fin = FinImportacion::Fallida;
-    resultado.falla = error;
-    resultado.mensaje = Errores_Transferencia(error);
-    return resultado;
-}
-
 } // namespace
-
-/// A run in its thread, with a base of its own, and what the window sees of it meanwhile.
-class frmTransferencia::Corrida final : public ObservadorImportacion {
-  public:
-    Corrida(const Proceso& proceso, ClaveDeclaracion clave) : m_aparte(proceso), m_clave(std::move(clave)) {}
-
-    /// In the run's thread.
-    void Corre(const FormatoImportacion& formato, const QString& carpeta, const OpcionesImportacion& opciones) {
-        try {
-            m_proceso.emplace(m_aparte.Abre());
-            const auto cierra = qScopeGuard([this] { m_proceso->baseDatos.reset(); });
-            m_transferencia = std::make_unique<Transferencia>(*m_proceso, m_clave, formato, carpeta, opciones);
-            m_resultado = m_transferencia->Corre(*this);
-            if (!m_transferencia->TieneAbierto())
-                m_transferencia.reset();
-        } catch (const Error& error) {
-            m_resultado = SinEmpezar(error);
-        }
-    }
-
-    [[nodiscard]] AvanceImportacion Avance() const {
-        return {m_transferidos.load(), m_rechazados.load(), m_bytesLeidos.load(), m_bytesTotal.load()};
-    }
-    void Cancela() { m_cancelada = true; }
-    /// Once it has ended.
-    [[nodiscard]] const ResultadoImportacion& Resultado() const { return m_resultado; }
-
-  private:
-    [[nodiscard]] bool Sigue(const AvanceImportacion& avance) override {
-        constexpr auto kSinOrden = std::memory_order_relaxed;
-        m_transferidos.store(avance.transferidos, kSinOrden);
-        m_rechazados.store(avance.rechazados, kSinOrden);
-        m_bytesLeidos.store(avance.bytesLeidos, kSinOrden);
-        m_bytesTotal.store(avance.bytesTotal, kSinOrden);
-        return !m_cancelada.load(kSinOrden);
-    }
-
-    ProcesoAparte m_aparte;
-    ClaveDeclaracion m_clave;
-    std::optional<Proceso> m_proceso;
-    std::unique_ptr<Transferencia> m_transferencia;
-    ResultadoImportacion m_resultado;
-    std::atomic<bool> m_cancelada = false;
-    std::atomic<qint64> m_transferidos = 0;
-    std::atomic<qint64> m_rechazados = 0;
-    std::atomic<qint64> m_bytesLeidos = 0;
-    std::atomic<qint64> m_bytesTotal = 0;
-};
 
 frmTransferencia::frmTransferencia(Proceso& proceso, Avisos& avisos, ClaveDeclaracion clave, EntornoImportacion entorno,
                                    QWidget* padre)
@@ -261,7 +203,7 @@ void frmTransferencia::Procesa(bool prueba) {
     m_ui->Carpeta->PonDetalle({});
     PonCorriendo(true);
     m_enProceso.reset(); // with a file that an earlier run has left open
-    m_enProceso = std::make_shared<Corrida>(m_proceso, m_clave);
+    m_enProceso = std::make_shared<CorridaAparte>(m_proceso, m_clave);
     m_correccion.reset();
     m_rechazadas = std::make_shared<LineasRechazadas>();
     m_formato = &Formato();

@@ -24,6 +24,7 @@ namespace xa518 {
 
 class Avisos;
 class Correccion;
+class CorridaAparte;
 class DialogosDeArchivo;
 class LineasRechazadas;
 
@@ -59,8 +60,6 @@ class frmTransferencia final : public Forma {
     void dropEvent(QDropEvent* evento) override;
 
   private:
-    class Corrida;
-
     void Conecta();
     void PreparaBarra();
     [[nodiscard]] const FormatoImportacion& Formato() const;
@@ -124,7 +123,7 @@ class frmTransferencia final : public Forma {
     QString m_carpetaDelArchivo;                   ///< likewise, where it lies
     /// The run that is going. Wanted: one that has left its file open counts as going, and holds the file, until the
     /// next run or the way out.
-    std::shared_ptr<Corrida> m_enProceso;
+    std::shared_ptr<CorridaAparte> m_enProceso;
     std::unique_ptr<HiloDeTrabajo> m_hilo; ///< the last: its work uses the others
 };
 
