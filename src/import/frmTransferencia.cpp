@@ -221,7 +221,7 @@ void frmTransferencia::AlTerminar(const std::exception_ptr& falla, bool prueba) 
     PonCorriendo(false);
     if (falla)
         std::rethrow_exception(falla);
-    const std::shared_ptr<Corrida> corrida = m_enProceso; // what follows may end the dialog's hold of it
+    const std::shared_ptr<CorridaAparte> corrida = m_enProceso; // what follows may end the dialog's hold of it
     Sigue(corrida->Resultado(), prueba);
 }
 

@@ -86,14 +86,14 @@ TEST_F(ServerTest, ALossTellsNoMoreThanIsKnown) {
         }
         return QString();
     };
-    CortaLaConexion();
+    CortaLaConexion(*m_base);
     EXPECT_TRUE(dicho([&] { (void)m_base->Lee(u"SELECT * FROM CLAVES"_s); }).contains(u"está a salvo. Revise"_s));
-    CortaLaConexion();
+    CortaLaConexion(*m_base);
     EXPECT_TRUE(dicho([&] { AgregaUsuario(u"ANA"_s); }).contains(u"no se sabe si lo último quedó grabado"_s));
-    CortaLaConexion();
+    CortaLaConexion(*m_base);
     EXPECT_TRUE(dicho([&] { (void)m_base->Comienza(); }).contains(u"no quedó grabado"_s));
     Transaccion transaccion = m_base->Comienza();
-    CortaLaConexion();
+    CortaLaConexion(*m_base);
     EXPECT_TRUE(dicho([&] { (void)m_base->Lee(u"SELECT * FROM CLAVES"_s); }).contains(u"no quedó grabado"_s));
 }
 
