@@ -148,7 +148,7 @@ void MideConsola(const prueba::BaseTemporal& base, Avisos& avisos, const Reloj& 
         });
     };
     mide(u"declarants (launcher)"_s, [&] { return std::make_unique<PagDeclarantes>(entorno, nullptr); });
-    mide(u"registered (launcher)"_s, [&] { return std::make_unique<PagRegistradas>(entorno, nullptr); });
+    mide(u"registered (launcher)"_s, [&] { return std::make_unique<PagRegistradas>(entorno, VistasDeCambios{}); });
     mide(u"sent (launcher)"_s, [&] { return std::make_unique<PagEnviadas>(entorno, nullptr); });
     mide(u"reports (launcher)"_s, [&] { return std::make_unique<PagInformes>(entorno, VistaDeInforme{}, nullptr); });
 }

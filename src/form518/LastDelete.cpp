@@ -45,7 +45,7 @@ QVariantList ValoresDePago(const ClaveComprobante& clave) {
     return Valores(clave.cliente) << clave.serie << clave.numero;
 }
 
-ClaveCliente ClienteLeido(const Registros& fila) {
+ClaveCliente ClienteBorrado(const Registros& fila) {
     return {.tipoDoc = CodigoDocumento(static_cast<int>(fila.Entero(0))), .numero = fila.Texto(1)};
 }
 
@@ -135,19 +135,19 @@ void UltimoBorrado::GuardaTambien(const ClaveComprobante& clave) {
 std::optional<UltimoBorrado::Borrado> UltimoBorrado::Que() const {
     Registros clientes = m_base->Lee(u"SELECT tip_doc_per, num_doc_per FROM TMPF518BCAB"_s);
     if (clientes.Siguiente())
-        return Borrado{Clase::Cliente, {.cliente = ClienteLeido(clientes)}};
+        return Borrado{Clase::Cliente, {.cliente = ClienteBorrado(clientes)}};
     Registros comprobantes =
         m_base->Lee(u"SELECT tip_doc_per, num_doc_per, num_serie_cp, num_cp, tip_cp FROM TMPF518BDET"_s);
     if (comprobantes.Siguiente())
         return Borrado{Clase::Comprobante,
-                       {.cliente = ClienteLeido(comprobantes),
+                       {.cliente = ClienteBorrado(comprobantes),
                         .serie = comprobantes.Texto(2),
                         .numero = comprobantes.Texto(3),
                         .tipCp = comprobantes.Texto(4)}};
     Registros pagos = m_base->Lee(u"SELECT tip_doc_per, num_doc_per, num_serie_cp, num_cp FROM TMPF518BDETCP"_s);
     if (pagos.Siguiente())
         return Borrado{Clase::Pago,
-                       {.cliente = ClienteLeido(pagos), .serie = pagos.Texto(2), .numero = pagos.Texto(3)}};
+                       {.cliente = ClienteBorrado(pagos), .serie = pagos.Texto(2), .numero = pagos.Texto(3)}};
     return std::nullopt;
 }
 

@@ -21,7 +21,7 @@ const QString kFila = u"TMPF518SINGRABAR"_s;
 const QString kApartadas = u"TMPF518APARTADA"_s;
 const QString kColumnas =
     u"Version, Nueva, Doc_id_d, periodo, Formulario, Guardado, Escrito, Usuario, Equipo, Momento"_s;
-const QString kLugares = u"?, ?, ?, ?, ?, ?, ?, ?, ?, ?"_s;
+const QString kSignos = u"?, ?, ?, ?, ?, ?, ?, ?, ?, ?"_s;
 
 /// A work table, and the one that keeps its rows aside.
 struct Pareja {
@@ -61,12 +61,12 @@ SinGrabar FilaDe(const Registros& leida) {
             .momento = QDateTime::fromString(leida.Texto(u"Momento"), Qt::ISODate)};
 }
 
-qint64 Cuenta(Base& base, const QString& desde, const QVariantList& valores = {}) {
+qint64 CuantasHay(Base& base, const QString& desde, const QVariantList& valores = {}) {
     Registros fila = base.Lee(u"SELECT count(*) FROM "_s + desde, valores);
     return fila.Siguiente() ? fila.Entero(0) : 0;
 }
 
-QString ColumnasDe(Base& base, const QString& tabla) {
+QString SusColumnas(Base& base, const QString& tabla) {
     QStringList nombres;
     for (const Columna& columna : base.Describe(tabla).columnas)
         nombres.append(columna.nombre);
@@ -101,13 +101,13 @@ std::optional<FilaSinGrabar> TablaSinGrabar::Lee() const {
 }
 
 qint64 TablaSinGrabar::Comprobantes() const {
-    return Cuenta(*m_base, kParejas[1].trabajo);
+    return CuantasHay(*m_base, kParejas[1].trabajo);
 }
 
 void TablaSinGrabar::Escribe(const SinGrabar& fila) {
     static const QString cambia =
         u"UPDATE %1 SET %2 = ?"_s.arg(kFila, QString(kColumnas).replace(u", "_s, u" = ?, "_s));
-    static const QString agrega = u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(kFila, kColumnas, kLugares);
+    static const QString agrega = u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(kFila, kColumnas, kSignos);
     if (m_base->Ejecuta(cambia, ValoresDe(fila)) == 0)
         m_base->Ejecuta(agrega, ValoresDe(fila));
 }
@@ -126,7 +126,7 @@ void TablaSinGrabar::Aparta(const QDateTime& ahora, const QString& nombre) {
     if (apartadas == 0)
         return;
     for (const auto& [trabajo, aparte] : kParejas) {
-        const QString columnas = ColumnasDe(*m_base, trabajo);
+        const QString columnas = SusColumnas(*m_base, trabajo);
         m_base->Ejecuta(
             u"INSERT INTO %1 (Copia, %2) SELECT ?, %2 %3"_s.arg(aparte, columnas, m_base->EnOrdenDeAlta(trabajo, {})),
             {copia});
@@ -144,7 +144,7 @@ QList<Apartada> TablaSinGrabar::Apartadas() const {
         const auto copia = static_cast<int>(filas.Entero(0));
         apartadas.append({.copia = copia,
                           .cuando = QDateTime::fromString(filas.Texto(1), Qt::ISODate),
-                          .comprobantes = Cuenta(*m_base, kParejas[1].aparte + u" WHERE Copia = ?"_s, {copia}),
+                          .comprobantes = CuantasHay(*m_base, kParejas[1].aparte + u" WHERE Copia = ?"_s, {copia}),
                           .fila = FilaDe(filas)});
     }
     return apartadas;
@@ -153,7 +153,7 @@ QList<Apartada> TablaSinGrabar::Apartadas() const {
 void TablaSinGrabar::Devuelve(int copia) {
     Transaccion transaccion = m_base->Comienza(Turno::Propio);
     for (const auto& [trabajo, aparte] : kParejas) {
-        const QString columnas = ColumnasDe(*m_base, trabajo);
+        const QString columnas = SusColumnas(*m_base, trabajo);
         m_base->Ejecuta(u"DELETE * FROM "_s + trabajo);
         m_base->Ejecuta(u"INSERT INTO %1 (%2) SELECT %2 %3"_s.arg(trabajo, columnas,
                                                                   m_base->EnOrdenDeAlta(aparte, u"WHERE Copia = ?"_s)),
@@ -215,7 +215,7 @@ DetalleCompletado CompletaElDetalle(Base& base) {
     const QStringList mismo = {
         igual(DatoPago::TipoDoc, DatoComprobante::TipoDoc), igual(DatoPago::NumDoc, DatoComprobante::NumDoc),
         igual(DatoPago::SerieCp, DatoComprobante::Serie), igual(DatoPago::NumeroCp, DatoComprobante::Numero)};
-    completado.pagosSinComprobante = Cuenta(
+    completado.pagosSinComprobante = CuantasHay(
         base,
         u"TMPF518PDETCP AS P WHERE NOT EXISTS (SELECT 1 FROM TMPF518PDET AS D WHERE %1)"_s.arg(mismo.join(u" AND "_s)));
     return completado;

@@ -27,7 +27,7 @@ QString SqlDe(const QString& tabla, const QStringList& columnas) {
     return u"SELECT %1 FROM %2"_s.arg(columnas.join(u", "_s), tabla);
 }
 
-ClaveCliente ClienteLeido(const Registros& filas) {
+ClaveCliente ClienteDeFila(const Registros& filas) {
     return {.tipoDoc = CodigoDocumento(static_cast<int>(filas.Entero(0))), .numero = filas.Texto(1)};
 }
 
@@ -92,7 +92,7 @@ void AltasTrabajo::PonPisos() {
 void AltasTrabajo::LeeClientes() {
     Registros filas = m_base->Lee(SqlDe(kTablaClientes, ColumnasDe(ClaveDeClientes())));
     while (filas.Siguiente())
-        m_clientes.PonNumero(m_clientes.Pon(Clave(ClienteLeido(filas))), kEnTabla);
+        m_clientes.PonNumero(m_clientes.Pon(Clave(ClienteDeFila(filas))), kEnTabla);
 }
 
 void AltasTrabajo::LeeComprobantes() {
@@ -100,7 +100,7 @@ void AltasTrabajo::LeeComprobantes() {
                                  ColumnasDe<DatoComprobante>({DatoComprobante::Fecha, DatoComprobante::MontoBase});
     Registros filas = m_base->Lee(SqlDe(kTablaComprobantes, columnas));
     while (filas.Siguiente()) {
-        const Lugar lugar = Pon({.cliente = ClienteLeido(filas),
+        const Lugar lugar = Pon({.cliente = ClienteDeFila(filas),
                                  .serie = filas.Texto(2),
                                  .numero = filas.Texto(3),
                                  .tipCp = filas.Texto(4)});
@@ -112,7 +112,7 @@ void AltasTrabajo::LeePagos() {
     Registros filas = m_base->Lee(SqlDe(kTablaPagos, ColumnasDe(ClaveDePagos())));
     while (filas.Siguiente()) {
         const ClavePago clave{
-            .comprobante = {.cliente = ClienteLeido(filas), .serie = filas.Texto(2), .numero = filas.Texto(3)},
+            .comprobante = {.cliente = ClienteDeFila(filas), .serie = filas.Texto(2), .numero = filas.Texto(3)},
             .tipo = filas.Texto(4),
             .serie = filas.Texto(5),
             .numero = filas.Texto(6)};

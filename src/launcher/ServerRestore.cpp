@@ -20,7 +20,7 @@ namespace {
 /// A server cuts a longer name.
 constexpr qsizetype kLargoDeNombre = 40;
 
-constexpr int kIntentos = 50;
+constexpr int kIntentosDeCambio = 50;
 constexpr int kEntreIntentos = 100; ///< milliseconds
 
 QString NombreDePaso(const QString& base) {
@@ -109,7 +109,7 @@ BaseQuieta::~BaseQuieta() = default;
 std::optional<BaseQuieta> BaseQuieta::De(const QString& conexion) {
     auto mando = std::make_unique<MandoDeServidor>(conexion, MandoDeServidor::Lugar::EnLaBase);
     for (int intento = 1; mando->EstaEnUso(mando->Nombrada()); ++intento) {
-        if (intento == kIntentos)
+        if (intento == kIntentosDeCambio)
             return std::nullopt;
         QThread::msleep(kEntreIntentos); // who has just left takes a moment to be gone
     }

@@ -13,13 +13,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kAncho = LineasAnexo::kAncho;
+constexpr int kAnchoHoja = LineasAnexo::kAncho;
 constexpr int kLineasPorPagina = 64;
-constexpr int kLineasCabecera = 6;
+constexpr int kLineasTitulo = 6;
 constexpr int kLineasFijas = 16; ///< titles, rules and the summary
 
-constexpr int kAnchoMonto = 14;
-constexpr qsizetype kLargoNombre = 34;
+constexpr int kAnchoCifra = 14;
+constexpr qsizetype kLargoRazon = 34;
 
 /// Where the columns of amounts end, and where those of texts begin.
 constexpr int kFinCobradoAntes = 83;
@@ -35,7 +35,7 @@ constexpr int kFinDespues = 115;
 constexpr int kFinDiferencia = 140;
 
 QString Monto(Importe monto) {
-    return MontoConComas(monto.ADecimal(), kAnchoMonto);
+    return MontoConComas(monto.ADecimal(), kAnchoCifra);
 }
 
 QString MontoConSigno(Importe monto) {
@@ -57,11 +57,11 @@ InformeCambios::InformeCambios(const Reloj& reloj, const DatosCambios& datos, Es
 
 int InformeCambios::TotalPaginas(const Comparacion& comparacion) {
     const qsizetype lineas = kLineasFijas + comparacion.casillas.size() + comparacion.clientes.size();
-    return static_cast<int>(lineas / (kLineasPorPagina - kLineasCabecera)) + 1;
+    return static_cast<int>(lineas / (kLineasPorPagina - kLineasTitulo)) + 1;
 }
 
 void InformeCambios::Imprime() {
-    m_escritor->PonAncho(kAncho);
+    m_escritor->PonAncho(kAnchoHoja);
     m_escritor->PonCabecera([this] { Cabecera(); });
     Cabecera();
     Casillas();
@@ -76,13 +76,13 @@ void InformeCambios::Cabecera() {
     const QString control = pedido.copia.control.isEmpty() ? QString() : u", control "_s + pedido.copia.control;
     for (const LineaCompuesta& linea :
          {LineaCompuesta()
-              .PonCentrado(u"QMD 0518 - AGENTES DE PERCEPCION VENTAS INTERNAS"_s, kAncho)
+              .PonCentrado(u"QMD 0518 - AGENTES DE PERCEPCION VENTAS INTERNAS"_s, kAnchoHoja)
               .Pon(1, FormatFecha(m_ahora.date(), u"dd/mm/yyyy"))
               .Pon(13, FormatHora(m_ahora.time()))
-              .PonHasta(kAncho, u"Pag:"_s + pagina.rightJustified(6, u' ')),
+              .PonHasta(kAnchoHoja, u"Pag:"_s + pagina.rightJustified(6, u' ')),
           LineaCompuesta()
-              .PonCentrado(u"QUE CAMBIA FRENTE A LO ENVIADO - PERIODO "_s + clave.periodo.EnPantalla(), kAncho)
-              .PonHasta(kAncho, u"PER008"_s),
+              .PonCentrado(u"QUE CAMBIA FRENTE A LO ENVIADO - PERIODO "_s + clave.periodo.EnPantalla(), kAnchoHoja)
+              .PonHasta(kAnchoHoja, u"PER008"_s),
           LineaCompuesta().Pon(1, u"DECLARANTE   : "_s + clave.ruc.Texto() + u"  "_s + pedido.nombre),
           LineaCompuesta().Pon(1, u"FRENTE A     : "_s + pedido.copia.Texto() + control)})
         m_escritor->ImprimeLinea(linea.Texto());
@@ -141,7 +141,7 @@ void InformeCambios::Cliente(const ClienteComparado& cliente) {
                                  .Pon(2, Palabra(cliente.clase))
                                  .Pon(11, m_nombres->value(cliente.tipoDoc).left(6))
                                  .Pon(18, cliente.numero)
-                                 .Pon(34, cliente.nombre.left(kLargoNombre))
+                                 .Pon(34, cliente.nombre.left(kLargoRazon))
                                  .PonHasta(kFinCobradoAntes, Monto(cliente.antes.base))
                                  .PonHasta(kFinCobradoDespues, Monto(cliente.despues.base))
                                  .PonHasta(kFinPercibidoAntes, Monto(cliente.antes.percepcion))

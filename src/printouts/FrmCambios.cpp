@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kColumnaConcepto = 1;
-constexpr int kColumnaNombre = 3;
+constexpr int kColumnaCliente = 3;
 
 QString Monto(Importe monto) {
     return Format(monto, u"###,###,###,##0.00");
@@ -88,7 +88,7 @@ void FrmCambios::MuestraClientes() {
                                 {.cuantas = static_cast<int>(clientes.size()),
                                  .celdas = [this, &clientes](int fila) { return CeldasDe(clientes.at(fila)); }},
                                 this));
-    m_ui->GrdClientes->AjustaColumnas(kColumnaNombre);
+    m_ui->GrdClientes->AjustaColumnas(kColumnaCliente);
     m_ui->GrdClientes->PonFila(0);
 }
 

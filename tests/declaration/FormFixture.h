@@ -15,6 +15,9 @@ namespace xa518::prueba {
 
 inline const QString kRucDeclarante = QStringLiteral("20990518018");
 
+inline const QString kLimpia = u"Toda la información de la declaración fue grabada satisfactoriamente."_s;
+inline const QString kModificado = u"¿El formulario ha sido modificado, desea guardar los cambios?"_s;
+
 /// The declaration form over a real base with two declarants, a catalogue, and what a person does with it: keys and
 /// clicks only.
 class ConFormulario : public testing::Test {

@@ -20,9 +20,6 @@ class Frm518Test : public ConFormulario {
     [[nodiscard]] QString Orden() { return Texto(u"TxtNumOrdenE_0"_s) + u'-' + Texto(u"TxtNumOrdenE_1"_s); }
 };
 
-const QString kLimpia = u"Toda la información de la declaración fue grabada satisfactoriamente."_s;
-const QString kModificado = u"¿El formulario ha sido modificado, desea guardar los cambios?"_s;
-
 TEST_F(Frm518Test, ANewDeclarationIsTypedInSavedAndComesBack) {
     AbreNueva();
     auto& lista = Control<QComboBox>(u"CmbRuc"_s);

@@ -5,9 +5,6 @@
 
 namespace {
 
-const QString kLimpia = u"Toda la información de la declaración fue grabada satisfactoriamente."_s;
-const QString kModificado = u"¿El formulario ha sido modificado, desea guardar los cambios?"_s;
-
 /// The copy's number is 3, and its month 10/2026.
 const QString kOferta =
     u"El período 10/2026 de este declarante ya fue enviado (copia 3, enviada el 02/11/2026).\n\n¿Desea "

@@ -33,7 +33,7 @@ class ClientDialogTest : public DetailTest {
     }
     [[nodiscard]] QString Quedan() const {
         const auto lista = [this](const QString& columna, const QString& tabla) {
-            return m_base.Filas(u"SELECT "_s + columna + u" FROM "_s + tabla).join(u',');
+            return m_base.Filas(u"SELECT "_s + columna + u" FROM "_s + tabla + u" ORDER BY 1"_s).join(u',');
         };
         return lista(u"num_doc_per"_s, u"TMPF518PCAB"_s) + u" / "_s + lista(u"num_cp & tip_cp"_s, u"TMPF518PDET"_s) +
                u" / "_s + lista(u"num_cp"_s, u"TMPF518PDETCP"_s);

@@ -93,9 +93,8 @@ void DetailTest::SinBase(QWidget& forma, const QString& boton) {
     QString texto = u"El archivo de la base de datos ya no está en su lugar."_s;
     if (HayServidorDePrueba()) {
         CortaLaConexion(*m_abierta);
-        texto = u"Se perdió la conexión con el servidor de la base de datos. Lo que estaba por grabarse no quedó "
-                u"grabado; lo"
-                " anterior está a salvo. Repita lo último que hizo: el programa volverá a conectarse."_s;
+        texto = u"Se perdió la conexión con el servidor de la base de datos. Lo que ya se había grabado está a salvo."
+                " Revise lo último que hizo y repítalo si hace falta: el programa volverá a conectarse."_s;
     } else {
         ASSERT_TRUE(QFile::rename(ruta, ruta + u'_'));
     }

@@ -20,9 +20,11 @@ QByteArray Archivo(int lineas, const QMap<int, Cambios>& otras) {
 
 const Cambios kMala{{NumeroCp, u"x"_s}};
 
-/// The lines of a run's log, each by the number of its voucher.
+/// The lines of a run's log, each by the number of its voucher; there is none without a refusal.
 QStringList Rechazadas(const ResultadoImportacion& resultado) {
     QStringList numeros;
+    if (resultado.rutaLog.isEmpty())
+        return numeros;
     for (const QByteArray& linea : BytesDeTexto(resultado.rutaLog).split('\n'))
         numeros.append(QString::fromUtf8(linea).section(u'|', 7, 7));
     numeros.removeAll(QString());

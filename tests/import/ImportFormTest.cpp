@@ -146,6 +146,10 @@ TEST_F(ImportForm, RefusedLinesAskForTheReportAndBuildItInBothAnswers) {
     EXPECT_EQ(m_avisos.Mostrados().last().preseleccionada, Respuesta::No);
     EXPECT_EQ(m_refrescos, 1);
     m_avisos.EsperaPregunta(kOtraVez, Respuesta::Si);
+    m_avisos.EsperaPregunta(
+        u"Este mismo archivo ya se importó en esta declaración: 051820990518018202610.TXT, 21/11/2026"
+        " 10:00, usuario  (líneas: 1 transferida y 1 rechazada).\n¿Desea importarlo otra vez?"_s,
+        Respuesta::Si);
     m_avisos.EsperaPregunta(Pregunta(), Respuesta::No);
     Pulsa("cmdTransferir");
     EXPECT_EQ(Cuentas(), u"0 Transferidos, 2 Rechazados"_s);
