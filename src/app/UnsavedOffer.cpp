@@ -21,6 +21,10 @@ QString NombreDe(Base& base, const Ruc& ruc) {
     return fila.Siguiente() ? fila.Texto(0) : QString();
 }
 
+bool SeLee(const FilaSinGrabar& hallada) {
+    return hallada.esDeEstaVersion && hallada.fila.momento.isValid() && LoEscrito::DeJson(hallada.fila.escrito);
+}
+
 } // namespace
 
 OfertaDeRetomar::OfertaDeRetomar(Proceso& proceso, Avisos& avisos, Abre abre)
@@ -32,10 +36,6 @@ void OfertaDeRetomar::Pregunta(const AperturaPedida& pedida, std::function<void(
     if (!hallada || (pedida.elegida && !hallada->fila.EsDe(pedida.elegida->clave)))
         return sigue();
     Atiende(pedida, *hallada, std::move(sigue));
-}
-
-bool OfertaDeRetomar::SeLee(const FilaSinGrabar& hallada) const {
-    return hallada.esDeEstaVersion && hallada.fila.momento.isValid() && LoEscrito::DeJson(hallada.fila.escrito);
 }
 
 void OfertaDeRetomar::Atiende(const AperturaPedida& pedida, const FilaSinGrabar& hallada,

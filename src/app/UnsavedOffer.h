@@ -29,7 +29,6 @@ class OfertaDeRetomar {
     void Aparta(const AperturaPedida& pedida, const QString& nombre, std::function<void()> despues) const;
     void Devuelve(const AperturaPedida& pedida, int copia) const;
     void Retoma(const AperturaPedida& pedida, const SinGrabar& fila) const;
-    [[nodiscard]] bool SeLee(const FilaSinGrabar& hallada) const;
 
     Proceso* m_proceso;
     Avisos* m_avisos;

@@ -145,7 +145,7 @@ QString OpcionDe(const Conexion& conexion, QStringView clave) {
 
 /// Where libpq looks for who has signed the server's certificate.
 QString CertificadoRaiz(const Conexion& conexion) {
-    const QString pedido = OpcionDe(conexion, u"sslrootcert");
+    QString pedido = OpcionDe(conexion, u"sslrootcert");
     if (!pedido.isEmpty())
         return pedido;
 #ifdef Q_OS_WIN

@@ -27,7 +27,7 @@ class UltimoBorrado {
     /// What was deleted, by its uppermost row; nothing when there is nothing to bring back.
     enum class Clase { Cliente, Comprobante, Pago };
     struct Borrado {
-        Clase clase;
+        Clase clase = Clase::Cliente;
         ClaveComprobante clave; ///< of a client only that; of a payment voucher the voucher that it hung on
     };
     [[nodiscard]] std::optional<Borrado> Que() const;

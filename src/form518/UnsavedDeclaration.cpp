@@ -202,7 +202,7 @@ DetalleCompletado CompletaElDetalle(Base& base) {
             sueltos.append({.tipoDoc = CodigoDocumento(static_cast<int>(filas.Entero(0))), .numero = filas.Texto(1)});
     }
     TablasTrabajo tablas(base);
-    DetalleCompletado completado{.sinNombre = {}, .pagosSinComprobante = 0};
+    DetalleCompletado completado;
     for (const ClaveCliente& cliente : sueltos) {
         ClientesTrabajo(base).Agrega(cliente, {},
                                      {.ctdDocs = tablas.CuentaDocs(cliente), .base = {}, .percepcion = {}});

@@ -73,8 +73,8 @@ class TablaSinGrabar {
 
 /// What a crash in the middle of a dialog, or of an import, has left half done in the work tables.
 struct DetalleCompletado {
-    QStringList sinNombre;      ///< documents of clients that were never accepted: their rows lack the names
-    qint64 pagosSinComprobante; ///< payment vouchers of vouchers that were never accepted
+    QStringList sinNombre;          ///< documents of clients that were never accepted: their rows lack the names
+    qint64 pagosSinComprobante = 0; ///< payment vouchers of vouchers that were never accepted
 };
 
 /// Gives vouchers without a client a row for it, and brings all totals up to date. Raises `ErrorBase`.
