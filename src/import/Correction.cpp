@@ -71,12 +71,12 @@ void Correccion::PonTexto(int cual, const QString& texto) {
         m_textos.insert(cual, texto.toUtf8());
 }
 
-void Correccion::PonCelda(int cual, int celda, const QString& valor) {
-    QStringList celdas = Celdas(Texto(cual));
-    if (celdas.at(celda) == valor)
+void Correccion::PonCelda(const CeldaDeLinea& celda, const QString& valor) {
+    QStringList celdas = Celdas(Texto(celda.cual));
+    if (celdas.at(celda.campo) == valor)
         return;
-    celdas[celda] = valor;
-    PonTexto(cual, celdas.join(u'|'));
+    celdas[celda.campo] = valor;
+    PonTexto(celda.cual, celdas.join(u'|'));
 }
 
 void Correccion::Restaura(int cual) {

@@ -44,6 +44,12 @@ struct VeredictoDeLinea {
     std::optional<FallaDeLinea> falla; ///< nothing for a line that passed
 };
 
+/// A field of one of these lines, both from 0.
+struct CeldaDeLinea {
+    int cual;
+    int campo;
+};
+
 /// The refused lines of a file while a person puts them right: how each stands now, and what is still wrong with it. A
 /// line goes by its place among them, from 0; its text is the whole line as it would stand in the file. Reading is safe
 /// in another thread while nothing is changed.
@@ -75,7 +81,7 @@ class Correccion {
 
     void PonTexto(int cual, const QString& texto);
     /// A line with too few fields gets the others empty.
-    void PonCelda(int cual, int celda, const QString& valor);
+    void PonCelda(const CeldaDeLinea& celda, const QString& valor);
     /// As the line stood in the file.
     void Restaura(int cual);
     void RestauraTodas();

@@ -133,7 +133,7 @@ bool ModeloDeCorreccion::setData(const QModelIndex& indice, const QVariant& valo
     if (papel != Qt::EditRole || !(flags(indice) & Qt::ItemIsEditable))
         return false;
     m_leida = -1;
-    m_correccion.PonCelda(Cual(indice.row()), indice.column() - PrimerCampo, valor.toString());
+    m_correccion.PonCelda({Cual(indice.row()), indice.column() - PrimerCampo}, valor.toString());
     Q_EMIT dataChanged(index(indice.row(), 0), index(indice.row(), columnCount() - 1));
     return true;
 }

@@ -65,7 +65,7 @@ QString ResumeDesenlace(const DesenlaceDeCorreccion& desenlace, bool prueba) {
     return (detenida ? u"Detenida. "_s : QString()) + cuentas.arg(pasan).arg(rechazadas);
 }
 
-Mensaje PreguntaPorAplicar(const QString& valor, const FormatoImportacion& formato, int campo, int lineas) {
+Mensaje PreguntaPorAplicar(const QString& valor, int campo, const FormatoImportacion& formato, int lineas) {
     const QString cuales = lineas == 1 ? u"en la otra línea"_s : u"en las otras %1 líneas"_s.arg(lineas);
     return {
         Icono::Pregunta,

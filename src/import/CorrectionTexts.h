@@ -28,7 +28,7 @@ struct FormatoImportacion;
 
 [[nodiscard]] QString ResumeDesenlace(const DesenlaceDeCorreccion& desenlace, bool prueba);
 
-[[nodiscard]] Mensaje PreguntaPorAplicar(const QString& valor, const FormatoImportacion& formato, int campo,
+[[nodiscard]] Mensaje PreguntaPorAplicar(const QString& valor, int campo, const FormatoImportacion& formato,
                                          int lineas);
 [[nodiscard]] Mensaje PreguntaPorReemplazar(const QString& ruta, const Correccion& correccion);
 [[nodiscard]] Mensaje PreguntaPorPerder(int lineas);

@@ -177,12 +177,12 @@ void FrmCorreccion::Aplicar() {
     const QList<int> otras = m_correccion->ConLaMismaFalla(Cual());
     if (otras.isEmpty())
         return m_ui->LblResultado->setText(u"No hay otra línea con esa falla sin corregir."_s);
-    const Mensaje pregunta = PreguntaPorAplicar(valor, m_correccion->Formato(), campo, static_cast<int>(otras.size()));
+    const Mensaje pregunta = PreguntaPorAplicar(valor, campo, m_correccion->Formato(), static_cast<int>(otras.size()));
     if (m_entorno.avisos.Pregunta(pregunta) == Respuesta::No)
         return;
     const RelojDeArena reloj;
     for (const int otra : otras)
-        m_correccion->PonCelda(otra, campo, valor);
+        m_correccion->PonCelda({otra, campo}, valor);
     m_modelo.Refresca();
     m_ui->LblResultado->setText(u"Aplicado a otras %1."_s.arg(otras.size()));
 }
@@ -240,15 +240,12 @@ void FrmCorreccion::Guardar() {
     if (!iguales.isEmpty() &&
         m_entorno.avisos.Pregunta(PreguntaPorReemplazar(ruta, *m_correccion), Respuesta::No) == Respuesta::No)
         return;
-    CorreTarea(
+    LanzaTarea(
         *this, {.titulo = u"Guardando las líneas"_s, .seDetiene = false},
-        [correccion = m_correccion, ruta](Avance& /*avance*/) {
-            GuardaCorregido(*correccion, ruta);
-            return ruta;
-        },
-        [this](const QString& guardado) {
+        [correccion = m_correccion, ruta](Avance& /*avance*/) { GuardaCorregido(*correccion, ruta); },
+        [this, ruta] {
             m_correccion->PonGuardadas();
-            m_ui->LblResultado->setText(u"Guardado: "_s + QDir::toNativeSeparators(guardado));
+            m_ui->LblResultado->setText(u"Guardado: "_s + QDir::toNativeSeparators(ruta));
         });
 }
 

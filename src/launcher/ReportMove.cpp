@@ -5,6 +5,7 @@
 #include "reports/SharedReports.h"
 #include "reports/SpoolRegistry.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QSet>
 
@@ -14,8 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void ExigeIgual(const TextosDeInformes& textos, const QString& ruta, const QString& archivo) {
-    if (!textos.EsIgual(ruta, archivo))
+void ExigeIgual(const TextosDeInformes& textos, const QFile& copia, const QString& archivo) {
+    if (!textos.EsIgual(copia, archivo))
         throw ErrorBase(NumeroError::FallaDelMotor,
                         u"El informe %1 no quedó igual en la base nueva: no se ha mudado nada."_s.arg(archivo));
 }
@@ -24,14 +25,14 @@ bool LlevaAlServidor(Base& destino, const QString& carpeta, const QString& archi
     TextosDeInformes textos(destino);
     if (!textos.Agrega(carpeta, archivo))
         return false;
-    ExigeIgual(textos, RutaDeInforme(carpeta, archivo), archivo);
+    ExigeIgual(textos, QFile(RutaDeInforme(carpeta, archivo)), archivo);
     return true;
 }
 
 /// The register follows a file that had to get another name.
 bool TraeDelServidor(const TextosDeInformes& textos, Base& destino, const QString& carpeta, const QString& archivo) {
     const QString local = textos.Trae(carpeta, archivo);
-    ExigeIgual(textos, RutaDeInforme(carpeta, local), archivo);
+    ExigeIgual(textos, QFile(RutaDeInforme(carpeta, local)), archivo);
     if (local != archivo)
         destino.Ejecuta(u"UPDATE SPOOL SET Archivo = ? WHERE Archivo = ?"_s, {local, archivo});
     return true;

@@ -61,7 +61,7 @@ void TextosDeInformes::Guarda(const QString& carpeta, const QString& archivo) {
     if (!Hay() || m_base->SoloLectura())
         return;
     Transaccion transaccion = m_base->Comienza(Turno::Propio);
-    Inserta(RutaDeInforme(carpeta, archivo), archivo);
+    Inserta(carpeta, archivo);
     transaccion.Confirma();
 }
 
@@ -69,11 +69,12 @@ bool TextosDeInformes::Agrega(const QString& carpeta, const QString& archivo) {
     const QString ruta = RutaDeInforme(carpeta, archivo);
     if (!Hay() || !QFileInfo(ruta).isFile() || !EsTexto(ruta))
         return false;
-    Inserta(ruta, archivo);
+    Inserta(carpeta, archivo);
     return true;
 }
 
-void TextosDeInformes::Inserta(const QString& ruta, const QString& archivo) {
+void TextosDeInformes::Inserta(const QString& carpeta, const QString& archivo) {
+    const QString ruta = RutaDeInforme(carpeta, archivo);
     const int hojas = PaginasDe(ruta).value_or(0);
     const QString suma = SumaDelArchivo(ruta);
     QFile entrada(ruta);
@@ -84,12 +85,12 @@ void TextosDeInformes::Inserta(const QString& ruta, const QString& archivo) {
                         {archivo, numero++, hojas, suma, QString::fromUtf8(parte)});
 }
 
-bool TextosDeInformes::EsIgual(const QString& ruta, const QString& archivo) const {
+bool TextosDeInformes::EsIgual(const QFile& copia, const QString& archivo) const {
     QCryptographicHash suma(QCryptographicHash::Sha256);
     Registros filas = m_base->Lee(u"SELECT texto FROM INFORMES WHERE archivo = ? ORDER BY parte"_s, {archivo});
     while (filas.Siguiente())
         suma.addData(filas.Texto(0).toUtf8());
-    return SumaDelArchivo(ruta) == QString::fromLatin1(suma.result().toHex());
+    return SumaDelArchivo(copia.fileName()) == QString::fromLatin1(suma.result().toHex());
 }
 
 QHash<QString, int> TextosDeInformes::Hojas() const {

@@ -21,7 +21,7 @@ class TextosDeInformes {
     /// missing, or holds no text, isn't kept.
     [[nodiscard]] bool Agrega(const QString& carpeta, const QString& archivo);
     /// Whether a file holds to the letter what the base keeps under that name.
-    [[nodiscard]] bool EsIgual(const QString& ruta, const QString& archivo) const;
+    [[nodiscard]] bool EsIgual(const QFile& copia, const QString& archivo) const;
     /// How many pages they have, by the names of their files in capitals.
     [[nodiscard]] QHash<QString, int> Hojas() const;
     /// Sees to it that the folder has the file as it was written, and returns its name: another one when a file of that
@@ -32,7 +32,7 @@ class TextosDeInformes {
   private:
     [[nodiscard]] bool Hay() const;
     [[nodiscard]] QString SumaDe(const QString& archivo) const;
-    void Inserta(const QString& ruta, const QString& archivo);
+    void Inserta(const QString& carpeta, const QString& archivo);
     void Escribe(QFile& salida, const QString& archivo) const;
 
     Base* m_base;

@@ -32,6 +32,13 @@ class AreaDeForma final : public QScrollArea {
   protected:
     /// The arrows are the form's, which may turn pages by them.
     void keyPressEvent(QKeyEvent* tecla) override { tecla->ignore(); }
+    /// What has the keyboard stays in sight in a smaller window, too.
+    void resizeEvent(QResizeEvent* evento) override {
+        QScrollArea::resizeEvent(evento);
+        QWidget* const conFoco = widget() ? widget()->focusWidget() : nullptr;
+        if (conFoco && conFoco->hasFocus())
+            Alcanza(*conFoco);
+    }
 
   private:
     /// Of what is larger than the area, where it begins.

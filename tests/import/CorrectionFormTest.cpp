@@ -137,8 +137,8 @@ TEST_F(CorrectionForm, ShowsTheLinesOfAFaultAndRunsTheseAlone) {
     Teclea(Qt::Key_Down);
     Teclea(Qt::Key_Down);
     EXPECT_EQ(Filas(), 1);
-    m_correccion->PonCelda(0, kCredito, u"1"_s);
-    m_correccion->PonCelda(1, 0, u"1"_s);
+    m_correccion->PonCelda({0, kCredito}, u"1"_s);
+    m_correccion->PonCelda({1, 0}, u"1"_s);
     Clic(*m_forma, "CmdImportar");
     EXPECT_EQ(Resultado(), u"Importadas: 1. Rechazadas: 0."_s);
     EXPECT_EQ(Filas(), 2) << "all again, since that fault is gone";

@@ -89,15 +89,15 @@ TEST(Correction, AValueGoesToTheLinesWithTheSameFaultInTheSameField) {
     Corregido c;
     c.Toma(ConFallas(12), true);
     const auto credito = static_cast<int>(Campo::CreditoFiscal);
-    c.correccion->PonCelda(1, credito, u"0"_s);
-    c.correccion->PonCelda(3, credito, u"9"_s); // put right by hand, as little as it helps
-    c.correccion->PonCelda(2, 4, u"Soto"_s);    // which leaves the field at fault as it was
+    c.correccion->PonCelda({1, credito}, u"0"_s);
+    c.correccion->PonCelda({3, credito}, u"9"_s); // put right by hand, as little as it helps
+    c.correccion->PonCelda({2, 4}, u"Soto"_s);    // which leaves the field at fault as it was
     EXPECT_THAT(c.correccion->ConLaMismaFalla(1), ElementsAre(2, 4));
     EXPECT_THAT(c.correccion->ConLaMismaFalla(0), ElementsAre());
     ASSERT_THAT(c.correccion->Grupos(), testing::SizeIs(2));
     EXPECT_EQ(c.correccion->Grupos().front().lineas, 4);
     EXPECT_EQ(c.correccion->PorPerder(), 3);
-    c.correccion->PonCelda(3, credito, u"S"_s);
+    c.correccion->PonCelda({3, credito}, u"S"_s);
     EXPECT_EQ(c.correccion->PorPerder(), 2) << "as it stood again";
 }
 
@@ -105,15 +105,15 @@ TEST(Correction, ATrialKeepsNothingAndAnImportIsOneLikeAnyOther) {
     Corregido c;
     c.Toma(ConFallas(9));
     const QList<int> antes = c.escenario.Cuenta();
-    c.correccion->PonCelda(0, 0, u"1"_s);
-    c.correccion->PonCelda(1, 9, u"1"_s);
+    c.correccion->PonCelda({0, 0}, u"1"_s);
+    c.correccion->PonCelda({1, 9}, u"1"_s);
     EXPECT_EQ(c.Corre(true).resultado.transferidos, 2);
     EXPECT_EQ(c.escenario.Cuenta(), antes);
     EXPECT_THAT(c.correccion->Lineas({Clase::QuePasan}), ElementsAre(0, 1));
     EXPECT_THAT(c.Rechazadas(), ElementsAre(u"6 0875 9"_s, u"9 0875 9"_s));
 
-    c.correccion->PonCelda(2, 9, u"1"_s);
-    c.correccion->PonCelda(2, 7, u"1"_s); // a voucher that is there
+    c.correccion->PonCelda({2, 9}, u"1"_s);
+    c.correccion->PonCelda({2, 7}, u"1"_s); // a voucher that is there
     const ResultadoImportacion importado = c.Corre(false).resultado;
     EXPECT_THAT(c.Rechazadas(), ElementsAre(u"6 0228 -1"_s, u"9 0875 9"_s));
     EXPECT_EQ(c.correccion->Cuantas(EstadoDeLinea::Importada), 2);
@@ -133,10 +133,10 @@ TEST(Correction, LinesThatBarTheirFileAreShownAndMended) {
     EXPECT_THAT(c.correccion->Grupos(), testing::SizeIs(3));
     EXPECT_EQ(c.correccion->Celdas(c.correccion->Texto(3)).last(), u"x|"_s);
     EXPECT_EQ(c.correccion->Celdas(c.correccion->Texto(4)).last(), u"y"_s);
-    c.correccion->PonCelda(1, 13, u"01"_s);
-    c.correccion->PonCelda(2, 5, u"Ana"_s);
-    c.correccion->PonCelda(2, 7, u"9"_s);
-    c.correccion->PonCelda(3, 14, {});
+    c.correccion->PonCelda({1, 13}, u"01"_s);
+    c.correccion->PonCelda({2, 5}, u"Ana"_s);
+    c.correccion->PonCelda({2, 7}, u"9"_s);
+    c.correccion->PonCelda({3, 14}, {});
     EXPECT_EQ(c.correccion->Texto(3), VentaDe());
     const DesenlaceDeCorreccion desenlace = c.Corre(false);
     EXPECT_EQ(desenlace.resultado.fin, FinImportacion::Completa);
@@ -165,7 +165,7 @@ TEST(Correction, WhatAStoppedImportHasNotComeToStaysInTheList) {
         lineas.append(LineaDe({{Campo::NumeroPercepcion, QString::number(i)}, {Campo::CreditoFiscal, u"S"_s}}));
     c.Toma(Archivo(lineas));
     for (int cual = 0; cual < 6; ++cual)
-        c.correccion->PonCelda(cual, 9, cual == 1 ? u"2"_s : u"1"_s);
+        c.correccion->PonCelda({cual, 9}, cual == 1 ? u"2"_s : u"1"_s);
     Impaciente persona(4);
     EXPECT_EQ(c.Corre(false, persona).resultado.fin, FinImportacion::Cancelada);
     EXPECT_EQ(c.escenario.Cuenta().at(1), 3);
@@ -176,8 +176,8 @@ TEST(Correction, WhatAStoppedImportHasNotComeToStaysInTheList) {
 TEST(Correction, TheLinesStillToBeImportedMakeAFile) {
     Corregido c;
     c.Toma(ConFallas(9));
-    c.correccion->PonCelda(1, 9, u"1"_s);
-    c.correccion->PonCelda(2, 3, u"PE\u00D1A \u20AC"_s);
+    c.correccion->PonCelda({1, 9}, u"1"_s);
+    c.correccion->PonCelda({2, 3}, u"PE\u00D1A \u20AC"_s);
     const QString ruta = c.escenario.base.Carpeta() + u"/corregido.txt"_s;
     ASSERT_EQ(c.Corre(false, {Clase::DeUnaFalla, c.correccion->Originales().Falla(1)}).resultado.transferidos, 1);
     GuardaCorregido(*c.correccion, ruta);
@@ -186,7 +186,7 @@ TEST(Correction, TheLinesStillToBeImportedMakeAFile) {
     EXPECT_EQ(guardado.count("|\r\n"), 3);
     EXPECT_TRUE(guardado.contains("|PE\xD1"
                                   "A \x80|"));
-    c.correccion->PonCelda(2, 3, u"\u0141"_s);
+    c.correccion->PonCelda({2, 3}, u"\u0141"_s);
     try {
         GuardaCorregido(*c.correccion, ruta);
         ADD_FAILURE() << "lost a character";
@@ -199,10 +199,10 @@ TEST(Correction, TheLinesStillToBeImportedMakeAFile) {
 TEST(Correction, OfAFileNotImportedTheLinesStandAmongTheOthersAlsoInItsPlace) {
     Corregido c;
     c.Toma(ConFallas(6), true);
-    c.correccion->PonCelda(1, 9, u"1"_s);
+    c.correccion->PonCelda({1, 9}, u"1"_s);
     const QString ruta = c.escenario.RutaArchivo();
     GuardaCorregido(*c.correccion, ruta);
-    c.correccion->PonCelda(2, 9, u"0"_s);
+    c.correccion->PonCelda({2, 9}, u"0"_s);
     GuardaCorregido(*c.correccion, ruta);
     QByteArray esperado = ConFallas(6).replace("\n", "\r\n");
     for (const char nuevo : {'1', '0'})
