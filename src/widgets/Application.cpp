@@ -55,10 +55,16 @@ bool EsPulsacionTardia(const QObject* receptor, const QEvent* evento) {
     return boton && (!boton->isEnabled() || EstaTapada(*boton));
 }
 
+/// The toolkit's own start looks for its plugins by names with a star already.
+int& TrasPrepararLosHilos(int& argc) {
+    PreparaLosHilos();
+    return argc;
+}
+
 } // namespace
 
-Aplicacion::Aplicacion(int& argc, char** argv, Avisos& avisos) : QApplication(argc, argv), m_avisos(&avisos) {
-    PreparaLosHilos();
+Aplicacion::Aplicacion(int& argc, char** argv, Avisos& avisos)
+    : QApplication(TrasPrepararLosHilos(argc), argv), m_avisos(&avisos) {
     setStyle(new EstiloDeLaCasa); // the application owns it
     if (m_idioma.load(u"qtbase_es"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)) ||
         m_idioma.load(u":/idioma/qtbase_es.qm"_s))

@@ -431,7 +431,7 @@ TEST_F(FrmConsolaTest, WhatARegisteredDeclarationChangesIsShownWhereItsMonthWasS
     const auto vista = [&](QWidget& /*ventana*/, const Proceso& proceso, const CopiaEnviada& copia,
                            const QString& nombre) {
         mostrada = copia.clave.correl + u' ' + nombre;
-        EXPECT_EQ(proceso.rutaRPT, carpeta + u"/RPT"_s);
+        EXPECT_EQ(proceso.rutaRPT, QDir::toNativeSeparators(carpeta + u"/RPT"_s));
     };
     Abre({}, {{kNumFormulario, vista}});
     Alt(Qt::Key_R);
