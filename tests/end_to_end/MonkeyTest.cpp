@@ -61,6 +61,7 @@ class Mono {
         m_ventana = nullptr;
     }
 
+    [[nodiscard]] bool EstaJugando() const { return m_ventana; }
     [[nodiscard]] quint32 Azar(qsizetype hasta) { return m_azar.bounded(static_cast<quint32>(hasta)); }
     [[nodiscard]] int Pasos() const { return m_pasos; }
     /// How many steps each form has stood.
@@ -74,9 +75,11 @@ class Mono {
   private:
     /// Asks for the next step first: this one may open a form and come back only when that closes.
     void Paso() {
-        if (!m_ventana || !m_ventana->isVisible())
+        if (!m_ventana)
             return;
         QTimer::singleShot(0, m_ventana, [this] { Paso(); });
+        if (!m_ventana->isVisible() && !QApplication::activeModalWidget())
+            return; // what a work had begun may still open a form over a window that is gone
         QWidget* forma = Enfrente();
         auto* dialogo = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         if (dialogo && !Sigue())
@@ -202,6 +205,8 @@ class AvisosAlAzar final : public Avisos {
         return m_mono.Azar(2) ? Respuesta::Si : Respuesta::No;
     }
     Respuesta HazPreguntaConOtra(const Mensaje& /*mensaje*/, const QString& /*otra*/) override {
+        if (!m_mono.EstaJugando()) // at the start: a form that opened now would wait for somebody who isn't there yet
+            return Respuesta::Otra;
         return std::array{Respuesta::Si, Respuesta::No, Respuesta::Otra}.at(m_mono.Azar(3));
     }
 
